@@ -1,0 +1,30 @@
+# How every target is compiled: C++20, warnings are errors, and the same bits on every machine
+# (no contraction of a*b+c into one rounding, no fast-math).
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release)
+endif()
+
+find_program(ORVANE_CCACHE ccache)
+if(ORVANE_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${ORVANE_CCACHE})
+endif()
+
+add_library(orvane_compiler INTERFACE)
+target_compile_features(orvane_compiler INTERFACE cxx_std_20)
+if(MSVC)
+  target_compile_options(orvane_compiler INTERFACE /W4 /WX /fp:precise /permissive- /utf-8)
+else()
+  target_compile_options(orvane_compiler INTERFACE
+    -ffp-contract=off -Werror -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast
+    -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wcast-qual -Wunused -Wnull-dereference
+    -Wimplicit-fallthrough -Wextra-semi)
+endif()
+
+if(ORVANE_SANITIZE)
+  target_compile_options(orvane_compiler INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -Wno-null-dereference)
+  target_link_options(orvane_compiler INTERFACE -fsanitize=address,undefined)
+  target_compile_definitions(orvane_compiler INTERFACE _GLIBCXX_ASSERTIONS)
+endif()

@@ -1,0 +1,46 @@
+// What the forward phases hand on to the upward phase: the order of rows and columns that the pivots gave,
+// and each pivot row as it stood when it was divided by its pivot. Rows and columns keep their numbers while
+// they are permuted; only their positions change. Everything here counts from 0.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <numeric>
+#include <utility>
+#include <vector>
+
+using Index = std::uint32_t;
+
+/// A normalised pivot row without its pivot (1) and its right-hand side. The dense phase shares one list of
+/// columns among many rows, so values may be 0 there.
+struct PivotRow {
+  std::shared_ptr<const std::vector<Index>> Columns;
+  std::vector<double> Values;
+};
+
+struct Echelon {
+  Echelon(Index numRows, Index numColumns)
+      : RowAt(numRows), ColumnAt(numColumns), PositionOfColumn(numColumns), RightHandSide(numRows) {
+    std::iota(RowAt.begin(), RowAt.end(), Index{0});
+    std::iota(ColumnAt.begin(), ColumnAt.end(), Index{0});
+    std::iota(PositionOfColumn.begin(), PositionOfColumn.end(), Index{0});
+  }
+
+  Index NumRows() const { return static_cast<Index>(RowAt.size()); }
+  Index NumColumns() const { return static_cast<Index>(ColumnAt.size()); }
+  Index NumPivots() const { return static_cast<Index>(PivotRows.size()); }
+
+  void SwapRows(Index position, Index otherPosition) { std::swap(RowAt[position], RowAt[otherPosition]); }
+  void SwapColumns(Index position, Index otherPosition) {
+    std::swap(ColumnAt[position], ColumnAt[otherPosition]);
+    PositionOfColumn[ColumnAt[position]] = position;
+    PositionOfColumn[ColumnAt[otherPosition]] = otherPosition;
+  }
+
+  std::vector<Index> RowAt;             ///< the row that stands at a position
+  std::vector<Index> ColumnAt;          ///< the column that stands at a position
+  std::vector<Index> PositionOfColumn;  ///< the inverse of ColumnAt
+  std::vector<double> RightHandSide;    ///< by row, not by position
+  std::vector<PivotRow> PivotRows;      ///< by position; pivot k stands at (k, k)
+  Index NumSparsePivots = 0;            ///< the pivots after these came out of the dense phase
+};

@@ -1,0 +1,24 @@
+// The Counting report: how many unknown forces and how many equations there are, in prose.
+#pragma once
+
+#include <string>
+
+#include "analysis/EquationSystem.h"
+#include "document/Truss.h"
+
+/// The three paragraphs, with CR LF line ends, in the single-byte code page. All empty when there is no
+/// unknown force.
+struct CountingReport {
+  std::string Forces;
+  std::string Equations;
+  std::string Count;
+
+  /// The whole report as the text box shows it.
+  std::string Text() const;
+};
+
+inline constexpr const char* CountingCaption =
+    "Report - Counting the number of unknown forces and the number of determining equations";
+
+/// The truss must be the one that the system was counted from.
+CountingReport ReportCounting(const Truss& truss, const EquationSystem& system);

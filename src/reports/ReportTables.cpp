@@ -1,0 +1,139 @@
+// The Equations and the RREF table are one kind of table over two matrices.
+#include "reports/ReportTables.h"
+
+#include <utility>
+
+namespace {
+
+// An augmented matrix under a header row of names.
+class MatrixTable : public ReportTable {
+ public:
+  MatrixTable(const EquationSystem& system, ReportFormat format)
+      : system_(system), format_(std::move(format)) {}
+
+  int NumColumns() const override { return system_.NumUnknowns() + 2; }
+
+ protected:
+  /// Position in the unknown list of the unknown in a column 1 .. N.
+  virtual int UnknownOf(int column) const = 0;
+
+  std::string HeaderText(int column) const {
+    if (column == 0) return "Equation";
+    if (column == NumColumns() - 1) return "RHS";
+    return system_.UnknownList[UnknownOf(column)].Name;
+  }
+
+  template <class Matrix>
+  std::string CellText(const Matrix& matrix, int row, int column) const {
+    return TableNumber(matrix(row, column), format_);
+  }
+
+  template <class Matrix>
+  void VisitMatrix(const Matrix& matrix, const std::function<void(int, int)>& visit) const {
+    for (int column = 0; column < NumColumns(); ++column) visit(0, column);
+    for (int row = 1; row <= matrix.NumRows(); ++row) {
+      visit(row, 0);
+      for (const auto& entry : matrix.Row(row)) visit(row, entry.Column);
+    }
+  }
+
+  const EquationSystem& system_;
+  ReportFormat format_;
+};
+
+class EquationsTable final : public MatrixTable {
+ public:
+  EquationsTable(const Truss& truss, const EquationSystem& system, const ReportFormat& format)
+      : MatrixTable(system, format), truss_(truss) {}
+
+  const char* Caption() const override { return "Report - The system of equations for the unknown forces"; }
+  const char* Heading() const override { return "The augmented matrix for the system of equations:"; }
+  int NumRows() const override { return system_.DisplayEquations.NumRows() + 1; }
+
+  std::string Text(int row, int column) const override {
+    if (row == 0) return HeaderText(column);
+    if (column == 0) {
+      const JointRec& joint = truss_.Joints[(row + 1) / 2];
+      return truss_.Name(joint.NameLabel) + (row % 2 == 1 ? " - x" : " - y");
+    }
+    return CellText(system_.DisplayEquations, row, column);
+  }
+
+  void VisitCells(const std::function<void(int, int)>& visit) const override {
+    VisitMatrix(system_.DisplayEquations, visit);
+  }
+
+ private:
+  int UnknownOf(int column) const override { return column; }
+
+  const Truss& truss_;
+};
+
+class RREFTable final : public MatrixTable {
+ public:
+  using MatrixTable::MatrixTable;
+
+  const char* Caption() const override { return "Report - the system of equations in RREF form"; }
+  const char* Heading() const override { return "The augmented matrix in RREF form:"; }
+  int NumRows() const override { return system_.EquationMatrix.NumRows() + 1; }
+
+  std::string Text(int row, int column) const override {
+    if (row == 0) return HeaderText(column);
+    if (column == 0) return "";
+    return CellText(system_.EquationMatrix, row, column);
+  }
+
+  void VisitCells(const std::function<void(int, int)>& visit) const override {
+    VisitMatrix(system_.EquationMatrix, visit);
+  }
+
+ private:
+  int UnknownOf(int column) const override { return system_.ColumnOrder[column]; }
+};
+
+class SolutionsTable final : public ReportTable {
+ public:
+  SolutionsTable(const EquationSystem& system, Classification classification, ReportFormat format)
+      : system_(system), classification_(std::move(classification)), format_(std::move(format)) {}
+
+  const char* Caption() const override { return "Report - the forces"; }
+  const char* Heading() const override { return "The solutions:"; }
+  int NumRows() const override { return system_.NumUnknowns() + 1; }
+  int NumColumns() const override { return 2; }
+
+  std::string Text(int row, int column) const override {
+    if (row == 0) return column == 0 ? "Force" : "Value";
+    if (column == 0) return system_.UnknownList[row].Name;
+    const std::optional<double>& value = classification_.Values[row];
+    return value ? TableNumber(*value, format_) : "undetermined";
+  }
+
+  void VisitCells(const std::function<void(int, int)>& visit) const override {
+    for (int row = 0; row < NumRows(); ++row) {
+      visit(row, 0);
+      visit(row, 1);
+    }
+  }
+
+ private:
+  const EquationSystem& system_;
+  Classification classification_;
+  ReportFormat format_;
+};
+
+}  // namespace
+
+std::unique_ptr<ReportTable> LoadGridWithEquations(const Truss& truss, const EquationSystem& system,
+                                                   const ReportFormat& format) {
+  return std::make_unique<EquationsTable>(truss, system, format);
+}
+
+std::unique_ptr<ReportTable> LoadGridWithRREF(const EquationSystem& system, const ReportFormat& format) {
+  return std::make_unique<RREFTable>(system, format);
+}
+
+std::unique_ptr<ReportTable> LoadGridWithSolutions(const EquationSystem& system,
+                                                   const Classification& classification,
+                                                   const ReportFormat& format) {
+  return std::make_unique<SolutionsTable>(system, classification, format);
+}
