@@ -18,13 +18,13 @@ if(MSVC)
 else()
   target_compile_options(orvane_compiler INTERFACE
     -ffp-contract=off -Werror -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast
-    -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wcast-qual -Wunused -Wnull-dereference
+    -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wcast-qual -Wunused
     -Wimplicit-fallthrough -Wextra-semi)
 endif()
 
 if(ORVANE_SANITIZE)
   target_compile_options(orvane_compiler INTERFACE
-    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -Wno-null-dereference)
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(orvane_compiler INTERFACE -fsanitize=address,undefined)
   target_compile_definitions(orvane_compiler INTERFACE _GLIBCXX_ASSERTIONS)
 endif()

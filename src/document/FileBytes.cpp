@@ -75,17 +75,22 @@ FileBytes ReadWholeFile(const std::string& path) {
     result.Problem = "the file cannot be opened for reading";
     return result;
   }
+  return ReadWholeStream(file);
+}
+
+FileBytes ReadWholeStream(std::istream& stream) {
+  FileBytes result;
   std::array<char, 65536> buffer{};
-  while (file) {
-    file.read(buffer.data(), static_cast<std::streamsize>(buffer.size()));
-    result.Bytes.append(buffer.data(), static_cast<std::size_t>(file.gcount()));
+  while (stream) {
+    stream.read(buffer.data(), static_cast<std::streamsize>(buffer.size()));
+    result.Bytes.append(buffer.data(), static_cast<std::size_t>(stream.gcount()));
     if (result.Bytes.size() > MaxFileSize) {
       result.Bytes.clear();
       result.Problem = "the file is larger than any truss";
       return result;
     }
   }
-  if (file.bad()) result.Problem = "the file could not be read to its end";
+  if (stream.bad()) result.Problem = "the file could not be read to its end";
   return result;
 }
 

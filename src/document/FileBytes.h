@@ -1,6 +1,7 @@
 // Whole files as bytes. Reading never trusts a file's size; writing leaves a complete file or the old one.
 #pragma once
 
+#include <istream>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,9 @@ struct FileBytes {
 
 /// Reads up to 256 MiB, far more than the largest truss needs; a larger (or endless) file is a problem.
 FileBytes ReadWholeFile(const std::string& path);
+
+/// The same for what stands in an open stream, such as standard input.
+FileBytes ReadWholeStream(std::istream& stream);
 
 /// Writes beside the target, flushes, and puts the new file in the old one's place with its permissions. A
 /// symbolic link is followed. A target without write permission is refused. Returns false, with the old file

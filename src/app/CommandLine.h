@@ -1,0 +1,43 @@
+// What the words on the command line ask for. Deciding is separate from doing, so that every wrong call is
+// found before a file is touched.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+/// The tables that can be written as CSV.
+enum class CsvTable { Equations, RREF, Solutions };
+
+/// The sections of --report; printed in this order.
+struct ReportSections {
+  bool Counting = false;
+  bool Joints = false;
+  bool Equations = false;
+  bool RREF = false;
+  bool Solutions = false;
+};
+
+struct CommandLine {
+  enum class Mode { Window, Report, Json, Csv, Convert, Help, Version };
+
+  Mode What = Mode::Window;
+  ReportSections Sections;     ///< of Report
+  bool Matrices = false;       ///< of Json
+  CsvTable Table{};            ///< of Csv
+  std::string OutputPath;      ///< of Convert; "-" is standard output
+  bool AutoName = false;       ///< name everything before the analysis
+  std::vector<std::string> Files;  ///< UTF-8 paths; "-" is standard input
+};
+
+/// Why a call is wrong, in one line without a full stop.
+struct WrongArguments {
+  std::string Why;
+};
+
+/// `arguments` without the program's own name.
+std::variant<CommandLine, WrongArguments> ParseCommandLine(const std::vector<std::string>& arguments);
+
+/// The text of --help.
+const char* HelpText();

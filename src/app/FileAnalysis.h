@@ -1,0 +1,31 @@
+// One file taken through the whole analysis, the way the window takes it: read, joint list, names, unknowns,
+// sorting, matrix, elimination, classification.
+#pragma once
+
+#include <istream>
+#include <string>
+#include <vector>
+
+#include "analysis/Classification.h"
+#include "analysis/EquationSystem.h"
+#include "document/Truss.h"
+
+struct AnalysedFile {
+  std::string Argument;  ///< the file as the user named it; "-" is standard input
+  std::string Error;     ///< UTF-8, e.g. "line 3: why"; empty when the file was read whole
+  Truss Document;
+  EquationSystem System;
+  Classification Reading;
+
+  bool IsComplete() const { return Error.empty(); }
+
+  /// Members of zero length (only a file can hold one): their force cannot be determined. One UTF-8 text each.
+  std::vector<std::string> Remarks;
+};
+
+/// Reads the file (or `standardInput` for "-") and, with `autoName`, names everything. After a read error what
+/// was read is used. No analysis yet.
+AnalysedFile ReadForAnalysis(const std::string& argument, bool autoName, std::istream& standardInput);
+
+/// Fills System, Reading and Remarks.
+void Analyse(AnalysedFile& file);

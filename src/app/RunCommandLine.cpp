@@ -1,0 +1,120 @@
+// File after file; a file that cannot be read whole is reported as far as it was read, and the others go on.
+#include "app/RunCommandLine.h"
+
+#include <chrono>
+
+#include "app/TextReports.h"
+#include "document/FileBytes.h"
+#include "document/TrussFile.h"
+
+namespace {
+
+// Shown when a run over many files takes longer than a moment.
+class Progress {
+ public:
+  Progress(std::ostream& err, bool isTerminal, std::size_t total)
+      : err_(err), enabled_(isTerminal && total > 1), total_(total) {}
+  Progress(const Progress&) = delete;
+  Progress& operator=(const Progress&) = delete;
+  ~Progress() { Clear(); }
+
+  void Show(std::size_t done) {
+    if (!enabled_ || Clock::now() - lastShown_ < std::chrono::milliseconds(500)) return;
+    lastShown_ = Clock::now();
+    err_ << "\rorvane: " << done << " of " << total_ << " files" << std::flush;
+    visible_ = true;
+  }
+
+  void Clear() {
+    if (visible_) err_ << "\r\x1b[K" << std::flush;
+    visible_ = false;
+  }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  std::ostream& err_;
+  bool enabled_;
+  std::size_t total_;
+  Clock::time_point lastShown_ = Clock::now();
+  bool visible_ = false;
+};
+
+class Run {
+ public:
+  Run(const CommandLine& commandLine, const CommandLineEnvironment& environment)
+      : commandLine_(commandLine),
+        environment_(environment),
+        progress_(environment.Err, environment.ErrIsTerminal, commandLine.Files.size()) {}
+
+  ExitStatus AllFiles() {
+    for (std::size_t i = 0; i < commandLine_.Files.size() && environment_.Out; ++i) {
+      progress_.Show(i);
+      OneFile(commandLine_.Files[i], i == 0);
+    }
+    progress_.Clear();
+    environment_.Out.flush();
+    if (!environment_.Out) Complain("standard output", "the results could not be written");
+    return status_;
+  }
+
+ private:
+  void OneFile(const std::string& argument, bool first) {
+    AnalysedFile file = ReadForAnalysis(argument, commandLine_.AutoName, environment_.In);
+    if (!file.IsComplete()) Complain(argument, file.Error);
+    if (commandLine_.What == CommandLine::Mode::Convert) {
+      if (file.IsComplete()) Convert(file);
+      return;
+    }
+    Analyse(file);
+    for (const std::string& remark : file.Remarks) Say(argument, remark);
+    Report(file, first);
+  }
+
+  void Report(const AnalysedFile& file, bool first) {
+    const ReportFormat format{file.Document.Settings.SigFigs, environment_.Numbers};
+    std::ostream& out = environment_.Out;
+    if (commandLine_.What == CommandLine::Mode::Json) {
+      out << environment_.Json(file, commandLine_.Matrices, format) << '\n';
+    } else if (commandLine_.What == CommandLine::Mode::Csv) {
+      WriteCsv(out, file, commandLine_.Table, format);
+    } else {
+      if (commandLine_.Files.size() > 1) out << (first ? "" : "\n") << "== " << file.Argument << " ==\n";
+      WriteReport(out, file, commandLine_.Sections, format);
+    }
+  }
+
+  // A file that was not read whole is not converted: its rest would be lost without a trace.
+  void Convert(AnalysedFile& file) {
+    const std::string text = TrussText(file.Document);
+    if (commandLine_.OutputPath == "-") {
+      environment_.Out << text;
+    } else if (!WriteWholeFile(commandLine_.OutputPath, text)) {
+      Complain(commandLine_.OutputPath, "the file could not be written");
+    }
+  }
+
+  void Say(const std::string& subject, const std::string& what) {
+    progress_.Clear();
+    environment_.Err << "orvane: " << subject << ": " << what << '\n';
+  }
+
+  void Complain(const std::string& subject, const std::string& why) {
+    Say(subject, why);
+    status_ = NotAllDone;
+  }
+
+  const CommandLine& commandLine_;
+  const CommandLineEnvironment& environment_;
+  Progress progress_;
+  ExitStatus status_ = Done;
+};
+
+}  // namespace
+
+ExitStatus RunCommandLine(const CommandLine& commandLine, const CommandLineEnvironment& environment) {
+  switch (commandLine.What) {
+    case CommandLine::Mode::Help: environment.Out << HelpText(); return Done;
+    case CommandLine::Mode::Version: environment.Out << "Orvane " ORVANE_VERSION "\n"; return Done;
+    default: return Run(commandLine, environment).AllFiles();
+  }
+}

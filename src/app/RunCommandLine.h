@@ -1,0 +1,28 @@
+// Carrying out what the command line asks for, without a window.
+#pragma once
+
+#include <functional>
+#include <istream>
+#include <ostream>
+#include <string>
+
+#include "app/CommandLine.h"
+#include "app/FileAnalysis.h"
+#include "reports/FormatSigFigs.h"
+
+/// The world around one run.
+struct CommandLineEnvironment {
+  std::istream& In;
+  std::ostream& Out;  ///< results only
+  std::ostream& Err;  ///< one line for each problem
+  bool ErrIsTerminal = false;  ///< a long run then shows its progress there
+  NumberFormat Numbers;
+
+  /// One JSON object (UTF-8, no line end) for an analysed file.
+  std::function<std::string(const AnalysedFile& file, bool matrices, const ReportFormat& format)> Json;
+};
+
+enum ExitStatus : int { Done = 0, NotAllDone = 1, ArgumentsWrong = 2 };
+
+/// Any mode but Window.
+ExitStatus RunCommandLine(const CommandLine& commandLine, const CommandLineEnvironment& environment);

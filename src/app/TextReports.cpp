@@ -1,0 +1,124 @@
+// Tables are written row by row, so that one of sixteen million cells needs no memory.
+#include "app/TextReports.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "analysis/JointEquations.h"
+#include "reports/CountingReport.h"
+#include "text/CodePage.h"
+
+namespace {
+
+constexpr std::size_t ColumnGap = 2;
+
+std::string WithPlainLineEnds(std::string text) {
+  std::erase(text, '\r');
+  return text;
+}
+
+// A name may hold line ends and other control characters; in a table each becomes a blank.
+std::string CellText(const ReportTable& table, int row, int column) {
+  std::string text = table.Text(row, column);
+  std::ranges::replace_if(text, [](char c) { return static_cast<unsigned char>(c) < 32 || c == 127; }, ' ');
+  return text;
+}
+
+// In characters, which are bytes in the single-byte code page. No column is narrower than a "0".
+std::vector<std::size_t> ColumnWidths(const ReportTable& table) {
+  std::vector<std::size_t> widths(static_cast<std::size_t>(table.NumColumns()), 1);
+  table.VisitCells([&](int row, int column) {
+    std::size_t& width = widths[static_cast<std::size_t>(column)];
+    width = std::max(width, table.Text(row, column).size());
+  });
+  return widths;
+}
+
+void WriteTable(std::ostream& out, const ReportTable& table) {
+  out << table.Heading() << '\n';
+  const std::vector<std::size_t> widths = ColumnWidths(table);
+  std::string line;
+  for (int row = 0; row < table.NumRows(); ++row) {
+    line.clear();
+    for (int column = 0; column < table.NumColumns(); ++column) {
+      const std::string cell = CellText(table, row, column);
+      line.append((column > 0 ? ColumnGap : 0) + widths[static_cast<std::size_t>(column)] - cell.size(), ' ');
+      line += cell;
+    }
+    out << ToUtf8(line) << '\n';
+  }
+}
+
+void WriteJointEquations(std::ostream& out, const AnalysedFile& file, const ReportFormat& format) {
+  const JointEquations equations(file.Document, format.Numbers);
+  for (int j = 1; j <= file.Document.NumJoints; ++j) {
+    const JointEquationTexts texts = equations.ReportOnJoint(j);
+    if (j > 1) out << '\n';
+    out << "Equations for joint " << ToUtf8(file.Document.Name(file.Document.Joints[j].NameLabel)) << '\n'
+        << "\tforces right = forces left :     " << ToUtf8(texts.X) << '\n'
+        << "\tforces up = forces down :    " << ToUtf8(texts.Y) << '\n';
+  }
+}
+
+void WriteSolutions(std::ostream& out, const AnalysedFile& file, const ReportFormat& format) {
+  if (file.Reading.Code == Outcome::Inconsistent) {
+    out << InconsistentText << '\n';
+    return;
+  }
+  WriteTable(out, *LoadGridWithSolutions(file.System, file.Reading, format));
+  if (file.Reading.Code != Outcome::Redundant) return;
+  out << '\n' << RedundantText << '\n';
+  for (const char* line : RedundantLines) out << line << '\n';
+}
+
+std::string CsvField(const std::string& text) {
+  if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+  std::string field = "\"";
+  for (const char character : text) field.append(character == '"' ? 2 : 1, character);
+  return field + '"';
+}
+
+std::unique_ptr<ReportTable> LoadTable(const AnalysedFile& file, CsvTable table, const ReportFormat& format) {
+  switch (table) {
+    case CsvTable::Equations: return LoadGridWithEquations(file.Document, file.System, format);
+    case CsvTable::RREF: return LoadGridWithRREF(file.System, format);
+    case CsvTable::Solutions: break;
+  }
+  return LoadGridWithSolutions(file.System, file.Reading, format);
+}
+
+}  // namespace
+
+void WriteReport(std::ostream& out, const AnalysedFile& file, const ReportSections& sections,
+                 const ReportFormat& format) {
+  bool first = true;
+  const auto section = [&](bool wanted, auto write) {
+    if (!wanted) return;
+    if (!first) out << '\n';
+    first = false;
+    write();
+  };
+  section(sections.Counting, [&] {
+    out << ToUtf8(WithPlainLineEnds(ReportCounting(file.Document, file.System).Text())) << '\n';
+  });
+  section(sections.Joints, [&] { WriteJointEquations(out, file, format); });
+  section(sections.Equations,
+          [&] { WriteTable(out, *LoadGridWithEquations(file.Document, file.System, format)); });
+  section(sections.RREF, [&] { WriteTable(out, *LoadGridWithRREF(file.System, format)); });
+  section(sections.Solutions, [&] { WriteSolutions(out, file, format); });
+}
+
+void WriteCsv(std::ostream& out, const AnalysedFile& file, CsvTable which, const ReportFormat& format) {
+  const auto table = LoadTable(file, which, format);
+  const bool noRows = which == CsvTable::Solutions && file.Reading.Code == Outcome::Inconsistent;
+  const int numRows = noRows ? 1 : table->NumRows();
+  std::string line;
+  for (int row = 0; row < numRows; ++row) {
+    line.clear();
+    for (int column = 0; column < table->NumColumns(); ++column) {
+      if (column > 0) line += ',';
+      line += CsvField(table->Text(row, column));
+    }
+    out << ToUtf8(line) << "\r\n";
+  }
+}

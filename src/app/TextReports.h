@@ -1,0 +1,17 @@
+// The reports as plain text and the tables as CSV, in UTF-8 with the window's wording.
+#pragma once
+
+#include <ostream>
+
+#include "app/CommandLine.h"
+#include "app/FileAnalysis.h"
+#include "reports/FormatSigFigs.h"
+#include "reports/ReportTables.h"
+
+/// Prints the sections, a blank line between them. Line ends are LF.
+void WriteReport(std::ostream& out, const AnalysedFile& file, const ReportSections& sections,
+                 const ReportFormat& format);
+
+/// Prints one table as RFC 4180 tells: CR LF, fields quoted where they must be. The solutions of a system that
+/// has none are the header row alone.
+void WriteCsv(std::ostream& out, const AnalysedFile& file, CsvTable table, const ReportFormat& format);

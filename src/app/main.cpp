@@ -1,0 +1,56 @@
+// The program: the command line's work without a window, or the window.
+#include <iostream>
+#include <string>
+#include <vector>
+
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+#include "app/JsonReport.h"
+#include "app/RunCommandLine.h"
+#include "platform/qt/QtNumberFormat.h"
+
+namespace {
+
+// Results are the same bytes everywhere, so no line end may be translated on the way out.
+void PrepareStandardStreams() {
+  std::ios::sync_with_stdio(false);
+#ifdef _WIN32
+  _setmode(_fileno(stdin), _O_BINARY);
+  _setmode(_fileno(stdout), _O_BINARY);
+#endif
+}
+
+bool StandardErrorIsTerminal() {
+#ifdef _WIN32
+  return _isatty(_fileno(stderr)) != 0;
+#else
+  return isatty(STDERR_FILENO) != 0;
+#endif
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  PrepareStandardStreams();
+  const auto parsed = ParseCommandLine(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
+  if (const auto* wrong = std::get_if<WrongArguments>(&parsed)) {
+    std::cerr << "orvane: " << wrong->Why << "; see orvane --help\n";
+    return ArgumentsWrong;
+  }
+  const CommandLine& commandLine = std::get<CommandLine>(parsed);
+  if (commandLine.What == CommandLine::Mode::Window) {
+    std::cerr << "orvane: this build has no window; see orvane --help\n";
+    return ArgumentsWrong;
+  }
+  return RunCommandLine(commandLine, CommandLineEnvironment{.In = std::cin,
+                                                            .Out = std::cout,
+                                                            .Err = std::cerr,
+                                                            .ErrIsTerminal = StandardErrorIsTerminal(),
+                                                            .Numbers = SystemNumberFormat(),
+                                                            .Json = JsonReport});
+}
