@@ -28,3 +28,8 @@ if(ORVANE_SANITIZE)
   target_link_options(orvane_compiler INTERFACE -fsanitize=address,undefined)
   target_compile_definitions(orvane_compiler INTERFACE _GLIBCXX_ASSERTIONS)
 endif()
+
+if(ORVANE_FUZZ)
+  # Coverage for the fuzzer in every library; only the targets themselves link its main.
+  target_compile_options(orvane_compiler INTERFACE -fsanitize=fuzzer-no-link)
+endif()
