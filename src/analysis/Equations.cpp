@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "analysis/Unknowns.h"

@@ -2,6 +2,7 @@
 #include "analysis/JointEquations.h"
 
 #include <cmath>
+#include <utility>
 
 #include "analysis/Equations.h"
 #include "text/NumberText.h"
@@ -35,10 +36,14 @@ std::string AngleText(float dx, float dy, const NumberFormat& format) {
   return FixedText(angle * 180 / Pi, 1, format.DecimalSeparator);
 }
 
-// A member that pushes into the pin in the direction (dx, dy).
+// A member that pushes into the pin in the direction (dx, dy). "0" stands for no term wherever it comes from,
+// so a member that is called "0" is left out where it would stand with its bare name.
 void AddMember(Sides& x, Sides& y, const std::string& name, float dx, float dy, const NumberFormat& format) {
-  if (dx != 0) x.Add(dx > 0, dy == 0 ? name : name + " cos(" + AngleText(dx, dy, format) + ")");
-  if (dy != 0) y.Add(dy > 0, dx == 0 ? name : name + " sin(" + AngleText(dx, dy, format) + ")");
+  const auto add = [](Sides& sides, bool positive, const std::string& term) {
+    if (term != "0") sides.Add(positive, term);
+  };
+  if (dx != 0) add(x, dx > 0, dy == 0 ? name : name + " cos(" + AngleText(dx, dy, format) + ")");
+  if (dy != 0) add(y, dy > 0, dx == 0 ? name : name + " sin(" + AngleText(dx, dy, format) + ")");
 }
 
 void AddSupport(Sides& x, Sides& y, const SupportRec& support, const Truss& truss) {

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "analysis/Analysis.h"
+#include "app/OneLine.h"
 #include "document/FileBytes.h"
 #include "document/JointList.h"
 #include "document/TrussFile.h"
@@ -44,7 +45,7 @@ void Analyse(AnalysedFile& file) {
   file.Reading = ClassifyRREF(file.System);
   for (const MemberRec& member : file.Document.MembersInUse()) {
     if (!member.Live || member.X1 != member.X2 || member.Y1 != member.Y2) continue;
-    file.Remarks.push_back("member \"" + ToUtf8(file.Document.Name(member.NameLabel1)) +
+    file.Remarks.push_back("member \"" + ToUtf8(OnOneLine(file.Document.Name(member.NameLabel1))) +
                            "\" has no length; its force cannot be determined");
   }
 }

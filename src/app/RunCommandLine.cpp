@@ -3,6 +3,7 @@
 
 #include <chrono>
 
+#include "app/OneLine.h"
 #include "app/TextReports.h"
 #include "document/FileBytes.h"
 #include "document/TrussFile.h"
@@ -52,12 +53,21 @@ class Run {
       OneFile(commandLine_.Files[i], i == 0);
     }
     progress_.Clear();
+    return FlushOutput();
+  }
+
+  ExitStatus Print(const char* text) {
+    environment_.Out << text;
+    return FlushOutput();
+  }
+
+ private:
+  ExitStatus FlushOutput() {
     environment_.Out.flush();
     if (!environment_.Out) Complain("standard output", "the results could not be written");
     return status_;
   }
 
- private:
   void OneFile(const std::string& argument, bool first) {
     AnalysedFile file = ReadForAnalysis(argument, commandLine_.AutoName, environment_.In);
     if (!file.IsComplete()) Complain(argument, file.Error);
@@ -95,7 +105,7 @@ class Run {
 
   void Say(const std::string& subject, const std::string& what) {
     progress_.Clear();
-    environment_.Err << "orvane: " << subject << ": " << what << '\n';
+    environment_.Err << "orvane: " << OnOneLine(subject) << ": " << what << '\n';
   }
 
   void Complain(const std::string& subject, const std::string& why) {
@@ -112,9 +122,10 @@ class Run {
 }  // namespace
 
 ExitStatus RunCommandLine(const CommandLine& commandLine, const CommandLineEnvironment& environment) {
+  Run run(commandLine, environment);
   switch (commandLine.What) {
-    case CommandLine::Mode::Help: environment.Out << HelpText(); return Done;
-    case CommandLine::Mode::Version: environment.Out << "Orvane " ORVANE_VERSION "\n"; return Done;
-    default: return Run(commandLine, environment).AllFiles();
+    case CommandLine::Mode::Help: return run.Print(HelpText());
+    case CommandLine::Mode::Version: return run.Print("Orvane " ORVANE_VERSION "\n");
+    default: return run.AllFiles();
   }
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "analysis/JointEquations.h"
+#include "app/OneLine.h"
 #include "reports/CountingReport.h"
 #include "text/CodePage.h"
 
@@ -12,16 +13,17 @@ namespace {
 
 constexpr std::size_t ColumnGap = 2;
 
-std::string WithPlainLineEnds(std::string text) {
-  std::erase(text, '\r');
-  return text;
-}
-
-// A name may hold line ends and other control characters; in a table each becomes a blank.
-std::string CellText(const ReportTable& table, int row, int column) {
-  std::string text = table.Text(row, column);
-  std::ranges::replace_if(text, [](char c) { return static_cast<unsigned char>(c) < 32 || c == 127; }, ' ');
-  return text;
+// CR LF, and a CR alone, which only a name can hold, become LF.
+std::string WithPlainLineEnds(std::string_view text) {
+  std::string plain;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != '\r') {
+      plain += text[i];
+    } else if (text.substr(i + 1, 1) != "\n") {
+      plain += '\n';
+    }
+  }
+  return plain;
 }
 
 // In characters, which are bytes in the single-byte code page. No column is narrower than a "0".
@@ -41,7 +43,7 @@ void WriteTable(std::ostream& out, const ReportTable& table) {
   for (int row = 0; row < table.NumRows(); ++row) {
     line.clear();
     for (int column = 0; column < table.NumColumns(); ++column) {
-      const std::string cell = CellText(table, row, column);
+      const std::string cell = OnOneLine(table.Text(row, column));
       line.append((column > 0 ? ColumnGap : 0) + widths[static_cast<std::size_t>(column)] - cell.size(), ' ');
       line += cell;
     }
@@ -54,9 +56,10 @@ void WriteJointEquations(std::ostream& out, const AnalysedFile& file, const Repo
   for (int j = 1; j <= file.Document.NumJoints; ++j) {
     const JointEquationTexts texts = equations.ReportOnJoint(j);
     if (j > 1) out << '\n';
-    out << "Equations for joint " << ToUtf8(file.Document.Name(file.Document.Joints[j].NameLabel)) << '\n'
-        << "\tforces right = forces left :     " << ToUtf8(texts.X) << '\n'
-        << "\tforces up = forces down :    " << ToUtf8(texts.Y) << '\n';
+    const std::string& name = file.Document.Name(file.Document.Joints[j].NameLabel);
+    out << "Equations for joint " << ToUtf8(OnOneLine(name)) << '\n'
+        << "\tforces right = forces left :     " << ToUtf8(OnOneLine(texts.X)) << '\n'
+        << "\tforces up = forces down :    " << ToUtf8(OnOneLine(texts.Y)) << '\n';
   }
 }
 
@@ -98,10 +101,11 @@ void WriteReport(std::ostream& out, const AnalysedFile& file, const ReportSectio
     first = false;
     write();
   };
-  section(sections.Counting, [&] {
+  // A truss without unknown forces has no Counting report, and one without joints no equations.
+  section(sections.Counting && file.System.NumUnknowns() > 0, [&] {
     out << ToUtf8(WithPlainLineEnds(ReportCounting(file.Document, file.System).Text())) << '\n';
   });
-  section(sections.Joints, [&] { WriteJointEquations(out, file, format); });
+  section(sections.Joints && file.Document.NumJoints > 0, [&] { WriteJointEquations(out, file, format); });
   section(sections.Equations,
           [&] { WriteTable(out, *LoadGridWithEquations(file.Document, file.System, format)); });
   section(sections.RREF, [&] { WriteTable(out, *LoadGridWithRREF(file.System, format)); });

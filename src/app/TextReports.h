@@ -8,7 +8,7 @@
 #include "reports/FormatSigFigs.h"
 #include "reports/ReportTables.h"
 
-/// Prints the sections, a blank line between them. Line ends are LF.
+/// Prints the sections, a blank line between them; one that is empty is left out. Line ends are LF.
 void WriteReport(std::ostream& out, const AnalysedFile& file, const ReportSections& sections,
                  const ReportFormat& format);
 

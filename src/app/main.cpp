@@ -11,6 +11,7 @@
 #endif
 
 #include "app/JsonReport.h"
+#include "app/OneLine.h"
 #include "app/RunCommandLine.h"
 #include "platform/qt/QtNumberFormat.h"
 
@@ -39,7 +40,7 @@ int main(int argc, char** argv) {
   PrepareStandardStreams();
   const auto parsed = ParseCommandLine(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
   if (const auto* wrong = std::get_if<WrongArguments>(&parsed)) {
-    std::cerr << "orvane: " << wrong->Why << "; see orvane --help\n";
+    std::cerr << "orvane: " << OnOneLine(wrong->Why) << "; see orvane --help\n";
     return ArgumentsWrong;
   }
   const CommandLine& commandLine = std::get<CommandLine>(parsed);

@@ -33,3 +33,7 @@ float Graph::XPixel(float worldX) const { return Map(worldX, WorldX1, WorldX2, P
 float Graph::YPixel(float worldY) const { return Map(worldY, WorldY1, WorldY2, PixelY1, PixelY2); }
 float Graph::XWorld(float pixelX) const { return Map(pixelX, PixelX1, PixelX2, WorldX1, WorldX2); }
 float Graph::YWorld(float pixelY) const { return Map(pixelY, PixelY1, PixelY2, WorldY1, WorldY2); }
+
+bool Graph::IsEmpty() const {
+  return WorldX1 == WorldX2 || WorldY1 == WorldY2 || PixelX1 == PixelX2 || PixelY1 == PixelY2;
+}

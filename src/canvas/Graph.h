@@ -15,6 +15,9 @@ class Graph {
   float XWorld(float pixelX) const;
   float YWorld(float pixelY) const;
 
+  /// Whether a side has no extent on either axis, so that nothing can be drawn to scale.
+  bool IsEmpty() const;
+
   float PixelX1 = 0, PixelX2 = 0, PixelY1 = 0, PixelY2 = 0;
   float WorldX1 = 0, WorldX2 = 0, WorldY1 = 0, WorldY2 = 0;
 };

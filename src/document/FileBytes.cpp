@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -28,6 +29,27 @@ struct CloseFile {
 };
 using OpenFile = std::unique_ptr<std::FILE, CloseFile>;
 
+// Empty when the file cannot be opened.
+OpenFile Open(const fs::path& path, const char* mode) {
+#ifdef _WIN32
+  // Narrow names would go through the system's code page and lose characters.
+  return OpenFile(_wfopen(path.c_str(), std::wstring(mode, mode + std::strlen(mode)).c_str()));
+#else
+  return OpenFile(std::fopen(path.c_str(), mode));
+#endif
+}
+
+// The file that a chain of symbolic links ends at, whether it exists or not. Empty when the links go round.
+fs::path BehindLinks(fs::path path) {
+  std::error_code error;
+  constexpr int longestChain = 40;
+  for (int i = 0; i < longestChain && fs::is_symlink(fs::symlink_status(path, error)); ++i) {
+    path = path.parent_path() / fs::read_symlink(path, error);
+    if (error) return {};
+  }
+  return fs::is_symlink(fs::symlink_status(path, error)) ? fs::path{} : path;
+}
+
 bool WriteAndClose(OpenFile file, std::string_view bytes) {
   bool good = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
   good = std::fflush(file.get()) == 0 && good;
@@ -39,7 +61,7 @@ OpenFile CreateBeside(const fs::path& target, fs::path& created) {
   for (int i = 1; i <= 100; ++i) {
     created = target;
     created += ".new" + std::to_string(i);
-    if (std::FILE* file = std::fopen(created.string().c_str(), "wbx")) return OpenFile(file);
+    if (OpenFile file = Open(created, "wbx")) return file;
   }
   return nullptr;
 }
@@ -96,23 +118,19 @@ FileBytes ReadWholeStream(std::istream& stream) {
 
 bool WriteWholeFile(const std::string& path, std::string_view bytes) {
   std::error_code error;
-  fs::path target = ToPath(path);
-  if (fs::is_symlink(fs::symlink_status(target, error))) {
-    target = fs::weakly_canonical(target, error);
-    if (error) return false;
-  }
-  const fs::file_status status = fs::status(target, error);
+  const fs::file_status status = fs::status(ToPath(path), error);
   if (fs::exists(status)) {
     if (fs::is_directory(status)) return false;
     constexpr auto anyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
     if ((status.permissions() & anyWrite) == fs::perms::none) return false;
     // Appending nothing asks the system whether this user may write the file.
-    OpenFile existing(std::fopen(target.string().c_str(), "ab"));
+    OpenFile existing = Open(ToPath(path), "ab");
     if (!existing) return false;
     // A device or a pipe has no old content to protect, and nothing can take its place.
     if (!fs::is_regular_file(status)) return WriteAndClose(std::move(existing), bytes);
   }
-  return ReplaceFile(target, bytes, status);
+  const fs::path target = BehindLinks(ToPath(path));
+  return !target.empty() && ReplaceFile(target, bytes, status);
 }
 
 bool FileExists(const std::string& path) {

@@ -47,10 +47,11 @@ void ClearNames(Truss& truss) {
 }
 
 void Rename(Truss& truss, LabelIndex label, const std::string& typedText) {
-  if (typedText.empty()) return;
-  truss.Labels[label].Caption = typedText;
+  // Pairing runs even when the old name is kept: a file can give a member two different names.
+  const std::string name = typedText.empty() ? truss.Name(label) : typedText;
+  truss.Labels[label].Caption = name;
   for (const MemberRec& member : truss.MembersInUse()) {
-    if (member.NameLabel1 == label) truss.Labels[member.NameLabel2].Caption = typedText;
-    if (member.NameLabel2 == label) truss.Labels[member.NameLabel1].Caption = typedText;
+    if (member.NameLabel1 == label) truss.Labels[member.NameLabel2].Caption = name;
+    if (member.NameLabel2 == label) truss.Labels[member.NameLabel1].Caption = name;
   }
 }

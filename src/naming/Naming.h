@@ -14,6 +14,6 @@ void AutoName(Truss& truss);
 /// Resets the same names to "[ ]".
 void ClearNames(Truss& truss);
 
-/// Gives a label the text that the user typed, exactly as typed; an empty text keeps the old name. Both
-/// labels of a member always show the same name.
+/// Gives a label the text that the user typed, exactly as typed; an empty text keeps the old name. The other
+/// label of a member then shows the same name, in either case.
 void Rename(Truss& truss, LabelIndex label, const std::string& typedText);

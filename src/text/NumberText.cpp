@@ -1,6 +1,7 @@
 // Writing works on decimal digits; reading checks the form first and lets the standard library convert.
 #include "text/NumberText.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>

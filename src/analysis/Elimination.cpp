@@ -1,0 +1,113 @@
+// The phases in their order: pivots are found in sparse rows while these are sparse, then in dense rows; when
+// all are known the columns above them are cleared; what comes out is set in the unknowns' own order.
+#include "analysis/Elimination.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+#include <vector>
+
+#include "analysis/DenseForward.h"
+#include "analysis/Echelon.h"
+#include "analysis/EliminationTuning.h"
+#include "analysis/SparseForward.h"
+#include "analysis/UpwardPhase.h"
+
+namespace {
+
+using Matrix = SparseMatrix<double>;
+
+std::vector<SparseRow> TakeRows(const Matrix& matrix, Echelon& echelon) {
+  const Index numColumns = echelon.NumColumns();
+  std::vector<SparseRow> rows(echelon.NumRows());
+  for (Index row = 0; row < echelon.NumRows(); ++row) {
+    for (const auto& [column, value] : matrix.Row(static_cast<int>(row) + 1)) {
+      const auto index = static_cast<Index>(column - 1);
+      if (index == numColumns) {
+        echelon.RightHandSide[row] = value;
+      } else if (value != 0) {
+        rows[row].Columns.push_back(index);
+        rows[row].Values.push_back(value);
+      }
+    }
+  }
+  return rows;
+}
+
+bool IsKept(double value) { return !(std::abs(value) < PivotTolerance); }
+
+/// Writes rows by position; with at least as many equations as unknowns each pivot goes to the diagonal.
+class ResultWriter {
+ public:
+  ResultWriter(const Echelon& echelon, Matrix& matrix) : echelon_(echelon), matrix_(matrix) {
+    keepsPermutation_ = echelon.NumRows() < echelon.NumColumns();
+  }
+
+  void Write(Index position, ReducedRow row) {
+    std::vector<Matrix::Entry> entries;
+    entries.reserve(row.Values.size() + 2);
+    entries.push_back({ColumnNumber(position), 1});
+    for (Index at = 0; at < row.Values.size(); ++at) {
+      entries.push_back({ColumnNumber(row.FreePositions[at]), row.Values[at]});
+    }
+    std::sort(entries.begin(), entries.end(), [](const Matrix::Entry& left, const Matrix::Entry& right) {
+      return left.Column < right.Column;
+    });
+    AppendRightHandSide(row.RightHandSide, entries);
+    matrix_.SetRow(RowNumber(position), std::move(entries));
+  }
+
+  /// A row without a pivot: nothing is left in it but, perhaps, a right-hand side that contradicts.
+  void WriteWithoutPivot(Index position) {
+    std::vector<Matrix::Entry> entries;
+    AppendRightHandSide(echelon_.RightHandSide[echelon_.RowAt[position]], entries);
+    matrix_.SetRow(RowNumber(position), std::move(entries));
+  }
+
+ private:
+  void AppendRightHandSide(double value, std::vector<Matrix::Entry>& entries) const {
+    if (IsKept(value)) entries.push_back({static_cast<int>(echelon_.NumColumns()) + 1, value});
+  }
+  int ColumnNumber(Index position) const {
+    return static_cast<int>(keepsPermutation_ ? position : echelon_.ColumnAt[position]) + 1;
+  }
+  int RowNumber(Index position) const {
+    return position < echelon_.NumColumns() ? ColumnNumber(position) : static_cast<int>(position) + 1;
+  }
+
+  const Echelon& echelon_;
+  Matrix& matrix_;
+  bool keepsPermutation_ = false;
+};
+
+void Reduce(Echelon& echelon, Matrix& matrix, const EliminationTuning& tuning) {
+  std::vector<SparseRow> rows = TakeRows(matrix, echelon);
+  const bool hasAllPivots = EliminateSparse(rows, echelon, tuning.DenseFill);
+  if (!hasAllPivots) EliminateDense(rows, echelon, tuning);
+  rows = {};
+  std::vector<ReducedRow> reduced = ReduceUpward(echelon, tuning);
+  ResultWriter writer(echelon, matrix);
+  for (Index position = 0; position < echelon.NumPivots(); ++position) {
+    writer.Write(position, std::move(reduced[position]));
+  }
+  for (Index position = echelon.NumPivots(); position < echelon.NumRows(); ++position) {
+    writer.WriteWithoutPivot(position);
+  }
+}
+
+}  // namespace
+
+void SolveToRREF(int R, int N, Matrix& EquationMatrix, Table<std::int16_t>& ColumnOrder) {
+  SolveToRREF(R, N, EquationMatrix, ColumnOrder, EliminationTuning{});
+}
+
+void SolveToRREF(int R, int N, Matrix& EquationMatrix, Table<std::int16_t>& ColumnOrder,
+                 const EliminationTuning& tuning) {
+  Echelon echelon(static_cast<Index>(R), static_cast<Index>(N));
+  Reduce(echelon, EquationMatrix, tuning);
+  ColumnOrder.Resize(N);
+  for (int k = 1; k <= N; ++k) {
+    const int unknown = R < N ? static_cast<int>(echelon.ColumnAt[static_cast<Index>(k - 1)]) + 1 : k;
+    ColumnOrder[k] = static_cast<std::int16_t>(unknown);
+  }
+}

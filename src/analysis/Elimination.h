@@ -1,0 +1,22 @@
+// Gauss-Jordan elimination with complete pivoting: the augmented matrix becomes its reduced row echelon form.
+#pragma once
+
+#include <cstdint>
+
+#include "analysis/SparseMatrix.h"
+#include "document/Table.h"
+
+/// An entry smaller than this (in magnitude) is no pivot, and is set to 0 in the reduced matrix.
+inline constexpr double PivotTolerance = 1e-10;
+
+/// Reduces the augmented matrix (R rows; N coefficient columns and the right-hand side in column N + 1) in
+/// place. Pivots are exactly 1, eliminated entries exactly 0.
+///
+/// `ColumnOrder` becomes a table of 1 .. N: entry k is the unknown whose coefficients stand in column k. It
+/// is the identity when R >= N (the pivot of unknown u then stands in row u); with fewer equations than
+/// unknowns the columns stay as the pivoting left them.
+///
+/// The result has the bits of the plain algorithm (search the whole remaining block row by row for the
+/// largest magnitude, the first one met wins; swap; divide; clear the column above and below), but for the
+/// sign of zeros; cells that are 0 are not stored.
+void SolveToRREF(int R, int N, SparseMatrix<double>& EquationMatrix, Table<std::int16_t>& ColumnOrder);

@@ -1,0 +1,19 @@
+// When the elimination changes its methods. The result does not depend on these numbers, only the time does;
+// tests change them in order to send small systems through every phase.
+#pragma once
+
+#include <cstdint>
+
+#include "analysis/SparseMatrix.h"
+#include "document/Table.h"
+
+struct EliminationTuning {
+  double DenseFill = 0.035;             ///< the dense phase takes over when more of the cells are not 0
+  unsigned Window = 20;                 ///< pivots whose updates the dense phase may leave pending
+  unsigned FewestRowsForThreads = 600;  ///< smaller jobs run on the calling thread alone
+  unsigned MostThreads = 0;             ///< 0: as many as the machine has
+};
+
+/// SolveToRREF with numbers of the caller's own.
+void SolveToRREF(int R, int N, SparseMatrix<double>& EquationMatrix, Table<std::int16_t>& ColumnOrder,
+                 const EliminationTuning& tuning);

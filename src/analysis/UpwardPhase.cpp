@@ -1,0 +1,223 @@
+// Sixteen rows are reduced side by side, one in each lane, as they do not depend on each other. The columns of
+// pivots that can change neither a right-hand side nor a column without a pivot are left out. Rows that share
+// later pivots are neighbours, so that their lanes do the same work. Behind the sparse pivots, where the pivot
+// rows are full, a few columns at a time receive all their updates while they are in registers.
+#include "analysis/UpwardPhase.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+
+#include "analysis/Elimination.h"
+#include "analysis/Parallel.h"
+#include "analysis/VectorUpdate.h"
+
+namespace {
+
+constexpr Index None = ~Index{0};
+
+/// The pivot rows over the columns that matter: these pivots, then the columns without a pivot, then the
+/// right-hand side. A column's number here is its slot.
+struct UsefulRows {
+  explicit UsefulRows(const Echelon& echelon);
+
+  Index NumSlots() const { return static_cast<Index>(PositionOfSlot.size()) + 1; }  // the right-hand side's too
+  Index RightHandSideSlot() const { return NumSlots() - 1; }
+
+  std::vector<Index> SlotOfPosition;
+  std::vector<Index> PositionOfSlot;
+  Index NumPivotSlots = 0;
+  Index FirstDenseSlot = 0;
+  std::vector<std::size_t> RowBegin;  ///< by position: where the row's entries begin; one more at the end
+  std::vector<Index> Slots;
+  std::vector<double> Values;
+};
+
+UsefulRows::UsefulRows(const Echelon& echelon) {
+  const Index numPivots = echelon.NumPivots();
+  const auto rightHandSide = [&](Index position) { return echelon.RightHandSide[echelon.RowAt[position]]; };
+
+  std::vector<char> isUseful(echelon.NumColumns());
+  for (Index position = numPivots; position-- > 0;) {
+    const PivotRow& row = echelon.PivotRows[position];
+    bool changesSomething = rightHandSide(position) != 0;
+    for (Index at = 0; at < row.Values.size(); ++at) {
+      if (row.Values[at] == 0) continue;
+      const Index column = echelon.PositionOfColumn[(*row.Columns)[at]];
+      if (column >= numPivots) isUseful[column] = true;
+      if (isUseful[column]) changesSomething = true;
+    }
+    isUseful[position] = changesSomething;
+  }
+
+  SlotOfPosition.assign(echelon.NumColumns(), None);
+  for (Index position = 0; position < echelon.NumColumns(); ++position) {
+    if (!isUseful[position]) continue;
+    SlotOfPosition[position] = static_cast<Index>(PositionOfSlot.size());
+    PositionOfSlot.push_back(position);
+    if (position < echelon.NumSparsePivots) ++FirstDenseSlot;
+    if (position < numPivots) ++NumPivotSlots;
+  }
+
+  RowBegin.push_back(0);
+  for (Index position = 0; position < numPivots; ++position) {
+    const PivotRow& row = echelon.PivotRows[position];
+    for (Index at = 0; at < row.Values.size(); ++at) {
+      const Index slot = SlotOfPosition[echelon.PositionOfColumn[(*row.Columns)[at]]];
+      if (slot == None || row.Values[at] == 0) continue;
+      Slots.push_back(slot);
+      Values.push_back(row.Values[at]);
+    }
+    if (rightHandSide(position) != 0) {
+      Slots.push_back(RightHandSideSlot());
+      Values.push_back(rightHandSide(position));
+    }
+    RowBegin.push_back(Slots.size());
+  }
+}
+
+/// The rows of the dense pivots, cut into panels of a few columns that lie one behind the other.
+class Panels {
+ public:
+  explicit Panels(const UsefulRows& rows) : rows_(rows) {
+    const Index first = rows.FirstDenseSlot;
+    if (first == rows.NumPivotSlots) return;
+    for (Index slot = first; slot < rows.NumSlots(); slot += PanelWidth) {
+      panelBegin_.push_back(size_);
+      const Index numRows = std::min<Index>(slot, rows.NumPivotSlots) - first + PanelWidth;
+      size_ += numRows * PanelWidth;
+    }
+    cells_.resize(size_);
+    for (Index pivot = first; pivot < rows.NumPivotSlots; ++pivot) {
+      const Index position = rows.PositionOfSlot[pivot];
+      for (std::size_t entry = rows.RowBegin[position]; entry < rows.RowBegin[position + 1]; ++entry) {
+        const Index offset = rows.Slots[entry] - first;
+        cells_[panelBegin_[offset / PanelWidth] + (pivot - first) * PanelWidth + offset % PanelWidth] =
+            rows.Values[entry];
+      }
+    }
+  }
+
+  void Subtract(const VectorUpdate& vector, double* lanes, Index firstFactor) const {
+    const Index first = rows_.FirstDenseSlot;
+    double* denseLanes = lanes + first * RowsSideBySide;
+    const Index from = firstFactor - first;
+    for (std::size_t panel = from / PanelWidth; panel < panelBegin_.size(); ++panel) {
+      const std::size_t start = panel * PanelWidth;
+      const std::size_t end = std::min<std::size_t>(start, rows_.NumPivotSlots - first);
+      vector.SubtractPanel(denseLanes, std::min<std::size_t>(from, end), end, start,
+                           cells_.data() + panelBegin_[panel]);
+    }
+  }
+
+ private:
+  const UsefulRows& rows_;
+  std::vector<std::size_t> panelBegin_;
+  std::size_t size_ = 0;
+  Numbers cells_;
+};
+
+/// All positions of pivots, in such an order that rows which take the same pivot rows stand together: each row
+/// follows the row of the first pivot that it takes.
+std::vector<Index> NeighboursByPivot(const UsefulRows& rows, Index numPivots) {
+  std::vector<Index> parent(numPivots, numPivots);
+  std::vector<Index> numBelow(numPivots + 1, 1);
+  for (Index position = 0; position < numPivots; ++position) {
+    Index first = rows.NumPivotSlots;
+    for (std::size_t entry = rows.RowBegin[position]; entry < rows.RowBegin[position + 1]; ++entry) {
+      first = std::min(first, rows.Slots[entry]);
+    }
+    if (first < rows.NumPivotSlots) parent[position] = rows.PositionOfSlot[first];
+    numBelow[parent[position]] += numBelow[position];
+  }
+  std::vector<Index> nextPlace(numPivots + 1);
+  std::vector<Index> order(numPivots + 1);
+  for (Index position = numPivots; position-- > 0;) {
+    const Index place = nextPlace[parent[position]];
+    nextPlace[parent[position]] += numBelow[position];
+    nextPlace[position] = place + 1;
+    order[place] = position;
+  }
+  order.pop_back();
+  return order;
+}
+
+/// The array of lanes of one thread, in which it reduces one group of rows after the other.
+class LaneReducer {
+ public:
+  LaneReducer(const UsefulRows& rows, const Panels& panels, std::vector<ReducedRow>& reduced)
+      : rows_(rows),
+        panels_(panels),
+        reduced_(reduced),
+        vector_(FastestVectorUpdate()),
+        lanes_((rows.NumSlots() + PanelWidth) * RowsSideBySide) {}
+
+  void Reduce(const Index* positions, std::size_t count) {
+    std::fill(lanes_.begin(), lanes_.end(), 0.0);
+    Index first = rows_.NumPivotSlots;
+    for (std::size_t lane = 0; lane < count; ++lane) {
+      first = std::min(first, Fill(lane, positions[lane]));
+    }
+    for (Index slot = first; slot < rows_.FirstDenseSlot; ++slot) {
+      const double* factors = Lanes(slot);
+      if (std::all_of(factors, factors + RowsSideBySide, [](double factor) { return factor == 0; })) continue;
+      const std::size_t begin = rows_.RowBegin[rows_.PositionOfSlot[slot]];
+      const std::size_t end = rows_.RowBegin[rows_.PositionOfSlot[slot] + 1];
+      vector_.SubtractFromLanes(lanes_.data(), rows_.Slots.data() + begin, rows_.Values.data() + begin,
+                                end - begin, factors);
+    }
+    if (rows_.FirstDenseSlot < rows_.NumPivotSlots) {
+      panels_.Subtract(vector_, lanes_.data(), std::max(first, rows_.FirstDenseSlot));
+    }
+    for (std::size_t lane = 0; lane < count; ++lane) Take(lane, reduced_[positions[lane]]);
+  }
+
+ private:
+  double* Lanes(Index slot) { return lanes_.data() + slot * RowsSideBySide; }
+
+  /// Returns the first slot that is not 0.
+  Index Fill(std::size_t lane, Index position) {
+    Index first = rows_.NumPivotSlots;
+    for (std::size_t entry = rows_.RowBegin[position]; entry < rows_.RowBegin[position + 1]; ++entry) {
+      Lanes(rows_.Slots[entry])[lane] = rows_.Values[entry];
+      first = std::min(first, rows_.Slots[entry]);
+    }
+    return first;
+  }
+
+  void Take(std::size_t lane, ReducedRow& row) {
+    for (Index slot = rows_.NumPivotSlots; slot < rows_.RightHandSideSlot(); ++slot) {
+      const double value = Lanes(slot)[lane];
+      if (std::abs(value) < PivotTolerance) continue;
+      row.FreePositions.push_back(rows_.PositionOfSlot[slot]);
+      row.Values.push_back(value);
+    }
+    row.RightHandSide = Lanes(rows_.RightHandSideSlot())[lane];
+  }
+
+  const UsefulRows& rows_;
+  const Panels& panels_;
+  std::vector<ReducedRow>& reduced_;
+  const VectorUpdate& vector_;
+  Numbers lanes_;
+};
+
+}  // namespace
+
+std::vector<ReducedRow> ReduceUpward(const Echelon& echelon, const EliminationTuning& tuning) {
+  const Index numPivots = echelon.NumPivots();
+  std::vector<ReducedRow> reduced(numPivots);
+  const UsefulRows rows(echelon);
+  const Panels panels(rows);
+  const std::vector<Index> order = NeighboursByPivot(rows, numPivots);
+  std::atomic<std::size_t> next = 0;
+  RunInParallel(numPivots < tuning.FewestRowsForThreads ? 1 : tuning.MostThreads, [&] {
+    LaneReducer reducer(rows, panels, reduced);
+    for (;;) {
+      const std::size_t from = next.fetch_add(RowsSideBySide);
+      if (from >= order.size()) return;
+      reducer.Reduce(order.data() + from, std::min(RowsSideBySide, order.size() - from));
+    }
+  });
+  return reduced;
+}

@@ -1,0 +1,301 @@
+// What the window's events do. How it is put together stands in MainFormParts.cpp.
+#include "app/MainForm.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QUrl>
+#include <algorithm>
+
+#include "analysis/JointEquations.h"
+#include "app/AboutForm.h"
+#include "app/DeferredMessages.h"
+#include "app/InstructionFrame.h"
+#include "app/OptionsDialog.h"
+#include "app/StepTexts.h"
+#include "canvas/RedrawTruss.h"
+#include "document/FileMenu.h"
+#include "naming/CustomInputBox.h"
+#include "naming/Naming.h"
+#include "platform/qt/QtText.h"
+#include "reports/JointEquationsPanel.h"
+#include "reports/ReportWindow.h"
+
+namespace {
+
+constexpr int SmallestLayout = 200;  // pixels; a smaller window is left as it is
+
+// The only file of a drop, if there is one.
+QString DroppedFile(const QMimeData* data) {
+  const QList<QUrl> urls = data->urls();
+  return urls.size() == 1 && urls.front().isLocalFile() ? urls.front().toLocalFile() : QString();
+}
+
+}  // namespace
+
+void MainForm::OpenAtStart(const std::string& path, bool autoName) {
+  LeaveInstructions();
+  lifecycle_->OpenPath(path);
+  AfterOpening();
+  if (!autoName) return;
+  AutoName(on_.Document);
+  Redraw();
+}
+
+// --- what the document tells the window
+
+void MainForm::DocumentEmptied() {
+  frInstruct1_->hide();
+  jointPanel_->hide();
+  report_->hide();
+  report_->Clear();
+  shownAnalysis_.reset();
+  tools_.Clear();
+  steps_.Restart();
+  HideLabels(drawing_);
+  ShowStep();
+}
+
+void MainForm::ShowCaption(const std::string& caption) { setWindowTitle(QString::fromStdString(caption)); }
+
+void MainForm::Redraw() {
+  DeferredMessages messages;
+  const CanvasContext context{bounds_, on_.Numbers, [this](const TextFont& font, std::string_view text) {
+                                return measure_.Measure(font, text);
+                              }};
+  bool joined = true;
+  picDraw_->PaintBacking([&](Surface& surface) {
+    joined = RedrawTruss(on_.Document, drawing_, surface, context, messages);
+  });
+  if (!joined) SetStatus(QStringLiteral(" %1 ").arg(QString::fromLatin1(TooManyJointsText)));
+  // A message waits for its answer in an event loop of its own, which may redraw again; that must not ask twice.
+  if (showingMessages_) return;
+  showingMessages_ = true;
+  messages.ShowOn(on_.Messages);
+  showingMessages_ = false;
+}
+
+// --- the three steps
+
+void MainForm::cmdOKInstruct1_Click() {
+  LeaveInstructions();
+  lifecycle_->EmptyDocument();
+  picDraw_->setFocus();
+}
+
+void MainForm::LeaveInstructions() {
+  frInstruct1_->hide();
+  mnuFile_->menuAction()->setEnabled(true);
+  mnuSettings_->setEnabled(true);
+  for (QWidget* widget : std::initializer_list<QWidget*>{picDraw_, picToolBox_, picStep2_, picStep3_}) {
+    widget->setEnabled(true);
+  }
+  UpdateFileMenu();
+}
+
+void MainForm::cmdNext1_Click() {
+  if (!steps_.Next1(on_.Document)) {
+    SetStatus(ToQt(steps_.StatusText()));
+    return;
+  }
+  tools_.Clear();
+  HidePanelAndHandles(drawing_);
+  ShowLabels(drawing_, on_.Document);
+  Redraw();
+  ShowStep();
+}
+
+void MainForm::cmdPrev2_Click() {
+  if (!steps_.Prev2()) return;
+  HideLabels(drawing_);
+  ShowStep();
+}
+
+void MainForm::cmdNext2_Click() {
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  const bool entered = steps_.Next2(on_.Document);
+  QGuiApplication::restoreOverrideCursor();
+  if (!entered) return;
+  shownAnalysis_ = steps_.Analysis();
+  report_->ChooseFontSet(on_.Document.Settings.ReportFontSize);
+  ShowStep();
+  ShowReport(1);
+}
+
+void MainForm::cmdPrev3_Click() {
+  if (!steps_.Prev3()) return;
+  jointPanel_->hide();
+  ShowStep();
+}
+
+void MainForm::ShowStep() {
+  const int step = steps_.Current();
+  const std::array<QWidget*, 3> panels = {picToolBox_, picStep2_, picStep3_};
+  for (int i = 1; i <= 3; ++i) panels[static_cast<std::size_t>(i - 1)]->setVisible(i == step);
+  panels[static_cast<std::size_t>(step - 1)]->raise();
+  picToolBox_->ShowPalette();
+  picDraw_->SetLabelsActive(steps_.NamesAreShown());
+  picDraw_->ShowDrawing();
+  SetStatus(steps_.StatusText().empty() ? QString::fromLatin1(Step1StatusText) : ToQt(steps_.StatusText()));
+  UpdateFileMenu();
+}
+
+// --- names and joint equations
+
+void MainForm::cmdAutoName_Click(int index) {
+  if (index == 1) {
+    AutoName(on_.Document);
+  } else {
+    ClearNames(on_.Document);
+  }
+  Redraw();
+}
+
+void MainForm::lblRodJoint_Click(int label) {
+  if (steps_.Current() == 2) RenameLabel(static_cast<LabelIndex>(label));
+  if (steps_.Current() == 3) ShowJointEquations(static_cast<LabelIndex>(label));
+}
+
+void MainForm::RenameLabel(LabelIndex label) {
+  const LabelPlace& place = drawing_.lblRodJoint[label];
+  const int left = TwipsPerPixel * x() + static_cast<int>(TwipsPerPixel * place.Left) + 400;
+  const int top = TwipsPerPixel * y() + static_cast<int>(TwipsPerPixel * place.Top) + 1200;
+  const std::string typed = InputBox2("Enter a new name:", on_.Document.Name(label), left, top, this);
+  Rename(on_.Document, label, typed);
+  Redraw();
+}
+
+void MainForm::ShowJointEquations(LabelIndex label) {
+  const auto joints = on_.Document.JointsInUse();
+  const auto found = std::ranges::find(joints, label, &JointRec::NameLabel);
+  if (found == joints.end()) return;
+  const int joint = static_cast<int>(found - joints.begin()) + 1;
+  const JointEquations equations(on_.Document, on_.Numbers);
+  jointPanel_->ShowEquations(on_.Document.Name(label), equations.ReportOnJoint(joint));
+}
+
+// --- reports
+
+void MainForm::ShowReport(int report) {
+  if (!shownAnalysis_) return;
+  const EquationSystem& system = shownAnalysis_->System;
+  switch (report) {
+    case 1: report_->ReportCounting(on_.Document, system); break;
+    case 2: report_->LoadGridWithEquations(on_.Document, system); break;
+    case 3: report_->LoadGridWithRREF(on_.Document, system); break;
+    default: report_->LoadGridWithSolutions(on_.Document, system); break;
+  }
+  report_->BringUp();
+}
+
+// --- menus
+
+void MainForm::mnuFile_Click() {
+  UpdateFileMenu();
+  SetStatus(QString::fromLatin1(FileMenuStatusText));
+}
+
+void MainForm::UpdateFileMenu() {
+  const FileMenu state = FileMenuState(steps_.Current(), on_.Document.FileName);
+  const bool started = !frInstruct1_->isVisibleTo(this);
+  mnuFileSaveAs_->setText(QString::fromLatin1(state.SaveAs.Caption.c_str()));
+  mnuFileSaveAs_->setEnabled(started && state.SaveAs.Enabled);
+  mnuFileSave_->setText(QString::fromLatin1(state.Save.Caption.c_str()));
+  mnuFileSave_->setEnabled(started && state.Save.Enabled);
+  mnuFilePrint_->setEnabled(started && state.PrintEnabled);
+  for (int entry = 0; entry <= RecentFiles::Count; ++entry) {
+    QAction* action = mnuRecentFile_[static_cast<std::size_t>(entry)];
+    action->setVisible(recent_.IsShown(entry));
+    if (entry == 0) continue;
+    // An ampersand in a path is no access key.
+    action->setText(QString::fromStdString(recent_.Caption(entry)).replace(u'&', QStringLiteral("&&")));
+  }
+}
+
+void MainForm::AfterOpening() {
+  const std::string error = lifecycle_->ReadErrorText();
+  if (!error.empty()) SetStatus(QString::fromStdString(error));
+  UpdateFileMenu();
+}
+
+void MainForm::mnuSettings_Click() {
+  if (!SettingsMayOpen(steps_.Current(), on_.Messages)) return;
+  OptionsDialog dialog(on_.Document.Settings, on_.Numbers, on_.Messages, this);
+  connect(&dialog, &OptionsDialog::Applied, this, [this](const SettingsInput& input) {
+    if (!CloseSettings(input, on_.Numbers, bounds_, on_.Document)) Redraw();
+  });
+  dialog.exec();
+}
+
+void MainForm::mnuFilePrint_Click() {
+  if (!shownAnalysis_ || shownAnalysis_->System.NumUnknowns() == 0) return;
+  on_.Messages.Show(Message{.Text = "This version cannot print the report yet.  The reports of Step 3 can be "
+                                    "copied from their windows.",
+                            .Icon = MessageIcon::Information});
+}
+
+void MainForm::ShowHelp(const QString& topic) {
+  on_.Messages.Show(Message{
+      .Text = "The help file orvane.chm was not found beside the program, so this topic cannot be shown: " +
+              topic.toStdString(),
+      .Icon = MessageIcon::Exclamation});
+}
+
+void MainForm::SetStatus(const QString& text) {
+  statusPanels_[0]->setText(text);
+  statusPanels_[0]->setToolTip(QStringLiteral("<span>%1</span>").arg(text.trimmed().toHtmlEscaped()));
+}
+
+// --- window events
+
+void MainForm::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  Layout();
+}
+
+void MainForm::Layout() {
+  const int width = centralWidget()->width();
+  const int height = centralWidget()->height() + statusBar()->height();
+  if (width < SmallestLayout || height < SmallestLayout) return;
+
+  frInstruct1_->move((width - frInstruct1_->width()) / 2, (height - frInstruct1_->height()) / 2);
+  const int canvasHeight = height - statusBar()->height();
+  picDraw_->setGeometry(0, 0, width + 1, canvasHeight);
+  for (QWidget* panel : std::initializer_list<QWidget*>{picToolBox_, picStep2_, picStep3_}) {
+    panel->setGeometry(0, 0, width + 1, StepPanelHeight);
+  }
+  statusPanels_[0]->setGeometry(0, 0, width - 140, statusBar()->height());
+  statusPanels_[1]->setGeometry(width - 140, 0, 120, statusBar()->height());
+  for (const StepNavigation& navigation : navigation_) navigation.Layout(width);
+
+  bounds_ = CanvasBounds{.PixL = 48,
+                         .PixR = static_cast<float>(width - 52),
+                         .PixT = 70,
+                         .PixB = static_cast<float>(canvasHeight - 33)};
+  on_.Document.View = DeriveView(on_.Document.Settings, bounds_);
+  Redraw();
+}
+
+void MainForm::closeEvent(QCloseEvent* event) {
+  lifecycle_->Unload();
+  report_->close();
+  event->accept();
+}
+
+void MainForm::dragEnterEvent(QDragEnterEvent* event) {
+  if (mnuFile_->menuAction()->isEnabled() && !DroppedFile(event->mimeData()).isEmpty()) {
+    event->acceptProposedAction();
+  }
+}
+
+void MainForm::dropEvent(QDropEvent* event) {
+  const QString path = DroppedFile(event->mimeData());
+  if (path.isEmpty()) return;
+  event->acceptProposedAction();
+  lifecycle_->OpenPath(path.toStdString());
+  AfterOpening();
+}

@@ -1,0 +1,116 @@
+// The main window: menus, the canvas, a panel for each of the three steps, the status bar. It wires the parts
+// together and shows what they decide.
+#pragma once
+
+#include <QLabel>
+#include <QMainWindow>
+#include <array>
+#include <memory>
+
+#include "app/StepPanels.h"
+#include "app/Steps.h"
+#include "canvas/CanvasWidget.h"
+#include "canvas/Drawing.h"
+#include "document/DocumentLifecycle.h"
+#include "document/RecentFiles.h"
+#include "editing/ToolBox.h"
+#include "editing/ToolPalette.h"
+#include "platform/NumberFormat.h"
+#include "platform/qt/QtTextMeasure.h"
+
+class InstructionFrame;
+class JointEquationsPanel;
+class ReportWindow;
+
+class MainForm final : public QMainWindow, private DocumentWindow {
+  Q_OBJECT
+
+ public:
+  /// What the window works with; all of it must outlive the window.
+  struct Partners {
+    Truss& Document;
+    SettingsStore& Store;
+    MessageBox& Messages;
+    FileChooser& Chooser;
+    NumberFormat Numbers;
+    std::string ProgramDirectory;  ///< UTF-8, without a separator at its end
+  };
+
+  explicit MainForm(const Partners& partners);
+  ~MainForm() override;
+
+  /// Opens a file at start-up, without the instruction frame; with `autoName` everything is named too.
+  void OpenAtStart(const std::string& path, bool autoName);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+ private:
+  // DocumentWindow
+  void DocumentEmptied() override;
+  void ShowCaption(const std::string& caption) override;
+  void Redraw() override;
+
+  void CreateCanvasAndPanels();
+  void CreateToolPanel();
+  void CreateNamePanel();
+  void CreateReportPanel();
+  void CreateStatusBar();
+  void CreateMenus();
+  void CreateFileMenu();
+  void CreateHelpMenu();
+  void CreateShortcuts();
+  void PlaceOnScreen();
+  void Layout();
+
+  void cmdOKInstruct1_Click();
+  void cmdNext1_Click();
+  void cmdPrev2_Click();
+  void cmdNext2_Click();
+  void cmdPrev3_Click();
+  void cmdAutoName_Click(int index);
+  void lblRodJoint_Click(int label);
+  void mnuFile_Click();
+  void mnuSettings_Click();
+  void mnuFilePrint_Click();
+  void ShowHelp(const QString& topic);
+  void ShowReport(int report);
+
+  void RenameLabel(LabelIndex label);
+  void ShowJointEquations(LabelIndex label);
+  void ShowStep();
+  void UpdateFileMenu();
+  void SetStatus(const QString& text);
+  void AfterOpening();
+  void LeaveInstructions();
+
+  Partners on_;
+  Drawing drawing_;
+  CanvasBounds bounds_;
+  QtTextMeasure measure_;
+  Steps steps_;
+  ToolPalette tools_;
+  RecentFiles recent_;
+  std::unique_ptr<DocumentLifecycle> lifecycle_;
+
+  CanvasWidget* picDraw_ = nullptr;
+  ToolBox* picToolBox_ = nullptr;
+  QFrame* picStep2_ = nullptr;
+  QFrame* picStep3_ = nullptr;
+  std::array<StepNavigation, 3> navigation_;
+  InstructionFrame* frInstruct1_ = nullptr;
+  JointEquationsPanel* jointPanel_ = nullptr;
+  std::unique_ptr<ReportWindow> report_;
+  std::array<QLabel*, 2> statusPanels_{};
+  QMenu* mnuFile_ = nullptr;
+  QAction* mnuSettings_ = nullptr;
+  QAction* mnuFileSave_ = nullptr;
+  QAction* mnuFileSaveAs_ = nullptr;
+  QAction* mnuFilePrint_ = nullptr;
+  std::array<QAction*, RecentFiles::Count + 1> mnuRecentFile_{};
+  std::shared_ptr<const TrussAnalysis> shownAnalysis_;  // what the report window shows
+  bool showingMessages_ = false;
+};

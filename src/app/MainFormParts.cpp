@@ -1,0 +1,230 @@
+// How the main window is put together: canvas, step panels, status bar, menus and shortcuts.
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+#include <QShortcut>
+#include <QStatusBar>
+
+#include "app/AboutForm.h"
+#include "app/InstructionFrame.h"
+#include "app/MainForm.h"
+#include "reports/JointEquationsPanel.h"
+#include "reports/ReportWindow.h"
+
+namespace {
+
+constexpr int StartWidth = 566;  // pixels: 8490 twips
+constexpr int StartHeight = 600;
+constexpr int ReportOffset = 60;  // the report window stands this far right of and below the main window
+
+}  // namespace
+
+MainForm::MainForm(const Partners& partners) : on_(partners), recent_(partners.Store) {
+  setObjectName(QStringLiteral("MainForm"));
+  setAcceptDrops(true);
+  CreateCanvasAndPanels();
+  CreateStatusBar();
+  CreateMenus();
+  CreateShortcuts();
+  report_ = std::make_unique<ReportWindow>(on_.Numbers);
+  lifecycle_ = std::make_unique<DocumentLifecycle>(
+      DocumentLifecycle::Partners{on_.Document, bounds_, recent_, on_.Messages, on_.Chooser, *this},
+      on_.ProgramDirectory);
+  ShowCaption(MainWindowCaption(on_.Document.FileName));
+  ShowStep();
+  PlaceOnScreen();
+}
+
+MainForm::~MainForm() = default;
+
+void MainForm::PlaceOnScreen() {
+  resize(StartWidth, StartHeight);
+  const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+  const QPoint corner(screen.left() + (screen.width() - StartWidth) / 2, screen.top() + screen.height() / 20);
+  move(corner);
+  report_->move(corner + QPoint(ReportOffset, ReportOffset));
+}
+
+void MainForm::CreateCanvasAndPanels() {
+  auto* inner = new QWidget(this);
+  setCentralWidget(inner);
+  picDraw_ = new CanvasWidget(on_.Document, drawing_, inner);
+  connect(picDraw_, &CanvasWidget::LabelActivated, this, &MainForm::lblRodJoint_Click);
+  CreateToolPanel();
+  CreateNamePanel();
+  CreateReportPanel();
+
+  jointPanel_ = new JointEquationsPanel(picDraw_);
+  jointPanel_->move(60, StepPanelHeight + 34);
+  frInstruct1_ = new InstructionFrame(inner);
+  connect(frInstruct1_, &InstructionFrame::Dismissed, this, &MainForm::cmdOKInstruct1_Click);
+  for (QWidget* widget : std::initializer_list<QWidget*>{picDraw_, picToolBox_, picStep2_, picStep3_}) {
+    widget->setEnabled(false);
+  }
+}
+
+void MainForm::CreateToolPanel() {
+  picToolBox_ = new ToolBox(tools_, centralWidget());
+  picToolBox_->setAutoFillBackground(true);
+  connect(picToolBox_, &ToolBox::HintShown, this, &MainForm::SetStatus);
+  connect(picToolBox_, &ToolBox::ToolSelected, this, [this] {
+    HidePanelAndHandles(drawing_);
+    drawing_.SupportsEnabled = true;
+    picDraw_->ShowDrawing();
+  });
+  StepNavigation& navigation = navigation_[0];
+  navigation.CaptionLeft = 264;
+  navigation.Caption = AddStepCaption(picToolBox_, QStringLiteral("Label9"), tr("Step 1\nDesign the truss"));
+  navigation.Next = AddStepButton(picToolBox_, QStringLiteral("cmdNext1"), tr("&Next >"),
+                                  tr("Go to Step 2: name the forces and joints (Alt+Right)"));
+  connect(navigation.Next, &QPushButton::clicked, this, &MainForm::cmdNext1_Click);
+}
+
+void MainForm::CreateNamePanel() {
+  picStep2_ = new QFrame(centralWidget());
+  picStep2_->setObjectName(QStringLiteral("picStep2"));
+  picStep2_->setAutoFillBackground(true);
+  QPushButton* autoName = AddPanelButton(picStep2_, QStringLiteral("cmdAutoName(1)"), tr("&AutoName"),
+                                         tr("Let the program name the forces and number the joints"), 8, 98);
+  QPushButton* clearNames = AddPanelButton(picStep2_, QStringLiteral("cmdAutoName(2)"), tr("&Clear Names"),
+                                           tr("Clear all the names"), 110, 98);
+  connect(autoName, &QPushButton::clicked, this, [this] { cmdAutoName_Click(1); });
+  connect(clearNames, &QPushButton::clicked, this, [this] { cmdAutoName_Click(2); });
+  StepNavigation& navigation = navigation_[1];
+  navigation.CaptionLeft = 217;
+  navigation.Caption = AddStepCaption(picStep2_, QStringLiteral("Label10"), tr("Step 2\nName forces and joints"));
+  navigation.Prev = AddStepButton(picStep2_, QStringLiteral("cmdPrev2"), tr("< &Back"),
+                                  tr("Go back to Step 1: design the truss (Alt+Left)"));
+  navigation.Next = AddStepButton(picStep2_, QStringLiteral("cmdNext2"), tr("&Next >"),
+                                  tr("Go to Step 3: view the reports (Alt+Right)"));
+  connect(navigation.Prev, &QPushButton::clicked, this, &MainForm::cmdPrev2_Click);
+  connect(navigation.Next, &QPushButton::clicked, this, &MainForm::cmdNext2_Click);
+}
+
+void MainForm::CreateReportPanel() {
+  picStep3_ = new QFrame(centralWidget());
+  picStep3_->setObjectName(QStringLiteral("picStep3"));
+  picStep3_->setAutoFillBackground(true);
+  struct Button {
+    const char* Name;
+    const char* Text;
+    const char* ToolTip;
+  };
+  static constexpr std::array<Button, 4> buttons = {{
+      {"cmdReportCounting", "&Counting", "How many unknown forces and how many equations there are"},
+      {"cmdReportSystemEqs", "&Equations", "The augmented matrix of the equilibrium equations"},
+      {"cmdReportRREF", "&RREF", "The matrix in reduced row echelon form"},
+      {"cmdReportSolutions", "So&lutions", "The values of the forces, and what they mean"},
+  }};
+  constexpr int width = 76;
+  for (int i = 0; i < 4; ++i) {
+    const Button& button = buttons[static_cast<std::size_t>(i)];
+    QPushButton* control = AddPanelButton(picStep3_, QString::fromLatin1(button.Name), tr(button.Text),
+                                          tr(button.ToolTip), 8 + i * (width + 2), width);
+    connect(control, &QPushButton::clicked, this, [this, i] { ShowReport(i + 1); });
+  }
+  StepNavigation& navigation = navigation_[2];
+  navigation.CaptionLeft = 321;
+  navigation.Caption = AddStepCaption(picStep3_, QStringLiteral("Label11"), tr("Step 3\nView reports"));
+  navigation.Prev = AddStepButton(picStep3_, QStringLiteral("cmdPrev3"), tr("< &Back"),
+                                  tr("Go back to Step 2: name the forces and joints (Alt+Left)"));
+  connect(navigation.Prev, &QPushButton::clicked, this, &MainForm::cmdPrev3_Click);
+}
+
+void MainForm::CreateStatusBar() {
+  statusBar()->setObjectName(QStringLiteral("StatusBar1"));
+  // The longest texts need two lines in the window as it starts.
+  statusBar()->setFixedHeight(2 * fontMetrics().height() + 6);
+  for (int i = 1; i <= 2; ++i) {
+    auto* panel = new QLabel(statusBar());
+    panel->setObjectName(QStringLiteral("StatusBar1(%1)").arg(i));
+    panel->setTextFormat(Qt::PlainText);
+    panel->setWordWrap(i == 1);
+    panel->setAlignment(Qt::AlignVCenter | (i == 1 ? Qt::AlignLeft : Qt::AlignRight));
+    panel->setContentsMargins(4, 0, 4, 0);
+    statusPanels_[static_cast<std::size_t>(i - 1)] = panel;
+  }
+}
+
+void MainForm::CreateMenus() {
+  CreateFileMenu();
+  mnuSettings_ = menuBar()->addAction(tr("&Settings"), this, &MainForm::mnuSettings_Click);
+  mnuSettings_->setObjectName(QStringLiteral("mnuSettings"));
+  CreateHelpMenu();
+  mnuFile_->menuAction()->setEnabled(false);
+  mnuSettings_->setEnabled(false);
+}
+
+void MainForm::CreateFileMenu() {
+  mnuFile_ = menuBar()->addMenu(tr("&File"));
+  mnuFile_->setObjectName(QStringLiteral("mnuFile"));
+  connect(mnuFile_, &QMenu::aboutToShow, this, &MainForm::mnuFile_Click);
+  connect(mnuFile_, &QMenu::aboutToHide, this, &MainForm::ShowStep);
+  const auto add = [this](const char* name, const QString& text, QKeySequence keys, auto handler) {
+    QAction* action = mnuFile_->addAction(text);
+    action->setObjectName(QString::fromLatin1(name));
+    action->setShortcut(keys);
+    connect(action, &QAction::triggered, this, handler);
+    return action;
+  };
+  add("mnuFileNew", tr("&New truss"), QKeySequence::New, [this] {
+    lifecycle_->NewFile();
+    AfterOpening();
+  });
+  add("mnuFileOpen", tr("&Open an existing truss ..."), QKeySequence::Open, [this] {
+    lifecycle_->OpenFile();
+    AfterOpening();
+  });
+  mnuFileSave_ = add("mnuFileSave", QString(), QKeySequence::Save, [this] { lifecycle_->SaveFile(); });
+  mnuFileSaveAs_ = add("mnuFileSaveAs", QString(), QKeySequence(), [this] {
+    lifecycle_->SaveFileAs();
+    UpdateFileMenu();
+  });
+  mnuFilePrint_ = add("mnuFilePrint", tr("&Print the report ..."), QKeySequence::Print,
+                      [this] { mnuFilePrint_Click(); });
+  mnuRecentFile_[0] = mnuFile_->addSeparator();
+  mnuRecentFile_[0]->setObjectName(QStringLiteral("mnuRecentFile(0)"));
+  for (int entry = 1; entry <= RecentFiles::Count; ++entry) {
+    QAction* action = mnuFile_->addAction(QString(), this, [this, entry] {
+      lifecycle_->OpenRecentFile(entry);
+      AfterOpening();
+    });
+    action->setObjectName(QStringLiteral("mnuRecentFile(%1)").arg(entry));
+    mnuRecentFile_[static_cast<std::size_t>(entry)] = action;
+  }
+  mnuFile_->addSeparator();
+  add("mnuFileExit", tr("E&xit"), QKeySequence::Quit, [this] { close(); });
+}
+
+void MainForm::CreateHelpMenu() {
+  QMenu* menu = menuBar()->addMenu(tr("&Help"));
+  menu->setObjectName(QStringLiteral("mnuHelp"));
+  const auto add = [this, menu](const char* name, const QString& text, auto handler) {
+    QAction* action = menu->addAction(text);
+    action->setObjectName(QString::fromLatin1(name));
+    connect(action, &QAction::triggered, this, handler);
+    return action;
+  };
+  add("mnuHelpProgram", tr("Help on the &program"), [this] { ShowHelp(QStringLiteral("index.htm")); })
+      ->setShortcut(QKeySequence::HelpContents);
+  add("mnuHelpTrusses", tr("Help on &trusses"),
+      [this] { ShowHelp(QStringLiteral("truss help/truss_theory.htm")); });
+  add("mnuHelpMath", tr("Help on the &mathematics"),
+      [this] { ShowHelp(QStringLiteral("gauss help/backgd3.htm")); });
+  menu->addSeparator();
+  add("mnuHelpAbout", tr("&About Orvane"), [this] { AboutForm(this).exec(); });
+}
+
+void MainForm::CreateShortcuts() {
+  const auto addStep = [this](const QKeySequence& keys, bool forward) {
+    auto* shortcut = new QShortcut(keys, this);
+    connect(shortcut, &QShortcut::activated, this, [this, forward] {
+      const StepNavigation& navigation = navigation_[static_cast<std::size_t>(steps_.Current() - 1)];
+      QPushButton* button = forward ? navigation.Next : navigation.Prev;
+      if (button != nullptr && button->isEnabled()) button->click();
+    });
+  };
+  addStep(QKeySequence(Qt::ALT | Qt::Key_Right), true);
+  addStep(QKeySequence(Qt::ALT | Qt::Key_Left), false);
+}

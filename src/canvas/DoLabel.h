@@ -1,0 +1,31 @@
+// The names and arrows that stand beside members and supports, and the names of joints: making them, placing
+// them, taking them away.
+#pragma once
+
+#include <cstdint>
+
+#include "canvas/Drawing.h"
+#include "platform/TextMeasure.h"
+
+enum class LabelMode : std::int16_t { Create = 1, Place = 2 };
+enum class LabelClass : std::int16_t { Member = 1, Support = 2 };
+
+/// Creates the labels and arrow segments of an element, hidden, or places those that it has by its line or
+/// picture on the drawing. Returns false, and changes nothing, when a counter of the truss would pass
+/// MaxCount.
+[[nodiscard]] bool DoLabel(Drawing& drawing, Truss& truss, const TextMeasure& measure, LabelMode mode,
+                           LabelClass labelClass, int index);
+
+/// Hides the labels and arrows of an erased element and tags them, so that they are never shown for it again.
+void RemoveLabels(Drawing& drawing, Truss& truss, LabelClass labelClass, int index);
+
+/// Places the labels and arrows of all live elements: supports in order, then members. Each label placed
+/// stands in front of those before it.
+void PlaceElementLabels(Drawing& drawing, const Truss& truss, const TextMeasure& measure);
+
+/// Places the name of each joint with its top left corner at the joint.
+void PlaceJointLabels(Drawing& drawing, const Truss& truss, const TextMeasure& measure);
+
+/// Brings the truss's joint list up to date and places the joints' names. Returns false, with the old joints
+/// and their names in place, when CheckJoints refuses.
+[[nodiscard]] bool RefreshJoints(Drawing& drawing, Truss& truss, const TextMeasure& measure);

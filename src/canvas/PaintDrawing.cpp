@@ -1,0 +1,87 @@
+// One procedure for each layer, from back to front.
+#include "canvas/PaintDrawing.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "canvas/SupportPicture.h"
+
+namespace {
+
+using RectangleCorners = std::array<PixelPoint, 4>;
+
+RectangleCorners Rectangle(float left, float top, float width, float height) {
+  const float x1 = OntoPaper(left);
+  const float y1 = OntoPaper(top);
+  const float x2 = OntoPaper(left + width);
+  const float y2 = OntoPaper(top + height);
+  return {{{x1, y1}, {x2, y1}, {x2, y2}, {x1, y2}}};
+}
+
+void PaintRods(Surface& surface, const Drawing& drawing, const Truss& truss) {
+  surface.SetLineWidth(RodLineWidth);
+  for (int i = 1; i <= truss.NumMembers; ++i) {
+    if (IsRodShown(drawing, truss, i)) DrawLine(surface, drawing.Rod[i]);
+  }
+  surface.SetLineWidth(1);
+}
+
+void PaintPin(Surface& surface, PixelPoint topLeft) {
+  constexpr float radius = PinSize / 2;
+  PaintCircle(surface, OntoPaper(topLeft.X + radius), OntoPaper(topLeft.Y + radius), radius, White);
+}
+
+void PaintPins(Surface& surface, const Drawing& drawing, const Truss& truss) {
+  for (int i = 1; i <= truss.NumMembers; ++i) {
+    if (!IsRodShown(drawing, truss, i) || !HasPins(drawing, i)) continue;
+    PaintPin(surface, drawing.Pin1[i]);
+    PaintPin(surface, drawing.Pin2[i]);
+  }
+}
+
+void PaintSupports(Surface& surface, const Drawing& drawing, const Truss& truss) {
+  for (int i = 1; i <= truss.NumSupports; ++i) {
+    if (!IsSupportShown(drawing, truss, i)) continue;
+    PaintSupportPicture(surface, truss.Supports[i].TypeIndex, drawing.Support[i].X, drawing.Support[i].Y);
+  }
+}
+
+void PaintArrows(Surface& surface, const Drawing& drawing) {
+  for (const ArrowSegment& segment : drawing.ArLin.First(drawing.ArLin.Size())) {
+    if (segment.Visible) DrawLine(surface, segment.Line);
+  }
+}
+
+void PaintLabels(Surface& surface, const Drawing& drawing, const Truss& truss) {
+  std::vector<int> visible;
+  for (int i = 1; i <= drawing.lblRodJoint.Size(); ++i) {
+    if (drawing.lblRodJoint[i].Visible) visible.push_back(i);
+  }
+  std::ranges::sort(visible, {}, [&drawing](int i) { return drawing.lblRodJoint[i].Rank; });
+  for (const int i : visible) {
+    const LabelPlace& place = drawing.lblRodJoint[i];
+    const NameLabel& name = truss.Labels[i];
+    surface.FillPolygon(Rectangle(place.Left, place.Top, place.Width, place.Height), White);
+    surface.SetFont({.Points = name.FontSize, .Bold = name.Bold});
+    surface.PrintText(OntoPaper(place.Left), OntoPaper(place.Top), name.Caption);
+  }
+  surface.SetFont(TextFont{});
+}
+
+void PaintHandle(Surface& surface, const MoveHandle& handle, float size) {
+  if (handle.Visible) surface.FillPolygon(Rectangle(handle.Left, handle.Top, size, size), Black);
+}
+
+}  // namespace
+
+void PaintDrawing(Surface& surface, const Drawing& drawing, const Truss& truss) {
+  surface.SetForeground(Black);
+  PaintRods(surface, drawing, truss);
+  PaintPins(surface, drawing, truss);
+  PaintSupports(surface, drawing, truss);
+  PaintArrows(surface, drawing);
+  PaintLabels(surface, drawing, truss);
+  PaintHandle(surface, drawing.MoveHandleB, MoveHandleBSize);
+  PaintHandle(surface, drawing.MoveHandleS, MoveHandleSSize);
+}

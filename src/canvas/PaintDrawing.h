@@ -1,0 +1,13 @@
+// Painting the lasting objects of a drawing on any surface: members, pins, supports, arrows, labels and
+// handles, each kind in front of those before it.
+#pragma once
+
+#include "canvas/Drawing.h"
+#include "platform/Surface.h"
+
+/// Pixels; members are drawn stronger than rulers and arrows, which are one pixel wide.
+inline constexpr int RodLineWidth = 2;
+
+/// Paints what is visible over what the surface holds; ink is black, names stand on white so that they can be
+/// read where a member passes beneath. Leaves a black foreground, a line width of 1 and the font TextFont{}.
+void PaintDrawing(Surface& surface, const Drawing& drawing, const Truss& truss);

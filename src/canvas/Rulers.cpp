@@ -1,0 +1,118 @@
+// Horizontal and vertical rulers differ in where a tick and a text go; the walk along them is the same.
+#include "canvas/Rulers.h"
+
+#include <cmath>
+
+#include "canvas/Paper.h"
+#include "text/NumberText.h"
+
+namespace {
+
+bool IsHorizontal(std::int16_t side) { return side == BottomSide || side == TopSide; }
+
+void Print(Surface& surface, double left, double top, const std::string& text) {
+  surface.PrintText(OntoPaper(FiniteSingle(left)), OntoPaper(FiniteSingle(top)), text);
+}
+
+void DrawTick(Surface& surface, const RulerAxis& axis, std::int16_t side, double offset, float tickLength) {
+  if (IsHorizontal(side)) {
+    const float x = FiniteSingle(axis.X + offset);
+    DrawLine(surface, {x, axis.Y, x, axis.Y + static_cast<float>(2 * side - 3) * tickLength});
+  } else {
+    const float y = FiniteSingle(axis.Y - offset);
+    DrawLine(surface, {axis.X, y, axis.X + static_cast<float>(2 * side - 7) * tickLength, y});
+  }
+}
+
+// Numbers stand outside the frame, a quarter of a text height away from the axis.
+void PrintNumber(Surface& surface, const RulerAxis& axis, std::int16_t side, double offset,
+                 const std::string& text) {
+  const TextExtent extent = surface.Extent(text);
+  const double width = extent.Width;
+  const double height = extent.Height;
+  if (IsHorizontal(side)) {
+    Print(surface, axis.X + offset - width / 2, axis.Y + (1.75 - 1.5 * side) * height, text);
+  } else {
+    Print(surface, axis.X + (1.75 - 0.5 * side) * height + (3 - side) * width, axis.Y - offset - height / 2,
+          text);
+  }
+}
+
+void PrintCaption(Surface& surface, const RulerAxis& axis, std::int16_t side, const RulerStyle& style) {
+  const std::string& caption = style.Caption;
+  const TextExtent extent = surface.Extent(caption);
+  const double width = extent.Width;
+  const double height = extent.Height;
+  const double x = axis.X;
+  const double y = axis.Y;
+  const double length = axis.Length;
+  if (IsHorizontal(side)) {
+    if (style.CentreCaption) {
+      const double down = side == BottomSide ? 1.75 : -2.7;
+      Print(surface, x + length / 2 - width / 2, y + down * height, caption);
+    } else {
+      Print(surface, x + length + height / 2, y - 0.6 * height, caption);
+    }
+  } else if (style.CentreCaption) {
+    const double right =
+        side == RightSide ? surface.Extent("    ").Width : -surface.Extent("    " + caption).Width;
+    Print(surface, x + right, y - length / 2 - 0.7 * height, caption);
+  } else {
+    Print(surface, x - width / 2, y - length - 1.75 * height, caption);
+  }
+}
+
+}  // namespace
+
+void ShowRulers(Surface& surface, const Graph& graph, const DocumentSettings& settings,
+                const DerivedView& view, const NumberFormat& numbers) {
+  const float hatchSpacing = FiniteSingle(ValueOf(settings.HatchSpacing));
+  RulerStyle alongX;
+  alongX.NumIntervals = view.HatchCountX;
+  alongX.Decimals = DecimalPlaces(hatchSpacing, settings.XMin, numbers);
+  alongX.Numbers = numbers;
+  RulerStyle alongY = alongX;
+  alongY.NumIntervals = view.HatchCountY;
+  alongY.Decimals = DecimalPlaces(hatchSpacing, settings.YMin, numbers);
+
+  RulerOnSide(surface, graph, BottomSide, alongX);
+  RulerOnSide(surface, graph, TopSide, alongX);
+  RulerOnSide(surface, graph, RightSide, alongY);
+  RulerOnSide(surface, graph, LeftSide, alongY);
+}
+
+void RulerOnSide(Surface& surface, const Graph& graph, std::int16_t side, const RulerStyle& style) {
+  const auto spacing = [&style](float first, float last) {
+    if (style.NumIntervals == 0) return 0.0F;
+    return FiniteSingle((double{last} - double{first}) / double{style.NumIntervals});
+  };
+  RulerAxis axis;
+  if (IsHorizontal(side)) {
+    axis = {graph.PixelX1, side == BottomSide ? graph.PixelY1 : graph.PixelY2, graph.PixelX2 - graph.PixelX1,
+            graph.WorldX1, spacing(graph.WorldX1, graph.WorldX2)};
+  } else if (side == RightSide || side == LeftSide) {
+    axis = {side == RightSide ? graph.PixelX2 : graph.PixelX1, graph.PixelY1, graph.PixelY1 - graph.PixelY2,
+            graph.WorldY1, spacing(graph.WorldY1, graph.WorldY2)};
+  }
+  DrawRuler(surface, axis, side, style);
+}
+
+void DrawRuler(Surface& surface, const RulerAxis& axis, std::int16_t side, const RulerStyle& style) {
+  if (side < BottomSide || side > LeftSide) return;
+  DrawLine(surface, IsHorizontal(side) ? PixelLine{axis.X, axis.Y, axis.X + axis.Length, axis.Y}
+                                       : PixelLine{axis.X, axis.Y, axis.X, axis.Y - axis.Length});
+
+  const bool ticksCanBeSeen = style.NumIntervals != 0 && style.NumIntervals <= std::abs(axis.Length);
+  const int last = ticksCanBeSeen ? static_cast<int>(std::floor(std::max(style.NumIntervals, -1.0F))) : -1;
+  for (int k = 0; k <= last; ++k) {
+    const double offset = k * double{axis.Length} / double{style.NumIntervals};
+    // In single precision, step by step: three steps of 0.1 from -0.3 are then exactly 0.
+    const float step = static_cast<float>(k) * axis.Spacing;
+    const float value = step + axis.FirstValue;
+    DrawTick(surface, axis, side, offset, style.TickLength);
+    if (style.Decimals < 0 || (value == 0 && !style.LabelZero) || !std::isfinite(value)) continue;
+    PrintNumber(surface, axis, side, offset,
+                FixedText(value, style.Decimals, style.Numbers.DecimalSeparator));
+  }
+  PrintCaption(surface, axis, side, style);
+}

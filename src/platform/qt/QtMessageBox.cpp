@@ -1,0 +1,53 @@
+// See the header.
+#include "platform/qt/QtMessageBox.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+namespace {
+
+// A run of characters without a blank that is longer than this (a path, as a rule) may be broken anywhere,
+// else it would make the box wider than the screen.
+constexpr int LongRun = 60;
+constexpr QChar ZeroWidthSpace{0x200B};
+
+QString WithLongRunsBreakable(const QString& text) {
+  QString result;
+  int run = 0;
+  for (const QChar character : text) {
+    run = character.isSpace() ? 0 : run + 1;
+    if (run > LongRun && !character.isLowSurrogate()) result += ZeroWidthSpace;
+    result += character;
+  }
+  return result;
+}
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::Information: return QMessageBox::Information;
+    case MessageIcon::Exclamation: return QMessageBox::Warning;
+    case MessageIcon::Critical: return QMessageBox::Critical;
+    case MessageIcon::None: break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+}  // namespace
+
+MessageAnswer QtMessageBox::Show(const Message& message) {
+  QWidget* dialog = QApplication::activeModalWidget();
+  QMessageBox box(dialog != nullptr ? dialog : parent_);
+  box.setWindowTitle(QString::fromStdString(message.Title));
+  box.setIcon(IconOf(message.Icon));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(WithLongRunsBreakable(QString::fromStdString(message.Text)));
+  if (message.Buttons == MessageButtons::Ok) {
+    box.setStandardButtons(QMessageBox::Ok);
+    box.exec();
+    return MessageAnswer::Ok;
+  }
+  box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+  box.setDefaultButton(QMessageBox::Yes);
+  box.setEscapeButton(QMessageBox::No);
+  return box.exec() == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
+}

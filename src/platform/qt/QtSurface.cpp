@@ -1,0 +1,101 @@
+// Lines along an axis are painted without smoothing, so that they are as sharp as the pixels; sloping lines are
+// smoothed, but not with the exclusive-or pen, whose second stroke must take back exactly what the first did.
+#include "platform/qt/QtSurface.h"
+
+#include <QPolygonF>
+#include <cmath>
+
+#include "platform/Palette.h"
+#include "platform/qt/QtTextMeasure.h"
+
+namespace {
+
+QColor ColourOf(int paletteIndex) {
+  const PaletteColour& colour = Palette[static_cast<std::size_t>(paletteIndex) % Palette.size()];
+  return QColor(colour.Red, colour.Green, colour.Blue);
+}
+
+// The centre of the pixel that covers a coordinate.
+QPointF PixelCentre(double x, double y) { return QPointF(std::floor(x) + 0.5, std::floor(y) + 0.5); }
+
+}  // namespace
+
+QFont CanvasFont(const TextFont& font) {
+  QFont qtFont(QStringLiteral("Arial"));
+  qtFont.setPixelSize(static_cast<int>(std::lround(font.Points * 96 / 72)));
+  qtFont.setBold(font.Bold);
+  return qtFont;
+}
+
+QtSurface::QtSurface(QPainter& painter, const QRectF& clearArea) 
+    : painter_(painter), clearArea_(clearArea), metrics_(painter.font()) {
+  SetForeground(Black);
+  SetFont(TextFont{});
+}
+
+void QtSurface::Clear() { painter_.fillRect(clearArea_, Qt::white); }
+
+void QtSurface::SetPixel(float x, float y) {
+  painter_.fillRect(QRectF(std::round(double{x}), std::round(double{y}), 1, 1), foreground_);
+}
+
+void QtSurface::Line(float x1, float y1, float x2, float y2) {
+  current_ = QPointF(double{x1}, double{y1});
+  LineTo(x2, y2);
+}
+
+void QtSurface::LineTo(float x, float y) {
+  const QPointF end(double{x}, double{y});
+  const bool alongAxis = current_.x() == end.x() || current_.y() == end.y();
+  painter_.setRenderHint(QPainter::Antialiasing, !alongAxis && !exclusiveOr_);
+  if (alongAxis) {
+    painter_.drawLine(PixelCentre(current_.x(), current_.y()), PixelCentre(end.x(), end.y()));
+  } else {
+    painter_.drawLine(current_ + QPointF(0.5, 0.5), end + QPointF(0.5, 0.5));
+  }
+  current_ = end;
+}
+
+void QtSurface::FillPolygon(std::span<const PixelPoint> corners, int paletteIndex) {
+  QPolygonF polygon;
+  polygon.reserve(static_cast<qsizetype>(corners.size()));
+  for (const PixelPoint& corner : corners) polygon << QPointF(double{corner.X} + 0.5, double{corner.Y} + 0.5);
+  painter_.setRenderHint(QPainter::Antialiasing, !exclusiveOr_);
+  painter_.setPen(Qt::NoPen);
+  painter_.setBrush(ColourOf(paletteIndex));
+  painter_.drawPolygon(polygon);
+  ApplyPen();
+}
+
+void QtSurface::SetLineWidth(int pixels) {
+  lineWidth_ = pixels;
+  ApplyPen();
+}
+
+void QtSurface::SetForeground(int paletteIndex) {
+  foreground_ = ColourOf(paletteIndex);
+  ApplyPen();
+}
+
+void QtSurface::SetPen(Pen pen) {
+  exclusiveOr_ = pen == Pen::ExclusiveOr;
+  painter_.setCompositionMode(exclusiveOr_ ? QPainter::RasterOp_SourceXorDestination
+                                           : QPainter::CompositionMode_SourceOver);
+}
+
+void QtSurface::SetFont(const TextFont& font) {
+  painter_.setFont(CanvasFont(font));
+  metrics_ = QFontMetricsF(painter_.font());
+}
+
+TextExtent QtSurface::Extent(std::string_view text) { return ExtentOf(metrics_, text); }
+
+void QtSurface::PrintText(float left, float top, std::string_view text) {
+  painter_.setPen(foreground_);
+  painter_.drawText(QPointF(double{left}, double{top} + metrics_.ascent()), CanvasText(text));
+  ApplyPen();
+}
+
+void QtSurface::ApplyPen() {
+  painter_.setPen(QPen(foreground_, lineWidth_, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+}

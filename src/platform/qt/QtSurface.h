@@ -1,0 +1,43 @@
+// A surface on anything that a QPainter paints on: the canvas's backing image, the window itself, a printed
+// page.
+#pragma once
+
+#include <QFont>
+#include <QFontMetricsF>
+#include <QPainter>
+
+#include "platform/Surface.h"
+
+/// The drawing's font (Arial) in one of its sizes. Points are those of a 96 dpi screen whatever the screen is,
+/// so that a drawing looks the same everywhere; device pixel ratios are the painter's business.
+QFont CanvasFont(const TextFont& font);
+
+class QtSurface final : public Surface {
+ public:
+  /// Paints with a painter that is active as long as this object; `clearArea` is what Clear fills, in the
+  /// painter's coordinates.
+  QtSurface(QPainter& painter, const QRectF& clearArea);
+
+  void Clear() override;
+  void SetPixel(float x, float y) override;
+  void Line(float x1, float y1, float x2, float y2) override;
+  void LineTo(float x, float y) override;
+  void FillPolygon(std::span<const PixelPoint> corners, int paletteIndex) override;
+  void SetLineWidth(int pixels) override;
+  void SetForeground(int paletteIndex) override;
+  void SetPen(Pen pen) override;
+  void SetFont(const TextFont& font) override;
+  TextExtent Extent(std::string_view text) override;
+  void PrintText(float left, float top, std::string_view text) override;
+
+ private:
+  void ApplyPen();
+
+  QPainter& painter_;
+  QRectF clearArea_;
+  QPointF current_;
+  QColor foreground_;
+  int lineWidth_ = 1;
+  bool exclusiveOr_ = false;
+  QFontMetricsF metrics_;
+};

@@ -1,0 +1,18 @@
+// The door between the program's single-byte texts and what a widget shows or gives back.
+#pragma once
+
+#include <QString>
+#include <string>
+
+/// A single-byte text (code page Windows-1252) as a widget takes it. Every byte has a character.
+QString ToQt(const std::string& singleByteText);
+
+/// What a widget gives back as a single-byte text. Characters outside the code page become "?".
+std::string FromQt(const QString& text);
+
+/// A text as it stands in one line: control characters (line breaks, tabs) are blanks.
+QString OneLine(QString text);
+
+/// A tool tip that shows the text as it is written, even if it looks like markup, and only the beginning of a
+/// very long one. Empty for an empty text.
+QString PlainToolTip(const QString& text);

@@ -1,0 +1,165 @@
+// See the header. A name is shown in one line, so line breaks and tabs in it never split a copied field.
+#include "reports/ReportGrid.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <algorithm>
+#include <numeric>
+#include <string>
+#include <unordered_map>
+#include <utility>
+
+#include "platform/qt/QtText.h"
+#include "reports/ReportGridParts.h"
+
+namespace {
+
+constexpr int MinColumnWidth = 30;  // pixels
+constexpr int TextPadding = 10;     // pixels
+
+// The toolkit adds up section sizes in an int and has a largest section.
+int LargestColumnWidth(int numColumns) {
+  constexpr int largestSum = 1 << 30;
+  constexpr int largestSection = (1 << 20) - 1;
+  return std::min(largestSection, largestSum / std::max(1, numColumns));
+}
+
+}  // namespace
+
+ReportGrid::ReportGrid(QWidget* parent) : QTableView(parent) {
+  setShowGrid(false);              // the cells draw their lines
+  setFrameShape(QFrame::NoFrame);  // the natural size leaves no room for one
+  setHorizontalHeader(new ReportHeader(Qt::Horizontal, this));
+  setVerticalHeader(new ReportHeader(Qt::Vertical, this));
+  setHorizontalScrollBar(new ThinScrollBar(Qt::Horizontal, this));
+  setVerticalScrollBar(new ThinScrollBar(Qt::Vertical, this));
+  setHorizontalScrollMode(ScrollPerPixel);
+  setVerticalScrollMode(ScrollPerPixel);
+  setItemDelegate(new ReportCellDelegate(this));
+  setEditTriggers(NoEditTriggers);
+  setSelectionMode(ContiguousSelection);
+  setTabKeyNavigation(false);
+  setWordWrap(false);
+  setModel(&model_);
+  if (auto* button = findChild<QAbstractButton*>({}, Qt::FindDirectChildrenOnly)) {
+    corner_ = new ReportCorner(model_, button);
+  }
+
+  auto* copy = new QAction(QStringLiteral("&Copy"), this);
+  copy->setShortcut(QKeySequence::Copy);
+  auto* copyWithHeaders = new QAction(QStringLiteral("Copy with &names"), this);
+  copyWithHeaders->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
+  auto* all = new QAction(QStringLiteral("Select &all"), this);
+  all->setShortcut(QKeySequence::SelectAll);
+  for (QAction* action : {copy, copyWithHeaders, all}) {
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    addAction(action);
+  }
+  setContextMenuPolicy(Qt::ActionsContextMenu);
+  connect(copy, &QAction::triggered, this, [this] { CopySelection(false); });
+  connect(copyWithHeaders, &QAction::triggered, this, [this] { CopySelection(true); });
+  connect(all, &QAction::triggered, this, &QTableView::selectAll);
+}
+
+void ReportGrid::SetTable(std::unique_ptr<ReportTable> table, int rowHeight) {
+  setUpdatesEnabled(false);
+  model_.SetTable(std::move(table));
+  if (corner_) corner_->setAccessibleName(model_.CornerText());
+  SetRowHeight(rowHeight);
+  horizontalScrollBar()->setValue(0);
+  verticalScrollBar()->setValue(0);
+  setUpdatesEnabled(true);
+}
+
+void ReportGrid::SetRowHeight(int rowHeight) {
+  if (!model_.Table()) return;
+  rowHeight_ = rowHeight;
+  MeasureColumns();
+
+  // With updates off the headers do not look for what to repaint after each section.
+  QHeaderView& columns = *horizontalHeader();
+  QHeaderView& rows = *verticalHeader();
+  columns.setUpdatesEnabled(false);
+  rows.setUpdatesEnabled(false);
+  columns.setDefaultSectionSize(MinColumnWidth);
+  for (int column = 0; column < columns.count(); ++column) {
+    columns.resizeSection(column, columnWidths_[static_cast<std::size_t>(column) + 1]);
+  }
+  rows.setDefaultSectionSize(rowHeight_);
+  columns.setFixedHeight(rowHeight_);
+  ShowHeaderColumn(columnWidths_.front());
+  columns.setUpdatesEnabled(true);
+  rows.setUpdatesEnabled(true);
+
+  naturalSize_ = QSize(std::accumulate(columnWidths_.begin(), columnWidths_.end(), 0),
+                       rowHeight_ * model_.Table()->NumRows());
+}
+
+void ReportGrid::MeasureColumns() {
+  const ReportTable& table = *model_.Table();
+  const QFontMetrics metrics = fontMetrics();
+  const int largest = LargestColumnWidth(table.NumColumns());
+  columnWidths_.assign(static_cast<std::size_t>(table.NumColumns()), MinColumnWidth);
+  std::unordered_map<std::string, int> widths;  // most cells of a matrix show one of a few texts
+  table.VisitCells([&](int row, int column) {
+    const auto [entry, isNew] = widths.try_emplace(table.Text(row, column), 0);
+    if (isNew) entry->second = metrics.horizontalAdvance(OneLine(ToQt(entry->first))) + TextPadding;
+    int& width = columnWidths_[static_cast<std::size_t>(column)];
+    width = std::min(largest, std::max(width, entry->second));
+  });
+}
+
+void ReportGrid::Clear() {
+  model_.SetTable(nullptr);
+  columnWidths_.clear();
+  naturalSize_ = QSize(0, 0);
+}
+
+int ReportGrid::NaturalColumnWidth(int column) const {
+  return columnWidths_[static_cast<std::size_t>(column)];
+}
+
+void ReportGrid::Fit(const GridFit& fit) {
+  setHorizontalScrollBarPolicy(fit.HorizontalBar ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+  setVerticalScrollBarPolicy(fit.VerticalBar ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+  const int width = std::max(0, static_cast<int>(fit.Width));
+  resize(width, std::max(0, static_cast<int>(fit.Height)));
+  if (columnWidths_.empty()) return;
+  // A very long joint name must not push the numbers out of the window.
+  const int largest = fit.HorizontalBar ? std::max(MinColumnWidth, width / 2) : columnWidths_.front();
+  ShowHeaderColumn(std::min(columnWidths_.front(), largest));
+}
+
+void ReportGrid::ShowHeaderColumn(int width) {
+  if (verticalHeader()->width() != width || verticalHeader()->minimumWidth() != width) {
+    verticalHeader()->setFixedWidth(width);
+    updateGeometries();
+  }
+}
+
+void ReportGrid::CopySelection(bool withHeaders) {
+  const QItemSelection ranges = selectionModel()->selection();
+  if (ranges.isEmpty()) return;
+  const QItemSelectionRange range = ranges.first();  // selections are contiguous
+  QApplication::setOverrideCursor(Qt::WaitCursor);   // a whole large matrix is millions of cells
+  QStringList lines;
+  if (withHeaders) {
+    QStringList names{OneLine(model_.CornerText())};
+    for (int column = range.left(); column <= range.right(); ++column) {
+      names.append(OneLine(model_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString()));
+    }
+    lines.append(names.join(QLatin1Char('\t')));
+  }
+  for (int row = range.top(); row <= range.bottom(); ++row) {
+    QStringList cells;
+    if (withHeaders) cells.append(OneLine(model_.headerData(row, Qt::Vertical, Qt::DisplayRole).toString()));
+    for (int column = range.left(); column <= range.right(); ++column) {
+      cells.append(OneLine(model_.data(model_.index(row, column), Qt::DisplayRole).toString()));
+    }
+    lines.append(cells.join(QLatin1Char('\t')));
+  }
+  QApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
+  QApplication::restoreOverrideCursor();
+}

@@ -1,0 +1,192 @@
+// See the header.
+#include "reports/ReportWindow.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QResizeEvent>
+#include <algorithm>
+#include <utility>
+
+#include "platform/qt/QtText.h"
+#include "reports/ReportGrid.h"
+#include "reports/ReportTables.h"
+
+namespace {
+
+// Pixels. The fitting rule leaves 32 beside the grid and 64 above and below it.
+constexpr int GridLeft = 16;
+constexpr int GridTop = 44;
+constexpr int HeadingTop = 12;
+constexpr int TextBoxMargin = 8;
+constexpr int RedundantLinesOffset = 60;  // below the height of the grid, from the top of the window
+
+QString RedundantConclusion() {
+  QStringList lines;
+  for (const char* line : RedundantLines) lines.append(QString::fromLatin1(line));
+  return lines.join(QLatin1Char('\n'));
+}
+
+QLabel* PlainLabel(const QString& name, QWidget* parent) {
+  auto* label = new QLabel(parent);
+  label->setObjectName(name);
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+}  // namespace
+
+ReportWindow::ReportWindow(NumberFormat numbers, QWidget* parent)
+    : QWidget(parent, Qt::Window),
+      numbers_(std::move(numbers)),
+      txtReport1_(new QPlainTextEdit(this)),
+      label17_(PlainLabel(QStringLiteral("Label17"), this)),
+      eqnGrid_(new ReportGrid(this)),
+      redundantLines_(PlainLabel(QStringLiteral("lblRedundant"), this)) {
+  setObjectName(QStringLiteral("Report"));
+  setWindowTitle(QStringLiteral("Report"));
+  setMinimumSize(200, 150);
+  resize(760, 540);
+
+  txtReport1_->setObjectName(QStringLiteral("txtReport1"));
+  txtReport1_->setReadOnly(true);
+  txtReport1_->setTabChangesFocus(true);
+  txtReport1_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  txtReport1_->setAccessibleName(QStringLiteral("Report text"));
+  txtReport1_->document()->setDocumentMargin(10);
+
+  eqnGrid_->setObjectName(QStringLiteral("EqnGrid"));
+  eqnGrid_->setToolTip(QStringLiteral("Select cells and press Ctrl+C to copy them"));
+  redundantLines_->setText(RedundantConclusion());
+  redundantLines_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+
+  auto* close = new QAction(QStringLiteral("Close"), this);
+  close->setShortcuts({QKeySequence(Qt::Key_Escape), QKeySequence(QKeySequence::Close)});
+  connect(close, &QAction::triggered, this, &QWidget::close);
+  addAction(close);
+
+  ChooseFontSet(fontSize_);
+  ShowText({});
+}
+
+void ReportWindow::ChooseFontSet(float pointSize) {
+  fontSize_ = pointSize;
+  // Row heights are pixels of a screen of 96 to the inch, so the letters are set to the same measure.
+  QFont font = this->font();
+  font.setPointSizeF(static_cast<double>(pointSize) * 96 / std::max(1, logicalDpiY()));
+  setFont(font);
+  txtReport1_->setFont(font);
+  eqnGrid_->setFont(font);
+  redundantLines_->setFont(font);
+  font.setBold(true);
+  label17_->setFont(font);
+  eqnGrid_->SetRowHeight(RowHeight());
+  LayOut();
+}
+
+int ReportWindow::RowHeight() const { return qRound(1.5F * fontSize_) + extraRowHeight_; }
+
+ReportFormat ReportWindow::Format(const Truss& truss) const {
+  return ReportFormat{.SigFigs = truss.Settings.SigFigs, .Numbers = numbers_};
+}
+
+void ReportWindow::ReportCounting(const Truss& truss, const EquationSystem& system) {
+  counting_ = ::ReportCounting(truss, system);
+  ShowText(ToQt(counting_.Text()));
+  if (system.NumUnknowns() > 0) setWindowTitle(QString::fromLatin1(CountingCaption));
+}
+
+void ReportWindow::LoadGridWithEquations(const Truss& truss, const EquationSystem& system) {
+  ShowTable(::LoadGridWithEquations(truss, system, Format(truss)), 0, false);
+}
+
+void ReportWindow::LoadGridWithRREF(const Truss& truss, const EquationSystem& system) {
+  ShowTable(::LoadGridWithRREF(system, Format(truss)), 0, false);
+}
+
+Outcome ReportWindow::LoadGridWithSolutions(const Truss& truss, const EquationSystem& system) {
+  const Classification classification = ClassifyRREF(system);
+  std::unique_ptr<ReportTable> table = ::LoadGridWithSolutions(system, classification, Format(truss));
+  if (classification.Code == Outcome::Inconsistent) {
+    setWindowTitle(QString::fromLatin1(table->Caption()));
+    ShowText(QString::fromLatin1(InconsistentText));
+  } else {
+    ShowTable(std::move(table), 3, classification.Code == Outcome::Redundant);
+  }
+  return classification.Code;
+}
+
+void ReportWindow::ShowText(const QString& text) {
+  eqnGrid_->hide();
+  label17_->hide();
+  redundantLines_->hide();
+  eqnGrid_->Clear();
+  txtReport1_->setPlainText(text);
+  txtReport1_->show();
+  setFocusProxy(txtReport1_);
+}
+
+void ReportWindow::ShowTable(std::unique_ptr<ReportTable> table, int extraRowHeight, bool redundant) {
+  extraRowHeight_ = extraRowHeight;
+  const QString heading = QString::fromLatin1(table->Heading());
+  setWindowTitle(QString::fromLatin1(table->Caption()));
+  label17_->setText(heading);
+  eqnGrid_->setAccessibleName(heading);
+  eqnGrid_->SetTable(std::move(table), RowHeight());
+  txtReport1_->hide();
+  txtReport1_->clear();
+  redundantLines_->setVisible(redundant);
+  label17_->show();
+  eqnGrid_->show();
+  setFocusProxy(eqnGrid_);
+  LayOut();
+}
+
+void ReportWindow::Clear() {
+  counting_ = {};
+  ShowText({});
+}
+
+void ReportWindow::BringUp() {
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  show();
+  raise();
+  activateWindow();
+  setFocus();
+}
+
+void ReportWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  LayOut();
+}
+
+void ReportWindow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::WindowStateChange) LayOut();
+}
+
+void ReportWindow::LayOut() {
+  if (isMinimized()) return;
+  txtReport1_->setGeometry(TextBoxMargin, TextBoxMargin, std::max(0, width() - 16),
+                           std::max(0, height() - 16));
+  label17_->setGeometry(GridLeft, HeadingTop, std::max(0, width() - 32), GridTop - HeadingTop - 4);
+  const QSizeF natural = eqnGrid_->NaturalSize();
+  eqnGrid_->move(GridLeft, GridTop);
+  eqnGrid_->Fit(LimitGridSize(static_cast<float>(natural.width()), static_cast<float>(natural.height()),
+                              static_cast<float>(width() - 32), static_cast<float>(height() - 64)));
+  PlaceRedundantLines();
+}
+
+void ReportWindow::PlaceRedundantLines() {
+  redundantLines_->adjustSize();
+  const int below = eqnGrid_->height() + RedundantLinesOffset;
+  if (below + redundantLines_->height() <= height()) {
+    // The lines begin with two blanks, which bring them to the left edge of the grid.
+    redundantLines_->move(GridLeft - 2 * redundantLines_->fontMetrics().horizontalAdvance(QLatin1Char(' ')),
+                          below);
+  } else {
+    // A table as high as the window leaves no room below it; the conclusion must still be read.
+    redundantLines_->move(GridLeft + eqnGrid_->width(), GridTop);
+  }
+}

@@ -1,0 +1,72 @@
+// The report window: one report of the current truss at a time, as prose in a text box or as a table.
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "analysis/Classification.h"
+#include "analysis/EquationSystem.h"
+#include "document/Truss.h"
+#include "platform/NumberFormat.h"
+#include "reports/CountingReport.h"
+#include "reports/FormatSigFigs.h"
+
+class QLabel;
+class QPlainTextEdit;
+class ReportGrid;
+class ReportTable;
+
+/// Created once and kept. The truss given to a loader is read during the call only. The equation system given
+/// to a loader of a table is read whenever the table is painted: before it is changed or destroyed, call
+/// Clear() or load another report.
+class ReportWindow final : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ReportWindow(NumberFormat numbers, QWidget* parent = nullptr);
+
+  /// The font size of the text, the table and the lines below it, in points; a table that is shown is laid
+  /// out again.
+  void ChooseFontSet(float pointSize);
+
+  /// Without an unknown force the text stays empty and the caption as it is.
+  void ReportCounting(const Truss& truss, const EquationSystem& system);
+
+  void LoadGridWithEquations(const Truss& truss, const EquationSystem& system);
+  void LoadGridWithRREF(const Truss& truss, const EquationSystem& system);
+
+  /// An inconsistent system shows its conclusion in the text box and no table; a redundant one has its
+  /// conclusion below the table.
+  Outcome LoadGridWithSolutions(const Truss& truss, const EquationSystem& system);
+
+  /// The paragraphs of the Counting report last built.
+  const CountingReport& Counting() const { return counting_; }
+
+  /// Empties the window and forgets every equation system.
+  void Clear();
+
+  /// Shows the window before all others, also when it was minimised.
+  void BringUp();
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void ShowText(const QString& text);
+  void ShowTable(std::unique_ptr<ReportTable> table, int extraRowHeight, bool redundant);
+  int RowHeight() const;
+  void LayOut();
+  void PlaceRedundantLines();
+  ReportFormat Format(const Truss& truss) const;
+
+  NumberFormat numbers_;
+  CountingReport counting_;
+  float fontSize_ = 10;     // points
+  int extraRowHeight_ = 0;  // pixels
+
+  QPlainTextEdit* txtReport1_;
+  QLabel* label17_;
+  ReportGrid* eqnGrid_;
+  QLabel* redundantLines_;
+};
