@@ -1,12 +1,15 @@
 // A pivot row changes every row below it, but most of these changes can wait: only the column of the pivot is
-// needed at once. For each row an upper bound of its magnitudes is kept; the row is brought up to date when the
-// bound is the largest of all, until the row with the largest bound is up to date and so has the pivot. After a
-// window of pivots all rows are brought up to date together, while the pivot rows are in the cache.
+// needed at once. For each row an upper bound of its magnitudes is kept; the row is brought up to date when
+// the bound is the largest of all, until the row with the largest bound is up to date and so has the pivot.
+// After a window of pivots all rows are brought up to date together, while the pivot rows are in the cache.
 #include "analysis/DenseForward.h"
 
 #include <algorithm>
+#include <array>
 #include <atomic>
+#include <bit>
 #include <cmath>
+#include <functional>
 
 #include "analysis/Elimination.h"
 #include "analysis/Parallel.h"
@@ -14,233 +17,271 @@
 
 namespace {
 
-/// Rows are numbered by their position below the sparse pivots, columns by their place in the arrays.
+constexpr Index None = ~Index{0};
+
+/// Rows are numbered by their position below the pivots of the sparse phase, columns by their place in the
+/// arrays.
 class DenseBlock {
  public:
-  DenseBlock(std::vector<SparseRow>& rows, Echelon& echelon, const EliminationTuning& tuning)
-      : echelon_(echelon),
-        tuning_(tuning),
-        vector_(FastestVectorUpdate()),
-        firstPosition_(echelon.NumPivots()),
-        numRows_(echelon.NumRows() - firstPosition_),
-        columns_(echelon.ColumnAt.begin() + firstPosition_, echelon.ColumnAt.end()),
-        stride_(RoundUpToVector(columns_.size())),
-        cells_(stride_ * numRows_),
-        rowCells_(numRows_),
-        bounds_(RoundUpToVector(numRows_)),
-        isUpToDate_(numRows_, true),
-        window_(stride_ * tuning.Window),
-        factors_(tuning.Window, Numbers(RoundUpToVector(numRows_))) {
-    std::vector<Index> placeOfColumn(echelon.NumColumns());
-    for (Index place = 0; place < columns_.size(); ++place) placeOfColumn[columns_[place]] = place;
-    for (Index row = 0; row < numRows_; ++row) {
-      rowCells_[row] = cells_.data() + stride_ * row;
-      SparseRow& source = rows[echelon.RowAt[firstPosition_ + row]];
-      for (Index at = 0; at < source.Columns.size(); ++at) {
-        rowCells_[row][placeOfColumn[source.Columns[at]]] = source.Values[at];
-        bounds_[row] = std::max(bounds_[row], std::abs(source.Values[at]));
-      }
-      source = {};
-    }
-    ShareColumns();
-  }
+  DenseBlock(std::vector<SparseRow>& rows, Echelon& echelon, const EliminationTuning& tuning);
 
   /// Returns false when no pivot is left.
-  bool TakePivot() {
-    if (numPending_ == tuning_.Window) CloseWindow();
-    const Index row = FindPivotRow();
-    if (row == None) return false;
-    const Index place = FirstPlaceWith(bounds_[row], row);
-    const Index step = NumTaken();
-    SwapRows(step, row);
-    echelon_.SwapColumns(firstPosition_ + step, echelon_.PositionOfColumn[columns_[place]]);
-    Normalise(step, place);
-    ClearColumn(step, place);
-    return true;
-  }
+  bool TakePivot();
 
  private:
-  static constexpr Index None = ~Index{0};
-
   Index NumTaken() const { return echelon_.NumPivots() - firstPosition_; }
+  double& RightHandSide(Index row) { return echelon_.RightHandSide[echelon_.RowAt[firstPosition_ + row]]; }
   double* PendingRow(Index pending) { return window_.data() + stride_ * pending; }
+  PendingRows Pending() const { return {window_.data(), stride_, pendingInBlock_.data()}; }
 
-  Index FindPivotRow() {
-    const Index step = NumTaken();
-    if (step == numRows_) return None;
-    const std::size_t from = step / VectorLength * VectorLength;  // the bounds of the rows taken are 0
-    for (;;) {
-      const double largest = vector_.Largest(bounds_.data() + from, bounds_.size() - from);
-      if (!(largest >= PivotTolerance)) return None;
-      const auto found = std::find(bounds_.begin() + step, bounds_.begin() + numRows_, largest);
-      const auto row = static_cast<Index>(found - bounds_.begin());
-      if (isUpToDate_[row]) return row;
-      BringUpToDate(row);
-    }
-  }
+  Index FindPivotRow();
+  Index FirstPlaceWith(double magnitude, Index row) const;
+  void SwapRows(Index row, Index otherRow);
+  void Normalise(Index row, Index pivotPlace);
+  void ClearColumn(Index pivotRow, Index place);
+  void RaiseBounds(Index firstRow, const Numbers& factors, double largestInPivotRow);
 
-  void BringUpToDate(Index row) {
-    updates_.clear();
-    for (Index pending = 0; pending < numPending_; ++pending) {
-      double& factor = factors_[pending][row];
-      if (factor != 0) updates_.push_back({factor, PendingRow(pending)});
-      factor = 0;
-    }
-    bounds_[row] = vector_.Subtract(rowCells_[row], stride_, updates_.data(), updates_.size());
-    isUpToDate_[row] = true;
-  }
-
-  /// Among equal magnitudes the smallest position wins, as in a search from left to right.
-  Index FirstPlaceWith(double magnitude, Index row) const {
-    Index first = None;
-    for (Index place = 0; place < columns_.size(); ++place) {
-      if (std::abs(rowCells_[row][place]) != magnitude) continue;
-      if (first == None || Position(place) < Position(first)) first = place;
-    }
-    return first;
-  }
-  Index Position(Index place) const { return echelon_.PositionOfColumn[columns_[place]]; }
-
-  void SwapRows(Index row, Index otherRow) {
-    echelon_.SwapRows(firstPosition_ + row, firstPosition_ + otherRow);
-    std::swap(rowCells_[row], rowCells_[otherRow]);
-    std::swap(bounds_[row], bounds_[otherRow]);
-    std::swap(isUpToDate_[row], isUpToDate_[otherRow]);
-    for (Index pending = 0; pending < numPending_; ++pending) {
-      std::swap(factors_[pending][row], factors_[pending][otherRow]);
-    }
-  }
-
-  /// Divides the row by its pivot and makes it the last of the window. The columns of pivots hold 0 there, so
-  /// that pending updates leave them alone.
-  void Normalise(Index row, Index pivotPlace) {
-    double* pendingRow = PendingRow(numPending_);
-    const double pivot = rowCells_[row][pivotPlace];
-    for (Index place = 0; place < columns_.size(); ++place) pendingRow[place] = rowCells_[row][place] / pivot;
-    std::fill(pendingRow + columns_.size(), pendingRow + stride_, 0.0);
-    pendingRow[pivotPlace] = 0;
-    echelon_.RightHandSide[echelon_.RowAt[firstPosition_ + row]] /= pivot;
-    bounds_[row] = 0;
-    pivotPlaces_.push_back(pivotPlace);
-  }
-
-  /// Brings the pivot's column up to date and takes the factors of the rows below from it; the rest of their
-  /// updates is left pending.
-  void ClearColumn(Index pivotRow, Index place) {
-    const Index firstBelow = pivotRow + 1;
-    Numbers& factors = factors_[numPending_];
-    for (Index row = firstBelow; row < numRows_; ++row) {
-      factors[row] = rowCells_[row][place];
-      rowCells_[row][place] = 0;
-    }
-    const std::size_t from = firstBelow / VectorLength * VectorLength;
-    updates_.clear();
-    for (Index pending = 0; pending < numPending_; ++pending) {
-      double& share = PendingRow(pending)[place];
-      if (share != 0) updates_.push_back({share, factors_[pending].data() + from});
-      share = 0;
-    }
-    vector_.Subtract(factors.data() + from, factors.size() - from, updates_.data(), updates_.size());
-
-    double* pendingRow = PendingRow(numPending_);
-    const double largest = vector_.Subtract(pendingRow, stride_, nullptr, 0);
-    RaiseBounds(firstBelow, factors, largest);
-    const double rightHandSide = echelon_.RightHandSide[echelon_.RowAt[firstPosition_ + pivotRow]];
-    for (Index row = firstBelow; row < numRows_; ++row) {
-      if (factors[row] == 0) continue;
-      echelon_.RightHandSide[echelon_.RowAt[firstPosition_ + row]] -= factors[row] * rightHandSide;
-    }
-    echelon_.PivotRows.push_back({sharedColumns_, {pendingRow, pendingRow + columns_.size()}});
-    ++numPending_;
-  }
-
-  void RaiseBounds(Index firstRow, const Numbers& factors, double largestInPivotRow) {
-    constexpr double roundedUp = 1 + 1e-15;  // the roundings of this bound and of the numbers it bounds
-    for (Index row = firstRow; row < numRows_; ++row) {
-      if (factors[row] == 0) continue;
-      bounds_[row] = (bounds_[row] + std::abs(factors[row]) * largestInPivotRow) * roundedUp;
-      isUpToDate_[row] = false;
-    }
-  }
-
-  /// Brings every row up to date and drops the columns of the pivots.
-  void CloseWindow() {
-    const Index firstRow = NumTaken();
-    constexpr Index rowsAtOnce = 32;
-    std::atomic<Index> next = firstRow;
-    const Index numLeft = numRows_ - firstRow;
-    RunInParallel(numLeft < tuning_.FewestRowsForThreads ? 1 : tuning_.MostThreads, [&] {
-      for (;;) {
-        const Index from = next.fetch_add(rowsAtOnce);
-        if (from >= numRows_) return;
-        BringUpToDate(from, std::min(from + rowsAtOnce, numRows_));
-      }
-    });
-    DropPivotColumns(firstRow);
-    for (Numbers& factors : factors_) std::fill(factors.begin(), factors.end(), 0.0);
-    numPending_ = 0;
-  }
-
-  /// Takes the columns in stretches for which the window's pivot rows fit into the first cache.
-  void BringUpToDate(Index firstRow, Index endRow) {
-    constexpr std::size_t stretch = 128;
-    std::vector<ScaledVector> updates;
-    std::fill(bounds_.begin() + firstRow, bounds_.begin() + endRow, 0.0);
-    for (std::size_t place = 0; place < stride_; place += stretch) {
-      const std::size_t length = std::min(stretch, stride_ - place);
-      for (Index row = firstRow; row < endRow; ++row) {
-        updates.clear();
-        for (Index pending = 0; pending < numPending_; ++pending) {
-          const double factor = factors_[pending][row];
-          if (factor != 0) updates.push_back({factor, PendingRow(pending) + place});
-        }
-        const double largest =
-            vector_.Subtract(rowCells_[row] + place, length, updates.data(), updates.size());
-        bounds_[row] = std::max(bounds_[row], largest);
-        isUpToDate_[row] = true;
-      }
-    }
-  }
-
-  void DropPivotColumns(Index firstRow) {
-    std::sort(pivotPlaces_.begin(), pivotPlaces_.end(), std::greater<>());
-    const auto numColumns = static_cast<Index>(columns_.size());
-    for (Index row = firstRow; row < numRows_; ++row) {
-      double* cells = rowCells_[row];
-      Index last = numColumns;
-      for (const Index place : pivotPlaces_) {
-        cells[place] = cells[--last];
-        cells[last] = 0;
-      }
-    }
-    for (const Index place : pivotPlaces_) {
-      columns_[place] = columns_.back();
-      columns_.pop_back();
-    }
-    pivotPlaces_.clear();
-    ShareColumns();
-  }
-
-  void ShareColumns() { sharedColumns_ = std::make_shared<const std::vector<Index>>(columns_); }
+  void BringUpToDate(Index row);
+  void BringUpToDate(const Index* rows, std::size_t count);
+  void CloseWindow();
+  void DropPivotColumns(Index firstRow);
 
   Echelon& echelon_;
   const EliminationTuning& tuning_;
   const VectorUpdate& vector_;
   Index firstPosition_;
   Index numRows_;
+  Index mostPending_;
   std::vector<Index> columns_;  // by place
-  std::shared_ptr<const std::vector<Index>> sharedColumns_;
   std::size_t stride_;
   Numbers cells_;
   std::vector<double*> rowCells_;
-  Numbers bounds_;  // by row: no magnitude of the row is above it; exact when the row is up to date
-  std::vector<char> isUpToDate_;
+  Numbers bounds_;                        // no magnitude of the row is above; exact without pending updates
+  std::vector<std::uint64_t> pendingOf_;  // by row: a bit for each pivot row of the window still to subtract
   Index numPending_ = 0;
-  Numbers window_;                // the pivot rows that are pending
+  Numbers window_;  // the pivot rows that are pending, with 0 in the columns of pivots
+  std::vector<std::uint64_t> pendingInBlock_;
   std::vector<Numbers> factors_;  // by pending pivot and row; 0 where it has been subtracted
   std::vector<Index> pivotPlaces_;
   std::vector<ScaledVector> updates_;
 };
+
+DenseBlock::DenseBlock(std::vector<SparseRow>& rows, Echelon& echelon, const EliminationTuning& tuning)
+    : echelon_(echelon),
+      tuning_(tuning),
+      vector_(FastestVectorUpdate()),
+      firstPosition_(echelon.NumPivots()),
+      numRows_(echelon.NumRows() - firstPosition_),
+      mostPending_(std::clamp<Index>(tuning.Window, 1, MostPending)),
+      columns_(echelon.ColumnAt.begin() + firstPosition_, echelon.ColumnAt.end()),
+      stride_(RoundUpToBlock(columns_.size())),
+      cells_(stride_ * numRows_),
+      rowCells_(numRows_),
+      bounds_(RoundUpToBlock(numRows_)),
+      pendingOf_(numRows_),
+      window_(stride_ * mostPending_),
+      pendingInBlock_(stride_ / BlockLength),
+      factors_(mostPending_, Numbers(RoundUpToBlock(numRows_))) {
+  std::vector<Index> placeOfColumn(echelon.NumColumns());
+  for (Index place = 0; place < columns_.size(); ++place) placeOfColumn[columns_[place]] = place;
+  for (Index row = 0; row < numRows_; ++row) {
+    rowCells_[row] = cells_.data() + stride_ * row;
+    SparseRow& source = rows[echelon.RowAt[firstPosition_ + row]];
+    for (Index at = 0; at < source.Columns.size(); ++at) {
+      rowCells_[row][placeOfColumn[source.Columns[at]]] = source.Values[at];
+      bounds_[row] = std::max(bounds_[row], std::abs(source.Values[at]));
+    }
+    source = {};
+  }
+}
+
+bool DenseBlock::TakePivot() {
+  if (numPending_ == mostPending_) CloseWindow();
+  const Index row = FindPivotRow();
+  if (row == None) return false;
+  const Index place = FirstPlaceWith(bounds_[row], row);
+  const Index step = NumTaken();
+  SwapRows(step, row);
+  echelon_.SwapColumns(firstPosition_ + step, echelon_.PositionOfColumn[columns_[place]]);
+  Normalise(step, place);
+  ClearColumn(step, place);
+  return true;
+}
+
+Index DenseBlock::FindPivotRow() {
+  const Index step = NumTaken();
+  if (step == numRows_) return None;
+  const std::size_t from = step / BlockLength * BlockLength;  // the bounds of the rows taken are 0
+  for (;;) {
+    const double largest = vector_.Largest(bounds_.data() + from, bounds_.size() - from);
+    if (!(largest >= PivotTolerance)) return None;
+    const auto found = std::find(bounds_.begin() + step, bounds_.begin() + numRows_, largest);
+    const auto row = static_cast<Index>(found - bounds_.begin());
+    if (pendingOf_[row] == 0) return row;
+    BringUpToDate(row);
+  }
+}
+
+/// Among equal magnitudes the smallest position wins, as in a search from left to right.
+Index DenseBlock::FirstPlaceWith(double magnitude, Index row) const {
+  const auto position = [this](Index place) { return echelon_.PositionOfColumn[columns_[place]]; };
+  Index first = None;
+  for (Index place = 0; place < columns_.size(); ++place) {
+    if (std::abs(rowCells_[row][place]) != magnitude) continue;
+    if (first == None || position(place) < position(first)) first = place;
+  }
+  return first;
+}
+
+void DenseBlock::SwapRows(Index row, Index otherRow) {
+  echelon_.SwapRows(firstPosition_ + row, firstPosition_ + otherRow);
+  std::swap(rowCells_[row], rowCells_[otherRow]);
+  std::swap(bounds_[row], bounds_[otherRow]);
+  std::swap(pendingOf_[row], pendingOf_[otherRow]);
+  for (Index pending = 0; pending < numPending_; ++pending) {
+    std::swap(factors_[pending][row], factors_[pending][otherRow]);
+  }
+}
+
+/// Divides the row by its pivot and makes it the last of the window.
+void DenseBlock::Normalise(Index row, Index pivotPlace) {
+  double* pendingRow = PendingRow(numPending_);
+  const double pivot = rowCells_[row][pivotPlace];
+  rowCells_[row][pivotPlace] = 0;
+  std::fill(pendingRow, pendingRow + stride_, 0.0);
+  SparseRow kept;
+  for (Index place = 0; place < columns_.size(); ++place) {
+    const double value = rowCells_[row][place] / pivot;
+    if (value == 0) continue;
+    pendingRow[place] = value;
+    pendingInBlock_[place / BlockLength] |= std::uint64_t{1} << numPending_;
+    kept.Columns.push_back(columns_[place]);
+    kept.Values.push_back(value);
+  }
+  echelon_.PivotRows.push_back(std::move(kept));
+  RightHandSide(row) /= pivot;
+  bounds_[row] = 0;
+  pivotPlaces_.push_back(pivotPlace);
+}
+
+/// Brings the pivot's column up to date and takes the factors of the rows below from it; the rest of their
+/// updates is left pending.
+void DenseBlock::ClearColumn(Index pivotRow, Index place) {
+  const Index firstBelow = pivotRow + 1;
+  Numbers& factors = factors_[numPending_];
+  for (Index row = firstBelow; row < numRows_; ++row) {
+    factors[row] = rowCells_[row][place];
+    rowCells_[row][place] = 0;
+  }
+  const std::size_t from = firstBelow / BlockLength * BlockLength;
+  updates_.clear();
+  for (Index pending = 0; pending < numPending_; ++pending) {
+    double& share = PendingRow(pending)[place];
+    if (share != 0) updates_.push_back({share, factors_[pending].data() + from});
+    share = 0;
+  }
+  vector_.Subtract(factors.data() + from, factors.size() - from, updates_.data(), updates_.size());
+
+  double largest = 0;
+  for (const double value : echelon_.PivotRows.back().Values) largest = std::max(largest, std::abs(value));
+  RaiseBounds(firstBelow, factors, largest);
+  const double rightHandSide = RightHandSide(pivotRow);
+  for (Index row = firstBelow; row < numRows_; ++row) {
+    if (factors[row] != 0) RightHandSide(row) -= factors[row] * rightHandSide;
+  }
+  ++numPending_;
+}
+
+void DenseBlock::RaiseBounds(Index firstRow, const Numbers& factors, double largestInPivotRow) {
+  constexpr double roundedUp = 1 + 1e-15;  // covers the roundings of the bound and of the numbers it bounds
+  for (Index row = firstRow; row < numRows_; ++row) {
+    if (factors[row] == 0) continue;
+    bounds_[row] = (bounds_[row] + std::abs(factors[row]) * largestInPivotRow) * roundedUp;
+    pendingOf_[row] |= std::uint64_t{1} << numPending_;
+  }
+}
+
+void DenseBlock::BringUpToDate(Index row) {
+  std::array<double, MostPending> factors;
+  for (std::uint64_t left = pendingOf_[row]; left != 0; left &= left - 1) {
+    const auto pending = static_cast<std::size_t>(std::countr_zero(left));
+    factors[pending] = factors_[pending][row];
+    factors_[pending][row] = 0;
+  }
+  bounds_[row] = vector_.SubtractPending(rowCells_[row], Pending(), pendingOf_[row], factors.data());
+  pendingOf_[row] = 0;
+}
+
+/// Brings up to RowsTogether rows up to date, side by side when they are that many.
+void DenseBlock::BringUpToDate(const Index* rows, std::size_t count) {
+  if (count < RowsTogether) {
+    for (std::size_t at = 0; at < count; ++at) BringUpToDate(rows[at]);
+    return;
+  }
+  std::array<double, MostPending * RowsTogether> factors;
+  std::array<double*, RowsTogether> cells;
+  std::array<double, RowsTogether> largest;
+  std::uint64_t mask = 0;
+  for (std::size_t at = 0; at < RowsTogether; ++at) {
+    mask |= pendingOf_[rows[at]];
+    cells[at] = rowCells_[rows[at]];
+  }
+  for (Index pending = 0; pending < numPending_; ++pending) {
+    for (std::size_t at = 0; at < RowsTogether; ++at) {
+      factors[pending * RowsTogether + at] = factors_[pending][rows[at]];
+    }
+  }
+  vector_.SubtractPendingTogether(cells.data(), Pending(), mask, factors.data(), largest.data());
+  for (std::size_t at = 0; at < RowsTogether; ++at) {
+    bounds_[rows[at]] = largest[at];
+    pendingOf_[rows[at]] = 0;
+  }
+}
+
+/// Brings every row up to date and drops the columns of the pivots.
+void DenseBlock::CloseWindow() {
+  const Index firstRow = NumTaken();
+  std::vector<Index> behind;
+  for (Index row = firstRow; row < numRows_; ++row) {
+    if (pendingOf_[row] != 0) behind.push_back(row);
+  }
+  // Rows that take about the same pivot rows are neighbours then.
+  std::sort(behind.begin(), behind.end(), [this](Index left, Index right) {
+    const int numLeft = std::popcount(pendingOf_[left]);
+    const int numRight = std::popcount(pendingOf_[right]);
+    return numLeft != numRight ? numLeft > numRight : pendingOf_[left] > pendingOf_[right];
+  });
+  std::atomic<std::size_t> next = 0;
+  RunInParallel(behind.size() < tuning_.FewestRowsForThreads ? 1 : tuning_.MostThreads, [&] {
+    for (;;) {
+      const std::size_t from = next.fetch_add(RowsTogether);
+      if (from >= behind.size()) return;
+      BringUpToDate(behind.data() + from, std::min(RowsTogether, behind.size() - from));
+    }
+  });
+  DropPivotColumns(firstRow);
+  for (Numbers& factors : factors_) std::fill(factors.begin(), factors.end(), 0.0);
+  numPending_ = 0;
+}
+
+/// The places of the pivots' columns are filled from the end.
+void DenseBlock::DropPivotColumns(Index firstRow) {
+  std::sort(pivotPlaces_.begin(), pivotPlaces_.end(), std::greater<>());
+  for (Index row = firstRow; row < numRows_; ++row) {
+    double* cells = rowCells_[row];
+    std::size_t last = columns_.size();
+    for (const Index place : pivotPlaces_) {
+      cells[place] = cells[--last];
+      cells[last] = 0;
+    }
+  }
+  for (const Index place : pivotPlaces_) {
+    columns_[place] = columns_.back();
+    columns_.pop_back();
+  }
+  std::fill(pendingInBlock_.begin(), pendingInBlock_.end(), std::uint64_t{0});
+  pivotPlaces_.clear();
+}
 
 }  // namespace
 

@@ -1,5 +1,5 @@
-// Forward elimination of a block that has filled: the rows are full arrays, and a row that cannot hold the next
-// pivot is left behind until it might.
+// Forward elimination of a block that has filled: the rows are full arrays, and a row that cannot hold the
+// next pivot is left behind until it might.
 #pragma once
 
 #include <vector>

@@ -4,17 +4,15 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <numeric>
 #include <utility>
 #include <vector>
 
 using Index = std::uint32_t;
 
-/// A normalised pivot row without its pivot (1) and its right-hand side. The dense phase shares one list of
-/// columns among many rows, so values may be 0 there.
-struct PivotRow {
-  std::shared_ptr<const std::vector<Index>> Columns;
+/// The coefficients of one row, in no particular order, none of them 0.
+struct SparseRow {
+  std::vector<Index> Columns;
   std::vector<double> Values;
 };
 
@@ -41,6 +39,5 @@ struct Echelon {
   std::vector<Index> ColumnAt;          ///< the column that stands at a position
   std::vector<Index> PositionOfColumn;  ///< the inverse of ColumnAt
   std::vector<double> RightHandSide;    ///< by row, not by position
-  std::vector<PivotRow> PivotRows;      ///< by position; pivot k stands at (k, k)
-  Index NumSparsePivots = 0;            ///< the pivots after these came out of the dense phase
+  std::vector<SparseRow> PivotRows;  ///< by position; pivot k, which is 1, stands at (k, k) and is left out
 };

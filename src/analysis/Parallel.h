@@ -3,6 +3,6 @@
 
 #include <functional>
 
-/// Runs `job` on `numThreads` threads, this one included (0: as many as the machine has), and returns when all
-/// have ended. Where no more threads can be had, fewer do the work.
+/// Runs `job` on `numThreads` threads, this one included (0: as many as the machine has), and returns when
+/// all have ended. Where no more threads can be had, fewer do the work.
 void RunInParallel(unsigned numThreads, const std::function<void()>& job);

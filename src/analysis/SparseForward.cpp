@@ -42,7 +42,7 @@ class SparseBlock {
     SwapRows(step, static_cast<Index>(largest - largestAt_.begin()));
     echelon_.SwapColumns(step, echelon_.PositionOfColumn[column]);
 
-    PivotRow pivotRow = Normalise(row, column);
+    SparseRow pivotRow = Normalise(row, column);
     ClearBelow(row, column, pivotRow);
     echelon_.PivotRows.push_back(std::move(pivotRow));
     return true;
@@ -89,17 +89,16 @@ class SparseBlock {
     return value;
   }
 
-  PivotRow Normalise(Index row, Index pivotColumn) {
+  SparseRow Normalise(Index row, Index pivotColumn) {
     numEntries_ -= rows_[row].Columns.size();
     const double pivot = TakeEntry(rows_[row], pivotColumn);
     for (double& value : rows_[row].Values) value = value / pivot;
     echelon_.RightHandSide[row] = echelon_.RightHandSide[row] / pivot;
-    return {std::make_shared<const std::vector<Index>>(std::move(rows_[row].Columns)),
-            std::move(rows_[row].Values)};
+    return std::move(rows_[row]);
   }
 
-  void ClearBelow(Index pivotRowNumber, Index pivotColumn, const PivotRow& pivotRow) {
-    const std::vector<Index>& columns = *pivotRow.Columns;
+  void ClearBelow(Index pivotRowNumber, Index pivotColumn, const SparseRow& pivotRow) {
+    const std::vector<Index>& columns = pivotRow.Columns;
     for (Index at = 0; at < columns.size(); ++at) placeInPivotRow_[columns[at]] = at;
     met_.assign(columns.size(), NotThere);
     for (const Index row : rowsOfColumn_[pivotColumn]) {
@@ -115,7 +114,7 @@ class SparseBlock {
   }
 
   /// row -= factor * pivotRow; entries that cancel are dropped, new ones are listed in their columns.
-  void Subtract(double factor, const PivotRow& pivotRow, Index rowNumber) {
+  void Subtract(double factor, const SparseRow& pivotRow, Index rowNumber) {
     SparseRow& row = rows_[rowNumber];
     const std::size_t numEntriesBefore = row.Columns.size();
     double largest = 0;
@@ -139,7 +138,7 @@ class SparseBlock {
       if (met_[place] == rowNumber) continue;
       const double value = 0 - factor * pivotRow.Values[place];
       if (value == 0) continue;
-      const Index column = (*pivotRow.Columns)[place];
+      const Index column = pivotRow.Columns[place];
       row.Columns.push_back(column);
       row.Values.push_back(value);
       rowsOfColumn_[column].push_back(rowNumber);
@@ -166,7 +165,6 @@ bool EliminateSparse(std::vector<SparseRow>& rows, Echelon& echelon, double dens
   SparseBlock block(rows, echelon);
   while (!block.FillExceeds(denseFill)) {
     if (!block.TakePivot()) return true;
-    echelon.NumSparsePivots = echelon.NumPivots();
   }
   return false;
 }

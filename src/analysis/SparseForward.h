@@ -6,12 +6,6 @@
 
 #include "analysis/Echelon.h"
 
-/// The coefficients of one row, in no particular order, none of them 0.
-struct SparseRow {
-  std::vector<Index> Columns;
-  std::vector<double> Values;
-};
-
 /// Takes pivots until none is left or until more than `denseFill` of the remaining block is not 0.
 /// Returns true when the elimination has found all its pivots.
 bool EliminateSparse(std::vector<SparseRow>& rows, Echelon& echelon, double denseFill);

@@ -1,7 +1,7 @@
-// Sixteen rows are reduced side by side, one in each lane, as they do not depend on each other. The columns of
-// pivots that can change neither a right-hand side nor a column without a pivot are left out. Rows that share
-// later pivots are neighbours, so that their lanes do the same work. Behind the sparse pivots, where the pivot
-// rows are full, a few columns at a time receive all their updates while they are in registers.
+// Sixteen rows are reduced side by side, one in each lane, as they do not depend on each other. The columns
+// of pivots that can change neither a right-hand side nor a column without a pivot are left out. Rows that
+// share later pivots are neighbours, so that their lanes do the same work. Where the pivot rows are rather
+// full, a few columns at a time receive all their updates while they are in registers.
 #include "analysis/UpwardPhase.h"
 
 #include <algorithm>
@@ -21,13 +21,16 @@ constexpr Index None = ~Index{0};
 struct UsefulRows {
   explicit UsefulRows(const Echelon& echelon);
 
-  Index NumSlots() const { return static_cast<Index>(PositionOfSlot.size()) + 1; }  // the right-hand side's too
+  void FindFullRows();
+  Index NumSlots() const {
+    return static_cast<Index>(PositionOfSlot.size()) + 1;
+  }  // the right-hand side's too
   Index RightHandSideSlot() const { return NumSlots() - 1; }
 
   std::vector<Index> SlotOfPosition;
   std::vector<Index> PositionOfSlot;
   Index NumPivotSlots = 0;
-  Index FirstDenseSlot = 0;
+  Index FirstFullSlot = 0;            ///< from this pivot on the rows are rather full
   std::vector<std::size_t> RowBegin;  ///< by position: where the row's entries begin; one more at the end
   std::vector<Index> Slots;
   std::vector<double> Values;
@@ -39,11 +42,11 @@ UsefulRows::UsefulRows(const Echelon& echelon) {
 
   std::vector<char> isUseful(echelon.NumColumns());
   for (Index position = numPivots; position-- > 0;) {
-    const PivotRow& row = echelon.PivotRows[position];
+    const SparseRow& row = echelon.PivotRows[position];
     bool changesSomething = rightHandSide(position) != 0;
     for (Index at = 0; at < row.Values.size(); ++at) {
       if (row.Values[at] == 0) continue;
-      const Index column = echelon.PositionOfColumn[(*row.Columns)[at]];
+      const Index column = echelon.PositionOfColumn[row.Columns[at]];
       if (column >= numPivots) isUseful[column] = true;
       if (isUseful[column]) changesSomething = true;
     }
@@ -55,15 +58,14 @@ UsefulRows::UsefulRows(const Echelon& echelon) {
     if (!isUseful[position]) continue;
     SlotOfPosition[position] = static_cast<Index>(PositionOfSlot.size());
     PositionOfSlot.push_back(position);
-    if (position < echelon.NumSparsePivots) ++FirstDenseSlot;
     if (position < numPivots) ++NumPivotSlots;
   }
 
   RowBegin.push_back(0);
   for (Index position = 0; position < numPivots; ++position) {
-    const PivotRow& row = echelon.PivotRows[position];
+    const SparseRow& row = echelon.PivotRows[position];
     for (Index at = 0; at < row.Values.size(); ++at) {
-      const Index slot = SlotOfPosition[echelon.PositionOfColumn[(*row.Columns)[at]]];
+      const Index slot = SlotOfPosition[echelon.PositionOfColumn[row.Columns[at]]];
       if (slot == None || row.Values[at] == 0) continue;
       Slots.push_back(slot);
       Values.push_back(row.Values[at]);
@@ -74,51 +76,86 @@ UsefulRows::UsefulRows(const Echelon& echelon) {
     }
     RowBegin.push_back(Slots.size());
   }
+
+  FindFullRows();
 }
 
-/// The rows of the dense pivots, cut into panels of a few columns that lie one behind the other.
+void UsefulRows::FindFullRows() {
+  constexpr double fullShare = 0.1;
+  constexpr Index rowsAtOnce = 32;
+  for (FirstFullSlot = NumPivotSlots; FirstFullSlot > 0;) {
+    const Index begin = FirstFullSlot - std::min(FirstFullSlot, rowsAtOnce);
+    std::size_t numEntries = 0;
+    for (Index slot = begin; slot < FirstFullSlot; ++slot) {
+      const Index position = PositionOfSlot[slot];
+      numEntries += RowBegin[position + 1] - RowBegin[position];
+    }
+    const double numCells = static_cast<double>(FirstFullSlot - begin) * (NumSlots() - begin);
+    if (static_cast<double>(numEntries) < fullShare * numCells) return;
+    FirstFullSlot = begin;
+  }
+}
+
+/// The full pivot rows, cut into panels of a few columns. A panel leaves out the rows that are 0 in it, but
+/// for the rows of its own pivots, which stand at its end.
 class Panels {
  public:
-  explicit Panels(const UsefulRows& rows) : rows_(rows) {
-    const Index first = rows.FirstDenseSlot;
-    if (first == rows.NumPivotSlots) return;
-    for (Index slot = first; slot < rows.NumSlots(); slot += PanelWidth) {
-      panelBegin_.push_back(size_);
-      const Index numRows = std::min<Index>(slot, rows.NumPivotSlots) - first + PanelWidth;
-      size_ += numRows * PanelWidth;
-    }
-    cells_.resize(size_);
-    for (Index pivot = first; pivot < rows.NumPivotSlots; ++pivot) {
+  explicit Panels(const UsefulRows& rows) : first_(rows.FirstFullSlot) {
+    if (first_ == rows.NumPivotSlots) return;
+    panels_.resize((rows.NumSlots() - first_ + PanelWidth - 1) / PanelWidth);
+    for (Index pivot = first_; pivot < rows.NumPivotSlots; ++pivot) {
       const Index position = rows.PositionOfSlot[pivot];
       for (std::size_t entry = rows.RowBegin[position]; entry < rows.RowBegin[position + 1]; ++entry) {
-        const Index offset = rows.Slots[entry] - first;
-        cells_[panelBegin_[offset / PanelWidth] + (pivot - first) * PanelWidth + offset % PanelWidth] =
-            rows.Values[entry];
+        const std::size_t place = rows.Slots[entry] - first_;
+        double* row = RowInPanel(pivot, place / PanelWidth);
+        row[place % PanelWidth] = rows.Values[entry];
       }
     }
+    for (Panel& panel : panels_) AddOwnRows(panel);
   }
 
   void Subtract(const VectorUpdate& vector, double* lanes, Index firstFactor) const {
-    const Index first = rows_.FirstDenseSlot;
-    double* denseLanes = lanes + first * RowsSideBySide;
-    const Index from = firstFactor - first;
-    for (std::size_t panel = from / PanelWidth; panel < panelBegin_.size(); ++panel) {
-      const std::size_t start = panel * PanelWidth;
-      const std::size_t end = std::min<std::size_t>(start, rows_.NumPivotSlots - first);
-      vector.SubtractPanel(denseLanes, std::min<std::size_t>(from, end), end, start,
-                           cells_.data() + panelBegin_[panel]);
+    for (std::size_t at = (firstFactor - first_) / PanelWidth; at < panels_.size(); ++at) {
+      const Panel& panel = panels_[at];
+      const auto from = std::lower_bound(panel.Pivots.begin(), panel.Pivots.end(), firstFactor);
+      const auto numLeftOut = static_cast<std::size_t>(from - panel.Pivots.begin());
+      vector.SubtractPanel(lanes, StartOf(at), panel.Pivots.data() + numLeftOut,
+                           panel.Cells.data() + numLeftOut * PanelWidth, panel.Pivots.size() - numLeftOut);
     }
   }
 
  private:
-  const UsefulRows& rows_;
-  std::vector<std::size_t> panelBegin_;
-  std::size_t size_ = 0;
-  Numbers cells_;
+  struct Panel {
+    std::vector<Index> Pivots;  ///< those before its own that are not 0 in it, ascending
+    std::vector<double> Cells;
+  };
+
+  std::size_t StartOf(std::size_t panel) const { return first_ + panel * PanelWidth; }
+
+  static void AddOwnRows(Panel& panel) {
+    panel.Cells.resize((panel.Pivots.size() + PanelWidth) * PanelWidth);
+  }
+
+  /// Adds the row where it is missing; pivots come in ascending order.
+  double* RowInPanel(Index pivot, std::size_t panelNumber) {
+    Panel& panel = panels_[panelNumber];
+    if (pivot >= StartOf(panelNumber)) {
+      AddOwnRows(panel);
+      return panel.Cells.data() + (panel.Pivots.size() + pivot - StartOf(panelNumber)) * PanelWidth;
+    }
+    if (panel.Pivots.empty() || panel.Pivots.back() != pivot) {
+      panel.Pivots.push_back(pivot);
+      panel.Cells.resize(panel.Pivots.size() * PanelWidth);
+    }
+    return panel.Cells.data() + (panel.Pivots.size() - 1) * PanelWidth;
+  }
+
+  Index first_;
+  std::vector<Panel> panels_;
 };
 
-/// All positions of pivots, in such an order that rows which take the same pivot rows stand together: each row
-/// follows the row of the first pivot that it takes.
+/// All positions of pivots, in such an order that rows which take the same pivot rows stand together: each
+/// row follows the row of the first pivot that it takes.
 std::vector<Index> NeighboursByPivot(const UsefulRows& rows, Index numPivots) {
   std::vector<Index> parent(numPivots, numPivots);
   std::vector<Index> numBelow(numPivots + 1, 1);
@@ -158,7 +195,7 @@ class LaneReducer {
     for (std::size_t lane = 0; lane < count; ++lane) {
       first = std::min(first, Fill(lane, positions[lane]));
     }
-    for (Index slot = first; slot < rows_.FirstDenseSlot; ++slot) {
+    for (Index slot = first; slot < rows_.FirstFullSlot; ++slot) {
       const double* factors = Lanes(slot);
       if (std::all_of(factors, factors + RowsSideBySide, [](double factor) { return factor == 0; })) continue;
       const std::size_t begin = rows_.RowBegin[rows_.PositionOfSlot[slot]];
@@ -166,8 +203,8 @@ class LaneReducer {
       vector_.SubtractFromLanes(lanes_.data(), rows_.Slots.data() + begin, rows_.Values.data() + begin,
                                 end - begin, factors);
     }
-    if (rows_.FirstDenseSlot < rows_.NumPivotSlots) {
-      panels_.Subtract(vector_, lanes_.data(), std::max(first, rows_.FirstDenseSlot));
+    if (rows_.FirstFullSlot < rows_.NumPivotSlots) {
+      panels_.Subtract(vector_, lanes_.data(), std::max(first, rows_.FirstFullSlot));
     }
     for (std::size_t lane = 0; lane < count; ++lane) Take(lane, reduced_[positions[lane]]);
   }

@@ -1,6 +1,7 @@
 // Each loop is one template over the type of a register, and is compiled once for every kind of register.
 #include "analysis/VectorUpdate.h"
 
+#include <bit>
 #include <cstring>
 
 #if defined(__GNUC__) || defined(__clang__)
@@ -38,40 +39,56 @@ ORVANE_INLINE double LargestLane(const Register& lanes) {
   return largest;
 }
 
-/// `numRegisters` registers of the target stay loaded while all the vectors are subtracted from them.
-template <class Register, std::size_t numRegisters>
-ORVANE_INLINE void SubtractBlock(double* target, std::size_t at, const ScaledVector* vectors,
-                                 std::size_t count, Register& largest) {
-  Register block[numRegisters];
-  for (std::size_t r = 0; r < numRegisters; ++r) Load(block[r], target + at + r * LanesOf<Register>);
-  for (std::size_t v = 0; v < count; ++v) {
-    const double factor = vectors[v].Factor;
-    const double* values = vectors[v].Values + at;
-    for (std::size_t r = 0; r < numRegisters; ++r) {
-      Register value;
-      Load(value, values + r * LanesOf<Register>);
-      block[r] -= factor * value;
+template <class Register>
+ORVANE_INLINE void SubtractWith(double* target, std::size_t length, const ScaledVector* vectors,
+                                std::size_t count) {
+  constexpr std::size_t numRegisters = LanesOf<Register> == 8 ? 4 : 8;
+  for (std::size_t at = 0; at < length; at += numRegisters * LanesOf<Register>) {
+    Register block[numRegisters];
+    for (std::size_t r = 0; r < numRegisters; ++r) Load(block[r], target + at + r * LanesOf<Register>);
+    for (std::size_t v = 0; v < count; ++v) {
+      const double* values = vectors[v].Values + at;
+      for (std::size_t r = 0; r < numRegisters; ++r) {
+        Register value;
+        Load(value, values + r * LanesOf<Register>);
+        block[r] -= vectors[v].Factor * value;
+      }
     }
-  }
-  for (std::size_t r = 0; r < numRegisters; ++r) {
-    Store(target + at + r * LanesOf<Register>, block[r]);
-    TakeLarger(largest, block[r]);
-    const Register negative = -block[r];
-    TakeLarger(largest, negative);
+    for (std::size_t r = 0; r < numRegisters; ++r) Store(target + at + r * LanesOf<Register>, block[r]);
   }
 }
 
-template <class Register>
-ORVANE_INLINE double SubtractWith(double* target, std::size_t length, const ScaledVector* vectors,
-                                  std::size_t count) {
-  constexpr std::size_t manyRegisters = 8;
-  Register largest{};
-  std::size_t at = 0;
-  for (; at + manyRegisters * LanesOf<Register> <= length; at += manyRegisters * LanesOf<Register>) {
-    SubtractBlock<Register, manyRegisters>(target, at, vectors, count, largest);
+/// A few registers of each row stay loaded while all the pivot rows are subtracted from them.
+template <class Register, std::size_t numRows>
+ORVANE_INLINE void SubtractPendingWith(double* const* rows, const PendingRows& pending, std::uint64_t mask,
+                                       const double* factors, double* largest) {
+  constexpr std::size_t numRegisters = LanesOf<Register> == 8 ? 4 : 8 / numRows;
+  Register largestLanes[numRows] = {};
+  for (std::size_t at = 0; at < pending.Stride; at += numRegisters * LanesOf<Register>) {
+    Register block[numRows][numRegisters];
+    for (std::size_t i = 0; i < numRows; ++i) {
+      for (std::size_t r = 0; r < numRegisters; ++r) Load(block[i][r], rows[i] + at + r * LanesOf<Register>);
+    }
+    const std::uint64_t here = mask & pending.InBlock[at / BlockLength];
+    for (std::uint64_t left = here; left != 0; left &= left - 1) {
+      const auto p = static_cast<std::size_t>(std::countr_zero(left));
+      const double* values = pending.Cells + p * pending.Stride + at;
+      for (std::size_t r = 0; r < numRegisters; ++r) {
+        Register value;
+        Load(value, values + r * LanesOf<Register>);
+        for (std::size_t i = 0; i < numRows; ++i) block[i][r] -= factors[p * numRows + i] * value;
+      }
+    }
+    for (std::size_t i = 0; i < numRows; ++i) {
+      for (std::size_t r = 0; r < numRegisters; ++r) {
+        if (here != 0) Store(rows[i] + at + r * LanesOf<Register>, block[i][r]);
+        TakeLarger(largestLanes[i], block[i][r]);
+        const Register negative = -block[i][r];
+        TakeLarger(largestLanes[i], negative);
+      }
+    }
   }
-  for (; at < length; at += LanesOf<Register>) SubtractBlock<Register, 1>(target, at, vectors, count, largest);
-  return LargestLane(largest);
+  for (std::size_t i = 0; i < numRows; ++i) largest[i] = LargestLane(largestLanes[i]);
 }
 
 template <class Register>
@@ -103,33 +120,33 @@ ORVANE_INLINE void SubtractFromLanesWith(double* lanes, const Index* columns, co
 }
 
 template <class Register>
-ORVANE_INLINE void SubtractPanelWith(double* lanes, std::size_t firstFactor, std::size_t endFactor,
-                                     std::size_t panelStart, const double* panel) {
+ORVANE_INLINE void SubtractPanelWith(double* lanes, std::size_t start, const Index* columns,
+                                     const double* panel, std::size_t count) {
   constexpr std::size_t pair = LanesOf<Register> * 2 > RowsSideBySide ? 1 : 2;
   for (std::size_t lane = 0; lane < RowsSideBySide; lane += pair * LanesOf<Register>) {
     Register block[PanelWidth][pair];
     for (std::size_t c = 0; c < PanelWidth; ++c) {
       for (std::size_t r = 0; r < pair; ++r) {
-        Load(block[c][r], lanes + (panelStart + c) * RowsSideBySide + lane + r * LanesOf<Register>);
+        Load(block[c][r], lanes + (start + c) * RowsSideBySide + lane + r * LanesOf<Register>);
       }
     }
-    for (std::size_t k = firstFactor; k < endFactor; ++k) {
+    for (std::size_t k = 0; k < count; ++k) {
       for (std::size_t r = 0; r < pair; ++r) {
         Register factor;
-        Load(factor, lanes + k * RowsSideBySide + lane + r * LanesOf<Register>);
+        Load(factor, lanes + columns[k] * RowsSideBySide + lane + r * LanesOf<Register>);
         for (std::size_t c = 0; c < PanelWidth; ++c) block[c][r] -= factor * panel[k * PanelWidth + c];
       }
     }
     for (std::size_t k = 0; k < PanelWidth; ++k) {
       for (std::size_t c = k + 1; c < PanelWidth; ++c) {
         for (std::size_t r = 0; r < pair; ++r) {
-          block[c][r] -= block[k][r] * panel[(endFactor + k) * PanelWidth + c];
+          block[c][r] -= block[k][r] * panel[(count + k) * PanelWidth + c];
         }
       }
     }
     for (std::size_t c = 0; c < PanelWidth; ++c) {
       for (std::size_t r = 0; r < pair; ++r) {
-        Store(lanes + (panelStart + c) * RowsSideBySide + lane + r * LanesOf<Register>, block[c][r]);
+        Store(lanes + (start + c) * RowsSideBySide + lane + r * LanesOf<Register>, block[c][r]);
       }
     }
   }
@@ -138,9 +155,19 @@ ORVANE_INLINE void SubtractPanelWith(double* lanes, std::size_t firstFactor, std
 // One set of functions for a kind of register. The loops above are inlined into them, and so are compiled for
 // the processors that `ATTRIBUTE` names.
 #define ORVANE_VECTOR_UPDATE(NAME, REGISTER, ATTRIBUTE)                                                      \
-  ATTRIBUTE double Subtract##NAME(double* target, std::size_t length, const ScaledVector* vectors,           \
-                                  std::size_t count) {                                                       \
-    return SubtractWith<REGISTER>(target, length, vectors, count);                                           \
+  ATTRIBUTE void Subtract##NAME(double* target, std::size_t length, const ScaledVector* vectors,             \
+                                std::size_t count) {                                                         \
+    SubtractWith<REGISTER>(target, length, vectors, count);                                                  \
+  }                                                                                                          \
+  ATTRIBUTE double SubtractPending##NAME(double* row, const PendingRows& pending, std::uint64_t mask,        \
+                                         const double* factors) {                                            \
+    double largest = 0;                                                                                      \
+    SubtractPendingWith<REGISTER, 1>(&row, pending, mask, factors, &largest);                                \
+    return largest;                                                                                          \
+  }                                                                                                          \
+  ATTRIBUTE void SubtractPendingTogether##NAME(double* const* rows, const PendingRows& pending,              \
+                                               std::uint64_t mask, const double* factors, double* largest) { \
+    SubtractPendingWith<REGISTER, RowsTogether>(rows, pending, mask, factors, largest);                      \
   }                                                                                                          \
   ATTRIBUTE double Largest##NAME(const double* numbers, std::size_t length) {                                \
     return LargestWith<REGISTER>(numbers, length);                                                           \
@@ -149,11 +176,12 @@ ORVANE_INLINE void SubtractPanelWith(double* lanes, std::size_t firstFactor, std
                                          std::size_t count, const double* factors) {                         \
     SubtractFromLanesWith<REGISTER>(lanes, columns, values, count, factors);                                 \
   }                                                                                                          \
-  ATTRIBUTE void SubtractPanel##NAME(double* lanes, std::size_t firstFactor, std::size_t endFactor,          \
-                                     std::size_t panelStart, const double* panel) {                          \
-    SubtractPanelWith<REGISTER>(lanes, firstFactor, endFactor, panelStart, panel);                                      \
+  ATTRIBUTE void SubtractPanel##NAME(double* lanes, std::size_t start, const Index* columns,                 \
+                                     const double* panel, std::size_t count) {                               \
+    SubtractPanelWith<REGISTER>(lanes, start, columns, panel, count);                                        \
   }                                                                                                          \
-  constexpr VectorUpdate NAME = {Subtract##NAME, Largest##NAME, SubtractFromLanes##NAME, SubtractPanel##NAME};
+  constexpr VectorUpdate NAME = {Subtract##NAME, SubtractPending##NAME,   SubtractPendingTogether##NAME,     \
+                                 Largest##NAME,  SubtractFromLanes##NAME, SubtractPanel##NAME};
 
 #if defined(__GNUC__) || defined(__clang__)
 using TwoNumbers = double __attribute__((vector_size(16)));

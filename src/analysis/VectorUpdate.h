@@ -4,13 +4,20 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <new>
 #include <vector>
 
 #include "analysis/Echelon.h"
 
-/// Lengths of vectors are multiples of this.
-inline constexpr std::size_t VectorLength = 8;
+/// Lengths of vectors are multiples of this; so many of their numbers at a time are held in registers.
+inline constexpr std::size_t BlockLength = 32;
+
+/// As many rows as receive their pending updates together.
+inline constexpr std::size_t RowsTogether = 4;
+
+/// The most pivot rows that may be pending: one bit for each.
+inline constexpr std::size_t MostPending = 64;
 
 /// As many rows as the upward phase reduces side by side.
 inline constexpr std::size_t RowsSideBySide = 16;
@@ -18,8 +25,8 @@ inline constexpr std::size_t RowsSideBySide = 16;
 /// As many columns as SubtractPanel brings up to date at once.
 inline constexpr std::size_t PanelWidth = 4;
 
-inline constexpr std::size_t RoundUpToVector(std::size_t length) {
-  return (length + VectorLength - 1) / VectorLength * VectorLength;
+inline constexpr std::size_t RoundUpToBlock(std::size_t length) {
+  return (length + BlockLength - 1) / BlockLength * BlockLength;
 }
 
 /// Memory that starts where a cache line starts.
@@ -30,9 +37,9 @@ struct CacheLineAllocator {
   template <class Other>
   explicit CacheLineAllocator(const CacheLineAllocator<Other>&) {}
   Number* allocate(std::size_t count) {
-    return static_cast<Number*>(::operator new(count * sizeof(Number), std::align_val_t{64}));
+    return static_cast<Number*>(::operator new (count * sizeof(Number), std::align_val_t{64}));
   }
-  void deallocate(Number* memory, std::size_t) { ::operator delete(memory, std::align_val_t{64}); }
+  void deallocate(Number* memory, std::size_t) { ::operator delete (memory, std::align_val_t{64}); }
   friend bool operator==(const CacheLineAllocator&, const CacheLineAllocator&) { return true; }
 };
 using Numbers = std::vector<double, CacheLineAllocator<double>>;
@@ -42,10 +49,25 @@ struct ScaledVector {
   const double* Values;
 };
 
+/// Pivot rows whose multiples are to be subtracted from other rows, in ascending order. Blocks of a pivot row
+/// that are all 0 are passed over.
+struct PendingRows {
+  const double* Cells;           ///< pivot row p begins at Cells + p * Stride
+  std::size_t Stride;            ///< the length of all rows
+  const std::uint64_t* InBlock;  ///< by block: bit p is set when pivot row p is not 0 there
+};
+
 struct VectorUpdate {
-  /// target -= Factor * Values for each of the scaled vectors in their order. Returns the largest magnitude
-  /// that results.
-  double (*Subtract)(double* target, std::size_t length, const ScaledVector* vectors, std::size_t count);
+  /// target -= Factor * Values for each of the scaled vectors in their order.
+  void (*Subtract)(double* target, std::size_t length, const ScaledVector* vectors, std::size_t count);
+
+  /// row -= factors[p] * pivot row p for each bit p of `mask`. Returns the largest magnitude that results.
+  double (*SubtractPending)(double* row, const PendingRows& pending, std::uint64_t mask,
+                            const double* factors);
+
+  /// The same for RowsTogether rows; factors[p * RowsTogether + r] belongs to row r, and largest[r] is set.
+  void (*SubtractPendingTogether)(double* const* rows, const PendingRows& pending, std::uint64_t mask,
+                                  const double* factors, double* largest);
 
   /// The largest of numbers that are not negative.
   double (*Largest)(const double* numbers, std::size_t length);
@@ -54,11 +76,11 @@ struct VectorUpdate {
   void (*SubtractFromLanes)(double* lanes, const Index* columns, const double* values, std::size_t count,
                             const double* factors);
 
-  /// Brings the lanes of the PanelWidth columns from `panelStart` on up to date: they receive the columns
-  /// firstFactor .. endFactor - 1, each times its row of the panel, and then each other, times the rows of the
-  /// panel from `endFactor` on.
-  void (*SubtractPanel)(double* lanes, std::size_t firstFactor, std::size_t endFactor, std::size_t panelStart,
-                        const double* panel);
+  /// Brings the lanes of the PanelWidth columns from `start` on up to date. Row e of the panel is multiplied
+  /// by the lanes of column columns[e] and subtracted from them, for each of `count` rows; the PanelWidth
+  /// rows that follow do the same with these columns themselves.
+  void (*SubtractPanel)(double* lanes, std::size_t start, const Index* columns, const double* panel,
+                        std::size_t count);
 };
 
 /// The version for the widest registers of this processor.

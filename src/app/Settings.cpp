@@ -12,8 +12,9 @@ namespace {
 // The item whose value is nearest to `value`.
 template <class Items>
 std::size_t NearestItem(const Items& items, float value) {
+  const float inside = std::clamp(value, static_cast<float>(items.front()), static_cast<float>(items.back()));
   const auto nearest = std::ranges::min_element(
-      items, {}, [value](int item) { return std::abs(static_cast<double>(item) - double{value}); });
+      items, {}, [inside](int item) { return std::abs(static_cast<float>(item) - inside); });
   return static_cast<std::size_t>(nearest - items.begin());
 }
 

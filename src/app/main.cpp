@@ -1,4 +1,5 @@
 // The program: the command line's work without a window, or the window.
+#include <QApplication>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -34,6 +35,27 @@ bool StandardErrorIsTerminal() {
 #endif
 }
 
+int RunWindow(int argc, char** argv, const CommandLine& commandLine) {
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("Orvane"));
+  QApplication::setApplicationVersion(QStringLiteral(ORVANE_VERSION));
+  QApplication::setWindowIcon(ApplicationIcon());
+
+  Truss truss;
+  QtSettingsStore store;
+  QtMessageBox messages;
+  QtFileChooser chooser;
+  MainForm form(MainForm::Partners{.Document = truss,
+                                   .Store = store,
+                                   .Messages = messages,
+                                   .Chooser = chooser,
+                                   .Numbers = SystemNumberFormat(),
+                                   .ProgramDirectory = QApplication::applicationDirPath().toStdString()});
+  form.show();
+  if (!commandLine.Files.empty()) form.OpenAtStart(commandLine.Files.front(), commandLine.AutoName);
+  return QApplication::exec();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -44,10 +66,7 @@ int main(int argc, char** argv) {
     return ArgumentsWrong;
   }
   const CommandLine& commandLine = std::get<CommandLine>(parsed);
-  if (commandLine.What == CommandLine::Mode::Window) {
-    std::cerr << "orvane: this build has no window; see orvane --help\n";
-    return ArgumentsWrong;
-  }
+  if (commandLine.What == CommandLine::Mode::Window) return RunWindow(argc, argv, commandLine);
   return RunCommandLine(commandLine, CommandLineEnvironment{.In = std::cin,
                                                             .Out = std::cout,
                                                             .Err = std::cerr,

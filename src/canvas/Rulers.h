@@ -20,7 +20,7 @@ struct RulerStyle {
   bool CentreCaption = true;  ///< in the middle of the ruler, or else at its end
   float NumIntervals = 0;     ///< between ticks, not rounded
   std::int16_t Decimals = 0;  ///< of the numbers; below 0 there are no numbers
-  NumberFormat Numbers;       ///< of the user's locale
+  NumberFormat Numbers{};     ///< of the user's locale
 };
 
 /// Where a ruler lies: it runs from its start to the right, or upward on the right and left side.

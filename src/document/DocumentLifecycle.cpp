@@ -3,6 +3,7 @@
 
 #include <exception>
 #include <filesystem>
+#include <utility>
 
 #include "document/FileBytes.h"
 #include "document/TrussChanged.h"
@@ -56,9 +57,9 @@ void DocumentLifecycle::OpenFile() {
   if (path) ReadFile(*path);
 }
 
-void DocumentLifecycle::OpenPath(const std::string& path) {
+void DocumentLifecycle::OpenPath(std::string path) {
   SaveChangesFirst();
-  ReadFile(path);
+  ReadFile(std::move(path));
 }
 
 void DocumentLifecycle::OpenRecentFile(int entry) {
@@ -122,7 +123,8 @@ void DocumentLifecycle::EmptyDocument() {
   on_.Window.DocumentEmptied();
 }
 
-void DocumentLifecycle::ReadFile(const std::string& path) {
+// The path is a copy: it may be the document's own file name, which goes when the document is emptied.
+void DocumentLifecycle::ReadFile(std::string path) {
   EmptyDocument();
   NameDocument(path);
   readError_ = ReadTruss(on_.Document, on_.Bounds, path);

@@ -58,7 +58,7 @@ class DocumentLifecycle {
   void OpenFile();
 
   /// Opens a file as File, Open does, without the chooser: a dropped file or one of the command line.
-  void OpenPath(const std::string& path);
+  void OpenPath(std::string path);
 
   /// File, entry 1 .. 4 of the recent files. A file that is gone gives a message and changes nothing.
   void OpenRecentFile(int entry);
@@ -85,7 +85,7 @@ class DocumentLifecycle {
  private:
   void SaveChangesFirst();
   void AskSaveChanges();
-  void ReadFile(const std::string& path);
+  void ReadFile(std::string path);
   void NameDocument(const std::string& path);
   bool SaveUnder(const std::string& path);
   FileChooserRequest ChooserRequest() const;

@@ -55,8 +55,12 @@ TrussBuilder& TrussBuilder::ThenErased() {
       truss_.Supports[truss_.NumSupports].Live = false;
       DeleteSupportLabels(truss_, truss_.NumSupports);
       break;
-    case Kind::Force: truss_.Forces[truss_.NumForces].Active = false; break;
-    case Kind::None: ADD_FAILURE() << "nothing to erase"; break;
+    case Kind::Force:
+      truss_.Forces[truss_.NumForces].Active = false;
+      break;
+    case Kind::None:
+      ADD_FAILURE() << "nothing to erase";
+      break;
   }
   return *this;
 }

@@ -1,0 +1,306 @@
+// The elimination against its definition, bit for bit: every edge case by name, then thousands of random and
+// structured systems, sent through every phase by moving the thresholds between the phases.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <functional>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "PlainElimination.h"
+#include "analysis/Elimination.h"
+#include "analysis/EliminationTuning.h"
+#include "benchmarks/TrussShapes.h"
+
+namespace {
+
+using Matrix = SparseMatrix<double>;
+constexpr unsigned Seed = 20240611;
+
+struct Reduced {
+  Matrix Equations;
+  Table<std::int16_t> ColumnOrder;
+};
+
+/// A matrix of N coefficient columns and a right-hand side, written as rows of numbers.
+Matrix MatrixOf(const std::vector<std::vector<double>>& rows) {
+  Matrix matrix(static_cast<int>(rows.size()), static_cast<int>(rows.front().size()));
+  for (int row = 1; row <= matrix.NumRows(); ++row) {
+    for (int column = 1; column <= matrix.NumColumns(); ++column) {
+      const double value = rows[static_cast<std::size_t>(row - 1)][static_cast<std::size_t>(column - 1)];
+      if (value != 0) matrix.Set(row, column, value);
+    }
+  }
+  return matrix;
+}
+
+std::vector<std::vector<double>> RowsOf(const Matrix& matrix) {
+  std::vector<std::vector<double>> rows;
+  for (int row = 1; row <= matrix.NumRows(); ++row) {
+    rows.emplace_back();
+    for (int column = 1; column <= matrix.NumColumns(); ++column) rows.back().push_back(matrix(row, column));
+  }
+  return rows;
+}
+
+std::vector<int> OrderOf(const Reduced& reduced) {
+  std::vector<int> order;
+  for (int k = 1; k <= reduced.ColumnOrder.Size(); ++k) order.push_back(reduced.ColumnOrder[k]);
+  return order;
+}
+
+Reduced Solve(Matrix equations) {
+  Reduced reduced{std::move(equations), {}};
+  SolveToRREF(reduced.Equations.NumRows(), reduced.Equations.NumColumns() - 1, reduced.Equations,
+              reduced.ColumnOrder);
+  return reduced;
+}
+
+Reduced Solve(Matrix equations, const EliminationTuning& tuning) {
+  Reduced reduced{std::move(equations), {}};
+  SolveToRREF(reduced.Equations.NumRows(), reduced.Equations.NumColumns() - 1, reduced.Equations,
+              reduced.ColumnOrder, tuning);
+  return reduced;
+}
+
+Reduced SolvePlainly(const Matrix& equations) {
+  const int R = equations.NumRows();
+  const int N = equations.NumColumns() - 1;
+  FullMatrix full(R, N + 1);
+  for (int row = 1; row <= R; ++row) {
+    for (const auto& [column, value] : equations.Row(row)) full(row, column) = value;
+  }
+  std::vector<int> order;
+  PlainSolveToRREF(R, N, full, order);
+  Reduced reduced{Matrix(R, N + 1), Table<std::int16_t>(N)};
+  for (int row = 1; row <= R; ++row) {
+    std::vector<Matrix::Entry> entries;
+    for (int column = 1; column <= N + 1; ++column) {
+      if (full(row, column) != 0) entries.push_back({column, full(row, column)});
+    }
+    reduced.Equations.SetRow(row, std::move(entries));
+  }
+  for (int k = 1; k <= N; ++k) {
+    reduced.ColumnOrder[k] = static_cast<std::int16_t>(order[static_cast<std::size_t>(k)]);
+  }
+  return reduced;
+}
+
+/// Stored entries are compared with ==, which is equality of bits, as zeros are not stored.
+testing::AssertionResult SameBits(const Reduced& actual, const Reduced& expected) {
+  if (!(actual.ColumnOrder == expected.ColumnOrder)) {
+    return testing::AssertionFailure() << "another ColumnOrder; seed " << Seed;
+  }
+  for (int row = 1; row <= expected.Equations.NumRows(); ++row) {
+    const auto left = actual.Equations.Row(row);
+    const auto right = expected.Equations.Row(row);
+    if (!std::equal(left.begin(), left.end(), right.begin(), right.end())) {
+      return testing::AssertionFailure() << "row " << row << " differs; seed " << Seed;
+    }
+  }
+  return testing::AssertionSuccess();
+}
+
+struct NamedTuning {
+  std::string Name;
+  EliminationTuning Tuning;
+};
+
+/// Thresholds that lead systems of any size into each phase and across each border between phases.
+std::vector<NamedTuning> AllWays() {
+  return {{"as shipped", {}},
+          {"sparse only", {.DenseFill = 2}},
+          {"dense only", {.DenseFill = 0, .Window = 64}},
+          {"dense only, nothing pending", {.DenseFill = 0, .Window = 1}},
+          {"sparse, then dense with a short window", {.DenseFill = 0.3, .Window = 3}},
+          {"threads, sparse", {.DenseFill = 2, .FewestRowsForThreads = 2, .MostThreads = 2}},
+          {"threads, dense", {.DenseFill = 0.2, .Window = 4, .FewestRowsForThreads = 2, .MostThreads = 3}}};
+}
+
+void ExpectTheDefinition(const Matrix& equations, const std::string& what) {
+  const Reduced expected = SolvePlainly(equations);
+  for (const auto& [name, tuning] : AllWays()) {
+    ASSERT_TRUE(SameBits(Solve(equations, tuning), expected)) << what << ", " << name;
+  }
+}
+
+/// Fills a matrix from left to right, row by row.
+Matrix Filled(int R, int N, const std::function<double()>& coefficient, const std::function<double()>& load) {
+  Matrix matrix(R, N + 1);
+  for (int row = 1; row <= R; ++row) {
+    for (int column = 1; column <= N + 1; ++column) {
+      const double value = column <= N ? coefficient() : load();
+      if (value != 0) matrix.Set(row, column, value);
+    }
+  }
+  return matrix;
+}
+
+class RandomSystems : public testing::Test {
+ protected:
+  int Between(int low, int high) { return std::uniform_int_distribution<int>(low, high)(random_); }
+  double Real(double low, double high) { return std::uniform_real_distribution<double>(low, high)(random_); }
+  double Large() { return Real(-1e12, 1e12); }
+  double Tie() { return Between(-1, 1); }
+  double RealOrZero(double fill) { return Real(0, 1) < fill ? Real(-1, 1) : 0; }
+
+  std::mt19937 random_{Seed};
+};
+
+}  // namespace
+
+TEST(Elimination, OfEqualMagnitudesTheFirstRowAndThenTheFirstColumnGivesThePivot) {
+  const Reduced reduced = Solve(MatrixOf({{1, -2, 2, 3, 1}, {2, 2, -2, 0, 2}}));
+  EXPECT_EQ(OrderOf(reduced), (std::vector<int>{4, 2, 3, 1}));
+  const Reduced tied = Solve(MatrixOf({{1, -2, 2, 1}, {2, 2, 1, 2}}));
+  EXPECT_EQ(OrderOf(tied), (std::vector<int>{2, 1, 3}));
+  const Reduced lowerRowLeft = Solve(MatrixOf({{0, 0, -1, 1}, {1, 1, 1, 2}}));
+  EXPECT_EQ(OrderOf(lowerRowLeft), (std::vector<int>{3, 2, 1}));
+}
+
+TEST(Elimination, AMagnitudeOfExactlyTheToleranceIsAPivot) {
+  const Reduced reduced = Solve(MatrixOf({{1e-10, 0, 3}, {0, -1, 2}}));
+  EXPECT_EQ(RowsOf(reduced.Equations), (std::vector<std::vector<double>>{{1, 0, 3 / 1e-10}, {0, 1, -2}}));
+}
+
+TEST(Elimination, AMagnitudeBelowTheToleranceStopsTheEliminationAndIsCleaned) {
+  const Reduced reduced = Solve(MatrixOf({{9.99e-11, 0, 3}, {0, -1, 2}}));
+  EXPECT_EQ(RowsOf(reduced.Equations), (std::vector<std::vector<double>>{{0, 0, 3}, {0, 1, -2}}));
+}
+
+TEST(Elimination, RightHandSidesBelowTheToleranceAreCleaned) {
+  const Reduced reduced = Solve(MatrixOf({{2, 0, 1.9e-10}, {0, 4, 4e-10}}));
+  EXPECT_EQ(RowsOf(reduced.Equations), (std::vector<std::vector<double>>{{1, 0, 0}, {0, 1, 1e-10}}));
+}
+
+TEST(Elimination, FewerEquationsThanUnknownsLeaveTheColumnsPermuted) {
+  const Reduced reduced = Solve(MatrixOf({{1, 0, 4, 8}, {0, 2, 4, 6}}));
+  EXPECT_EQ(OrderOf(reduced), (std::vector<int>{3, 2, 1}));
+  EXPECT_EQ(RowsOf(reduced.Equations), (std::vector<std::vector<double>>{{1, 0, 0.25, 2}, {0, 1, -0.5, -1}}));
+}
+
+TEST(Elimination, ADeterminateSystemBecomesTheIdentityAndItsSolution) {
+  const Reduced reduced = Solve(MatrixOf({{0, 2, 0, 4}, {0, 0, 4, 2}, {8, 0, 0, 8}}));
+  EXPECT_EQ(OrderOf(reduced), (std::vector<int>{1, 2, 3}));
+  EXPECT_EQ(RowsOf(reduced.Equations),
+            (std::vector<std::vector<double>>{{1, 0, 0, 1}, {0, 1, 0, 2}, {0, 0, 1, 0.5}}));
+}
+
+TEST(Elimination, AConsistentSystemWithMoreEquationsThanUnknownsLeavesZeroRows) {
+  const Reduced reduced = Solve(MatrixOf({{1, 1, 3}, {1, -1, 1}, {2, 0, 4}, {0, 2, 2}}));
+  EXPECT_EQ(RowsOf(reduced.Equations),
+            (std::vector<std::vector<double>>{{1, 0, 2}, {0, 1, 1}, {0, 0, 0}, {0, 0, 0}}));
+  for (int row = 3; row <= 4; ++row) EXPECT_TRUE(reduced.Equations.Row(row).empty());
+}
+
+TEST(Elimination, AContradictionLeavesARightHandSideAlone) {
+  const Reduced reduced = Solve(MatrixOf({{4, 8}, {2, 5}}));
+  EXPECT_EQ(RowsOf(reduced.Equations), (std::vector<std::vector<double>>{{1, 2}, {0, 1}}));
+}
+
+TEST(Elimination, NoUnknownsOrNoEquationsAreReduced) {
+  const Reduced noUnknowns = Solve(MatrixOf({{5}, {1e-11}}));
+  EXPECT_EQ(noUnknowns.ColumnOrder.Size(), 0);
+  EXPECT_EQ(RowsOf(noUnknowns.Equations), (std::vector<std::vector<double>>{{5}, {0}}));
+  const Reduced noEquations = Solve(Matrix(0, 4));
+  EXPECT_EQ(OrderOf(noEquations), (std::vector<int>{1, 2, 3}));
+  Solve(Matrix(0, 1));
+}
+
+TEST(Elimination, AMatrixOfZerosHasNoPivot) {
+  const Reduced reduced = Solve(Matrix(3, 6));
+  EXPECT_EQ(OrderOf(reduced), (std::vector<int>{1, 2, 3, 4, 5}));
+  for (int row = 1; row <= 3; ++row) EXPECT_TRUE(reduced.Equations.Row(row).empty());
+}
+
+TEST_F(RandomSystems, OfAllFillsAndProportions) {
+  for (int run = 0; run < 400; ++run) {
+    const int R = Between(1, 40);
+    const int N = Between(1, 40);
+    const double fill = Real(0.02, 1);
+    const Matrix equations = Filled(
+        R, N, [&] { return RealOrZero(fill); }, [&] { return RealOrZero(0.5); });
+    ExpectTheDefinition(equations, "run " + std::to_string(run));
+  }
+}
+
+TEST_F(RandomSystems, OfTies) {
+  for (int run = 0; run < 500; ++run) {
+    const int R = Between(1, 30);
+    const int N = run % 2 == 0 ? R : Between(1, 30);
+    const Matrix equations = Filled(
+        R, N, [&] { return Tie(); }, [&] { return Tie(); });
+    ExpectTheDefinition(equations, "run " + std::to_string(run));
+  }
+}
+
+TEST_F(RandomSystems, OfSparseTies) {
+  for (int run = 0; run < 400; ++run) {
+    const int R = Between(1, 60);
+    const int N = run % 2 == 0 ? R : Between(1, 60);
+    const double fill = Real(0.02, 0.3);
+    const auto coefficient = [&] { return Real(0, 1) < fill ? Tie() : 0; };
+    ExpectTheDefinition(Filled(R, N, coefficient, [&] { return Tie(); }), "run " + std::to_string(run));
+  }
+}
+
+TEST_F(RandomSystems, WithRightHandSidesZeroOrLarge) {
+  for (int run = 0; run < 200; ++run) {
+    const int R = Between(1, 30);
+    const double share = Between(0, 2) / 2.0;
+    const auto load = [&] { return Real(0, 1) < share ? Large() : 0; };
+    ExpectTheDefinition(Filled(
+                            R, Between(1, 30), [&] { return RealOrZero(0.4); }, load),
+                        "run " + std::to_string(run));
+  }
+}
+
+TEST_F(RandomSystems, WithRowsAndColumnsThatDependOnEachOther) {
+  for (int run = 0; run < 200; ++run) {
+    const int R = Between(2, 30);
+    const int N = Between(2, 30);
+    Matrix equations = Filled(
+        R, N, [&] { return RealOrZero(0.4); }, [&] { return RealOrZero(0.4); });
+    for (int row = 2; row <= R; row += Between(1, 4)) {
+      const double scale = Between(-2, 2);
+      const int copied = Between(1, row - 1);
+      for (int column = 1; column <= N + 1; ++column) {
+        equations.Set(row, column, scale * equations(copied, column));
+      }
+    }
+    for (int row = 1; row <= R; ++row) equations.Set(row, N, -equations(row, 1));
+    ExpectTheDefinition(equations, "run " + std::to_string(run));
+  }
+}
+
+TEST_F(RandomSystems, WithMagnitudesAroundTheTolerance) {
+  for (int run = 0; run < 200; ++run) {
+    const int R = Between(1, 20);
+    const auto coefficient = [&] { return Real(0, 1) < 0.5 ? Real(-3e-10, 3e-10) : Tie(); };
+    ExpectTheDefinition(Filled(R, Between(1, 20), coefficient, [&] { return Real(-1e-9, 1e-9); }),
+                        "run " + std::to_string(run));
+  }
+}
+
+TEST(TrussSystems, OfEveryShape) {
+  for (const int numUnknowns : {6, 8, 14, 40, 100, 210, 400}) {
+    const std::string size = std::to_string(numUnknowns);
+    ExpectTheDefinition(EquationsOf(WarrenStrip(numUnknowns)), "strip of " + size);
+    ExpectTheDefinition(EquationsOf(TriangulatedGrid(numUnknowns)), "triangulated grid of " + size);
+    ExpectTheDefinition(EquationsOf(BracedGrid(numUnknowns)), "braced grid of " + size);
+    ExpectTheDefinition(EquationsOf(RandomSimpleTruss(numUnknowns, Seed)), "random truss of " + size);
+  }
+}
+
+TEST(TrussSystems, WithMembersAndJointsLeftOver) {
+  for (unsigned seed = Seed; seed < Seed + 20; ++seed) {
+    TrussShape fewMembers = RandomSimpleTruss(60, seed);
+    fewMembers.Members.resize(fewMembers.Members.size() - seed % 20);
+    ExpectTheDefinition(EquationsOf(fewMembers), "too few members, seed " + std::to_string(seed));
+    TrussShape manyMembers = RandomSimpleTruss(60, seed);
+    for (int joint = 2; joint < 20; ++joint) manyMembers.Members.emplace_back(joint, joint + 7);
+    ExpectTheDefinition(EquationsOf(manyMembers), "too many members, seed " + std::to_string(seed));
+  }
+}

@@ -1,0 +1,239 @@
+// What the words on the command line mean, and every way of getting them wrong.
+#include "app/CommandLine.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using Mode = CommandLine::Mode;
+using Words = std::vector<std::string>;
+
+// The call that the words make; a wrong one fails the test.
+CommandLine Call(const Words& words) {
+  const auto parsed = ParseCommandLine(words);
+  if (const auto* wrong = std::get_if<WrongArguments>(&parsed)) {
+    ADD_FAILURE() << wrong->Why;
+    return {};
+  }
+  return std::get<CommandLine>(parsed);
+}
+
+// Why the words are no call; a right one fails the test.
+std::string WhyWrong(const Words& words) {
+  const auto parsed = ParseCommandLine(words);
+  const auto* wrong = std::get_if<WrongArguments>(&parsed);
+  if (wrong == nullptr) ADD_FAILURE() << "the call is right";
+  return wrong == nullptr ? "" : wrong->Why;
+}
+
+std::vector<bool> SectionsOf(const Words& words) {
+  const ReportSections sections = Call(words).Sections;
+  return {sections.Counting, sections.Joints, sections.Equations, sections.RREF, sections.Solutions};
+}
+
+TEST(CommandLineWindow, OpensWithoutAFile) {
+  const CommandLine call = Call({});
+  EXPECT_EQ(call.What, Mode::Window);
+  EXPECT_THAT(call.Files, IsEmpty());
+}
+
+TEST(CommandLineWindow, OpensOnOneFile) {
+  const CommandLine call = Call({"a.trs"});
+  EXPECT_EQ(call.What, Mode::Window);
+  EXPECT_THAT(call.Files, ElementsAre("a.trs"));
+}
+
+TEST(CommandLineWindow, CanNameEverythingFirst) {
+  const CommandLine call = Call({"--autoname", "a.trs"});
+  EXPECT_EQ(call.What, Mode::Window);
+  EXPECT_TRUE(call.AutoName);
+}
+
+TEST(CommandLineWindow, TakesNoSecondFile) {
+  EXPECT_EQ(WhyWrong({"a.trs", "b.trs"}), "the window opens one file");
+}
+
+TEST(CommandLineReport, HasAllSectionsWhenNoneIsNamed) {
+  EXPECT_EQ(Call({"--report", "a.trs"}).What, Mode::Report);
+  EXPECT_THAT(SectionsOf({"--report", "a.trs"}), ElementsAre(true, true, true, true, true));
+}
+
+TEST(CommandLineReport, HasTheNamedSectionOnly) {
+  EXPECT_THAT(SectionsOf({"--report=counting", "a"}), ElementsAre(true, false, false, false, false));
+  EXPECT_THAT(SectionsOf({"--report=joints", "a"}), ElementsAre(false, true, false, false, false));
+  EXPECT_THAT(SectionsOf({"--report=equations", "a"}), ElementsAre(false, false, true, false, false));
+  EXPECT_THAT(SectionsOf({"--report=rref", "a"}), ElementsAre(false, false, false, true, false));
+  EXPECT_THAT(SectionsOf({"--report=solutions", "a"}), ElementsAre(false, false, false, false, true));
+}
+
+TEST(CommandLineReport, TakesSectionsInAnyOrderAndTwice) {
+  EXPECT_THAT(SectionsOf({"--report=solutions,counting,solutions", "a"}),
+              ElementsAre(true, false, false, false, true));
+}
+
+TEST(CommandLineReport, TakesFilesInTheirOrder) {
+  EXPECT_THAT(Call({"--report", "b", "a", "b"}).Files, ElementsAre("b", "a", "b"));
+}
+
+TEST(CommandLineReport, RefusesUnknownAndEmptySections) {
+  EXPECT_EQ(WhyWrong({"--report=forces", "a"}), "there is no report section \"forces\"");
+  EXPECT_EQ(WhyWrong({"--report=Counting", "a"}), "there is no report section \"Counting\"");
+  EXPECT_EQ(WhyWrong({"--report=", "a"}), "there is no report section \"\"");
+  EXPECT_EQ(WhyWrong({"--report=rref,", "a"}), "there is no report section \"\"");
+  EXPECT_EQ(WhyWrong({"--report=,rref", "a"}), "there is no report section \"\"");
+}
+
+TEST(CommandLineReport, NeedsAFile) { EXPECT_EQ(WhyWrong({"--report"}), "--report needs a file"); }
+
+TEST(CommandLineJson, TakesFiles) {
+  const CommandLine call = Call({"--json", "a", "b"});
+  EXPECT_EQ(call.What, Mode::Json);
+  EXPECT_FALSE(call.Matrices);
+  EXPECT_FALSE(call.AutoName);
+  EXPECT_THAT(call.Files, ElementsAre("a", "b"));
+}
+
+TEST(CommandLineJson, HasMatricesWhenAsked) {
+  EXPECT_TRUE(Call({"--json", "--matrices", "a"}).Matrices);
+  EXPECT_TRUE(Call({"--matrices", "a", "--json"}).Matrices) << "options stand in any order, also after files";
+}
+
+TEST(CommandLineJson, NeedsAFile) { EXPECT_EQ(WhyWrong({"--json"}), "--json needs a file"); }
+
+TEST(CommandLineJson, AloneHasMatrices) {
+  for (const char* other : {"--report", "--csv=rref", "--convert=o", "--help", "--version"}) {
+    EXPECT_EQ(WhyWrong({other, "--matrices", "a"}), "--matrices goes with --json") << other;
+  }
+  EXPECT_EQ(WhyWrong({"--matrices", "a"}), "--matrices goes with --json");
+}
+
+TEST(CommandLineCsv, NamesItsTable) {
+  EXPECT_EQ(Call({"--csv=equations", "a"}).What, Mode::Csv);
+  EXPECT_EQ(Call({"--csv=equations", "a"}).Table, CsvTable::Equations);
+  EXPECT_EQ(Call({"--csv=rref", "a"}).Table, CsvTable::RREF);
+  EXPECT_EQ(Call({"--csv=solutions", "a"}).Table, CsvTable::Solutions);
+}
+
+TEST(CommandLineCsv, RefusesAnyOtherTable) {
+  EXPECT_EQ(WhyWrong({"--csv=counting", "a"}), "there is no table \"counting\"");
+  EXPECT_EQ(WhyWrong({"--csv=rref,solutions", "a"}), "there is no table \"rref,solutions\"");
+  EXPECT_EQ(WhyWrong({"--csv", "a"}), "--csv needs a value after \"=\"");
+  EXPECT_EQ(WhyWrong({"--csv=", "a"}), "--csv needs a value after \"=\"");
+}
+
+TEST(CommandLineCsv, NeedsExactlyOneFile) {
+  EXPECT_EQ(WhyWrong({"--csv=rref"}), "--csv needs one file");
+  EXPECT_EQ(WhyWrong({"--csv=rref", "a", "b"}), "--csv needs one file");
+}
+
+TEST(CommandLineConvert, NamesItsOutput) {
+  const CommandLine call = Call({"--convert=out.trs", "a"});
+  EXPECT_EQ(call.What, Mode::Convert);
+  EXPECT_EQ(call.OutputPath, "out.trs");
+  EXPECT_THAT(call.Files, ElementsAre("a"));
+}
+
+TEST(CommandLineConvert, OutputMayHoldEqualsSignsAndBeStandardOutput) {
+  EXPECT_EQ(Call({"--convert=a=b.trs", "a"}).OutputPath, "a=b.trs");
+  EXPECT_EQ(Call({"--convert=-", "a"}).OutputPath, "-");
+}
+
+TEST(CommandLineConvert, NeedsAnOutputAndExactlyOneFile) {
+  EXPECT_EQ(WhyWrong({"--convert", "a"}), "--convert needs a value after \"=\"");
+  EXPECT_EQ(WhyWrong({"--convert=", "a"}), "--convert needs a value after \"=\"");
+  EXPECT_EQ(WhyWrong({"--convert=o"}), "--convert needs one file");
+  EXPECT_EQ(WhyWrong({"--convert=o", "a", "b"}), "--convert needs one file");
+}
+
+TEST(CommandLineAutoName, GoesWithEverything) {
+  for (const char* mode : {"--report", "--json", "--csv=rref", "--convert=o"}) {
+    EXPECT_TRUE(Call({"--autoname", mode, "a"}).AutoName) << mode;
+    EXPECT_TRUE(Call({mode, "a", "--autoname"}).AutoName) << mode;
+  }
+}
+
+TEST(CommandLineHelp, NeedsNoFile) {
+  EXPECT_EQ(Call({"--help"}).What, Mode::Help);
+  EXPECT_EQ(Call({"--version"}).What, Mode::Version);
+}
+
+TEST(CommandLineHelp, ShowsEveryOptionThatThereIs) {
+  const std::string help = HelpText();
+  for (const char* option :
+       {"orvane [FILE]", "--report[=SECTION,...] FILE...", "--json [--matrices] FILE...",
+        "--csv=equations|rref|solutions FILE", "--convert=OUT.trs FILE", "--autoname ...", "--help | --version",
+        "Exit status: 0", "counting, joints, equations, rref, solutions"}) {
+    EXPECT_THAT(help, HasSubstr(option));
+  }
+  EXPECT_TRUE(help.ends_with('\n'));
+}
+
+TEST(CommandLineModes, DoNotGoTogether) {
+  EXPECT_EQ(WhyWrong({"--report", "--json", "a"}), "--json does not go with --report");
+  EXPECT_EQ(WhyWrong({"--json", "--csv=rref", "a"}), "--csv does not go with --json");
+  EXPECT_EQ(WhyWrong({"--csv=rref", "--convert=o", "a"}), "--convert does not go with --csv");
+  EXPECT_EQ(WhyWrong({"--convert=o", "--report=rref", "a"}), "--report does not go with --convert");
+  EXPECT_EQ(WhyWrong({"--help", "--version"}), "--version does not go with --help");
+  EXPECT_EQ(WhyWrong({"--report", "--help"}), "--help does not go with --report");
+}
+
+TEST(CommandLineModes, AreNamedOnce) {
+  EXPECT_EQ(WhyWrong({"--json", "--json", "a"}), "--json does not go with --json");
+}
+
+TEST(CommandLineOptions, UnknownOnesAreRefused) {
+  EXPECT_EQ(WhyWrong({"--jason", "a"}), "there is no option --jason");
+  EXPECT_EQ(WhyWrong({"-h"}), "there is no option -h");
+  EXPECT_EQ(WhyWrong({"--JSON", "a"}), "there is no option --JSON");
+  EXPECT_EQ(WhyWrong({"--out=x", "a"}), "there is no option --out with a value");
+}
+
+TEST(CommandLineOptions, SwitchesTakeNoValue) {
+  for (const std::string name : {"--json", "--help", "--version", "--matrices", "--autoname"}) {
+    EXPECT_EQ(WhyWrong({name + "=yes", "a"}), "there is no option " + name + " with a value");
+    EXPECT_EQ(WhyWrong({name + "=", "a"}), "there is no option " + name + " with a value");
+  }
+}
+
+TEST(CommandLineOptions, EndAtTwoDashes) {
+  const CommandLine call = Call({"--json", "--", "--report", "-x", "--"});
+  EXPECT_EQ(call.What, Mode::Json);
+  EXPECT_THAT(call.Files, ElementsAre("--report", "-x", "--"));
+}
+
+TEST(CommandLineOptions, TwoDashesAloneOpenTheWindow) { EXPECT_EQ(Call({"--"}).What, Mode::Window); }
+
+TEST(CommandLineFiles, ADashIsStandardInput) {
+  EXPECT_THAT(Call({"--json", "a", "-", "b"}).Files, ElementsAre("a", "-", "b"));
+  EXPECT_THAT(Call({"--report", "--", "-"}).Files, ElementsAre("-"));
+}
+
+TEST(CommandLineFiles, StandardInputIsReadOnce) {
+  EXPECT_EQ(WhyWrong({"--json", "-", "a", "-"}), "standard input can be read once only");
+}
+
+TEST(CommandLineFiles, AnEmptyNameIsAFileLikeAnyOther) {
+  EXPECT_THAT(Call({"--json", ""}).Files, ElementsAre(""));
+}
+
+TEST(CommandLineFiles, KeepTheirBytes) {
+  EXPECT_THAT(Call({"--json", "Br\xC3\xBC"
+                              "cke 1.trs"})
+                  .Files,
+              ElementsAre("Br\xC3\xBC"
+                          "cke 1.trs"));
+}
+
+TEST(CommandLineWrong, IsOneLineWithoutAFullStop) {
+  for (const Words& words : {Words{"--jason"}, Words{"--json"}, Words{"a", "b"}, Words{"--csv=x", "a"}}) {
+    const std::string why = WhyWrong(words);
+    EXPECT_EQ(why.find('\n'), std::string::npos);
+    EXPECT_FALSE(why.ends_with('.'));
+  }
+}
+
+}  // namespace

@@ -1,0 +1,317 @@
+// Runs of the command line on files, through string streams: what comes out, what is said, and how it ends.
+#include "app/RunCommandLine.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <sstream>
+#include <thread>
+
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+namespace fs = std::filesystem;
+
+constexpr const char* TriangleText =
+    "Orvane 5\r\n#TRUE#,#TRUE#,#TRUE#,#FALSE#\r\n0\r\n20\r\n2\r\n.5\r\n0\r\n.5\r\n1000\r\n4\r\n"
+    "2\r\n0,0,1\r\n\"Ax\",\"Ay\"\r\n8,0,5\r\n\"B\"\r\n"
+    "3\r\n0,0,8,0,\"AB\",\"AB\"\r\n0,0,4,4,\"AC\",\"AC\"\r\n8,0,4,4,\"BC\",\"BC\"\r\n"
+    "1\r\n4,4,0,-1000\r\n"
+    "3\r\n0,0,\"A\"\r\n8,0,\"B\"\r\n4,4,\"C\"\r\n";
+
+constexpr const char* TriangleSolutions =
+    "The solutions:\nForce  Value\n   Ax      0\n   Ay    500\n    B    500\n   AB   \u2013500\n   AC  707.1\n"
+    "   BC  707.1\n";
+
+std::string Replaced(std::string text, const std::string& what, const std::string& by) {
+  const std::size_t at = text.find(what);
+  EXPECT_NE(at, std::string::npos) << what;
+  return text.replace(at, what.size(), by);
+}
+
+// Line 19 holds a word where a number should stand; three reactions and two members come before it.
+std::string BrokenTriangle() { return Replaced(TriangleText, "8,0,4,4", "8,zero,4,4"); }
+constexpr const char* BrokenWhy = "line 19: a number should stand here, not \"zero\"";
+
+// Takes nothing, like a full disk.
+class FullDisk final : public std::streambuf {
+  int_type overflow(int_type) override { return traits_type::eof(); }
+  std::streamsize xsputn(const char*, std::streamsize) override { return 0; }
+};
+
+std::string FakeJson(const AnalysedFile& file, bool matrices, const ReportFormat&) {
+  return "{" + file.Argument + (file.IsComplete() ? "" : "|" + file.Error) + (matrices ? "|matrices}" : "}");
+}
+
+class RunCommandLineTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    const std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
+    directory_ = fs::temp_directory_path() / ("orvane-run-" + name + std::to_string(std::random_device{}()));
+    fs::create_directories(directory_);
+  }
+  void TearDown() override { fs::remove_all(directory_); }
+
+  std::string Path(const std::string& name) const { return (directory_ / name).string(); }
+
+  std::string File(const std::string& name, const std::string& bytes) const {
+    std::ofstream(Path(name), std::ios::binary) << bytes;
+    return Path(name);
+  }
+
+  static std::string Bytes(const std::string& path) {
+    std::ostringstream bytes;
+    bytes << std::ifstream(path, std::ios::binary).rdbuf();
+    return bytes.str();
+  }
+
+  ExitStatus RunInto(std::ostream& out, const std::vector<std::string>& words) {
+    const auto parsed = ParseCommandLine(words);
+    if (!std::holds_alternative<CommandLine>(parsed)) {
+      ADD_FAILURE() << std::get<WrongArguments>(parsed).Why;
+      return ArgumentsWrong;
+    }
+    std::istringstream in(Input);
+    return RunCommandLine(std::get<CommandLine>(parsed), CommandLineEnvironment{.In = in,
+                                                                                .Out = out,
+                                                                                .Err = Err,
+                                                                                .ErrIsTerminal = ErrIsTerminal,
+                                                                                .Numbers = {},
+                                                                                .Json = Json});
+  }
+
+  ExitStatus RunWords(const std::vector<std::string>& words) { return RunInto(Out, words); }
+
+  std::string Input;
+  std::ostringstream Out;
+  std::ostringstream Err;
+  bool ErrIsTerminal = false;
+  std::function<std::string(const AnalysedFile&, bool, const ReportFormat&)> Json = FakeJson;
+
+ private:
+  fs::path directory_;
+};
+
+TEST_F(RunCommandLineTest, HelpIsAResult) {
+  EXPECT_EQ(RunWords({"--help"}), Done);
+  EXPECT_EQ(Out.str(), HelpText());
+  EXPECT_EQ(Err.str(), "");
+}
+
+TEST_F(RunCommandLineTest, VersionIsOneLine) {
+  EXPECT_EQ(RunWords({"--version"}), Done);
+  EXPECT_THAT(Out.str(), testing::MatchesRegex("Orvane [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+}
+
+TEST_F(RunCommandLineTest, ReportOfOneFileHasNoHeading) {
+  EXPECT_EQ(RunWords({"--report=solutions", File("a.trs", TriangleText)}), Done);
+  EXPECT_EQ(Out.str(), TriangleSolutions);
+  EXPECT_EQ(Err.str(), "");
+}
+
+TEST_F(RunCommandLineTest, ReportsOfSeveralFilesStandUnderTheirNames) {
+  const std::string a = File("a.trs", TriangleText);
+  const std::string b = File("b.trs", Replaced(TriangleText, "-1000", "-2"));
+  EXPECT_EQ(RunWords({"--report=solutions", a, b}), Done);
+  EXPECT_EQ(Out.str(), "== " + a + " ==\n" + TriangleSolutions + "\n== " + b +
+                           " ==\nThe solutions:\nForce   Value\n   Ax       0\n   Ay       1\n    B       1\n"
+                           "   AB      \u20131\n   AC   1.414\n   BC   1.414\n");
+}
+
+TEST_F(RunCommandLineTest, ReportUsesTheDocumentsFigures) {
+  EXPECT_EQ(RunWords({"--report=solutions", File("a.trs", Replaced(TriangleText, "1000\r\n4", "1000\r\n6"))}),
+            Done);
+  EXPECT_THAT(Out.str(), HasSubstr("   AC  707.107\n"));
+}
+
+TEST_F(RunCommandLineTest, StandardInputIsAFile) {
+  Input = TriangleText;
+  const std::string a = File("a.trs", TriangleText);
+  EXPECT_EQ(RunWords({"--report=solutions", a, "-"}), Done);
+  EXPECT_THAT(Out.str(), HasSubstr(std::string("\n== - ==\n") + TriangleSolutions));
+}
+
+TEST_F(RunCommandLineTest, JsonIsOneLineForEachFile) {
+  const std::string a = File("a.trs", TriangleText);
+  const std::string b = File("b.trs", TriangleText);
+  EXPECT_EQ(RunWords({"--json", b, a}), Done);
+  EXPECT_EQ(Out.str(), "{" + b + "}\n{" + a + "}\n");
+}
+
+TEST_F(RunCommandLineTest, JsonHasMatricesWhenAsked) {
+  Input = TriangleText;
+  EXPECT_EQ(RunWords({"--json", "--matrices", "-"}), Done);
+  EXPECT_EQ(Out.str(), "{-|matrices}\n");
+}
+
+TEST_F(RunCommandLineTest, CsvIsTheTableAlone) {
+  EXPECT_EQ(RunWords({"--csv=solutions", File("a.trs", TriangleText)}), Done);
+  EXPECT_EQ(Out.str(),
+            "Force,Value\r\nAx,0\r\nAy,500\r\nB,500\r\nAB,\u2013500\r\nAC,707.1\r\nBC,707.1\r\n");
+}
+
+TEST_F(RunCommandLineTest, AutoNameComesBeforeTheAnalysis) {
+  EXPECT_EQ(RunWords({"--autoname", "--csv=solutions", File("a.trs", TriangleText)}), Done);
+  EXPECT_EQ(Out.str(), "Force,Value\r\nA,0\r\nB,500\r\nC,500\r\nD,\u2013500\r\nE,707.1\r\nF,707.1\r\n");
+}
+
+TEST_F(RunCommandLineTest, WhatWasReadOfABrokenFileIsStillReported) {
+  const std::string broken = File("broken.trs", BrokenTriangle());
+  EXPECT_EQ(RunWords({"--report=counting", broken}), NotAllDone);
+  EXPECT_EQ(Err.str(), "orvane: " + broken + ": " + BrokenWhy + "\n");
+  EXPECT_THAT(Out.str(), StartsWith("The forces:  This truss contains 5 unknown forces:\n"));
+  EXPECT_THAT(Out.str(), HasSubstr("labelled AB, AC, \n"));
+}
+
+TEST_F(RunCommandLineTest, TheFilesAfterABrokenOneAreStillDone) {
+  const std::string a = File("a.trs", TriangleText);
+  const std::string broken = File("broken.trs", BrokenTriangle());
+  const std::string c = File("c.trs", TriangleText);
+  EXPECT_EQ(RunWords({"--json", a, broken, Path("missing.trs"), c}), NotAllDone);
+  EXPECT_EQ(Out.str(), "{" + a + "}\n{" + broken + "|" + BrokenWhy + "}\n{" + Path("missing.trs") +
+                           "|the file cannot be opened for reading}\n{" + c + "}\n");
+  EXPECT_EQ(Err.str(), "orvane: " + broken + ": " + BrokenWhy + "\norvane: " + Path("missing.trs") +
+                           ": the file cannot be opened for reading\n");
+}
+
+TEST_F(RunCommandLineTest, ADirectoryIsNoFile) {
+  EXPECT_EQ(RunWords({"--json", Path(".")}), NotAllDone);
+  EXPECT_EQ(Err.str(), "orvane: " + Path(".") + ": it is a directory, not a file\n");
+}
+
+TEST_F(RunCommandLineTest, ABrokenStandardInputIsNamedByItsDash) {
+  Input = BrokenTriangle();
+  EXPECT_EQ(RunWords({"--csv=solutions", "-"}), NotAllDone);
+  EXPECT_EQ(Err.str(), std::string("orvane: -: ") + BrokenWhy + "\n");
+  EXPECT_THAT(Out.str(), StartsWith("Force,Value\r\nAx,"));
+}
+
+TEST_F(RunCommandLineTest, AnEmptyFileEndsTooEarly) {
+  EXPECT_EQ(RunWords({"--report", "-"}), NotAllDone);
+  EXPECT_EQ(Err.str(), "orvane: -: line 1: the file ends too early\n");
+  EXPECT_THAT(Out.str(), StartsWith("The augmented matrix"));
+}
+
+TEST_F(RunCommandLineTest, MoreJointsThanNumbersIsAnErrorOfTheFile) {
+  Input = "Orvane 5\n#TRUE#,#TRUE#,#TRUE#,#TRUE#\n0\n20\n2\n.5\n0\n.5\n1000\n4\n0\n0\n16384\n";
+  for (int i = 0; i < 16384; ++i) Input += std::to_string(i) + ",0,0,-1\n";
+  Input += "0\n";
+  EXPECT_EQ(RunWords({"--json", "-"}), NotAllDone);
+  EXPECT_EQ(Err.str(), "orvane: -: the truss has too many joints for 16-bit numbers\n");
+  EXPECT_EQ(Out.str(), "{-|the truss has too many joints for 16-bit numbers}\n");
+}
+
+TEST_F(RunCommandLineTest, AMemberWithoutLengthIsNamed) {
+  Input = Replaced(Replaced(TriangleText, "3\r\n0,0,8", "4\r\n4,4,4,4,\"dot\r\n\xC4\",\"dot\"\r\n0,0,8"), "AC", "AC");
+  EXPECT_EQ(RunWords({"--csv=solutions", "-"}), Done) << "the file was read whole";
+  EXPECT_EQ(Err.str(), "orvane: -: member \"dot  \u00C4\" has no length; its force cannot be determined\n");
+  EXPECT_THAT(Out.str(), HasSubstr("\"dot\r\n\u00C4\",undetermined\r\n"));
+}
+
+TEST_F(RunCommandLineTest, EveryMessageIsOneLineWhateverFilesAreCalled) {
+  EXPECT_EQ(RunWords({"--json", Path("no\nsuch\x1b.trs")}), NotAllDone);
+  EXPECT_EQ(Err.str(), "orvane: " + Path("no such .trs") + ": the file cannot be opened for reading\n");
+}
+
+TEST_F(RunCommandLineTest, ConvertMovesTheSwitchesOfLineTwo) {
+  const std::string a = File("a.trs", TriangleText);
+  EXPECT_EQ(RunWords({"--convert=" + Path("out.trs"), a}), Done);
+  // Snap to object, snap to grid and the grid were on, the rulers off; the writer begins with the grid.
+  EXPECT_EQ(Bytes(Path("out.trs")), Replaced(TriangleText, "#TRUE#,#TRUE#,#TRUE#,#FALSE#\r\n0\r\n20\r\n2\r\n.5\r\n0\r\n.5",
+                                             "#TRUE#,#FALSE#,#TRUE#,#TRUE#\r\n0\r\n20\r\n2\r\n0.5\r\n0\r\n0.5"));
+  EXPECT_EQ(Out.str(), "");
+  EXPECT_EQ(Err.str(), "");
+}
+
+TEST_F(RunCommandLineTest, ConvertBringsTheOlderLayoutUpToDate) {
+  Input = "Some older program\r\n0\r\n20\r\n2\r\n.5\r\n0\r\n7,7\r\n.5\r\n1000\r\n4\r\n0\r\n0\r\n0\r\n0\r\n";
+  EXPECT_EQ(RunWords({"--convert=-", "-"}), Done);
+  EXPECT_EQ(Out.str(),
+            "Orvane 5\r\n#TRUE#,#TRUE#,#TRUE#,#TRUE#\r\n0\r\n20\r\n2\r\n0.5\r\n0\r\n0.5\r\n1000\r\n4\r\n"
+            "0\r\n0\r\n0\r\n0\r\n");
+}
+
+TEST_F(RunCommandLineTest, ConvertCanReplaceItsOwnFile) {
+  const std::string a = File("a.trs", TriangleText);
+  EXPECT_EQ(RunWords({"--autoname", "--convert=" + a, a}), Done);
+  EXPECT_THAT(Bytes(a), HasSubstr("\r\n\"A\",\"B\"\r\n8,0,5\r\n\"C\"\r\n3\r\n0,0,8,0,\"D\",\"D\"\r\n"));
+}
+
+TEST_F(RunCommandLineTest, ConvertRefusesAFileThatWasNotReadWhole) {
+  const std::string broken = File("broken.trs", BrokenTriangle());
+  const std::string out = File("out.trs", "kept");
+  EXPECT_EQ(RunWords({"--convert=" + out, broken}), NotAllDone);
+  EXPECT_EQ(Bytes(out), "kept");
+  EXPECT_EQ(Err.str(), "orvane: " + broken + ": " + BrokenWhy + "\n");
+}
+
+TEST_F(RunCommandLineTest, ConvertSaysWhenItCannotWrite) {
+  const std::string out = Path("no such directory/out.trs");
+  EXPECT_EQ(RunWords({"--convert=" + out, File("a.trs", TriangleText)}), NotAllDone);
+  EXPECT_EQ(Err.str(), "orvane: " + out + ": the file could not be written\n");
+}
+
+TEST_F(RunCommandLineTest, ResultsThatCannotBeWrittenAreAFailure) {
+  Input = TriangleText;
+  for (const std::vector<std::string>& words :
+       {std::vector<std::string>{"--report", "-"}, {"--json", "-"}, {"--csv=rref", "-"}, {"--convert=-", "-"},
+        {"--help"}, {"--version"}}) {
+    FullDisk disk;
+    std::ostream full(&disk);
+    Err.str("");
+    EXPECT_EQ(RunInto(full, words), NotAllDone) << words[0];
+    EXPECT_EQ(Err.str(), "orvane: standard output: the results could not be written\n") << words[0];
+  }
+}
+
+TEST_F(RunCommandLineTest, NoFurtherFileIsReadOnceResultsCannotBeWritten) {
+  FullDisk disk;
+  std::ostream full(&disk);
+  EXPECT_EQ(RunInto(full, {"--json", File("a.trs", TriangleText), Path("missing.trs")}), NotAllDone);
+  EXPECT_EQ(Err.str(), "orvane: standard output: the results could not be written\n");
+}
+
+class SlowRun : public RunCommandLineTest {
+ protected:
+  void SetUp() override {
+    RunCommandLineTest::SetUp();
+    Json = [](const AnalysedFile&, bool, const ReportFormat&) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(550));
+      return std::string("{}");
+    };
+    Input = TriangleText;
+  }
+};
+
+TEST_F(SlowRun, ShowsItsProgressOnATerminalAndClearsIt) {
+  ErrIsTerminal = true;
+  EXPECT_EQ(RunWords({"--json", File("a.trs", TriangleText), "-"}), Done);
+  EXPECT_EQ(Err.str(), "\rorvane: 1 of 2 files\r\x1b[K");
+}
+
+TEST_F(SlowRun, ClearsItsProgressBeforeAMessage) {
+  ErrIsTerminal = true;
+  Input = BrokenTriangle();
+  EXPECT_EQ(RunWords({"--json", File("a.trs", TriangleText), "-"}), NotAllDone);
+  EXPECT_EQ(Err.str(), std::string("\rorvane: 1 of 2 files\r\x1b[Korvane: -: ") + BrokenWhy + "\n");
+}
+
+TEST_F(SlowRun, IsSilentWhenStandardErrorIsNoTerminal) {
+  EXPECT_EQ(RunWords({"--json", File("a.trs", TriangleText), "-"}), Done);
+  EXPECT_EQ(Err.str(), "");
+}
+
+TEST_F(RunCommandLineTest, AQuickRunShowsNoProgress) {
+  ErrIsTerminal = true;
+  const std::string a = File("a.trs", TriangleText);
+  EXPECT_EQ(RunWords({"--json", a, a, a}), Done);
+  EXPECT_EQ(Err.str(), "");
+}
+
+}  // namespace

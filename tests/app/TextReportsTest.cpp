@@ -1,0 +1,307 @@
+// The reports as plain text and as CSV, character by character.
+#include "app/TextReports.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "support/TrussBuilder.h"
+
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+constexpr ReportSections OnlyCounting{.Counting = true};
+constexpr ReportSections OnlyJoints{.Joints = true};
+constexpr ReportSections OnlyEquations{.Equations = true};
+constexpr ReportSections OnlyRREF{.RREF = true};
+constexpr ReportSections OnlySolutions{.Solutions = true};
+constexpr ReportSections All{true, true, true, true, true};
+
+AnalysedFile Analysed(const Truss& truss) {
+  AnalysedFile file;
+  file.Argument = "a.trs";
+  file.Document = truss;
+  Analyse(file);
+  return file;
+}
+
+std::string Report(const Truss& truss, const ReportSections& sections, const ReportFormat& format = {}) {
+  std::ostringstream out;
+  WriteReport(out, Analysed(truss), sections, format);
+  return out.str();
+}
+
+std::string Csv(const Truss& truss, CsvTable table, const ReportFormat& format = {}) {
+  std::ostringstream out;
+  WriteCsv(out, Analysed(truss), table, format);
+  return out.str();
+}
+
+// A clamp, a roller and a load of 1000 on top.
+TrussBuilder Triangle(const std::string& leftRafter = "AC") {
+  return TrussBuilder()
+      .Clamp(0, 0, "Ax", "Ay")
+      .Roller(8, 0, "B")
+      .Member(0, 0, 8, 0, "AB")
+      .Member(0, 0, 4, 4, leftRafter)
+      .Member(8, 0, 4, 4, "BC")
+      .Force(4, 4, 0, -1000)
+      .Joint(0, 0, "A")
+      .Joint(8, 0, "B")
+      .Joint(4, 4, "C");
+}
+
+// A single roller is held upwards only.
+TrussBuilder LoneRoller(float fx, float fy) {
+  return TrussBuilder().Roller(0, 0, "R").Force(0, 0, fx, fy).Joint(0, 0, "J");
+}
+
+// Between two clamps nobody can say what the member carries.
+TrussBuilder TieBetweenClamps() {
+  return TrussBuilder()
+      .Clamp(0, 0, "Ax", "Ay")
+      .Clamp(2, 0, "Bx", "By")
+      .Member(0, 0, 2, 0, "AB")
+      .Force(2, 0, 0, -3)
+      .Joint(0, 0, "A")
+      .Joint(2, 0, "B");
+}
+
+TEST(TextReportCounting, IsTheTextBoxWithPlainLineEnds) {
+  EXPECT_EQ(
+      Report(Triangle(), OnlyCounting),
+      "The forces:  This truss contains 6 unknown forces:\n"
+      "\n"
+      "- the 3 member force(s), labelled AB, AC, BC, \n"
+      "(A positive value for a member force means that the member is under compression so the member force is "
+      "directed INTO the pins at its ends.)\n"
+      "\n"
+      "- the 3 reaction force(s), labelled Ax, Ay, B, \n"
+      "(Reaction forces are due to clamp or roller supports.  Positive values mean that they act into a pin in "
+      "the direction shown.)\n"
+      "\n"
+      "The equations:  The values of these unknown forces can be found by solving a system of equations.\n"
+      "Assuming the truss is in equilibrium, each joint of the truss contributes 2 equations to the system.\n"
+      "One equation expresses the fact that the x components of the forces on that joint cancel.\n"
+      "The other equation expresses the fact that the y components cancel.\n"
+      "\n"
+      "This truss contains 3 joints, labelled A, B, C.  Thus there are 6 equations.\n"
+      "\n"
+      "The count:  There are the same number of equations as unknowns.\n"
+      "\n"
+      "This means that there is a unique solution (implying a stable truss) as long as the equations are "
+      "neither redundant nor inconsistent.  If the truss consists only of triangles then this is guaranteed "
+      "but in all other cases it must be checked.  This can be done by using Gaussian elimination to put the "
+      "system of equations into RREF form.\n");
+}
+
+TEST(TextReportCounting, TurnsTheLineEndsOfNamesIntoPlainOnes) {
+  EXPECT_THAT(Report(Triangle("a\rb\r\nc\nd"), OnlyCounting),
+              HasSubstr("labelled AB, a\nb\nc\nd, BC, \n"));
+}
+
+TEST(TextReportJoints, AreLaidOutAsInThePrintableReport) {
+  EXPECT_EQ(Report(Triangle(), OnlyJoints),
+            "Equations for joint A\n"
+            "\tforces right = forces left :     Ax = AB + AC cos(45.0)\n"
+            "\tforces up = forces down :    Ay = AC sin(45.0)\n"
+            "\n"
+            "Equations for joint B\n"
+            "\tforces right = forces left :     AB + BC cos(45.0) = 0\n"
+            "\tforces up = forces down :    B = BC sin(45.0)\n"
+            "\n"
+            "Equations for joint C\n"
+            "\tforces right = forces left :     AC cos(45.0) = BC cos(45.0)\n"
+            "\tforces up = forces down :    AC sin(45.0) + BC sin(45.0) = 1000.\n");
+}
+
+TEST(TextReportJoints, StayOnTheirLinesWhateverNamesHold) {
+  const std::string report = Report(Triangle("a\r\n\x1b[2Jb").Joint(0, 0, "A\nA"), OnlyJoints);
+  EXPECT_THAT(report, HasSubstr("Equations for joint A A\n"));
+  EXPECT_THAT(report, HasSubstr("Ay = a   [2Jb sin(45.0)\n"));
+}
+
+TEST(TextReportTables, AlignTheEquationsToTheRight) {
+  EXPECT_EQ(Report(Triangle(), OnlyEquations),
+            "The augmented matrix for the system of equations:\n"
+            "Equation  Ax  Ay  B  AB       AC       BC   RHS\n"
+            "   A - x   1   0  0  \u20131  \u20130.7071        0     0\n"
+            "   A - y   0   1  0   0  \u20130.7071        0     0\n"
+            "   B - x   0   0  0   1        0   0.7071     0\n"
+            "   B - y   0   0  1   0        0  \u20130.7071     0\n"
+            "   C - x   0   0  0   0   0.7071  \u20130.7071     0\n"
+            "   C - y   0   0  0   0   0.7071   0.7071  1000\n");
+}
+
+TEST(TextReportTables, ShowTheReducedMatrixWithoutNamesOfEquations) {
+  EXPECT_EQ(Report(Triangle(), OnlyRREF),
+            "The augmented matrix in RREF form:\n"
+            "Equation  Ax  Ay  B  AB  AC  BC    RHS\n"
+            "           1   0  0   0   0   0      0\n"
+            "           0   1  0   0   0   0    500\n"
+            "           0   0  1   0   0   0    500\n"
+            "           0   0  0   1   0   0   \u2013500\n"
+            "           0   0  0   0   1   0  707.1\n"
+            "           0   0  0   0   0   1  707.1\n");
+}
+
+TEST(TextReportTables, ShowTheReducedColumnsInTheOrderOfTheElimination) {
+  EXPECT_EQ(Report(TieBetweenClamps(), OnlyRREF),
+            "The augmented matrix in RREF form:\n"
+            "Equation  Ax  Ay  Bx  By  AB  RHS\n"
+            "           1   0   0   0  \u20131    0\n"
+            "           0   1   0   0   0    0\n"
+            "           0   0   1   0   1    0\n"
+            "           0   0   0   1   0    3\n");
+}
+
+TEST(TextReportTables, CountCharactersAndNotBytes) {
+  EXPECT_EQ(Report(Triangle("\xC4rmel"), OnlySolutions),
+            "The solutions:\n"
+            "Force  Value\n"
+            "   Ax      0\n"
+            "   Ay    500\n"
+            "    B    500\n"
+            "   AB   \u2013500\n"
+            "   BC  707.1\n"
+            "\u00C4rmel  707.1\n");
+}
+
+TEST(TextReportTables, KeepARowOnItsLineWhateverNamesHold) {
+  EXPECT_THAT(Report(Triangle("A\r\n\tC\x7F"), OnlySolutions), HasSubstr("\nA   C   707.1\n"));
+}
+
+TEST(TextReportTables, UseTheDocumentsFiguresAndTheLocalesSeparator) {
+  const std::string report = Report(Triangle(), OnlySolutions, ReportFormat{6, NumberFormat{","}});
+  EXPECT_THAT(report, HasSubstr("   AC  707,107\n"));
+  EXPECT_THAT(report, Not(HasSubstr(".")));
+}
+
+TEST(TextReportSolutions, SayWhatIsUndetermined) {
+  EXPECT_EQ(Report(TieBetweenClamps(), OnlySolutions),
+            "The solutions:\n"
+            "Force         Value\n"
+            "   Ax  undetermined\n"
+            "   Ay             0\n"
+            "   Bx  undetermined\n"
+            "   By             3\n"
+            "   AB  undetermined\n");
+}
+
+TEST(TextReportSolutions, OfARedundantSystemEndWithItsConclusion) {
+  EXPECT_EQ(Report(LoneRoller(0, -10), OnlySolutions),
+            "The solutions:\n"
+            "Force  Value\n"
+            "    R     10\n"
+            "\n"
+            "This is a redundant system of equations.  This implies that the truss is in equilibrium (static) for "
+            "these applied forces but not for others.\n"
+            "  The truss is in equilibrium (static) for these\n"
+            "  particular applied forces but not for others.\n"
+            "  Thus the truss is unstable.\n");
+}
+
+TEST(TextReportSolutions, OfAnInconsistentSystemAreItsConclusionAlone) {
+  EXPECT_EQ(Report(LoneRoller(5, 0), OnlySolutions),
+            "There is NO SOLUTION for this inconsistent system of equations.  This system of equations was "
+            "derived assuming that the forces are in balance at each joint.  This assumption must be incorrect "
+            "which implies that the truss is unstable and will move.\n");
+}
+
+TEST(TextReport, HasItsSectionsInOneOrderWithABlankLineBetween) {
+  const Truss truss = LoneRoller(0, -10);
+  EXPECT_EQ(Report(truss, All), Report(truss, OnlyCounting) + '\n' + Report(truss, OnlyJoints) + '\n' +
+                                    Report(truss, OnlyEquations) + '\n' + Report(truss, OnlyRREF) + '\n' +
+                                    Report(truss, OnlySolutions));
+}
+
+TEST(TextReport, OfOneUnknownSpeaksInTheSingular) {
+  const std::string report = Report(LoneRoller(0, -10), OnlyCounting);
+  EXPECT_THAT(report, HasSubstr("This truss contains 1 unknown force:\n"));
+  EXPECT_THAT(report, HasSubstr("This truss contains 1 joint, labelled J.  Thus there are 2 equations.\n"));
+  EXPECT_THAT(report, Not(HasSubstr("member force(s)")));
+}
+
+TEST(TextReport, WithoutUnknownsHasNoCountingAndEmptyTables) {
+  EXPECT_EQ(Report(TrussBuilder().Force(0, 0, 5, 0).Joint(0, 0, "J"), All),
+            "Equations for joint J\n"
+            "\tforces right = forces left :     5. = 0\n"
+            "\tforces up = forces down :    0 = 0\n"
+            "\n"
+            "The augmented matrix for the system of equations:\n"
+            "Equation  RHS\n"
+            "\n"
+            "The augmented matrix in RREF form:\n"
+            "Equation  RHS\n"
+            "\n"
+            "The solutions:\n"
+            "Force  Value\n");
+}
+
+TEST(TextReport, OfNothingBeginsWithTheFirstTable) {
+  EXPECT_TRUE(Report(Truss(), All).starts_with("The augmented matrix for the system of equations:\n"));
+  EXPECT_EQ(Report(Truss(), OnlyCounting), "");
+  EXPECT_EQ(Report(Truss(), OnlyJoints), "");
+}
+
+TEST(TextReport, LeavesErasedElementsOut) {
+  const Truss erased =
+      Triangle().Member(0, 0, 9, 9, "gone").ThenErased().Force(4, 4, 77, 0).ThenErased();
+  EXPECT_EQ(Report(erased, All), Report(Triangle(), All));
+}
+
+TEST(Csv, HasOneRecordForEachRowWithDosLineEnds) {
+  EXPECT_EQ(Csv(LoneRoller(0, -10), CsvTable::Equations),
+            "Equation,R,RHS\r\n"
+            "J - x,0,0\r\n"
+            "J - y,1,10\r\n");
+  EXPECT_EQ(Csv(LoneRoller(0, -10), CsvTable::RREF),
+            "Equation,R,RHS\r\n"
+            ",1,10\r\n"
+            ",0,0\r\n");
+  EXPECT_EQ(Csv(LoneRoller(0, -10), CsvTable::Solutions), "Force,Value\r\nR,10\r\n");
+}
+
+TEST(Csv, QuotesWhatWouldBreakARecord) {
+  const Truss truss = TrussBuilder()
+                          .Clamp(0, 0, "a,b", "say \"hi\"")
+                          .Roller(1, 0, "two\r\nlines")
+                          .Roller(1, 0, " blanks ", 8)
+                          .Force(0, 0, 0, 1);
+  EXPECT_EQ(Csv(truss, CsvTable::Solutions),
+            "Force,Value\r\n"
+            " blanks ,0\r\n"
+            "\"a,b\",0\r\n"
+            "\"say \"\"hi\"\"\",\u20131\r\n"
+            "\"two\r\nlines\",0\r\n");
+}
+
+TEST(Csv, QuotesADecimalComma) {
+  EXPECT_EQ(Csv(LoneRoller(0, -2.5F), CsvTable::Solutions, ReportFormat{4, NumberFormat{","}}),
+            "Force,Value\r\nR,\"2,5\"\r\n");
+}
+
+TEST(Csv, IsUtf8) {
+  EXPECT_EQ(Csv(TrussBuilder().Roller(0, 0, "\x80\xFC").Force(0, 0, 0, 7), CsvTable::Solutions),
+            "Force,Value\r\n\u20AC\u00FC,\u20137\r\n");
+}
+
+TEST(Csv, SaysWhatIsUndetermined) {
+  EXPECT_THAT(Csv(TieBetweenClamps(), CsvTable::Solutions), HasSubstr("\r\nAB,undetermined\r\n"));
+}
+
+TEST(Csv, OfSolutionsThatAreNoneIsTheHeaderAlone) {
+  EXPECT_EQ(Csv(LoneRoller(5, 0), CsvTable::Solutions), "Force,Value\r\n");
+  EXPECT_EQ(Csv(LoneRoller(5, 0), CsvTable::RREF), "Equation,R,RHS\r\n,1,0\r\n,0,\u20135\r\n");
+}
+
+TEST(Csv, OfNoUnknownsIsTheHeaderAlone) {
+  EXPECT_EQ(Csv(Truss(), CsvTable::Equations), "Equation,RHS\r\n");
+  EXPECT_EQ(Csv(Truss(), CsvTable::RREF), "Equation,RHS\r\n");
+  EXPECT_EQ(Csv(Truss(), CsvTable::Solutions), "Force,Value\r\n");
+}
+
+}  // namespace

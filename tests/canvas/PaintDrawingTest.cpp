@@ -1,0 +1,106 @@
+// The lasting objects as they are painted, layer by layer.
+#include "canvas/PaintDrawing.h"
+
+#include <algorithm>
+
+#include "CanvasFixture.h"
+
+namespace {
+
+RecordingSurface Painted(const Canvas& canvas, const Truss& truss) {
+  RecordingSurface paper;
+  PaintDrawing(paper, canvas.Picture, truss);
+  return paper;
+}
+
+}  // namespace
+
+TEST(PaintDrawing, InStep1MembersPinsAndSupportsAreSeen) {
+  Truss truss = Bare(TrussBuilder().Member(1, 2, 5.5F, 4).Clamp(1, 2));
+  Canvas canvas;
+  EXPECT_TRUE(canvas.Redraw(truss));
+  const RecordingSurface paper = Painted(canvas, truss);
+  EXPECT_EQ(paper.Lines[0], (DrawnLine{68, 230, 158, 190, RodLineWidth, 0}));
+  EXPECT_EQ(paper.Fills.size(), 4U);  // two pins, the clamp's triangle and its pin
+  EXPECT_TRUE(paper.Texts.empty());
+  // The first pin: a circle of 6 pixels round the member's end.
+  for (const PixelPoint& corner : paper.Fills[0]) {
+    EXPECT_NEAR(std::hypot(corner.X - 68, corner.Y - 230), 3, 1e-4);
+  }
+}
+
+TEST(PaintDrawing, ErasedElementsAreGone) {
+  Truss truss = Bare(TrussBuilder().Member(1, 2, 5, 4).ThenErased().Clamp(1, 2).ThenErased());
+  Canvas canvas;
+  EXPECT_TRUE(canvas.Redraw(truss));
+  ShowLabels(canvas.Picture, truss);
+  EXPECT_TRUE(Painted(canvas, truss).Order.empty());
+}
+
+TEST(PaintDrawing, AMemberThatIsStillBeingDrawnHasNoPins) {
+  Truss truss = Bare(TrussBuilder().Member(1, 2, 5, 4));
+  Canvas canvas;
+  EXPECT_TRUE(canvas.Redraw(truss));
+  canvas.Picture.Pin1.Resize(0);
+  canvas.Picture.Pin2.Resize(0);
+  EXPECT_EQ(Painted(canvas, truss).Lines.size(), 1U);
+}
+
+TEST(PaintDrawing, NamesStandInFrontInTheirFontsOnWhite) {
+  Truss truss = Bare(TrussBuilder().Member(0, 0, 10, 0, "AB").Joint(0, 0, "1").Joint(10, 0, "2"));
+  Canvas canvas;
+  EXPECT_TRUE(canvas.Redraw(truss));
+  ShowLabels(canvas.Picture, truss);
+  const RecordingSurface paper = Painted(canvas, truss);
+  const TextFont plain{};
+  const TextFont bold{.Points = 10, .Bold = true};
+  EXPECT_THAT(paper.Texts,
+              testing::ElementsAre(DrawnText{142, 265, "AB", plain}, DrawnText{48, 270, "1", bold},
+                                   DrawnText{248, 270, "2", bold}));
+  EXPECT_EQ(paper.Fills[2], (std::vector<PixelPoint>{{142, 265}, {154, 265}, {154, 275}, {142, 275}}));
+  EXPECT_EQ(paper.FillColours[2], 15);
+  EXPECT_EQ(paper.Font, plain);
+}
+
+TEST(PaintDrawing, ArrowsStandBesideTheNames) {
+  Truss truss = Bare(TrussBuilder().Member(0, 0, 10, 0));
+  Canvas canvas;
+  EXPECT_TRUE(canvas.Redraw(truss));
+  const std::size_t before = Painted(canvas, truss).Lines.size();
+  ShowLabels(canvas.Picture, truss);
+  const RecordingSurface paper = Painted(canvas, truss);
+  EXPECT_EQ(paper.Lines.size(), before + 8);
+  EXPECT_NEAR(paper.Lines[before].X1, 108, 1e-4);
+  EXPECT_NEAR(paper.Lines[before].X2, 68, 1e-4);
+}
+
+TEST(PaintDrawing, HandlesStandInFrontOfAll) {
+  Truss truss = Bare(TrussBuilder().Member(0, 0, 10, 0));
+  Canvas canvas;
+  EXPECT_TRUE(canvas.Redraw(truss));
+  ShowLabels(canvas.Picture, truss);
+  canvas.Picture.MoveHandleB = {.Left = 44, .Top = 266, .Visible = true};
+  canvas.Picture.MoveHandleS = {.Left = 245, .Top = 267, .Visible = true};
+  const RecordingSurface paper = Painted(canvas, truss);
+  EXPECT_EQ(paper.Order.back(), "fill");
+  const std::size_t count = paper.Fills.size();
+  EXPECT_EQ(paper.Fills[count - 2], (std::vector<PixelPoint>{{44, 266}, {52, 266}, {52, 274}, {44, 274}}));
+  EXPECT_EQ(paper.Fills[count - 1],
+            (std::vector<PixelPoint>{{245, 267}, {251, 267}, {251, 273}, {245, 273}}));
+}
+
+TEST(PaintDrawing, LeavesBlackAndAWidthOfOne) {
+  Truss truss = Bare(TrussBuilder().Member(0, 0, 10, 0).Roller(10, 0));
+  Canvas canvas;
+  EXPECT_TRUE(canvas.Redraw(truss));
+  RecordingSurface paper = Painted(canvas, truss);
+  EXPECT_EQ(paper.Colour, 0);
+  EXPECT_EQ(paper.Width, 1);
+}
+
+TEST(PaintDrawing, FarMembersAreCutToThePaper) {
+  Truss truss = Bare(TrussBuilder().Member(0, 0, 3e38F, 3e38F));
+  Canvas canvas;
+  EXPECT_TRUE(canvas.Redraw(truss));
+  EXPECT_FALSE(Painted(canvas, truss).Lines.empty());
+}

@@ -1,0 +1,120 @@
+// The index rule of labels and arrow segments, and their end.
+#include "document/Labels.h"
+
+#include "support/TrussBuilder.h"
+
+namespace {
+
+// A truss with one member and one support of the type, as records without labels.
+Truss Unlabelled(std::int16_t supportType = 1) {
+  Truss truss;
+  truss.NumMembers = truss.NumSupports = 1;
+  truss.Members.GrowTo(1);
+  truss.Supports.GrowTo(1);
+  truss.Supports[1].TypeIndex = supportType;
+  return truss;
+}
+
+// Labels and arrow segments counted up to these numbers.
+void CountUpTo(Truss& truss, std::int16_t labels, std::int16_t arrowLines) {
+  truss.NumLabels = labels;
+  truss.Labels.GrowTo(labels);
+  truss.NumArrowLines = arrowLines;
+  truss.ArrowLineTags.GrowTo(arrowLines);
+}
+
+}  // namespace
+
+TEST(Labels, AMemberTakesTwoLabelsAndTwoArrows) {
+  Truss truss = Unlabelled();
+  CountUpTo(truss, 10, 20);
+  ASSERT_TRUE(CreateMemberLabels(truss, 1));
+  EXPECT_EQ(truss.Members[1].NameLabel1, 11);
+  EXPECT_EQ(truss.Members[1].NameLabel2, 12);
+  EXPECT_EQ(truss.Members[1].ArrowLine1, 24);
+  EXPECT_EQ(truss.Members[1].ArrowLine2, 28);
+  EXPECT_EQ(truss.NumLabels, 12);
+  EXPECT_EQ(truss.NumArrowLines, 28);
+}
+
+TEST(Labels, AClampTakesTwoAndARollerOneOfEach) {
+  Truss clamp = Unlabelled(4);
+  CountUpTo(clamp, 10, 20);
+  ASSERT_TRUE(CreateSupportLabels(clamp, 1));
+  EXPECT_EQ(clamp.Supports[1].NameLabel1, 11);
+  EXPECT_EQ(clamp.Supports[1].NameLabel2, 12);
+  EXPECT_EQ(clamp.Supports[1].ArrowLine1, 24);
+  EXPECT_EQ(clamp.Supports[1].ArrowLine2, 28);
+
+  Truss roller = Unlabelled(5);
+  CountUpTo(roller, 10, 20);
+  ASSERT_TRUE(CreateSupportLabels(roller, 1));
+  EXPECT_EQ(roller.Supports[1].NameLabel1, 11);
+  EXPECT_EQ(roller.Supports[1].ArrowLine1, 24);
+  EXPECT_EQ(roller.NumLabels, 11);
+  EXPECT_EQ(roller.NumArrowLines, 24);
+}
+
+TEST(Labels, ANewLabelIsUnnamedAndInUse) {
+  Truss truss = Unlabelled();
+  ASSERT_TRUE(CreateMemberLabels(truss, 1));
+  const NameLabel& label = truss.Labels[1];
+  EXPECT_EQ(label.Caption, "[ ]");
+  EXPECT_EQ(label.Tag, "");
+  EXPECT_FALSE(label.Bold);
+}
+
+TEST(Labels, AJointsLabelIsBoldAndOfSizeTen) {
+  Truss truss;
+  EXPECT_EQ(CreateJointLabel(truss), 1);
+  EXPECT_EQ(CreateJointLabel(truss), 2);
+  EXPECT_EQ(truss.NumLabels, 2);
+  EXPECT_EQ(truss.NumArrowLines, 0);
+  EXPECT_EQ(truss.Labels[2].Caption, "[ ]");
+  EXPECT_EQ(truss.Labels[2].FontSize, 10);
+  EXPECT_TRUE(truss.Labels[2].Bold);
+}
+
+TEST(Labels, TheLast16BitNumberIsStillGiven) {
+  Truss truss = Unlabelled(5);
+  CountUpTo(truss, MaxCount - 2, MaxCount - 8);
+  EXPECT_TRUE(CreateMemberLabels(truss, 1));
+  EXPECT_EQ(truss.NumLabels, MaxCount);
+  EXPECT_EQ(truss.NumArrowLines, MaxCount);
+  EXPECT_EQ(CreateJointLabel(truss), 0);
+  EXPECT_FALSE(CreateSupportLabels(truss, 1));
+}
+
+TEST(Labels, ARefusalChangesNothing) {
+  Truss truss = Unlabelled();
+  CountUpTo(truss, MaxCount - 1, 0);
+  EXPECT_FALSE(CreateMemberLabels(truss, 1));
+  EXPECT_FALSE(CreateSupportLabels(truss, 1));
+  EXPECT_EQ(truss.NumLabels, MaxCount - 1);
+  EXPECT_EQ(truss.NumArrowLines, 0);
+
+  CountUpTo(truss, 0, MaxCount - 7);
+  EXPECT_FALSE(CreateMemberLabels(truss, 1));
+  EXPECT_FALSE(CreateSupportLabels(truss, 1));
+  EXPECT_EQ(truss.NumLabels, 0);
+  EXPECT_EQ(truss.NumArrowLines, MaxCount - 7);
+  EXPECT_EQ(truss.Members[1].NameLabel1, 0);
+}
+
+TEST(Labels, AnErasedElementsLabelsAndArrowsAreTagged) {
+  Truss truss = TrussBuilder().Member(0, 0, 1, 0).Clamp(0, 0).Roller(1, 0);
+  DeleteMemberLabels(truss, 1);
+  DeleteSupportLabels(truss, 2);
+  EXPECT_EQ(truss.Labels[truss.Members[1].NameLabel1].Tag, "del");
+  EXPECT_EQ(truss.Labels[truss.Members[1].NameLabel2].Tag, "del");
+  EXPECT_EQ(truss.Labels[truss.Supports[1].NameLabel1].Tag, "");
+  EXPECT_EQ(truss.Labels[truss.Supports[2].NameLabel1].Tag, "del");
+  for (int i = 1; i <= truss.NumArrowLines; ++i) {
+    const bool ofClamp = i > 8 && i <= 16;
+    EXPECT_EQ(truss.ArrowLineTags[i], ofClamp ? "" : "del") << i;
+  }
+  DeleteSupportLabels(truss, 1);
+  EXPECT_EQ(truss.Labels[truss.Supports[1].NameLabel2].Tag, "del");
+  EXPECT_EQ(truss.ArrowLineTags[9], "del");
+  EXPECT_EQ(truss.ArrowLineTags[16], "del");
+}
