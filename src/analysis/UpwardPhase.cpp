@@ -19,7 +19,7 @@ constexpr Index None = ~Index{0};
 /// The pivot rows over the columns that matter: these pivots, then the columns without a pivot, then the
 /// right-hand side. A column's number here is its slot.
 struct UsefulRows {
-  explicit UsefulRows(const Echelon& echelon);
+  explicit UsefulRows(Echelon& echelon);  ///< releases the pivot rows one by one
 
   void FindFullRows();
   Index NumSlots() const {
@@ -36,21 +36,22 @@ struct UsefulRows {
   std::vector<double> Values;
 };
 
-UsefulRows::UsefulRows(const Echelon& echelon) {
+UsefulRows::UsefulRows(Echelon& echelon) {
   const Index numPivots = echelon.NumPivots();
   const auto rightHandSide = [&](Index position) { return echelon.RightHandSide[echelon.RowAt[position]]; };
 
   std::vector<char> isUseful(echelon.NumColumns());
+  std::size_t numEntries = 0;
   for (Index position = numPivots; position-- > 0;) {
     const SparseRow& row = echelon.PivotRows[position];
     bool changesSomething = rightHandSide(position) != 0;
     for (Index at = 0; at < row.Values.size(); ++at) {
-      if (row.Values[at] == 0) continue;
       const Index column = echelon.PositionOfColumn[row.Columns[at]];
       if (column >= numPivots) isUseful[column] = true;
       if (isUseful[column]) changesSomething = true;
     }
     isUseful[position] = changesSomething;
+    numEntries += row.Values.size() + 1;
   }
 
   SlotOfPosition.assign(echelon.NumColumns(), None);
@@ -61,12 +62,15 @@ UsefulRows::UsefulRows(const Echelon& echelon) {
     if (position < numPivots) ++NumPivotSlots;
   }
 
+  Slots.reserve(numEntries);
+  Values.reserve(numEntries);
   RowBegin.push_back(0);
   for (Index position = 0; position < numPivots; ++position) {
-    const SparseRow& row = echelon.PivotRows[position];
+    const SparseRow row = std::move(echelon.PivotRows[position]);
+    echelon.PivotRows[position] = {};
     for (Index at = 0; at < row.Values.size(); ++at) {
       const Index slot = SlotOfPosition[echelon.PositionOfColumn[row.Columns[at]]];
-      if (slot == None || row.Values[at] == 0) continue;
+      if (slot == None) continue;
       Slots.push_back(slot);
       Values.push_back(row.Values[at]);
     }
@@ -241,7 +245,7 @@ class LaneReducer {
 
 }  // namespace
 
-std::vector<ReducedRow> ReduceUpward(const Echelon& echelon, const EliminationTuning& tuning) {
+std::vector<ReducedRow> ReduceUpward(Echelon& echelon, const EliminationTuning& tuning) {
   const Index numPivots = echelon.NumPivots();
   std::vector<ReducedRow> reduced(numPivots);
   const UsefulRows rows(echelon);

@@ -15,5 +15,6 @@ struct ReducedRow {
   double RightHandSide = 0;
 };
 
-/// By the position of the pivot. Magnitudes below the tolerance have become 0.
-std::vector<ReducedRow> ReduceUpward(const Echelon& echelon, const EliminationTuning& tuning);
+/// By the position of the pivot. Coefficients below the tolerance have become 0. Gives the memory of the
+/// pivot rows back on the way, leaving them empty.
+std::vector<ReducedRow> ReduceUpward(Echelon& echelon, const EliminationTuning& tuning);

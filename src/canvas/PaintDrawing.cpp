@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 #include <vector>
 
 #include "canvas/SupportPicture.h"
@@ -27,16 +28,21 @@ void PaintRods(Surface& surface, const Drawing& drawing, const Truss& truss) {
   surface.SetLineWidth(1);
 }
 
-void PaintPin(Surface& surface, PixelPoint topLeft) {
-  constexpr float radius = PinSize / 2;
-  PaintCircle(surface, OntoPaper(topLeft.X + radius), OntoPaper(topLeft.Y + radius), radius, White);
-}
-
+// All pins look the same, and several members meet at most joints: one pin a place is enough.
 void PaintPins(Surface& surface, const Drawing& drawing, const Truss& truss) {
+  std::vector<PixelPoint> places;
   for (int i = 1; i <= truss.NumMembers; ++i) {
     if (!IsRodShown(drawing, truss, i) || !HasPins(drawing, i)) continue;
-    PaintPin(surface, drawing.Pin1[i]);
-    PaintPin(surface, drawing.Pin2[i]);
+    places.push_back(drawing.Pin1[i]);
+    places.push_back(drawing.Pin2[i]);
+  }
+  std::ranges::sort(places, {}, [](const PixelPoint& place) { return std::pair(place.X, place.Y); });
+  const auto doubled = std::ranges::unique(places);
+  places.erase(doubled.begin(), doubled.end());
+
+  constexpr float radius = PinSize / 2;
+  for (const PixelPoint& place : places) {
+    PaintCircle(surface, OntoPaper(place.X + radius), OntoPaper(place.Y + radius), radius, White);
   }
 }
 

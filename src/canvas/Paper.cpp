@@ -1,27 +1,35 @@
-// Lines are cut by their parameter, from 0 at end 1 to 1 at end 2.
+// Each end that lies off the paper is moved along the line onto the paper's edge.
 #include "canvas/Paper.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <utility>
 
 namespace {
 
+constexpr double Edge = FarthestPixel;
+
+struct Point {
+  double X, Y;
+};
+
 bool IsOnPaper(float x, float y) { return std::abs(x) <= FarthestPixel && std::abs(y) <= FarthestPixel; }
 
-// Narrows [first, last] to where start + parameter * slope lies on the paper.
-void Narrow(double start, double slope, double& first, double& last) {
-  constexpr double edge = FarthestPixel;
-  if (slope == 0) {
-    if (std::abs(start) > edge) last = -1;
-    return;
-  }
-  double enter = (-edge - start) / slope;
-  double leave = (edge - start) / slope;
-  if (enter > leave) std::swap(enter, leave);
-  first = std::max(first, enter);
-  last = std::min(last, leave);
+// Moves `u` onto the edge that it lies beyond, and `v`, its other coordinate, with it. Reckoned from the
+// other end, which is the near one where precision matters. Returns false when that end lies beyond the same
+// edge.
+bool MoveOntoEdge(double& u, double& v, double otherU, double otherV) {
+  if (std::abs(u) <= Edge) return true;
+  const double edge = std::copysign(Edge, u);
+  if (u > 0 ? otherU > edge : otherU < edge) return false;
+  v = otherV + (v - otherV) * ((edge - otherU) / (u - otherU));
+  u = edge;
+  return true;
+}
+
+bool MoveOntoPaper(Point& end, const Point& other) {
+  return MoveOntoEdge(end.X, end.Y, other.X, other.Y) && MoveOntoEdge(end.Y, end.X, other.Y, other.X) &&
+         std::abs(end.X) <= Edge;
 }
 
 }  // namespace
@@ -40,19 +48,13 @@ std::optional<PixelLine> PartOnPaper(const PixelLine& line) {
   for (const float coordinate : {line.X1, line.Y1, line.X2, line.Y2}) {
     if (!std::isfinite(coordinate)) return std::nullopt;
   }
-  const double dx = double{line.X2} - double{line.X1};
-  const double dy = double{line.Y2} - double{line.Y1};
-  double first = 0;
-  double last = 1;
-  Narrow(line.X1, dx, first, last);
-  Narrow(line.Y1, dy, first, last);
-  if (first > last) return std::nullopt;
-  // A cut far from end 1 loses digits; the result is held on the paper.
-  const auto at = [](float start, double slope, double parameter) {
-    return OntoPaper(FiniteSingle(double{start} + parameter * slope));
-  };
-  return PixelLine{at(line.X1, dx, first), at(line.Y1, dy, first), at(line.X1, dx, last),
-                   at(line.Y1, dy, last)};
+  const Point given1{line.X1, line.Y1};
+  const Point given2{line.X2, line.Y2};
+  Point end1 = given1;
+  Point end2 = given2;
+  if (!MoveOntoPaper(end1, given2) || !MoveOntoPaper(end2, given1)) return std::nullopt;
+  return PixelLine{static_cast<float>(end1.X), static_cast<float>(end1.Y), static_cast<float>(end2.X),
+                   static_cast<float>(end2.Y)};
 }
 
 void DrawLine(Surface& surface, const PixelLine& line) {

@@ -16,7 +16,9 @@ constexpr float BoxSize = 32;
 constexpr float PinRadius = 3;
 
 // Enough for a circle of a few pixels to look round on a finely resolved screen or on paper.
-constexpr int CircleCorners = 32;
+constexpr int CircleCorners = 16;
+
+using CirclePolygon = std::array<PixelPoint, CircleCorners>;
 
 PictureShape LineShape(float x1, float y1, float x2, float y2) {
   return {.Kind = ShapeKind::Line, .Points = {{x1, y1}, {x2, y2}}};
@@ -81,6 +83,20 @@ std::array<Picture, LastSupportType + 1> AllPictures() {
   return pictures;
 }
 
+CirclePolygon Disc(float centreX, float centreY, float radius) {
+  static const CirclePolygon unitDisc = [] {
+    CirclePolygon corners;
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+      const double angle = 2 * std::numbers::pi * static_cast<double>(i) / CircleCorners;
+      corners[i] = {static_cast<float>(std::cos(angle)), static_cast<float>(std::sin(angle))};
+    }
+    return corners;
+  }();
+  CirclePolygon disc = unitDisc;
+  for (PixelPoint& corner : disc) corner = {centreX + radius * corner.X, centreY + radius * corner.Y};
+  return disc;
+}
+
 void PaintPolygon(Surface& surface, const std::vector<PixelPoint>& corners, int fill) {
   surface.FillPolygon(corners, fill);
   const PixelPoint& last = corners.back();
@@ -112,20 +128,10 @@ const std::vector<PictureShape>& SupportPicture(std::int16_t type) {
   return pictures[known ? static_cast<std::size_t>(type) : 0];
 }
 
+// One disc on the other instead of an outline of many short lines: thousands of pins are painted.
 void PaintCircle(Surface& surface, float centreX, float centreY, float radius, int fill) {
-  static const auto unitCircle = [] {
-    std::array<PixelPoint, CircleCorners> corners;
-    for (std::size_t i = 0; i < corners.size(); ++i) {
-      const double angle = 2 * std::numbers::pi * static_cast<double>(i) / CircleCorners;
-      corners[i] = {static_cast<float>(std::cos(angle)), static_cast<float>(std::sin(angle))};
-    }
-    return corners;
-  }();
-  std::vector<PixelPoint> corners;
-  for (const PixelPoint& unit : unitCircle) {
-    corners.push_back({centreX + radius * unit.X, centreY + radius * unit.Y});
-  }
-  PaintPolygon(surface, corners, fill);
+  surface.FillPolygon(Disc(centreX, centreY, radius), Black);
+  if (radius > 1) surface.FillPolygon(Disc(centreX, centreY, radius - 1), fill);
 }
 
 void PaintSupportPicture(Surface& surface, std::int16_t type, float left, float top, float scale) {

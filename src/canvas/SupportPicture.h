@@ -32,5 +32,5 @@ const std::vector<PictureShape>& SupportPicture(std::int16_t type);
 /// foreground and a line width of 1.
 void PaintSupportPicture(Surface& surface, std::int16_t type, float left, float top, float scale = 1);
 
-/// Paints a filled circle with a black outline of the pen's width; coordinates are pixels.
+/// Paints a filled circle of this outer radius with a black rim one pixel wide; coordinates are pixels.
 void PaintCircle(Surface& surface, float centreX, float centreY, float radius, int fill);

@@ -9,8 +9,8 @@
 #include <QScreen>
 #include <QShowEvent>
 #include <QStyle>
-#include <QValidator>
 #include <QVBoxLayout>
+#include <QValidator>
 #include <algorithm>
 #include <limits>
 
@@ -22,7 +22,7 @@ namespace {
 constexpr int PreferredTextWidth = 300;
 
 // A pasted line break becomes a blank: a name is one line, wherever the text comes from.
-class OneLine final : public QValidator {
+class SingleLine final : public QValidator {
  public:
   using QValidator::QValidator;
 
@@ -83,7 +83,7 @@ CustomInputBox::CustomInputBox(const std::string& prompt, const std::string& def
   txtInput->setMinimumWidth(PreferredTextWidth);
   // Only typed and pasted text is kept to one line: a name that came from a file stays as it is until edited.
   txtInput->setText(ToQt(defaultText));
-  txtInput->setValidator(new OneLine(txtInput));
+  txtInput->setValidator(new SingleLine(txtInput));
 
   cmdOK->setObjectName(QStringLiteral("cmdOK"));
   cmdOK->setDefault(true);

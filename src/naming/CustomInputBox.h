@@ -21,7 +21,8 @@ class CustomInputBox final : public QDialog {
   /// What the text box holds, as a single-byte text: characters outside the code page become "?".
   std::string Text() const;
 
-  /// Puts the frame's left top corner at `leftTop` (screen pixels), or as near as the whole dialog is visible.
+  /// Puts the frame's left top corner at `leftTop` (screen pixels), or as near as the whole dialog is
+  /// visible.
   void MoveOnScreen(QPoint leftTop);
 
  protected:

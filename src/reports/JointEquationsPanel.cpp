@@ -55,6 +55,7 @@ JointEquationsPanel::JointEquationsPanel(QWidget* parent)
     : QFrame(parent), caption_(new QLabel(this)), cmdOKJointReport_(new QPushButton(this)) {
   setObjectName(QStringLiteral("frNewCoords(3)"));
   setCursor(Qt::ArrowCursor);
+  setAttribute(Qt::WA_NoMousePropagation);  // what lies below must not be clicked through it
 
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(ContentMargin, 12, ContentMargin, 12);
@@ -116,7 +117,7 @@ int JointEquationsPanel::WantedWidth(const JointEquationTexts& equations) const 
 }
 
 void JointEquationsPanel::ShowEquations(const std::string& jointName, const JointEquationTexts& equations) {
-  const QString caption = OneLine(QStringLiteral("Equations for joint ") + ToQt(jointName));
+  const QString caption = OneLineText(QStringLiteral("Equations for joint ") + ToQt(jointName));
   setAccessibleName(caption);
   SetEquation(*txtXEqn_, ToQt(equations.X));
   SetEquation(*txtYEqn_, ToQt(equations.Y));
@@ -163,6 +164,7 @@ void JointEquationsPanel::keyPressEvent(QKeyEvent* event) {
 
 void JointEquationsPanel::hideEvent(QHideEvent* event) {
   QFrame::hideEvent(event);
-  if (!event->spontaneous() && focusBefore_) focusBefore_->setFocus(Qt::OtherFocusReason);
+  if (event->spontaneous()) return;  // the window was minimised
+  if (focusBefore_) focusBefore_->setFocus(Qt::OtherFocusReason);
   focusBefore_.clear();
 }

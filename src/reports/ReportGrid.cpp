@@ -105,7 +105,7 @@ void ReportGrid::MeasureColumns() {
   std::unordered_map<std::string, int> widths;  // most cells of a matrix show one of a few texts
   table.VisitCells([&](int row, int column) {
     const auto [entry, isNew] = widths.try_emplace(table.Text(row, column), 0);
-    if (isNew) entry->second = metrics.horizontalAdvance(OneLine(ToQt(entry->first))) + TextPadding;
+    if (isNew) entry->second = metrics.horizontalAdvance(OneLineText(ToQt(entry->first))) + TextPadding;
     int& width = columnWidths_[static_cast<std::size_t>(column)];
     width = std::min(largest, std::max(width, entry->second));
   });
@@ -146,17 +146,18 @@ void ReportGrid::CopySelection(bool withHeaders) {
   QApplication::setOverrideCursor(Qt::WaitCursor);   // a whole large matrix is millions of cells
   QStringList lines;
   if (withHeaders) {
-    QStringList names{OneLine(model_.CornerText())};
+    QStringList names{OneLineText(model_.CornerText())};
     for (int column = range.left(); column <= range.right(); ++column) {
-      names.append(OneLine(model_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString()));
+      names.append(OneLineText(model_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString()));
     }
     lines.append(names.join(QLatin1Char('\t')));
   }
   for (int row = range.top(); row <= range.bottom(); ++row) {
     QStringList cells;
-    if (withHeaders) cells.append(OneLine(model_.headerData(row, Qt::Vertical, Qt::DisplayRole).toString()));
+    if (withHeaders)
+      cells.append(OneLineText(model_.headerData(row, Qt::Vertical, Qt::DisplayRole).toString()));
     for (int column = range.left(); column <= range.right(); ++column) {
-      cells.append(OneLine(model_.data(model_.index(row, column), Qt::DisplayRole).toString()));
+      cells.append(OneLineText(model_.data(model_.index(row, column), Qt::DisplayRole).toString()));
     }
     lines.append(cells.join(QLatin1Char('\t')));
   }

@@ -42,7 +42,7 @@ void DrawEdges(QPainter& painter, const QRect& cell, Qt::Edges edges, const QCol
 void DrawCellText(QPainter& painter, const QRect& cell, const QString& text, Qt::Alignment alignment) {
   if (text.isEmpty()) return;
   const QRect room = cell.adjusted(TextMargin, 0, -TextMargin - LineWidth, -LineWidth);
-  QString shown = OneLine(text);
+  QString shown = OneLineText(text);
   const QFontMetrics metrics = painter.fontMetrics();
   if (metrics.horizontalAdvance(shown) > room.width() + 1) {
     shown = metrics.elidedText(shown, Qt::ElideRight, room.width());

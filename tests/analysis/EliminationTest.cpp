@@ -51,14 +51,7 @@ std::vector<int> OrderOf(const Reduced& reduced) {
   return order;
 }
 
-Reduced Solve(Matrix equations) {
-  Reduced reduced{std::move(equations), {}};
-  SolveToRREF(reduced.Equations.NumRows(), reduced.Equations.NumColumns() - 1, reduced.Equations,
-              reduced.ColumnOrder);
-  return reduced;
-}
-
-Reduced Solve(Matrix equations, const EliminationTuning& tuning) {
+Reduced Solve(Matrix equations, const EliminationTuning& tuning = {}) {
   Reduced reduced{std::move(equations), {}};
   SolveToRREF(reduced.Equations.NumRows(), reduced.Equations.NumColumns() - 1, reduced.Equations,
               reduced.ColumnOrder, tuning);

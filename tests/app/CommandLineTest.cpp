@@ -165,8 +165,8 @@ TEST(CommandLineHelp, ShowsEveryOptionThatThereIs) {
   const std::string help = HelpText();
   for (const char* option :
        {"orvane [FILE]", "--report[=SECTION,...] FILE...", "--json [--matrices] FILE...",
-        "--csv=equations|rref|solutions FILE", "--convert=OUT.trs FILE", "--autoname ...", "--help | --version",
-        "Exit status: 0", "counting, joints, equations, rref, solutions"}) {
+        "--csv=equations|rref|solutions FILE", "--convert=OUT.trs FILE", "--autoname ...",
+        "--help | --version", "Exit status: 0", "counting, joints, equations, rref, solutions"}) {
     EXPECT_THAT(help, HasSubstr(option));
   }
   EXPECT_TRUE(help.ends_with('\n'));
@@ -221,8 +221,9 @@ TEST(CommandLineFiles, AnEmptyNameIsAFileLikeAnyOther) {
 }
 
 TEST(CommandLineFiles, KeepTheirBytes) {
-  EXPECT_THAT(Call({"--json", "Br\xC3\xBC"
-                              "cke 1.trs"})
+  EXPECT_THAT(Call({"--json",
+                    "Br\xC3\xBC"
+                    "cke 1.trs"})
                   .Files,
               ElementsAre("Br\xC3\xBC"
                           "cke 1.trs"));

@@ -26,7 +26,8 @@ constexpr const char* TriangleText =
     "3\r\n0,0,\"A\"\r\n8,0,\"B\"\r\n4,4,\"C\"\r\n";
 
 constexpr const char* TriangleSolutions =
-    "The solutions:\nForce  Value\n   Ax      0\n   Ay    500\n    B    500\n   AB   \u2013500\n   AC  707.1\n"
+    "The solutions:\nForce  Value\n   Ax      0\n   Ay    500\n    B    500\n   AB   \u2013500\n   AC  "
+    "707.1\n"
     "   BC  707.1\n";
 
 std::string Replaced(std::string text, const std::string& what, const std::string& by) {
@@ -78,12 +79,10 @@ class RunCommandLineTest : public testing::Test {
       return ArgumentsWrong;
     }
     std::istringstream in(Input);
-    return RunCommandLine(std::get<CommandLine>(parsed), CommandLineEnvironment{.In = in,
-                                                                                .Out = out,
-                                                                                .Err = Err,
-                                                                                .ErrIsTerminal = ErrIsTerminal,
-                                                                                .Numbers = {},
-                                                                                .Json = Json});
+    return RunCommandLine(
+        std::get<CommandLine>(parsed),
+        CommandLineEnvironment{
+            .In = in, .Out = out, .Err = Err, .ErrIsTerminal = ErrIsTerminal, .Numbers = {}, .Json = Json});
   }
 
   ExitStatus RunWords(const std::vector<std::string>& words) { return RunInto(Out, words); }
@@ -120,8 +119,8 @@ TEST_F(RunCommandLineTest, ReportsOfSeveralFilesStandUnderTheirNames) {
   const std::string b = File("b.trs", Replaced(TriangleText, "-1000", "-2"));
   EXPECT_EQ(RunWords({"--report=solutions", a, b}), Done);
   EXPECT_EQ(Out.str(), "== " + a + " ==\n" + TriangleSolutions + "\n== " + b +
-                           " ==\nThe solutions:\nForce   Value\n   Ax       0\n   Ay       1\n    B       1\n"
-                           "   AB      \u20131\n   AC   1.414\n   BC   1.414\n");
+                           " ==\nThe solutions:\nForce  Value\n   Ax      0\n   Ay      1\n    B      1\n"
+                           "   AB     \u20131\n   AC  1.414\n   BC  1.414\n");
 }
 
 TEST_F(RunCommandLineTest, ReportUsesTheDocumentsFigures) {
@@ -152,8 +151,7 @@ TEST_F(RunCommandLineTest, JsonHasMatricesWhenAsked) {
 
 TEST_F(RunCommandLineTest, CsvIsTheTableAlone) {
   EXPECT_EQ(RunWords({"--csv=solutions", File("a.trs", TriangleText)}), Done);
-  EXPECT_EQ(Out.str(),
-            "Force,Value\r\nAx,0\r\nAy,500\r\nB,500\r\nAB,\u2013500\r\nAC,707.1\r\nBC,707.1\r\n");
+  EXPECT_EQ(Out.str(), "Force,Value\r\nAx,0\r\nAy,500\r\nB,500\r\nAB,\u2013500\r\nAC,707.1\r\nBC,707.1\r\n");
 }
 
 TEST_F(RunCommandLineTest, AutoNameComesBeforeTheAnalysis) {
@@ -208,7 +206,7 @@ TEST_F(RunCommandLineTest, MoreJointsThanNumbersIsAnErrorOfTheFile) {
 }
 
 TEST_F(RunCommandLineTest, AMemberWithoutLengthIsNamed) {
-  Input = Replaced(Replaced(TriangleText, "3\r\n0,0,8", "4\r\n4,4,4,4,\"dot\r\n\xC4\",\"dot\"\r\n0,0,8"), "AC", "AC");
+  Input = Replaced(TriangleText, "3\r\n0,0,8", "4\r\n4,4,4,4,\"dot\r\n\xC4\",\"dot\"\r\n0,0,8");
   EXPECT_EQ(RunWords({"--csv=solutions", "-"}), Done) << "the file was read whole";
   EXPECT_EQ(Err.str(), "orvane: -: member \"dot  \u00C4\" has no length; its force cannot be determined\n");
   EXPECT_THAT(Out.str(), HasSubstr("\"dot\r\n\u00C4\",undetermined\r\n"));
@@ -223,8 +221,9 @@ TEST_F(RunCommandLineTest, ConvertMovesTheSwitchesOfLineTwo) {
   const std::string a = File("a.trs", TriangleText);
   EXPECT_EQ(RunWords({"--convert=" + Path("out.trs"), a}), Done);
   // Snap to object, snap to grid and the grid were on, the rulers off; the writer begins with the grid.
-  EXPECT_EQ(Bytes(Path("out.trs")), Replaced(TriangleText, "#TRUE#,#TRUE#,#TRUE#,#FALSE#\r\n0\r\n20\r\n2\r\n.5\r\n0\r\n.5",
-                                             "#TRUE#,#FALSE#,#TRUE#,#TRUE#\r\n0\r\n20\r\n2\r\n0.5\r\n0\r\n0.5"));
+  EXPECT_EQ(Bytes(Path("out.trs")),
+            Replaced(TriangleText, "#TRUE#,#TRUE#,#TRUE#,#FALSE#\r\n0\r\n20\r\n2\r\n.5\r\n0\r\n.5",
+                     "#TRUE#,#FALSE#,#TRUE#,#TRUE#\r\n0\r\n20\r\n2\r\n0.5\r\n0\r\n0.5"));
   EXPECT_EQ(Out.str(), "");
   EXPECT_EQ(Err.str(), "");
 }
@@ -259,9 +258,12 @@ TEST_F(RunCommandLineTest, ConvertSaysWhenItCannotWrite) {
 
 TEST_F(RunCommandLineTest, ResultsThatCannotBeWrittenAreAFailure) {
   Input = TriangleText;
-  for (const std::vector<std::string>& words :
-       {std::vector<std::string>{"--report", "-"}, {"--json", "-"}, {"--csv=rref", "-"}, {"--convert=-", "-"},
-        {"--help"}, {"--version"}}) {
+  for (const std::vector<std::string>& words : {std::vector<std::string>{"--report", "-"},
+                                                {"--json", "-"},
+                                                {"--csv=rref", "-"},
+                                                {"--convert=-", "-"},
+                                                {"--help"},
+                                                {"--version"}}) {
     FullDisk disk;
     std::ostream full(&disk);
     Err.str("");

@@ -76,11 +76,13 @@ TEST(TextReportCounting, IsTheTextBoxWithPlainLineEnds) {
       "The forces:  This truss contains 6 unknown forces:\n"
       "\n"
       "- the 3 member force(s), labelled AB, AC, BC, \n"
-      "(A positive value for a member force means that the member is under compression so the member force is "
+      "(A positive value for a member force means that the member is under compression so the member force "
+      "is "
       "directed INTO the pins at its ends.)\n"
       "\n"
       "- the 3 reaction force(s), labelled Ax, Ay, B, \n"
-      "(Reaction forces are due to clamp or roller supports.  Positive values mean that they act into a pin in "
+      "(Reaction forces are due to clamp or roller supports.  Positive values mean that they act into a pin "
+      "in "
       "the direction shown.)\n"
       "\n"
       "The equations:  The values of these unknown forces can be found by solving a system of equations.\n"
@@ -99,8 +101,7 @@ TEST(TextReportCounting, IsTheTextBoxWithPlainLineEnds) {
 }
 
 TEST(TextReportCounting, TurnsTheLineEndsOfNamesIntoPlainOnes) {
-  EXPECT_THAT(Report(Triangle("a\rb\r\nc\nd"), OnlyCounting),
-              HasSubstr("labelled AB, a\nb\nc\nd, BC, \n"));
+  EXPECT_THAT(Report(Triangle("a\rb\r\nc\nd"), OnlyCounting), HasSubstr("labelled AB, a\nb\nc\nd, BC, \n"));
 }
 
 TEST(TextReportJoints, AreLaidOutAsInThePrintableReport) {
@@ -192,23 +193,25 @@ TEST(TextReportSolutions, SayWhatIsUndetermined) {
 }
 
 TEST(TextReportSolutions, OfARedundantSystemEndWithItsConclusion) {
-  EXPECT_EQ(Report(LoneRoller(0, -10), OnlySolutions),
-            "The solutions:\n"
-            "Force  Value\n"
-            "    R     10\n"
-            "\n"
-            "This is a redundant system of equations.  This implies that the truss is in equilibrium (static) for "
-            "these applied forces but not for others.\n"
-            "  The truss is in equilibrium (static) for these\n"
-            "  particular applied forces but not for others.\n"
-            "  Thus the truss is unstable.\n");
+  EXPECT_EQ(
+      Report(LoneRoller(0, -10), OnlySolutions),
+      "The solutions:\n"
+      "Force  Value\n"
+      "    R     10\n"
+      "\n"
+      "This is a redundant system of equations.  This implies that the truss is in equilibrium (static) for "
+      "these applied forces but not for others.\n"
+      "  The truss is in equilibrium (static) for these\n"
+      "  particular applied forces but not for others.\n"
+      "  Thus the truss is unstable.\n");
 }
 
 TEST(TextReportSolutions, OfAnInconsistentSystemAreItsConclusionAlone) {
-  EXPECT_EQ(Report(LoneRoller(5, 0), OnlySolutions),
-            "There is NO SOLUTION for this inconsistent system of equations.  This system of equations was "
-            "derived assuming that the forces are in balance at each joint.  This assumption must be incorrect "
-            "which implies that the truss is unstable and will move.\n");
+  EXPECT_EQ(
+      Report(LoneRoller(5, 0), OnlySolutions),
+      "There is NO SOLUTION for this inconsistent system of equations.  This system of equations was "
+      "derived assuming that the forces are in balance at each joint.  This assumption must be incorrect "
+      "which implies that the truss is unstable and will move.\n");
 }
 
 TEST(TextReport, HasItsSectionsInOneOrderWithABlankLineBetween) {
@@ -248,8 +251,7 @@ TEST(TextReport, OfNothingBeginsWithTheFirstTable) {
 }
 
 TEST(TextReport, LeavesErasedElementsOut) {
-  const Truss erased =
-      Triangle().Member(0, 0, 9, 9, "gone").ThenErased().Force(4, 4, 77, 0).ThenErased();
+  const Truss erased = Triangle().Member(0, 0, 9, 9, "gone").ThenErased().Force(4, 4, 77, 0).ThenErased();
   EXPECT_EQ(Report(erased, All), Report(Triangle(), All));
 }
 

@@ -21,7 +21,7 @@ TEST(PaintDrawing, InStep1MembersPinsAndSupportsAreSeen) {
   EXPECT_TRUE(canvas.Redraw(truss));
   const RecordingSurface paper = Painted(canvas, truss);
   EXPECT_EQ(paper.Lines[0], (DrawnLine{68, 230, 158, 190, RodLineWidth, 0}));
-  EXPECT_EQ(paper.Fills.size(), 4U);  // two pins, the clamp's triangle and its pin
+  EXPECT_EQ(paper.Fills.size(), 2U * 2 + 1 + 2);  // two pins, the clamp's triangle and its pin
   EXPECT_TRUE(paper.Texts.empty());
   // The first pin: a circle of 6 pixels round the member's end.
   for (const PixelPoint& corner : paper.Fills[0]) {
@@ -46,6 +46,13 @@ TEST(PaintDrawing, AMemberThatIsStillBeingDrawnHasNoPins) {
   EXPECT_EQ(Painted(canvas, truss).Lines.size(), 1U);
 }
 
+TEST(PaintDrawing, MembersThatMeetShareOnePin) {
+  Truss truss = Bare(TrussBuilder().Member(0, 0, 10, 0).Member(10, 0, 5, 5).Member(5, 5, 0, 0));
+  Canvas canvas;
+  EXPECT_TRUE(canvas.Redraw(truss));
+  EXPECT_EQ(Painted(canvas, truss).Fills.size(), 2U * 3);
+}
+
 TEST(PaintDrawing, NamesStandInFrontInTheirFontsOnWhite) {
   Truss truss = Bare(TrussBuilder().Member(0, 0, 10, 0, "AB").Joint(0, 0, "1").Joint(10, 0, "2"));
   Canvas canvas;
@@ -57,8 +64,8 @@ TEST(PaintDrawing, NamesStandInFrontInTheirFontsOnWhite) {
   EXPECT_THAT(paper.Texts,
               testing::ElementsAre(DrawnText{142, 265, "AB", plain}, DrawnText{48, 270, "1", bold},
                                    DrawnText{248, 270, "2", bold}));
-  EXPECT_EQ(paper.Fills[2], (std::vector<PixelPoint>{{142, 265}, {154, 265}, {154, 275}, {142, 275}}));
-  EXPECT_EQ(paper.FillColours[2], 15);
+  EXPECT_EQ(paper.Fills[4], (std::vector<PixelPoint>{{142, 265}, {154, 265}, {154, 275}, {142, 275}}));
+  EXPECT_EQ(paper.FillColours[4], 15);
   EXPECT_EQ(paper.Font, plain);
 }
 

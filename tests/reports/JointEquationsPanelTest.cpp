@@ -140,6 +140,21 @@ TEST_F(JointEquationsPanelTest, EscapeHidesItFromTheRestOfTheWindow) {
   EXPECT_TRUE(panel.isHidden());
 }
 
+TEST_F(JointEquationsPanelTest, IsNotClickedThrough) {
+  struct PressCounter : QObject {
+    int Presses = 0;
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+      if (event->type() == QEvent::MouseButtonPress) ++Presses;
+      return false;
+    }
+  } counter;
+  canvas.installEventFilter(&counter);
+  panel.ShowEquations("A", middling);
+  QTest::mouseClick(&panel, Qt::LeftButton, {}, QPoint(4, 4));
+  EXPECT_EQ(counter.Presses, 0);
+  EXPECT_TRUE(panel.isVisible());
+}
+
 TEST_F(JointEquationsPanelTest, GivesTheFocusBack) {
   panel.ShowEquations("A", middling);
   panel.ShowEquations("B", middling);  // another joint while it is shown

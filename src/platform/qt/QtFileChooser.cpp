@@ -9,8 +9,8 @@
 
 namespace {
 
-// "*.*" means every file, also one without a period; the toolkit takes it by the letter. Each filter keeps its
-// description, which is all that is shown, and gets its patterns behind it in brackets.
+// "*.*" means every file, also one without a period; the toolkit takes it by the letter. Each filter keeps
+// its description, which is all that is shown, and gets its patterns behind it in brackets.
 QStringList NameFilters(const std::string& filter) {
   const QStringList parts = QString::fromStdString(filter).split(QLatin1Char('|'));
   QStringList filters;
@@ -28,7 +28,8 @@ QString ExtensionOf(const QString& nameFilter) {
   return onlyPattern.match(nameFilter).captured(1);
 }
 
-// A directory that is gone would leave the dialog nowhere; its nearest surviving parent is as close as can be.
+// A directory that is gone would leave the dialog nowhere; its nearest surviving parent is as close as can
+// be.
 QString ExistingDirectory(const std::string& wanted) {
   QString path = QString::fromStdString(wanted);
   if (path.isEmpty()) return QDir::currentPath();
@@ -92,9 +93,9 @@ std::optional<std::string> QtFileChooser::ChooseForSaving(const FileChooserReque
 bool QtFileChooser::MayReplace(const std::string& path) {
   const QFileInfo file(QString::fromStdString(path));
   if (!file.exists()) return true;
-  const Message question{.Text = file.fileName().toStdString() +
-                                 " already exists.\nDo you want to replace it?",
-                         .Buttons = MessageButtons::YesNo,
-                         .Icon = MessageIcon::Exclamation};
+  const Message question{
+      .Text = file.fileName().toStdString() + " already exists.\nDo you want to replace it?",
+      .Buttons = MessageButtons::YesNo,
+      .Icon = MessageIcon::Exclamation};
   return messages_.Show(question) == MessageAnswer::Yes;
 }

@@ -7,7 +7,7 @@ QString ToQt(const std::string& singleByteText) { return QString::fromStdString(
 
 std::string FromQt(const QString& text) { return FromUtf8(text.toStdString()); }
 
-QString OneLine(QString text) {
+QString OneLineText(QString text) {
   for (QChar& character : text) {
     if (character.category() == QChar::Other_Control) character = QLatin1Char(' ');
   }

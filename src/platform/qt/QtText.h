@@ -11,7 +11,7 @@ QString ToQt(const std::string& singleByteText);
 std::string FromQt(const QString& text);
 
 /// A text as it stands in one line: control characters (line breaks, tabs) are blanks.
-QString OneLine(QString text);
+QString OneLineText(QString text);
 
 /// A tool tip that shows the text as it is written, even if it looks like markup, and only the beginning of a
 /// very long one. Empty for an empty text.

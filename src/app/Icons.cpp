@@ -1,0 +1,156 @@
+// See the header.
+#include "app/Icons.h"
+
+#include <QPainter>
+#include <array>
+#include <utility>
+#include <vector>
+
+#include "app/ToolGlyphs.h"
+#include "document/Truss.h"
+
+namespace {
+
+// The accent is the red of force arrows, in the shade that stands out on the button.
+QColor AccentOn(const QColor& ground) {
+  return ground.lightness() > 128 ? QColor(0xC4, 0x36, 0x2B) : QColor(0xFF, 0x8F, 0x78);
+}
+
+QColor Mixed(const QColor& a, const QColor& b, double partOfB) {
+  const auto mix = [partOfB](int from, int to) { return qRound(from + (to - from) * partOfB); };
+  return QColor(mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue()));
+}
+
+QPixmap EmptyPicture(QSize size, qreal devicePixelRatio) {
+  QPixmap picture((QSizeF(size) * devicePixelRatio).toSize());
+  picture.setDevicePixelRatio(devicePixelRatio);
+  picture.fill(Qt::transparent);
+  return picture;
+}
+
+QPen RoundPen(const QColor& colour, qreal width) {
+  return QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+}
+
+// A raised button is lit from above; a pressed one lies deeper and wears the accent as its frame.
+QColor DrawButton(QPainter& painter, bool pressed, const QPalette& palette) {
+  const QColor face = palette.color(QPalette::Button);
+  const QColor text = palette.color(QPalette::ButtonText);
+  const QColor ground = pressed ? Mixed(face, text, 0.16) : face;
+  QLinearGradient light(0, 0, 0, ToolPictureSize);
+  light.setColorAt(0, pressed ? Mixed(ground, Qt::black, 0.10) : Mixed(ground, Qt::white, 0.35));
+  light.setColorAt(pressed ? 0.25 : 1, pressed ? ground : Mixed(ground, Qt::black, 0.04));
+  painter.setPen(QPen(pressed ? AccentOn(face) : Mixed(face, text, 0.45), pressed ? 1.5 : 1));
+  painter.setBrush(light);
+  const qreal inset = pressed ? 0.75 : 0.5;
+  painter.drawRoundedRect(
+      QRectF(0, 0, ToolPictureSize, ToolPictureSize).adjusted(inset, inset, -inset, -inset), 4, 4);
+  return ground;
+}
+
+using Segment = std::pair<QPointF, QPointF>;
+
+// A truss of three panels: `panel` wide, `height` high, standing on (left, ground).
+struct SketchedTruss {
+  std::vector<Segment> Members;
+  std::vector<QPointF> Joints;
+};
+
+SketchedTruss ThreePanels(qreal left, qreal ground, qreal panel, qreal height) {
+  const auto low = [&](int i) { return QPointF(left + panel * i, ground); };
+  const auto high = [&](int i) { return QPointF(left + panel * (i + 0.5), ground - height); };
+  SketchedTruss truss;
+  for (int i = 0; i < 3; ++i) {
+    truss.Members.insert(truss.Members.end(),
+                         {{low(i), low(i + 1)}, {low(i), high(i)}, {high(i), low(i + 1)}});
+    if (i < 2) truss.Members.emplace_back(high(i), high(i + 1));
+  }
+  for (int i = 0; i <= 3; ++i) truss.Joints.push_back(low(i));
+  for (int i = 0; i < 3; ++i) truss.Joints.push_back(high(i));
+  return truss;
+}
+
+void DrawLoad(QPainter& painter, const QPointF& joint, qreal length, const QColor& colour) {
+  const QPointF tip = joint - QPointF(0, 7);
+  painter.setPen(RoundPen(colour, 2.4));
+  painter.drawLine(tip - QPointF(0, length), tip - QPointF(0, 6));
+  painter.setBrush(colour);
+  painter.setPen(RoundPen(colour, 1));
+  painter.drawPolygon(QPolygonF{{tip, tip + QPointF(-4.5, -9), tip + QPointF(4.5, -9)}});
+}
+
+}  // namespace
+
+QPixmap ToolPicture(int tool, bool pressed, qreal devicePixelRatio, const QPalette& palette) {
+  QPixmap picture = EmptyPicture({ToolPictureSize, ToolPictureSize}, devicePixelRatio);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QColor ground = DrawButton(painter, pressed, palette);
+  if (pressed) painter.translate(0.5, 0.5);
+  DrawToolGlyph(painter, tool,
+                {.Ink = palette.color(QPalette::ButtonText), .Accent = AccentOn(ground), .Ground = ground});
+  return picture;
+}
+
+QPixmap ApplicationPicture(int side, qreal devicePixelRatio) {
+  QPixmap picture = EmptyPicture({side, side}, devicePixelRatio);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.scale(side / 32.0, side / 32.0);
+
+  const QColor field(0x1F, 0x43, 0x66);
+  const QColor steel(0xF6, 0xF4, 0xEE);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(field);
+  painter.drawRoundedRect(QRectF(0, 0, 32, 32), 7, 7);
+
+  // Two panels only: at 16 pixels every line still has to be seen.
+  const QPointF left(5, 21), middle(16, 21), right(27, 21), highLeft(10.5, 10.5), highRight(21.5, 10.5);
+  painter.setPen(RoundPen(steel, side < 24 ? 2.6 : 2.2));
+  painter.drawPolyline(QPolygonF{{left, highLeft, middle, highRight, right, left}});
+  painter.drawLine(highLeft, highRight);
+  // The supports carry the accent.
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(QColor(0xFF, 0x8F, 0x5E));
+  for (const QPointF& foot : {left, right}) {
+    painter.drawPolygon(QPolygonF{{foot, foot + QPointF(3.6, 6), foot + QPointF(-3.6, 6)}});
+  }
+  painter.setBrush(steel);
+  for (const QPointF& joint : {left, middle, right, highLeft, highRight}) painter.drawEllipse(joint, 2, 2);
+  return picture;
+}
+
+QIcon ApplicationIcon() {
+  QIcon icon;
+  for (const int side : {16, 22, 24, 32, 48, 64, 128, 256}) icon.addPixmap(ApplicationPicture(side, 1));
+  return icon;
+}
+
+QPixmap AboutPicture(QSize size, qreal devicePixelRatio) {
+  QPixmap picture = EmptyPicture(size, devicePixelRatio);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(QColor(0xB8, 0xB8, 0xB8), 1));
+  painter.setBrush(Qt::white);
+  painter.drawRoundedRect(QRectF(QPointF(0, 0), QSizeF(size)).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
+
+  const GlyphColours onPaper{.Ink = Qt::black, .Accent = AccentOn(Qt::white), .Ground = Qt::white};
+  const qreal panel = size.width() / 4.4;
+  const qreal height = size.height() * 0.42;
+  const QPointF foot(size.width() / 2.0 - 1.5 * panel, size.height() * 0.74);
+  const SketchedTruss truss = ThreePanels(foot.x(), foot.y(), panel, height);
+  painter.setPen(RoundPen(Qt::black, 2));
+  for (const Segment& member : truss.Members) painter.drawLine(member.first, member.second);
+  for (const auto& [joint, type] :
+       {std::pair{truss.Joints[0], 1}, std::pair{truss.Joints[3], LastClampType + 1}}) {
+    painter.save();
+    painter.translate(joint - QPointF(16, 16));
+    DrawSupport(painter, static_cast<std::int16_t>(type), onPaper, 1.2);
+    painter.restore();
+  }
+  painter.setPen(QPen(Qt::black, 1.2));
+  painter.setBrush(Qt::white);
+  for (const QPointF& joint : truss.Joints) painter.drawEllipse(joint, 3, 3);
+  DrawLoad(painter, truss.Joints[5], size.height() * 0.20, onPaper.Accent);
+  return picture;
+}
