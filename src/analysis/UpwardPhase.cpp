@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <utility>
 
 #include "analysis/Elimination.h"
 #include "analysis/Parallel.h"
@@ -22,9 +23,7 @@ struct UsefulRows {
   explicit UsefulRows(Echelon& echelon);  ///< releases the pivot rows one by one
 
   void FindFullRows();
-  Index NumSlots() const {
-    return static_cast<Index>(PositionOfSlot.size()) + 1;
-  }  // the right-hand side's too
+  Index NumSlots() const { return static_cast<Index>(PositionOfSlot.size()) + 1; }
   Index RightHandSideSlot() const { return NumSlots() - 1; }
 
   std::vector<Index> SlotOfPosition;

@@ -6,20 +6,10 @@
 #include <utility>
 #include <vector>
 
-#include "app/ToolGlyphs.h"
 #include "document/Truss.h"
+#include "editing/ToolGlyphs.h"
 
 namespace {
-
-// The accent is the red of force arrows, in the shade that stands out on the button.
-QColor AccentOn(const QColor& ground) {
-  return ground.lightness() > 128 ? QColor(0xC4, 0x36, 0x2B) : QColor(0xFF, 0x8F, 0x78);
-}
-
-QColor Mixed(const QColor& a, const QColor& b, double partOfB) {
-  const auto mix = [partOfB](int from, int to) { return qRound(from + (to - from) * partOfB); };
-  return QColor(mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue()));
-}
 
 QPixmap EmptyPicture(QSize size, qreal devicePixelRatio) {
   QPixmap picture((QSizeF(size) * devicePixelRatio).toSize());
@@ -30,22 +20,6 @@ QPixmap EmptyPicture(QSize size, qreal devicePixelRatio) {
 
 QPen RoundPen(const QColor& colour, qreal width) {
   return QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-}
-
-// A raised button is lit from above; a pressed one lies deeper and wears the accent as its frame.
-QColor DrawButton(QPainter& painter, bool pressed, const QPalette& palette) {
-  const QColor face = palette.color(QPalette::Button);
-  const QColor text = palette.color(QPalette::ButtonText);
-  const QColor ground = pressed ? Mixed(face, text, 0.16) : face;
-  QLinearGradient light(0, 0, 0, ToolPictureSize);
-  light.setColorAt(0, pressed ? Mixed(ground, Qt::black, 0.10) : Mixed(ground, Qt::white, 0.35));
-  light.setColorAt(pressed ? 0.25 : 1, pressed ? ground : Mixed(ground, Qt::black, 0.04));
-  painter.setPen(QPen(pressed ? AccentOn(face) : Mixed(face, text, 0.45), pressed ? 1.5 : 1));
-  painter.setBrush(light);
-  const qreal inset = pressed ? 0.75 : 0.5;
-  painter.drawRoundedRect(
-      QRectF(0, 0, ToolPictureSize, ToolPictureSize).adjusted(inset, inset, -inset, -inset), 4, 4);
-  return ground;
 }
 
 using Segment = std::pair<QPointF, QPointF>;
@@ -80,17 +54,6 @@ void DrawLoad(QPainter& painter, const QPointF& joint, qreal length, const QColo
 }
 
 }  // namespace
-
-QPixmap ToolPicture(int tool, bool pressed, qreal devicePixelRatio, const QPalette& palette) {
-  QPixmap picture = EmptyPicture({ToolPictureSize, ToolPictureSize}, devicePixelRatio);
-  QPainter painter(&picture);
-  painter.setRenderHint(QPainter::Antialiasing);
-  const QColor ground = DrawButton(painter, pressed, palette);
-  if (pressed) painter.translate(0.5, 0.5);
-  DrawToolGlyph(painter, tool,
-                {.Ink = palette.color(QPalette::ButtonText), .Accent = AccentOn(ground), .Ground = ground});
-  return picture;
-}
 
 QPixmap ApplicationPicture(int side, qreal devicePixelRatio) {
   QPixmap picture = EmptyPicture({side, side}, devicePixelRatio);

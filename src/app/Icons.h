@@ -1,15 +1,9 @@
-// The program's own pictures, drawn when they are asked for, so that they are crisp on every screen and
-// follow the colours of the desktop.
+// The program's own pictures, drawn when they are asked for, so that they are crisp on
+// every screen.
 #pragma once
 
 #include <QIcon>
-#include <QPalette>
 #include <QPixmap>
-
-inline constexpr int ToolPictureSize = 32;  ///< pixels before the device pixel ratio
-
-/// The button of tool 1 .. 8, raised or pressed.
-QPixmap ToolPicture(int tool, bool pressed, qreal devicePixelRatio, const QPalette& palette);
 
 /// The program's mark, a small truss; `side` in pixels before the device pixel ratio.
 QPixmap ApplicationPicture(int side, qreal devicePixelRatio);

@@ -68,11 +68,11 @@ void MainForm::Redraw() {
                                 return measure_.Measure(font, text);
                               }};
   bool joined = true;
-  picDraw_->PaintBacking([&](Surface& surface) {
-    joined = RedrawTruss(on_.Document, drawing_, surface, context, messages);
-  });
+  picDraw_->PaintBacking(
+      [&](Surface& surface) { joined = RedrawTruss(on_.Document, drawing_, surface, context, messages); });
   if (!joined) SetStatus(QStringLiteral(" %1 ").arg(QString::fromLatin1(TooManyJointsText)));
-  // A message waits for its answer in an event loop of its own, which may redraw again; that must not ask twice.
+  // A message waits for its answer in an event loop of its own, which may redraw again; that must not ask
+  // twice.
   if (showingMessages_) return;
   showingMessages_ = true;
   messages.ShowOn(on_.Messages);
@@ -184,10 +184,18 @@ void MainForm::ShowReport(int report) {
   if (!shownAnalysis_) return;
   const EquationSystem& system = shownAnalysis_->System;
   switch (report) {
-    case 1: report_->ReportCounting(on_.Document, system); break;
-    case 2: report_->LoadGridWithEquations(on_.Document, system); break;
-    case 3: report_->LoadGridWithRREF(on_.Document, system); break;
-    default: report_->LoadGridWithSolutions(on_.Document, system); break;
+    case 1:
+      report_->ReportCounting(on_.Document, system);
+      break;
+    case 2:
+      report_->LoadGridWithEquations(on_.Document, system);
+      break;
+    case 3:
+      report_->LoadGridWithRREF(on_.Document, system);
+      break;
+    default:
+      report_->LoadGridWithSolutions(on_.Document, system);
+      break;
   }
   report_->BringUp();
 }
@@ -247,7 +255,7 @@ void MainForm::ShowHelp(const QString& topic) {
 
 void MainForm::SetStatus(const QString& text) {
   statusPanels_[0]->setText(text);
-  statusPanels_[0]->setToolTip(QStringLiteral("<span>%1</span>").arg(text.trimmed().toHtmlEscaped()));
+  statusPanels_[0]->setToolTip(PlainToolTip(text.trimmed()));
 }
 
 // --- window events

@@ -93,7 +93,8 @@ void MainForm::CreateNamePanel() {
   connect(clearNames, &QPushButton::clicked, this, [this] { cmdAutoName_Click(2); });
   StepNavigation& navigation = navigation_[1];
   navigation.CaptionLeft = 217;
-  navigation.Caption = AddStepCaption(picStep2_, QStringLiteral("Label10"), tr("Step 2\nName forces and joints"));
+  navigation.Caption =
+      AddStepCaption(picStep2_, QStringLiteral("Label10"), tr("Step 2\nName forces and joints"));
   navigation.Prev = AddStepButton(picStep2_, QStringLiteral("cmdPrev2"), tr("< &Back"),
                                   tr("Go back to Step 1: design the truss (Alt+Left)"));
   navigation.Next = AddStepButton(picStep2_, QStringLiteral("cmdNext2"), tr("&Next >"),
@@ -181,8 +182,8 @@ void MainForm::CreateFileMenu() {
     lifecycle_->SaveFileAs();
     UpdateFileMenu();
   });
-  mnuFilePrint_ = add("mnuFilePrint", tr("&Print the report ..."), QKeySequence::Print,
-                      [this] { mnuFilePrint_Click(); });
+  mnuFilePrint_ =
+      add("mnuFilePrint", tr("&Print the report ..."), QKeySequence::Print, [this] { mnuFilePrint_Click(); });
   mnuRecentFile_[0] = mnuFile_->addSeparator();
   mnuRecentFile_[0]->setObjectName(QStringLiteral("mnuRecentFile(0)"));
   for (int entry = 1; entry <= RecentFiles::Count; ++entry) {
@@ -206,8 +207,9 @@ void MainForm::CreateHelpMenu() {
     connect(action, &QAction::triggered, this, handler);
     return action;
   };
-  add("mnuHelpProgram", tr("Help on the &program"), [this] { ShowHelp(QStringLiteral("index.htm")); })
-      ->setShortcut(QKeySequence::HelpContents);
+  add("mnuHelpProgram", tr("Help on the &program"), [this] {
+    ShowHelp(QStringLiteral("index.htm"));
+  })->setShortcut(QKeySequence::HelpContents);
   add("mnuHelpTrusses", tr("Help on &trusses"),
       [this] { ShowHelp(QStringLiteral("truss help/truss_theory.htm")); });
   add("mnuHelpMath", tr("Help on the &mathematics"),

@@ -124,8 +124,11 @@ class Run {
 ExitStatus RunCommandLine(const CommandLine& commandLine, const CommandLineEnvironment& environment) {
   Run run(commandLine, environment);
   switch (commandLine.What) {
-    case CommandLine::Mode::Help: return run.Print(HelpText());
-    case CommandLine::Mode::Version: return run.Print("Orvane " ORVANE_VERSION "\n");
-    default: return run.AllFiles();
+    case CommandLine::Mode::Help:
+      return run.Print(HelpText());
+    case CommandLine::Mode::Version:
+      return run.Print("Orvane " ORVANE_VERSION "\n");
+    default:
+      return run.AllFiles();
   }
 }

@@ -1,5 +1,5 @@
-// The panels of steps 2 and 3 and what all three panels have in common: a caption that says which step this is,
-// and the buttons to the neighbouring steps at the right end. Positions follow the main window's width.
+// The panels of steps 2 and 3 and what all three panels have in common: a caption that says which step this
+// is, and the buttons to the neighbouring steps at the right end. Positions follow the main window's width.
 #pragma once
 
 #include <QFrame>
@@ -9,8 +9,8 @@
 /// Pixels. The panels lie over the strip of the canvas above the drawing area.
 inline constexpr int StepPanelHeight = 46;
 
-/// A step's caption and step buttons on a panel; `captionLeft` is the fixed left edge of the space in which the
-/// caption is centred.
+/// A step's caption and step buttons on a panel; `captionLeft` is the fixed left edge of the space in which
+/// the caption is centred.
 struct StepNavigation {
   QLabel* Caption = nullptr;
   QPushButton* Prev = nullptr;  ///< absent in Step 1

@@ -83,9 +83,12 @@ std::string CsvField(const std::string& text) {
 
 std::unique_ptr<ReportTable> LoadTable(const AnalysedFile& file, CsvTable table, const ReportFormat& format) {
   switch (table) {
-    case CsvTable::Equations: return LoadGridWithEquations(file.Document, file.System, format);
-    case CsvTable::RREF: return LoadGridWithRREF(file.System, format);
-    case CsvTable::Solutions: break;
+    case CsvTable::Equations:
+      return LoadGridWithEquations(file.Document, file.System, format);
+    case CsvTable::RREF:
+      return LoadGridWithRREF(file.System, format);
+    case CsvTable::Solutions:
+      break;
   }
   return LoadGridWithSolutions(file.System, file.Reading, format);
 }

@@ -12,6 +12,6 @@
 void WriteReport(std::ostream& out, const AnalysedFile& file, const ReportSections& sections,
                  const ReportFormat& format);
 
-/// Prints one table as RFC 4180 tells: CR LF, fields quoted where they must be. The solutions of a system that
-/// has none are the header row alone.
+/// Prints one table as RFC 4180 tells: CR LF, fields quoted where they must be. The solutions of a system
+/// that has none are the header row alone.
 void WriteCsv(std::ostream& out, const AnalysedFile& file, CsvTable table, const ReportFormat& format);

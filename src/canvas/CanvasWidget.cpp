@@ -1,7 +1,6 @@
 // What is shown is rendered once after a change; exposing the window again only copies the image.
 #include "canvas/CanvasWidget.h"
 
-#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -115,10 +114,8 @@ bool CanvasWidget::ShowToolTip(QHelpEvent* event) {
     event->ignore();
     return true;
   }
-  // A tool tip would take a text that looks like markup for markup; escaped, it is shown as it is.
   const LabelPlace& place = drawing_.lblRodJoint[label];
-  const QString text = QStringLiteral("<span>%1</span>").arg(ToQt(truss_.Name(label)).toHtmlEscaped());
-  QToolTip::showText(event->globalPos(), text, this,
+  QToolTip::showText(event->globalPos(), PlainToolTip(ToQt(truss_.Name(label))), this,
                      QRectF(double{place.Left}, double{place.Top}, double{place.Width}, double{place.Height})
                          .toAlignedRect());
   return true;

@@ -3,6 +3,7 @@
 // decides nothing.
 #pragma once
 
+#include <QHelpEvent>
 #include <QImage>
 #include <QWidget>
 #include <functional>

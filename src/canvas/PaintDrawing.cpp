@@ -20,6 +20,30 @@ RectangleCorners Rectangle(float left, float top, float width, float height) {
   return {{{x1, y1}, {x2, y1}, {x2, y2}, {x1, y2}}};
 }
 
+// Whether a label, by its index, names a joint.
+using JointLabels = std::vector<bool>;
+
+JointLabels FindJointLabels(const Drawing& drawing, const Truss& truss) {
+  JointLabels isOfJoint(static_cast<std::size_t>(drawing.lblRodJoint.Size()) + 1);
+  for (const JointRec& joint : truss.JointsInUse()) {
+    const auto label = static_cast<std::size_t>(joint.NameLabel);
+    if (label < isOfJoint.size()) isOfJoint[label] = true;
+  }
+  return isOfJoint;
+}
+
+void PaintLabelPaper(Surface& surface, const LabelPlace& place) {
+  surface.FillPolygon(Rectangle(place.Left, place.Top, place.Width, place.Height), White);
+}
+
+// A joint's name covers its members, but neither its pin nor its support, on which it stands.
+void PaintJointPapers(Surface& surface, const Drawing& drawing, const JointLabels& isOfJoint) {
+  for (int i = 1; i <= drawing.lblRodJoint.Size(); ++i) {
+    const LabelPlace& place = drawing.lblRodJoint[i];
+    if (place.Visible && isOfJoint[static_cast<std::size_t>(i)]) PaintLabelPaper(surface, place);
+  }
+}
+
 void PaintRods(Surface& surface, const Drawing& drawing, const Truss& truss) {
   surface.SetLineWidth(RodLineWidth);
   for (int i = 1; i <= truss.NumMembers; ++i) {
@@ -59,7 +83,7 @@ void PaintArrows(Surface& surface, const Drawing& drawing) {
   }
 }
 
-void PaintLabels(Surface& surface, const Drawing& drawing, const Truss& truss) {
+void PaintLabels(Surface& surface, const Drawing& drawing, const Truss& truss, const JointLabels& isOfJoint) {
   std::vector<int> visible;
   for (int i = 1; i <= drawing.lblRodJoint.Size(); ++i) {
     if (drawing.lblRodJoint[i].Visible) visible.push_back(i);
@@ -68,7 +92,7 @@ void PaintLabels(Surface& surface, const Drawing& drawing, const Truss& truss) {
   for (const int i : visible) {
     const LabelPlace& place = drawing.lblRodJoint[i];
     const NameLabel& name = truss.Labels[i];
-    surface.FillPolygon(Rectangle(place.Left, place.Top, place.Width, place.Height), White);
+    if (!isOfJoint[static_cast<std::size_t>(i)]) PaintLabelPaper(surface, place);
     surface.SetFont({.Points = name.FontSize, .Bold = name.Bold});
     surface.PrintText(OntoPaper(place.Left), OntoPaper(place.Top), name.Caption);
   }
@@ -84,10 +108,12 @@ void PaintHandle(Surface& surface, const MoveHandle& handle, float size) {
 void PaintDrawing(Surface& surface, const Drawing& drawing, const Truss& truss) {
   surface.SetForeground(Black);
   PaintRods(surface, drawing, truss);
+  const JointLabels isOfJoint = FindJointLabels(drawing, truss);
+  PaintJointPapers(surface, drawing, isOfJoint);
   PaintPins(surface, drawing, truss);
   PaintSupports(surface, drawing, truss);
   PaintArrows(surface, drawing);
-  PaintLabels(surface, drawing, truss);
+  PaintLabels(surface, drawing, truss, isOfJoint);
   PaintHandle(surface, drawing.MoveHandleB, MoveHandleBSize);
   PaintHandle(surface, drawing.MoveHandleS, MoveHandleSSize);
 }

@@ -8,6 +8,7 @@
 /// Pixels; members are drawn stronger than rulers and arrows, which are one pixel wide.
 inline constexpr int RodLineWidth = 2;
 
-/// Paints what is visible over what the surface holds; ink is black, names stand on white so that they can be
-/// read where a member passes beneath. Leaves a black foreground, a line width of 1 and the font TextFont{}.
+/// Paints what is visible over what the surface holds; ink is black. Names stand on white, so that they can
+/// be read where a member passes beneath; a joint's name leaves the joint's pin and support uncovered. Leaves
+/// a black foreground, a line width of 1 and the font TextFont{}.
 void PaintDrawing(Surface& surface, const Drawing& drawing, const Truss& truss);

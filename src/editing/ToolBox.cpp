@@ -24,8 +24,9 @@ ToolBox::ToolBox(ToolPalette& palette, QWidget* parent) : QFrame(parent), palett
     button->setToolTip(QStringLiteral("%1 (%2)").arg(name).arg(tool));
     button->setGeometry(LeftMargin + (tool - 1) * ButtonSize, TopMargin, ButtonSize, ButtonSize);
     button->setAutoRaise(true);
-    button->setStyleSheet(QStringLiteral("QToolButton { border: none; padding: 0; } "
-                                         "QToolButton:focus { border: 1px dotted palette(highlight); }"));
+    button->setStyleSheet(
+        QStringLiteral("QToolButton { border: none; padding: 0; } "
+                       "QToolButton:focus { border: 1px dotted palette(highlight); }"));
     button->setIconSize(QSize(ButtonSize, ButtonSize));
     button->setFocusPolicy(Qt::TabFocus);
     button->setMouseTracking(true);

@@ -39,8 +39,8 @@ class ToolPalette {
   /// Whether button 1 .. 8 has its pressed look.
   bool IsDown(int tool) const { return selected_ == static_cast<Tool>(tool); }
 
-  /// The mouse moves over button 1 .. 8: the hint to show, or nothing when that tool's hint was shown last, so
-  /// that moving within one button sets the text once.
+  /// The mouse moves over button 1 .. 8: the hint to show, or nothing when that tool's hint was shown last,
+  /// so that moving within one button sets the text once.
   std::optional<std::string> MouseMove(int tool);
 
  private:

@@ -9,6 +9,10 @@
 
 namespace {
 
+// The general form is plain up to this many digits before the separator.
+constexpr int PlainSingleExponent = 7;
+constexpr int PlainDoubleExponent = 15;
+
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
 // What one number text consists of, once its form has been found right.
@@ -94,9 +98,7 @@ std::string FixedDigits(const DecimalDigits& value, int decimals, bool forcedZer
   return text;
 }
 
-template <class Float>
-std::string General(Float value, int plainBelowExponent, std::string_view decimalSeparator) {
-  const DecimalDigits digits = DecimalDigits::Of(value);
+std::string General(const DecimalDigits& digits, int plainBelowExponent, std::string_view decimalSeparator) {
   if (digits.IsZero() || (digits.Exponent > -5 && digits.Exponent <= plainBelowExponent)) {
     return PlainText(digits, decimalSeparator);
   }
@@ -132,10 +134,18 @@ std::string ScientificText(const DecimalDigits& value, int figures, std::string_
 }
 
 std::string GeneralText(float value, std::string_view decimalSeparator) {
-  return General(value, 7, decimalSeparator);
+  return General(DecimalDigits::Of(value), PlainSingleExponent, decimalSeparator);
 }
 std::string GeneralText(double value, std::string_view decimalSeparator) {
-  return General(value, 15, decimalSeparator);
+  return General(DecimalDigits::Of(value), PlainDoubleExponent, decimalSeparator);
+}
+
+std::string SevenDigitText(double value, std::string_view decimalSeparator) {
+  const bool isSingle = std::abs(value) <= double{std::numeric_limits<float>::max()};
+  // Rounded from the single's full value: from its shortest digits the largest single would round out of range.
+  DecimalDigits digits = DecimalDigits::Of(isSingle ? double{static_cast<float>(value)} : value);
+  digits.RoundToSignificant(7);
+  return General(digits, PlainSingleExponent, decimalSeparator);
 }
 
 std::string FixedText(double value, int decimals, std::string_view decimalSeparator) {

@@ -20,6 +20,11 @@ std::string ScientificText(const DecimalDigits& value, int figures, std::string_
 std::string GeneralText(float value, std::string_view decimalSeparator = ".");
 std::string GeneralText(double value, std::string_view decimalSeparator = ".");
 
+/// The general form for boxes that a person edits: a single rounded to at most 7 significant digits, so that
+/// 1/3 is 0.3333333 and not 0.33333334. It does not always read back to the same bits. A finite double beyond
+/// the range of singles keeps its size and is written like 6E+38.
+std::string SevenDigitText(double value, std::string_view decimalSeparator = ".");
+
 /// The pattern "0", "0.0", "0.00" ...: at least one digit before the separator, exactly `decimals` after it.
 std::string FixedText(double value, int decimals, std::string_view decimalSeparator = ".");
 std::string FixedText(float value, int decimals, std::string_view decimalSeparator = ".");

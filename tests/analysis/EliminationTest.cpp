@@ -7,6 +7,7 @@
 #include <functional>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "PlainElimination.h"
@@ -175,7 +176,8 @@ TEST(Elimination, FewerEquationsThanUnknownsLeaveTheColumnsPermuted) {
 }
 
 TEST(Elimination, ADeterminateSystemBecomesTheIdentityAndItsSolution) {
-  const Reduced reduced = Solve(MatrixOf({{0, 2, 0, 4}, {0, 0, 4, 2}, {8, 0, 0, 8}}));
+  Reduced reduced{MatrixOf({{0, 2, 0, 4}, {0, 0, 4, 2}, {8, 0, 0, 8}}), {}};
+  SolveToRREF(3, 3, reduced.Equations, reduced.ColumnOrder);
   EXPECT_EQ(OrderOf(reduced), (std::vector<int>{1, 2, 3}));
   EXPECT_EQ(RowsOf(reduced.Equations),
             (std::vector<std::vector<double>>{{1, 0, 0, 1}, {0, 1, 0, 2}, {0, 0, 1, 0.5}}));

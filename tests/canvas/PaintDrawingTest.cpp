@@ -64,9 +64,22 @@ TEST(PaintDrawing, NamesStandInFrontInTheirFontsOnWhite) {
   EXPECT_THAT(paper.Texts,
               testing::ElementsAre(DrawnText{142, 265, "AB", plain}, DrawnText{48, 270, "1", bold},
                                    DrawnText{248, 270, "2", bold}));
-  EXPECT_EQ(paper.Fills[4], (std::vector<PixelPoint>{{142, 265}, {154, 265}, {154, 275}, {142, 275}}));
-  EXPECT_EQ(paper.FillColours[4], 15);
+  EXPECT_EQ(paper.Fills.back(), (std::vector<PixelPoint>{{142, 265}, {154, 265}, {154, 275}, {142, 275}}));
+  EXPECT_EQ(paper.FillColours.back(), 15);
   EXPECT_EQ(paper.Font, plain);
+}
+
+TEST(PaintDrawing, AJointsNameCoversMembersButNeitherPinNorSupport) {
+  Truss truss = Bare(TrussBuilder().Member(0, 0, 10, 0).Clamp(0, 0).Joint(0, 0, "1"));
+  Canvas canvas;
+  EXPECT_TRUE(canvas.Redraw(truss));
+  ShowLabels(canvas.Picture, truss);
+  const RecordingSurface paper = Painted(canvas, truss);
+  EXPECT_EQ(paper.Order[0], "line");  // the member
+  EXPECT_EQ(paper.Order[1], "fill");
+  EXPECT_EQ(paper.Fills[0], (std::vector<PixelPoint>{{48, 270}, {55, 270}, {55, 282}, {48, 282}}));
+  EXPECT_EQ(paper.FillColours[0], 15);
+  EXPECT_EQ(paper.FillColours[2], 0);  // the rim of the first pin
 }
 
 TEST(PaintDrawing, ArrowsStandBesideTheNames) {

@@ -82,6 +82,36 @@ TEST(GeneralText, OfAnyDoubleInSingleRangeReadsBackToItsValue) {
   }
 }
 
+TEST(SevenDigitText, RoundsASingleToSevenDigitsAtMost) {
+  EXPECT_EQ(SevenDigitText(1.0 / 3), "0.3333333");
+  EXPECT_EQ(SevenDigitText(2.0 / 3), "0.6666667");
+  EXPECT_EQ(SevenDigitText(1234567.5), "1234568");
+  EXPECT_EQ(SevenDigitText(53.13010235), "53.1301");
+  EXPECT_EQ(SevenDigitText(0.1F), "0.1");
+  EXPECT_EQ(SevenDigitText(-0.5), "-0.5");
+  EXPECT_EQ(SevenDigitText(-0.0), "0");
+  EXPECT_EQ(SevenDigitText(100), "100");
+}
+
+TEST(SevenDigitText, TakesAnExponentOutsideThePlainRangeOfSingles) {
+  EXPECT_EQ(SevenDigitText(9999999), "9999999");
+  EXPECT_EQ(SevenDigitText(9999999.7), "1E+7");
+  EXPECT_EQ(SevenDigitText(16777217), "1.677722E+7");
+  EXPECT_EQ(SevenDigitText(1e-5), "0.00001");
+  EXPECT_EQ(SevenDigitText(-2.5e-7), "-2.5E-7");
+}
+
+TEST(SevenDigitText, OfTheLargestSingleIsANumberAgain) {
+  EXPECT_EQ(SevenDigitText(double{LargestSingle}), "3.402823E+38");
+  EXPECT_TRUE(ReadSingle(SevenDigitText(double{LargestSingle})));
+}
+
+TEST(SevenDigitText, BeyondSinglesKeepsTheSize) { EXPECT_EQ(SevenDigitText(-6e38), "-6E+38"); }
+
+TEST(SevenDigitText, OfWhatIsTooSmallForASingleIsZero) { EXPECT_EQ(SevenDigitText(1e-60), "0"); }
+
+TEST(SevenDigitText, ShowsTheSeparatorItIsGiven) { EXPECT_EQ(SevenDigitText(0.25, ","), "0,25"); }
+
 TEST(ScientificText, HasOneDigitBeforeTheSeparator) {
   DecimalDigits digits = DecimalDigits::Of(-0.0045);
   EXPECT_EQ(ScientificText(digits, 3, "."), "-4.50E-3");

@@ -5,7 +5,9 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <algorithm>
+
+#include "platform/qt/QtMessageBox.h"
+#include "platform/qt/WindowInFront.h"
 
 namespace {
 
@@ -65,10 +67,20 @@ QString WithExtension(const QString& path, const QString& nameFilter) {
   return extension.isEmpty() || typed ? path : path + QLatin1Char('.') + extension;
 }
 
+bool MayReplace(const std::string& path) {
+  const QFileInfo file(QString::fromStdString(path));
+  if (!file.exists()) return true;
+  const Message question{
+      .Text = file.fileName().toStdString() + " already exists.\nDo you want to replace it?",
+      .Buttons = MessageButtons::YesNo,
+      .Icon = MessageIcon::Exclamation};
+  return QtMessageBox().Show(question) == MessageAnswer::Yes;
+}
+
 }  // namespace
 
 std::optional<std::string> QtFileChooser::ChooseForOpening(const FileChooserRequest& request) {
-  QFileDialog dialog(parent_, QStringLiteral("Open"));
+  QFileDialog dialog(WindowInFront(), QStringLiteral("Open"));
   dialog.setAcceptMode(QFileDialog::AcceptOpen);
   dialog.setFileMode(QFileDialog::ExistingFile);
   Prepare(dialog, request);
@@ -77,7 +89,7 @@ std::optional<std::string> QtFileChooser::ChooseForOpening(const FileChooserRequ
 }
 
 std::optional<std::string> QtFileChooser::ChooseForSaving(const FileChooserRequest& request) {
-  QFileDialog dialog(parent_, QStringLiteral("Save As"));
+  QFileDialog dialog(WindowInFront(), QStringLiteral("Save As"));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   // The dialog would ask for the name as typed; what counts is the file that is written in the end.
@@ -88,14 +100,4 @@ std::optional<std::string> QtFileChooser::ChooseForSaving(const FileChooserReque
     if (MayReplace(path)) return path;
   }
   return std::nullopt;
-}
-
-bool QtFileChooser::MayReplace(const std::string& path) {
-  const QFileInfo file(QString::fromStdString(path));
-  if (!file.exists()) return true;
-  const Message question{
-      .Text = file.fileName().toStdString() + " already exists.\nDo you want to replace it?",
-      .Buttons = MessageButtons::YesNo,
-      .Icon = MessageIcon::Exclamation};
-  return messages_.Show(question) == MessageAnswer::Yes;
 }

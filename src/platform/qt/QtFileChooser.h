@@ -2,22 +2,11 @@
 #pragma once
 
 #include "platform/FileChooser.h"
-#include "platform/MessageBox.h"
 
-class QWidget;
-
-/// A name typed for saving without an extension gets the one of the chosen filter ("*.*" has none).
+/// A name typed for saving without an extension gets the one of the chosen filter ("*.*" has none), and the
+/// question whether a file may be replaced is asked for the name with its extension.
 class QtFileChooser final : public FileChooser {
  public:
-  /// Both must outlive the chooser. `messages` asks before an existing file is chosen for saving.
-  QtFileChooser(QWidget* parent, MessageBox& messages) : parent_(parent), messages_(messages) {}
-
   std::optional<std::string> ChooseForOpening(const FileChooserRequest& request) override;
   std::optional<std::string> ChooseForSaving(const FileChooserRequest& request) override;
-
- private:
-  bool MayReplace(const std::string& path);
-
-  QWidget* parent_;
-  MessageBox& messages_;
 };

@@ -1,8 +1,9 @@
 // See the header.
 #include "platform/qt/QtMessageBox.h"
 
-#include <QApplication>
 #include <QMessageBox>
+
+#include "platform/qt/WindowInFront.h"
 
 namespace {
 
@@ -39,8 +40,7 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
 }  // namespace
 
 MessageAnswer QtMessageBox::Show(const Message& message) {
-  QWidget* dialog = QApplication::activeModalWidget();
-  QMessageBox box(dialog != nullptr ? dialog : parent_);
+  QMessageBox box(WindowInFront());
   box.setWindowTitle(QString::fromStdString(message.Title));
   box.setIcon(IconOf(message.Icon));
   box.setTextFormat(Qt::PlainText);

@@ -1,5 +1,6 @@
-// Lines along an axis are painted without smoothing, so that they are as sharp as the pixels; sloping lines are
-// smoothed, but not with the exclusive-or pen, whose second stroke must take back exactly what the first did.
+// Lines along an axis are painted without smoothing, so that they are as sharp as the pixels; sloping lines
+// are smoothed, but not with the exclusive-or pen, whose second stroke must take back exactly what the first
+// did.
 #include "platform/qt/QtSurface.h"
 
 #include <QPolygonF>
@@ -27,7 +28,7 @@ QFont CanvasFont(const TextFont& font) {
   return qtFont;
 }
 
-QtSurface::QtSurface(QPainter& painter, const QRectF& clearArea) 
+QtSurface::QtSurface(QPainter& painter, const QRectF& clearArea)
     : painter_(painter), clearArea_(clearArea), metrics_(painter.font()) {
   SetForeground(Black);
   SetFont(TextFont{});

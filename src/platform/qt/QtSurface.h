@@ -8,8 +8,8 @@
 
 #include "platform/Surface.h"
 
-/// The drawing's font (Arial) in one of its sizes. Points are those of a 96 dpi screen whatever the screen is,
-/// so that a drawing looks the same everywhere; device pixel ratios are the painter's business.
+/// The drawing's font (Arial) in one of its sizes. Points are those of a 96 dpi screen whatever the screen
+/// is, so that a drawing looks the same everywhere; device pixel ratios are the painter's business.
 QFont CanvasFont(const TextFont& font);
 
 class QtSurface final : public Surface {

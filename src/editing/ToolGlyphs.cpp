@@ -1,5 +1,5 @@
 // See the header.
-#include "app/ToolGlyphs.h"
+#include "editing/ToolGlyphs.h"
 
 #include <QFont>
 #include <QPainterPath>
@@ -18,13 +18,6 @@ constexpr qreal PinRadius = 3;
 
 QPen PenOf(const QColor& colour, qreal width) {
   return QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-}
-
-QColor Mixed(const QColor& a, const QColor& b, qreal partOfB) {
-  const auto mix = [partOfB](float from, float to) {
-    return static_cast<float>(from + (to - from) * partOfB);
-  };
-  return QColor::fromRgbF(mix(a.redF(), b.redF()), mix(a.greenF(), b.greenF()), mix(a.blueF(), b.blueF()));
 }
 
 void DrawPin(QPainter& painter, const QPointF& at, const GlyphColours& colours) {
@@ -142,6 +135,15 @@ void DrawErase(QPainter& painter, const GlyphColours& colours) {
 }
 
 }  // namespace
+
+QColor AccentOn(const QColor& ground) {
+  return ground.lightness() > 128 ? QColor(0xC4, 0x36, 0x2B) : QColor(0xFF, 0x8F, 0x78);
+}
+
+QColor Mixed(const QColor& a, const QColor& b, double partOfB) {
+  const auto mix = [partOfB](int from, int to) { return qRound(from + (to - from) * partOfB); };
+  return QColor(mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue()));
+}
 
 void DrawSupport(QPainter& painter, std::int16_t type, const GlyphColours& colours, qreal lineWidth) {
   painter.setPen(PenOf(colours.Ink, lineWidth));

@@ -1,0 +1,39 @@
+// See the header.
+#include "editing/ToolPicture.h"
+
+#include <QPainter>
+
+#include "editing/ToolGlyphs.h"
+
+namespace {
+
+// A raised button is lit from above; a pressed one lies deeper and wears the accent as its frame.
+QColor DrawButton(QPainter& painter, bool pressed, const QPalette& palette) {
+  const QColor face = palette.color(QPalette::Button);
+  const QColor text = palette.color(QPalette::ButtonText);
+  const QColor ground = pressed ? Mixed(face, text, 0.16) : face;
+  QLinearGradient light(0, 0, 0, ToolPictureSize);
+  light.setColorAt(0, pressed ? Mixed(ground, Qt::black, 0.10) : Mixed(ground, Qt::white, 0.35));
+  light.setColorAt(pressed ? 0.25 : 1, pressed ? ground : Mixed(ground, Qt::black, 0.04));
+  painter.setPen(QPen(pressed ? AccentOn(face) : Mixed(face, text, 0.45), pressed ? 1.5 : 1));
+  painter.setBrush(light);
+  const qreal inset = pressed ? 0.75 : 0.5;
+  painter.drawRoundedRect(
+      QRectF(0, 0, ToolPictureSize, ToolPictureSize).adjusted(inset, inset, -inset, -inset), 4, 4);
+  return ground;
+}
+
+}  // namespace
+
+QPixmap ToolPicture(int tool, bool pressed, qreal devicePixelRatio, const QPalette& palette) {
+  QPixmap picture((QSizeF(ToolPictureSize, ToolPictureSize) * devicePixelRatio).toSize());
+  picture.setDevicePixelRatio(devicePixelRatio);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QColor ground = DrawButton(painter, pressed, palette);
+  if (pressed) painter.translate(0.5, 0.5);
+  DrawToolGlyph(painter, tool,
+                {.Ink = palette.color(QPalette::ButtonText), .Accent = AccentOn(ground), .Ground = ground});
+  return picture;
+}
