@@ -40,7 +40,11 @@ void PaintLabelPaper(Surface& surface, const LabelPlace& place) {
 void PaintJointPapers(Surface& surface, const Drawing& drawing, const JointLabels& isOfJoint) {
   for (int i = 1; i <= drawing.lblRodJoint.Size(); ++i) {
     const LabelPlace& place = drawing.lblRodJoint[i];
-    if (place.Visible && isOfJoint[static_cast<std::size_t>(i)]) PaintLabelPaper(surface, place);
+    // Members that run along the name's left or top edge keep their whole width.
+    constexpr float inset = RodLineWidth;
+    if (!place.Visible || !isOfJoint[static_cast<std::size_t>(i)] || place.Width <= inset) continue;
+    surface.FillPolygon(
+        Rectangle(place.Left + inset, place.Top + inset, place.Width - inset, place.Height - inset), White);
   }
 }
 

@@ -77,7 +77,7 @@ TEST(PaintDrawing, AJointsNameCoversMembersButNeitherPinNorSupport) {
   const RecordingSurface paper = Painted(canvas, truss);
   EXPECT_EQ(paper.Order[0], "line");  // the member
   EXPECT_EQ(paper.Order[1], "fill");
-  EXPECT_EQ(paper.Fills[0], (std::vector<PixelPoint>{{48, 270}, {55, 270}, {55, 282}, {48, 282}}));
+  EXPECT_EQ(paper.Fills[0], (std::vector<PixelPoint>{{50, 272}, {55, 272}, {55, 282}, {50, 282}}));
   EXPECT_EQ(paper.FillColours[0], 15);
   EXPECT_EQ(paper.FillColours[2], 0);  // the rim of the first pin
 }
