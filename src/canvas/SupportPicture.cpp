@@ -106,17 +106,18 @@ void PaintPolygon(Surface& surface, const std::vector<PixelPoint>& corners, int 
 
 }  // namespace
 
+// Clamp type n stands as roller type n + 4 does.
 GroundSide GroundSideOf(std::int16_t type) {
   switch (type) {
     case 2:
-    case 8:
-      return GroundSide::Left;  // 8 pushes to the right
-    case 3:
     case 6:
       return GroundSide::Above;  // 6 pushes down
-    case 4:
+    case 3:
     case 7:
       return GroundSide::Right;  // 7 pushes to the left
+    case 4:
+    case 8:
+      return GroundSide::Left;  // 8 pushes to the right
     default:
       return GroundSide::Below;
   }

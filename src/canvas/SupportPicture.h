@@ -22,7 +22,8 @@ struct PictureShape {
 /// The side of the box on which the ground lies.
 enum class GroundSide { Below, Left, Above, Right };
 
-/// `type` is a support type code; codes other than 1 .. 8 have their ground below.
+/// `type` is a support type code; clamp n and roller n + 4 have it on the same side. Codes other than 1 .. 8
+/// have their ground below.
 GroundSide GroundSideOf(std::int16_t type);
 
 /// The shapes from back to front; none for codes other than 1 .. 8.

