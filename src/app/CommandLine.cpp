@@ -138,7 +138,8 @@ class Parser {
         if (count != 1) Fail(modeOption_ + " needs one file");
         break;
       case Mode::Help:
-      case Mode::Version: break;
+      case Mode::Version:
+        break;
     }
     if (std::ranges::count(result_.Files, "-") > 1) Fail("standard input can be read once only");
   }

@@ -23,11 +23,11 @@ struct CommandLine {
   enum class Mode { Window, Report, Json, Csv, Convert, Help, Version };
 
   Mode What = Mode::Window;
-  ReportSections Sections;     ///< of Report
-  bool Matrices = false;       ///< of Json
-  CsvTable Table{};            ///< of Csv
-  std::string OutputPath;      ///< of Convert; "-" is standard output
-  bool AutoName = false;       ///< name everything before the analysis
+  ReportSections Sections;         ///< of Report
+  bool Matrices = false;           ///< of Json
+  CsvTable Table{};                ///< of Csv
+  std::string OutputPath;          ///< of Convert; "-" is standard output
+  bool AutoName = false;           ///< name everything before the analysis
   std::vector<std::string> Files;  ///< UTF-8 paths; "-" is standard input
 };
 

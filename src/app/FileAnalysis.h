@@ -19,12 +19,13 @@ struct AnalysedFile {
 
   bool IsComplete() const { return Error.empty(); }
 
-  /// Members of zero length (only a file can hold one): their force cannot be determined. One UTF-8 text each.
+  /// Members of zero length (only a file can hold one): their force cannot be determined. One UTF-8 text
+  /// each.
   std::vector<std::string> Remarks;
 };
 
-/// Reads the file (or `standardInput` for "-") and, with `autoName`, names everything. After a read error what
-/// was read is used. No analysis yet.
+/// Reads the file (or `standardInput` for "-") and, with `autoName`, names everything. After a read error
+/// what was read is used. No analysis yet.
 AnalysedFile ReadForAnalysis(const std::string& argument, bool autoName, std::istream& standardInput);
 
 /// Fills System, Reading and Remarks.

@@ -67,6 +67,10 @@ QPixmap ApplicationPicture(int side, qreal devicePixelRatio) {
   painter.setBrush(field);
   painter.drawRoundedRect(QRectF(0, 0, 32, 32), 7, 7);
 
+  // Some air between the truss and the edge of the field.
+  painter.translate(16, 16);
+  painter.scale(0.88, 0.88);
+  painter.translate(-16, -17.5);
   // Two panels only: at 16 pixels every line still has to be seen.
   const QPointF left(5, 21), middle(16, 21), right(27, 21), highLeft(10.5, 10.5), highRight(21.5, 10.5);
   painter.setPen(RoundPen(steel, side < 24 ? 2.6 : 2.2));

@@ -22,7 +22,7 @@ struct StepLine {
 
 constexpr StepLine Steps[] = {
     {"Design the truss",
-     "Choose a tool and draw members, supports and forces on the grid, or open a truss from the File menu."},
+     "Choose a tool and draw members, supports and forces, or open a truss from the File menu."},
     {"Name forces and joints", "Click a label to name it, or let AutoName do it."},
     {"View the reports", "Read the equilibrium equations, their reduced form and the forces."},
 };

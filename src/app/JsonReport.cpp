@@ -1,5 +1,5 @@
-// The toolkit's JSON objects sort their keys and know doubles only, so the object is put together here, in its
-// own order and with singles as singles; the toolkit escapes the texts.
+// The toolkit's JSON objects sort their keys and know doubles only, so the object is put together here, in
+// its own order and with singles as singles; the toolkit escapes the texts.
 #include "app/JsonReport.h"
 
 #include <QJsonArray>
@@ -103,12 +103,7 @@ std::string ForcesJson(const Truss& truss) {
   List list('[');
   for (const ForceRec& force : truss.ForcesInUse()) {
     if (!force.Active) continue;
-    list.Item(List('{')
-                  .Key("X", force.X)
-                  .Key("Y", force.Y)
-                  .Key("Fx", force.Fx)
-                  .Key("Fy", force.Fy)
-                  .Text());
+    list.Item(List('{').Key("X", force.X).Key("Y", force.Y).Key("Fx", force.Fx).Key("Fy", force.Fy).Text());
   }
   return list.Text();
 }

@@ -17,6 +17,7 @@
 #include "app/InstructionFrame.h"
 #include "app/OptionsDialog.h"
 #include "app/StepTexts.h"
+#include "canvas/Paper.h"
 #include "canvas/RedrawTruss.h"
 #include "document/FileMenu.h"
 #include "naming/CustomInputBox.h"
@@ -29,11 +30,16 @@ namespace {
 
 constexpr int SmallestLayout = 200;  // pixels; a smaller window is left as it is
 
-// The only file of a drop, if there is one.
-QString DroppedFile(const QMimeData* data) {
+// The only file of a drop, if there is one and it is a truss file.
+QString DroppedTruss(const QMimeData* data) {
   const QList<QUrl> urls = data->urls();
-  return urls.size() == 1 && urls.front().isLocalFile() ? urls.front().toLocalFile() : QString();
+  if (urls.size() != 1 || !urls.front().isLocalFile()) return {};
+  const QString path = urls.front().toLocalFile();
+  return path.endsWith(QStringLiteral(".trs"), Qt::CaseInsensitive) ? path : QString();
 }
+
+// A position on the canvas in twips; names may stand far outside it.
+int InTwips(float pixels) { return static_cast<int>(OntoPaper(pixels) * TwipsPerPixel); }
 
 }  // namespace
 
@@ -58,6 +64,7 @@ void MainForm::DocumentEmptied() {
   steps_.Restart();
   HideLabels(drawing_);
   ShowStep();
+  Redraw();
 }
 
 void MainForm::ShowCaption(const std::string& caption) { setWindowTitle(QString::fromStdString(caption)); }
@@ -84,7 +91,6 @@ void MainForm::Redraw() {
 void MainForm::cmdOKInstruct1_Click() {
   LeaveInstructions();
   lifecycle_->EmptyDocument();
-  picDraw_->setFocus();
 }
 
 void MainForm::LeaveInstructions() {
@@ -94,6 +100,7 @@ void MainForm::LeaveInstructions() {
   for (QWidget* widget : std::initializer_list<QWidget*>{picDraw_, picToolBox_, picStep2_, picStep3_}) {
     widget->setEnabled(true);
   }
+  picDraw_->setFocus();
   UpdateFileMenu();
 }
 
@@ -140,8 +147,12 @@ void MainForm::ShowStep() {
   picToolBox_->ShowPalette();
   picDraw_->SetLabelsActive(steps_.NamesAreShown());
   picDraw_->ShowDrawing();
-  SetStatus(steps_.StatusText().empty() ? QString::fromLatin1(Step1StatusText) : ToQt(steps_.StatusText()));
+  ShowStepStatus();
   UpdateFileMenu();
+}
+
+void MainForm::ShowStepStatus() {
+  SetStatus(steps_.StatusText().empty() ? QString::fromLatin1(Step1StatusText) : ToQt(steps_.StatusText()));
 }
 
 // --- names and joint equations
@@ -156,14 +167,17 @@ void MainForm::cmdAutoName_Click(int index) {
 }
 
 void MainForm::lblRodJoint_Click(int label) {
-  if (steps_.Current() == 2) RenameLabel(static_cast<LabelIndex>(label));
-  if (steps_.Current() == 3) ShowJointEquations(static_cast<LabelIndex>(label));
+  if (steps_.Current() == 2) {
+    RenameLabel(static_cast<LabelIndex>(label));
+  } else if (steps_.Current() == 3) {
+    ShowJointEquations(static_cast<LabelIndex>(label));
+  }
 }
 
 void MainForm::RenameLabel(LabelIndex label) {
   const LabelPlace& place = drawing_.lblRodJoint[label];
-  const int left = TwipsPerPixel * x() + static_cast<int>(TwipsPerPixel * place.Left) + 400;
-  const int top = TwipsPerPixel * y() + static_cast<int>(TwipsPerPixel * place.Top) + 1200;
+  const int left = TwipsPerPixel * x() + InTwips(place.Left) + 400;
+  const int top = TwipsPerPixel * y() + InTwips(place.Top) + 1200;
   const std::string typed = InputBox2("Enter a new name:", on_.Document.Name(label), left, top, this);
   Rename(on_.Document, label, typed);
   Redraw();
@@ -295,15 +309,19 @@ void MainForm::closeEvent(QCloseEvent* event) {
 }
 
 void MainForm::dragEnterEvent(QDragEnterEvent* event) {
-  if (mnuFile_->menuAction()->isEnabled() && !DroppedFile(event->mimeData()).isEmpty()) {
+  if (mnuFile_->menuAction()->isEnabled() && !DroppedTruss(event->mimeData()).isEmpty()) {
     event->acceptProposedAction();
   }
 }
 
 void MainForm::dropEvent(QDropEvent* event) {
-  const QString path = DroppedFile(event->mimeData());
+  const QString path = DroppedTruss(event->mimeData());
   if (path.isEmpty()) return;
   event->acceptProposedAction();
-  lifecycle_->OpenPath(path.toStdString());
-  AfterOpening();
+  // The program that the file comes from waits until this event is done; a question must not hold it up.
+  const auto open = [this, path] {
+    lifecycle_->OpenPath(path.toStdString());
+    AfterOpening();
+  };
+  QMetaObject::invokeMethod(this, open, Qt::QueuedConnection);
 }

@@ -82,6 +82,7 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void RenameLabel(LabelIndex label);
   void ShowJointEquations(LabelIndex label);
   void ShowStep();
+  void ShowStepStatus();
   void UpdateFileMenu();
   void SetStatus(const QString& text);
   void AfterOpening();

@@ -51,6 +51,7 @@ void MainForm::CreateCanvasAndPanels() {
   setCentralWidget(inner);
   picDraw_ = new CanvasWidget(on_.Document, drawing_, inner);
   connect(picDraw_, &CanvasWidget::LabelActivated, this, &MainForm::lblRodJoint_Click);
+  connect(picDraw_, &CanvasWidget::BackingLost, this, &MainForm::Redraw);
   CreateToolPanel();
   CreateNamePanel();
   CreateReportPanel();
@@ -161,7 +162,7 @@ void MainForm::CreateFileMenu() {
   mnuFile_ = menuBar()->addMenu(tr("&File"));
   mnuFile_->setObjectName(QStringLiteral("mnuFile"));
   connect(mnuFile_, &QMenu::aboutToShow, this, &MainForm::mnuFile_Click);
-  connect(mnuFile_, &QMenu::aboutToHide, this, &MainForm::ShowStep);
+  connect(mnuFile_, &QMenu::aboutToHide, this, &MainForm::ShowStepStatus);
   const auto add = [this](const char* name, const QString& text, QKeySequence keys, auto handler) {
     QAction* action = mnuFile_->addAction(text);
     action->setObjectName(QString::fromLatin1(name));

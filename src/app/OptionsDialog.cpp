@@ -145,6 +145,7 @@ void OptionsDialog::MakeButtons() {
   cmdClose->setDefault(true);
   cmdCancel = MakeButton("cmdCancel", "Cancel", Qt::Key_A);
   cmdFactory = MakeButton("cmdFactory", "Factory settings", Qt::Key_F);
+  cmdFactory->setMinimumWidth(cmdFactory->sizeHint().width() + 16);
   cmdFactory->setToolTip(QStringLiteral("Set all options to factory settings"));
   connect(cmdClose, &QPushButton::clicked, this, &OptionsDialog::CloseIfGood);
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);

@@ -13,8 +13,8 @@
 /// The world around one run.
 struct CommandLineEnvironment {
   std::istream& In;
-  std::ostream& Out;  ///< results only
-  std::ostream& Err;  ///< one line for each problem
+  std::ostream& Out;           ///< results only
+  std::ostream& Err;           ///< one line for each problem
   bool ErrIsTerminal = false;  ///< a long run then shows its progress there
   NumberFormat Numbers;
 

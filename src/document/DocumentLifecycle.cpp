@@ -123,8 +123,8 @@ void DocumentLifecycle::EmptyDocument() {
   on_.Window.DocumentEmptied();
 }
 
-// The path is a copy: it may be the document's own file name, which goes when the document is emptied.
-void DocumentLifecycle::ReadFile(std::string path) {
+// The path must not be the document's own FileName, which goes when the document is emptied.
+void DocumentLifecycle::ReadFile(const std::string& path) {
   EmptyDocument();
   NameDocument(path);
   readError_ = ReadTruss(on_.Document, on_.Bounds, path);

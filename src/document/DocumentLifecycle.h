@@ -85,7 +85,7 @@ class DocumentLifecycle {
  private:
   void SaveChangesFirst();
   void AskSaveChanges();
-  void ReadFile(std::string path);
+  void ReadFile(const std::string& path);
   void NameDocument(const std::string& path);
   bool SaveUnder(const std::string& path);
   FileChooserRequest ChooserRequest() const;

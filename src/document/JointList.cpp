@@ -69,12 +69,11 @@ bool CheckJoints(Truss& truss) {
   }
 
   const auto needed = std::ranges::count(collected.Joints, LabelIndex{0}, &JointRec::NameLabel);
-  if (truss.NumLabels + needed > MaxCount) return false;
+  const int numGone = static_cast<int>(goneLabels.size());
+  if (truss.NumLabels + needed > MaxCount && NumFreeLabels(truss) + numGone < needed) return false;
 
   for (const LabelIndex label : goneLabels) truss.Labels[label].Tag = DeletedTag;
-  for (JointRec& joint : collected.Joints) {
-    if (joint.NameLabel == 0) joint.NameLabel = CreateJointLabel(truss);
-  }
+  CreateJointLabels(truss, collected.Joints);
   truss.NumJoints = static_cast<std::int16_t>(collected.Joints.size());
   truss.Joints.GrowTo(truss.NumJoints);
   std::ranges::copy(collected.Joints, truss.JointsInUse().begin());

@@ -19,7 +19,7 @@ struct PositionHash {
 /// Collects the joints anew (live members in order, end 1 then end 2; live supports; active forces) and
 /// carries the labels of the old list over by position. A label whose joint is gone is tagged as deleted; a
 /// joint that had none gets a new one. Returns false, and changes nothing, when the truss has more joints
-/// than MaxJoints or a new label would pass MaxCount.
+/// than MaxJoints or there are not enough labels for them.
 [[nodiscard]] bool CheckJoints(Truss& truss);
 
 /// What to tell the user when CheckJoints refuses.

@@ -1,0 +1,104 @@
+// The elimination on trusses of three shapes, beside the plain algorithm and, where it is installed, beside
+// Eigen's LU decomposition with complete pivoting. The plain ones are left out where they take a minute.
+#include <benchmark/benchmark.h>
+
+#include <string>
+#include <vector>
+
+#include "PlainElimination.h"
+#include "analysis/Elimination.h"
+#include "analysis/EliminationTuning.h"
+#include "benchmarks/TrussShapes.h"
+#if defined(ORVANE_HAVE_EIGEN)
+#include <Eigen/Dense>
+#endif
+
+namespace {
+
+using Matrix = SparseMatrix<double>;
+
+struct NamedShape {
+  std::string Name;
+  TrussShape (*Make)(int numUnknowns);
+};
+
+TrussShape RandomTruss(int numUnknowns) { return RandomSimpleTruss(numUnknowns, 1); }
+
+void Fast(benchmark::State& state, const Matrix& equations, unsigned numThreads) {
+  EliminationTuning tuning;
+  tuning.MostThreads = numThreads;
+  for (auto unused : state) {
+    state.PauseTiming();
+    Matrix matrix = equations;
+    Table<std::int16_t> order;
+    state.ResumeTiming();
+    SolveToRREF(matrix.NumRows(), matrix.NumColumns() - 1, matrix, order, tuning);
+    benchmark::DoNotOptimize(matrix);
+  }
+}
+
+void Plain(benchmark::State& state, const Matrix& equations) {
+  const int R = equations.NumRows();
+  const int N = equations.NumColumns() - 1;
+  for (auto unused : state) {
+    state.PauseTiming();
+    FullMatrix full(R, N + 1);
+    for (int row = 1; row <= R; ++row) {
+      for (const auto& [column, value] : equations.Row(row)) full(row, column) = value;
+    }
+    std::vector<int> order;
+    state.ResumeTiming();
+    PlainSolveToRREF(R, N, full, order);
+    benchmark::DoNotOptimize(full);
+  }
+}
+
+#if defined(ORVANE_HAVE_EIGEN)
+void EigenFullPivLu(benchmark::State& state, const Matrix& equations) {
+  const int N = equations.NumColumns() - 1;
+  Eigen::MatrixXd coefficients = Eigen::MatrixXd::Zero(equations.NumRows(), N);
+  Eigen::VectorXd loads = Eigen::VectorXd::Zero(equations.NumRows());
+  for (int row = 1; row <= equations.NumRows(); ++row) {
+    for (const auto& [column, value] : equations.Row(row)) {
+      if (column <= N) {
+        coefficients(row - 1, column - 1) = value;
+      } else {
+        loads(row - 1) = value;
+      }
+    }
+  }
+  for (auto unused : state) {
+    Eigen::VectorXd solution = Eigen::FullPivLU<Eigen::MatrixXd>(coefficients).solve(loads);
+    benchmark::DoNotOptimize(solution);
+  }
+}
+#endif
+
+void Register(const NamedShape& shape, int numUnknowns) {
+  const Matrix equations = EquationsOf(shape.Make(numUnknowns));
+  const std::string name = shape.Name + "/" + std::to_string(numUnknowns) + "/";
+  const auto add = [&](const std::string& method, auto run) {
+    benchmark::RegisterBenchmark((name + method).c_str(), run)->Unit(benchmark::kMillisecond)->UseRealTime();
+  };
+  add("fast, one thread", [equations](benchmark::State& state) { Fast(state, equations, 1); });
+  add("fast", [equations](benchmark::State& state) { Fast(state, equations, 0); });
+  if (numUnknowns > 1600) return;
+  add("plain", [equations](benchmark::State& state) { Plain(state, equations); });
+#if defined(ORVANE_HAVE_EIGEN)
+  add("Eigen FullPivLU", [equations](benchmark::State& state) { EigenFullPivLu(state, equations); });
+#endif
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::vector<NamedShape> shapes = {{"Warren strip", WarrenStrip},
+                                          {"random simple truss", RandomTruss},
+                                          {"triangulated grid", TriangulatedGrid},
+                                          {"braced grid", BracedGrid}};
+  for (const int numUnknowns : {200, 800, 1600, 4096}) {
+    for (const NamedShape& shape : shapes) Register(shape, numUnknowns);
+  }
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+}

@@ -1,0 +1,26 @@
+// The truss shapes as documents and as files.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "benchmarks/TrussShapes.h"
+#include "document/Truss.h"
+
+/// 2048 joints and 4093 members; their labels and arrow lines just fit 16-bit counters.
+inline constexpr int LargestNumUnknowns = 4096;
+
+/// The elements drawn in the shape's order, all named. The joint list is up to date.
+Truss DocumentOf(const TrussShape& shape);
+
+/// The bytes of its file.
+std::string FileTextOf(const TrussShape& shape);
+
+struct NamedShape {
+  std::string Name;
+  std::function<TrussShape(int numUnknowns)> Make;
+};
+
+/// The shapes that every benchmark of documents runs on.
+const std::vector<NamedShape>& AllShapes();
