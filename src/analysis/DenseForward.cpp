@@ -27,10 +27,15 @@ class DenseBlock {
 
   /// Returns false when no pivot is left.
   bool TakePivot();
+  void HandOverRightHandSides() {
+    for (Index row = 0; row < numRows_; ++row) RightHandSideInEchelon(row) = rightHandSides_[row];
+  }
 
  private:
   Index NumTaken() const { return echelon_.NumPivots() - firstPosition_; }
-  double& RightHandSide(Index row) { return echelon_.RightHandSide[echelon_.RowAt[firstPosition_ + row]]; }
+  double& RightHandSideInEchelon(Index row) {
+    return echelon_.RightHandSide[echelon_.RowAt[firstPosition_ + row]];
+  }
   double* PendingRow(Index pending) { return window_.data() + stride_ * pending; }
   PendingRows Pending() const { return {window_.data(), stride_, pendingInBlock_.data()}; }
 
@@ -39,7 +44,7 @@ class DenseBlock {
   void SwapRows(Index row, Index otherRow);
   void Normalise(Index row, Index pivotPlace);
   void ClearColumn(Index pivotRow, Index place);
-  void RaiseBounds(Index firstRow, const Numbers& factors, double largestInPivotRow);
+  void RaiseBounds(Index firstRow, const Numbers& factors);
 
   void BringUpToDate(Index row);
   void BringUpToDate(const Index* rows, std::size_t count);
@@ -56,6 +61,7 @@ class DenseBlock {
   std::size_t stride_;
   Numbers cells_;
   std::vector<double*> rowCells_;
+  Numbers rightHandSides_;
   Numbers bounds_;                        // no magnitude of the row is above; exact without pending updates
   std::vector<std::uint64_t> pendingOf_;  // by row: a bit for each pivot row of the window still to subtract
   Index numPending_ = 0;
@@ -77,6 +83,7 @@ DenseBlock::DenseBlock(std::vector<SparseRow>& rows, Echelon& echelon, const Eli
       stride_(RoundUpToBlock(columns_.size())),
       cells_(stride_ * numRows_),
       rowCells_(numRows_),
+      rightHandSides_(RoundUpToBlock(numRows_)),
       bounds_(RoundUpToBlock(numRows_)),
       pendingOf_(numRows_),
       window_(stride_ * mostPending_),
@@ -86,6 +93,7 @@ DenseBlock::DenseBlock(std::vector<SparseRow>& rows, Echelon& echelon, const Eli
   for (Index place = 0; place < columns_.size(); ++place) placeOfColumn[columns_[place]] = place;
   for (Index row = 0; row < numRows_; ++row) {
     rowCells_[row] = cells_.data() + stride_ * row;
+    rightHandSides_[row] = RightHandSideInEchelon(row);
     SparseRow& source = rows[echelon.RowAt[firstPosition_ + row]];
     for (Index at = 0; at < source.Columns.size(); ++at) {
       rowCells_[row][placeOfColumn[source.Columns[at]]] = source.Values[at];
@@ -127,8 +135,8 @@ Index DenseBlock::FirstPlaceWith(double magnitude, Index row) const {
   const auto position = [this](Index place) { return echelon_.PositionOfColumn[columns_[place]]; };
   Index first = None;
   for (Index place = 0; place < columns_.size(); ++place) {
-    if (std::abs(rowCells_[row][place]) != magnitude) continue;
-    if (first == None || position(place) < position(first)) first = place;
+    const bool ties = std::abs(rowCells_[row][place]) == magnitude;
+    if (ties && (first == None || position(place) < position(first))) first = place;
   }
   return first;
 }
@@ -136,6 +144,7 @@ Index DenseBlock::FirstPlaceWith(double magnitude, Index row) const {
 void DenseBlock::SwapRows(Index row, Index otherRow) {
   echelon_.SwapRows(firstPosition_ + row, firstPosition_ + otherRow);
   std::swap(rowCells_[row], rowCells_[otherRow]);
+  std::swap(rightHandSides_[row], rightHandSides_[otherRow]);
   std::swap(bounds_[row], bounds_[otherRow]);
   std::swap(pendingOf_[row], pendingOf_[otherRow]);
   for (Index pending = 0; pending < numPending_; ++pending) {
@@ -159,7 +168,7 @@ void DenseBlock::Normalise(Index row, Index pivotPlace) {
     kept.Values.push_back(value);
   }
   echelon_.PivotRows.push_back(std::move(kept));
-  RightHandSide(row) /= pivot;
+  rightHandSides_[row] /= pivot;
   bounds_[row] = 0;
   pivotPlaces_.push_back(pivotPlace);
 }
@@ -181,23 +190,24 @@ void DenseBlock::ClearColumn(Index pivotRow, Index place) {
     share = 0;
   }
   vector_.Subtract(factors.data() + from, factors.size() - from, updates_.data(), updates_.size());
+  std::fill(factors.begin() + static_cast<std::ptrdiff_t>(from), factors.begin() + firstBelow, 0.0);
 
-  double largest = 0;
-  for (const double value : echelon_.PivotRows.back().Values) largest = std::max(largest, std::abs(value));
-  RaiseBounds(firstBelow, factors, largest);
-  const double rightHandSide = RightHandSide(pivotRow);
-  for (Index row = firstBelow; row < numRows_; ++row) {
-    if (factors[row] != 0) RightHandSide(row) -= factors[row] * rightHandSide;
-  }
+  RaiseBounds(firstBelow, factors);
+  const ScaledVector change{rightHandSides_[pivotRow], factors.data() + from};
+  vector_.Subtract(rightHandSides_.data() + from, factors.size() - from, &change, 1);
   ++numPending_;
 }
 
-void DenseBlock::RaiseBounds(Index firstRow, const Numbers& factors, double largestInPivotRow) {
+void DenseBlock::RaiseBounds(Index firstRow, const Numbers& factors) {
+  double largest = 0;
+  for (const double value : echelon_.PivotRows.back().Values) largest = std::max(largest, std::abs(value));
   constexpr double roundedUp = 1 + 1e-15;  // covers the roundings of the bound and of the numbers it bounds
   for (Index row = firstRow; row < numRows_; ++row) {
-    if (factors[row] == 0) continue;
-    bounds_[row] = (bounds_[row] + std::abs(factors[row]) * largestInPivotRow) * roundedUp;
-    pendingOf_[row] |= std::uint64_t{1} << numPending_;
+    const double raised = (bounds_[row] + std::abs(factors[row]) * largest) * roundedUp;
+    bounds_[row] = factors[row] != 0 ? raised : bounds_[row];
+  }
+  for (Index row = firstRow; row < numRows_; ++row) {
+    pendingOf_[row] |= static_cast<std::uint64_t>(factors[row] != 0) << numPending_;
   }
 }
 
@@ -253,9 +263,7 @@ void DenseBlock::CloseWindow() {
   });
   std::atomic<std::size_t> next = 0;
   RunInParallel(behind.size() < tuning_.FewestRowsForThreads ? 1 : tuning_.MostThreads, [&] {
-    for (;;) {
-      const std::size_t from = next.fetch_add(RowsTogether);
-      if (from >= behind.size()) return;
+    for (std::size_t from = 0; (from = next.fetch_add(RowsTogether)) < behind.size();) {
       BringUpToDate(behind.data() + from, std::min(RowsTogether, behind.size() - from));
     }
   });
@@ -264,7 +272,7 @@ void DenseBlock::CloseWindow() {
   numPending_ = 0;
 }
 
-/// The places of the pivots' columns are filled from the end.
+/// The places of the pivots' columns are filled from the end of each row.
 void DenseBlock::DropPivotColumns(Index firstRow) {
   std::sort(pivotPlaces_.begin(), pivotPlaces_.end(), std::greater<>());
   for (Index row = firstRow; row < numRows_; ++row) {
@@ -289,4 +297,5 @@ void EliminateDense(std::vector<SparseRow>& rows, Echelon& echelon, const Elimin
   DenseBlock block(rows, echelon, tuning);
   while (block.TakePivot()) {
   }
+  block.HandOverRightHandSides();
 }

@@ -7,15 +7,17 @@
 #include <cmath>
 
 #include "analysis/Elimination.h"
+#include "analysis/VectorUpdate.h"
 
 namespace {
 
 class SparseBlock {
  public:
-  SparseBlock(std::vector<SparseRow>& rows, Echelon& echelon) : rows_(rows), echelon_(echelon) {
+  SparseBlock(std::vector<SparseRow>& rows, Echelon& echelon)
+      : rows_(rows), echelon_(echelon), vector_(FastestVectorUpdate()) {
     rowsOfColumn_.resize(echelon.NumColumns());
     placeInPivotRow_.assign(echelon.NumColumns(), NotThere);
-    largestAt_.resize(echelon.NumRows());
+    largestAt_.resize(RoundUpToBlock(echelon.NumRows()));
     for (Index row = 0; row < echelon.NumRows(); ++row) {
       largestAt_[row] = LargestMagnitude(rows[row]);
       numEntries_ += rows[row].Columns.size();
@@ -33,13 +35,17 @@ class SparseBlock {
   /// Returns false when no pivot is left.
   bool TakePivot() {
     const Index step = echelon_.NumPivots();
-    const auto firstActive = largestAt_.begin() + step;
-    const auto largest = std::max_element(firstActive, largestAt_.end());  // of equal ones the first
-    if (largest == largestAt_.end() || !(*largest >= PivotTolerance)) return false;
+    if (step == echelon_.NumRows()) return false;
+    const std::size_t from = step / BlockLength * BlockLength;  // pivot rows have left a 0
+    const double largest = vector_.Largest(largestAt_.data() + from, largestAt_.size() - from);
+    if (!(largest >= PivotTolerance)) return false;
 
-    const Index row = echelon_.RowAt[static_cast<Index>(largest - largestAt_.begin())];
-    const Index column = FirstColumnWith(*largest, rows_[row]);
-    SwapRows(step, static_cast<Index>(largest - largestAt_.begin()));
+    const auto first = std::find(largestAt_.begin() + step, largestAt_.end(), largest);
+    const auto position = static_cast<Index>(first - largestAt_.begin());
+    const Index row = echelon_.RowAt[position];
+    const Index column = FirstColumnWith(largest, rows_[row]);
+    SwapRows(step, position);
+    largestAt_[step] = 0;
     echelon_.SwapColumns(step, echelon_.PositionOfColumn[column]);
 
     SparseRow pivotRow = Normalise(row, column);
@@ -151,10 +157,11 @@ class SparseBlock {
 
   std::vector<SparseRow>& rows_;
   Echelon& echelon_;
+  const VectorUpdate& vector_;
   std::vector<std::vector<Index>> rowsOfColumn_;  // may list rows whose entry has cancelled, or a row twice
   std::vector<Index> positionOfRow_;
-  std::vector<double> largestAt_;  // by position
-  std::size_t numEntries_ = 0;     // below the pivots
+  Numbers largestAt_;           // by position; 0 above the pivot
+  std::size_t numEntries_ = 0;  // below the pivots
   std::vector<Index> placeInPivotRow_;
   std::vector<Index> met_;  // by place in the pivot row: the last row that had an entry in that column
 };

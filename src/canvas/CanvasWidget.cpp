@@ -5,10 +5,23 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <utility>
 
 #include "canvas/PaintDrawing.h"
 #include "platform/qt/QtSurface.h"
 #include "platform/qt/QtText.h"
+
+namespace {
+
+QRectF BoxOf(const LabelPlace& place) {
+  return QRectF(double{place.Left}, double{place.Top}, double{place.Width}, double{place.Height});
+}
+
+QSize SizeInDevicePixels(const QSize& size, qreal devicePixelRatio) {
+  return (QSizeF(size) * devicePixelRatio).toSize().expandedTo(QSize(1, 1));
+}
+
+}  // namespace
 
 CanvasWidget::CanvasWidget(const Truss& truss, const Drawing& drawing, QWidget* parent)
     : QWidget(parent), truss_(truss), drawing_(drawing) {
@@ -19,10 +32,13 @@ CanvasWidget::CanvasWidget(const Truss& truss, const Drawing& drawing, QWidget* 
   setMouseTracking(true);
 }
 
+bool CanvasWidget::BackingFits() const {
+  return backing_.size() == SizeInDevicePixels(size(), devicePixelRatioF());
+}
+
 void CanvasWidget::FitBacking() {
-  const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize().expandedTo(QSize(1, 1));
-  if (backing_.size() != pixels) {
-    backing_ = QImage(pixels, QImage::Format_RGB32);
+  if (!BackingFits()) {
+    backing_ = QImage(SizeInDevicePixels(size(), devicePixelRatioF()), QImage::Format_RGB32);
     backing_.fill(Qt::white);
   }
   backing_.setDevicePixelRatio(devicePixelRatioF());
@@ -40,15 +56,13 @@ void CanvasWidget::PaintBacking(const std::function<void(Surface&)>& paint) {
 
 void CanvasWidget::ShowDrawing() {
   sceneIsCurrent_ = false;
-  const bool isShown = focusLabel_ <= drawing_.lblRodJoint.Size() && focusLabel_ > 0 &&
-                       drawing_.lblRodJoint[focusLabel_].Visible;
-  if (!isShown) focusLabel_ = 0;
+  if (!CanHoldFocus(focusLabel_)) focusLabel_ = 0;
   update();
 }
 
 void CanvasWidget::SetLabelsActive(bool active) {
   labelsActive_ = active;
-  if (!active) focusLabel_ = 0;
+  if (!active) focusLabel_ = pressedLabel_ = 0;
   unsetCursor();
   update();
 }
@@ -63,6 +77,8 @@ void CanvasWidget::RenderScene() {
 }
 
 void CanvasWidget::paintEvent(QPaintEvent* /*event*/) {
+  // Painting anew must wait until this painting is done.
+  if (!BackingFits()) QMetaObject::invokeMethod(this, &CanvasWidget::BackingLost, Qt::QueuedConnection);
   if (!sceneIsCurrent_) RenderScene();
   QPainter painter(this);
   painter.drawImage(QPointF(0, 0), scene_);
@@ -71,11 +87,9 @@ void CanvasWidget::paintEvent(QPaintEvent* /*event*/) {
 
 void CanvasWidget::PaintFocus(QPainter& painter) const {
   if (focusLabel_ == 0 || !hasFocus()) return;
-  const LabelPlace& place = drawing_.lblRodJoint[focusLabel_];
-  const QRectF box(double{place.Left}, double{place.Top}, double{place.Width}, double{place.Height});
   painter.setPen(QPen(QColor(0, 90, 200), 2));
   painter.setBrush(Qt::NoBrush);
-  painter.drawRect(box.adjusted(-2, -2, 2, 2));
+  painter.drawRect(BoxOf(drawing_.lblRodJoint[focusLabel_]).adjusted(-2, -2, 2, 2));
 }
 
 LabelIndex CanvasWidget::LabelUnder(const QPointF& position) const {
@@ -90,8 +104,18 @@ void CanvasWidget::mousePressEvent(QMouseEvent* event) {
     return;
   }
   focusLabel_ = label;
+  pressedLabel_ = label;
   update();
-  Q_EMIT LabelActivated(label);
+}
+
+// Not when it is pressed: what opens then would never see the button come up.
+void CanvasWidget::mouseReleaseEvent(QMouseEvent* event) {
+  const LabelIndex pressed = std::exchange(pressedLabel_, LabelIndex{0});
+  if (pressed == 0 || event->button() != Qt::LeftButton) {
+    QWidget::mouseReleaseEvent(event);
+  } else if (LabelUnder(event->position()) == pressed) {
+    Q_EMIT LabelActivated(pressed);
+  }
 }
 
 void CanvasWidget::mouseMoveEvent(QMouseEvent* event) {
@@ -114,10 +138,8 @@ bool CanvasWidget::ShowToolTip(QHelpEvent* event) {
     event->ignore();
     return true;
   }
-  const LabelPlace& place = drawing_.lblRodJoint[label];
   QToolTip::showText(event->globalPos(), PlainToolTip(ToQt(truss_.Name(label))), this,
-                     QRectF(double{place.Left}, double{place.Top}, double{place.Width}, double{place.Height})
-                         .toAlignedRect());
+                     BoxOf(drawing_.lblRodJoint[label]).toAlignedRect());
   return true;
 }
 
@@ -136,11 +158,17 @@ void CanvasWidget::focusOutEvent(QFocusEvent* event) {
   update();
 }
 
+bool CanvasWidget::CanHoldFocus(int label) const {
+  if (label < 1 || label > drawing_.lblRodJoint.Size()) return false;
+  const LabelPlace& place = drawing_.lblRodJoint[label];
+  return place.Visible && BoxOf(place).intersects(QRectF(rect()));
+}
+
 LabelIndex CanvasWidget::NextLabel(int step) const {
   const int count = drawing_.lblRodJoint.Size();
   int label = focusLabel_ == 0 && step < 0 ? count + 1 : int{focusLabel_};
   do label += step;
-  while (label >= 1 && label <= count && !drawing_.lblRodJoint[label].Visible);
+  while (label >= 1 && label <= count && !CanHoldFocus(label));
   return label >= 1 && label <= count ? static_cast<LabelIndex>(label) : LabelIndex{0};
 }
 

@@ -35,25 +35,34 @@ class CanvasWidget final : public QWidget {
 
   const QImage& Backing() const { return backing_; }
 
+  /// The drawing that the widget shows.
+  const Drawing& Shown() const { return drawing_; }
+
  Q_SIGNALS:
   /// A name label was clicked, or opened with Enter.
   void LabelActivated(int label);
+
+  /// The window came to a screen with another device pixel ratio, for which there is no backing image yet.
+  void BackingLost();
 
  protected:
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   bool focusNextPrevChild(bool next) override;
 
  private:
+  bool BackingFits() const;
   void FitBacking();
   void RenderScene();
   void PaintFocus(QPainter& painter) const;
   LabelIndex LabelUnder(const QPointF& position) const;
   bool ShowToolTip(QHelpEvent* event);
+  bool CanHoldFocus(int label) const;
   LabelIndex NextLabel(int step) const;
 
   const Truss& truss_;
@@ -63,4 +72,5 @@ class CanvasWidget final : public QWidget {
   bool sceneIsCurrent_ = false;
   bool labelsActive_ = false;
   LabelIndex focusLabel_ = 0;
+  LabelIndex pressedLabel_ = 0;  // 0 but between press and release of the mouse on a label
 };

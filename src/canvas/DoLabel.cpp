@@ -200,7 +200,8 @@ void PlaceElementLabels(Drawing& drawing, const Truss& truss, const TextMeasure&
 void PlaceJointLabels(Drawing& drawing, const Truss& truss, const TextMeasure& measure) {
   FitLabelTables(drawing, truss);
   for (const JointRec& joint : truss.JointsInUse()) {
-    const TextExtent extent = ExtentOf(truss, joint.NameLabel, measure);
+    TextExtent extent = ExtentOf(truss, joint.NameLabel, measure);
+    extent.Width += JointNameInset;
     PlaceLabel(drawing, joint.NameLabel, drawing.Mapping.XPixel(joint.X), drawing.Mapping.YPixel(joint.Y),
                extent);
   }

@@ -19,6 +19,10 @@ inline constexpr float PinSize = 6;
 inline constexpr float MoveHandleBSize = 8;
 inline constexpr float MoveHandleSSize = 6;
 
+/// A joint's label begins at the joint itself; the name is printed this far to the right of it, clear of the
+/// joint's pin and of members that run straight down.
+inline constexpr float JointNameInset = 4;
+
 struct LabelPlace {
   float Left = 0, Top = 0, Width = 0, Height = 0;
   bool Visible = false;

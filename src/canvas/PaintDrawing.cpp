@@ -3,10 +3,13 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
 #include "canvas/SupportPicture.h"
+#include "document/JointList.h"
 
 namespace {
 
@@ -20,16 +23,23 @@ RectangleCorners Rectangle(float left, float top, float width, float height) {
   return {{{x1, y1}, {x2, y1}, {x2, y2}, {x1, y2}}};
 }
 
-// Whether a label, by its index, names a joint.
-using JointLabels = std::vector<bool>;
+enum class Names { AForce, AJoint, ASupportedJoint };
 
-JointLabels FindJointLabels(const Drawing& drawing, const Truss& truss) {
-  JointLabels isOfJoint(static_cast<std::size_t>(drawing.lblRodJoint.Size()) + 1);
+// What a label names, by its index.
+using LabelKinds = std::vector<Names>;
+
+LabelKinds FindKinds(const Drawing& drawing, const Truss& truss) {
+  LabelKinds kinds(static_cast<std::size_t>(drawing.lblRodJoint.Size()) + 1);
+  std::unordered_set<PositionKey, PositionHash> supported;
+  for (const SupportRec& support : truss.SupportsInUse()) {
+    if (support.Live) supported.insert(PositionKey(support.X, support.Y));
+  }
   for (const JointRec& joint : truss.JointsInUse()) {
     const auto label = static_cast<std::size_t>(joint.NameLabel);
-    if (label < isOfJoint.size()) isOfJoint[label] = true;
+    if (label >= kinds.size()) continue;
+    kinds[label] = supported.contains(PositionKey(joint.X, joint.Y)) ? Names::ASupportedJoint : Names::AJoint;
   }
-  return isOfJoint;
+  return kinds;
 }
 
 void PaintLabelPaper(Surface& surface, const LabelPlace& place) {
@@ -37,12 +47,13 @@ void PaintLabelPaper(Surface& surface, const LabelPlace& place) {
 }
 
 // A joint's name covers its members, but neither its pin nor its support, on which it stands.
-void PaintJointPapers(Surface& surface, const Drawing& drawing, const JointLabels& isOfJoint) {
+void PaintJointPapers(Surface& surface, const Drawing& drawing, const LabelKinds& kinds) {
   for (int i = 1; i <= drawing.lblRodJoint.Size(); ++i) {
     const LabelPlace& place = drawing.lblRodJoint[i];
     // Members that run along the name's left or top edge keep their whole width.
     constexpr float inset = RodLineWidth;
-    if (!place.Visible || !isOfJoint[static_cast<std::size_t>(i)] || place.Width <= inset) continue;
+    const bool isOfJoint = kinds[static_cast<std::size_t>(i)] != Names::AForce;
+    if (!place.Visible || !isOfJoint || place.Width <= inset) continue;
     surface.FillPolygon(
         Rectangle(place.Left + inset, place.Top + inset, place.Width - inset, place.Height - inset), White);
   }
@@ -87,7 +98,24 @@ void PaintArrows(Surface& surface, const Drawing& drawing) {
   }
 }
 
-void PaintLabels(Surface& surface, const Drawing& drawing, const Truss& truss, const JointLabels& isOfJoint) {
+// A rim of white around the letters, which stand on the picture of a support.
+void PaintHalo(Surface& surface, float left, float top, const std::string& name) {
+  static constexpr PixelPoint ring[] = {{-2, 0}, {2, 0}, {0, -2},  {0, 2},  {-2, -1}, {-2, 1},
+                                        {2, -1}, {2, 1}, {-1, -2}, {1, -2}, {-1, 2},  {1, 2}};
+  surface.SetForeground(White);
+  for (const PixelPoint& step : ring) surface.PrintText(left + step.X, top + step.Y, name);
+  surface.SetForeground(Black);
+}
+
+void PaintName(Surface& surface, const LabelPlace& place, const NameLabel& name, Names kind) {
+  surface.SetFont({.Points = name.FontSize, .Bold = name.Bold});
+  const float left = OntoPaper(kind == Names::AForce ? place.Left : place.Left + JointNameInset);
+  const float top = OntoPaper(place.Top);
+  if (kind == Names::ASupportedJoint) PaintHalo(surface, left, top, name.Caption);
+  surface.PrintText(left, top, name.Caption);
+}
+
+void PaintLabels(Surface& surface, const Drawing& drawing, const Truss& truss, const LabelKinds& kinds) {
   std::vector<int> visible;
   for (int i = 1; i <= drawing.lblRodJoint.Size(); ++i) {
     if (drawing.lblRodJoint[i].Visible) visible.push_back(i);
@@ -95,10 +123,9 @@ void PaintLabels(Surface& surface, const Drawing& drawing, const Truss& truss, c
   std::ranges::sort(visible, {}, [&drawing](int i) { return drawing.lblRodJoint[i].Rank; });
   for (const int i : visible) {
     const LabelPlace& place = drawing.lblRodJoint[i];
-    const NameLabel& name = truss.Labels[i];
-    if (!isOfJoint[static_cast<std::size_t>(i)]) PaintLabelPaper(surface, place);
-    surface.SetFont({.Points = name.FontSize, .Bold = name.Bold});
-    surface.PrintText(OntoPaper(place.Left), OntoPaper(place.Top), name.Caption);
+    const Names kind = kinds[static_cast<std::size_t>(i)];
+    if (kind == Names::AForce) PaintLabelPaper(surface, place);
+    PaintName(surface, place, truss.Labels[i], kind);
   }
   surface.SetFont(TextFont{});
 }
@@ -112,12 +139,12 @@ void PaintHandle(Surface& surface, const MoveHandle& handle, float size) {
 void PaintDrawing(Surface& surface, const Drawing& drawing, const Truss& truss) {
   surface.SetForeground(Black);
   PaintRods(surface, drawing, truss);
-  const JointLabels isOfJoint = FindJointLabels(drawing, truss);
-  PaintJointPapers(surface, drawing, isOfJoint);
+  const LabelKinds kinds = FindKinds(drawing, truss);
+  PaintJointPapers(surface, drawing, kinds);
   PaintPins(surface, drawing, truss);
   PaintSupports(surface, drawing, truss);
   PaintArrows(surface, drawing);
-  PaintLabels(surface, drawing, truss, isOfJoint);
+  PaintLabels(surface, drawing, truss, kinds);
   PaintHandle(surface, drawing.MoveHandleB, MoveHandleBSize);
   PaintHandle(surface, drawing.MoveHandleS, MoveHandleSSize);
 }

@@ -59,7 +59,7 @@ void DocumentLifecycle::OpenFile() {
 
 void DocumentLifecycle::OpenPath(std::string path) {
   SaveChangesFirst();
-  ReadFile(std::move(path));
+  ReadFile(path);
 }
 
 void DocumentLifecycle::OpenRecentFile(int entry) {

@@ -1,4 +1,5 @@
-// A press that brings the focus would put the cursor at once and lose the selection; it is kept from doing so.
+// A press that brings the focus would put the cursor at once and lose the selection; it is kept from doing
+// so.
 #include "editing/NumberBox.h"
 
 #include <QFocusEvent>

@@ -1,5 +1,5 @@
-// A text box for one number: whoever gives it the focus, by key or by mouse, finds its whole text selected, so
-// that typing replaces it.
+// A text box for one number: whoever gives it the focus, by key or by mouse, finds its whole text selected,
+// so that typing replaces it.
 #pragma once
 
 #include <QLineEdit>
@@ -17,6 +17,6 @@ class NumberBox final : public QLineEdit {
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
-  bool focusCameByPress_ = false;   // the press that brought the focus is about to arrive
-  bool keepsSelection_ = false;  // that press is being held
+  bool focusCameByPress_ = false;  // the press that brought the focus is about to arrive
+  bool keepsSelection_ = false;    // that press is being held
 };

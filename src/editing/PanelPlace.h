@@ -22,8 +22,9 @@ struct PanelSize {
 /// too small the panel keeps the room's left or top edge.
 PixelPoint KeptInside(PixelPoint leftTop, PanelSize panel, const PixelBox& room);
 
-/// The left top corner at which a panel opens: inside the room, beside the object it belongs to and clear of it,
-/// its handles and its arrow head. Where no place is clear, the one that hides the shortest part of the object.
+/// The left top corner at which a panel opens: inside the room, beside the object it belongs to and clear of
+/// it, its handles and its arrow head. Where no place is clear, the one that hides the shortest part of the
+/// object.
 PixelPoint PanelPlace(const PixelLine& object, PanelSize panel, const PixelBox& room);
 
 /// A panel that is moved with the mouse: it follows the pointer by the point at which it was grabbed.

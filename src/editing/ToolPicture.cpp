@@ -12,8 +12,9 @@ QColor DrawButton(QPainter& painter, bool pressed, const QPalette& palette) {
   const QColor face = palette.color(QPalette::Button);
   const QColor text = palette.color(QPalette::ButtonText);
   const QColor ground = pressed ? Mixed(face, text, 0.16) : face;
+  const double shine = face.lightness() > 128 ? 0.35 : 0.10;
   QLinearGradient light(0, 0, 0, ToolPictureSize);
-  light.setColorAt(0, pressed ? Mixed(ground, Qt::black, 0.10) : Mixed(ground, Qt::white, 0.35));
+  light.setColorAt(0, pressed ? Mixed(ground, Qt::black, 0.10) : Mixed(ground, Qt::white, shine));
   light.setColorAt(pressed ? 0.25 : 1, pressed ? ground : Mixed(ground, Qt::black, 0.04));
   painter.setPen(QPen(pressed ? AccentOn(face) : Mixed(face, text, 0.45), pressed ? 1.5 : 1));
   painter.setBrush(light);

@@ -48,7 +48,10 @@ void ValueEditor::Refresh() {
   if (IsOpen(ForceKind)) Update_frNewCoords(ForceKind);
 }
 
-void ValueEditor::Close() {
+void ValueEditor::Close() { on_.Canvas.OpenPanel = ValuePanel::None; }
+
+// The edit is over, so the object is not selected any more.
+void ValueEditor::CloseAndDeselect() {
   HidePanelAndHandles(on_.Canvas);
   on_.Canvas.SupportsEnabled = true;
 }
@@ -135,8 +138,8 @@ RectangularVector ValueEditor::NewValues(int editingKind, double first, double s
   return {other.X + values.X, other.Y + values.Y};
 }
 
-// The text of the first rule that the input breaks, or null. The order of the rules is part of what they say: a
-// polar member of no length hears of its magnitude, not of erasing.
+// The text of the first rule that the input breaks, or null. The order of the rules is part of what they say:
+// a polar member of no length hears of its magnitude, not of erasing.
 const char* ValueEditor::Refusal(int editingKind) const {
   const Panel& panel = PanelOf(editingKind);
   const auto first = Number(panel, 0);
@@ -164,7 +167,7 @@ void ValueEditor::cmdNewCoordsOK_Click(int editingKind) {
   const Panel& panel = PanelOf(editingKind);
   const RectangularVector values =
       NewValues(editingKind, double{*Number(panel, 0)}, double{*Number(panel, 1)});
-  Close();
+  CloseAndDeselect();
   if (editingKind == MemberKind) {
     StoreEnd(values);
   } else {
@@ -174,7 +177,7 @@ void ValueEditor::cmdNewCoordsOK_Click(int editingKind) {
 }
 
 void ValueEditor::cmdNewCoordsCancel_Click(int editingKind) {
-  if (IsOpen(editingKind)) Close();
+  if (IsOpen(editingKind)) CloseAndDeselect();
 }
 
 void ValueEditor::StoreEnd(RectangularVector end) {

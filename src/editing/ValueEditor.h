@@ -1,6 +1,6 @@
 // The numerical value editor: it shows the position of a member's end, or the components of a force, in the
-// notation that the user chooses, checks what he types and writes it into the truss. Whether its panel is open
-// is said by Drawing::OpenPanel, so that a redraw or another tool closes it without asking.
+// notation that the user chooses, checks what he types and writes it into the truss. Whether its panel is
+// open is said by Drawing::OpenPanel, so that a redraw or another tool closes it without asking.
 #pragma once
 
 #include <array>
@@ -35,7 +35,7 @@ class ValueEditor final : public ValueEditorHost {
 
   explicit ValueEditor(Partners partners);
 
-  // What mouse and keyboard on the canvas ask for.
+  // What mouse and keyboard on the canvas ask for; handles and supports stay as the caller sets them.
   void OpenForMember(int member, float t) override;
   void OpenForForce(int force) override;
   void Refresh() override;
@@ -55,8 +55,8 @@ class ValueEditor final : public ValueEditorHost {
   /// Whether what stands in the boxes is refused; the user has then been told why.
   bool BadInput(int editingKind);
 
-  /// Writes what stands in the boxes into the truss, closes the panel and redraws; when it is refused, all stays
-  /// as it was. Nothing while the panel is closed.
+  /// Writes what stands in the boxes into the truss, closes the panel and redraws; when it is refused, all
+  /// stays as it was. Nothing while the panel is closed.
   void cmdNewCoordsOK_Click(int editingKind);
 
   void cmdNewCoordsCancel_Click(int editingKind);
@@ -90,6 +90,7 @@ class ValueEditor final : public ValueEditorHost {
   const Panel& PanelOf(int editingKind) const {
     return editingKind == MemberKind ? memberPanel_ : forcePanel_;
   }
+  void CloseAndDeselect();
   bool EditsSecondEnd() const { return t_ > 0.5F; }
   Ends MemberEnds() const;
   void Fill(Panel& panel, std::array<const char*, 2> labels, double first, double second) const;

@@ -27,8 +27,21 @@ QLabel* MakeLabel(const QString& text) {
   return label;
 }
 
-bool IsPlainKey(const QKeyEvent* event) {
-  return (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
+// A character, an arrow, Enter or Escape: what means something else to the canvas and the palette.
+bool IsKeptFromCanvas(const QKeyEvent* event) {
+  if ((event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0) return false;
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Escape:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      return true;
+    default:
+      return event->key() < Qt::Key_Escape;
+  }
 }
 
 PixelPoint PixelsOf(const QPointF& point) {
@@ -39,9 +52,8 @@ PixelPoint PixelsOf(const QPointF& point) {
 
 ValueEditorFrame::ValueEditorFrame(int editingKind, ValueEditor& editor, QWidget* canvas)
     : QFrame(canvas), editingKind_(editingKind), editor_(editor) {
-  const QString caption = editingKind == MemberKind
-                              ? QStringLiteral("new components for the big endpoint")
-                              : QStringLiteral("new components for this force");
+  const QString caption = editingKind == MemberKind ? QStringLiteral("new components for the big endpoint")
+                                                    : QStringLiteral("new components for this force");
   setObjectName(ControlName("frNewCoords"));
   setAccessibleName(caption);
   setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
@@ -107,8 +119,8 @@ void ValueEditorFrame::AddOptions(QVBoxLayout* rows) {
           QStringLiteral("relative to other endpoint"));
     }
   } else {
-    relative->addWidget(AddOption("optRectangular", Notation::Rectangular,
-                                  "Horizontal and vertical component of the force"));
+    relative->addWidget(
+        AddOption("optRectangular", Notation::Rectangular, "Horizontal and vertical component of the force"));
     relative->addWidget(
         AddOption("optPolar", Notation::Polar, "Magnitude and direction (in degrees) of the force"));
   }
@@ -281,8 +293,7 @@ void ValueEditorFrame::contextMenuEvent(QContextMenuEvent* event) { event->accep
 // --- keys
 
 bool ValueEditorFrame::event(QEvent* event) {
-  // Digits and Escape mean something else to the canvas and the palette.
-  if (event->type() == QEvent::ShortcutOverride && IsPlainKey(static_cast<QKeyEvent*>(event))) {
+  if (event->type() == QEvent::ShortcutOverride && IsKeptFromCanvas(static_cast<QKeyEvent*>(event))) {
     event->accept();
     return true;
   }
@@ -290,7 +301,7 @@ bool ValueEditorFrame::event(QEvent* event) {
 }
 
 void ValueEditorFrame::keyPressEvent(QKeyEvent* event) {
-  if (!IsPlainKey(event)) {
+  if (!IsKeptFromCanvas(event)) {
     QFrame::keyPressEvent(event);
     return;
   }
@@ -299,8 +310,13 @@ void ValueEditorFrame::keyPressEvent(QKeyEvent* event) {
   if (event->isAutoRepeat()) return;
   switch (event->key()) {
     case Qt::Key_Return:
-    case Qt::Key_Enter: cmdNewCoordsOK_->click(); break;
-    case Qt::Key_Escape: cmdNewCoordsCancel_->click(); break;
-    default: break;
+    case Qt::Key_Enter:
+      cmdNewCoordsOK_->click();
+      break;
+    case Qt::Key_Escape:
+      cmdNewCoordsCancel_->click();
+      break;
+    default:
+      break;
   }
 }

@@ -25,8 +25,8 @@ class ValueEditorFrame final : public QFrame {
   /// The part of the canvas in which the frame may lie. Until it is set, that is the whole canvas.
   void SetRoom(const QRect& room);
 
-  /// Shows the editor's state. To be called whenever it may have changed. A frame that opens takes a place beside
-  /// the edited object and the keyboard focus; one that closes gives the focus back to the canvas.
+  /// Shows the editor's state. To be called whenever it may have changed. A frame that opens takes a place
+  /// beside the edited object and the keyboard focus; one that closes gives the focus back to the canvas.
   void ShowEditor();
 
  Q_SIGNALS:

@@ -88,9 +88,7 @@ testing::AssertionResult SameBits(const Reduced& actual, const Reduced& expected
     return testing::AssertionFailure() << "another ColumnOrder; seed " << Seed;
   }
   for (int row = 1; row <= expected.Equations.NumRows(); ++row) {
-    const auto left = actual.Equations.Row(row);
-    const auto right = expected.Equations.Row(row);
-    if (!std::equal(left.begin(), left.end(), right.begin(), right.end())) {
+    if (!std::ranges::equal(actual.Equations.Row(row), expected.Equations.Row(row))) {
       return testing::AssertionFailure() << "row " << row << " differs; seed " << Seed;
     }
   }

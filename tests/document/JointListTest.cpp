@@ -211,7 +211,11 @@ TEST(CheckJoints, RefusesMoreLabelsThan16BitsCountAndChangesNothing) {
   Truss truss = TrussBuilder().Member(0, 0, 1, 0).Joint(0, 0, "a").Joint(1, 0, "b");
   truss.NumLabels = MaxCount;
   truss.Labels.GrowTo(MaxCount);
+  // One joint is gone, so that its label is free, but there are two new ones.
   truss.Members[1].X1 = 7;
+  truss.NumForces = 1;
+  truss.Forces.GrowTo(1);
+  truss.Forces[1] = ForceRec{.X = 9, .Active = true};
   EXPECT_FALSE(CheckJoints(truss));
   EXPECT_THAT(Positions(truss), ElementsAre(Position(0, 0), Position(1, 0)));
   EXPECT_THAT(Names(truss), ElementsAre("a", "b"));
