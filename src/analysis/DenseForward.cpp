@@ -118,9 +118,8 @@ bool DenseBlock::TakePivot() {
 
 Index DenseBlock::FindPivotRow() {
   const Index step = NumTaken();
-  if (step == numRows_) return None;
   const std::size_t from = step / BlockLength * BlockLength;  // the bounds of the rows taken are 0
-  for (;;) {
+  while (step < numRows_) {
     const double largest = vector_.Largest(bounds_.data() + from, bounds_.size() - from);
     if (!(largest >= PivotTolerance)) return None;
     const auto found = std::find(bounds_.begin() + step, bounds_.begin() + numRows_, largest);
@@ -128,6 +127,7 @@ Index DenseBlock::FindPivotRow() {
     if (pendingOf_[row] == 0) return row;
     BringUpToDate(row);
   }
+  return None;
 }
 
 /// Among equal magnitudes the smallest position wins, as in a search from left to right.
@@ -158,7 +158,7 @@ void DenseBlock::Normalise(Index row, Index pivotPlace) {
   const double pivot = rowCells_[row][pivotPlace];
   rowCells_[row][pivotPlace] = 0;
   std::fill(pendingRow, pendingRow + stride_, 0.0);
-  SparseRow kept;
+  SparseRow& kept = echelon_.PivotRows.emplace_back();
   for (Index place = 0; place < columns_.size(); ++place) {
     const double value = rowCells_[row][place] / pivot;
     if (value == 0) continue;
@@ -167,7 +167,6 @@ void DenseBlock::Normalise(Index row, Index pivotPlace) {
     kept.Columns.push_back(columns_[place]);
     kept.Values.push_back(value);
   }
-  echelon_.PivotRows.push_back(std::move(kept));
   rightHandSides_[row] /= pivot;
   bounds_[row] = 0;
   pivotPlaces_.push_back(pivotPlace);

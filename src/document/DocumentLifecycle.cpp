@@ -57,6 +57,8 @@ void DocumentLifecycle::OpenFile() {
   if (path) ReadFile(*path);
 }
 
+// A copy: the path may be the document's own file name, which saving and emptying change.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void DocumentLifecycle::OpenPath(std::string path) {
   SaveChangesFirst();
   ReadFile(path);

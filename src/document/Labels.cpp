@@ -119,7 +119,8 @@ LabelIndex CreateJointLabel(Truss& truss) {
 
 int NumFreeLabels(const Truss& truss) {
   return MaxCount - truss.NumLabels +
-         static_cast<int>(std::ranges::count(truss.Labels.First(truss.NumLabels), DeletedTag, &NameLabel::Tag));
+         static_cast<int>(
+             std::ranges::count(truss.Labels.First(truss.NumLabels), DeletedTag, &NameLabel::Tag));
 }
 
 void CreateJointLabels(Truss& truss, std::span<JointRec> joints) {

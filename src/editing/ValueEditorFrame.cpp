@@ -105,7 +105,9 @@ void ValueEditorFrame::AddOptions(QVBoxLayout* rows) {
   auto* relative = new QHBoxLayout;
   relative->setSpacing(14);
   if (editingKind_ == MemberKind) {
-    rows->addWidget(AddOption("optAbsolute", Notation::Absolute, "Position of the big endpoint"));
+    // Not stretched, so that the arrow keys find their way from its text to the one below.
+    rows->addWidget(AddOption("optAbsolute", Notation::Absolute, "Position of the big endpoint"), 0,
+                    Qt::AlignLeft);
     auto* lblRelative = MakeLabel(QStringLiteral("relative to other endpoint:"));
     lblRelative->setObjectName(ControlName("lblRelative"));
     rows->addWidget(lblRelative);

@@ -220,11 +220,19 @@ TEST_F(OptionsDialogTest, CancelDiscardsEvenBadInputWithoutAMessage) {
 }
 
 TEST_F(OptionsDialogTest, AccessKeys) {
-  QTest::keyClick(dialog.get(), Qt::Key_G, Qt::AltModifier);
-  EXPECT_FALSE(Check("chkShowGrid").isChecked());
-  QTest::keyClick(dialog.get(), Qt::Key_F, Qt::AltModifier);
-  EXPECT_TRUE(Check("chkShowGrid").isChecked());
-  QTest::keyClick(dialog.get(), Qt::Key_C, Qt::AltModifier);
+  // A button is seen going down before it acts.
+  const auto press = [this](Qt::Key key, const std::function<bool()>& acted) {
+    QTest::keyClick(dialog.get(), key, Qt::AltModifier);
+    return QTest::qWaitFor(acted);
+  };
+  EXPECT_TRUE(press(Qt::Key_R, [this] { return !Check("chkShowRulers").isChecked(); }));
+  EXPECT_TRUE(press(Qt::Key_S, [this] { return !Check("chkSnapGrid").isChecked(); }));
+  EXPECT_TRUE(press(Qt::Key_G, [this] { return !Check("chkShowGrid").isChecked(); }));
+  EXPECT_TRUE(press(Qt::Key_O, [this] { return !Check("chkSnapObject").isChecked(); }));
+  EXPECT_TRUE(press(Qt::Key_F, [this] { return Check("chkShowGrid").isChecked(); }));
+  EXPECT_TRUE(press(Qt::Key_C, [this] { return applied.size() == 1; }));
+  Open({});
+  EXPECT_TRUE(press(Qt::Key_A, [this] { return !dialog->isVisible(); }));
   EXPECT_EQ(applied.size(), 1U);
 }
 
