@@ -10,6 +10,7 @@
 #include <QStatusBar>
 #include <QUrl>
 #include <algorithm>
+#include <utility>
 
 #include "analysis/JointEquations.h"
 #include "app/AboutForm.h"
@@ -77,6 +78,7 @@ void MainForm::Redraw() {
   bool joined = true;
   picDraw_->PaintBacking(
       [&](Surface& surface) { joined = RedrawTruss(on_.Document, drawing_, surface, context, messages); });
+  tool_->ShowState();
   if (!joined) SetStatus(QStringLiteral(" %1 ").arg(QString::fromLatin1(TooManyJointsText)));
   // A message waits for its answer in an event loop of its own, which may redraw again; that must not ask
   // twice.
@@ -105,6 +107,7 @@ void MainForm::LeaveInstructions() {
 }
 
 void MainForm::cmdNext1_Click() {
+  tool_->Cancel();
   if (!steps_.Next1(on_.Document)) {
     SetStatus(ToQt(steps_.StatusText()));
     return;
@@ -127,7 +130,8 @@ void MainForm::cmdNext2_Click() {
   const bool entered = steps_.Next2(on_.Document);
   QGuiApplication::restoreOverrideCursor();
   if (!entered) return;
-  shownAnalysis_ = steps_.Analysis();
+  // The report window may still show a table of the old analysis, until it is given another report.
+  const auto oldAnalysis = std::exchange(shownAnalysis_, steps_.Analysis());
   report_->ChooseFontSet(on_.Document.Settings.ReportFontSize);
   ShowStep();
   ShowReport(1);
@@ -147,6 +151,7 @@ void MainForm::ShowStep() {
   picToolBox_->ShowPalette();
   picDraw_->SetLabelsActive(steps_.NamesAreShown());
   picDraw_->ShowDrawing();
+  tool_->SetActive(step == 1 && picDraw_->isEnabled());
   ShowStepStatus();
   UpdateFileMenu();
 }
@@ -245,6 +250,7 @@ void MainForm::AfterOpening() {
 }
 
 void MainForm::mnuSettings_Click() {
+  tool_->Cancel();
   if (!SettingsMayOpen(steps_.Current(), on_.Messages)) return;
   OptionsDialog dialog(on_.Document.Settings, on_.Numbers, on_.Messages, this);
   connect(&dialog, &OptionsDialog::Applied, this, [this](const SettingsInput& input) {
@@ -280,6 +286,7 @@ void MainForm::resizeEvent(QResizeEvent* event) {
 }
 
 void MainForm::Layout() {
+  tool_->Cancel();
   const int width = centralWidget()->width();
   const int height = centralWidget()->height() + statusBar()->height();
   if (width < SmallestLayout || height < SmallestLayout) return;
@@ -299,10 +306,12 @@ void MainForm::Layout() {
                          .PixT = 70,
                          .PixB = static_cast<float>(canvasHeight - 33)};
   on_.Document.View = DeriveView(on_.Document.Settings, bounds_);
+  tool_->SetPanelRoom(QRect(0, StepPanelHeight, width, canvasHeight - StepPanelHeight));
   Redraw();
 }
 
 void MainForm::closeEvent(QCloseEvent* event) {
+  tool_->Cancel();
   lifecycle_->Unload();
   report_->close();
   event->accept();
@@ -320,6 +329,7 @@ void MainForm::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
   // The program that the file comes from waits until this event is done; a question must not hold it up.
   const auto open = [this, path] {
+    tool_->Cancel();
     lifecycle_->OpenPath(path.toStdString());
     AfterOpening();
   };

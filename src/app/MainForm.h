@@ -13,6 +13,7 @@
 #include "canvas/Drawing.h"
 #include "document/DocumentLifecycle.h"
 #include "document/RecentFiles.h"
+#include "editing/CanvasTools.h"
 #include "editing/ToolBox.h"
 #include "editing/ToolPalette.h"
 #include "platform/NumberFormat.h"
@@ -99,11 +100,13 @@ class MainForm final : public QMainWindow, private DocumentWindow {
 
   CanvasWidget* picDraw_ = nullptr;
   ToolBox* picToolBox_ = nullptr;
+  std::unique_ptr<CanvasTools> tool_;  // Step 1 on the canvas
   QFrame* picStep2_ = nullptr;
   QFrame* picStep3_ = nullptr;
   std::array<StepNavigation, 3> navigation_;
   InstructionFrame* frInstruct1_ = nullptr;
   JointEquationsPanel* jointPanel_ = nullptr;
+  std::shared_ptr<const TrussAnalysis> shownAnalysis_;  // what the report window shows
   std::unique_ptr<ReportWindow> report_;
   std::array<QLabel*, 2> statusPanels_{};
   QMenu* mnuFile_ = nullptr;
@@ -112,6 +115,5 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   QAction* mnuFileSaveAs_ = nullptr;
   QAction* mnuFilePrint_ = nullptr;
   std::array<QAction*, RecentFiles::Count + 1> mnuRecentFile_{};
-  std::shared_ptr<const TrussAnalysis> shownAnalysis_;  // what the report window shows
   bool showingMessages_ = false;
 };

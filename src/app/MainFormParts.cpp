@@ -69,11 +69,15 @@ void MainForm::CreateToolPanel() {
   picToolBox_ = new ToolBox(tools_, centralWidget());
   picToolBox_->setAutoFillBackground(true);
   connect(picToolBox_, &ToolBox::HintShown, this, &MainForm::SetStatus);
-  connect(picToolBox_, &ToolBox::ToolSelected, this, [this] {
-    HidePanelAndHandles(drawing_);
-    drawing_.SupportsEnabled = true;
-    picDraw_->ShowDrawing();
+  tool_ = std::make_unique<CanvasTools>(CanvasTools::Partners{on_.Document, drawing_, tools_, on_.Messages,
+                                                              on_.Numbers, *picDraw_, [this] { Redraw(); }});
+  connect(picToolBox_, &ToolBox::ToolSelected, tool_.get(), &CanvasTools::SelectTool);
+  connect(tool_.get(), &CanvasTools::ToolChosen, this, [this](int tool) {
+    picToolBox_->ShowPalette();
+    SetStatus(QString::fromLatin1(ToolHint(tool)));
   });
+  connect(tool_.get(), &CanvasTools::ReadOutChanged, this,
+          [this](const QString& text) { statusPanels_[1]->setText(text); });
   StepNavigation& navigation = navigation_[0];
   navigation.CaptionLeft = 264;
   navigation.Caption = AddStepCaption(picToolBox_, QStringLiteral("Label9"), tr("Step 1\nDesign the truss"));
@@ -167,7 +171,10 @@ void MainForm::CreateFileMenu() {
     QAction* action = mnuFile_->addAction(text);
     action->setObjectName(QString::fromLatin1(name));
     action->setShortcut(keys);
-    connect(action, &QAction::triggered, this, handler);
+    connect(action, &QAction::triggered, this, [this, handler] {
+      tool_->Cancel();
+      handler();
+    });
     return action;
   };
   add("mnuFileNew", tr("&New truss"), QKeySequence::New, [this] {
@@ -189,6 +196,7 @@ void MainForm::CreateFileMenu() {
   mnuRecentFile_[0]->setObjectName(QStringLiteral("mnuRecentFile(0)"));
   for (int entry = 1; entry <= RecentFiles::Count; ++entry) {
     QAction* action = mnuFile_->addAction(QString(), this, [this, entry] {
+      tool_->Cancel();
       lifecycle_->OpenRecentFile(entry);
       AfterOpening();
     });

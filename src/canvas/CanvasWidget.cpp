@@ -83,6 +83,7 @@ void CanvasWidget::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.drawImage(QPointF(0, 0), scene_);
   PaintFocus(painter);
+  PaintKeyboardCursor(painter);
 }
 
 void CanvasWidget::PaintFocus(QPainter& painter) const {
@@ -90,6 +91,23 @@ void CanvasWidget::PaintFocus(QPainter& painter) const {
   painter.setPen(QPen(QColor(0, 90, 200), 2));
   painter.setBrush(Qt::NoBrush);
   painter.drawRect(BoxOf(drawing_.lblRodJoint[focusLabel_]).adjusted(-2, -2, 2, 2));
+}
+
+void CanvasWidget::ShowKeyboardCursor(std::optional<QPointF> place) {
+  if (place == keyboardCursor_) return;
+  keyboardCursor_ = place;
+  update();
+}
+
+// A cross with a gap in its middle, so that what it points at can be seen.
+void CanvasWidget::PaintKeyboardCursor(QPainter& painter) const {
+  if (!keyboardCursor_ || !hasFocus()) return;
+  constexpr double gap = 4;
+  constexpr double reach = 14;
+  painter.setPen(QPen(QColor(0, 90, 200), 2));
+  for (const QPointF direction : {QPointF(1, 0), QPointF(-1, 0), QPointF(0, 1), QPointF(0, -1)}) {
+    painter.drawLine(*keyboardCursor_ + gap * direction, *keyboardCursor_ + reach * direction);
+  }
 }
 
 LabelIndex CanvasWidget::LabelUnder(const QPointF& position) const {

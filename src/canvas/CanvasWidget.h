@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QWidget>
 #include <functional>
+#include <optional>
 
 #include "canvas/Drawing.h"
 #include "document/Truss.h"
@@ -32,6 +33,9 @@ class CanvasWidget final : public QWidget {
 
   /// The label that the keyboard is on; 0 when it is on none.
   LabelIndex FocusLabel() const { return focusLabel_; }
+
+  /// Where the keyboard's cursor stands (pixels); nothing hides it.
+  void ShowKeyboardCursor(std::optional<QPointF> place);
 
   const QImage& Backing() const { return backing_; }
 
@@ -60,6 +64,7 @@ class CanvasWidget final : public QWidget {
   void FitBacking();
   void RenderScene();
   void PaintFocus(QPainter& painter) const;
+  void PaintKeyboardCursor(QPainter& painter) const;
   LabelIndex LabelUnder(const QPointF& position) const;
   bool ShowToolTip(QHelpEvent* event);
   bool CanHoldFocus(int label) const;
@@ -70,6 +75,7 @@ class CanvasWidget final : public QWidget {
   QImage backing_;
   QImage scene_;  // the backing image with the drawing on it, as last rendered
   bool sceneIsCurrent_ = false;
+  std::optional<QPointF> keyboardCursor_;
   bool labelsActive_ = false;
   LabelIndex focusLabel_ = 0;
   LabelIndex pressedLabel_ = 0;  // 0 but between press and release of the mouse on a label

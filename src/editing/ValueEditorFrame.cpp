@@ -7,11 +7,10 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSignalBlocker>
 #include <QVBoxLayout>
-#include <algorithm>
 
 #include "editing/NumberBox.h"
 #include "platform/qt/QtText.h"
@@ -56,7 +55,6 @@ ValueEditorFrame::ValueEditorFrame(int editingKind, ValueEditor& editor, QWidget
                                                     : QStringLiteral("new components for this force");
   setObjectName(ControlName("frNewCoords"));
   setAccessibleName(caption);
-  setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
   // It lies over the canvas, so it needs a ground and a pointer of its own.
   setAutoFillBackground(true);
   setCursor(Qt::ArrowCursor);
@@ -215,7 +213,9 @@ void ValueEditorFrame::ShowValues() {
                                             : QStringLiteral("A number, such as 2.5 or 1e3"));
     // What is being typed keeps its cursor.
     const std::string& text = editor_.Text(editingKind_, box);
-    if (FromQt(txtNewCoords_[at]->text()) != text) txtNewCoords_[at]->setText(ToQt(text));
+    if (FromQt(txtNewCoords_[at]->text()) == text) continue;
+    txtNewCoords_[at]->setText(ToQt(text));
+    if (txtNewCoords_[at]->hasFocus()) txtNewCoords_[at]->selectAll();
   }
 }
 
@@ -234,6 +234,14 @@ void ValueEditorFrame::Close() {
   const bool hadFocus = focus != nullptr && (focus == this || isAncestorOf(focus));
   hide();
   if (hadFocus) parentWidget()->setFocus(Qt::OtherFocusReason);
+}
+
+// The outline lies within the frame: a hairline on its very edge is cut off on screens of fractional scale.
+void ValueEditorFrame::paintEvent(QPaintEvent* event) {
+  QFrame::paintEvent(event);
+  QPainter painter(this);
+  painter.setPen(QPen(palette().color(QPalette::Window).darker(150), 1));
+  painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
 }
 
 void ValueEditorFrame::hideEvent(QHideEvent* event) {

@@ -42,6 +42,7 @@ class ValueEditorFrame final : public QFrame {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void hideEvent(QHideEvent* event) override;
 
  private:

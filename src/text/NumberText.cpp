@@ -142,7 +142,8 @@ std::string GeneralText(double value, std::string_view decimalSeparator) {
 
 std::string SevenDigitText(double value, std::string_view decimalSeparator) {
   const bool isSingle = std::abs(value) <= double{std::numeric_limits<float>::max()};
-  // Rounded from the single's full value: from its shortest digits the largest single would round out of range.
+  // Rounded from the single's full value: from its shortest digits the largest single would round out of
+  // range.
   DecimalDigits digits = DecimalDigits::Of(isSingle ? double{static_cast<float>(value)} : value);
   digits.RoundToSignificant(7);
   return General(digits, PlainSingleExponent, decimalSeparator);

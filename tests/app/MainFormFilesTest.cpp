@@ -1,1 +1,227 @@
-// in the making
+// The File menu through the window: questions, recent files, dropped files, leaving.
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QUrl>
+#include <filesystem>
+
+#include "support/MainFormFixture.h"
+
+namespace {
+
+constexpr const char* SaveQuestion = "The truss has changed.  Do you want to save the changes?";
+
+class MainFormFiles : public MainFormTest {
+ protected:
+  // Renames a member of the truss that was opened.
+  void ChangeTruss() { truss_.Labels[truss_.Members[1].NameLabel1].Caption = "changed"; }
+
+  bool FileIsChanged(const std::string& name = "a.trs") const {
+    return directory_.Bytes(name).find("changed") != std::string::npos;
+  }
+
+  std::vector<std::string> MessageTexts() const {
+    std::vector<std::string> texts;
+    for (const Message& message : messages_.Shown) texts.push_back(message.Text);
+    return texts;
+  }
+
+  std::vector<bool> RecentShown() const {
+    std::vector<bool> shown;
+    for (const char* name : {"mnuRecentFile(0)", "mnuRecentFile(1)", "mnuRecentFile(2)", "mnuRecentFile(3)",
+                             "mnuRecentFile(4)"}) {
+      shown.push_back(Entry(name)->isVisible());
+    }
+    return shown;
+  }
+
+  // Drops a file on the canvas. Whether the window takes it.
+  bool Drop(const QList<QUrl>& urls) {
+    QMimeData data;
+    data.setUrls(urls);
+    QDragEnterEvent enter(QPoint(100, 200), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    enter.setAccepted(false);
+    QApplication::sendEvent(form_.get(), &enter);
+    if (!enter.isAccepted()) return false;
+    QDropEvent drop(QPointF(100, 200), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(form_.get(), &drop);
+    QApplication::processEvents();
+    return true;
+  }
+  bool Drop(const std::string& path) { return Drop({QUrl::fromLocalFile(QString::fromStdString(path))}); }
+
+  std::string Saved(const std::string& name) {
+    Truss truss = LoadedTriangle();
+    return directory_.Put(name, TrussText(truss));
+  }
+};
+
+// --- the question whether to save
+
+TEST_F(MainFormFiles, NewAsksAndYesSavesFirst) {
+  Started();
+  OpenTruss(LoadedTriangle());
+  ChangeTruss();
+  messages_.Answers = {MessageAnswer::Yes};
+  Trigger("mnuFileNew");
+  EXPECT_THAT(MessageTexts(), testing::ElementsAre(SaveQuestion));
+  EXPECT_TRUE(FileIsChanged());
+  EXPECT_EQ(truss_.NumMembers, 0);
+  EXPECT_EQ(form_->windowTitle(), QStringLiteral("Orvane - [untitled]"));
+}
+
+TEST_F(MainFormFiles, NewAsksAndNoDiscards) {
+  Started();
+  OpenTruss(LoadedTriangle());
+  ChangeTruss();
+  messages_.Answers = {MessageAnswer::No};
+  Trigger("mnuFileNew");
+  EXPECT_FALSE(FileIsChanged());
+  EXPECT_EQ(truss_.NumMembers, 0);
+}
+
+TEST_F(MainFormFiles, OpenAsksBeforeTheChooserComes) {
+  Started();
+  OpenTruss(LoadedTriangle());
+  ChangeTruss();
+  messages_.Answers = {MessageAnswer::Yes};
+  chooser_.Choice = Saved("b.trs");
+  QTest::keyClick(form_.get(), Qt::Key_O, Qt::ControlModifier);
+  EXPECT_THAT(MessageTexts(), testing::ElementsAre(SaveQuestion));
+  EXPECT_TRUE(FileIsChanged("a.trs"));
+  EXPECT_EQ(truss_.FileName, directory_ / "b.trs");
+}
+
+TEST_F(MainFormFiles, ACancelledChooserKeepsTheDocumentAndTheStep) {
+  Started();
+  OpenInStep2(LoadedTriangle());
+  chooser_.Choice.reset();
+  Trigger("mnuFileOpen");
+  Trigger("mnuFileSaveAs");
+  EXPECT_EQ(truss_.NumMembers, 3);
+  EXPECT_TRUE(Widget("picStep2")->isVisible());
+  EXPECT_TRUE(messages_.Shown.empty());
+}
+
+TEST_F(MainFormFiles, OpeningReturnsToStep1) {
+  Started();
+  OpenInStep3(LoadedTriangle());
+  OpenTruss(LoadedTriangle(), "b.trs");
+  EXPECT_TRUE(Widget("picToolBox")->isVisible());
+  EXPECT_EQ(NumVisibleLabels(), 0);
+  EXPECT_FALSE(Report()->isVisible());
+}
+
+TEST_F(MainFormFiles, ClosingTheWindowAsksAndClosesInAnyCase) {
+  Started();
+  OpenInStep3(LoadedTriangle());
+  ChangeTruss();
+  messages_.Answers = {MessageAnswer::No};
+  Trigger("mnuFileExit");
+  EXPECT_THAT(MessageTexts(), testing::ElementsAre(SaveQuestion));
+  EXPECT_FALSE(FileIsChanged());
+  EXPECT_FALSE(form_->isVisible());
+  EXPECT_FALSE(Report()->isVisible()) << "every other window closes with it";
+}
+
+TEST_F(MainFormFiles, LeavingWithYesSaves) {
+  Started();
+  OpenTruss(LoadedTriangle());
+  ChangeTruss();
+  messages_.Answers = {MessageAnswer::Yes};
+  form_->close();
+  EXPECT_TRUE(FileIsChanged());
+}
+
+TEST_F(MainFormFiles, AFailedSaveIsReported) {
+  Started();
+  OpenInStep2(LoadedTriangle());
+  truss_.FileName = directory_ / "no such directory/a.trs";
+  Trigger("mnuFileSave");
+  EXPECT_THAT(MessageTexts(),
+              testing::ElementsAre("Error in mnuFileSave attempting to save file " + truss_.FileName));
+  EXPECT_EQ(truss_.NumMembers, 3);
+}
+
+// --- recent files
+
+TEST_F(MainFormFiles, RecentFilesComeFromTheStoreExactlyAsTheyStandThere) {
+  store_.Save("Orvane", "Recent Files", "RecentFile1", "/trusses/one & two.trs");
+  store_.Save("Orvane", "Recent Files", "RecentFile2", "/trusses/b.trs");
+  Shown();
+  EXPECT_EQ(RecentShown(), (std::vector{true, true, true, false, false}));
+  EXPECT_EQ(Caption("mnuRecentFile(1)"), QStringLiteral("/trusses/one && two.trs")) << "no access key";
+  EXPECT_EQ(Caption("mnuRecentFile(2)"), QStringLiteral("/trusses/b.trs"));
+}
+
+TEST_F(MainFormFiles, TheChooserOpensBesideTheLatestFile) {
+  store_.Save("Orvane", "Recent Files", "RecentFile1", "/trusses/a.trs");
+  Started();
+  Trigger("mnuFileOpen");
+  ASSERT_EQ(chooser_.Opened.size(), 1U);
+  EXPECT_EQ(chooser_.Opened[0].InitialDirectory, "/trusses");
+  EXPECT_EQ(chooser_.Opened[0].FilterIndex, 2);
+}
+
+TEST_F(MainFormFiles, TheFirstFileShowsTheSeparatorAndOneEntry) {
+  Started();
+  EXPECT_EQ(RecentShown(), (std::vector{false, false, false, false, false}));
+  OpenTruss(LoadedTriangle());
+  EXPECT_EQ(RecentShown(), (std::vector{true, true, false, false, false}));
+}
+
+TEST_F(MainFormFiles, ARecentFileOpens) {
+  Started();
+  OpenTruss(LoadedTriangle(), "a.trs");
+  OpenTruss(LoadedTriangle(), "b.trs");
+  Trigger("mnuRecentFile(2)");
+  EXPECT_EQ(truss_.FileName, directory_ / "a.trs");
+  EXPECT_EQ(Caption("mnuRecentFile(1)").toStdString(), directory_ / "a.trs");
+}
+
+TEST_F(MainFormFiles, AVanishedRecentFileChangesNothing) {
+  Started();
+  OpenTruss(LoadedTriangle(), "a.trs");
+  OpenInStep2(LoadedTriangle());
+  OpenTruss(LoadedTriangle(), "b.trs");
+  std::filesystem::remove(directory_ / "a.trs");
+  Click("cmdNext1");
+  Trigger("mnuRecentFile(2)");
+  ASSERT_EQ(messages_.Shown.size(), 1U);
+  EXPECT_EQ(messages_.Shown[0],
+            (Message{.Text = "File no longer exists.", .Icon = MessageIcon::Exclamation}));
+  EXPECT_EQ(truss_.FileName, directory_ / "b.trs");
+  EXPECT_TRUE(Widget("picStep2")->isVisible());
+  EXPECT_EQ(Caption("mnuRecentFile(2)").toStdString(), directory_ / "a.trs");
+}
+
+// --- dropped files
+
+TEST_F(MainFormFiles, ADroppedTrussOpens) {
+  Started();
+  OpenInStep2(LoadedTriangle());
+  ChangeTruss();
+  EXPECT_TRUE(Drop(Saved("dropped.TRS")));
+  EXPECT_THAT(MessageTexts(), testing::ElementsAre(SaveQuestion));
+  EXPECT_EQ(truss_.FileName, directory_ / "dropped.TRS");
+  EXPECT_TRUE(Widget("picToolBox")->isVisible());
+  EXPECT_EQ(Caption("mnuRecentFile(1)").toStdString(), directory_ / "dropped.TRS");
+}
+
+TEST_F(MainFormFiles, WhatIsNoTrussFileIsNotTaken) {
+  Started();
+  OpenTruss(LoadedTriangle());
+  EXPECT_FALSE(Drop(directory_.Put("picture.png", "")));
+  EXPECT_FALSE(Drop({QUrl(QStringLiteral("https://example.org/a.trs"))}));
+  EXPECT_FALSE(
+      Drop({QUrl::fromLocalFile(QStringLiteral("/a.trs")), QUrl::fromLocalFile(QStringLiteral("/b.trs"))}));
+  EXPECT_FALSE(Drop(QList<QUrl>()));
+  EXPECT_EQ(truss_.NumMembers, 3);
+}
+
+TEST_F(MainFormFiles, NothingIsTakenBehindTheInstructions) {
+  Shown();
+  EXPECT_FALSE(Drop(Saved("a.trs")));
+}
+
+}  // namespace

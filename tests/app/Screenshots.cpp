@@ -62,7 +62,8 @@ class Photographer {
     Click("cmdNext2");
     Take(form_, "9-step3");
     int number = 0;
-    for (const char* button : {"cmdReportCounting", "cmdReportSystemEqs", "cmdReportRREF", "cmdReportSolutions"}) {
+    for (const char* button :
+         {"cmdReportCounting", "cmdReportSystemEqs", "cmdReportRREF", "cmdReportSolutions"}) {
       Click(button);
       Take(*ReportWindow(), QStringLiteral("10-report%1").arg(++number));
     }
@@ -120,7 +121,8 @@ class Photographer {
     if (modalName != nullptr) AwaitModal(modalName);
     auto* picDraw = form_.findChild<CanvasWidget*>(QStringLiteral("picDraw"));
     const LabelPlace& place = picDraw->Shown().lblRodJoint[label];
-    const QPoint point(static_cast<int>(place.Left + place.Width / 2), static_cast<int>(place.Top + place.Height / 2));
+    const QPoint point(static_cast<int>(place.Left + place.Width / 2),
+                       static_cast<int>(place.Top + place.Height / 2));
     QTest::mouseClick(picDraw, Qt::LeftButton, Qt::NoModifier, point);
   }
 

@@ -156,8 +156,8 @@ TEST(DoLabel, JointNamesHaveTheirTopLeftCornerAtTheJoint) {
   drawing.Mapping = EasyGraph();
   FitTables(drawing, truss);
   EXPECT_TRUE(RefreshJoints(drawing, truss, RecordingSurface::Measure));
-  ExpectPlace(drawing.lblRodJoint[3], At(88, 210, 7, 12));
-  ExpectPlace(drawing.lblRodJoint[4], At(248, 170, 14, 12));
+  ExpectPlace(drawing.lblRodJoint[3], At(88, 210, 7 + JointNameInset, 12));
+  ExpectPlace(drawing.lblRodJoint[4], At(248, 170, 14 + JointNameInset, 12));
 }
 
 TEST(DoLabel, RefreshingJointsMakesTheLabelsThatAreMissing) {

@@ -62,8 +62,8 @@ TEST(PaintDrawing, NamesStandInFrontInTheirFontsOnWhite) {
   const TextFont plain{};
   const TextFont bold{.Points = 10, .Bold = true};
   EXPECT_THAT(paper.Texts,
-              testing::ElementsAre(DrawnText{142, 265, "AB", plain}, DrawnText{48, 270, "1", bold},
-                                   DrawnText{248, 270, "2", bold}));
+              testing::ElementsAre(DrawnText{142, 265, "AB", plain}, DrawnText{52, 270, "1", bold},
+                                   DrawnText{252, 270, "2", bold}));
   EXPECT_EQ(paper.Fills.back(), (std::vector<PixelPoint>{{142, 265}, {154, 265}, {154, 275}, {142, 275}}));
   EXPECT_EQ(paper.FillColours.back(), 15);
   EXPECT_EQ(paper.Font, plain);
@@ -77,9 +77,23 @@ TEST(PaintDrawing, AJointsNameCoversMembersButNeitherPinNorSupport) {
   const RecordingSurface paper = Painted(canvas, truss);
   EXPECT_EQ(paper.Order[0], "line");  // the member
   EXPECT_EQ(paper.Order[1], "fill");
-  EXPECT_EQ(paper.Fills[0], (std::vector<PixelPoint>{{50, 272}, {55, 272}, {55, 282}, {50, 282}}));
+  EXPECT_EQ(paper.Fills[0], (std::vector<PixelPoint>{{50, 272}, {59, 272}, {59, 282}, {50, 282}}));
   EXPECT_EQ(paper.FillColours[0], 15);
   EXPECT_EQ(paper.FillColours[2], 0);  // the rim of the first pin
+}
+
+TEST(PaintDrawing, OnASupportsPictureTheLettersHaveAWhiteRim) {
+  Truss truss = Bare(TrussBuilder().Member(0, 0, 10, 0).Clamp(0, 0).Joint(0, 0, "1").Joint(10, 0, "2"));
+  Canvas canvas;
+  EXPECT_TRUE(canvas.Redraw(truss));
+  ShowLabels(canvas.Picture, truss);
+  const RecordingSurface paper = Painted(canvas, truss);
+  const auto times = [&paper](const char* name) {
+    return std::ranges::count(paper.Texts, name, &DrawnText::Text);
+  };
+  EXPECT_EQ(times("1"), 13);
+  EXPECT_EQ(times("2"), 1);
+  EXPECT_EQ(paper.Colour, 0);
 }
 
 TEST(PaintDrawing, ArrowsStandBesideTheNames) {

@@ -1,0 +1,181 @@
+// See the header.
+#include "editing/CanvasTools.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include "platform/qt/QtText.h"
+
+namespace {
+
+Qt::CursorShape CursorOf(PointerShape pointer) {
+  switch (pointer) {
+    case PointerShape::Cross:
+      return Qt::CrossCursor;
+    case PointerShape::PointingHand:
+      return Qt::PointingHandCursor;
+    case PointerShape::FourWay:
+      return Qt::SizeAllCursor;
+    case PointerShape::Default:
+      break;
+  }
+  return Qt::ArrowCursor;
+}
+
+MouseButton ButtonOf(const QMouseEvent& event) {
+  return event.button() == Qt::LeftButton ? MouseButton::Left : MouseButton::Other;
+}
+
+}  // namespace
+
+CanvasTools::CanvasTools(const Partners& partners)
+    : on_(partners),
+      valueEditor_(ValueEditor::Partners{on_.Document, on_.Picture, on_.Messages, on_.Numbers,
+                                         [this] { on_.Redraw(); }}),
+      mouse_(Context()),
+      cursor_(mouse_, on_.Document, on_.Picture),
+      memberFrame_(MemberKind, valueEditor_, &on_.Canvas),
+      forceFrame_(ForceKind, valueEditor_, &on_.Canvas) {
+  on_.Canvas.installEventFilter(this);
+  for (ValueEditorFrame* frame : {&memberFrame_, &forceFrame_}) {
+    connect(frame, &ValueEditorFrame::EditorChanged, this, [this] {
+      on_.Canvas.ShowDrawing();
+      ShowState();
+    });
+  }
+}
+
+EditingContext CanvasTools::Context() {
+  return EditingContext{
+      .Document = on_.Document,
+      .Picture = on_.Picture,
+      .Tools = on_.Tools,
+      .Messages = on_.Messages,
+      .ValueEditor = valueEditor_,
+      .Numbers = on_.Numbers,
+      .Redraw = [this] { on_.Redraw(); },
+      .ShowDrawing = [this] { on_.Canvas.ShowDrawing(); },
+      .PaintBacking = [this](const std::function<void(Surface&)>& paint) { on_.Canvas.PaintBacking(paint); },
+      .IsOnCanvas =
+          [this](float x, float y) {
+            return QRectF(on_.Canvas.rect()).contains(QPointF(double{x}, double{y}));
+          },
+  };
+}
+
+void CanvasTools::SetActive(bool active) {
+  if (!active) Cancel();
+  active_ = active;
+  if (!active) {
+    cursor_.Hide();
+    on_.Canvas.unsetCursor();
+    Q_EMIT ReadOutChanged(QString());
+  }
+  ShowState();
+}
+
+void CanvasTools::Cancel() {
+  mouse_.Cancel();
+  ShowState();
+}
+
+void CanvasTools::SelectTool(int tool) {
+  mouse_.SelectTool(tool);
+  on_.Canvas.ShowDrawing();
+  ShowState();
+}
+
+void CanvasTools::SetPanelRoom(const QRect& room) {
+  memberFrame_.SetRoom(room);
+  forceFrame_.SetRoom(room);
+}
+
+void CanvasTools::ShowState() {
+  memberFrame_.ShowEditor();
+  forceFrame_.ShowEditor();
+  const PixelPoint place = cursor_.Position();
+  on_.Canvas.ShowKeyboardCursor(active_ && cursor_.IsVisible()
+                                    ? std::optional(QPointF(double{place.X}, double{place.Y}))
+                                    : std::nullopt);
+  if (!active_) return;
+  on_.Canvas.setCursor(CursorOf(mouse_.Pointer()));
+  Q_EMIT ReadOutChanged(ToQt(mouse_.ReadOut()));
+}
+
+bool CanvasTools::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != &on_.Canvas || !active_) return QObject::eventFilter(watched, event);
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseMove:
+      return HandleMouse(event);
+    case QEvent::KeyPress:
+      return HandleKey(static_cast<QKeyEvent*>(event));
+    case QEvent::FocusOut:
+      Cancel();
+      break;
+    default:
+      break;
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+bool CanvasTools::HandleMouse(QEvent* event) {
+  const auto& mouse = *static_cast<QMouseEvent*>(event);
+  const auto x = static_cast<float>(mouse.position().x());
+  const auto y = static_cast<float>(mouse.position().y());
+  cursor_.FollowMouse(x, y);
+  if (event->type() == QEvent::MouseMove) {
+    mouse_.MouseMove(mouse.buttons().testFlag(Qt::LeftButton), x, y);
+  } else if (event->type() == QEvent::MouseButtonRelease) {
+    mouse_.MouseUp(ButtonOf(mouse), x, y);
+  } else {
+    on_.Canvas.setFocus(Qt::MouseFocusReason);
+    mouse_.MouseDown(ButtonOf(mouse), x, y);
+  }
+  ShowState();
+  return true;
+}
+
+bool CanvasTools::HandleArrow(QKeyEvent* event) {
+  const bool onePixel = event->modifiers().testFlag(Qt::ShiftModifier);
+  switch (event->key()) {
+    case Qt::Key_Left:
+      cursor_.Move(ArrowKey::Left, onePixel);
+      return true;
+    case Qt::Key_Right:
+      cursor_.Move(ArrowKey::Right, onePixel);
+      return true;
+    case Qt::Key_Up:
+      cursor_.Move(ArrowKey::Up, onePixel);
+      return true;
+    case Qt::Key_Down:
+      cursor_.Move(ArrowKey::Down, onePixel);
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool CanvasTools::HandleKey(QKeyEvent* event) {
+  const bool altOrControl = event->modifiers().testAnyFlags(Qt::AltModifier | Qt::ControlModifier);
+  if (altOrControl) return false;
+  const int key = event->key();
+  bool handled = HandleArrow(event);
+  if (!handled && (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter)) {
+    if (!event->isAutoRepeat()) cursor_.PressOrRelease();
+    handled = true;
+  } else if (!handled && key == Qt::Key_Escape) {
+    cursor_.Escape();
+    handled = true;
+  } else if (!handled && key >= Qt::Key_0 && key <= Qt::Key_9) {
+    handled = cursor_.ChooseTool(key - Qt::Key_0);
+    if (handled) Q_EMIT ToolChosen(key - Qt::Key_0);
+  }
+  if (handled) {
+    on_.Canvas.ShowDrawing();
+    ShowState();
+  }
+  return handled;
+}

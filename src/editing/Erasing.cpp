@@ -1,0 +1,27 @@
+// See the header.
+#include "editing/Erasing.h"
+
+#include "canvas/DoLabel.h"
+
+void EraseObject(const EditingContext& on, const Selection& object) {
+  if (!IsLive(on.Document, object)) return;
+  if (object.Type == ObjectType::Member) {
+    on.Document.Members[object.Index].Live = false;
+    RemoveLabels(on.Picture, on.Document, LabelClass::Member, object.Index);
+  } else {
+    on.Document.Forces[object.Index].Active = false;
+  }
+  on.Redraw();
+}
+
+void EraseSupport(const EditingContext& on, int support) {
+  on.Document.Supports[support].Live = false;
+  RemoveLabels(on.Picture, on.Document, LabelClass::Support, support);
+  on.Redraw();
+}
+
+void Deselect(const EditingContext& on) {
+  on.ValueEditor.Close();
+  HidePanelAndHandles(on.Picture);
+  on.Picture.SupportsEnabled = true;
+}

@@ -1,0 +1,97 @@
+// Grid steps are taken in world coordinates, so that they never drift off the grid.
+#include "editing/KeyboardCursor.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+// A pixel position on a grid line comes back from its conversion a little beside the line; in grid steps.
+constexpr double Slack = 1e-3;
+
+// The grid line next to a world coordinate in a direction (1, -1; 0: the nearest). Not finite without a grid.
+float NextGridLine(float world, float minimum, float spacing, int direction) {
+  const double step = std::abs(double{spacing});
+  const double lines = (double{world} - double{minimum}) / step;
+  double line = std::round(lines);
+  if (direction > 0) line = std::floor(lines + Slack) + 1;
+  if (direction < 0) line = std::ceil(lines - Slack) - 1;
+  const double next = double{minimum} + line * step;
+  constexpr double largest = std::numeric_limits<float>::max();
+  return std::abs(next) <= largest ? static_cast<float>(next) : std::numeric_limits<float>::quiet_NaN();
+}
+
+float XOnGrid(const Graph& graph, const DocumentSettings& settings, float pixel, int direction) {
+  const float line = NextGridLine(graph.XWorld(pixel), settings.XMin, settings.GridX, direction);
+  return std::isfinite(line) ? graph.XPixel(line) : pixel + static_cast<float>(direction);
+}
+
+// `direction` is that of the world, upward.
+float YOnGrid(const Graph& graph, const DocumentSettings& settings, float pixel, int direction) {
+  const float line = NextGridLine(graph.YWorld(pixel), settings.YMin, settings.GridY, direction);
+  return std::isfinite(line) ? graph.YPixel(line) : pixel - static_cast<float>(direction);
+}
+
+float Within(float value, float end1, float end2) {
+  return std::clamp(value, std::min(end1, end2), std::max(end1, end2));
+}
+
+}  // namespace
+
+void KeyboardCursor::KeepInside() {
+  const Graph& graph = drawing_.Mapping;
+  position_.X = Within(position_.X, graph.PixelX1, graph.PixelX2);
+  position_.Y = Within(position_.Y, graph.PixelY1, graph.PixelY2);
+}
+
+void KeyboardCursor::Show() {
+  if (!visible_) {
+    const Graph& graph = drawing_.Mapping;
+    if (!placed_) position_ = {(graph.PixelX1 + graph.PixelX2) / 2, (graph.PixelY1 + graph.PixelY2) / 2};
+    position_.X = XOnGrid(graph, truss_.Settings, position_.X, 0);
+    position_.Y = YOnGrid(graph, truss_.Settings, position_.Y, 0);
+  }
+  placed_ = true;
+  visible_ = true;
+  KeepInside();
+}
+
+void KeyboardCursor::Move(ArrowKey key, bool onePixel) {
+  if (drawing_.Mapping.IsEmpty()) return;
+  Show();
+  const bool isSideways = key == ArrowKey::Left || key == ArrowKey::Right;
+  const int direction = key == ArrowKey::Right || key == ArrowKey::Up ? 1 : -1;
+  if (onePixel) {
+    (isSideways ? position_.X : position_.Y) += static_cast<float>(isSideways ? direction : -direction);
+  } else if (isSideways) {
+    position_.X = XOnGrid(drawing_.Mapping, truss_.Settings, position_.X, direction);
+  } else {
+    position_.Y = YOnGrid(drawing_.Mapping, truss_.Settings, position_.Y, direction);
+  }
+  KeepInside();
+  editing_.KeyMove(position_.X, position_.Y);
+}
+
+void KeyboardCursor::PressOrRelease() {
+  if (drawing_.Mapping.IsEmpty()) return;
+  Show();
+  if (editing_.IsDragging()) {
+    editing_.KeyUp(position_.X, position_.Y);
+    return;
+  }
+  editing_.KeyDown(position_.X, position_.Y);
+  if (!editing_.AwaitsRelease()) editing_.KeyUp(position_.X, position_.Y);
+}
+
+bool KeyboardCursor::ChooseTool(int digit) {
+  if (digit < 1 || digit > NumTools) return false;
+  editing_.SelectTool(digit);
+  return true;
+}
+
+void KeyboardCursor::FollowMouse(float x, float y) {
+  position_ = {x, y};
+  placed_ = true;
+  visible_ = false;
+}

@@ -1,0 +1,167 @@
+// Plain scans: even the largest truss takes only some microseconds.
+#include "editing/Picking.h"
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+// Where along the line a pixel lies that is on it; nothing when it is not.
+std::optional<float> FractionAt(const PixelLine& line, float x, float y) {
+  const double dx = double{line.X2} - double{line.X1};
+  const double dy = double{line.Y2} - double{line.Y1};
+  const bool isFlat = std::abs(dx) >= std::abs(dy);
+  const double along = isFlat ? double{x} - double{line.X1} : double{y} - double{line.Y1};
+  const double length = isFlat ? dx : dy;
+  if (length == 0) return std::nullopt;
+  const auto t = static_cast<float>(along / length);
+  if (!(t >= 0 && t <= 1)) return std::nullopt;
+  const double aside =
+      isFlat ? double{line.Y1} + double{t} * dy - double{y} : double{line.X1} + double{t} * dx - double{x};
+  if (!(std::abs(aside) < double{PickTolerance})) return std::nullopt;
+  return t;
+}
+
+PixelLine ArrowOf(const ForceRec& force) { return {force.PixX1, force.PixY1, force.PixX2, force.PixY2}; }
+
+void PlaceHandle(MoveHandle& handle, PixelPoint point, float size) {
+  handle = {.Left = point.X - size / 2, .Top = point.Y - size / 2, .Visible = true};
+}
+
+// The mouse in world coordinates, and how near counts as near there.
+struct Target {
+  Target(const Graph& graph, float x, float y)
+      : X(graph.XWorld(x)),
+        Y(graph.YWorld(y)),
+        toleranceX_(std::abs(double{graph.XWorld(SnapTolerance)} - double{graph.XWorld(0)})),
+        toleranceY_(std::abs(double{graph.YWorld(SnapTolerance)} - double{graph.YWorld(0)})) {}
+
+  bool IsNear(float x, float y) const {
+    return std::abs(double{X} - double{x}) < toleranceX_ && std::abs(double{Y} - double{y}) < toleranceY_;
+  }
+
+  float X, Y;
+
+ private:
+  double toleranceX_, toleranceY_;
+};
+
+std::optional<SnappedPoint> NearMemberEnd(const Truss& truss, const Drawing& drawing, int selfObject,
+                                          const Target& target) {
+  for (int i = 1; i <= truss.NumMembers; ++i) {
+    if (i == selfObject || !IsRodShown(drawing, truss, i)) continue;
+    const MemberRec& member = truss.Members[i];
+    if (target.IsNear(member.X1, member.Y1)) return {{drawing.Rod[i].End1(), member.X1, member.Y1}};
+    if (target.IsNear(member.X2, member.Y2)) return {{drawing.Rod[i].End2(), member.X2, member.Y2}};
+  }
+  return std::nullopt;
+}
+
+SnappedPoint PointInWorld(const Graph& graph, float x, float y) {
+  return {{graph.XPixel(x), graph.YPixel(y)}, x, y};
+}
+
+std::optional<SnappedPoint> NearObject(const Truss& truss, const Drawing& drawing, int selfObject,
+                                       const Target& target) {
+  if (const auto end = NearMemberEnd(truss, drawing, selfObject, target)) return end;
+  for (int i = 1; i <= truss.NumSupports; ++i) {
+    const SupportRec& support = truss.Supports[i];
+    if (!IsSupportShown(drawing, truss, i) || !target.IsNear(support.X, support.Y)) continue;
+    return PointInWorld(drawing.Mapping, support.X, support.Y);
+  }
+  for (const ForceRec& force : truss.ForcesInUse()) {
+    if (!force.Active || !target.IsNear(force.X, force.Y)) continue;
+    return PointInWorld(drawing.Mapping, force.X, force.Y);
+  }
+  return std::nullopt;
+}
+
+// The nearest grid line; a result that no single can hold is not finite.
+float NearestGridLine(float value, float minimum, float spacing) {
+  const double steps = std::floor((double{value} - double{minimum}) / double{spacing} + 0.5);
+  const double line = double{minimum} + steps * double{spacing};
+  constexpr double largest = std::numeric_limits<float>::max();
+  return std::abs(line) <= largest ? static_cast<float>(line) : std::numeric_limits<float>::quiet_NaN();
+}
+
+bool IsFinite(const SnappedPoint& point) {
+  return std::isfinite(point.X) && std::isfinite(point.Y) && std::isfinite(point.Pixel.X) &&
+         std::isfinite(point.Pixel.Y);
+}
+
+}  // namespace
+
+bool SamePlace(const SnappedPoint& a, const SnappedPoint& b) {
+  return a.Pixel == b.Pixel || (a.X == b.X && a.Y == b.Y);
+}
+
+Selection ObjectAt(const Truss& truss, const Drawing& drawing, float x, float y) {
+  if (drawing.Mapping.IsEmpty()) return {};
+  for (int i = 1; i <= truss.NumMembers; ++i) {
+    if (!IsRodShown(drawing, truss, i)) continue;
+    if (const auto t = FractionAt(drawing.Rod[i], x, y)) return {ObjectType::Member, i, *t};
+  }
+  for (int i = 1; i <= truss.NumForces; ++i) {
+    if (!truss.Forces[i].Active) continue;
+    if (FractionAt(ArrowOf(truss.Forces[i]), x, y)) return {ObjectType::Force, i, 0};
+  }
+  return {};
+}
+
+Selection IdentifyObject(const Truss& truss, Drawing& drawing, float x, float y) {
+  const Selection hit = ObjectAt(truss, drawing, x, y);
+  if (hit.Type == ObjectType::None) return hit;
+  ShowMoveHandles(truss, drawing, hit);
+  drawing.SupportsEnabled = false;
+  return hit;
+}
+
+void ShowMoveHandles(const Truss& truss, Drawing& drawing, const Selection& selection) {
+  if (selection.Type == ObjectType::Force) {
+    const PixelLine arrow = ArrowOf(truss.Forces[selection.Index]);
+    PlaceHandles(drawing, arrow.End2(), arrow.End1());
+    return;
+  }
+  const PixelLine& rod = drawing.Rod[selection.Index];
+  if (selection.IsEnd2Big()) {
+    PlaceHandles(drawing, rod.End2(), rod.End1());
+  } else {
+    PlaceHandles(drawing, rod.End1(), rod.End2());
+  }
+}
+
+void PlaceHandles(Drawing& drawing, PixelPoint big, PixelPoint small) {
+  PlaceHandle(drawing.MoveHandleB, big, MoveHandleBSize);
+  PlaceHandle(drawing.MoveHandleS, small, MoveHandleSSize);
+}
+
+bool IsSelectionShown(const Drawing& drawing) { return drawing.MoveHandleS.Visible; }
+
+bool IsLive(const Truss& truss, const Selection& selection) {
+  switch (selection.Type) {
+    case ObjectType::Member:
+      return selection.Index <= truss.NumMembers && truss.Members[selection.Index].Live;
+    case ObjectType::Force:
+      return selection.Index <= truss.NumForces && truss.Forces[selection.Index].Active;
+    case ObjectType::None:
+      break;
+  }
+  return false;
+}
+
+std::optional<SnappedPoint> OKLocation(const Truss& truss, const Drawing& drawing, int selfObject, float x,
+                                       float y) {
+  const Graph& graph = drawing.Mapping;
+  if (graph.IsEmpty() || !std::isfinite(x) || !std::isfinite(y)) return std::nullopt;
+  const Target target(graph, x, y);
+  const DocumentSettings& settings = truss.Settings;
+  if (settings.SnapObject) {
+    if (const auto near = NearObject(truss, drawing, selfObject, target)) return near;
+  }
+  SnappedPoint point{{x, y}, target.X, target.Y};
+  if (settings.SnapGrid) {
+    point = PointInWorld(graph, NearestGridLine(target.X, settings.XMin, settings.GridX),
+                         NearestGridLine(target.Y, settings.YMin, settings.GridY));
+  }
+  return IsFinite(point) ? std::optional(point) : std::nullopt;
+}

@@ -1,0 +1,102 @@
+// See the header.
+#include "editing/Supports.h"
+
+#include "editing/Erasing.h"
+
+namespace {
+
+// The picture itself follows the mouse, held where it was grabbed. Where it is dropped the mouse says where
+// its point goes.
+class SupportDragging final : public Drag {
+ public:
+  SupportDragging(const EditingContext& on, int support, PixelPoint mouse)
+      : on_(on), index_(support), press_(mouse), before_(on.Picture.Support[support]) {}
+
+  bool IsMoving() const override { return true; }
+
+  void Move(const SnappedPoint& /*point*/, PixelPoint mouse) override {
+    if (!IsThere()) return;
+    moved_ = moved_ || !(mouse == press_);
+    on_.Picture.Support[index_] = {before_.X + mouse.X - press_.X, before_.Y + mouse.Y - press_.Y};
+    on_.ShowDrawing();
+  }
+
+  void Release(const SnappedPoint& point, PixelPoint mouse) override {
+    // A click moves nothing, and a picture that is dropped beside the canvas, where nobody could reach it,
+    // goes back to its place.
+    const bool isOnCanvas = !on_.IsOnCanvas || on_.IsOnCanvas(mouse.X, mouse.Y);
+    Cancel();
+    if (!IsThere() || !isOnCanvas || (!moved_ && mouse == press_)) return;
+    ChangeTruss(on_, [&] {
+      SupportRec& support = on_.Document.Supports[index_];
+      support.X = point.X;
+      support.Y = point.Y;
+      return true;
+    });
+  }
+
+  void Cancel() override {
+    if (!IsThere()) return;
+    on_.Picture.Support[index_] = before_;
+    on_.ShowDrawing();
+  }
+
+ private:
+  bool IsThere() const {
+    return index_ <= on_.Document.NumSupports && on_.Document.Supports[index_].Live &&
+           index_ <= on_.Picture.Support.Size();
+  }
+
+  const EditingContext& on_;
+  int index_;
+  PixelPoint press_, before_;
+  bool moved_ = false;
+};
+
+}  // namespace
+
+std::int16_t NextOrientation(std::int16_t type) {
+  if (type == LastClampType) return 1;
+  if (type == LastSupportType) return LastClampType + 1;
+  return static_cast<std::int16_t>(type + 1);
+}
+
+void ReOrientSupport(Truss& truss, int support) {
+  std::int16_t& type = truss.Supports[support].TypeIndex;
+  type = NextOrientation(type);
+}
+
+void EnableSupports(Drawing& drawing, bool enabled) { drawing.SupportsEnabled = enabled; }
+
+int SupportAt(const Truss& truss, const Drawing& drawing, float x, float y) {
+  if (!drawing.SupportsEnabled) return 0;
+  for (int i = truss.NumSupports; i >= 1; --i) {
+    if (!IsSupportShown(drawing, truss, i)) continue;
+    const PixelPoint picture = drawing.Support[i];
+    if (x < picture.X || x >= picture.X + SupportPictureSize) continue;
+    if (y < picture.Y || y >= picture.Y + SupportPictureSize) continue;
+    return i;
+  }
+  return 0;
+}
+
+bool ActsOnSupports(Tool tool) {
+  return tool == Tool::ReOrientation || tool == Tool::Move || tool == Tool::Erase;
+}
+
+std::unique_ptr<Drag> SupportPressed(const EditingContext& on, int support, PixelPoint mouse) {
+  switch (on.Tools.Selected()) {
+    case Tool::ReOrientation:
+      ReOrientSupport(on.Document, support);
+      on.Redraw();
+      break;
+    case Tool::Move:
+      return std::make_unique<SupportDragging>(on, support, mouse);
+    case Tool::Erase:
+      EraseSupport(on, support);
+      break;
+    default:
+      break;
+  }
+  return nullptr;
+}

@@ -1,0 +1,116 @@
+// What the toolkit's surface puts onto an image, pixel by pixel.
+#include "platform/qt/QtSurface.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPainter>
+#include <algorithm>
+#include <string>
+
+#include "canvas/Arrow.h"
+#include "platform/Palette.h"
+
+namespace {
+
+struct Sheet {
+  explicit Sheet(qreal devicePixelRatio)
+      : Image((QSizeF(200, 150) * devicePixelRatio).toSize(), QImage::Format_RGB32) {
+    Image.setDevicePixelRatio(devicePixelRatio);
+    Image.fill(Qt::white);
+  }
+
+  template <class Paint>
+  void On(Paint paint) {
+    QPainter painter(&Image);
+    QtSurface surface(painter, QRectF(0, 0, 200, 150));
+    paint(surface);
+  }
+
+  QImage Image;
+};
+
+class QtSurfaceAtRatio : public testing::TestWithParam<qreal> {};
+
+INSTANTIATE_TEST_SUITE_P(Ratios, QtSurfaceAtRatio, testing::Values(1.0, 1.25, 1.5, 2.0));
+
+TEST_P(QtSurfaceAtRatio, TheExclusiveOrPenTakesAnArrowBackByteForByte) {
+  Sheet sheet(GetParam());
+  sheet.On([](Surface& surface) {
+    surface.Line(10, 75, 190, 75);
+    DrawArrow(surface, 20, 20, 180, 120, 2, 12, LightRed);
+    surface.PrintText(90, 60, "a name");
+    for (float x = 0; x < 200; x += 10) surface.SetPixel(x, 40);
+  });
+  const QImage before = sheet.Image;
+  const auto arrows = [](Surface& surface) {
+    surface.SetPen(Pen::ExclusiveOr);
+    DrawArrow(surface, 30, 110, 150.5F, 33.25F, 2, 12, DarkGrey);
+    DrawArrow(surface, 100, 10, 100, 140, 2, 12, DarkGrey);
+    DrawArrow(surface, 190, 75, 5, 75, 2, 12, DarkGrey);
+    surface.SetPen(Pen::Copy);
+  };
+  sheet.On(arrows);
+  EXPECT_NE(sheet.Image, before);
+  sheet.On(arrows);
+  ASSERT_EQ(sheet.Image.sizeInBytes(), before.sizeInBytes());
+  EXPECT_TRUE(
+      std::equal(before.constBits(), before.constBits() + before.sizeInBytes(), sheet.Image.constBits()));
+}
+
+TEST(QtSurface, LinesAlongAnAxisAreAsSharpAsThePixels) {
+  Sheet sheet(1);
+  sheet.On([](Surface& surface) { surface.Line(10, 20, 30, 20); });
+  EXPECT_EQ(sheet.Image.pixelColor(10, 20), Qt::black);
+  EXPECT_EQ(sheet.Image.pixelColor(30, 20), Qt::black);
+  EXPECT_EQ(sheet.Image.pixelColor(20, 19), Qt::white);
+  EXPECT_EQ(sheet.Image.pixelColor(20, 21), Qt::white);
+  EXPECT_EQ(sheet.Image.pixelColor(32, 20), Qt::white);
+}
+
+TEST(QtSurface, APixelIsTheNearestOne) {
+  Sheet sheet(1);
+  sheet.On([](Surface& surface) {
+    surface.SetForeground(LightRed);
+    surface.SetPixel(10.4F, 19.6F);
+  });
+  EXPECT_EQ(sheet.Image.pixelColor(10, 20), Qt::red);
+  EXPECT_EQ(sheet.Image.pixelColor(11, 20), Qt::white);
+  EXPECT_EQ(sheet.Image.pixelColor(10, 19), Qt::white);
+}
+
+TEST(QtSurface, LineToGoesOnFromTheLastLinesEnd) {
+  Sheet sheet(1);
+  sheet.On([](Surface& surface) {
+    surface.Line(10, 10, 50, 10);
+    surface.LineTo(50, 60);
+  });
+  EXPECT_EQ(sheet.Image.pixelColor(50, 40), Qt::black);
+}
+
+TEST(QtSurface, ClearingLeavesPenAndFontAsTheyAre) {
+  Sheet sheet(1);
+  sheet.On([](Surface& surface) {
+    surface.SetForeground(LightRed);
+    surface.SetFont({.Points = 10, .Bold = true});
+    const TextExtent bold = surface.Extent("wide");
+    surface.Line(0, 5, 20, 5);
+    surface.Clear();
+    EXPECT_EQ(surface.Extent("wide"), bold);
+    surface.Line(0, 9, 20, 9);
+  });
+  EXPECT_EQ(sheet.Image.pixelColor(10, 5), Qt::white);
+  EXPECT_EQ(sheet.Image.pixelColor(10, 9), Qt::red);
+}
+
+TEST(QtSurface, TextIsPlainAndOnOneLine) {
+  Sheet sheet(1);
+  sheet.On([](Surface& surface) {
+    EXPECT_EQ(surface.Extent("<b>a</b>").Height, surface.Extent("a\r\nb").Height);
+    EXPECT_GT(surface.Extent("<b>a</b>").Width, 3 * surface.Extent("a").Width);
+    EXPECT_LT(surface.Extent(std::string(10'000, 'W')).Width, 5000);
+    surface.PrintText(0, 0, std::string(10'000, 'W'));
+  });
+}
+
+}  // namespace
