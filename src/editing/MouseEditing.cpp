@@ -58,7 +58,8 @@ void MouseEditing::MouseUp(MouseButton button, float x, float y) {
 }
 
 void MouseEditing::KeyDown(float x, float y) {
-  if (IsDragging()) return;
+  if (AwaitsRelease()) return;
+  drag_.reset();
   Press({x, y});
   heldByKey_ = IsDragging();
 }

@@ -87,6 +87,8 @@ void ValueEditor::Fill(Panel& panel, std::array<const char*, 2> labels, double f
   panel.Labels = {labels[0], labels[1]};
   panel.Texts = {SevenDigitText(first, on_.Numbers.DecimalSeparator),
                  SevenDigitText(second, on_.Numbers.DecimalSeparator)};
+  panel.ShownTexts = panel.Texts;
+  panel.ShownValues = {first, second};
 }
 
 void ValueEditor::Update_frNewCoords(int editingKind) {
@@ -124,7 +126,10 @@ void ValueEditor::txtNewCoords_Change(int editingKind, int box, const std::strin
   PanelOf(editingKind).Texts[BoxIndex(box)] = text;
 }
 
-std::optional<float> ValueEditor::Number(const Panel& panel, std::size_t box) const {
+// A box that still shows what it was filled with stands for the value itself: seven digits of 1/3 would move
+// an end by a rounding step and take the joint apart.
+std::optional<double> ValueEditor::Number(const Panel& panel, std::size_t box) const {
+  if (panel.Texts[box] == panel.ShownTexts[box]) return panel.ShownValues[box];
   return ReadTypedNumber(panel.Texts[box], on_.Numbers.DecimalSeparator);
 }
 
@@ -146,7 +151,7 @@ const char* ValueEditor::Refusal(int editingKind) const {
   const auto second = Number(panel, 1);
   if (!first || !second) return NotNumbersText;
   if (panel.Chosen == Notation::Polar && *first <= 0) return MagnitudeText;
-  const RectangularVector values = NewValues(editingKind, double{*first}, double{*second});
+  const RectangularVector values = NewValues(editingKind, *first, *second);
   if (!FitsSingle(values.X) || !FitsSingle(values.Y)) return NotNumbersText;
   if (editingKind == MemberKind) {
     // Also where an offset is too small to be seen beside a large coordinate.
@@ -165,8 +170,7 @@ bool ValueEditor::BadInput(int editingKind) {
 void ValueEditor::cmdNewCoordsOK_Click(int editingKind) {
   if (!IsOpen(editingKind) || BadInput(editingKind)) return;
   const Panel& panel = PanelOf(editingKind);
-  const RectangularVector values =
-      NewValues(editingKind, double{*Number(panel, 0)}, double{*Number(panel, 1)});
+  const RectangularVector values = NewValues(editingKind, *Number(panel, 0), *Number(panel, 1));
   CloseAndDeselect();
   if (editingKind == MemberKind) {
     StoreEnd(values);

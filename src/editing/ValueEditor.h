@@ -79,6 +79,8 @@ class ValueEditor final : public ValueEditorHost {
   struct Panel {
     Notation Chosen = Notation::Absolute;
     std::array<std::string, 2> Labels, Texts;
+    std::array<std::string, 2> ShownTexts{};  // as they were filled in
+    std::array<double, 2> ShownValues{};      // what the shown texts stand for, with all its digits
   };
 
   // World coordinates of a member's ends, as far as they matter here.
@@ -94,7 +96,7 @@ class ValueEditor final : public ValueEditorHost {
   bool EditsSecondEnd() const { return t_ > 0.5F; }
   Ends MemberEnds() const;
   void Fill(Panel& panel, std::array<const char*, 2> labels, double first, double second) const;
-  std::optional<float> Number(const Panel& panel, std::size_t box) const;
+  std::optional<double> Number(const Panel& panel, std::size_t box) const;
   const char* Refusal(int editingKind) const;
   RectangularVector NewValues(int editingKind, double first, double second) const;
   void StoreEnd(RectangularVector end);

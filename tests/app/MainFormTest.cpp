@@ -167,7 +167,7 @@ TEST_F(MainFormTest, NamesAndArrowsAreOnTheDrawingFromStep2On) {
 
 TEST_F(MainFormTest, WhatIsErasedStaysHiddenInEveryStep) {
   Started();
-  truss_ = TrussBuilder().Member(2, 2, 18, 2).Member(2, 2, 10, 10).ThenErased().Roller(2, 2).ThenErased();
+  Draw(TrussBuilder().Member(2, 2, 18, 2).Member(2, 2, 10, 10).ThenErased().Roller(2, 2).ThenErased());
   Click("cmdNext1");
   EXPECT_EQ(NumVisibleLabels(), 1 + 2) << "a member and its two joints";
   Click("cmdPrev2");

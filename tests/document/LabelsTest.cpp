@@ -118,3 +118,84 @@ TEST(Labels, AnErasedElementsLabelsAndArrowsAreTagged) {
   EXPECT_EQ(truss.ArrowLineTags[9], "del");
   EXPECT_EQ(truss.ArrowLineTags[16], "del");
 }
+
+TEST(Labels, FreshIndicesComeFirstEvenWhenThereAreTaggedOnes) {
+  Truss truss = TrussBuilder().Member(0, 0, 1, 0).ThenErased().Member(0, 0, 2, 0);
+  const int labels = truss.NumLabels;
+  truss.Members.GrowTo(++truss.NumMembers);
+  truss.Members[3].Live = true;
+  ASSERT_TRUE(CreateMemberLabels(truss, 3));
+  EXPECT_EQ(truss.Members[3].NameLabel1, labels + 1);
+  EXPECT_EQ(truss.Members[3].ArrowLine1, 20);
+}
+
+TEST(Labels, AtTheLimitAnErasedMembersLabelsAndArrowsAreUsedAgain) {
+  Truss truss = TrussBuilder().Member(0, 0, 1, 0).Member(0, 0, 2, 0, "old").ThenErased();
+  CountUpTo(truss, MaxCount - 1, MaxCount - 2);
+  truss.Members.GrowTo(++truss.NumMembers);
+  truss.Members[3].Live = true;
+  ASSERT_TRUE(CreateMemberLabels(truss, 3));
+  EXPECT_EQ(truss.Members[3].NameLabel1, 3);
+  EXPECT_EQ(truss.Members[3].NameLabel2, 4);
+  EXPECT_EQ(truss.Members[3].ArrowLine1, 12);
+  EXPECT_EQ(truss.Members[3].ArrowLine2, 16);
+  EXPECT_EQ(truss.Labels[3].Caption, "[ ]");
+  EXPECT_EQ(truss.Labels[3].Tag, "");
+  EXPECT_EQ(truss.ArrowLineTags[9], "");
+  EXPECT_EQ(truss.NumLabels, MaxCount - 1);
+  EXPECT_EQ(truss.NumArrowLines, MaxCount - 2);
+  // The erased member no longer points at labels that name something else.
+  EXPECT_EQ(truss.Members[2].NameLabel1, 0);
+  EXPECT_EQ(truss.Members[2].NameLabel2, 0);
+}
+
+TEST(Labels, APairNeedsTwoTaggedLabelsInARow) {
+  Truss truss = Unlabelled();
+  CountUpTo(truss, MaxCount, 0);
+  truss.Labels[10].Tag = truss.Labels[12].Tag = "del";
+  EXPECT_FALSE(CreateMemberLabels(truss, 1));
+  EXPECT_EQ(truss.Labels[10].Tag, "del");
+  truss.Labels[20].Tag = truss.Labels[21].Tag = "del";
+  ASSERT_TRUE(CreateSupportLabels(truss, 1));
+  EXPECT_EQ(truss.Supports[1].NameLabel1, 20);
+  EXPECT_EQ(truss.Supports[1].NameLabel2, 21);
+  EXPECT_EQ(CreateJointLabel(truss), 10);
+  EXPECT_EQ(CreateJointLabel(truss), 12);
+  EXPECT_EQ(CreateJointLabel(truss), 0);
+}
+
+TEST(Labels, AnArrowNeedsFourTaggedSegmentsInARow) {
+  Truss truss = Unlabelled(5);
+  CountUpTo(truss, 0, MaxCount);
+  for (const int segment : {5, 6, 7, 9, 10, 11}) truss.ArrowLineTags[segment] = "del";
+  EXPECT_FALSE(CreateSupportLabels(truss, 1));
+  EXPECT_EQ(truss.NumLabels, 0);
+  truss.ArrowLineTags[8] = "del";
+  ASSERT_TRUE(CreateSupportLabels(truss, 1));
+  EXPECT_EQ(truss.Supports[1].ArrowLine1, 8);
+  EXPECT_EQ(truss.ArrowLineTags[9], "del");
+}
+
+TEST(Labels, TheLastFreshArrowAndThenATaggedOne) {
+  Truss truss = Unlabelled();
+  CountUpTo(truss, 0, MaxCount - 4);
+  for (const int segment : {1, 2, 3, 4}) truss.ArrowLineTags[segment] = "del";
+  ASSERT_TRUE(CreateMemberLabels(truss, 1));
+  EXPECT_EQ(truss.Members[1].ArrowLine1, MaxCount);
+  EXPECT_EQ(truss.Members[1].ArrowLine2, 4);
+}
+
+TEST(Labels, ErasingReusedLabelsFreesThemAgain) {
+  Truss truss = TrussBuilder().Member(0, 0, 1, 0).ThenErased();
+  CountUpTo(truss, MaxCount, MaxCount);
+  for (int i = 2; i <= 300; ++i) {
+    truss.Members.GrowTo(++truss.NumMembers);
+    truss.Members[i].Live = true;
+    ASSERT_TRUE(CreateMemberLabels(truss, i)) << i;
+    EXPECT_EQ(truss.Members[i].NameLabel1, 1);
+    EXPECT_EQ(truss.Members[i].ArrowLine2, 8);
+    EXPECT_FALSE(CreateMemberLabels(truss, i));
+    truss.Members[i].Live = false;
+    DeleteMemberLabels(truss, i);
+  }
+}

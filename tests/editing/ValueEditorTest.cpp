@@ -457,3 +457,24 @@ TEST_F(ValueEditorTest, AClosedPanelCannotBeConfirmed) {
   ExpectMember(0, 0, 3, 4);
   EXPECT_EQ(redraws, 0);
 }
+
+TEST_F(ValueEditorTest, BoxesThatWereNotTypedIntoLeaveTheEndExactlyAsItWas) {
+  const float third = 1.0F / 3;
+  Use(TrussBuilder().Member(0.1F, 0.7F, third, 2 * third));
+  for (const Notation notation : {Notation::Absolute, Notation::Rectangular, Notation::Polar}) {
+    OpenMember(notation);
+    editor.cmdNewCoordsOK_Click(MemberKind);
+    EXPECT_EQ(truss.Members[1].X2, third);
+    EXPECT_EQ(truss.Members[1].Y2, 2 * third);
+  }
+}
+
+TEST_F(ValueEditorTest, OneTypedBoxLeavesTheOtherComponentExactlyAsItWas) {
+  const float third = 1.0F / 3;
+  Use(TrussBuilder().Member(0, 0, third, 1));
+  OpenMember(Notation::Absolute);
+  editor.txtNewCoords_Change(MemberKind, 2, "5");
+  editor.cmdNewCoordsOK_Click(MemberKind);
+  EXPECT_EQ(truss.Members[1].X2, third);
+  EXPECT_EQ(truss.Members[1].Y2, 5);
+}

@@ -1,0 +1,197 @@
+// What is under the mouse, and where a joint may go.
+#include "editing/Picking.h"
+
+#include <limits>
+
+#include "EditingFixture.h"
+
+namespace {
+
+// A flat member from pixel (108, 210) to (308, 210): world (3, 3) to (13, 3).
+Truss Flat() { return TrussBuilder().Member(3, 3, 13, 3); }
+
+constexpr Selection Nothing{};
+
+}  // namespace
+
+TEST(IdentifyObject, FourPointNinePixelsBesideAFlatMemberIsAHitFiveIsNot) {
+  const Editor editor(Flat());
+  EXPECT_EQ(editor.Hit(208, 214.9F), (Selection{ObjectType::Member, 1, 0.5F}));
+  EXPECT_EQ(editor.Hit(208, 205.1F).Type, ObjectType::Member);
+  EXPECT_EQ(editor.Hit(208, 215), Nothing);
+  EXPECT_EQ(editor.Hit(208, 205), Nothing);
+}
+
+TEST(IdentifyObject, NothingBeyondTheEndsCounts) {
+  const Editor editor(Flat());
+  EXPECT_EQ(editor.Hit(108, 210).T, 0);
+  EXPECT_EQ(editor.Hit(308, 210).T, 1);
+  EXPECT_EQ(editor.Hit(107, 210), Nothing);
+  EXPECT_EQ(editor.Hit(309, 210), Nothing);
+}
+
+TEST(IdentifyObject, ASteepMemberIsMeasuredSideways) {
+  const Editor editor(TrussBuilder().Member(3, 1, 3, 9));
+  EXPECT_EQ(editor.Hit(112.9F, 170).Type, ObjectType::Member);
+  EXPECT_EQ(editor.Hit(113, 170), Nothing);
+  EXPECT_EQ(editor.Hit(108, 251), Nothing);
+  EXPECT_EQ(editor.Hit(108, 89), Nothing);
+}
+
+TEST(IdentifyObject, TheToleranceIsMeasuredAlongTheMinorAxisNotAcrossTheLine) {
+  // At 45 degrees 4.9 pixels downward are only 3.5 across; the line counts as flat.
+  const Editor editor(TrussBuilder().Member(0, 0, 10, 10));
+  EXPECT_EQ(editor.Hit(148, 174.9F).Type, ObjectType::Member);
+  EXPECT_EQ(editor.Hit(148, 175), Nothing);
+}
+
+TEST(IdentifyObject, AMemberDrawnBackwardsCountsFromItsOwnEnd1) {
+  const Editor editor(TrussBuilder().Member(13, 3, 3, 3));
+  EXPECT_FLOAT_EQ(editor.Hit(258, 210).T, 0.25F);
+}
+
+TEST(IdentifyObject, AMemberWinsOverAForceAndTheLowestIndexWins) {
+  const Editor editor(TrussBuilder().Force(3, 3, 10000, 0).Member(5, 0, 5, 6).Member(3, 3, 13, 3));
+  EXPECT_EQ(editor.Hit(148, 210).Index, 1);
+  EXPECT_EQ(editor.Hit(208, 210), (Selection{ObjectType::Member, 2, 0.5F}));
+}
+
+TEST(IdentifyObject, AForceIsPickedOnItsArrow) {
+  const Editor editor(TrussBuilder().Force(3, 3, 5000, 0));
+  EXPECT_EQ(editor.Hit(150, 214.9F), (Selection{ObjectType::Force, 1, 0}));
+  EXPECT_EQ(editor.Hit(150, 215), Nothing);
+  EXPECT_EQ(editor.Hit(209, 210), Nothing);
+}
+
+TEST(IdentifyObject, ErasedElementsAreNeverHit) {
+  const Editor editor(TrussBuilder().Member(3, 3, 13, 3).ThenErased().Force(3, 3, 5000, 0).ThenErased());
+  EXPECT_EQ(editor.Hit(150, 210), Nothing);
+}
+
+TEST(IdentifyObject, AnArrowOfNoLengthIsNeverHit) {
+  const Editor editor(TrussBuilder().Force(3, 3, 0, 0));
+  EXPECT_EQ(editor.Hit(108, 210), Nothing);
+}
+
+TEST(IdentifyObject, ExactlyTheMiddleMakesEnd1Big) {
+  Editor editor(Flat());
+  IdentifyObject(editor.Document, editor.Picture, 208, 210);
+  EXPECT_EQ(editor.BigHandle(), (PixelPoint{108, 210}));
+  EXPECT_EQ(editor.SmallHandle(), (PixelPoint{308, 210}));
+}
+
+TEST(IdentifyObject, TheNearerEndIsBig) {
+  Editor editor(Flat());
+  IdentifyObject(editor.Document, editor.Picture, 209, 210);
+  EXPECT_EQ(editor.BigHandle(), (PixelPoint{308, 210}));
+  EXPECT_EQ(editor.SmallHandle(), (PixelPoint{108, 210}));
+  EXPECT_TRUE(editor.HandlesAreShown());
+  EXPECT_FALSE(editor.Picture.SupportsEnabled);
+}
+
+TEST(IdentifyObject, AForcesBigHandleIsAtItsHead) {
+  Editor editor(TrussBuilder().Force(3, 3, 5000, 0));
+  IdentifyObject(editor.Document, editor.Picture, 110, 210);
+  EXPECT_EQ(editor.BigHandle(), (PixelPoint{208, 210}));
+  EXPECT_EQ(editor.SmallHandle(), (PixelPoint{108, 210}));
+}
+
+TEST(OKLocation, AnObjectWithinTenPixelsWinsOverTheGrid) {
+  const Editor editor(TrussBuilder().Member(3.23F, 3.11F, 13, 3));
+  const auto near = editor.Snap(48 + 20 * 3.23F + 9.9F, 270 - 20 * 3.11F - 9.9F);
+  EXPECT_EQ(near->X, 3.23F);
+  EXPECT_EQ(near->Y, 3.11F);
+  EXPECT_EQ(near->Pixel, editor.Picture.Rod[1].End1());
+  EXPECT_EQ(editor.Snap(48 + 20 * 3.23F + 10.1F, 207.8F)->X, 3.5F);
+  EXPECT_EQ(editor.Snap(112.6F, 207.8F + 10.1F)->Y, 2.5F);
+}
+
+TEST(OKLocation, TheToleranceIsTenPixelsOnEachAxisOfItsOwn) {
+  Truss truss = Flat();
+  truss.Settings.SnapGrid = false;
+  truss.Settings.XMax = 40;  // 10 pixels to the unit; the corner of the square is 14 pixels away
+  const Editor editor(truss);
+  const PixelPoint end = editor.Picture.Rod[1].End1();
+  EXPECT_EQ(editor.Snap(end.X + 9.9F, end.Y + 9.9F)->X, 3);
+  EXPECT_NE(editor.Snap(end.X + 10.1F, end.Y)->X, 3);
+  EXPECT_NE(editor.Snap(end.X, end.Y - 10.1F)->Y, 3);
+}
+
+TEST(OKLocation, MembersComeBeforeSupportsAndSupportsBeforeForces) {
+  const TrussBuilder all = TrussBuilder().Force(5, 5.1F, 1000, 0).Clamp(5.1F, 5).Member(5.2F, 5, 9, 9);
+  EXPECT_EQ(Editor(all).Snap(148, 170)->X, 5.2F);
+  EXPECT_EQ(Editor(TrussBuilder().Force(5, 5.1F, 1000, 0).Clamp(5.1F, 5)).Snap(148, 170)->X, 5.1F);
+  EXPECT_EQ(Editor(TrussBuilder().Force(5, 5.1F, 1000, 0)).Snap(148, 170)->Y, 5.1F);
+}
+
+TEST(OKLocation, TheFirstThatIsNearWinsNotTheNearest) {
+  const Editor editor(TrussBuilder().Member(5.2F, 5, 9, 9).Member(5, 5, 9, 5).Member(1, 1, 5.1F, 5));
+  EXPECT_EQ(editor.Snap(148, 170)->X, 5.2F);
+  EXPECT_EQ(editor.Snap(148, 170, 1)->X, 5);
+}
+
+TEST(OKLocation, End1ComesBeforeEnd2) {
+  const Editor editor(TrussBuilder().Member(5.3F, 5, 5, 5));
+  EXPECT_EQ(editor.Snap(148, 170)->X, 5.3F);
+}
+
+TEST(OKLocation, AMemberNeverSnapsToItsOwnEnds) {
+  const Editor editor(TrussBuilder().Member(5.2F, 5.2F, 9, 9));
+  EXPECT_EQ(editor.Snap(148, 170)->X, 5.2F);
+  EXPECT_EQ(editor.Snap(148, 170, 1)->X, 5);
+}
+
+TEST(OKLocation, ErasedElementsAttractNothing) {
+  const Editor editor(TrussBuilder()
+                          .Member(5.2F, 5, 9, 9)
+                          .ThenErased()
+                          .Clamp(5.2F, 5)
+                          .ThenErased()
+                          .Force(5.2F, 5, 1000, 0)
+                          .ThenErased());
+  EXPECT_EQ(editor.Snap(148, 170)->X, 5);
+}
+
+TEST(OKLocation, GridPointsAreCountedFromTheMinimumAndHalvesGoUp) {
+  Truss truss = TrussBuilder();
+  truss.Settings.XMin = 0.5F;
+  truss.Settings.XMax = 20.5F;
+  truss.Settings.YMin = 0.25F;
+  truss.Settings.GridX = truss.Settings.GridY = 1;
+  const Editor editor(truss);
+  EXPECT_EQ(editor.Snap(48, 270)->X, 0.5F);
+  EXPECT_EQ(editor.Snap(57, 270)->X, 0.5F);
+  EXPECT_EQ(editor.Snap(58, 270)->X, 1.5F);
+  EXPECT_EQ(editor.Snap(58, 270)->Pixel, (PixelPoint{68, 270}));
+  EXPECT_EQ(editor.Snap(80, 270)->X, 2.5F);
+  EXPECT_EQ(editor.Snap(48, 261)->Y, 0.25F);
+  EXPECT_EQ(editor.Snap(48, 259)->Y, 1.25F);
+  EXPECT_EQ(editor.Snap(37, 270)->X, -0.5F);
+}
+
+TEST(OKLocation, WithoutSnappingThePointIsTheMouse) {
+  Truss truss = Flat();
+  truss.Settings.SnapGrid = truss.Settings.SnapObject = false;
+  const Editor editor(truss);
+  EXPECT_EQ(editor.Snap(111, 213), (SnappedPoint{{111, 213}, 3.15F, 2.85F}));
+}
+
+TEST(OKLocation, ObjectsCountOnlyWhenTheyShould) {
+  Truss truss = TrussBuilder().Member(3.2F, 3, 13, 3);
+  truss.Settings.SnapObject = false;
+  EXPECT_EQ(Editor(truss).Snap(112, 210)->X, 3);
+}
+
+TEST(OKLocation, RefusesWhatIsNoPlace) {
+  constexpr float nan = std::numeric_limits<float>::quiet_NaN();
+  Editor editor(Flat());
+  EXPECT_EQ(editor.Snap(nan, 100), std::nullopt);
+  EXPECT_EQ(editor.Snap(100, std::numeric_limits<float>::infinity()), std::nullopt);
+  editor.Document.Settings.GridX = 0;
+  EXPECT_EQ(editor.Snap(300, 100), std::nullopt);
+  editor.Document.Settings.GridX = 1;
+  editor.Document.Settings.XMax = 0;
+  editor.Redraw();
+  EXPECT_EQ(editor.Snap(100, 100), std::nullopt);
+  EXPECT_EQ(editor.Hit(48, 210), Nothing);
+}
