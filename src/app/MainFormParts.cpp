@@ -2,9 +2,11 @@
 #include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPainter>
 #include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QStyle>
 
 #include "app/AboutForm.h"
 #include "app/InstructionFrame.h"
@@ -17,6 +19,20 @@ namespace {
 constexpr int StartWidth = 566;  // pixels: 8490 twips
 constexpr int StartHeight = 600;
 constexpr int ReportOffset = 60;  // the report window stands this far right of and below the main window
+
+// A panel of the status bar. The blanks around a text would push the first of two lines out of line.
+class StatusPanel final : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    const int flags = static_cast<int>(alignment()) | (wordWrap() ? Qt::TextWordWrap : Qt::TextSingleLine);
+    style()->drawItemText(&painter, contentsRect(), flags, palette(), isEnabled(), text().trimmed(),
+                          foregroundRole());
+  }
+};
 
 }  // namespace
 
@@ -143,12 +159,12 @@ void MainForm::CreateStatusBar() {
   // The longest texts need two lines in the window as it starts.
   statusBar()->setFixedHeight(2 * fontMetrics().height() + 6);
   for (int i = 1; i <= 2; ++i) {
-    auto* panel = new QLabel(statusBar());
+    auto* panel = new StatusPanel(statusBar());
     panel->setObjectName(QStringLiteral("StatusBar1(%1)").arg(i));
     panel->setTextFormat(Qt::PlainText);
     panel->setWordWrap(i == 1);
     panel->setAlignment(Qt::AlignVCenter | (i == 1 ? Qt::AlignLeft : Qt::AlignRight));
-    panel->setContentsMargins(4, 0, 4, 0);
+    panel->setContentsMargins(8, 0, 8, 0);
     statusPanels_[static_cast<std::size_t>(i - 1)] = panel;
   }
 }

@@ -4,12 +4,10 @@
 #include <algorithm>
 #include <array>
 #include <string>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
 #include "canvas/SupportPicture.h"
-#include "document/JointList.h"
 
 namespace {
 
@@ -23,23 +21,16 @@ RectangleCorners Rectangle(float left, float top, float width, float height) {
   return {{{x1, y1}, {x2, y1}, {x2, y2}, {x1, y2}}};
 }
 
-enum class Names { AForce, AJoint, ASupportedJoint };
+// Whether a label, by its index, names a joint.
+using JointLabels = std::vector<bool>;
 
-// What a label names, by its index.
-using LabelKinds = std::vector<Names>;
-
-LabelKinds FindKinds(const Drawing& drawing, const Truss& truss) {
-  LabelKinds kinds(static_cast<std::size_t>(drawing.lblRodJoint.Size()) + 1);
-  std::unordered_set<PositionKey, PositionHash> supported;
-  for (const SupportRec& support : truss.SupportsInUse()) {
-    if (support.Live) supported.insert(PositionKey(support.X, support.Y));
-  }
+JointLabels FindJointLabels(const Drawing& drawing, const Truss& truss) {
+  JointLabels isOfJoint(static_cast<std::size_t>(drawing.lblRodJoint.Size()) + 1);
   for (const JointRec& joint : truss.JointsInUse()) {
     const auto label = static_cast<std::size_t>(joint.NameLabel);
-    if (label >= kinds.size()) continue;
-    kinds[label] = supported.contains(PositionKey(joint.X, joint.Y)) ? Names::ASupportedJoint : Names::AJoint;
+    if (label < isOfJoint.size()) isOfJoint[label] = true;
   }
-  return kinds;
+  return isOfJoint;
 }
 
 void PaintLabelPaper(Surface& surface, const LabelPlace& place) {
@@ -47,13 +38,12 @@ void PaintLabelPaper(Surface& surface, const LabelPlace& place) {
 }
 
 // A joint's name covers its members, but neither its pin nor its support, on which it stands.
-void PaintJointPapers(Surface& surface, const Drawing& drawing, const LabelKinds& kinds) {
+void PaintJointPapers(Surface& surface, const Drawing& drawing, const JointLabels& isOfJoint) {
   for (int i = 1; i <= drawing.lblRodJoint.Size(); ++i) {
     const LabelPlace& place = drawing.lblRodJoint[i];
     // Members that run along the name's left or top edge keep their whole width.
     constexpr float inset = RodLineWidth;
-    const bool isOfJoint = kinds[static_cast<std::size_t>(i)] != Names::AForce;
-    if (!place.Visible || !isOfJoint || place.Width <= inset) continue;
+    if (!place.Visible || !isOfJoint[static_cast<std::size_t>(i)] || place.Width <= inset) continue;
     surface.FillPolygon(
         Rectangle(place.Left + inset, place.Top + inset, place.Width - inset, place.Height - inset), White);
   }
@@ -98,8 +88,8 @@ void PaintArrows(Surface& surface, const Drawing& drawing) {
   }
 }
 
-// A rim of white around the letters, which stand on the picture of a support.
-void PaintHalo(Surface& surface, float left, float top, const std::string& name) {
+// A rim of white around the letters, which stand between arrows or on the picture of a support.
+void PaintRim(Surface& surface, float left, float top, const std::string& name) {
   static constexpr PixelPoint ring[] = {{-2, 0}, {2, 0}, {0, -2},  {0, 2},  {-2, -1}, {-2, 1},
                                         {2, -1}, {2, 1}, {-1, -2}, {1, -2}, {-1, 2},  {1, 2}};
   surface.SetForeground(White);
@@ -107,25 +97,36 @@ void PaintHalo(Surface& surface, float left, float top, const std::string& name)
   surface.SetForeground(Black);
 }
 
-void PaintName(Surface& surface, const LabelPlace& place, const NameLabel& name, Names kind) {
+void PaintForceName(Surface& surface, const LabelPlace& place, const NameLabel& name) {
+  PaintLabelPaper(surface, place);
   surface.SetFont({.Points = name.FontSize, .Bold = name.Bold});
-  const float left = OntoPaper(kind == Names::AForce ? place.Left : place.Left + JointNameInset);
+  surface.PrintText(OntoPaper(place.Left), OntoPaper(place.Top), name.Caption);
+}
+
+void PaintJointName(Surface& surface, const LabelPlace& place, const NameLabel& name, bool withRim) {
+  const float left = OntoPaper(place.Left + JointNameInset);
   const float top = OntoPaper(place.Top);
-  if (kind == Names::ASupportedJoint) PaintHalo(surface, left, top, name.Caption);
+  surface.SetFont({.Points = name.FontSize, .Bold = name.Bold});
+  if (withRim) PaintRim(surface, left, top, name.Caption);
   surface.PrintText(left, top, name.Caption);
 }
 
-void PaintLabels(Surface& surface, const Drawing& drawing, const Truss& truss, const LabelKinds& kinds) {
+void PaintLabels(Surface& surface, const Drawing& drawing, const Truss& truss, const JointLabels& isOfJoint) {
   std::vector<int> visible;
   for (int i = 1; i <= drawing.lblRodJoint.Size(); ++i) {
     if (drawing.lblRodJoint[i].Visible) visible.push_back(i);
   }
   std::ranges::sort(visible, {}, [&drawing](int i) { return drawing.lblRodJoint[i].Rank; });
+  // The names of more joints cover each other anyway, and rims take time.
+  constexpr int mostRims = 300;
+  const bool withRims = truss.NumJoints <= mostRims;
   for (const int i : visible) {
     const LabelPlace& place = drawing.lblRodJoint[i];
-    const Names kind = kinds[static_cast<std::size_t>(i)];
-    if (kind == Names::AForce) PaintLabelPaper(surface, place);
-    PaintName(surface, place, truss.Labels[i], kind);
+    if (isOfJoint[static_cast<std::size_t>(i)]) {
+      PaintJointName(surface, place, truss.Labels[i], withRims);
+    } else {
+      PaintForceName(surface, place, truss.Labels[i]);
+    }
   }
   surface.SetFont(TextFont{});
 }
@@ -139,12 +140,12 @@ void PaintHandle(Surface& surface, const MoveHandle& handle, float size) {
 void PaintDrawing(Surface& surface, const Drawing& drawing, const Truss& truss) {
   surface.SetForeground(Black);
   PaintRods(surface, drawing, truss);
-  const LabelKinds kinds = FindKinds(drawing, truss);
-  PaintJointPapers(surface, drawing, kinds);
+  const JointLabels isOfJoint = FindJointLabels(drawing, truss);
+  PaintJointPapers(surface, drawing, isOfJoint);
   PaintPins(surface, drawing, truss);
   PaintSupports(surface, drawing, truss);
   PaintArrows(surface, drawing);
-  PaintLabels(surface, drawing, truss, kinds);
+  PaintLabels(surface, drawing, truss, isOfJoint);
   PaintHandle(surface, drawing.MoveHandleB, MoveHandleBSize);
   PaintHandle(surface, drawing.MoveHandleS, MoveHandleSSize);
 }

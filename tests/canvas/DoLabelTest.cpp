@@ -114,6 +114,7 @@ TEST(DoLabel, RefusesToPassTheLargestCounterAndChangesNothing) {
   truss.Members.Resize(1);
   truss.NumMembers = 1;
   truss.NumLabels = MaxCount - 1;
+  truss.Labels.Resize(truss.NumLabels);
   EXPECT_FALSE(DoLabel(drawing, truss, RecordingSurface::Measure, LabelMode::Create, LabelClass::Member, 1));
   EXPECT_EQ(truss.NumLabels, MaxCount - 1);
   EXPECT_EQ(drawing.lblRodJoint.Size(), 0);

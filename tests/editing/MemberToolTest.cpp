@@ -85,8 +85,8 @@ TEST(MemberTool, TwoPixelsThatRoundToOneWorldPointMakeNoMember) {
   truss.Settings.YMin = 16777216;
   Editor editor(truss);
   editor.Use(Tool::TrussMember);
-  editor.Mouse.MouseDown(MouseButton::Left, 148, 170);
-  editor.Mouse.MouseUp(MouseButton::Left, 149, 170);
+  editor.Mouse.MouseDown(MouseButton::Left, 150, 170);
+  editor.Mouse.MouseUp(MouseButton::Left, 151, 170);
   EXPECT_EQ(editor.Document.NumMembers, 0);
 }
 

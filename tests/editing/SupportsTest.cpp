@@ -22,11 +22,11 @@ TEST(ReOrientSupport, FourTurnsBringASupportBack) {
   Editor editor(ClampAndRoller());
   editor.Use(Tool::ReOrientation);
   const std::string before = Everything(editor.Document);
-  for (const std::int16_t type : {2, 3, 4, 1}) {
+  for (const int type : {2, 3, 4, 1}) {
     editor.Click(2, 2);
     EXPECT_EQ(editor.Document.Supports[1].TypeIndex, type);
   }
-  for (const std::int16_t type : {6, 7, 8, 5}) {
+  for (const int type : {6, 7, 8, 5}) {
     editor.Click(9, 2);
     EXPECT_EQ(editor.Document.Supports[2].TypeIndex, type);
   }

@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "canvas/Arrow.h"
@@ -66,6 +67,37 @@ TEST(QtSurface, LinesAlongAnAxisAreAsSharpAsThePixels) {
   EXPECT_EQ(sheet.Image.pixelColor(20, 19), Qt::white);
   EXPECT_EQ(sheet.Image.pixelColor(20, 21), Qt::white);
   EXPECT_EQ(sheet.Image.pixelColor(32, 20), Qt::white);
+}
+
+// How many pixels of the device are black in a row.
+int BlackIn(const QImage& image, int row) {
+  int count = 0;
+  for (int x = 0; x < image.width(); ++x) count += image.pixelColor(x, row) == Qt::black;
+  return count;
+}
+
+TEST_P(QtSurfaceAtRatio, LinesAlongAnAxisAreAllEquallyWide) {
+  for (const int width : {1, 2}) {
+    for (float x = 50; x < 60; ++x) {
+      Sheet sheet(GetParam());
+      sheet.On([&](Surface& surface) {
+        surface.SetLineWidth(width);
+        surface.Line(x, 20, x, 100);
+      });
+      EXPECT_EQ(BlackIn(sheet.Image, 80), std::max(1L, std::lround(width * GetParam()))) << x;
+    }
+  }
+}
+
+TEST_P(QtSurfaceAtRatio, DotsAreAllEquallyLarge) {
+  for (float x = 50; x < 60; ++x) {
+    Sheet sheet(GetParam());
+    sheet.On([&](Surface& surface) { surface.SetPixel(x, 20); });
+    int dots = 0;
+    for (int row = 0; row < sheet.Image.height(); ++row) dots += BlackIn(sheet.Image, row);
+    const long side = std::max(1L, std::lround(GetParam()));
+    EXPECT_EQ(dots, side * side) << x;
+  }
 }
 
 TEST(QtSurface, APixelIsTheNearestOne) {

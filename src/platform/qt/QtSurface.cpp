@@ -1,9 +1,11 @@
-// Lines along an axis are painted without smoothing, so that they are as sharp as the pixels; sloping lines
-// are smoothed, but not with the exclusive-or pen, whose second stroke must take back exactly what the first
-// did.
+// Lines along an axis are painted as whole pixels of the device, all equally wide at every device pixel
+// ratio; sloping lines are smoothed, but not with the exclusive-or pen, whose second stroke must take back
+// exactly what the first did.
 #include "platform/qt/QtSurface.h"
 
 #include <QPolygonF>
+#include <QTransform>
+#include <algorithm>
 #include <cmath>
 
 #include "platform/Palette.h"
@@ -18,6 +20,18 @@ QColor ColourOf(int paletteIndex) {
 
 // The centre of the pixel that covers a coordinate.
 QPointF PixelCentre(double x, double y) { return QPointF(std::floor(x) + 0.5, std::floor(y) + 0.5); }
+
+// Where the stroke from one pixel centre to another begins and ends along one axis of the device, in whole
+// device pixels.
+struct DeviceSpan {
+  double Begin, End;
+};
+
+DeviceSpan SpanOf(double centre1, double centre2, double width) {
+  const double half = width / 2;
+  return {std::floor(std::min(centre1, centre2) - half + 0.5),
+          std::floor(std::max(centre1, centre2) + half + 0.5)};
+}
 
 }  // namespace
 
@@ -37,7 +51,8 @@ QtSurface::QtSurface(QPainter& painter, const QRectF& clearArea)
 void QtSurface::Clear() { painter_.fillRect(clearArea_, Qt::white); }
 
 void QtSurface::SetPixel(float x, float y) {
-  painter_.fillRect(QRectF(std::round(double{x}), std::round(double{y}), 1, 1), foreground_);
+  const QPointF centre = PixelCentre(std::round(double{x}), std::round(double{y}));
+  FillStroke(centre, centre, 1);
 }
 
 void QtSurface::Line(float x1, float y1, float x2, float y2) {
@@ -48,13 +63,25 @@ void QtSurface::Line(float x1, float y1, float x2, float y2) {
 void QtSurface::LineTo(float x, float y) {
   const QPointF end(double{x}, double{y});
   const bool alongAxis = current_.x() == end.x() || current_.y() == end.y();
-  painter_.setRenderHint(QPainter::Antialiasing, !alongAxis && !exclusiveOr_);
   if (alongAxis) {
-    painter_.drawLine(PixelCentre(current_.x(), current_.y()), PixelCentre(end.x(), end.y()));
+    FillStroke(PixelCentre(current_.x(), current_.y()), PixelCentre(end.x(), end.y()), lineWidth_);
   } else {
+    painter_.setRenderHint(QPainter::Antialiasing, !exclusiveOr_);
     painter_.drawLine(current_ + QPointF(0.5, 0.5), end + QPointF(0.5, 0.5));
   }
   current_ = end;
+}
+
+void QtSurface::FillStroke(const QPointF& from, const QPointF& to, int width) {
+  const QTransform toDevice = painter_.combinedTransform();
+  const QPointF from1 = toDevice.map(from);
+  const QPointF to1 = toDevice.map(to);
+  const double deviceWidth = std::max(1.0, std::round(width * std::abs(toDevice.m11())));
+  const DeviceSpan across = SpanOf(from1.x(), to1.x(), deviceWidth);
+  const DeviceSpan down = SpanOf(from1.y(), to1.y(), deviceWidth);
+  const QRectF pixels(QPointF(across.Begin, down.Begin), QPointF(across.End, down.End));
+  painter_.setRenderHint(QPainter::Antialiasing, false);
+  painter_.fillRect(toDevice.inverted().mapRect(pixels), foreground_);
 }
 
 void QtSurface::FillPolygon(std::span<const PixelPoint> corners, int paletteIndex) {

@@ -33,6 +33,9 @@ class QtSurface final : public Surface {
  private:
   void ApplyPen();
 
+  /// A stroke along an axis from one pixel centre to another, in whole pixels of the device.
+  void FillStroke(const QPointF& from, const QPointF& to, int width);
+
   QPainter& painter_;
   QRectF clearArea_;
   QPointF current_;
