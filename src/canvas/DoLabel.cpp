@@ -189,11 +189,13 @@ void RemoveLabels(Drawing& drawing, Truss& truss, LabelClass labelClass, int ind
 }
 
 void PlaceElementLabels(Drawing& drawing, const Truss& truss, const TextMeasure& measure) {
+  // An element that is still being drawn lives, but has no labels yet.
+  const auto hasLabels = [](const auto& record) { return record.Live && record.NameLabel1 != 0; };
   for (int i = 1; i <= truss.NumSupports; ++i) {
-    if (truss.Supports[i].Live) PlaceSupportLabels(drawing, truss, measure, i);
+    if (hasLabels(truss.Supports[i])) PlaceSupportLabels(drawing, truss, measure, i);
   }
   for (int i = 1; i <= truss.NumMembers; ++i) {
-    if (truss.Members[i].Live) PlaceMemberLabels(drawing, truss, measure, i);
+    if (hasLabels(truss.Members[i])) PlaceMemberLabels(drawing, truss, measure, i);
   }
 }
 

@@ -170,5 +170,5 @@ TEST(DoLabel, RefreshingJointsMakesTheLabelsThatAreMissing) {
   EXPECT_TRUE(RefreshJoints(drawing, truss, RecordingSurface::Measure));
   EXPECT_EQ(truss.NumLabels, 5);
   EXPECT_EQ(truss.Labels[4].Tag, DeletedTag);
-  ExpectPlace(drawing.lblRodJoint[5], At(208, 170, 21, 12));
+  ExpectPlace(drawing.lblRodJoint[5], At(208, 170, 21 + JointNameInset, 12));
 }

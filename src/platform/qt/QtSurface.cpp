@@ -4,7 +4,6 @@
 #include "platform/qt/QtSurface.h"
 
 #include <QPolygonF>
-#include <QTransform>
 #include <algorithm>
 #include <cmath>
 
@@ -43,7 +42,11 @@ QFont CanvasFont(const TextFont& font) {
 }
 
 QtSurface::QtSurface(QPainter& painter, const QRectF& clearArea)
-    : painter_(painter), clearArea_(clearArea), metrics_(painter.font()) {
+    : painter_(painter),
+      clearArea_(clearArea),
+      toDevice_(painter.combinedTransform()),
+      fromDevice_(toDevice_.inverted()),
+      metrics_(painter.font()) {
   SetForeground(Black);
   SetFont(TextFont{});
 }
@@ -73,15 +76,14 @@ void QtSurface::LineTo(float x, float y) {
 }
 
 void QtSurface::FillStroke(const QPointF& from, const QPointF& to, int width) {
-  const QTransform toDevice = painter_.combinedTransform();
-  const QPointF from1 = toDevice.map(from);
-  const QPointF to1 = toDevice.map(to);
-  const double deviceWidth = std::max(1.0, std::round(width * std::abs(toDevice.m11())));
-  const DeviceSpan across = SpanOf(from1.x(), to1.x(), deviceWidth);
-  const DeviceSpan down = SpanOf(from1.y(), to1.y(), deviceWidth);
+  const QPointF begin = toDevice_.map(from);
+  const QPointF end = toDevice_.map(to);
+  const double deviceWidth = std::max(1.0, std::round(width * std::abs(toDevice_.m11())));
+  const DeviceSpan across = SpanOf(begin.x(), end.x(), deviceWidth);
+  const DeviceSpan down = SpanOf(begin.y(), end.y(), deviceWidth);
   const QRectF pixels(QPointF(across.Begin, down.Begin), QPointF(across.End, down.End));
   painter_.setRenderHint(QPainter::Antialiasing, false);
-  painter_.fillRect(toDevice.inverted().mapRect(pixels), foreground_);
+  painter_.fillRect(fromDevice_.mapRect(pixels), foreground_);
 }
 
 void QtSurface::FillPolygon(std::span<const PixelPoint> corners, int paletteIndex) {

@@ -5,6 +5,7 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QTransform>
 
 #include "platform/Surface.h"
 
@@ -14,8 +15,8 @@ QFont CanvasFont(const TextFont& font);
 
 class QtSurface final : public Surface {
  public:
-  /// Paints with a painter that is active as long as this object; `clearArea` is what Clear fills, in the
-  /// painter's coordinates.
+  /// Paints with a painter that is active, and keeps its transformation, as long as this object; `clearArea`
+  /// is what Clear fills, in the painter's coordinates.
   QtSurface(QPainter& painter, const QRectF& clearArea);
 
   void Clear() override;
@@ -38,6 +39,8 @@ class QtSurface final : public Surface {
 
   QPainter& painter_;
   QRectF clearArea_;
+  QTransform toDevice_;
+  QTransform fromDevice_;
   QPointF current_;
   QColor foreground_;
   int lineWidth_ = 1;
