@@ -1,7 +1,6 @@
 // What is shown in which step, and what lies under a pixel.
 #include "canvas/Drawing.h"
 
-
 #include "CanvasFixture.h"
 #include "canvas/DoLabel.h"
 

@@ -38,6 +38,7 @@ TEST(ToolPalette, EveryHintBeginsAndEndsWithABlankAndNamesItsTool) {
     const std::string hint = ToolHint(tool);
     EXPECT_EQ(hint.front(), ' ');
     EXPECT_EQ(hint.back(), ' ');
-    EXPECT_NE(hint.find(std::string("the ") + ToolName(tool) + " Tool is selected, click"), std::string::npos);
+    EXPECT_NE(hint.find(std::string("the ") + ToolName(tool) + " Tool is selected, click"),
+              std::string::npos);
   }
 }
