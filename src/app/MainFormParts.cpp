@@ -183,7 +183,7 @@ void MainForm::CreateFileMenu() {
   mnuFile_->setObjectName(QStringLiteral("mnuFile"));
   connect(mnuFile_, &QMenu::aboutToShow, this, &MainForm::mnuFile_Click);
   connect(mnuFile_, &QMenu::aboutToHide, this, &MainForm::ShowStepStatus);
-  const auto add = [this](const char* name, const QString& text, QKeySequence keys, auto handler) {
+  const auto add = [this](const char* name, const QString& text, const QKeySequence& keys, auto handler) {
     QAction* action = mnuFile_->addAction(text);
     action->setObjectName(QString::fromLatin1(name));
     action->setShortcut(keys);

@@ -221,6 +221,7 @@ QWidget* OptionsDialog::SwitchesFrame() {
 
 void OptionsDialog::FixTabOrder() {
   std::vector<QWidget*> order;
+  order.reserve(SettingsBoxes.size());
   for (const SettingsBox box : SettingsBoxes) order.push_back(txtDim[box]);
   order.insert(order.end(), {cmbSigFigs, cmbFontSize, chkShowRulers, chkSnapGrid, chkShowGrid, chkSnapObject,
                              cmdFactory, cmdClose, cmdCancel});

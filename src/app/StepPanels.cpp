@@ -14,9 +14,15 @@ constexpr int StepButtonWidth = 60;
 }  // namespace
 
 void StepNavigation::Layout(int windowWidth) const {
-  if (Next != nullptr) Next->move(windowWidth - NextButtonFromRight, ButtonTop);
-  if (Prev != nullptr) Prev->move(windowWidth - PrevButtonFromRight, ButtonTop);
-  const int spaceEnd = Prev != nullptr ? Prev->x() : Next->x();
+  int spaceEnd = windowWidth;
+  if (Next != nullptr) {
+    spaceEnd = windowWidth - NextButtonFromRight;
+    Next->move(spaceEnd, ButtonTop);
+  }
+  if (Prev != nullptr) {
+    spaceEnd = windowWidth - PrevButtonFromRight;
+    Prev->move(spaceEnd, ButtonTop);
+  }
   const int space = std::max(0, spaceEnd - CaptionLeft);
   Caption->setFixedWidth(std::min(Caption->sizeHint().width(), std::max(space - 4, 0)));
   Caption->setFixedHeight(StepPanelHeight);

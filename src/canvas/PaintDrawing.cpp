@@ -66,8 +66,7 @@ void PaintPins(Surface& surface, const Drawing& drawing, const Truss& truss) {
     places.push_back(drawing.Pin2[i]);
   }
   std::ranges::sort(places, {}, [](const PixelPoint& place) { return std::pair(place.X, place.Y); });
-  const auto doubled = std::ranges::unique(places);
-  places.erase(doubled.begin(), doubled.end());
+  places.erase(std::unique(places.begin(), places.end()), places.end());
 
   constexpr float radius = PinSize / 2;
   for (const PixelPoint& place : places) {

@@ -142,7 +142,7 @@ void ReportGrid::ShowHeaderColumn(int width) {
 void ReportGrid::CopySelection(bool withHeaders) {
   const QItemSelection ranges = selectionModel()->selection();
   if (ranges.isEmpty()) return;
-  const QItemSelectionRange range = ranges.first();  // selections are contiguous
+  const QItemSelectionRange& range = ranges.first();  // selections are contiguous
   QApplication::setOverrideCursor(Qt::WaitCursor);   // a whole large matrix is millions of cells
   QStringList lines;
   if (withHeaders) {

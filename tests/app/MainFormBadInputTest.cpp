@@ -150,23 +150,36 @@ TEST_F(MainFormBadInput, ARedrawWhileTheMessageIsOpenDoesNotAskAgain) {
   EXPECT_EQ(restless.Shown.size(), 1U);
 }
 
-class MainFormOddSettings : public MainFormBadInput, public testing::WithParamInterface<DocumentSettings> {};
+struct OddSettings {
+  const char* Kind;
+  DocumentSettings Settings;
 
-INSTANTIATE_TEST_SUITE_P(
-    All, MainFormOddSettings,
-    testing::Values(DocumentSettings{.XMin = 5, .XMax = 5}, DocumentSettings{.XMin = 9, .XMax = -9},
-                    DocumentSettings{.HatchSpacing = 0.0}, DocumentSettings{.HatchSpacing = -1.0},
-                    DocumentSettings{.HatchSpacing = 1e-30}, DocumentSettings{.GridX = 0},
-                    DocumentSettings{.GridX = -1, .GridY = -1}, DocumentSettings{.GridY = 0},
-                    DocumentSettings{.ForceScale = 0}, DocumentSettings{.ForceScale = -1e-30F},
-                    DocumentSettings{.XMin = -3e38F, .XMax = 3e38F},
-                    DocumentSettings{.XMin = 0, .XMax = 1e-38F}, DocumentSettings{.YMin = 3e38F},
-                    DocumentSettings{.SigFigs = 0}, DocumentSettings{.SigFigs = -30000},
-                    DocumentSettings{.SigFigs = 32767}));
+  friend void PrintTo(const OddSettings& odd, std::ostream* out) { *out << odd.Kind; }
+};
+
+class MainFormOddSettings : public MainFormBadInput, public testing::WithParamInterface<OddSettings> {};
+
+INSTANTIATE_TEST_SUITE_P(All, MainFormOddSettings,
+                         testing::Values(OddSettings{"no range", {.XMin = 5, .XMax = 5}},
+                                         OddSettings{"turned range", {.XMin = 9, .XMax = -9}},
+                                         OddSettings{"no hatch spacing", {.HatchSpacing = 0.0}},
+                                         OddSettings{"negative hatch spacing", {.HatchSpacing = -1.0}},
+                                         OddSettings{"tiny hatch spacing", {.HatchSpacing = 1e-30}},
+                                         OddSettings{"no grid in x", {.GridX = 0}},
+                                         OddSettings{"no grid in y", {.GridY = 0}},
+                                         OddSettings{"negative grid", {.GridX = -1, .GridY = -1}},
+                                         OddSettings{"no force scale", {.ForceScale = 0}},
+                                         OddSettings{"tiny force scale", {.ForceScale = -1e-30F}},
+                                         OddSettings{"endless range", {.XMin = -3e38F, .XMax = 3e38F}},
+                                         OddSettings{"tiny range", {.XMin = 0, .XMax = 1e-38F}},
+                                         OddSettings{"far away", {.YMin = 3e38F}},
+                                         OddSettings{"no figures", {.SigFigs = 0}},
+                                         OddSettings{"negative figures", {.SigFigs = -30000}},
+                                         OddSettings{"too many figures", {.SigFigs = 32767}}));
 
 TEST_P(MainFormOddSettings, EverythingStillWorks) {
   Started();
-  OpenTruss(WithSettings(GetParam()));
+  OpenTruss(WithSettings(GetParam().Settings));
   EXPECT_EQ(truss_.NumMembers, 3);
   WalkThroughTheSteps();
   ResizeInside(700, 500);
