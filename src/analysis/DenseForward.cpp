@@ -10,6 +10,7 @@
 #include <bit>
 #include <cmath>
 #include <functional>
+#include <utility>
 
 #include "analysis/Elimination.h"
 #include "analysis/Parallel.h"
@@ -18,6 +19,10 @@
 namespace {
 
 constexpr Index None = ~Index{0};
+
+/// Rows stand an odd number of cache lines apart. Otherwise the entries of one column would compete for a
+/// small part of the cache.
+constexpr std::size_t NumbersBetweenRows = 8;
 
 /// Rows are numbered by their position below the pivots of the sparse phase, columns by their place in the
 /// arrays.
@@ -69,6 +74,8 @@ class DenseBlock {
   std::vector<std::uint64_t> pendingInBlock_;
   std::vector<Numbers> factors_;  // by pending pivot and row; 0 where it has been subtracted
   std::vector<Index> pivotPlaces_;
+  std::vector<Index> keptColumns_;  // these two only while a row is divided by its pivot
+  std::vector<double> keptValues_;
   std::vector<ScaledVector> updates_;
 };
 
@@ -81,7 +88,7 @@ DenseBlock::DenseBlock(std::vector<SparseRow>& rows, Echelon& echelon, const Eli
       mostPending_(std::clamp<Index>(tuning.Window, 1, MostPending)),
       columns_(echelon.ColumnAt.begin() + firstPosition_, echelon.ColumnAt.end()),
       stride_(RoundUpToBlock(columns_.size())),
-      cells_(stride_ * numRows_),
+      cells_((stride_ + NumbersBetweenRows) * numRows_),
       rowCells_(numRows_),
       rightHandSides_(RoundUpToBlock(numRows_)),
       bounds_(RoundUpToBlock(numRows_)),
@@ -92,7 +99,7 @@ DenseBlock::DenseBlock(std::vector<SparseRow>& rows, Echelon& echelon, const Eli
   std::vector<Index> placeOfColumn(echelon.NumColumns());
   for (Index place = 0; place < columns_.size(); ++place) placeOfColumn[columns_[place]] = place;
   for (Index row = 0; row < numRows_; ++row) {
-    rowCells_[row] = cells_.data() + stride_ * row;
+    rowCells_[row] = cells_.data() + (stride_ + NumbersBetweenRows) * row;
     rightHandSides_[row] = RightHandSideInEchelon(row);
     SparseRow& source = rows[echelon.RowAt[firstPosition_ + row]];
     for (Index at = 0; at < source.Columns.size(); ++at) {
@@ -155,18 +162,27 @@ void DenseBlock::SwapRows(Index row, Index otherRow) {
 /// Divides the row by its pivot and makes it the last of the window.
 void DenseBlock::Normalise(Index row, Index pivotPlace) {
   double* pendingRow = PendingRow(numPending_);
-  const double pivot = rowCells_[row][pivotPlace];
-  rowCells_[row][pivotPlace] = 0;
-  std::fill(pendingRow, pendingRow + stride_, 0.0);
-  SparseRow& kept = echelon_.PivotRows.emplace_back();
-  for (Index place = 0; place < columns_.size(); ++place) {
-    const double value = rowCells_[row][place] / pivot;
-    if (value == 0) continue;
-    pendingRow[place] = value;
-    pendingInBlock_[place / BlockLength] |= std::uint64_t{1} << numPending_;
-    kept.Columns.push_back(columns_[place]);
-    kept.Values.push_back(value);
+  double* cells = rowCells_[row];
+  const double pivot = std::exchange(cells[pivotPlace], 0.0);
+  keptColumns_.resize(columns_.size());
+  keptValues_.resize(columns_.size());
+  std::size_t numKept = 0;
+  for (std::size_t begin = 0; begin < columns_.size(); begin += BlockLength) {
+    const std::size_t numKeptBefore = numKept;
+    for (std::size_t place = begin; place < std::min(begin + BlockLength, columns_.size()); ++place) {
+      const double value = cells[place] / pivot;
+      pendingRow[place] = value;
+      keptColumns_[numKept] = columns_[place];
+      keptValues_[numKept] = value;
+      numKept += value != 0 ? 1 : 0;
+    }
+    const bool isInBlock = numKept != numKeptBefore;
+    pendingInBlock_[begin / BlockLength] |= static_cast<std::uint64_t>(isInBlock) << numPending_;
   }
+  std::fill(pendingRow + columns_.size(), pendingRow + stride_, 0.0);
+  keptColumns_.resize(numKept);
+  keptValues_.resize(numKept);
+  echelon_.PivotRows.push_back({keptColumns_, keptValues_});  // copies, as long as they need to be
   rightHandSides_[row] /= pivot;
   bounds_[row] = 0;
   pivotPlaces_.push_back(pivotPlace);

@@ -8,7 +8,7 @@
 #include "document/Table.h"
 
 struct EliminationTuning {
-  double DenseFill = 0.05;              ///< the dense phase takes over when more of the cells are not 0
+  double DenseFill = 0.04;              ///< the dense phase takes over when more of the cells are not 0
   unsigned Window = 32;                 ///< pivots whose updates the dense phase may leave pending, 1 .. 64
   unsigned FewestRowsForThreads = 600;  ///< smaller jobs run on the calling thread alone
   unsigned MostThreads = 0;             ///< 0: as many as the machine has

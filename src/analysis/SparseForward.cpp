@@ -1,10 +1,14 @@
 // Each row keeps its largest magnitude, so that finding the pivot row is one pass over as many numbers as
 // there are rows, and each column keeps a list of the rows that may have an entry in it, so that clearing it
-// touches no other row. Swaps exchange positions only.
+// touches no other row. The first row that takes a multiple of a pivot row takes over its places in these
+// lists as its heir, since it has got all of its columns; only for further rows are new entries listed. Swaps
+// exchange positions only.
 #include "analysis/SparseForward.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstdint>
 
 #include "analysis/Elimination.h"
 #include "analysis/VectorUpdate.h"
@@ -16,7 +20,8 @@ class SparseBlock {
   SparseBlock(std::vector<SparseRow>& rows, Echelon& echelon)
       : rows_(rows), echelon_(echelon), vector_(FastestVectorUpdate()) {
     rowsOfColumn_.resize(echelon.NumColumns());
-    placeInPivotRow_.assign(echelon.NumColumns(), NotThere);
+    pivotValues_.resize(echelon.NumColumns());
+    metBy_.resize(echelon.NumColumns());
     largestAt_.resize(RoundUpToBlock(echelon.NumRows()));
     for (Index row = 0; row < echelon.NumRows(); ++row) {
       largestAt_[row] = LargestMagnitude(rows[row]);
@@ -24,6 +29,8 @@ class SparseBlock {
       for (const Index column : rows[row].Columns) rowsOfColumn_[column].push_back(row);
     }
     positionOfRow_ = echelon.RowAt;
+    heirOf_ = echelon.RowAt;
+    searchedFor_.assign(echelon.NumRows(), NotThere);
   }
 
   bool FillExceeds(double share) const {
@@ -57,10 +64,17 @@ class SparseBlock {
  private:
   static constexpr Index NotThere = ~Index{0};
 
+  /// Four magnitudes at a time, so that no comparison waits for the one before.
   static double LargestMagnitude(const SparseRow& row) {
-    double largest = 0;
-    for (const double value : row.Values) largest = std::max(largest, std::abs(value));
-    return largest;
+    std::array<double, 4> largest{};
+    const std::size_t numValues = row.Values.size();
+    for (std::size_t at = 0; at < numValues; at += 4) {
+      for (std::size_t lane = 0; lane < std::min<std::size_t>(4, numValues - at); ++lane) {
+        const double magnitude = std::abs(row.Values[at + lane]);
+        largest[lane] = magnitude > largest[lane] ? magnitude : largest[lane];
+      }
+    }
+    return std::max(std::max(largest[0], largest[1]), std::max(largest[2], largest[3]));
   }
 
   /// Among equal magnitudes the smallest position wins, as in a search from left to right.
@@ -103,67 +117,83 @@ class SparseBlock {
     return std::move(rows_[row]);
   }
 
+  /// The row that now stands for `row` in the lists: the row itself while it is below the pivots.
+  Index LastHeir(Index row) {
+    while (heirOf_[row] != row) {
+      heirOf_[row] = heirOf_[heirOf_[row]];  // the next search is shorter
+      row = heirOf_[row];
+    }
+    return row;
+  }
+
   void ClearBelow(Index pivotRowNumber, Index pivotColumn, const SparseRow& pivotRow) {
     const std::vector<Index>& columns = pivotRow.Columns;
-    for (Index at = 0; at < columns.size(); ++at) placeInPivotRow_[columns[at]] = at;
-    met_.assign(columns.size(), NotThere);
-    for (const Index row : rowsOfColumn_[pivotColumn]) {
+    for (Index at = 0; at < columns.size(); ++at) pivotValues_[columns[at]] = pivotRow.Values[at];
+    for (const Index listed : rowsOfColumn_[pivotColumn]) {
+      const Index row = LastHeir(listed);
       if (positionOfRow_[row] <= echelon_.NumPivots()) continue;  // the pivot row or one above it
+      if (searchedFor_[row] == pivotColumn) continue;             // listed twice
+      searchedFor_[row] = pivotColumn;
       const double factor = TakeEntry(rows_[row], pivotColumn);
       if (factor == 0) continue;  // the entry has cancelled since it was listed
       --numEntries_;
       echelon_.RightHandSide[row] -= factor * echelon_.RightHandSide[pivotRowNumber];
-      Subtract(factor, pivotRow, row);
+      const bool inherits = heirOf_[pivotRowNumber] == pivotRowNumber;
+      if (inherits) heirOf_[pivotRowNumber] = row;
+      Subtract(factor, pivotRow, row, !inherits);
     }
     rowsOfColumn_[pivotColumn] = {};
-    for (const Index column : columns) placeInPivotRow_[column] = NotThere;
+    for (const Index column : columns) pivotValues_[column] = 0;
   }
 
   /// row -= factor * pivotRow; entries that cancel are dropped, new ones are listed in their columns.
-  void Subtract(double factor, const SparseRow& pivotRow, Index rowNumber) {
+  void Subtract(double factor, const SparseRow& pivotRow, Index rowNumber, bool listsNewEntries) {
     SparseRow& row = rows_[rowNumber];
     const std::size_t numEntriesBefore = row.Columns.size();
-    double largest = 0;
-    Index kept = 0;
-    for (Index at = 0; at < numEntriesBefore; ++at) {
-      double value = row.Values[at];
-      const Index place = placeInPivotRow_[row.Columns[at]];
-      if (place != NotThere) {
-        met_[place] = rowNumber;
-        value -= factor * pivotRow.Values[place];
-        if (value == 0) continue;
-      }
-      row.Columns[kept] = row.Columns[at];
-      row.Values[kept] = value;
-      ++kept;
-      largest = std::max(largest, std::abs(value));
+    row.Columns.resize(numEntriesBefore + pivotRow.Columns.size());
+    row.Values.resize(row.Columns.size());
+    Index* columns = row.Columns.data();
+    double* values = row.Values.data();
+    std::size_t kept = 0;
+    ++numSubtractions_;
+    for (std::size_t at = 0; at < numEntriesBefore; ++at) {
+      const Index column = columns[at];
+      const double value = values[at] - factor * pivotValues_[column];
+      metBy_[column] = numSubtractions_;
+      columns[kept] = column;
+      values[kept] = value;
+      kept += value != 0 ? 1 : 0;
+    }
+    const std::size_t firstNew = kept;
+    for (std::size_t at = 0; at < pivotRow.Values.size(); ++at) {
+      const Index column = pivotRow.Columns[at];
+      const double value = 0 - factor * pivotRow.Values[at];
+      columns[kept] = column;
+      values[kept] = value;
+      kept += metBy_[column] != numSubtractions_ && value != 0 ? 1 : 0;
+    }
+    for (std::size_t at = firstNew; listsNewEntries && at < kept; ++at) {
+      rowsOfColumn_[columns[at]].push_back(rowNumber);
     }
     row.Columns.resize(kept);
     row.Values.resize(kept);
-    for (Index place = 0; place < pivotRow.Values.size(); ++place) {
-      if (met_[place] == rowNumber) continue;
-      const double value = 0 - factor * pivotRow.Values[place];
-      if (value == 0) continue;
-      const Index column = pivotRow.Columns[place];
-      row.Columns.push_back(column);
-      row.Values.push_back(value);
-      rowsOfColumn_[column].push_back(rowNumber);
-      largest = std::max(largest, std::abs(value));
-    }
-    numEntries_ += row.Columns.size();
+    numEntries_ += kept;
     numEntries_ -= numEntriesBefore;
-    largestAt_[positionOfRow_[rowNumber]] = largest;
+    largestAt_[positionOfRow_[rowNumber]] = LargestMagnitude(row);
   }
 
   std::vector<SparseRow>& rows_;
   Echelon& echelon_;
   const VectorUpdate& vector_;
   std::vector<std::vector<Index>> rowsOfColumn_;  // may list rows whose entry has cancelled, or a row twice
+  std::vector<Index> heirOf_;  // by row: the first row from which it was subtracted as pivot row, or itself
+  std::vector<Index> searchedFor_;  // by row: the last pivot column whose entry was looked for in it
   std::vector<Index> positionOfRow_;
-  Numbers largestAt_;           // by position; 0 above the pivot
-  std::size_t numEntries_ = 0;  // below the pivots
-  std::vector<Index> placeInPivotRow_;
-  std::vector<Index> met_;  // by place in the pivot row: the last row that had an entry in that column
+  Numbers largestAt_;                 // by position; 0 above the pivot
+  std::size_t numEntries_ = 0;        // below the pivots
+  std::vector<double> pivotValues_;   // by column: the pivot row while its column is cleared, else 0
+  std::vector<std::uint64_t> metBy_;  // by column: the last subtraction that found an entry in it
+  std::uint64_t numSubtractions_ = 0;
 };
 
 }  // namespace

@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <atomic>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <utility>
 
 #include "analysis/Elimination.h"
@@ -26,7 +28,6 @@ struct UsefulRows {
   Index NumSlots() const { return static_cast<Index>(PositionOfSlot.size()) + 1; }
   Index RightHandSideSlot() const { return NumSlots() - 1; }
 
-  std::vector<Index> SlotOfPosition;
   std::vector<Index> PositionOfSlot;
   Index NumPivotSlots = 0;
   Index FirstFullSlot = 0;            ///< from this pivot on the rows are rather full
@@ -42,44 +43,43 @@ UsefulRows::UsefulRows(Echelon& echelon) {
   std::vector<char> isUseful(echelon.NumColumns());
   std::size_t numEntries = 0;
   for (Index position = numPivots; position-- > 0;) {
-    const SparseRow& row = echelon.PivotRows[position];
-    bool changesSomething = rightHandSide(position) != 0;
-    for (Index at = 0; at < row.Values.size(); ++at) {
-      const Index column = echelon.PositionOfColumn[row.Columns[at]];
-      if (column >= numPivots) isUseful[column] = true;
-      if (isUseful[column]) changesSomething = true;
+    char changesSomething = rightHandSide(position) != 0;
+    for (const Index number : echelon.PivotRows[position].Columns) {
+      const Index column = echelon.PositionOfColumn[number];
+      isUseful[column] = static_cast<char>(isUseful[column] | (column >= numPivots));
+      changesSomething = static_cast<char>(changesSomething | isUseful[column]);
     }
     isUseful[position] = changesSomething;
-    numEntries += row.Values.size() + 1;
+    numEntries += echelon.PivotRows[position].Columns.size() + 1;
   }
 
-  SlotOfPosition.assign(echelon.NumColumns(), None);
+  std::vector<Index> slotOfColumn(echelon.NumColumns(), None);
   for (Index position = 0; position < echelon.NumColumns(); ++position) {
     if (!isUseful[position]) continue;
-    SlotOfPosition[position] = static_cast<Index>(PositionOfSlot.size());
+    slotOfColumn[echelon.ColumnAt[position]] = static_cast<Index>(PositionOfSlot.size());
     PositionOfSlot.push_back(position);
     if (position < numPivots) ++NumPivotSlots;
   }
 
-  Slots.reserve(numEntries);
-  Values.reserve(numEntries);
+  Slots.resize(numEntries);
+  Values.resize(numEntries);
+  std::size_t end = 0;
   RowBegin.push_back(0);
   for (Index position = 0; position < numPivots; ++position) {
     const SparseRow row = std::move(echelon.PivotRows[position]);
     echelon.PivotRows[position] = {};
-    for (Index at = 0; at < row.Values.size(); ++at) {
-      const Index slot = SlotOfPosition[echelon.PositionOfColumn[row.Columns[at]]];
-      if (slot == None) continue;
-      Slots.push_back(slot);
-      Values.push_back(row.Values[at]);
-    }
-    if (rightHandSide(position) != 0) {
-      Slots.push_back(RightHandSideSlot());
-      Values.push_back(rightHandSide(position));
-    }
-    RowBegin.push_back(Slots.size());
+    const auto append = [&](Index slot, double value) {
+      Slots[end] = slot;
+      Values[end] = value;
+      end += slot != None ? 1 : 0;
+    };
+    for (Index at = 0; at < row.Values.size(); ++at) append(slotOfColumn[row.Columns[at]], row.Values[at]);
+    if (rightHandSide(position) != 0) append(RightHandSideSlot(), rightHandSide(position));
+    RowBegin.push_back(end);
   }
 
+  Slots.resize(end);
+  Values.resize(end);
   FindFullRows();
 }
 
@@ -99,6 +99,12 @@ void UsefulRows::FindFullRows() {
   }
 }
 
+/// What one thread needs while it subtracts panels.
+struct PanelWork {
+  std::vector<unsigned char> HasFactor;  ///< by full slot: 1 when some lane is not 0 in it
+  std::vector<PanelRow> Rows;
+};
+
 /// The full pivot rows, cut into panels of a few columns. A panel leaves out the rows that are 0 in it, but
 /// for the rows of its own pivots, which stand at its end.
 class Panels {
@@ -117,17 +123,36 @@ class Panels {
     for (Panel& panel : panels_) AddOwnRows(panel);
   }
 
-  void Subtract(const VectorUpdate& vector, double* lanes, Index firstFactor) const {
+  /// Pivot rows whose factors are 0 in all lanes are left out; `work` is the caller's own.
+  void Subtract(const VectorUpdate& vector, double* lanes, Index firstFactor, PanelWork& work) const {
+    work.HasFactor.assign(panels_.size() * PanelWidth, 0);
     for (std::size_t at = (firstFactor - first_) / PanelWidth; at < panels_.size(); ++at) {
       const Panel& panel = panels_[at];
+      work.Rows.resize(panel.Pivots.size() + 1);
       const auto from = std::lower_bound(panel.Pivots.begin(), panel.Pivots.end(), firstFactor);
-      const auto numLeftOut = static_cast<std::size_t>(from - panel.Pivots.begin());
-      vector.SubtractPanel(lanes, StartOf(at), panel.Pivots.data() + numLeftOut,
-                           panel.Cells.data() + numLeftOut * PanelWidth, panel.Pivots.size() - numLeftOut);
+      std::size_t count = 0;
+      for (auto row = static_cast<Index>(from - panel.Pivots.begin()); row < panel.Pivots.size(); ++row) {
+        work.Rows[count] = {panel.Pivots[row], row};
+        count += work.HasFactor[panel.Pivots[row] - first_];
+      }
+      const double* ownRows = panel.Cells.data() + panel.Pivots.size() * PanelWidth;
+      vector.SubtractPanel(lanes, StartOf(at), panel.Cells.data(), work.Rows.data(), count, ownRows);
+      for (std::size_t column = 0; column < PanelWidth; ++column) {
+        work.HasFactor[at * PanelWidth + column] = IsNotZero(lanes + (StartOf(at) + column) * RowsSideBySide);
+      }
     }
   }
 
  private:
+  /// Looks at the bits, as this needs no branch; the sign is shifted out.
+  static bool IsNotZero(const double* lanes) {
+    std::uint64_t bits = 0;
+    for (std::size_t lane = 0; lane < RowsSideBySide; ++lane) {
+      bits |= std::bit_cast<std::uint64_t>(lanes[lane]);
+    }
+    return bits << 1 != 0;
+  }
+
   struct Panel {
     std::vector<Index> Pivots;  ///< those before its own that are not 0 in it, ascending
     std::vector<double> Cells;
@@ -207,7 +232,7 @@ class LaneReducer {
                                 end - begin, factors);
     }
     if (rows_.FirstFullSlot < rows_.NumPivotSlots) {
-      panels_.Subtract(vector_, lanes_.data(), std::max(first, rows_.FirstFullSlot));
+      panels_.Subtract(vector_, lanes_.data(), std::max(first, rows_.FirstFullSlot), panelWork_);
     }
     for (std::size_t lane = 0; lane < count; ++lane) Take(lane, reduced_[positions[lane]]);
   }
@@ -240,6 +265,7 @@ class LaneReducer {
   std::vector<ReducedRow>& reduced_;
   const VectorUpdate& vector_;
   Numbers lanes_;
+  PanelWork panelWork_;
 };
 
 }  // namespace

@@ -120,9 +120,9 @@ ORVANE_INLINE void SubtractFromLanesWith(double* lanes, const Index* columns, co
 }
 
 template <class Register>
-ORVANE_INLINE void SubtractPanelWith(double* lanes, std::size_t start, const Index* columns,
-                                     const double* panel, std::size_t count) {
-  constexpr std::size_t pair = LanesOf<Register> * 2 > RowsSideBySide ? 1 : 2;
+ORVANE_INLINE void SubtractPanelWith(double* lanes, std::size_t start, const double* panel,
+                                     const PanelRow* rows, std::size_t count, const double* ownRows) {
+  constexpr std::size_t pair = LanesOf<Register> == 8 ? 2 : 1;  // of the few registers for each column
   for (std::size_t lane = 0; lane < RowsSideBySide; lane += pair * LanesOf<Register>) {
     Register block[PanelWidth][pair];
     for (std::size_t c = 0; c < PanelWidth; ++c) {
@@ -131,16 +131,17 @@ ORVANE_INLINE void SubtractPanelWith(double* lanes, std::size_t start, const Ind
       }
     }
     for (std::size_t k = 0; k < count; ++k) {
+      const double* values = panel + rows[k].Row * PanelWidth;
       for (std::size_t r = 0; r < pair; ++r) {
         Register factor;
-        Load(factor, lanes + columns[k] * RowsSideBySide + lane + r * LanesOf<Register>);
-        for (std::size_t c = 0; c < PanelWidth; ++c) block[c][r] -= factor * panel[k * PanelWidth + c];
+        Load(factor, lanes + rows[k].Column * RowsSideBySide + lane + r * LanesOf<Register>);
+        for (std::size_t c = 0; c < PanelWidth; ++c) block[c][r] -= factor * values[c];
       }
     }
     for (std::size_t k = 0; k < PanelWidth; ++k) {
       for (std::size_t c = k + 1; c < PanelWidth; ++c) {
         for (std::size_t r = 0; r < pair; ++r) {
-          block[c][r] -= block[k][r] * panel[(count + k) * PanelWidth + c];
+          block[c][r] -= block[k][r] * ownRows[k * PanelWidth + c];
         }
       }
     }
@@ -176,9 +177,9 @@ ORVANE_INLINE void SubtractPanelWith(double* lanes, std::size_t start, const Ind
                                          std::size_t count, const double* factors) {                         \
     SubtractFromLanesWith<REGISTER>(lanes, columns, values, count, factors);                                 \
   }                                                                                                          \
-  ATTRIBUTE void SubtractPanel##NAME(double* lanes, std::size_t start, const Index* columns,                 \
-                                     const double* panel, std::size_t count) {                               \
-    SubtractPanelWith<REGISTER>(lanes, start, columns, panel, count);                                        \
+  ATTRIBUTE void SubtractPanel##NAME(double* lanes, std::size_t start, const double* panel,                  \
+                                     const PanelRow* rows, std::size_t count, const double* ownRows) {       \
+    SubtractPanelWith<REGISTER>(lanes, start, panel, rows, count, ownRows);                                  \
   }                                                                                                          \
   constexpr VectorUpdate NAME = {Subtract##NAME, SubtractPending##NAME,   SubtractPendingTogether##NAME,     \
                                  Largest##NAME,  SubtractFromLanes##NAME, SubtractPanel##NAME};

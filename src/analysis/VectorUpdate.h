@@ -23,7 +23,7 @@ inline constexpr std::size_t MostPending = 64;
 inline constexpr std::size_t RowsSideBySide = 16;
 
 /// As many columns as SubtractPanel brings up to date at once.
-inline constexpr std::size_t PanelWidth = 4;
+inline constexpr std::size_t PanelWidth = 8;
 
 inline constexpr std::size_t RoundUpToBlock(std::size_t length) {
   return (length + BlockLength - 1) / BlockLength * BlockLength;
@@ -57,6 +57,12 @@ struct PendingRows {
   const std::uint64_t* InBlock;  ///< by block: bit p is set when pivot row p is not 0 there
 };
 
+/// One row of a panel: its cells begin at the panel's cell Row * PanelWidth.
+struct PanelRow {
+  Index Column;  ///< where its factors stand
+  Index Row;
+};
+
 struct VectorUpdate {
   /// target -= Factor * Values for each of the scaled vectors in their order.
   void (*Subtract)(double* target, std::size_t length, const ScaledVector* vectors, std::size_t count);
@@ -76,11 +82,11 @@ struct VectorUpdate {
   void (*SubtractFromLanes)(double* lanes, const Index* columns, const double* values, std::size_t count,
                             const double* factors);
 
-  /// Brings the lanes of the PanelWidth columns from `start` on up to date. Row e of the panel is multiplied
-  /// by the lanes of column columns[e] and subtracted from them, for each of `count` rows; the PanelWidth
-  /// rows that follow do the same with these columns themselves.
-  void (*SubtractPanel)(double* lanes, std::size_t start, const Index* columns, const double* panel,
-                        std::size_t count);
+  /// Brings the lanes of the PanelWidth columns from `start` on up to date: each of the `count` rows of the
+  /// panel is multiplied by the lanes of its pivot's column and subtracted from them, and then the PanelWidth
+  /// rows `ownRows` do the same with these columns themselves.
+  void (*SubtractPanel)(double* lanes, std::size_t start, const double* panel, const PanelRow* rows,
+                        std::size_t count, const double* ownRows);
 };
 
 /// The version for the widest registers of this processor.
