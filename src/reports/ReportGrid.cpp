@@ -143,7 +143,7 @@ void ReportGrid::CopySelection(bool withHeaders) {
   const QItemSelection ranges = selectionModel()->selection();
   if (ranges.isEmpty()) return;
   const QItemSelectionRange& range = ranges.first();  // selections are contiguous
-  QApplication::setOverrideCursor(Qt::WaitCursor);   // a whole large matrix is millions of cells
+  QApplication::setOverrideCursor(Qt::WaitCursor);    // a whole large matrix is millions of cells
   QStringList lines;
   if (withHeaders) {
     QStringList names{OneLineText(model_.CornerText())};
