@@ -5,11 +5,11 @@
 
 #include "document/JointList.h"
 #include "naming/Naming.h"
-#include "support/EditingFixture.h"
+#include "support/WindowEditingFixture.h"
 
 namespace {
 
-using EditingByMouse = EditingFixture;
+using EditingByMouse = WindowEditingFixture;
 
 TEST_F(EditingByMouse, TheMemberToolDrawsBetweenGridPoints) {
   Start();

@@ -7,11 +7,11 @@
 #include "analysis/Analysis.h"
 #include "analysis/Classification.h"
 #include "document/JointList.h"
-#include "support/EditingFixture.h"
+#include "support/WindowEditingFixture.h"
 
 namespace {
 
-class RandomUser : public EditingFixture {
+class RandomUser : public WindowEditingFixture {
  protected:
   static unsigned Setting(const char* name, unsigned otherwise) {
     bool isNumber = false;

@@ -3,7 +3,7 @@
 
 #include "support/MainFormFixture.h"
 
-class EditingFixture : public MainFormTest {
+class WindowEditingFixture : public MainFormTest {
  protected:
   // A pixel is a 24th of a world unit, so every point of the grid lies on a whole pixel: 20 units take 480.
   void Start() { Started(580, 560); }
