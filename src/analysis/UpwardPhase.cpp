@@ -43,7 +43,7 @@ UsefulRows::UsefulRows(Echelon& echelon) {
   std::vector<char> isUseful(echelon.NumColumns());
   std::size_t numEntries = 0;
   for (Index position = numPivots; position-- > 0;) {
-    char changesSomething = rightHandSide(position) != 0;
+    char changesSomething = rightHandSide(position) != 0 ? 1 : 0;
     for (const Index number : echelon.PivotRows[position].Columns) {
       const Index column = echelon.PositionOfColumn[number];
       isUseful[column] = static_cast<char>(isUseful[column] | (column >= numPivots));

@@ -154,7 +154,8 @@ ORVANE_INLINE void SubtractPanelWith(double* lanes, std::size_t start, const dou
 }
 
 // One set of functions for a kind of register. The loops above are inlined into them, and so are compiled for
-// the processors that `ATTRIBUTE` names.
+// the processors that `ATTRIBUTE` names. An attribute cannot stand in parentheses.
+// NOLINTBEGIN(bugprone-macro-parentheses)
 #define ORVANE_VECTOR_UPDATE(NAME, REGISTER, ATTRIBUTE)                                                      \
   ATTRIBUTE void Subtract##NAME(double* target, std::size_t length, const ScaledVector* vectors,             \
                                 std::size_t count) {                                                         \
@@ -183,6 +184,7 @@ ORVANE_INLINE void SubtractPanelWith(double* lanes, std::size_t start, const dou
   }                                                                                                          \
   constexpr VectorUpdate NAME = {Subtract##NAME, SubtractPending##NAME,   SubtractPendingTogether##NAME,     \
                                  Largest##NAME,  SubtractFromLanes##NAME, SubtractPanel##NAME};
+// NOLINTEND(bugprone-macro-parentheses)
 
 #if defined(__GNUC__) || defined(__clang__)
 using TwoNumbers = double __attribute__((vector_size(16)));
