@@ -16,3 +16,10 @@ EquationSystem AnalyseTruss(Truss& truss) {
   }
   return system;
 }
+
+TrussAnalysis SolveTruss(Truss& truss) {
+  TrussAnalysis analysis;
+  analysis.System = AnalyseTruss(truss);
+  analysis.Reading = ClassifyRREF(analysis.System);
+  return analysis;
+}

@@ -3,13 +3,12 @@
 
 #include <optional>
 
-#include "analysis/Analysis.h"
-#include "app/OneLine.h"
 #include "document/FileBytes.h"
 #include "document/JointList.h"
 #include "document/TrussFile.h"
 #include "naming/Naming.h"
 #include "text/CodePage.h"
+#include "text/OneLine.h"
 
 namespace {
 
@@ -41,8 +40,7 @@ AnalysedFile ReadForAnalysis(const std::string& argument, bool autoName, std::is
 }
 
 void Analyse(AnalysedFile& file) {
-  file.System = AnalyseTruss(file.Document);
-  file.Reading = ClassifyRREF(file.System);
+  file.Analysis = SolveTruss(file.Document);
   for (const MemberRec& member : file.Document.MembersInUse()) {
     if (!member.Live || member.X1 != member.X2 || member.Y1 != member.Y2) continue;
     file.Remarks.push_back("member \"" + ToUtf8(OnOneLine(file.Document.Name(member.NameLabel1))) +

@@ -6,16 +6,14 @@
 #include <string>
 #include <vector>
 
-#include "analysis/Classification.h"
-#include "analysis/EquationSystem.h"
+#include "analysis/Analysis.h"
 #include "document/Truss.h"
 
 struct AnalysedFile {
   std::string Argument;  ///< the file as the user named it; "-" is standard input
   std::string Error;     ///< UTF-8, e.g. "line 3: why"; empty when the file was read whole
   Truss Document;
-  EquationSystem System;
-  Classification Reading;
+  TrussAnalysis Analysis;
 
   bool IsComplete() const { return Error.empty(); }
 
@@ -28,5 +26,5 @@ struct AnalysedFile {
 /// what was read is used. No analysis yet.
 AnalysedFile ReadForAnalysis(const std::string& argument, bool autoName, std::istream& standardInput);
 
-/// Fills System, Reading and Remarks.
+/// Fills Analysis and Remarks.
 void Analyse(AnalysedFile& file);

@@ -132,7 +132,7 @@ std::string UnknownsJson(const EquationSystem& system) {
 }
 
 std::string CountingJson(const AnalysedFile& file) {
-  const CountingReport counting = ReportCounting(file.Document, file.System);
+  const CountingReport counting = ReportCounting(file.Document, file.Analysis.System);
   return List('{')
       .Key("forces", Name(counting.Forces))
       .Key("equations", Name(counting.Equations))
@@ -148,12 +148,12 @@ std::string ColumnOrderJson(const EquationSystem& system) {
 
 std::string SolutionsJson(const AnalysedFile& file, const ReportFormat& format) {
   List list('[');
-  if (file.Reading.Code == Outcome::Inconsistent) return list.Text();
-  const auto table = LoadGridWithSolutions(file.System, file.Reading, format);
-  for (int k = 1; k <= file.System.UnknownList.Size(); ++k) {
-    const std::optional<double>& value = file.Reading.Values[k];
+  if (file.Analysis.Reading.Code == Outcome::Inconsistent) return list.Text();
+  const auto table = LoadGridWithSolutions(file.Analysis.System, file.Analysis.Reading, format);
+  for (int k = 1; k <= file.Analysis.System.UnknownList.Size(); ++k) {
+    const std::optional<double>& value = file.Analysis.Reading.Values[k];
     list.Item(List('{')
-                  .Key("Name", Name(file.System.UnknownList[k].Name))
+                  .Key("Name", Name(file.Analysis.System.UnknownList[k].Name))
                   .Key("Value", value ? NumberOrNull(*value) : "null")
                   .Key("Text", Name(table->Text(k, 1)))
                   .Text());
@@ -184,7 +184,7 @@ std::string MatrixJson(const SparseMatrix<Number>& matrix) {
 }  // namespace
 
 std::string JsonReport(const AnalysedFile& file, bool matrices, const ReportFormat& format) {
-  const EquationSystem& system = file.System;
+  const EquationSystem& system = file.Analysis.System;
   const bool hasUnknowns = system.NumUnknowns() > 0;
   List object('{');
   object.Key("file", Quoted(file.Argument))
@@ -200,9 +200,9 @@ std::string JsonReport(const AnalysedFile& file, bool matrices, const ReportForm
       .Key("unknowns", UnknownsJson(system))
       .Key("counting", CountingJson(file))
       .Key("ColumnOrder", ColumnOrderJson(system))
-      .Key("outcome", hasUnknowns ? std::to_string(static_cast<int>(file.Reading.Code)) : "null")
+      .Key("outcome", hasUnknowns ? std::to_string(static_cast<int>(file.Analysis.Reading.Code)) : "null")
       .Key("solutions", SolutionsJson(file, format))
-      .Key("conclusion", Quoted(ConclusionText(file.Reading.Code)));
+      .Key("conclusion", Quoted(ConclusionText(file.Analysis.Reading.Code)));
   if (matrices) {
     object.Key("equations", MatrixJson(system.DisplayEquations))
         .Key("rref", MatrixJson(system.EquationMatrix));

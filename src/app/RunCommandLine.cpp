@@ -3,10 +3,10 @@
 
 #include <chrono>
 
-#include "app/OneLine.h"
 #include "app/TextReports.h"
 #include "document/FileBytes.h"
 #include "document/TrussFile.h"
+#include "text/OneLine.h"
 
 namespace {
 

@@ -3,7 +3,6 @@
 
 #include <array>
 
-#include "analysis/Analysis.h"
 #include "app/StepTexts.h"
 #include "document/JointList.h"
 
@@ -20,10 +19,7 @@ bool Steps::Prev2() { return step_ == 2 && Enter(1); }
 
 bool Steps::Next2(Truss& truss) {
   if (step_ != 2) return false;
-  auto analysis = std::make_shared<TrussAnalysis>();
-  analysis->System = AnalyseTruss(truss);
-  analysis->Reading = ClassifyRREF(analysis->System);
-  analysis_ = std::move(analysis);
+  analysis_ = std::make_shared<const TrussAnalysis>(SolveTruss(truss));
   return Enter(3);
 }
 

@@ -5,16 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "analysis/Classification.h"
-#include "analysis/EquationSystem.h"
+#include "analysis/Analysis.h"
 #include "document/Truss.h"
-
-/// What Step 3 shows: the equations of the truss and what their solution says. Without any unknown force both
-/// are empty.
-struct TrussAnalysis {
-  EquationSystem System;
-  Classification Reading;
-};
 
 class Steps {
  public:

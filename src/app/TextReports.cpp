@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "analysis/JointEquations.h"
-#include "app/OneLine.h"
 #include "reports/CountingReport.h"
 #include "text/CodePage.h"
+#include "text/OneLine.h"
 
 namespace {
 
@@ -64,12 +64,12 @@ void WriteJointEquations(std::ostream& out, const AnalysedFile& file, const Repo
 }
 
 void WriteSolutions(std::ostream& out, const AnalysedFile& file, const ReportFormat& format) {
-  if (file.Reading.Code == Outcome::Inconsistent) {
+  if (file.Analysis.Reading.Code == Outcome::Inconsistent) {
     out << InconsistentText << '\n';
     return;
   }
-  WriteTable(out, *LoadGridWithSolutions(file.System, file.Reading, format));
-  if (file.Reading.Code != Outcome::Redundant) return;
+  WriteTable(out, *LoadGridWithSolutions(file.Analysis.System, file.Analysis.Reading, format));
+  if (file.Analysis.Reading.Code != Outcome::Redundant) return;
   out << '\n' << RedundantText << '\n';
   for (const char* line : RedundantLines) out << line << '\n';
 }
@@ -84,13 +84,13 @@ std::string CsvField(const std::string& text) {
 std::unique_ptr<ReportTable> LoadTable(const AnalysedFile& file, CsvTable table, const ReportFormat& format) {
   switch (table) {
     case CsvTable::Equations:
-      return LoadGridWithEquations(file.Document, file.System, format);
+      return LoadGridWithEquations(file.Document, file.Analysis.System, format);
     case CsvTable::RREF:
-      return LoadGridWithRREF(file.System, format);
+      return LoadGridWithRREF(file.Analysis.System, format);
     case CsvTable::Solutions:
       break;
   }
-  return LoadGridWithSolutions(file.System, file.Reading, format);
+  return LoadGridWithSolutions(file.Analysis.System, file.Analysis.Reading, format);
 }
 
 }  // namespace
@@ -105,19 +105,19 @@ void WriteReport(std::ostream& out, const AnalysedFile& file, const ReportSectio
     write();
   };
   // A truss without unknown forces has no Counting report, and one without joints no equations.
-  section(sections.Counting && file.System.NumUnknowns() > 0, [&] {
-    out << ToUtf8(WithPlainLineEnds(ReportCounting(file.Document, file.System).Text())) << '\n';
+  section(sections.Counting && file.Analysis.System.NumUnknowns() > 0, [&] {
+    out << ToUtf8(WithPlainLineEnds(ReportCounting(file.Document, file.Analysis.System).Text())) << '\n';
   });
   section(sections.Joints && file.Document.NumJoints > 0, [&] { WriteJointEquations(out, file, format); });
   section(sections.Equations,
-          [&] { WriteTable(out, *LoadGridWithEquations(file.Document, file.System, format)); });
-  section(sections.RREF, [&] { WriteTable(out, *LoadGridWithRREF(file.System, format)); });
+          [&] { WriteTable(out, *LoadGridWithEquations(file.Document, file.Analysis.System, format)); });
+  section(sections.RREF, [&] { WriteTable(out, *LoadGridWithRREF(file.Analysis.System, format)); });
   section(sections.Solutions, [&] { WriteSolutions(out, file, format); });
 }
 
 void WriteCsv(std::ostream& out, const AnalysedFile& file, CsvTable which, const ReportFormat& format) {
   const auto table = LoadTable(file, which, format);
-  const bool noRows = which == CsvTable::Solutions && file.Reading.Code == Outcome::Inconsistent;
+  const bool noRows = which == CsvTable::Solutions && file.Analysis.Reading.Code == Outcome::Inconsistent;
   const int numRows = noRows ? 1 : table->NumRows();
   std::string line;
   for (int row = 0; row < numRows; ++row) {

@@ -14,12 +14,12 @@
 #include "app/Icons.h"
 #include "app/JsonReport.h"
 #include "app/MainForm.h"
-#include "app/OneLine.h"
 #include "app/RunCommandLine.h"
 #include "platform/qt/QtFileChooser.h"
 #include "platform/qt/QtMessageBox.h"
 #include "platform/qt/QtNumberFormat.h"
 #include "platform/qt/QtSettingsStore.h"
+#include "text/OneLine.h"
 
 namespace {
 

@@ -1,0 +1,2 @@
+// See the header.
+#include "platform/Picture.h"

@@ -1,0 +1,37 @@
+// Rich text on pages, painted line by line as it arrives, so that a document of any length needs the memory
+// of one page: for printers, for the print preview and for PDF.
+#pragma once
+
+#include <QFont>
+#include <QPagedPaintDevice>
+#include <QPainter>
+#include <QString>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "platform/PictureShelf.h"
+#include "platform/RichText.h"
+
+/// The text's width on this device's page in points.
+float TextWidth(const QPagedPaintDevice& device);
+
+/// Lines wrap at the page's text width; monospaced lines are not wrapped. A heading (a bold line) is not left
+/// alone at the foot of a page, and a picture is not cut. Every page has a footer with the title on its left
+/// and the page's number on its right.
+class PagedText final : public RichText {
+ public:
+  /// Paints with `painter`, which is active on `device`. Paste takes the picture from `shelf`, as vectors.
+  PagedText(QPagedPaintDevice& device, QPainter& painter, const PictureShelf& shelf, QString footer);
+  ~PagedText() override;
+
+  void Append(std::string_view text, const CharacterFormat& format) override;
+  void Paste() override;
+
+  /// Paints what is left. To be called once, after the last text. Returns the number of pages.
+  int Finish();
+
+ private:
+  class Pages;
+  std::unique_ptr<Pages> pages_;
+};

@@ -1,0 +1,2 @@
+// See the header.
+#include "platform/qt/RtfWriter.h"

@@ -1,0 +1,12 @@
+// Writing rich text as RTF, the form that every word processor reads.
+#pragma once
+
+#include <QByteArray>
+#include <QTextCursor>
+#include <QTextDocument>
+
+/// The whole document, or what the cursor has selected, as 7-bit RTF: fonts and sizes, bold, italic,
+/// underlined, colours, tabs, line breaks, and pictures as PNG. Braces, backslashes and every character
+/// outside ASCII are escaped. The same document gives the same bytes.
+QByteArray ToRtf(const QTextDocument& document);
+QByteArray ToRtf(const QTextCursor& selection);

@@ -1,0 +1,29 @@
+// The printable report: one document that holds the whole analysis of a truss, from its pictures to its
+// solution, built from the same values that the report window shows.
+#pragma once
+
+#include <functional>
+
+#include "analysis/Analysis.h"
+#include "document/Truss.h"
+#include "platform/RichText.h"
+#include "platform/TextMeasure.h"
+#include "reports/FormatSigFigs.h"
+#include "reports/RTBPicture.h"
+
+/// Told of the work that is done, in parts of the whole (0 .. 1); returns false when the user wants no more.
+using ReportProgress = std::function<bool(double done)>;
+
+struct PrintableReportContext {
+  RichText& Document;
+  ClipboardAccess Clipboard;  ///< the one that `Document` pastes from
+  TextMeasure Measure;        ///< for the texts in the pictures
+  NumberFormat Numbers;
+  float TableRoom = 0;  ///< width of the paper's text in points, for the tables; 0: they may be of any width
+  ReportProgress Progress;
+};
+
+/// Appends the report of a truss that was analysed. Returns false when `Progress` ended it; the document then
+/// holds the beginning of the report.
+bool BuildPrintableReport(const Truss& truss, const TrussAnalysis& analysis,
+                          const PrintableReportContext& context);

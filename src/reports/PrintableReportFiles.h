@@ -1,0 +1,29 @@
+// The printable report as a whole: as a text document, on pages, and as the bytes of a file.
+#pragma once
+
+#include <QByteArray>
+#include <QPagedPaintDevice>
+#include <QTextDocument>
+#include <optional>
+#include <string>
+
+#include "platform/FileFormats.h"
+#include "reports/PrintableReport.h"
+
+/// What is reported on. Both must outlive the calls.
+struct ReportSubject {
+  const Truss& Document;
+  const TrussAnalysis& Analysis;
+  NumberFormat Numbers;
+};
+
+/// The bytes of the report as a file; the same subject gives the same bytes. Tables are fitted to A4 paper
+/// but for HTML, which has no pages. Nothing when `progress` ended it; empty bytes when they could not be
+/// made.
+std::optional<QByteArray> ReportFile(const ReportSubject& subject, DocumentFileFormat format,
+                                     const ReportProgress& progress = {});
+
+/// Paints the report on a printer's pages with the file's name and the page's number in the footer. False
+/// when `progress` or the device ended it.
+bool PrintReport(const ReportSubject& subject, QPagedPaintDevice& device,
+                 const ReportProgress& progress = {});

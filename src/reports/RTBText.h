@@ -1,0 +1,30 @@
+// Appending text to the printable report: the format codes, the title, and single pieces of formatted text.
+#pragma once
+
+#include <string_view>
+
+#include "platform/RichText.h"
+
+/// A format code has four characters: "T" first for bold, second for italic, third for underlined (anything
+/// else is not), and a digit that selects the palette colour.
+inline constexpr std::string_view BoldBlack = "TFF0";
+inline constexpr std::string_view PlainBlack = "FFF0";
+inline constexpr std::string_view SectionHeading = "TFF4";
+
+/// The format that a code stands for; proportional. A code that is too short has its missing characters as
+/// "F", and a colour that is no digit is black.
+CharacterFormat FormatOf(std::string_view code, float points);
+
+/// A document under construction and the size of its letters.
+struct ReportText {
+  RichText& Document;
+  float Points = 10;  ///< the report font size
+};
+
+/// Appends the document's title between line breaks: bold, and larger than the text.
+void RTBTitle(const ReportText& report, std::string_view title, int breaksBefore, int breaksAfter);
+
+/// Appends line breaks, the text in the format of the code, and line breaks. `text` is UTF-8. The line breaks
+/// are plain and black.
+void RTBText(const ReportText& report, std::string_view text, int breaksBefore, int breaksAfter,
+             std::string_view formatCode);
