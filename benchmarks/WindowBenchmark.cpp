@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "app/MainForm.h"
+#include "benchmarks/ReportBenchmark.h"
 #include "benchmarks/ShapeDocument.h"
 #include "support/FakeFileChooser.h"
 #include "support/FakeMessageBox.h"
@@ -219,6 +220,7 @@ int main(int argc, char** argv) {
   Register("mouse move with read-out and snapping", MoveMouse);
   Register("mouse press that picks", PressThatPicks);
   Register("drag of a member end, a frame", DragMemberEnd);
+  RegisterReportBenchmarks();
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
 }

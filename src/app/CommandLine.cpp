@@ -33,7 +33,8 @@ class Parser {
       }
     }
     CheckFiles();
-    if (result_.Matrices && result_.What != CommandLine::Mode::Json) Fail("--matrices goes with --json");
+    if (result_.Matrices && result_.What != Mode::Json) Fail("--matrices goes with --json");
+    if (result_.Named && result_.What != Mode::Picture) Fail("--named goes with --picture");
     return result_;
   }
 
@@ -50,6 +51,12 @@ class Parser {
     } else if (name == "--csv") {
       SetMode(Mode::Csv, name);
       TakeTable(Needed(option));
+    } else if (name == "--picture") {
+      SetMode(Mode::Picture, name);
+      TakePictureFile(Needed(option));
+    } else if (name == "--document") {
+      SetMode(Mode::Document, name);
+      TakeDocumentFile(Needed(option));
     } else if (name == "--convert") {
       SetMode(Mode::Convert, name);
       result_.OutputPath = Needed(option);
@@ -68,6 +75,8 @@ class Parser {
       SetMode(Mode::Version, name);
     } else if (name == "--matrices") {
       result_.Matrices = true;
+    } else if (name == "--named") {
+      result_.Named = true;
     } else if (name == "--autoname") {
       result_.AutoName = true;
     } else {
@@ -123,6 +132,21 @@ class Parser {
     }
   }
 
+  // Standard output has no ending that could tell the format.
+  void TakePictureFile(const std::string& path) {
+    const auto format = path == "-" ? PictureFileFormat::Png : PictureFormatOf(path);
+    if (!format) Fail("a picture is written as .png, .svg or .pdf, not as \"" + path + '"');
+    result_.PictureFormat = *format;
+    result_.OutputPath = path;
+  }
+
+  void TakeDocumentFile(const std::string& path) {
+    const auto format = path == "-" ? DocumentFileFormat::Rtf : DocumentFormatOf(path);
+    if (!format) Fail("a document is written as .rtf, .pdf, .odt or .html, not as \"" + path + '"');
+    result_.DocumentFormat = *format;
+    result_.OutputPath = path;
+  }
+
   void CheckFiles() const {
     const std::size_t count = result_.Files.size();
     switch (result_.What) {
@@ -134,6 +158,8 @@ class Parser {
         if (count == 0) Fail(modeOption_ + " needs a file");
         break;
       case Mode::Csv:
+      case Mode::Picture:
+      case Mode::Document:
       case Mode::Convert:
         if (count != 1) Fail(modeOption_ + " needs one file");
         break;
@@ -166,11 +192,15 @@ orvane --report[=SECTION,...] FILE...       print reports: counting, joints, equ
                                             (all when none is named)
 orvane --json [--matrices] FILE...          one JSON object per file and line
 orvane --csv=equations|rref|solutions FILE  that table as CSV
+orvane --picture=OUT [--named] FILE         the truss with its forces as .png, .svg or .pdf, by the ending of
+                                            OUT; --named adds the names of forces and joints
+orvane --document=OUT FILE                  the printable report as .rtf, .pdf, .odt or .html
 orvane --convert=OUT.trs FILE               write FILE again in the current layout
 orvane --autoname ...                       with any of the above: name the forces and joints first
 orvane --help | --version
 
-FILE may be "-" for standard input, OUT "-" for standard output.
+FILE may be "-" for standard input, OUT "-" for standard output, which gets pictures as PNG and documents
+as RTF.
 Exit status: 0 all done; 1 a file could not be read whole or an output not written; 2 wrong arguments.
 )";
 }

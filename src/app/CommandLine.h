@@ -7,6 +7,8 @@
 #include <variant>
 #include <vector>
 
+#include "platform/FileFormats.h"
+
 /// The tables that can be written as CSV.
 enum class CsvTable { Equations, RREF, Solutions };
 
@@ -20,15 +22,18 @@ struct ReportSections {
 };
 
 struct CommandLine {
-  enum class Mode { Window, Report, Json, Csv, Convert, Help, Version };
+  enum class Mode { Window, Report, Json, Csv, Picture, Document, Convert, Help, Version };
 
   Mode What = Mode::Window;
-  ReportSections Sections;         ///< of Report
-  bool Matrices = false;           ///< of Json
-  CsvTable Table{};                ///< of Csv
-  std::string OutputPath;          ///< of Convert; "-" is standard output
-  bool AutoName = false;           ///< name everything before the analysis
-  std::vector<std::string> Files;  ///< UTF-8 paths; "-" is standard input
+  ReportSections Sections;              ///< of Report
+  bool Matrices = false;                ///< of Json
+  CsvTable Table{};                     ///< of Csv
+  bool Named = false;                   ///< of Picture: with the names and their arrows
+  PictureFileFormat PictureFormat{};    ///< of Picture
+  DocumentFileFormat DocumentFormat{};  ///< of Document
+  std::string OutputPath;               ///< of Picture, Document and Convert; "-" is standard output
+  bool AutoName = false;                ///< name everything before the analysis
+  std::vector<std::string> Files;       ///< UTF-8 paths; "-" is standard input
 };
 
 /// Why a call is wrong, in one line without a full stop.

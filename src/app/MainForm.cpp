@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMimeData>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QUrl>
 #include <algorithm>
@@ -15,6 +16,8 @@
 #include "analysis/JointEquations.h"
 #include "app/AboutForm.h"
 #include "app/DeferredMessages.h"
+#include "app/HelpTopics.h"
+#include "app/HelpViewer.h"
 #include "app/InstructionFrame.h"
 #include "app/OptionsDialog.h"
 #include "app/StepTexts.h"
@@ -25,6 +28,7 @@
 #include "naming/Naming.h"
 #include "platform/qt/QtText.h"
 #include "reports/JointEquationsPanel.h"
+#include "reports/PrintableReportWindow.h"
 #include "reports/ReportWindow.h"
 
 namespace {
@@ -202,6 +206,7 @@ void MainForm::ShowJointEquations(LabelIndex label) {
 void MainForm::ShowReport(int report) {
   if (!shownAnalysis_) return;
   const EquationSystem& system = shownAnalysis_->System;
+  shownReport_ = report;
   switch (report) {
     case 1:
       report_->ReportCounting(on_.Document, system);
@@ -256,21 +261,36 @@ void MainForm::mnuSettings_Click() {
   connect(&dialog, &OptionsDialog::Applied, this, [this](const SettingsInput& input) {
     if (!CloseSettings(input, on_.Numbers, bounds_, on_.Document)) Redraw();
   });
+  // Only the main window waits for the dialog, so that help on it can be read beside it.
+  dialog.setWindowModality(Qt::WindowModal);
+  auto* help = new QShortcut(QKeySequence::HelpContents, &dialog);
+  connect(help, &QShortcut::activated, this, [this] { ShowHelp(SettingsHelpTopic); });
   dialog.exec();
 }
 
 void MainForm::mnuFilePrint_Click() {
   if (!shownAnalysis_ || shownAnalysis_->System.NumUnknowns() == 0) return;
-  on_.Messages.Show(Message{.Text = "This version cannot print the report yet.  The reports of Step 3 can be "
-                                    "copied from their windows.",
-                            .Icon = MessageIcon::Information});
+  const auto analysis = shownAnalysis_;
+  PrintableReportWindow window({.Subject = {on_.Document, *analysis, on_.Numbers},
+                                .Report = *report_,
+                                .Access = {clipboard_, clock_, on_.Messages},
+                                .Bitmap = [this] { return clipboard_.Bitmap(); },
+                                .Chooser = on_.Chooser,
+                                .Directory = on_.ProgramDirectory},
+                               this);
+  if (printableReportSize_.isValid()) window.resize(printableReportSize_);
+  window.exec();
+  printableReportSize_ = window.size();
+  if (window.HasDocument()) shownReport_ = 4;
 }
 
-void MainForm::ShowHelp(const QString& topic) {
-  on_.Messages.Show(Message{
-      .Text = "The help file orvane.chm was not found beside the program, so this topic cannot be shown: " +
-              topic.toStdString(),
-      .Icon = MessageIcon::Exclamation});
+void MainForm::ShowHelp(const char* topic) {
+  if (!help_) help_ = std::make_unique<HelpViewer>(on_.Messages);
+  help_->ShowTopic(on_.ProgramDirectory + topic);
+}
+
+void MainForm::ShowHelpOnStep() {
+  ShowHelp(HelpTopicForStep(steps_.Current(), frInstruct1_->isVisibleTo(this)));
 }
 
 void MainForm::SetStatus(const QString& text) {
@@ -314,6 +334,7 @@ void MainForm::closeEvent(QCloseEvent* event) {
   tool_->Cancel();
   lifecycle_->Unload();
   report_->close();
+  if (help_) help_->close();
   event->accept();
 }
 

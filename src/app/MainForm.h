@@ -17,8 +17,10 @@
 #include "editing/ToolBox.h"
 #include "editing/ToolPalette.h"
 #include "platform/NumberFormat.h"
+#include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtTextMeasure.h"
 
+class HelpViewer;
 class InstructionFrame;
 class JointEquationsPanel;
 class ReportWindow;
@@ -77,7 +79,8 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void mnuFile_Click();
   void mnuSettings_Click();
   void mnuFilePrint_Click();
-  void ShowHelp(const QString& topic);
+  void ShowHelp(const char* topic);
+  void ShowHelpOnStep();
   void ShowReport(int report);
 
   void RenameLabel(LabelIndex label);
@@ -93,6 +96,8 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   Drawing drawing_;
   CanvasBounds bounds_;
   QtTextMeasure measure_;
+  QtClipboard clipboard_;
+  QtClock clock_;
   Steps steps_;
   ToolPalette tools_;
   RecentFiles recent_;
@@ -108,6 +113,9 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   JointEquationsPanel* jointPanel_ = nullptr;
   std::shared_ptr<const TrussAnalysis> shownAnalysis_;  // what the report window shows
   std::unique_ptr<ReportWindow> report_;
+  QSize printableReportSize_;  // as the user left it; invalid before
+  int shownReport_ = 1;  // 1 Counting, 2 Equations, 3 RREF, 4 Solutions
+  std::unique_ptr<HelpViewer> help_;
   std::array<QLabel*, 2> statusPanels_{};
   QMenu* mnuFile_ = nullptr;
   QAction* mnuSettings_ = nullptr;

@@ -9,6 +9,8 @@
 #include <QStyle>
 
 #include "app/AboutForm.h"
+#include "app/HelpTopics.h"
+#include "app/HelpViewer.h"
 #include "app/InstructionFrame.h"
 #include "app/MainForm.h"
 #include "reports/JointEquationsPanel.h"
@@ -42,8 +44,8 @@ MainForm::MainForm(const Partners& partners) : on_(partners), recent_(partners.S
   CreateCanvasAndPanels();
   CreateStatusBar();
   CreateMenus();
-  CreateShortcuts();
   report_ = std::make_unique<ReportWindow>(on_.Numbers);
+  CreateShortcuts();
   lifecycle_ = std::make_unique<DocumentLifecycle>(
       DocumentLifecycle::Partners{on_.Document, bounds_, recent_, on_.Messages, on_.Chooser, *this},
       on_.ProgramDirectory);
@@ -232,13 +234,12 @@ void MainForm::CreateHelpMenu() {
     connect(action, &QAction::triggered, this, handler);
     return action;
   };
-  add("mnuHelpProgram", tr("Help on the &program"), [this] {
-    ShowHelp(QStringLiteral("index.htm"));
+  add("mnuHelpProgram", tr("Help on the &program"), [this] { ShowHelp(ProgramHelpTopic); });
+  add("mnuHelpTrusses", tr("Help on &trusses"), [this] { ShowHelp(TrussHelpTopic); });
+  add("mnuHelpMath", tr("Help on the &mathematics"), [this] { ShowHelp(MathHelpTopic); });
+  add("mnuHelpStep", tr("Help on this &step"), [this] {
+    ShowHelpOnStep();
   })->setShortcut(QKeySequence::HelpContents);
-  add("mnuHelpTrusses", tr("Help on &trusses"),
-      [this] { ShowHelp(QStringLiteral("truss help/truss_theory.htm")); });
-  add("mnuHelpMath", tr("Help on the &mathematics"),
-      [this] { ShowHelp(QStringLiteral("gauss help/backgd3.htm")); });
   menu->addSeparator();
   add("mnuHelpAbout", tr("&About Orvane"), [this] { AboutForm(this).exec(); });
 }
@@ -254,4 +255,6 @@ void MainForm::CreateShortcuts() {
   };
   addStep(QKeySequence(Qt::ALT | Qt::Key_Right), true);
   addStep(QKeySequence(Qt::ALT | Qt::Key_Left), false);
+  auto* helpOnReport = new QShortcut(QKeySequence::HelpContents, report_.get());
+  connect(helpOnReport, &QShortcut::activated, this, [this] { ShowHelp(HelpTopicForReport(shownReport_)); });
 }

@@ -71,19 +71,50 @@ class Run {
   void OneFile(const std::string& argument, bool first) {
     AnalysedFile file = ReadForAnalysis(argument, commandLine_.AutoName, environment_.In);
     if (!file.IsComplete()) Complain(argument, file.Error);
-    if (commandLine_.What == CommandLine::Mode::Convert) {
-      if (file.IsComplete()) Convert(file);
-      return;
+    switch (commandLine_.What) {
+      case CommandLine::Mode::Convert:
+        // A file that was not read whole is not converted: its rest would be lost without a trace.
+        if (file.IsComplete()) WriteOutput(TrussText(file.Document));
+        break;
+      case CommandLine::Mode::Picture:
+        DrawPicture(file);
+        break;
+      default:
+        Analyse(file);
+        for (const std::string& remark : file.Remarks) Say(argument, remark);
+        Report(file, first);
     }
-    Analyse(file);
-    for (const std::string& remark : file.Remarks) Say(argument, remark);
-    Report(file, first);
+  }
+
+  // Of a file that was not read whole one message is enough, whatever else becomes of it.
+  void DrawPicture(const AnalysedFile& file) {
+    const auto bytes =
+        environment_.Picture(file, commandLine_.Named, commandLine_.PictureFormat, FormatOf(file));
+    if (bytes) {
+      WriteOutput(*bytes);
+    } else if (file.IsComplete()) {
+      Complain(file.Argument, "there is nothing to draw");
+    }
+  }
+
+  void WriteDocument(const AnalysedFile& file) {
+    if (file.Analysis.System.NumUnknowns() > 0) {
+      WriteOutput(environment_.Document(file, commandLine_.DocumentFormat, environment_.Numbers));
+    } else if (file.IsComplete()) {
+      Complain(file.Argument, "the truss has no unknown forces, so there is no report to write");
+    }
+  }
+
+  ReportFormat FormatOf(const AnalysedFile& file) const {
+    return {file.Document.Settings.SigFigs, environment_.Numbers};
   }
 
   void Report(const AnalysedFile& file, bool first) {
-    const ReportFormat format{file.Document.Settings.SigFigs, environment_.Numbers};
+    const ReportFormat format = FormatOf(file);
     std::ostream& out = environment_.Out;
-    if (commandLine_.What == CommandLine::Mode::Json) {
+    if (commandLine_.What == CommandLine::Mode::Document) {
+      WriteDocument(file);
+    } else if (commandLine_.What == CommandLine::Mode::Json) {
       out << environment_.Json(file, commandLine_.Matrices, format) << '\n';
     } else if (commandLine_.What == CommandLine::Mode::Csv) {
       WriteCsv(out, file, commandLine_.Table, format);
@@ -93,13 +124,13 @@ class Run {
     }
   }
 
-  // A file that was not read whole is not converted: its rest would be lost without a trace.
-  void Convert(AnalysedFile& file) {
-    const std::string text = TrussText(file.Document);
-    if (commandLine_.OutputPath == "-") {
-      environment_.Out << text;
-    } else if (!WriteWholeFile(commandLine_.OutputPath, text)) {
-      Complain(commandLine_.OutputPath, "the file could not be written");
+  // Bytes that could not even be made cannot be written.
+  void WriteOutput(const std::string& bytes) {
+    const std::string& path = commandLine_.OutputPath;
+    if (path == "-" && !bytes.empty()) {
+      environment_.Out << bytes;
+    } else if (bytes.empty() || !WriteWholeFile(path, bytes)) {
+      Complain(path == "-" ? "standard output" : path, "the file could not be written");
     }
   }
 

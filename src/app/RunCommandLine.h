@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <istream>
+#include <optional>
 #include <ostream>
 #include <string>
 
@@ -20,6 +21,15 @@ struct CommandLineEnvironment {
 
   /// One JSON object (UTF-8, no line end) for an analysed file.
   std::function<std::string(const AnalysedFile& file, bool matrices, const ReportFormat& format)> Json;
+
+  /// The bytes of a picture file, with names when `named`. Nothing when there is nothing to draw.
+  std::function<std::optional<std::string>(const AnalysedFile& file, bool named, PictureFileFormat,
+                                           const ReportFormat& format)>
+      Picture;
+
+  /// The bytes of the printable report of a file with at least one unknown force.
+  std::function<std::string(const AnalysedFile& file, DocumentFileFormat, const NumberFormat& numbers)>
+      Document;
 };
 
 enum ExitStatus : int { Done = 0, NotAllDone = 1, ArgumentsWrong = 2 };

@@ -1,6 +1,8 @@
 // The program: the command line's work without a window, or the window.
 #include <QApplication>
+#include <QHashSeed>
 #include <iostream>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +16,7 @@
 #include "app/Icons.h"
 #include "app/JsonReport.h"
 #include "app/MainForm.h"
+#include "app/PaperOutput.h"
 #include "app/RunCommandLine.h"
 #include "platform/qt/QtFileChooser.h"
 #include "platform/qt/QtMessageBox.h"
@@ -61,10 +64,27 @@ int RunWindow(int argc, char** argv, const CommandLine& commandLine) {
   return QApplication::exec();
 }
 
+int RunWithoutWindow(const CommandLine& commandLine) {
+  std::optional<ScreenlessApplication> application;
+  const bool needsFonts =
+      commandLine.What == CommandLine::Mode::Picture || commandLine.What == CommandLine::Mode::Document;
+  if (needsFonts) application.emplace();
+  return RunCommandLine(commandLine, CommandLineEnvironment{.In = std::cin,
+                                                            .Out = std::cout,
+                                                            .Err = std::cerr,
+                                                            .ErrIsTerminal = StandardErrorIsTerminal(),
+                                                            .Numbers = SystemNumberFormat(),
+                                                            .Json = JsonReport,
+                                                            .Picture = PictureBytes,
+                                                            .Document = DocumentBytes});
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   PrepareStandardStreams();
+  // The order of what the toolkit writes into files must not change from run to run.
+  QHashSeed::setDeterministicGlobalSeed();
   const auto parsed = ParseCommandLine(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
   if (const auto* wrong = std::get_if<WrongArguments>(&parsed)) {
     std::cerr << "orvane: " << OnOneLine(wrong->Why) << "; see orvane --help\n";
@@ -72,10 +92,5 @@ int main(int argc, char** argv) {
   }
   const CommandLine& commandLine = std::get<CommandLine>(parsed);
   if (commandLine.What == CommandLine::Mode::Window) return RunWindow(argc, argv, commandLine);
-  return RunCommandLine(commandLine, CommandLineEnvironment{.In = std::cin,
-                                                            .Out = std::cout,
-                                                            .Err = std::cerr,
-                                                            .ErrIsTerminal = StandardErrorIsTerminal(),
-                                                            .Numbers = SystemNumberFormat(),
-                                                            .Json = JsonReport});
+  return RunWithoutWindow(commandLine);
 }

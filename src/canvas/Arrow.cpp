@@ -3,11 +3,10 @@
 
 #include <cmath>
 
+#include "canvas/Polar.h"
 #include "document/Labels.h"
 
 namespace {
-
-constexpr double Pi = 3.141592654;
 
 // Steeper than this (dy over dx), an arrow counts as vertical.
 constexpr double SteepestSlope = 1000;
@@ -17,8 +16,8 @@ constexpr double HalfWidthRatio = 0.2;
 
 // The arrow's direction in a y-downward system; the points differ.
 double DirectionAngle(double dx, double dy) {
-  if (std::abs(dx) * SteepestSlope >= std::abs(dy)) return std::atan(dy / dx) + (dx < 0 ? Pi : 0.0);
-  return dy > 0 ? Pi / 2 : -Pi / 2;
+  if (std::abs(dx) * SteepestSlope >= std::abs(dy)) return std::atan(dy / dx) + (dx < 0 ? HalfTurn : 0.0);
+  return dy > 0 ? HalfTurn / 2 : -HalfTurn / 2;
 }
 
 }  // namespace

@@ -87,15 +87,6 @@ void PaintArrows(Surface& surface, const Drawing& drawing) {
   }
 }
 
-// A rim of white around the letters, which stand between arrows or on the picture of a support.
-void PaintRim(Surface& surface, float left, float top, const std::string& name) {
-  static constexpr PixelPoint ring[] = {{-2, 0}, {2, 0}, {0, -2},  {0, 2},  {-2, -1}, {-2, 1},
-                                        {2, -1}, {2, 1}, {-1, -2}, {1, -2}, {-1, 2},  {1, 2}};
-  surface.SetForeground(White);
-  for (const PixelPoint& step : ring) surface.PrintText(left + step.X, top + step.Y, name);
-  surface.SetForeground(Black);
-}
-
 void PaintForceName(Surface& surface, const LabelPlace& place, const NameLabel& name) {
   PaintLabelPaper(surface, place);
   surface.SetFont({.Points = name.FontSize, .Bold = name.Bold});
@@ -106,8 +97,11 @@ void PaintJointName(Surface& surface, const LabelPlace& place, const NameLabel& 
   const float left = OntoPaper(place.Left + JointNameInset);
   const float top = OntoPaper(place.Top);
   surface.SetFont({.Points = name.FontSize, .Bold = name.Bold});
-  if (withRim) PaintRim(surface, left, top, name.Caption);
-  surface.PrintText(left, top, name.Caption);
+  if (withRim) {
+    surface.PrintTextWithRim(left, top, name.Caption, Black);
+  } else {
+    surface.PrintText(left, top, name.Caption);
+  }
 }
 
 void PaintLabels(Surface& surface, const Drawing& drawing, const Truss& truss, const JointLabels& isOfJoint) {
@@ -116,9 +110,7 @@ void PaintLabels(Surface& surface, const Drawing& drawing, const Truss& truss, c
     if (drawing.lblRodJoint[i].Visible) visible.push_back(i);
   }
   std::ranges::sort(visible, {}, [&drawing](int i) { return drawing.lblRodJoint[i].Rank; });
-  // The names of more joints cover each other anyway, and rims take time.
-  constexpr int mostRims = 300;
-  const bool withRims = truss.NumJoints <= mostRims;
+  const bool withRims = truss.NumJoints <= MostRims;
   for (const int i : visible) {
     const LabelPlace& place = drawing.lblRodJoint[i];
     if (isOfJoint[static_cast<std::size_t>(i)]) {

@@ -8,6 +8,10 @@
 /// Pixels; members are drawn stronger than rulers and arrows, which are one pixel wide.
 inline constexpr int RodLineWidth = 2;
 
+/// More names of joints, or more values of forces, cover each other anyway: they go without the rims, which
+/// take time and room in files.
+inline constexpr int MostRims = 300;
+
 /// Paints what is visible over what the surface holds; ink is black. Names stand on white, so that they can
 /// be read where a member passes beneath; a joint's name leaves the joint's pin and support uncovered. Leaves
 /// a black foreground, a line width of 1 and the font TextFont{}.

@@ -38,14 +38,18 @@ bool RedrawTruss(Truss& truss, Drawing& drawing, Surface& surface, const CanvasC
   const DocumentSettings& settings = truss.Settings;
   if (settings.RulersOn) ShowRulers(surface, drawing.Mapping, settings, truss.View, context.Numbers);
   if (settings.GridOn) ShowGrid(surface, drawing.Mapping, settings, truss.View, messages);
-  FitTables(drawing, truss);
-  PlaceObjects(drawing, truss);
+  DrawElements(surface, drawing, truss, context.Measure);
   RememberForces(drawing, truss);
-  DrawForces(surface, drawing, truss);
-  PlaceElementLabels(drawing, truss, context.Measure);
   const bool jointsChecked = RefreshJoints(drawing, truss, context.Measure);
   if (drawing.LabelsShown) ShowLabels(drawing, truss);
   return jointsChecked;
+}
+
+void DrawElements(Surface& surface, Drawing& drawing, const Truss& truss, const TextMeasure& measure) {
+  FitTables(drawing, truss);
+  PlaceObjects(drawing, truss);
+  DrawForces(surface, drawing, truss);
+  PlaceElementLabels(drawing, truss, measure);
 }
 
 void PlaceObjects(Drawing& drawing, const Truss& truss) {

@@ -23,6 +23,10 @@ struct CanvasContext {
 [[nodiscard]] bool RedrawTruss(Truss& truss, Drawing& drawing, Surface& surface, const CanvasContext& context,
                                MessageBox& messages);
 
+/// The part of a redraw that every picture of the truss shares, by the drawing's mapping: paints the force
+/// arrows and places all objects and the labels of live elements.
+void DrawElements(Surface& surface, Drawing& drawing, const Truss& truss, const TextMeasure& measure);
+
 /// Places support pictures, member lines and pins by the drawing's mapping.
 void PlaceObjects(Drawing& drawing, const Truss& truss);
 

@@ -9,8 +9,8 @@
 #include <string>
 
 #include "canvas/Drawing.h"
+#include "canvas/Polar.h"
 #include "document/Truss.h"
-#include "editing/Polar.h"
 #include "editing/ValueEditorHost.h"
 #include "platform/MessageBox.h"
 #include "platform/NumberFormat.h"

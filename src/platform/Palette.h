@@ -14,6 +14,7 @@ struct PaletteColour {
 inline constexpr int Black = 0;
 inline constexpr int LightGrey = 7;
 inline constexpr int DarkGrey = 8;
+inline constexpr int LightBlue = 9;
 inline constexpr int LightRed = 12;
 inline constexpr int White = 15;
 

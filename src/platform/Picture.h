@@ -1,5 +1,6 @@
 // A picture that is kept as the list of what was drawn on it, so that it can be drawn again on any surface: a
-// bitmap for the clipboard, a page, a vector file. It tracks the extent of what was drawn.
+// bitmap for the clipboard, a page, a vector file. It tracks the extent of what was drawn. A coordinate names
+// the middle of its pixel, as on every surface: what is drawn at 5, one pixel wide, reaches from 5 to 6.
 #pragma once
 
 #include <optional>
@@ -35,15 +36,18 @@ class Picture final : public Surface {
   void SetFont(const TextFont& font) override;
   TextExtent Extent(std::string_view text) override;
   void PrintText(float left, float top, std::string_view text) override;
+  void PrintTextWithRim(float left, float top, std::string_view text, int paletteIndex) override;
 
   /// What the picture shows, in the coordinates it was drawn in. At first everything that was drawn, line
   /// widths included; empty (all 0) when nothing was.
   PixelRect Frame() const;
 
-  /// From now on the frame is what has been drawn so far with `margin` pixels around it, in whole pixels.
+  /// From now on the frame is what has been drawn so far with `margin` pixels around it, in whole pixels. It
+  /// stays empty when nothing was.
   void Crop(float margin);
 
-  /// Draws the picture again, in the order and the coordinates in which it was drawn.
+  /// Draws the picture again, in the order and the coordinates in which it was drawn, whatever pen and font
+  /// the surface has. Does not clear it.
   void DrawOn(Surface& surface) const;
 
  private:
@@ -67,17 +71,29 @@ class Picture final : public Surface {
     PixelPoint TopLeft;
     std::string Letters;
   };
-  using Step = std::variant<PixelAt, LineFromTo, Polygon, LineWidth, Foreground, ::Pen, TextFont, Text>;
+  struct TextWithRim {
+    PixelPoint TopLeft;
+    std::string Letters;
+    int PaletteIndex;
+  };
+  using Step =
+      std::variant<PixelAt, LineFromTo, Polygon, LineWidth, Foreground, ::Pen, TextFont, Text, TextWithRim>;
 
-  void Cover(float left, float top, float right, float bottom);
+  /// Makes the pen and the font as they are now the first steps.
+  void BeginWithPenAndFont();
+  /// Adds the area within `reach` of the rectangle's edges to what is drawn.
+  void Cover(PixelRect area, float reach);
 
   TextMeasure measure_;
   std::vector<Step> steps_;
   PixelPoint current_;
-  TextFont font_;
   int lineWidth_ = 1;
-  // Every extent begins here; nothing drawn lies beyond.
+  int foreground_ = 0;
+  ::Pen pen_ = ::Pen::Copy;
+  TextFont font_;
+  // Every extent begins here, with its minimum beyond its maximum: nothing is drawn yet.
   static constexpr float StartingMinimum = 10000, StartingMaximum = -10000;
-  PixelRect drawn_{StartingMinimum, StartingMinimum, StartingMaximum, StartingMaximum};
+  static constexpr PixelRect NothingDrawn{StartingMinimum, StartingMinimum, StartingMaximum, StartingMaximum};
+  PixelRect drawn_ = NothingDrawn;
   std::optional<PixelRect> cropped_;
 };

@@ -17,6 +17,9 @@ struct PixelPoint {
 /// Drawing a thing twice with the exclusive-or pen leaves the paper as it was.
 enum class Pen { Copy, ExclusiveOr };
 
+/// How far the rim around letters reaches beyond them, pixels.
+inline constexpr float RimWidth = 2;
+
 /// All coordinates are finite pixels. At the start the pen is a copy pen, black and one pixel wide, the
 /// current point is (0, 0) and the font is TextFont{}.
 class Surface {
@@ -52,4 +55,8 @@ class Surface {
 
   /// Prints a single-byte text in the current font and the foreground colour.
   virtual void PrintText(float left, float top, std::string_view text) = 0;
+
+  /// The same in a palette colour, which becomes the foreground, with a rim of white around the letters, so
+  /// that they can be read over lines. Surfaces that can only print do it by printing in white around them.
+  virtual void PrintTextWithRim(float left, float top, std::string_view text, int paletteIndex);
 };

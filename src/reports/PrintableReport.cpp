@@ -1,2 +1,168 @@
-// See the header.
+// The sections in their order. Headings and texts begin with two line breaks; where a table follows its
+// heading it is set off in the same way, since tables bring none of their own.
 #include "reports/PrintableReport.h"
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "analysis/Classification.h"
+#include "analysis/JointEquations.h"
+#include "reports/CountingReport.h"
+#include "reports/RTBTable.h"
+#include "reports/RTBText.h"
+#include "reports/TrussPaint.h"
+#include "text/CodePage.h"
+#include "text/OneLine.h"
+
+namespace {
+
+constexpr int BreaksBeforeText = 2;
+
+// How long the parts take beside one cell of a table.
+constexpr double WorkOfPicture = 5000;
+constexpr double WorkOfMemberInPicture = 50;
+constexpr double WorkOfJoint = 40;
+
+Truss WithNamesOnOneLine(Truss truss) {
+  for (NameLabel& label : truss.Labels.First(truss.NumLabels)) {
+    label.Caption = OnOneLine(std::move(label.Caption));
+  }
+  return truss;
+}
+
+double WorkOf(const ReportTable& table) {
+  return static_cast<double>(table.NumRows()) * std::min(table.NumColumns(), MaxTableColumns);
+}
+
+class ReportBuilder {
+ public:
+  ReportBuilder(const Truss& truss, const TrussAnalysis& analysis, const PrintableReportContext& context)
+      : truss_(WithNamesOnOneLine(truss)),
+        analysis_(analysis),
+        context_(context),
+        report_{context.Document, truss.Settings.ReportFontSize},
+        format_{truss.Settings.SigFigs, context.Numbers},
+        equations_(LoadGridWithEquations(truss_, analysis.System, format_)),
+        rref_(LoadGridWithRREF(analysis.System, format_)),
+        solutions_(LoadGridWithSolutions(analysis.System, analysis.Reading, format_)),
+        wholeWork_(2 * WorkOfOnePicture() + WorkOfJoint * truss.NumJoints + WorkOf(*equations_) +
+                   WorkOf(*rref_) + WorkOf(*solutions_)) {}
+
+  bool Build() {
+    AppendTitle();
+    if (!AppendPictures()) return false;
+    AppendCounting();
+    if (!AppendJointEquations()) return false;
+    AppendHeading("The augmented matrix for this system of equations:");
+    if (!AppendTable(*equations_, TableKind::HeaderRowAndFirstColumn)) return false;
+    AppendHeading("The augmented matrix in RREF form:");
+    if (!AppendTable(*rref_, TableKind::HeaderRow)) return false;
+    AppendHeading("The solution:");
+    return AppendSolution();
+  }
+
+ private:
+  void AppendTitle() {
+    RTBTitle(report_, "Orvane", 1, 0);
+    if (truss_.FileName.empty()) return;
+    RTBText(report_, "Name of file containing truss:", 0, 0, BoldBlack);
+    AppendText(OnOneLine(truss_.FileName) + ' ');
+  }
+
+  void AppendHeading(std::string_view heading) {
+    RTBText(report_, heading, BreaksBeforeText, 0, SectionHeading);
+  }
+
+  void AppendText(std::string_view utf8Text, int breaksAfter = 0) {
+    RTBText(report_, utf8Text, BreaksBeforeText, breaksAfter, PlainBlack);
+  }
+
+  bool AppendPictures() {
+    AppendHeading("Picture of the truss with applied forces:");
+    if (!AppendPicture({.ForceValues = true, .Names = false})) return false;
+    AppendHeading("Naming the joints, member forces and reaction forces:");
+    return AppendPicture({.ForceValues = false, .Names = true});
+  }
+
+  bool AppendPicture(PictureContent content) {
+    const Picture picture = TrussPaint(truss_, format_, context_.Measure, content);
+    RTBPicture(picture, report_, context_.Clipboard, BreaksBeforeText, 0);
+    return HasDone(WorkOfOnePicture());
+  }
+
+  void AppendCounting() {
+    const CountingReport counting = ReportCounting(truss_, analysis_.System);
+    AppendHeading("Counting the number of unknown forces:");
+    AppendText(ToUtf8(counting.Forces));
+    AppendHeading("Counting the number of determining equations:");
+    AppendText(ToUtf8(counting.Equations));
+    AppendHeading("Conclusions regarding existence and uniqueness of solution:");
+    AppendText(ToUtf8(counting.Count));
+  }
+
+  // The equations of all joints are one text: each joint's part ends with two line breaks and begins with
+  // none.
+  bool AppendJointEquations() {
+    AppendHeading("The equations:");
+    AppendText("");
+    const JointEquations equations(truss_, context_.Numbers);
+    for (int j = 1; j <= truss_.NumJoints; ++j) {
+      const JointEquationTexts texts = equations.ReportOnJoint(j);
+      std::string text = "Equations for joint " + truss_.Name(truss_.Joints[j].NameLabel);
+      text.append(LineBreak).append("\tforces right = forces left :     ").append(texts.X);
+      text.append(LineBreak).append("\tforces up = forces down :    ").append(texts.Y);
+      RTBText(report_, ToUtf8(text), 0, 2, PlainBlack);
+      if (!HasDone(WorkOfJoint)) return false;
+    }
+    return true;
+  }
+
+  bool AppendTable(const ReportTable& table, TableKind kind) {
+    AppendText("");
+    const double work = WorkOf(table);
+    return RTBTable(table, report_, kind, context_.TableRoom,
+                    [&](double part) { return GoesOn(workDone_ + part * work); }) &&
+           HasDone(work);
+  }
+
+  bool AppendSolution() {
+    const Outcome outcome = analysis_.Reading.Code;
+    if (outcome == Outcome::Inconsistent) {
+      AppendText(InconsistentText);
+      return HasDone(WorkOf(*solutions_));
+    }
+    if (!AppendTable(*solutions_, TableKind::HeaderRowAndFirstColumn)) return false;
+    if (outcome == Outcome::Redundant) AppendText(RedundantText, 1);
+    return true;
+  }
+
+  double WorkOfOnePicture() const { return WorkOfPicture + WorkOfMemberInPicture * truss_.NumMembers; }
+
+  bool GoesOn(double workDone) const {
+    return !context_.Progress || context_.Progress(std::min(workDone / wholeWork_, 1.0));
+  }
+
+  bool HasDone(double work) {
+    workDone_ += work;
+    return GoesOn(workDone_);
+  }
+
+  const Truss truss_;
+  const TrussAnalysis& analysis_;
+  const PrintableReportContext& context_;
+  const ReportText report_;
+  const ReportFormat format_;
+  const std::unique_ptr<ReportTable> equations_, rref_, solutions_;
+  const double wholeWork_;
+  double workDone_ = 0;
+};
+
+}  // namespace
+
+bool BuildPrintableReport(const Truss& truss, const TrussAnalysis& analysis,
+                          const PrintableReportContext& context) {
+  return ReportBuilder(truss, analysis, context).Build();
+}

@@ -11,7 +11,9 @@
 #include "reports/FormatSigFigs.h"
 #include "reports/RTBPicture.h"
 
-/// Told of the work that is done, in parts of the whole (0 .. 1); returns false when the user wants no more.
+/// Told of the work that is done, in parts of the whole (0 .. 1, never less than before, 1 when all is done):
+/// after each picture, each joint and each row of a table, and while tables are measured. Returns false when
+/// the user wants no more.
 using ReportProgress = std::function<bool(double done)>;
 
 struct PrintableReportContext {
@@ -23,7 +25,8 @@ struct PrintableReportContext {
   ReportProgress Progress;
 };
 
-/// Appends the report of a truss that was analysed. Returns false when `Progress` ended it; the document then
-/// holds the beginning of the report.
+/// Appends the report of a truss as SolveTruss left it, in the report font size of its settings. A name stays
+/// on its line: control characters in it are blanks. Returns false when `Progress` ended it; the document
+/// then holds the beginning of the report.
 bool BuildPrintableReport(const Truss& truss, const TrussAnalysis& analysis,
                           const PrintableReportContext& context);

@@ -2,8 +2,11 @@
 #pragma once
 
 #include <QByteArray>
+#include <QImage>
 #include <QPagedPaintDevice>
 #include <QTextDocument>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -16,6 +19,16 @@ struct ReportSubject {
   const TrussAnalysis& Analysis;
   NumberFormat Numbers;
 };
+
+/// A4 paper has this much room for text between margins of 20 mm, points.
+inline constexpr float TextWidthOfA4 = 170.0F / 25.4F * 72.0F;
+
+/// The report as a text document. Pictures go over the clipboard of `access`; `clipboard` gives the bitmap
+/// that it holds. `tableRoom` is as in PrintableReportContext. Null when `progress` ended it.
+std::unique_ptr<QTextDocument> BuildReportDocument(const ReportSubject& subject,
+                                                   const ClipboardAccess& access,
+                                                   std::function<QImage()> clipboard, float tableRoom,
+                                                   const ReportProgress& progress = {});
 
 /// The bytes of the report as a file; the same subject gives the same bytes. Tables are fitted to A4 paper
 /// but for HTML, which has no pages. Nothing when `progress` ended it; empty bytes when they could not be

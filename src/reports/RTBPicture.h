@@ -21,7 +21,8 @@ struct ClipboardAccess {
 };
 
 /// Appends line breaks, a tab, the picture by way of the clipboard, and line breaks. Without the clipboard
-/// the document has no picture there, the user is told, and the result is false.
+/// the document has no picture there, the user is told, and the result is false. An empty picture does not
+/// touch the clipboard.
 bool RTBPicture(const Picture& picture, const ReportText& report, const ClipboardAccess& access,
                 int breaksBefore, int breaksAfter);
 

@@ -21,7 +21,11 @@ struct ReportText {
   float Points = 10;  ///< the report font size
 };
 
-/// Appends the document's title between line breaks: bold, and larger than the text.
+/// The title's letters are this much larger than the text, points.
+inline constexpr float TitleEnlargement = 8;
+
+/// Appends the document's title between line breaks: bold, and larger than the text. It stands on a line of
+/// its own, so the end of that line belongs to it and is not one of the line breaks after. UTF-8.
 void RTBTitle(const ReportText& report, std::string_view title, int breaksBefore, int breaksAfter);
 
 /// Appends line breaks, the text in the format of the code, and line breaks. `text` is UTF-8. The line breaks

@@ -16,9 +16,16 @@ struct PictureContent {
 /// The width of a page's text, to which pictures are drawn, pixels of 96 to the inch.
 inline constexpr float PictureWidth = 640;
 
+/// No picture is drawn higher than this for the sake of its width; a page has room for it with its heading.
+inline constexpr float PictureHeight = 800;
+
 /// The world window is mapped onto a picture with this border, pixels.
 inline constexpr float PictureBorder = 40;
 
-/// Draws the truss. The joint list must be up to date. A picture of a truss without a live element is empty.
+/// Draws the truss, at the largest scale at which the picture is no larger than PictureWidth by
+/// PictureHeight. Names have the same size at every scale, and there is a smallest and a largest scale: a
+/// picture of what stands far outside the world window comes out wider, one of a tiny truss narrower. The
+/// joint list must be up to date. The picture is empty without a live element, and when the world window has
+/// no extent.
 Picture TrussPaint(const Truss& truss, const ReportFormat& format, const TextMeasure& measure,
                    PictureContent content);

@@ -218,6 +218,22 @@ TEST(Examples, WarrenBySections) {
                               {"DF", (1200 * 12 - 800 * 6) / 4.0}});
 }
 
+TEST(Examples, ShallowArchByJoints) {
+  // Half spans 4 under a crown 0.9 high: members 4.1 long, which share 900 by 0.9 / 4.1 each.
+  ExpectForces("shallow-arch.trs", {{"AC", 900 / 2.0 * 4.1 / 0.9},
+                                    {"BC", 900 / 2.0 * 4.1 / 0.9},
+                                    {"Ax", 2000},
+                                    {"Bx", -2000},
+                                    {"Ay", 450},
+                                    {"By", 450}});
+}
+
+TEST(Examples, FlatArchHasNothingThatPushesUp) {
+  const Solved solved = SolvedExample(std::filesystem::path(ORVANE_EXAMPLES_DIR) / "flat-arch.trs");
+  ASSERT_EQ(solved.System.NumUnknowns(), 2 * solved.Drawn.NumJoints) << "counting has no objection";
+  EXPECT_EQ(solved.Reading.Code, Outcome::Inconsistent);
+}
+
 namespace {
 
 std::vector<std::string> CellsOf(const std::string& line) {

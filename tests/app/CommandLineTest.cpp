@@ -105,7 +105,8 @@ TEST(CommandLineJson, HasMatricesWhenAsked) {
 TEST(CommandLineJson, NeedsAFile) { EXPECT_EQ(WhyWrong({"--json"}), "--json needs a file"); }
 
 TEST(CommandLineJson, AloneHasMatrices) {
-  for (const char* other : {"--report", "--csv=rref", "--convert=o", "--help", "--version"}) {
+  for (const char* other : {"--report", "--csv=rref", "--picture=o.png", "--document=o.rtf", "--convert=o",
+                            "--help", "--version"}) {
     EXPECT_EQ(WhyWrong({other, "--matrices", "a"}), "--matrices goes with --json") << other;
   }
   EXPECT_EQ(WhyWrong({"--matrices", "a"}), "--matrices goes with --json");
@@ -130,6 +131,77 @@ TEST(CommandLineCsv, NeedsExactlyOneFile) {
   EXPECT_EQ(WhyWrong({"--csv=rref", "a", "b"}), "--csv needs one file");
 }
 
+TEST(CommandLinePicture, NamesItsOutput) {
+  const CommandLine call = Call({"--picture=out.png", "a"});
+  EXPECT_EQ(call.What, Mode::Picture);
+  EXPECT_EQ(call.OutputPath, "out.png");
+  EXPECT_FALSE(call.Named);
+  EXPECT_THAT(call.Files, ElementsAre("a"));
+}
+
+TEST(CommandLinePicture, HasItsFormatFromTheEnding) {
+  EXPECT_EQ(Call({"--picture=a.png", "a"}).PictureFormat, PictureFileFormat::Png);
+  EXPECT_EQ(Call({"--picture=a.svg", "a"}).PictureFormat, PictureFileFormat::Svg);
+  EXPECT_EQ(Call({"--picture=a.pdf", "a"}).PictureFormat, PictureFileFormat::Pdf);
+  EXPECT_EQ(Call({"--picture=A.SVG", "a"}).PictureFormat, PictureFileFormat::Svg);
+  EXPECT_EQ(Call({"--picture=-", "a"}).PictureFormat, PictureFileFormat::Png) << "on standard output";
+}
+
+TEST(CommandLinePicture, RefusesAnyOtherEnding) {
+  for (const char* path : {"a.jpg", "a", "png", "a.png.txt", "a.rtf"}) {
+    EXPECT_EQ(WhyWrong({std::string("--picture=") + path, "a"}),
+              std::string("a picture is written as .png, .svg or .pdf, not as \"") + path + '"');
+  }
+}
+
+TEST(CommandLinePicture, HasNamesWhenAsked) {
+  EXPECT_TRUE(Call({"--picture=a.png", "--named", "a"}).Named);
+  EXPECT_TRUE(Call({"--named", "a", "--picture=a.png"}).Named);
+}
+
+TEST(CommandLinePicture, AloneHasNames) {
+  for (const char* other : {"--report", "--json", "--csv=rref", "--document=o.rtf", "--convert=o"}) {
+    EXPECT_EQ(WhyWrong({other, "--named", "a"}), "--named goes with --picture") << other;
+  }
+  EXPECT_EQ(WhyWrong({"--named", "a"}), "--named goes with --picture");
+}
+
+TEST(CommandLinePicture, NeedsAnOutputAndExactlyOneFile) {
+  EXPECT_EQ(WhyWrong({"--picture", "a"}), "--picture needs a value after \"=\"");
+  EXPECT_EQ(WhyWrong({"--picture=", "a"}), "--picture needs a value after \"=\"");
+  EXPECT_EQ(WhyWrong({"--picture=a.png"}), "--picture needs one file");
+  EXPECT_EQ(WhyWrong({"--picture=a.png", "a", "b"}), "--picture needs one file");
+}
+
+TEST(CommandLineDocument, NamesItsOutput) {
+  const CommandLine call = Call({"--document=out.rtf", "a"});
+  EXPECT_EQ(call.What, Mode::Document);
+  EXPECT_EQ(call.OutputPath, "out.rtf");
+  EXPECT_THAT(call.Files, ElementsAre("a"));
+}
+
+TEST(CommandLineDocument, HasItsFormatFromTheEnding) {
+  EXPECT_EQ(Call({"--document=a.rtf", "a"}).DocumentFormat, DocumentFileFormat::Rtf);
+  EXPECT_EQ(Call({"--document=a.pdf", "a"}).DocumentFormat, DocumentFileFormat::Pdf);
+  EXPECT_EQ(Call({"--document=a.odt", "a"}).DocumentFormat, DocumentFileFormat::Odt);
+  EXPECT_EQ(Call({"--document=a.html", "a"}).DocumentFormat, DocumentFileFormat::Html);
+  EXPECT_EQ(Call({"--document=A.Odt", "a"}).DocumentFormat, DocumentFileFormat::Odt);
+  EXPECT_EQ(Call({"--document=-", "a"}).DocumentFormat, DocumentFileFormat::Rtf) << "on standard output";
+}
+
+TEST(CommandLineDocument, RefusesAnyOtherEnding) {
+  for (const char* path : {"a.doc", "a", "rtf", "a.htm", "a.png"}) {
+    EXPECT_EQ(WhyWrong({std::string("--document=") + path, "a"}),
+              std::string("a document is written as .rtf, .pdf, .odt or .html, not as \"") + path + '"');
+  }
+}
+
+TEST(CommandLineDocument, NeedsAnOutputAndExactlyOneFile) {
+  EXPECT_EQ(WhyWrong({"--document", "a"}), "--document needs a value after \"=\"");
+  EXPECT_EQ(WhyWrong({"--document=a.rtf"}), "--document needs one file");
+  EXPECT_EQ(WhyWrong({"--document=a.rtf", "a", "b"}), "--document needs one file");
+}
+
 TEST(CommandLineConvert, NamesItsOutput) {
   const CommandLine call = Call({"--convert=out.trs", "a"});
   EXPECT_EQ(call.What, Mode::Convert);
@@ -150,7 +222,8 @@ TEST(CommandLineConvert, NeedsAnOutputAndExactlyOneFile) {
 }
 
 TEST(CommandLineAutoName, GoesWithEverything) {
-  for (const char* mode : {"--report", "--json", "--csv=rref", "--convert=o"}) {
+  for (const char* mode :
+       {"--report", "--json", "--csv=rref", "--picture=o.png", "--document=o.rtf", "--convert=o"}) {
     EXPECT_TRUE(Call({"--autoname", mode, "a"}).AutoName) << mode;
     EXPECT_TRUE(Call({mode, "a", "--autoname"}).AutoName) << mode;
   }
@@ -165,7 +238,8 @@ TEST(CommandLineHelp, ShowsEveryOptionThatThereIs) {
   const std::string help = HelpText();
   for (const char* option :
        {"orvane [FILE]", "--report[=SECTION,...] FILE...", "--json [--matrices] FILE...",
-        "--csv=equations|rref|solutions FILE", "--convert=OUT.trs FILE", "--autoname ...",
+        "--csv=equations|rref|solutions FILE", "--picture=OUT [--named] FILE", ".png, .svg or .pdf",
+        "--document=OUT FILE", ".rtf, .pdf, .odt or .html", "--convert=OUT.trs FILE", "--autoname ...",
         "--help | --version", "Exit status: 0", "counting, joints, equations, rref, solutions"}) {
     EXPECT_THAT(help, HasSubstr(option));
   }
@@ -177,6 +251,8 @@ TEST(CommandLineModes, DoNotGoTogether) {
   EXPECT_EQ(WhyWrong({"--json", "--csv=rref", "a"}), "--csv does not go with --json");
   EXPECT_EQ(WhyWrong({"--csv=rref", "--convert=o", "a"}), "--convert does not go with --csv");
   EXPECT_EQ(WhyWrong({"--convert=o", "--report=rref", "a"}), "--report does not go with --convert");
+  EXPECT_EQ(WhyWrong({"--convert=o", "--picture=o.png", "a"}), "--picture does not go with --convert");
+  EXPECT_EQ(WhyWrong({"--picture=o.png", "--document=o.rtf", "a"}), "--document does not go with --picture");
   EXPECT_EQ(WhyWrong({"--help", "--version"}), "--version does not go with --help");
   EXPECT_EQ(WhyWrong({"--report", "--help"}), "--help does not go with --report");
 }
@@ -193,7 +269,7 @@ TEST(CommandLineOptions, UnknownOnesAreRefused) {
 }
 
 TEST(CommandLineOptions, SwitchesTakeNoValue) {
-  for (const std::string name : {"--json", "--help", "--version", "--matrices", "--autoname"}) {
+  for (const std::string name : {"--json", "--help", "--version", "--matrices", "--named", "--autoname"}) {
     EXPECT_EQ(WhyWrong({name + "=yes", "a"}), "there is no option " + name + " with a value");
     EXPECT_EQ(WhyWrong({name + "=", "a"}), "there is no option " + name + " with a value");
   }

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <random>
 #include <sstream>
 #include <thread>
@@ -50,6 +51,21 @@ std::string FakeJson(const AnalysedFile& file, bool matrices, const ReportFormat
   return "{" + file.Argument + (file.IsComplete() ? "" : "|" + file.Error) + (matrices ? "|matrices}" : "}");
 }
 
+// A picture that says how it was asked for; an empty truss has none.
+std::optional<std::string> FakePicture(const AnalysedFile& file, bool named, PictureFileFormat fileFormat,
+                                       const ReportFormat& format) {
+  if (NumLiveMembers(file.Document) == 0) return std::nullopt;
+  return std::string(named ? "named" : "plain") + " picture " + std::to_string(static_cast<int>(fileFormat)) +
+         " of " + std::to_string(NumLiveMembers(file.Document)) + " members in " +
+         std::to_string(format.SigFigs) + " figures, \"" +
+         file.Document.Name(file.Document.Members[1].NameLabel1) + '"';
+}
+
+std::string FakeDocument(const AnalysedFile& file, DocumentFileFormat fileFormat, const NumberFormat&) {
+  return "document " + std::to_string(static_cast<int>(fileFormat)) + " on " +
+         std::to_string(file.Analysis.System.NumUnknowns()) + " forces";
+}
+
 class RunCommandLineTest : public testing::Test {
  protected:
   void SetUp() override {
@@ -79,10 +95,15 @@ class RunCommandLineTest : public testing::Test {
       return ArgumentsWrong;
     }
     std::istringstream in(Input);
-    return RunCommandLine(
-        std::get<CommandLine>(parsed),
-        CommandLineEnvironment{
-            .In = in, .Out = out, .Err = Err, .ErrIsTerminal = ErrIsTerminal, .Numbers = {}, .Json = Json});
+    return RunCommandLine(std::get<CommandLine>(parsed),
+                          CommandLineEnvironment{.In = in,
+                                                 .Out = out,
+                                                 .Err = Err,
+                                                 .ErrIsTerminal = ErrIsTerminal,
+                                                 .Numbers = {},
+                                                 .Json = Json,
+                                                 .Picture = Picture,
+                                                 .Document = Document});
   }
 
   ExitStatus RunWords(const std::vector<std::string>& words) { return RunInto(Out, words); }
@@ -92,6 +113,10 @@ class RunCommandLineTest : public testing::Test {
   std::ostringstream Err;
   bool ErrIsTerminal = false;
   std::function<std::string(const AnalysedFile&, bool, const ReportFormat&)> Json = FakeJson;
+  std::function<std::optional<std::string>(const AnalysedFile&, bool, PictureFileFormat, const ReportFormat&)>
+      Picture = FakePicture;
+  std::function<std::string(const AnalysedFile&, DocumentFileFormat, const NumberFormat&)> Document =
+      FakeDocument;
 
  private:
   fs::path directory_;
@@ -256,11 +281,114 @@ TEST_F(RunCommandLineTest, ConvertSaysWhenItCannotWrite) {
   EXPECT_EQ(Err.str(), "orvane: " + out + ": the file could not be written\n");
 }
 
+TEST_F(RunCommandLineTest, APictureIsWrittenIntoItsFile) {
+  const std::string a = File("a.trs", TriangleText);
+  EXPECT_EQ(RunWords({"--picture=" + Path("out.svg"), a}), Done);
+  EXPECT_EQ(Bytes(Path("out.svg")), "plain picture 1 of 3 members in 4 figures, \"AB\"");
+  EXPECT_EQ(Out.str() + Err.str(), "");
+}
+
+TEST_F(RunCommandLineTest, APictureCanHaveNamesAndBeAResult) {
+  Input = TriangleText;
+  EXPECT_EQ(RunWords({"--picture=-", "--named", "-"}), Done);
+  EXPECT_EQ(Out.str(), "named picture 0 of 3 members in 4 figures, \"AB\"");
+}
+
+TEST_F(RunCommandLineTest, APictureIsDrawnAfterTheNaming) {
+  Input = TriangleText;
+  EXPECT_EQ(RunWords({"--autoname", "--picture=-", "-"}), Done);
+  EXPECT_THAT(Out.str(), testing::EndsWith("\"D\"")) << "after three reactions";
+}
+
+TEST_F(RunCommandLineTest, APictureShowsWhatWasReadOfABrokenFile) {
+  Input = BrokenTriangle();
+  EXPECT_EQ(RunWords({"--picture=" + Path("out.png"), "-"}), NotAllDone);
+  EXPECT_THAT(Bytes(Path("out.png")), HasSubstr("of 2 members"));
+  EXPECT_EQ(Err.str(), std::string("orvane: -: ") + BrokenWhy + "\n");
+}
+
+constexpr const char* EmptyTruss =
+    "Orvane "
+    "5\r\n#TRUE#,#TRUE#,#TRUE#,#FALSE#\r\n0\r\n20\r\n2\r\n.5\r\n0\r\n.5\r\n1000\r\n4\r\n0\r\n0\r\n0\r\n0\r\n";
+
+TEST_F(RunCommandLineTest, WithNothingToDrawThereIsNoPicture) {
+  Input = EmptyTruss;
+  const std::string kept = File("out.png", "kept");
+  EXPECT_EQ(RunWords({"--picture=" + kept, "-"}), NotAllDone);
+  EXPECT_EQ(Err.str(), "orvane: -: there is nothing to draw\n");
+  EXPECT_EQ(Bytes(kept), "kept");
+}
+
+TEST_F(RunCommandLineTest, ADocumentIsWrittenIntoItsFile) {
+  EXPECT_EQ(RunWords({"--document=" + Path("out.odt"), File("a.trs", TriangleText)}), Done);
+  EXPECT_EQ(Bytes(Path("out.odt")), "document 2 on 6 forces");
+  EXPECT_EQ(Out.str() + Err.str(), "");
+}
+
+TEST_F(RunCommandLineTest, ADocumentCanBeAResult) {
+  Input = TriangleText;
+  EXPECT_EQ(RunWords({"--document=-", "-"}), Done);
+  EXPECT_EQ(Out.str(), "document 0 on 6 forces");
+}
+
+TEST_F(RunCommandLineTest, ADocumentReportsWhatWasReadOfABrokenFile) {
+  Input = BrokenTriangle();
+  EXPECT_EQ(RunWords({"--document=-", "-"}), NotAllDone);
+  EXPECT_EQ(Out.str(), "document 0 on 5 forces");
+  EXPECT_EQ(Err.str(), std::string("orvane: -: ") + BrokenWhy + "\n");
+}
+
+TEST_F(RunCommandLineTest, WithoutUnknownForcesThereIsNoDocument) {
+  Input = EmptyTruss;
+  const std::string kept = File("out.rtf", "kept");
+  EXPECT_EQ(RunWords({"--document=" + kept, "-"}), NotAllDone);
+  EXPECT_EQ(Err.str(), "orvane: -: the truss has no unknown forces, so there is no report to write\n");
+  EXPECT_EQ(Bytes(kept), "kept");
+}
+
+TEST_F(RunCommandLineTest, AMissingFileIsOneMessage) {
+  for (const std::string option : {"--picture=-", "--document=-"}) {
+    Err.str("");
+    EXPECT_EQ(RunWords({option, Path("missing.trs")}), NotAllDone);
+    EXPECT_EQ(Err.str(), "orvane: " + Path("missing.trs") + ": the file cannot be opened for reading\n");
+    EXPECT_EQ(Out.str(), "");
+  }
+}
+
+TEST_F(RunCommandLineTest, PicturesAndDocumentsSayWhenTheyCannotBeWritten) {
+  Input = TriangleText;
+  const std::string directory = Path("no such directory/");
+  EXPECT_EQ(RunWords({"--picture=" + directory + "a.png", "-"}), NotAllDone);
+  EXPECT_EQ(RunWords({"--document=" + directory + "a.rtf", "-"}), NotAllDone);
+  EXPECT_EQ(Err.str(), "orvane: " + directory + "a.png: the file could not be written\norvane: " + directory +
+                           "a.rtf: the file could not be written\n");
+}
+
+TEST_F(RunCommandLineTest, BytesThatCannotBeMadeAreNotWritten) {
+  Input = TriangleText;
+  Picture = [](const auto&, bool, auto, const auto&) { return std::string(); };
+  Document = [](const auto&, auto, const auto&) { return std::string(); };
+  const std::string kept = File("out.pdf", "kept");
+  EXPECT_EQ(RunWords({"--picture=" + kept, "-"}), NotAllDone);
+  EXPECT_EQ(RunWords({"--document=" + kept, "-"}), NotAllDone);
+  EXPECT_EQ(Err.str(), "orvane: " + kept + ": the file could not be written\norvane: " + kept +
+                           ": the file could not be written\n");
+  EXPECT_EQ(Bytes(kept), "kept");
+}
+
+TEST_F(RunCommandLineTest, ADocumentNamesAMemberWithoutLength) {
+  Input = Replaced(TriangleText, "3\r\n0,0,8", "4\r\n4,4,4,4,\"dot\",\"dot\"\r\n0,0,8");
+  EXPECT_EQ(RunWords({"--document=-", "-"}), Done);
+  EXPECT_EQ(Err.str(), "orvane: -: member \"dot\" has no length; its force cannot be determined\n");
+}
+
 TEST_F(RunCommandLineTest, ResultsThatCannotBeWrittenAreAFailure) {
   Input = TriangleText;
   for (const std::vector<std::string>& words : {std::vector<std::string>{"--report", "-"},
                                                 {"--json", "-"},
                                                 {"--csv=rref", "-"},
+                                                {"--picture=-", "-"},
+                                                {"--document=-", "-"},
                                                 {"--convert=-", "-"},
                                                 {"--help"},
                                                 {"--version"}}) {

@@ -1,21 +1,11 @@
 // Takes pictures of every window on its way through the three steps, so that people can look at them:
 //   orvane_screenshots DIRECTORY TRUSS light|dark
 // The scale comes from QT_SCALE_FACTOR. It proves nothing by itself and is no test.
-#include <QAction>
-#include <QApplication>
-#include <QDir>
-#include <QMenu>
-#include <QMenuBar>
-#include <QPushButton>
 #include <QStyleFactory>
-#include <QTest>
-#include <QTimer>
+#include <QTextEdit>
 #include <iostream>
 
-#include "app/MainForm.h"
-#include "support/FakeFileChooser.h"
-#include "support/FakeMessageBox.h"
-#include "support/MemorySettingsStore.h"
+#include "support/Photographer.h"
 
 namespace {
 
@@ -39,106 +29,63 @@ QPalette DarkPalette() {
   return dark;
 }
 
-class Photographer {
+class Walk : Photographer {
  public:
-  Photographer(QDir directory, std::string truss) : directory_(std::move(directory)) {
-    chooser_.Choice = std::move(truss);
-  }
+  using Photographer::Photographer;
 
-  void Run() {
-    form_.show();
+  void Run(const std::string& truss) {
     Settle();
     Take(form_, "1-instructions");
     Click("cmdOKInstruct1");
     Take(form_, "2-step1-empty");
-    Trigger("mnuFileOpen");
+    Open(truss);
     Take(form_, "3-step1");
     TakeMenu("mnuFile", "4-file-menu");
     TakeModal("mnuSettings", "5-settings");
     TakeModal("mnuHelpAbout", "6-about");
     Click("cmdNext1");
     Take(form_, "7-step2");
-    ClickLabel(truss_.Joints[1].NameLabel, "8-name");
+    AwaitModal([this](QWidget& dialog) {
+      Take(dialog, "8-name");
+      dialog.close();
+    });
+    ClickLabel(truss_.Joints[1].NameLabel);
     Click("cmdNext2");
     Take(form_, "9-step3");
     int number = 0;
     for (const char* button :
          {"cmdReportCounting", "cmdReportSystemEqs", "cmdReportRREF", "cmdReportSolutions"}) {
       Click(button);
-      Take(*ReportWindow(), QStringLiteral("10-report%1").arg(++number));
+      Take(ReportWindow(), QStringLiteral("10-report%1").arg(++number));
     }
-    ReportWindow()->hide();
-    ClickLabel(truss_.Joints[2].NameLabel, nullptr);
+    ReportWindow().hide();
+    ClickLabel(truss_.Joints[2].NameLabel);
     Take(form_, "11-joint");
     form_.resize(900, 700);
     Settle();
     Take(form_, "12-larger");
+    AwaitModal([this](QWidget& window) { TakePrintableReport(window); });
+    Trigger("mnuFilePrint");
   }
 
  private:
-  static void Settle() { QTest::qWait(80); }
-
-  void Take(QWidget& widget, const QString& name) {
-    Settle();
-    const QString path = directory_.filePath(name + QStringLiteral(".png"));
-    if (!widget.grab().save(path)) throw std::runtime_error("cannot write " + path.toStdString());
-  }
-  void Take(QWidget& widget, const char* name) { Take(widget, QString::fromLatin1(name)); }
-
-  void Click(const char* button) {
-    form_.findChild<QPushButton*>(QString::fromLatin1(button))->click();
-    Settle();
-  }
-
-  void Trigger(const char* action) {
-    form_.findChild<QAction*>(QString::fromLatin1(action))->trigger();
-    Settle();
-  }
-
-  void TakeMenu(const char* menuName, const char* name) {
-    auto* menu = form_.findChild<QMenu*>(QString::fromLatin1(menuName));
-    menu->popup(form_.mapToGlobal(QPoint(0, form_.menuBar()->height())));
-    Take(*menu, name);
-    menu->hide();
-  }
-
-  // Photographs the modal window that opens next, and closes it.
-  void AwaitModal(const char* name) {
-    QTimer::singleShot(100, &form_, [this, name] {
-      QWidget* dialog = QApplication::activeModalWidget();
-      Take(*dialog, name);
-      dialog->close();
-    });
-  }
-
-  void TakeModal(const char* action, const char* name) {
-    AwaitModal(name);
-    Trigger(action);
-  }
-
-  // The label's middle is on the canvas at the place that a click on the caption's left end hits.
-  void ClickLabel(LabelIndex label, const char* modalName) {
-    if (modalName != nullptr) AwaitModal(modalName);
-    auto* picDraw = form_.findChild<CanvasWidget*>(QStringLiteral("picDraw"));
-    const LabelPlace& place = picDraw->Shown().lblRodJoint[label];
-    const QPoint point(static_cast<int>(place.Left + place.Width / 2),
-                       static_cast<int>(place.Top + place.Height / 2));
-    QTest::mouseClick(picDraw, Qt::LeftButton, Qt::NoModifier, point);
-  }
-
-  static QWidget* ReportWindow() {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-      if (window->objectName() == QStringLiteral("Report")) return window;
+  void TakePrintableReport(QWidget& window) {
+    Take(window, "13-printable-report");
+    auto* text = window.findChild<QTextEdit*>();
+    for (const char* part : {"Counting the number", "The augmented matrix for", "The solution"}) {
+      text->moveCursor(QTextCursor::End);
+      text->setTextCursor(text->document()->find(Named(part)));
+      Take(window, QStringLiteral("13-%1").arg(Named(part).replace(u' ', u'-').toLower()));
     }
-    throw std::runtime_error("no report window");
+    window.resize(window.minimumSize());
+    Take(window, "13-smallest");
+    AwaitModal([this](QWidget& preview) {
+      Take(preview, "14-print-preview");
+      preview.close();
+    });
+    window.findChild<QPushButton*>(Named("cmdReportPrint"))->click();
+    window.close();
   }
-
-  QDir directory_;
-  Truss truss_;
-  MemorySettingsStore store_;
-  FakeMessageBox messages_;
-  FakeFileChooser chooser_;
-  MainForm form_{{truss_, store_, messages_, chooser_, NumberFormat{}, "."}};
 };
 
 }  // namespace
@@ -152,13 +99,8 @@ int main(int argc, char** argv) {
   }
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
   if (arguments[3] == QStringLiteral("dark")) QApplication::setPalette(DarkPalette());
-  const QDir directory(arguments[1]);
-  if (!directory.mkpath(QStringLiteral("."))) {
-    std::cerr << "cannot make the directory " << arguments[1].toStdString() << '\n';
-    return 1;
-  }
   try {
-    Photographer(directory, arguments[2].toStdString()).Run();
+    Walk(DirectoryFor(arguments[1])).Run(arguments[2].toStdString());
   } catch (const std::exception& error) {
     std::cerr << error.what() << '\n';
     return 1;

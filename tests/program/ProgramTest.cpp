@@ -100,9 +100,9 @@ TEST(Program, HelpsWithoutADisplay) {
   const Ended run = RunProgram(Words("--help"));
   EXPECT_EQ(run.Status, 0);
   EXPECT_EQ(run.Err, "");
-  for (const char* option :
-       {"--report[=SECTION,...]", "--json [--matrices]", "--csv=equations|rref|solutions",
-        "--convert=OUT.trs", "--autoname", "--help | --version"}) {
+  for (const char* option : {"--report[=SECTION,...]", "--json [--matrices]",
+                             "--csv=equations|rref|solutions", "--picture=OUT [--named]", "--document=OUT",
+                             "--convert=OUT.trs", "--autoname", "--help | --version"}) {
     EXPECT_TRUE(run.Out.contains(option)) << option;
   }
 }
@@ -353,8 +353,8 @@ TEST(ProgramLocale, SeparatesDecimalsInTextsButNotInJsonAndFiles) {
 TEST(ProgramOutput, ThatCannotBeWrittenIsAFailure) {
   const QString full = QStringLiteral("/dev/full");
   if (!QFileInfo::exists(full)) GTEST_SKIP() << "no device that is always full";
-  for (const char* words :
-       {"--report -", "--json -", "--csv=rref -", "--convert=- -", "--help", "--version"}) {
+  for (const char* words : {"--report -", "--json -", "--csv=rref -", "--picture=- -", "--document=- -",
+                            "--convert=- -", "--help", "--version"}) {
     const Ended run =
         RunProgram(ProgramCall{.Arguments = Words(words), .Input = TriangleText(), .OutputFile = full});
     EXPECT_EQ(run.Status, 1) << words;

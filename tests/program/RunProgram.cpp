@@ -35,6 +35,7 @@ QProcessEnvironment EnvironmentFor(const ProgramCall& call) {
     environment.remove(QString::fromLatin1(name));
   }
   environment.insert(QStringLiteral("LC_ALL"), call.LocaleName);
+  for (const auto& [name, value] : call.Environment.toStdMap()) environment.insert(name, value);
   return environment;
 }
 

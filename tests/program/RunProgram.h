@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QMap>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -18,6 +19,7 @@ struct ProgramCall {
   QByteArray Input;                          ///< what stands on standard input
   QString OutputFile;                        ///< where standard output goes; "": to Ended::Out
   QString LocaleName = QStringLiteral("C");  ///< LC_ALL
+  QMap<QString, QString> Environment = {};   ///< variables to be set besides
 };
 
 Ended RunProgram(const ProgramCall& call);

@@ -58,7 +58,7 @@ class MainFormTest : public testing::Test {
   // The window as it starts.
   MainForm& Shown() {
     form_ = std::make_unique<MainForm>(
-        MainForm::Partners{truss_, store_, messages_, chooser_, NumberFormat{}, "/program"});
+        MainForm::Partners{truss_, store_, messages_, chooser_, NumberFormat{}, programDirectory_});
     form_->show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(form_.get()));
     return *form_;
@@ -202,6 +202,7 @@ class MainFormTest : public testing::Test {
   FakeMessageBox messages_;
   FakeFileChooser chooser_;
   Truss truss_;
+  std::string programDirectory_ = "/program";
   std::unique_ptr<MainForm> form_;
   int modalWindows_ = 0;
   QString offeredName_;

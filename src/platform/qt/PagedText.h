@@ -2,13 +2,10 @@
 // of one page: for printers, for the print preview and for PDF.
 #pragma once
 
-#include <QFont>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QString>
-#include <functional>
 #include <memory>
-#include <vector>
 
 #include "platform/PictureShelf.h"
 #include "platform/RichText.h"
@@ -16,9 +13,10 @@
 /// The text's width on this device's page in points.
 float TextWidth(const QPagedPaintDevice& device);
 
-/// Lines wrap at the page's text width; monospaced lines are not wrapped. A heading (a bold line) is not left
-/// alone at the foot of a page, and a picture is not cut. Every page has a footer with the title on its left
-/// and the page's number on its right.
+/// Lines wrap at the page's text width; monospaced lines are not wrapped but cut at the paper's edge. A
+/// heading (a bold line) is not left alone at the foot of a page, and a picture is not cut. Blank lines that
+/// do not fit on a page are not continued on the next. Every page has a footer with the title on its left and
+/// the page's number on its right. Sizes follow the device's dots to the inch.
 class PagedText final : public RichText {
  public:
   /// Paints with `painter`, which is active on `device`. Paste takes the picture from `shelf`, as vectors.
@@ -30,6 +28,9 @@ class PagedText final : public RichText {
 
   /// Paints what is left. To be called once, after the last text. Returns the number of pages.
   int Finish();
+
+  /// Whether the device has refused a page; what comes after that is not painted.
+  bool Refused() const;
 
  private:
   class Pages;

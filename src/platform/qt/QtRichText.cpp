@@ -1,2 +1,138 @@
-// See the header.
+// See the header. Everything happens inside edit blocks: outside of one a cursor asks for the layout of its
+// line after every step.
 #include "platform/qt/QtRichText.h"
+
+#include <QTextBlock>
+#include <QTextImageFormat>
+#include <QTextOption>
+#include <QUrl>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/qt/QtPicture.h"
+
+namespace {
+
+constexpr qreal TabStop = 48;  // pixels of 96 to the inch
+
+bool IsLineEnd(QChar character) { return character == u'\r' || character == u'\n'; }
+
+// Replaces what may not stand in a document: characters that have a meaning of their own there, or that are
+// not allowed in XML.
+void MakePrintable(QString& text) {
+  for (QChar& character : text) {
+    const char16_t code = character.unicode();
+    if (code >= 0x20 && code < 0x7F) continue;
+    if (character == u'\t' || IsLineEnd(character)) continue;
+    if (character.category() == QChar::Other_Control) {
+      character = u' ';
+    } else if (code == QChar::ParagraphSeparator) {
+      character = QChar(QChar::LineSeparator);
+    } else if (code == QChar::ObjectReplacementCharacter || code >= 0xFFFE ||
+               (code >= 0xFDD0 && code <= 0xFDEF)) {
+      character = QChar(QChar::ReplacementCharacter);
+    }
+  }
+}
+
+// What is left of the page's width in a line that begins with tabs.
+qreal RoomBehind(const QString& line) {
+  const auto tabs =
+      std::find_if_not(line.cbegin(), line.cend(), [](QChar c) { return c == u'\t'; }) - line.cbegin();
+  return std::max(PageTextWidth - TabStop * static_cast<qreal>(tabs), TabStop);
+}
+
+QSizeF SizeOnPage(const QImage& image, qreal room) {
+  const QSizeF size = SizeOnScreen(image);
+  const qreal factor = std::min({1.0, room / size.width(), PageTextHeight / size.height()});
+  return {std::max(1.0, std::round(size.width() * factor)),
+          std::max(1.0, std::round(size.height() * factor))};
+}
+
+}  // namespace
+
+QTextCharFormat ToQt(const CharacterFormat& format) {
+  const PaletteColour& colour = Palette[static_cast<std::size_t>(format.Colour) % Palette.size()];
+  const bool monospaced = format.Family == FontFamily::Monospaced;
+  QTextCharFormat qtFormat;
+  qtFormat.setFontFamilies({monospaced ? QStringLiteral("Courier New") : QStringLiteral("Arial")});
+  if (monospaced) qtFormat.setFontStyleHint(QFont::Monospace);
+  qtFormat.setFontPointSize(double{format.Points});
+  qtFormat.setForeground(QColor(colour.Red, colour.Green, colour.Blue));
+  if (format.Bold) qtFormat.setFontWeight(QFont::Bold);
+  if (format.Italic) qtFormat.setFontItalic(true);
+  if (format.Underlined) qtFormat.setFontUnderline(true);
+  return qtFormat;
+}
+
+QtRichText::QtRichText(QTextDocument& document, std::function<QImage()> clipboard)
+    : document_(document), end_(&document), clipboard_(std::move(clipboard)) {
+  document_.setUndoRedoEnabled(false);
+  document_.setDefaultFont(QFont(QStringLiteral("Arial"), 10));
+  QTextOption option = document_.defaultTextOption();
+  option.setTabStopDistance(TabStop);
+  document_.setDefaultTextOption(option);
+}
+
+void QtRichText::Append(std::string_view text, const CharacterFormat& format) {
+  QString characters = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  MakePrintable(characters);
+  const QTextCharFormat& qtFormat = Remembered(format);
+  const bool monospaced = format.Family == FontFamily::Monospaced;
+
+  end_.beginEditBlock();
+  end_.setPosition(document_.characterCount() - 1);
+  const auto end = characters.cend();
+  for (auto at = characters.cbegin(); at != end;) {
+    const auto lineEnd = std::find_if(at, end, IsLineEnd);
+    if (lineEnd != at) {
+      InsertIntoLine(characters.mid(at - characters.cbegin(), lineEnd - at), qtFormat, monospaced);
+    }
+    at = lineEnd;
+    if (at == end) break;
+    const bool pair = *at == u'\r' && at + 1 != end && at[1] == u'\n';
+    at += pair ? 2 : 1;
+    end_.insertBlock(QTextBlockFormat(), qtFormat);
+  }
+  end_.endEditBlock();
+}
+
+void QtRichText::InsertIntoLine(const QString& text, const QTextCharFormat& format, bool monospaced) {
+  if (end_.atBlockStart()) {
+    SetWrapping(!monospaced);
+  } else if (!monospaced) {
+    SetWrapping(true);
+  }
+  end_.insertText(text, format);
+}
+
+void QtRichText::SetWrapping(bool wraps) {
+  QTextBlockFormat line = end_.blockFormat();
+  if (line.nonBreakableLines() != wraps) return;
+  line.setNonBreakableLines(!wraps);
+  end_.setBlockFormat(line);
+}
+
+const QTextCharFormat& QtRichText::Remembered(const CharacterFormat& format) {
+  const auto found = std::find_if(formats_.begin(), formats_.end(),
+                                  [&](const auto& known) { return known.first == format; });
+  return found != formats_.end() ? found->second : formats_.emplace_back(format, ToQt(format)).second;
+}
+
+void QtRichText::Paste() {
+  const QImage image = clipboard_ ? clipboard_() : QImage();
+  if (image.isNull()) return;
+  const QString name = QStringLiteral("picture%1.png").arg(++numPictures_);
+  document_.addResource(QTextDocument::ImageResource, QUrl(name), image);
+
+  end_.beginEditBlock();
+  end_.setPosition(document_.characterCount() - 1);
+  const QSizeF size = SizeOnPage(image, RoomBehind(end_.block().text()));
+  QTextImageFormat format;
+  format.setName(name);
+  format.setWidth(size.width());
+  format.setHeight(size.height());
+  SetWrapping(true);
+  end_.insertImage(format);
+  end_.endEditBlock();
+}

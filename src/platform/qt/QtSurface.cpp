@@ -3,6 +3,8 @@
 // exactly what the first did.
 #include "platform/qt/QtSurface.h"
 
+#include <QPaintEngine>
+#include <QPainterPath>
 #include <QPolygonF>
 #include <algorithm>
 #include <cmath>
@@ -30,6 +32,12 @@ DeviceSpan SpanOf(double centre1, double centre2, double width) {
   const double half = width / 2;
   return {std::floor(std::min(centre1, centre2) - half + 0.5),
           std::floor(std::max(centre1, centre2) + half + 0.5)};
+}
+
+// Whether letters stay letters on the device, to be searched and copied from a file.
+bool KeepsLetters(const QPainter& painter) {
+  const QPaintEngine* engine = painter.paintEngine();
+  return engine != nullptr && (engine->type() == QPaintEngine::Pdf || engine->type() == QPaintEngine::SVG);
 }
 
 }  // namespace
@@ -122,8 +130,27 @@ TextExtent QtSurface::Extent(std::string_view text) { return ExtentOf(metrics_, 
 
 void QtSurface::PrintText(float left, float top, std::string_view text) {
   painter_.setPen(foreground_);
-  painter_.drawText(QPointF(double{left}, double{top} + metrics_.ascent()), CanvasText(text));
+  painter_.drawText(BaselineOf(left, top), CanvasText(text));
   ApplyPen();
+}
+
+// In a file that keeps its letters, white ones would be found as text of their own; the rim is a shape there.
+void QtSurface::PrintTextWithRim(float left, float top, std::string_view text, int paletteIndex) {
+  if (!KeepsLetters(painter_)) {
+    Surface::PrintTextWithRim(left, top, text, paletteIndex);
+    return;
+  }
+  QPainterPath letters;
+  letters.addText(BaselineOf(left, top), painter_.font(), CanvasText(text));
+  const QPen rim(Qt::white, 2 * double{RimWidth}, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+  painter_.setRenderHint(QPainter::Antialiasing);
+  painter_.strokePath(letters, rim);
+  SetForeground(paletteIndex);
+  PrintText(left, top, text);
+}
+
+QPointF QtSurface::BaselineOf(float left, float top) const {
+  return {double{left}, double{top} + metrics_.ascent()};
 }
 
 void QtSurface::ApplyPen() {

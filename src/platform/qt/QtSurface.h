@@ -30,9 +30,11 @@ class QtSurface final : public Surface {
   void SetFont(const TextFont& font) override;
   TextExtent Extent(std::string_view text) override;
   void PrintText(float left, float top, std::string_view text) override;
+  void PrintTextWithRim(float left, float top, std::string_view text, int paletteIndex) override;
 
  private:
   void ApplyPen();
+  QPointF BaselineOf(float left, float top) const;
 
   /// A stroke along an axis from one pixel centre to another, in whole pixels of the device.
   void FillStroke(const QPointF& from, const QPointF& to, int width);

@@ -2,11 +2,10 @@
 #pragma once
 
 #include <QByteArray>
-#include <QTextCursor>
-#include <QTextDocument>
+
+#include "platform/qt/DocumentWalk.h"
 
 /// The whole document, or what the cursor has selected, as 7-bit RTF: fonts and sizes, bold, italic,
 /// underlined, colours, tabs, line breaks, and pictures as PNG. Braces, backslashes and every character
 /// outside ASCII are escaped. The same document gives the same bytes.
-QByteArray ToRtf(const QTextDocument& document);
-QByteArray ToRtf(const QTextCursor& selection);
+QByteArray ToRtf(const DocumentPart& part);

@@ -1,5 +1,5 @@
 // The two conversions between components and magnitude with angle.
-#include "editing/Polar.h"
+#include "canvas/Polar.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// Components of a plane vector against its magnitude and angle, as the value editor shows and reads them.
+// Components of a plane vector against its magnitude and angle, as the value editor and pictures show them.
 #pragma once
 
 /// Angles are in degrees in the one mode and in radians in any other.

@@ -1,5 +1,5 @@
 // The angle comes from the plain arc tangent and the vector's quadrant.
-#include "editing/Polar.h"
+#include "canvas/Polar.h"
 
 #include <cmath>
 

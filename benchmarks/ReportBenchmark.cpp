@@ -1,0 +1,83 @@
+// See the header. Each benchmark says how large its file is and the most memory that the program held from
+// its beginning to the end of that benchmark; run one alone (--benchmark_filter) for a figure of its own.
+#include "benchmarks/ReportBenchmark.h"
+
+#include <benchmark/benchmark.h>
+
+#include <fstream>
+#include <string>
+
+#include "analysis/Analysis.h"
+#include "benchmarks/ShapeDocument.h"
+#include "reports/PrintableReportFiles.h"
+
+namespace {
+
+using benchmark::State;
+
+struct Solved {
+  Truss Document = DocumentOf(WarrenStrip(LargestNumUnknowns));
+  TrussAnalysis Analysis = SolveTruss(Document);
+
+  ReportSubject Subject() const { return {Document, Analysis, NumberFormat{}}; }
+};
+
+// In megabytes; 0 where the system does not tell.
+double MostMemory() {
+  std::ifstream status("/proc/self/status");
+  for (std::string line; std::getline(status, line);) {
+    constexpr std::string_view key = "VmHWM:";
+    if (line.starts_with(key)) return std::stod(line.substr(key.size())) / 1024;
+  }
+  return 0;
+}
+
+void TellMemory(State& state) { state.counters["peak_MB"] = MostMemory(); }
+
+class QuietClipboard final : public Clipboard, public Clock, public MessageBox {
+ public:
+  bool Clear() override { return true; }
+  bool PutRichText(const RichTextForms&) override { return true; }
+  bool PutPicture(const Picture&) override { return true; }
+  void Pause(int) override {}
+  MessageAnswer Show(const Message&) override { return MessageAnswer::Ok; }
+};
+
+void BuildDocument(State& state, float tableRoom) {
+  const Solved solved;
+  QuietClipboard quiet;
+  for (auto unused : state) {
+    const auto document = BuildReportDocument(
+        solved.Subject(), {quiet, quiet, quiet}, [] { return QImage(); }, tableRoom);
+    state.counters["blocks"] = document->blockCount();
+  }
+  TellMemory(state);
+}
+
+void WriteFile(State& state, DocumentFileFormat format) {
+  const Solved solved;
+  for (auto unused : state) {
+    const auto bytes = ReportFile(solved.Subject(), format);
+    state.counters["file_MB"] = static_cast<double>(bytes.value_or(QByteArray()).size()) / 1e6;
+  }
+  TellMemory(state);
+}
+
+template <class Argument>
+void Register(const char* name, void (*function)(State&, Argument), Argument argument) {
+  benchmark::RegisterBenchmark((std::string("report, largest Warren strip/") + name).c_str(), function,
+                               argument)
+      ->Unit(benchmark::kMillisecond)
+      ->UseRealTime();
+}
+
+}  // namespace
+
+void RegisterReportBenchmarks() {
+  Register("document for paper", BuildDocument, TextWidthOfA4);
+  Register("document of any width", BuildDocument, 0.0F);
+  Register("PDF", WriteFile, DocumentFileFormat::Pdf);
+  Register("RTF", WriteFile, DocumentFileFormat::Rtf);
+  Register("HTML", WriteFile, DocumentFileFormat::Html);
+  Register("ODT", WriteFile, DocumentFileFormat::Odt);
+}

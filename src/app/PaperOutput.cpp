@@ -1,0 +1,54 @@
+// See the header.
+#include "app/PaperOutput.h"
+
+#include <cstdio>
+
+#include "platform/qt/QtPicture.h"
+#include "platform/qt/QtTextMeasure.h"
+#include "reports/PrintableReportFiles.h"
+#include "reports/TrussPaint.h"
+
+namespace {
+
+// What the toolkit says of the system it finds is of no interest to a script; standard error has the
+// program's own lines only.
+void DropRemarks(QtMsgType type, const QMessageLogContext&, const QString& text) {
+  if (type == QtFatalMsg) std::fputs(qPrintable(text), stderr);
+}
+
+// Everything by which a user may change how large and in what style windows are painted.
+void ForgetScreens() {
+  for (const char* name :
+       {"QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_SCALE_FACTOR_ROUNDING_POLICY",
+        "QT_AUTO_SCREEN_SCALE_FACTOR", "QT_ENABLE_HIGHDPI_SCALING", "QT_USE_PHYSICAL_DPI", "QT_FONT_DPI",
+        "QT_DPI_ADJUSTMENT_POLICY", "QT_QPA_PLATFORMTHEME", "QT_STYLE_OVERRIDE", "QT_QPA_FONTDIR"}) {
+    qunsetenv(name);
+  }
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+}  // namespace
+
+ScreenlessApplication::Preparation::Preparation() {
+  qInstallMessageHandler(DropRemarks);
+  ForgetScreens();
+}
+
+ScreenlessApplication::ScreenlessApplication() : application_(numArguments_, arguments_.data()) {}
+
+std::optional<std::string> PictureBytes(const AnalysedFile& file, bool named, PictureFileFormat fileFormat,
+                                        const ReportFormat& format) {
+  QtTextMeasure measure;
+  const Picture picture = TrussPaint(
+      file.Document, format,
+      [&measure](const TextFont& font, std::string_view text) { return measure.Measure(font, text); },
+      PictureContent{.ForceValues = true, .Names = named});
+  if (picture.Frame() == PixelRect{}) return std::nullopt;
+  return PictureFile(picture, fileFormat).toStdString();
+}
+
+std::string DocumentBytes(const AnalysedFile& file, DocumentFileFormat fileFormat,
+                          const NumberFormat& numbers) {
+  const ReportSubject subject{.Document = file.Document, .Analysis = file.Analysis, .Numbers = numbers};
+  return ReportFile(subject, fileFormat).value_or(QByteArray()).toStdString();
+}

@@ -1,0 +1,244 @@
+// See the header. The toolkit's own writer of this form puts line ends into paragraphs, which readers show as
+// blanks, names no fonts, gives no paper size, and lists styles in an order that changes from run to run.
+#include "platform/qt/OdtWriter.h"
+
+#include <QImage>
+#include <algorithm>
+#include <limits>
+#include <vector>
+
+#include "platform/qt/DocumentImages.h"
+#include "platform/qt/DocumentWalk.h"
+#include "platform/qt/ZipFile.h"
+
+namespace {
+
+constexpr const char* MediaType = "application/vnd.oasis.opendocument.text";
+constexpr const char* XmlHead = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+constexpr const char* NameSpaces =
+    " xmlns:office=\"urn:oasis:names:tc:opendocument:xmlns:office:1.0\""
+    " xmlns:style=\"urn:oasis:names:tc:opendocument:xmlns:style:1.0\""
+    " xmlns:text=\"urn:oasis:names:tc:opendocument:xmlns:text:1.0\""
+    " xmlns:draw=\"urn:oasis:names:tc:opendocument:xmlns:drawing:1.0\""
+    " xmlns:fo=\"urn:oasis:names:tc:opendocument:xmlns:xsl-fo-compatible:1.0\""
+    " xmlns:svg=\"urn:oasis:names:tc:opendocument:xmlns:svg-compatible:1.0\""
+    " xmlns:xlink=\"http://www.w3.org/1999/xlink\" office:version=\"1.2\">\n";
+
+// Paper and the standard paragraph.
+constexpr const char* Styles =
+    "<office:styles>\n"
+    "<style:default-style style:family=\"paragraph\"><style:paragraph-properties"
+    " style:tab-stop-distance=\"36pt\"/><style:text-properties fo:language=\"en\" fo:country=\"US\"/>"
+    "</style:default-style>\n"
+    "<style:style style:name=\"Standard\" style:family=\"paragraph\" style:class=\"text\"/>\n"
+    "</office:styles>\n"
+    "<office:automatic-styles>\n"
+    "<style:page-layout style:name=\"A4\"><style:page-layout-properties fo:page-width=\"210mm\""
+    " fo:page-height=\"297mm\" style:print-orientation=\"portrait\" fo:margin=\"20mm\" fo:margin-top=\"20mm\""
+    " fo:margin-bottom=\"20mm\" fo:margin-left=\"20mm\" fo:margin-right=\"20mm\"/></style:page-layout>\n"
+    "</office:automatic-styles>\n"
+    "<office:master-styles>\n"
+    "<style:master-page style:name=\"Standard\" style:page-layout-name=\"A4\"/>\n"
+    "</office:master-styles>\n";
+
+constexpr const char* PictureStyle =
+    "<style:style style:name=\"Picture\" style:family=\"graphic\"><style:graphic-properties"
+    " style:vertical-pos=\"top\" style:vertical-rel=\"baseline\"/></style:style>\n";
+
+QByteArray Points(double points) { return QByteArray::number(points, 'g', 6) + "pt"; }
+
+// Text in which every blank that a reader might take for layout is an element of its own: all but a single
+// one between two characters of the same run.
+class OdtText {
+ public:
+  void Write(const QString& text) {
+    for (qsizetype i = 0; i < text.size(); ++i) {
+      const QChar character = text[i];
+      if (character == u' ') {
+        i = WriteBlanks(text, i) - 1;
+      } else if (character == u'\t') {
+        Flush();
+        bytes_ += "<text:tab/>";
+      } else if (character == QChar(QChar::LineSeparator)) {
+        Flush();
+        bytes_ += "<text:line-break/>";
+      } else if (character.category() != QChar::Other_Control) {
+        letters_ += character;
+      }
+    }
+    Flush();
+  }
+  void Markup(const QByteArray& markup) { bytes_ += markup; }
+  const QByteArray& Bytes() const { return bytes_; }
+
+ private:
+  // Returns where the blanks end.
+  qsizetype WriteBlanks(const QString& text, qsizetype begin) {
+    const auto isBlank = [](QChar character) { return character == u' '; };
+    const qsizetype end = std::find_if_not(text.cbegin() + begin, text.cend(), isBlank) - text.cbegin();
+    if (end == begin + 1 && !letters_.isEmpty() && end < text.size() && text[end].isPrint()) {
+      letters_ += u' ';
+      return end;
+    }
+    Flush();
+    bytes_ += end == begin + 1 ? "<text:s/>" : "<text:s text:c=\"" + QByteArray::number(end - begin) + "\"/>";
+    return end;
+  }
+
+  void Flush() {
+    bytes_ += letters_.toHtmlEscaped().toUtf8();
+    letters_.clear();
+  }
+
+  QByteArray bytes_;
+  QString letters_;
+};
+
+// The styles that were met, in the order of their first appearance, named "P1", "P2" ... or "T1", "T2" ...
+class OdtStyles {
+ public:
+  OdtStyles(char initial, const char* family) : initial_(initial), family_(family) {}
+
+  QByteArray NameOf(const Letters& letters) {
+    const auto found = std::find(met_.begin(), met_.end(), letters);
+    const auto number = static_cast<int>(found - met_.begin()) + 1;
+    if (found == met_.end()) met_.push_back(letters);
+    return initial_ + QByteArray::number(number);
+  }
+
+  QByteArray Bytes() const {
+    QByteArray bytes;
+    for (std::size_t i = 0; i < met_.size(); ++i) {
+      bytes += QByteArray("<style:style style:name=\"") + initial_ +
+               QByteArray::number(static_cast<int>(i) + 1) + "\" style:family=\"" + family_ + "\">" +
+               Properties(met_[i]) + "</style:style>\n";
+    }
+    return bytes;
+  }
+
+  const std::vector<Letters>& Met() const { return met_; }
+
+ private:
+  static QByteArray Properties(const Letters& letters) {
+    QByteArray bytes = "<style:text-properties style:font-name=\"" + letters.Family.toHtmlEscaped().toUtf8() +
+                       "\" fo:font-size=\"" + Points(letters.Points) + "\" fo:color=\"" +
+                       QColor(letters.Colour).name().toLatin1() + '"';
+    if (letters.Bold) bytes += " fo:font-weight=\"bold\"";
+    if (letters.Italic) bytes += " fo:font-style=\"italic\"";
+    if (letters.Underlined)
+      bytes += " style:text-underline-style=\"solid\" style:text-underline-width=\"auto\"";
+    return bytes + "/>";
+  }
+
+  char initial_;
+  const char* family_;
+  std::vector<Letters> met_;
+};
+
+class OdtWriter final : public DocumentVisitor {
+ public:
+  explicit OdtWriter(const QTextDocument& document) : document_(document) { Walk(document_, *this); }
+
+  QByteArray File() {
+    const QByteArray content = Content();
+    // Such a file counts its bytes with 32 bits, and the toolkit compresses no more than this at once.
+    if (content.size() > std::numeric_limits<int>::max() / 2) return {};
+    ZipFile file;
+    file.Add("mimetype", MediaType, ZipFile::Method::Stored);  // first, and as it is, so that it can be seen
+    file.Add("content.xml", content, ZipFile::Method::Deflated);
+    file.Add(
+        "styles.xml",
+        QByteArray(XmlHead) + "<office:document-styles" + NameSpaces + Styles + "</office:document-styles>\n",
+        ZipFile::Method::Deflated);
+    for (std::size_t i = 0; i < pictures_.size(); ++i) {
+      file.Add(PictureName(i), pictures_[i], ZipFile::Method::Stored);
+    }
+    file.Add("META-INF/manifest.xml", Manifest(), ZipFile::Method::Deflated);
+    return file.Finish();
+  }
+
+  // A paragraph has the look of its first letters, so that a run that looks the same needs no style.
+  void BeginParagraph(const Letters& letters, bool) override {
+    paragraph_ = letters;
+    text_.Markup("<text:p text:style-name=\"" + paragraphs_.NameOf(letters) + "\">");
+  }
+
+  void Run(const Letters& letters, const QString& text) override {
+    const bool differs = letters != paragraph_;
+    if (differs) text_.Markup("<text:span text:style-name=\"" + runs_.NameOf(letters) + "\">");
+    text_.Write(text);
+    if (differs) text_.Markup("</text:span>");
+  }
+
+  void Picture(const QTextImageFormat& format) override {
+    const QImage image = ImageOf(document_, format.name());
+    if (image.isNull()) return;
+    const QSizeF size = ShownSize(format, image) * 0.75;  // pixels of 96 to the inch in points
+    const QByteArray number = QByteArray::number(static_cast<int>(pictures_.size()) + 1);
+    text_.Markup("<draw:frame draw:name=\"Picture " + number +
+                 "\" draw:style-name=\"Picture\" text:anchor-type=\"as-char\" svg:width=\"" +
+                 Points(size.width()) + "\" svg:height=\"" + Points(size.height()) +
+                 "\"><draw:image xlink:href=\"" + PictureName(pictures_.size()) +
+                 "\" xlink:type=\"simple\" xlink:show=\"embed\" xlink:actuate=\"onLoad\"/></draw:frame>");
+    pictures_.push_back(PngBytes(image));
+  }
+
+  void EndParagraph(bool) override { text_.Markup("</text:p>\n"); }
+
+ private:
+  static QByteArray PictureName(std::size_t index) {
+    return "Pictures/picture" + QByteArray::number(static_cast<int>(index) + 1) + ".png";
+  }
+
+  QByteArray Content() const {
+    return QByteArray(XmlHead) + "<office:document-content" + NameSpaces + FontFaces() +
+           "<office:automatic-styles>\n" + paragraphs_.Bytes() + runs_.Bytes() + PictureStyle +
+           "</office:automatic-styles>\n<office:body>\n<office:text>\n" + text_.Bytes() +
+           "</office:text>\n</office:body>\n</office:document-content>\n";
+  }
+
+  QByteArray FontFaces() const {
+    std::vector<Letters> faces;
+    for (const OdtStyles* styles : {&paragraphs_, &runs_}) {
+      for (const Letters& letters : styles->Met()) {
+        const auto same = [&](const Letters& face) { return face.Family == letters.Family; };
+        if (std::none_of(faces.begin(), faces.end(), same)) faces.push_back(letters);
+      }
+    }
+    QByteArray bytes = "<office:font-face-decls>\n";
+    for (const Letters& face : faces) {
+      const QByteArray name = face.Family.toHtmlEscaped().toUtf8();
+      bytes += "<style:font-face style:name=\"" + name + "\" svg:font-family=\"&apos;" + name + "&apos;\"";
+      bytes += face.Monospaced ? " style:font-family-generic=\"modern\" style:font-pitch=\"fixed\"/>\n"
+                               : " style:font-family-generic=\"swiss\" style:font-pitch=\"variable\"/>\n";
+    }
+    return bytes + "</office:font-face-decls>\n";
+  }
+
+  QByteArray Manifest() const {
+    QByteArray bytes =
+        QByteArray(XmlHead) +
+        "<manifest:manifest xmlns:manifest=\"urn:oasis:names:tc:opendocument:xmlns:manifest:1.0\""
+        " manifest:version=\"1.2\">\n";
+    const auto add = [&bytes](const QByteArray& path, const QByteArray& mediaType) {
+      bytes += "<manifest:file-entry manifest:full-path=\"" + path + "\" manifest:media-type=\"" + mediaType +
+               "\"/>\n";
+    };
+    add("/", MediaType);
+    add("content.xml", "text/xml");
+    add("styles.xml", "text/xml");
+    for (std::size_t i = 0; i < pictures_.size(); ++i) add(PictureName(i), "image/png");
+    return bytes + "</manifest:manifest>\n";
+  }
+
+  const QTextDocument& document_;
+  Letters paragraph_;
+  OdtText text_;
+  OdtStyles paragraphs_{'P', "paragraph"};
+  OdtStyles runs_{'T', "text"};
+  std::vector<QByteArray> pictures_;
+};
+
+}  // namespace
+
+QByteArray ToOdt(const QTextDocument& document) { return OdtWriter(document).File(); }

@@ -1,0 +1,357 @@
+// The printable report as files and on pages: that nothing is lost on the way, whatever the form.
+#include "reports/PrintableReportFiles.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QPrintPreviewWidget>
+#include <QPrinter>
+#include <algorithm>
+
+#include "analysis/Analysis.h"
+#include "document/TrussFile.h"
+#include "platform/qt/QtPicture.h"
+#include "platform/qt/QtTextMeasure.h"
+#include "reports/TrussPaint.h"
+#include "support/PdfTools.h"
+#include "support/TemporaryDirectory.h"
+#include "support/TrussBuilder.h"
+
+namespace {
+
+using testing::Each;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Le;
+using testing::Not;
+
+constexpr DocumentFileFormat AllFormats[] = {DocumentFileFormat::Rtf, DocumentFileFormat::Pdf,
+                                             DocumentFileFormat::Odt, DocumentFileFormat::Html};
+
+constexpr const char* Headings[] = {"Picture of the truss with applied forces:",
+                                    "Naming the joints, member forces and reaction forces:",
+                                    "Counting the number of unknown forces:",
+                                    "Counting the number of determining equations:",
+                                    "Conclusions regarding existence and uniqueness of solution:",
+                                    "The equations:",
+                                    "The augmented matrix for this system of equations:",
+                                    "The augmented matrix in RREF form:",
+                                    "The solution:"};
+
+struct Solved {
+  explicit Solved(Truss truss) : Document(std::move(truss)), Analysis(SolveTruss(Document)) {}
+
+  ReportSubject Subject() const { return {Document, Analysis, NumberFormat{}}; }
+  QByteArray File(DocumentFileFormat format) const {
+    return ReportFile(Subject(), format).value_or(QByteArray());
+  }
+  PdfUnderTest Pdf() const { return PdfUnderTest(File(DocumentFileFormat::Pdf)); }
+
+  Truss Document;
+  TrussAnalysis Analysis;
+};
+
+Solved Example(const std::string& name) {
+  const std::string path = std::string(ORVANE_EXAMPLES_DIR) + '/' + name;
+  Truss truss;
+  CanvasBounds bounds;
+  EXPECT_EQ(ReadTruss(truss, bounds, path), std::nullopt) << name;
+  truss.FileName = path;
+  return Solved(std::move(truss));
+}
+
+// A triangle on a clamp and a roller with a load.
+TrussBuilder Triangle() {
+  return TrussBuilder()
+      .Member(0, 0, 4, 0, "AB")
+      .Member(0, 0, 2, 3, "AC")
+      .Member(4, 0, 2, 3, "BC")
+      .Clamp(0, 0, "Ax", "Ay")
+      .Roller(4, 0, "By")
+      .Force(2, 3, 0, -10)
+      .Joint(0, 0, "A")
+      .Joint(4, 0, "B")
+      .Joint(2, 3, "C");
+}
+
+// A strip whose members are named T1, T2 ...: its tables are far wider than paper.
+Truss Strip(int panels) {
+  TrussBuilder builder;
+  int members = 0;
+  const auto add = [&](int x1, int y1, int x2, int y2) {
+    std::string name = "T";
+    name.append(std::to_string(++members));
+    builder.Member(static_cast<float>(x1), static_cast<float>(y1), static_cast<float>(x2),
+                   static_cast<float>(y2), name);
+  };
+  for (int x = 0; x < panels; ++x) {
+    add(x, 0, x + 1, 0);
+    add(x, 1, x + 1, 1);
+    add(x, 0, x, 1);
+    add(x, 0, x + 1, 1);
+  }
+  add(panels, 0, panels, 1);
+  builder.Clamp(0, 0, "Rx", "Ry")
+      .Roller(static_cast<float>(panels), 0, "Rr")
+      .Force(1, 1, 0, -1)
+      .Joint(0, 0, "A");
+  return builder;
+}
+
+void ExpectAllHeadingsInOrder(const std::string& text) {
+  std::size_t from = 0;
+  for (const char* heading : Headings) {
+    const std::size_t found = text.find(heading, from);
+    ASSERT_NE(found, std::string::npos) << heading;
+    from = found + 1;
+  }
+}
+
+std::string TextOfHtml(const QByteArray& html) {
+  QTextDocument document;
+  document.setHtml(QString::fromUtf8(html));
+  return document.toPlainText().toStdString();
+}
+
+TEST(ReportFile, EverySectionStandsInThePdfInItsOrder) {
+  for (const char* example :
+       {"bowstring.trs", "crane.trs", "inconsistent.trs", "redundant.trs", "undetermined.trs"}) {
+    SCOPED_TRACE(example);
+    const std::string text = Example(example).Pdf().Text();
+    ExpectAllHeadingsInOrder(text);
+    EXPECT_THAT(text, HasSubstr(std::string(example) + " "));
+  }
+}
+
+TEST(ReportFile, EverySectionStandsInRtfAndHtmlInItsOrder) {
+  const Solved solved = Example("bowstring.trs");
+  ExpectAllHeadingsInOrder(solved.File(DocumentFileFormat::Rtf).toStdString());
+  ExpectAllHeadingsInOrder(TextOfHtml(solved.File(DocumentFileFormat::Html)));
+}
+
+TEST(ReportFile, FilesBeginAsTheirKindDoes) {
+  const Solved solved(Triangle());
+  EXPECT_TRUE(solved.File(DocumentFileFormat::Rtf).startsWith("{\\rtf1"));
+  EXPECT_TRUE(solved.File(DocumentFileFormat::Pdf).startsWith("%PDF-"));
+  EXPECT_TRUE(solved.File(DocumentFileFormat::Odt).startsWith("PK"));
+  EXPECT_TRUE(solved.File(DocumentFileFormat::Html).trimmed().startsWith("<!DOCTYPE"));
+}
+
+TEST(ReportFile, TheTablesCellsStandInThePdf) {
+  const std::string text = Solved(Triangle()).Pdf().Text();
+  // 5 each at the supports; half of the load's 10 goes down each of the two sloping members.
+  EXPECT_THAT(text, testing::ContainsRegex("Eqn. +Ax +Ay +By +AB +AC +BC +RHS"));
+  EXPECT_THAT(text, testing::ContainsRegex("Ay +5\n"));
+  EXPECT_THAT(text, testing::ContainsRegex("AC +6.009\n"));
+}
+
+TEST(ReportFile, ATrussWithoutAFileIsTitledWithTheProgramsName) {
+  const auto pdf = Solved(Triangle()).Pdf();
+  EXPECT_THAT(pdf.Text(), Not(HasSubstr("Name of file")));
+  EXPECT_THAT(pdf.Text(), testing::ContainsRegex("Orvane +Page 1"));
+}
+
+TEST(ReportFile, TheSameReportGivesTheSameBytes) {
+  const Solved solved = Example("bowstring.trs");
+  for (const DocumentFileFormat format : AllFormats) {
+    const QByteArray bytes = solved.File(format);
+    EXPECT_FALSE(bytes.isEmpty());
+    EXPECT_TRUE(bytes == solved.File(format)) << static_cast<int>(format);
+    EXPECT_FALSE(bytes.contains("CreationDate")) << static_cast<int>(format);
+  }
+}
+
+TEST(ReportFile, ATableWiderThanPaperIsBrokenIntoBlocksWithItsFirstColumnAgain) {
+  const Solved solved(Strip(25));
+  const auto pdf = solved.Pdf();
+  const auto words = pdf.Words();
+  const auto count = [&words](const std::string& text) {
+    return std::ranges::count(words, text, &PdfWord::Text);
+  };
+  // One more time in each table than there are blocks beside the first.
+  EXPECT_GE(count("Eqn."), 2 * 4);
+  EXPECT_GE(count("A-x"), 4);
+
+  constexpr double textEdge = (210 - 20) / 25.4 * 72;
+  for (const PdfWord& word : words) EXPECT_LE(word.Right, textEdge + 1) << word.Text;
+  // No column of either table is lost: each unknown heads a column of each and stands in the solution.
+  for (int member = 1; member <= solved.Document.NumMembers; ++member) {
+    std::string name = "T";
+    name.append(std::to_string(member));
+    EXPECT_GE(count(name), 3) << name;
+  }
+}
+
+TEST(ReportFile, HtmlHasNoPagesAndKeepsATableWhole) {
+  const std::string text = TextOfHtml(Solved(Strip(25)).File(DocumentFileFormat::Html));
+  std::size_t headers = 0;
+  for (auto at = text.find("Eqn."); at != std::string::npos; at = text.find("Eqn.", at + 1)) ++headers;
+  EXPECT_EQ(headers, 2U);
+}
+
+TEST(ReportFile, NamesWithMarkupAndHighBytesComeThrough) {
+  const Solved solved(TrussBuilder(Triangle()).Member(0, 0, -3, 0, "<b>{\\\xC4\x80}"));
+  const std::string name = "<b>{\\\xC3\x84\xE2\x82\xAC}";
+  EXPECT_THAT(solved.Pdf().Text(), HasSubstr(name));
+  EXPECT_THAT(TextOfHtml(solved.File(DocumentFileFormat::Html)), HasSubstr(name));
+  const QByteArray rtf = solved.File(DocumentFileFormat::Rtf);
+  EXPECT_TRUE(std::ranges::all_of(rtf, [](char c) { return c > 0; })) << "RTF has 7 bits";
+  EXPECT_TRUE(rtf.contains("<b>\\{\\\\"));
+}
+
+TEST(ReportFile, ProgressGoesUpToTheWhole) {
+  const Solved solved = Example("bowstring.trs");
+  for (const DocumentFileFormat format : AllFormats) {
+    std::vector<double> parts;
+    const auto bytes = ReportFile(solved.Subject(), format, [&parts](double done) {
+      parts.push_back(done);
+      return true;
+    });
+    ASSERT_TRUE(bytes.has_value());
+    ASSERT_THAT(parts, Not(IsEmpty()));
+    EXPECT_THAT(parts, Each(Le(1.0)));
+    EXPECT_TRUE(std::ranges::is_sorted(parts));
+    EXPECT_NEAR(parts.back(), 1, 1e-6);
+  }
+}
+
+TEST(ReportFile, ThereIsNoFileWhenTheUserWantsNoMore) {
+  const Solved solved = Example("bowstring.trs");
+  for (const DocumentFileFormat format : AllFormats) {
+    int calls = 0;
+    EXPECT_EQ(ReportFile(solved.Subject(), format, [&calls](double) { return ++calls < 3; }), std::nullopt);
+    EXPECT_EQ(calls, 3) << "went on after it";
+  }
+}
+
+// --- pictures
+
+bool IsDark(const QImage& image, int x, int y) { return image.valid(x, y) && qGray(image.pixel(x, y)) < 160; }
+
+// Where something is drawn.
+QRect DarkPart(const QImage& image, const QRect& within) {
+  QRect dark;
+  for (int y = within.top(); y <= within.bottom(); ++y) {
+    for (int x = within.left(); x <= within.right(); ++x) {
+      if (IsDark(image, x, y)) dark |= QRect(x, y, 1, 1);
+    }
+  }
+  return dark;
+}
+
+// The part of the dark dots of one image that have a dark dot of the other one near by.
+double Matched(const QImage& image, const QImage& other) {
+  constexpr int near = 3;
+  const auto otherHas = [&other](int x, int y) {
+    for (int dy = -near; dy <= near; ++dy) {
+      for (int dx = -near; dx <= near; ++dx) {
+        if (IsDark(other, x + dx, y + dy)) return true;
+      }
+    }
+    return false;
+  };
+  int dark = 0, matched = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (!IsDark(image, x, y)) continue;
+      ++dark;
+      matched += otherHas(x, y);
+    }
+  }
+  return dark == 0 ? 0 : static_cast<double>(matched) / dark;
+}
+
+void ExpectPictureBetween(const PdfUnderTest& pdf, const QImage& page, const char* above, const char* below,
+                          const Picture& picture) {
+  constexpr double dotsPerPoint = PictureDotsPerInch / 72.0;
+  const int top = static_cast<int>(pdf.Word(above).Bottom * dotsPerPoint) + 4;
+  const int bottom = static_cast<int>(pdf.Word(below).Top * dotsPerPoint) - 4;
+  const QRect place = DarkPart(page, QRect(QPoint(0, top), QPoint(page.width() - 1, bottom)));
+  const QImage image = ToImage(picture);
+  const QRect drawn = DarkPart(image, image.rect());
+
+  // Beside the tab there may be less room than the picture takes.
+  constexpr double room = (double{TextWidthOfA4} - 36) / 72 * 96;
+  const double scale = std::min(1.0, room / double{picture.Frame().Width()});
+  EXPECT_NEAR(place.width(), scale * drawn.width(), 0.01 * drawn.width());
+  EXPECT_NEAR(place.height(), scale * drawn.height(), 0.01 * drawn.height());
+
+  const QImage shown = page.copy(place);
+  const QImage expected =
+      image.copy(drawn).scaled(place.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  EXPECT_GT(Matched(shown, expected), 0.98);
+  EXPECT_GT(Matched(expected, shown), 0.98);
+}
+
+TEST(ReportFile, ThePicturesInThePdfAreWhatTheCanvasDraws) {
+  const Solved solved = Example("crane.trs");
+  const auto pdf = solved.Pdf();
+  const QImage page = pdf.Page(1, PictureDotsPerInch);
+  QtTextMeasure measure;
+  const auto draw = [&](PictureContent content) {
+    return TrussPaint(
+        solved.Document, {solved.Document.Settings.SigFigs, NumberFormat{}},
+        [&measure](const TextFont& font, std::string_view text) { return measure.Measure(font, text); },
+        content);
+  };
+  ASSERT_EQ(pdf.Word("Naming").Page, 1);
+  ASSERT_EQ(pdf.Word("Counting").Page, 1);
+  ExpectPictureBetween(pdf, page, "applied", "Naming", draw({.ForceValues = true, .Names = false}));
+  ExpectPictureBetween(pdf, page, "Naming", "Counting", draw({.ForceValues = false, .Names = true}));
+}
+
+// --- printers
+
+void ToA4(QPrinter& printer) {
+  printer.setPageSize(QPageSize(QPageSize::A4));
+  printer.setPageMargins(QMarginsF(20, 20, 20, 20), QPageLayout::Millimeter);
+}
+
+TEST(PrintReport, APrinterGetsTheSamePagesAsThePdf) {
+  const Solved solved = Example("bowstring.trs");
+  const TemporaryDirectory directory;
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setOutputFormat(QPrinter::PdfFormat);
+  printer.setOutputFileName(QString::fromStdString(directory / "printed.pdf"));
+  ToA4(printer);
+  ASSERT_TRUE(PrintReport(solved.Subject(), printer));
+  const PdfUnderTest printed(QByteArray::fromStdString(directory.Bytes("printed.pdf")));
+  EXPECT_EQ(printed.Text(), solved.Pdf().Text());
+}
+
+TEST(PrintReport, ThePreviewShowsTheSamePagesAsThePdf) {
+  const Solved solved = Example("bowstring.trs");
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setOutputFormat(QPrinter::PdfFormat);
+  ToA4(printer);
+  QPrintPreviewWidget preview(&printer);
+  bool isPrinted = false;
+  QObject::connect(&preview, &QPrintPreviewWidget::paintRequested,
+                   [&](QPrinter* device) { isPrinted = PrintReport(solved.Subject(), *device); });
+  preview.updatePreview();
+  EXPECT_TRUE(isPrinted);
+  EXPECT_EQ(preview.pageCount(), solved.Pdf().NumPages());
+}
+
+TEST(PrintReport, NoFileIsLeftWhenTheUserWantsNoMore) {
+  const Solved solved = Example("bowstring.trs");
+  const TemporaryDirectory directory;
+  QPrinter printer;
+  printer.setOutputFormat(QPrinter::PdfFormat);
+  printer.setOutputFileName(QString::fromStdString(directory / "printed.pdf"));
+  int calls = 0;
+  EXPECT_FALSE(PrintReport(solved.Subject(), printer, [&calls](double) { return ++calls < 3; }));
+  EXPECT_EQ(calls, 3);
+  EXPECT_THAT(directory.Names(), IsEmpty());
+}
+
+TEST(PrintReport, APrinterThatCannotBeginIsAFailure) {
+  const TemporaryDirectory directory;
+  QPrinter printer;
+  printer.setOutputFormat(QPrinter::PdfFormat);
+  printer.setOutputFileName(QString::fromStdString(directory / "missing"
+                                                               "/printed.pdf"));
+  EXPECT_FALSE(PrintReport(Solved(Triangle()).Subject(), printer));
+}
+
+}  // namespace
