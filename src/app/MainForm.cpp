@@ -261,10 +261,7 @@ void MainForm::mnuSettings_Click() {
   connect(&dialog, &OptionsDialog::Applied, this, [this](const SettingsInput& input) {
     if (!CloseSettings(input, on_.Numbers, bounds_, on_.Document)) Redraw();
   });
-  // Only the main window waits for the dialog, so that help on it can be read beside it.
-  dialog.setWindowModality(Qt::WindowModal);
-  auto* help = new QShortcut(QKeySequence::HelpContents, &dialog);
-  connect(help, &QShortcut::activated, this, [this] { ShowHelp(SettingsHelpTopic); });
+  OfferHelpBeside(dialog, SettingsHelpTopic);
   dialog.exec();
 }
 
@@ -278,6 +275,7 @@ void MainForm::mnuFilePrint_Click() {
                                 .Chooser = on_.Chooser,
                                 .Directory = on_.ProgramDirectory},
                                this);
+  OfferHelpBeside(window, PrintingHelpTopic);
   if (printableReportSize_.isValid()) window.resize(printableReportSize_);
   window.exec();
   printableReportSize_ = window.size();
@@ -287,6 +285,13 @@ void MainForm::mnuFilePrint_Click() {
 void MainForm::ShowHelp(const char* topic) {
   if (!help_) help_ = std::make_unique<HelpViewer>(on_.Messages);
   help_->ShowTopic(on_.ProgramDirectory + topic);
+}
+
+// Only the main window waits for the dialog, so that help on it can be read beside it.
+void MainForm::OfferHelpBeside(QDialog& dialog, const char* topic) {
+  dialog.setWindowModality(Qt::WindowModal);
+  auto* help = new QShortcut(QKeySequence::HelpContents, &dialog);
+  connect(help, &QShortcut::activated, this, [this, topic] { ShowHelp(topic); });
 }
 
 void MainForm::ShowHelpOnStep() {

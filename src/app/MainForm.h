@@ -81,6 +81,7 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void mnuFilePrint_Click();
   void ShowHelp(const char* topic);
   void ShowHelpOnStep();
+  void OfferHelpBeside(QDialog& dialog, const char* topic);
   void ShowReport(int report);
 
   void RenameLabel(LabelIndex label);
@@ -114,7 +115,7 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   std::shared_ptr<const TrussAnalysis> shownAnalysis_;  // what the report window shows
   std::unique_ptr<ReportWindow> report_;
   QSize printableReportSize_;  // as the user left it; invalid before
-  int shownReport_ = 1;  // 1 Counting, 2 Equations, 3 RREF, 4 Solutions
+  int shownReport_ = 1;        // 1 Counting, 2 Equations, 3 RREF, 4 Solutions
   std::unique_ptr<HelpViewer> help_;
   std::array<QLabel*, 2> statusPanels_{};
   QMenu* mnuFile_ = nullptr;

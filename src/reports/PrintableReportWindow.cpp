@@ -22,6 +22,7 @@
 #include "document/FileBytes.h"
 #include "platform/qt/DocumentFiles.h"
 #include "platform/qt/QtClipboard.h"
+#include "platform/qt/SmoothPictures.h"
 #include "platform/qt/WindowInFront.h"
 #include "reports/ReportProgressDialog.h"
 #include "reports/ReportWindow.h"
@@ -33,6 +34,7 @@ constexpr int DocumentLeft = 15;
 constexpr int DocumentTop = 10;
 constexpr int BesideDocument = 31;
 constexpr int BelowDocument = 62;
+constexpr int DocumentMargin = 10;
 constexpr int ButtonTop = 20;     // below the document's height, from the top of the window
 constexpr int HalfGap = 20;       // from the centre to Copy and to Close
 constexpr int ButtonWidth = 73;   // Copy and Close
@@ -248,6 +250,8 @@ void PrintableReportWindow::ShowDocument(std::unique_ptr<QTextDocument> document
   } else {
     RichTextBox1->setLineWrapMode(QTextEdit::WidgetWidth);
   }
+  document->setDocumentMargin(DocumentMargin);
+  ShowPicturesSmoothly(*document);
   document->setParent(RichTextBox1);
   RichTextBox1->setDocument(document.release());
   RichTextBox1->moveCursor(QTextCursor::Start);

@@ -180,6 +180,16 @@ class HelpPictures : Photographer {
     Take(form_, "step2");
   }
 
+  void TakePrintableReport() {
+    AwaitModal([this](QWidget& report) {
+      report.resize(700, 660);
+      QTest::qWait(300);
+      Take(report, "printable-report");
+      report.close();
+    });
+    Trigger("mnuFilePrint");
+  }
+
   void TakeReport(const char* button, const char* name, int width, int height) {
     Click(button);
     ReportWindow().resize(width, height);
@@ -198,6 +208,8 @@ class HelpPictures : Photographer {
     Take(form_, "step3");
     Take(Find<QWidget>("frNewCoords(3)"), "joint-equations");
     Click("cmdOKJointReport");
+    TakePrintableReport();
+    ReportWindow().hide();
   }
 
   void TakeSupports() {

@@ -2,6 +2,7 @@
 #include <QTextBrowser>
 
 #include "app/OptionsDialog.h"
+#include "reports/PrintableReportWindow.h"
 #include "support/BuiltHelp.h"
 #include "support/MainFormFixture.h"
 #include "support/ModalDialog.h"
@@ -85,6 +86,21 @@ TEST_F(MainFormHelpTest, F1InTheSettingsOpensATopicThatCanBeReadBesideThem) {
   });
   Trigger("mnuSettings");
   EXPECT_EQ(page, "program/settings.htm");
+}
+
+TEST_F(MainFormHelpTest, F1InThePrintableReportOpensATopicThatCanBeReadBesideIt) {
+  Started();
+  OpenInStep3(LoadedTriangle());
+  std::string page;
+  WhenOpen<PrintableReportWindow>([&page](PrintableReportWindow& report) {
+    ASSERT_TRUE(QTest::qWaitFor([&report] { return report.HasDocument(); }));
+    PressF1(report);
+    page = Page();
+    EXPECT_TRUE(report.isVisible());
+    report.close();
+  });
+  Trigger("mnuFilePrint");
+  EXPECT_EQ(page, "program/printing.htm");
 }
 
 TEST_F(MainFormHelpTest, ThereIsOneHelpWindow) {

@@ -187,11 +187,22 @@ TEST(QtRichText, AHighPictureIsReducedToAPage) {
   EXPECT_EQ(QSizeF(PictureOf(text).width(), PictureOf(text).height()), QSizeF(50, 880));
 }
 
-TEST(QtRichText, ALineWithAPictureWraps) {
+TEST(QtRichText, APictureStaysBehindItsTabInANarrowWindow) {
+  RichTextUnderTest text;
+  text.Image = SampleImage(3840, 1920);
+  text.Append("\t");
+  text.Paste();
+  EXPECT_FALSE(Wraps(text, 0));
+  text.Document.setTextWidth(400);
+  EXPECT_LT(text.Document.size().height(), 2 * 296);
+  EXPECT_EQ(text.Document.firstBlock().layout()->lineCount(), 1);
+}
+
+TEST(QtRichText, TextBesideAPictureWraps) {
   RichTextUnderTest text;
   text.Image = SampleImage();
-  text.Append("x", TableLetters);
   text.Paste();
+  text.Append(" a word");
   EXPECT_TRUE(Wraps(text, 0));
 }
 

@@ -64,6 +64,8 @@ QStringList Words(const char* words) { return QString::fromUtf8(words).split(u' 
 struct WrongCall {
   const char* Arguments;
   const char* Why;
+
+  friend void PrintTo(const WrongCall& call, std::ostream* out) { *out << call.Arguments; }
 };
 
 class ProgramWrongCall : public testing::TestWithParam<WrongCall> {};

@@ -132,7 +132,8 @@ void QtRichText::Paste() {
   format.setName(name);
   format.setWidth(size.width());
   format.setHeight(size.height());
-  SetWrapping(true);
+  // In a narrow window a picture behind a tab would move to a line of its own, below one as high as itself.
+  SetWrapping(false);
   end_.insertImage(format);
   end_.endEditBlock();
 }

@@ -18,9 +18,10 @@ inline constexpr double PageTextWidth = 640, PageTextHeight = 880;
 /// The format as a QTextDocument has it; family names are "Arial" and "Courier New".
 QTextCharFormat ToQt(const CharacterFormat& format);
 
-/// Appends to a document. Lines that are monospaced throughout do not wrap. Pictures become images of the
-/// document named "picture1.png", "picture2.png" ..., shown at their own size but not larger than a page's
-/// text. Control characters become blanks, and characters that no file can hold U+FFFD.
+/// Appends to a document. Lines that are monospaced throughout, and those with a picture, do not wrap.
+/// Pictures become images of the document named "picture1.png", "picture2.png" ..., shown at their own size
+/// but not larger than a page's text. Control characters become blanks, and characters that no file can hold
+/// U+FFFD.
 class QtRichText final : public RichText {
  public:
   /// `clipboard` gives the bitmap that Paste puts in. The document must outlive this object; its undo history
