@@ -16,8 +16,9 @@ struct PictureContent {
 /// The width of a page's text, to which pictures are drawn, pixels of 96 to the inch.
 inline constexpr float PictureWidth = 640;
 
-/// No picture is drawn higher than this for the sake of its width; a page has room for it with its heading.
-inline constexpr float PictureHeight = 800;
+/// No picture is drawn higher than this for the sake of its width; a page has room for two with their
+/// headings.
+inline constexpr float PictureHeight = 340;
 
 /// The world window is mapped onto a picture with this border, pixels.
 inline constexpr float PictureBorder = 40;

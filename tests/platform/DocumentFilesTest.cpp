@@ -10,6 +10,7 @@
 #include <QTextFragment>
 #include <QXmlStreamReader>
 #include <map>
+#include <set>
 
 #include "SampleRichText.h"
 #include "support/RtfScan.h"
@@ -101,7 +102,7 @@ TEST(Html, TheLinesOfATableArePreformattedTogether) {
   text.Append("  c\r\n   d\r\n", TableLetters);
   text.Append("end");
   EXPECT_THAT(HtmlOf(text),
-              HasSubstr("Table:</p>\n<pre style=\"margin:0;font-family:'Courier New',monospace;"
+              HasSubstr("Table:</p>\n<pre style=\"margin:0;tab-size:48px;font-family:'Courier New',monospace;"
                         "font-size:7.5pt\"><span style=\"color:#0000ff\">a  b</span>  c\n   d</pre>\n<p "));
 }
 
@@ -161,11 +162,13 @@ class OdtReading {
 
   QByteArray Bytes;
   std::vector<std::vector<Run>> Paragraphs;
+  std::vector<bool> StaysWithNext;  // of each paragraph
 
  private:
   void ReadContent() {
     QXmlStreamReader xml(QByteArray::fromStdString(File("content.xml")));
     std::map<QString, std::map<QString, QString>> styles;
+    std::set<QString> keepingStyles;
     QString style, paragraphStyle;
     while (!xml.atEnd()) {
       xml.readNext();
@@ -183,9 +186,13 @@ class OdtReading {
             styles[style][each.name().toString()] = each.value().toString();
           }
         }
+        if (name == QLatin1String("paragraph-properties") && !attribute("keep-with-next").isEmpty()) {
+          keepingStyles.insert(style);
+        }
         if (name == QLatin1String("p")) {
           Paragraphs.emplace_back();
           paragraphStyle = attribute("style-name");
+          StaysWithNext.push_back(keepingStyles.contains(paragraphStyle));
           style = paragraphStyle;
           inParagraph_ = true;
         }
@@ -265,6 +272,14 @@ TEST(OpenDocument, LettersLookAsInTheDocument) {
   EXPECT_EQ(property(2, "font-name"), "Courier New");
   EXPECT_EQ(property(2, "font-size"), "7.5pt");
   EXPECT_EQ(property(2, "color"), "#0000ff");
+}
+
+TEST(OpenDocument, AHeadingAndTheBlankLineBelowItStayWithWhatFollows) {
+  RichTextUnderTest text;
+  text.Append("before\r\n");
+  text.Append("Heading", DarkRedHeading);
+  text.Append("\r\n\r\nbelow\r\n\r\nafter");
+  EXPECT_THAT(OdtReading(text.Document).StaysWithNext, ElementsAre(false, true, true, false, false, false));
 }
 
 TEST(OpenDocument, ItsFontsAreDeclared) {

@@ -123,6 +123,22 @@ TEST(RtfWriter, AnEmptyLineIsAsHighAsItsLetters) {
   EXPECT_EQ(rtf.Paragraphs[2].EndLook.HalfPoints, 20);
 }
 
+TEST(RtfWriter, AHeadingAndTheBlankLineBelowItStayWithWhatFollows) {
+  RichTextUnderTest text;
+  text.Append("before\r\n");
+  text.Append("Heading", DarkRedHeading);
+  text.Append("\r\n\r\nbelow\r\n\r\nafter");
+  const QByteArray rtf = ToRtf(text.Document);
+  EXPECT_EQ(rtf.count("\\keepn"), 1);
+  const auto heading = rtf.indexOf("\\keepn");
+  EXPECT_LT(rtf.indexOf("before"), heading);
+  EXPECT_LT(heading, rtf.indexOf("Heading"));
+  const auto end = rtf.indexOf("\\pard", heading);
+  EXPECT_EQ(rtf.mid(heading, end - heading).count("\\par\r\n"), 2) << "the heading and the blank line";
+  EXPECT_LT(end, rtf.indexOf("below"));
+  EXPECT_EQ(ScanRtf(rtf).Text(), "before\nHeading\n\nbelow\n\nafter");
+}
+
 TEST(RtfWriter, APictureIsAPngOfTheSizeThatItIsShownIn) {
   RichTextUnderTest text;
   text.Image = SampleImage();

@@ -40,6 +40,7 @@ const std::map<std::string, WordRule> Words = {
     {"paperw", {Destination::Body, Number::Needed}},
     {"par", {Destination::Body, Number::None}},
     {"pard", {Destination::Body, Number::None}},
+    {"keepn", {Destination::Body, Number::None}},
     {"pich", {Destination::Picture, Number::Needed}},
     {"pichgoal", {Destination::Picture, Number::Needed}},
     {"picw", {Destination::Picture, Number::Needed}},

@@ -33,7 +33,12 @@ class Walker {
   }
 
   void VisitParagraph(const QTextBlock& block) {
-    visitor_.BeginParagraph(FirstLetters(block), !block.blockFormat().nonBreakableLines());
+    const Letters& letters = FirstLetters(block);
+    const bool isBlank = block.text().trimmed().isEmpty();
+    staysWithNext_ = isBlank ? staysWithNext_ : letters.Bold;
+    visitor_.BeginParagraph({.First = letters,
+                             .Wraps = !block.blockFormat().nonBreakableLines(),
+                             .StaysWithNext = staysWithNext_});
     for (auto at = block.begin(); !at.atEnd(); ++at) {
       const Piece piece = PieceOf(at.fragment());
       if (piece.From < piece.To) VisitPiece(piece);
@@ -97,6 +102,7 @@ class Walker {
   DocumentVisitor& visitor_;
   const QFont standard_;
   QHash<int, Letters> letters_;
+  bool staysWithNext_ = false;
   Letters runLetters_;
   QString run_;
 };

@@ -30,6 +30,12 @@ struct Letters {
   friend bool operator==(const Letters&, const Letters&) = default;
 };
 
+struct Paragraph {
+  Letters First;  ///< of its first run; of an empty paragraph, those that it would have
+  bool Wraps = true;
+  bool StaysWithNext = false;  ///< a heading (it begins bold) or a blank line below one: not to end a page
+};
+
 class DocumentVisitor {
  public:
   DocumentVisitor() = default;
@@ -37,8 +43,7 @@ class DocumentVisitor {
   DocumentVisitor& operator=(const DocumentVisitor&) = delete;
   virtual ~DocumentVisitor() = default;
 
-  /// `letters` are those of its first run; of an empty paragraph, those that it would have.
-  virtual void BeginParagraph(const Letters& letters, bool wraps) = 0;
+  virtual void BeginParagraph(const Paragraph& paragraph) = 0;
 
   /// Runs that follow one another look different. The text has no line ends but U+2028.
   virtual void Run(const Letters& letters, const QString& text) = 0;

@@ -34,7 +34,9 @@ class HtmlWriter final : public DocumentVisitor {
 
   const QByteArray& Html() const { return html_; }
 
-  void BeginParagraph(const Letters& letters, bool wraps) override {
+  void BeginParagraph(const Paragraph& paragraph) override {
+    const Letters& letters = paragraph.First;
+    const bool wraps = paragraph.Wraps;
     const bool another = !paragraph_.Family.isEmpty();
     const Letters standard{
         .Family = letters.Family, .Monospaced = letters.Monospaced, .Points = letters.Points};
@@ -47,7 +49,8 @@ class HtmlWriter final : public DocumentVisitor {
     paragraph_ = standard;
     isPreformatted_ = !wraps;
     isEmpty_ = true;
-    html_ += wraps ? "<p style=\"margin:0;white-space:pre-wrap;tab-size:48px;" : "<pre style=\"margin:0;";
+    html_ += wraps ? "<p style=\"margin:0;white-space:pre-wrap;tab-size:48px;"
+                   : "<pre style=\"margin:0;tab-size:48px;";
     html_ += FontFamilies(letters) + ';' + FontSize(letters) + "\">";
   }
 

@@ -99,10 +99,11 @@ class OdtStyles {
  public:
   OdtStyles(char initial, const char* family) : initial_(initial), family_(family) {}
 
-  QByteArray NameOf(const Letters& letters) {
-    const auto found = std::find(met_.begin(), met_.end(), letters);
+  QByteArray NameOf(const Letters& letters, bool staysWithNext = false) {
+    const Style style{letters, staysWithNext};
+    const auto found = std::find(met_.begin(), met_.end(), style);
     const auto number = static_cast<int>(found - met_.begin()) + 1;
-    if (found == met_.end()) met_.push_back(letters);
+    if (found == met_.end()) met_.push_back(style);
     return initial_ + QByteArray::number(number);
   }
 
@@ -116,13 +117,23 @@ class OdtStyles {
     return bytes;
   }
 
-  const std::vector<Letters>& Met() const { return met_; }
+  struct Style {
+    Letters Look;
+    bool StaysWithNext = false;
+
+    friend bool operator==(const Style&, const Style&) = default;
+  };
+
+  const std::vector<Style>& Met() const { return met_; }
 
  private:
-  static QByteArray Properties(const Letters& letters) {
-    QByteArray bytes = "<style:text-properties style:font-name=\"" + letters.Family.toHtmlEscaped().toUtf8() +
-                       "\" fo:font-size=\"" + Points(letters.Points) + "\" fo:color=\"" +
-                       QColor(letters.Colour).name().toLatin1() + '"';
+  static QByteArray Properties(const Style& style) {
+    const Letters& letters = style.Look;
+    QByteArray bytes;
+    if (style.StaysWithNext) bytes += "<style:paragraph-properties fo:keep-with-next=\"always\"/>";
+    bytes += "<style:text-properties style:font-name=\"" + letters.Family.toHtmlEscaped().toUtf8() +
+             "\" fo:font-size=\"" + Points(letters.Points) + "\" fo:color=\"" +
+             QColor(letters.Colour).name().toLatin1() + '"';
     if (letters.Bold) bytes += " fo:font-weight=\"bold\"";
     if (letters.Italic) bytes += " fo:font-style=\"italic\"";
     if (letters.Underlined)
@@ -132,7 +143,7 @@ class OdtStyles {
 
   char initial_;
   const char* family_;
-  std::vector<Letters> met_;
+  std::vector<Style> met_;
 };
 
 class OdtWriter final : public DocumentVisitor {
@@ -158,9 +169,10 @@ class OdtWriter final : public DocumentVisitor {
   }
 
   // A paragraph has the look of its first letters, so that a run that looks the same needs no style.
-  void BeginParagraph(const Letters& letters, bool) override {
-    paragraph_ = letters;
-    text_.Markup("<text:p text:style-name=\"" + paragraphs_.NameOf(letters) + "\">");
+  void BeginParagraph(const Paragraph& paragraph) override {
+    paragraph_ = paragraph.First;
+    text_.Markup("<text:p text:style-name=\"" + paragraphs_.NameOf(paragraph.First, paragraph.StaysWithNext) +
+                 "\">");
   }
 
   void Run(const Letters& letters, const QString& text) override {
@@ -200,9 +212,9 @@ class OdtWriter final : public DocumentVisitor {
   QByteArray FontFaces() const {
     std::vector<Letters> faces;
     for (const OdtStyles* styles : {&paragraphs_, &runs_}) {
-      for (const Letters& letters : styles->Met()) {
-        const auto same = [&](const Letters& face) { return face.Family == letters.Family; };
-        if (std::none_of(faces.begin(), faces.end(), same)) faces.push_back(letters);
+      for (const OdtStyles::Style& style : styles->Met()) {
+        const auto same = [&](const Letters& face) { return face.Family == style.Look.Family; };
+        if (std::none_of(faces.begin(), faces.end(), same)) faces.push_back(style.Look);
       }
     }
     QByteArray bytes = "<office:font-face-decls>\n";

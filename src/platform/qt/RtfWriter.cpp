@@ -154,7 +154,11 @@ class RtfWriter final : public DocumentVisitor {
 
   // The end of a paragraph is as high as the letters before it, and that of an empty one as high as its
   // letters would be.
-  void BeginParagraph(const Letters& letters, bool) override { SwitchTo(letters); }
+  void BeginParagraph(const Paragraph& paragraph) override {
+    if (paragraph.StaysWithNext != staysWithNext_) text_.Word(paragraph.StaysWithNext ? "keepn" : "pard");
+    staysWithNext_ = paragraph.StaysWithNext;
+    SwitchTo(paragraph.First);
+  }
 
   void Run(const Letters& letters, const QString& text) override {
     SwitchTo(letters);
@@ -220,6 +224,7 @@ class RtfWriter final : public DocumentVisitor {
   RtfTables tables_;
   RtfText text_;
   std::optional<Letters> current_;
+  bool staysWithNext_ = false;
 };
 
 }  // namespace
