@@ -31,6 +31,7 @@ void ForgetScreens() {
 
 ScreenlessApplication::Preparation::Preparation() {
   qInstallMessageHandler(DropRemarks);
+  for (const char* name : {"QT_FATAL_WARNINGS", "QT_FATAL_CRITICALS"}) qunsetenv(name);
   ForgetScreens();
 }
 

@@ -1,7 +1,7 @@
 // File after file; a file that cannot be read whole is reported as far as it was read, and the others go on.
 #include "app/RunCommandLine.h"
 
-#include <chrono>
+#include <new>
 
 #include "app/TextReports.h"
 #include "document/FileBytes.h"
@@ -13,15 +13,18 @@ namespace {
 // Shown when a run over many files takes longer than a moment.
 class Progress {
  public:
-  Progress(std::ostream& err, bool isTerminal, std::size_t total)
-      : err_(err), enabled_(isTerminal && total > 1), total_(total) {}
+  Progress(const CommandLineEnvironment& environment, std::size_t total)
+      : err_(environment.Err),
+        now_(environment.Now),
+        enabled_(environment.ErrIsTerminal && total > 1),
+        total_(total) {}
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
   ~Progress() { Clear(); }
 
   void Show(std::size_t done) {
-    if (!enabled_ || Clock::now() - lastShown_ < std::chrono::milliseconds(500)) return;
-    lastShown_ = Clock::now();
+    if (!enabled_ || now_() - lastShown_ < std::chrono::milliseconds(500)) return;
+    lastShown_ = now_();
     err_ << "\rorvane: " << done << " of " << total_ << " files" << std::flush;
     visible_ = true;
   }
@@ -32,11 +35,11 @@ class Progress {
   }
 
  private:
-  using Clock = std::chrono::steady_clock;
   std::ostream& err_;
+  const std::function<std::chrono::steady_clock::time_point()>& now_;
   bool enabled_;
   std::size_t total_;
-  Clock::time_point lastShown_ = Clock::now();
+  std::chrono::steady_clock::time_point lastShown_ = now_();
   bool visible_ = false;
 };
 
@@ -45,12 +48,17 @@ class Run {
   Run(const CommandLine& commandLine, const CommandLineEnvironment& environment)
       : commandLine_(commandLine),
         environment_(environment),
-        progress_(environment.Err, environment.ErrIsTerminal, commandLine.Files.size()) {}
+        progress_(environment, commandLine.Files.size()) {}
 
   ExitStatus AllFiles() {
     for (std::size_t i = 0; i < commandLine_.Files.size() && environment_.Out; ++i) {
       progress_.Show(i);
-      OneFile(commandLine_.Files[i], i == 0);
+      const std::string& file = commandLine_.Files[i];
+      try {
+        OneFile(file, i == 0);
+      } catch (const std::bad_alloc&) {
+        Complain(file, "there is not enough memory for this truss");
+      }
     }
     progress_.Clear();
     return FlushOutput();

@@ -1,6 +1,7 @@
 // Carrying out what the command line asks for, without a window.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <istream>
 #include <optional>
@@ -17,6 +18,7 @@ struct CommandLineEnvironment {
   std::ostream& Out;           ///< results only
   std::ostream& Err;           ///< one line for each problem
   bool ErrIsTerminal = false;  ///< a long run then shows its progress there
+  std::function<std::chrono::steady_clock::time_point()> Now = std::chrono::steady_clock::now;
   NumberFormat Numbers;
 
   /// One JSON object (UTF-8, no line end) for an analysed file.

@@ -43,6 +43,16 @@ bool StandardErrorIsTerminal() {
 #endif
 }
 
+// Without one the toolkit would end the program with a remark of its own.
+bool HasDisplay() {
+#ifdef __linux__
+  return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+         qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+#else
+  return true;
+#endif
+}
+
 int RunWindow(int argc, char** argv, const CommandLine& commandLine) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Orvane"));
@@ -91,6 +101,9 @@ int main(int argc, char** argv) {
     return ArgumentsWrong;
   }
   const CommandLine& commandLine = std::get<CommandLine>(parsed);
-  if (commandLine.What == CommandLine::Mode::Window) return RunWindow(argc, argv, commandLine);
-  return RunWithoutWindow(commandLine);
+  if (commandLine.What != CommandLine::Mode::Window) return RunWithoutWindow(commandLine);
+  if (HasDisplay()) return RunWindow(argc, argv, commandLine);
+  std::cerr
+      << "orvane: there is no display for the window; orvane --help tells what can be done without one\n";
+  return NotAllDone;
 }

@@ -15,6 +15,9 @@ namespace {
 
 constexpr std::size_t MaxFileSize = std::size_t{256} << 20U;
 
+// File systems take names of 255 bytes; this leaves room for an ending.
+constexpr std::size_t LongestStem = 240;
+
 fs::path ToPath(const std::string& utf8Path) {
   return fs::path(std::u8string(utf8Path.begin(), utf8Path.end()));
 }
@@ -58,8 +61,9 @@ bool WriteAndClose(OpenFile file, std::string_view bytes) {
 
 // Creates a file beside the target under a name that nothing had.
 OpenFile CreateBeside(const fs::path& target, fs::path& created) {
+  const fs::path stem = target.filename().native().substr(0, LongestStem);
   for (int i = 1; i <= 100; ++i) {
-    created = target;
+    created = target.parent_path() / stem;
     created += ".new" + std::to_string(i);
     if (OpenFile file = Open(created, "wbx")) return file;
   }

@@ -7,10 +7,10 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <new>
 #include <optional>
 #include <random>
 #include <sstream>
-#include <thread>
 
 namespace {
 
@@ -100,6 +100,7 @@ class RunCommandLineTest : public testing::Test {
                                                  .Out = out,
                                                  .Err = Err,
                                                  .ErrIsTerminal = ErrIsTerminal,
+                                                 .Now = [this] { return Now; },
                                                  .Numbers = {},
                                                  .Json = Json,
                                                  .Picture = Picture,
@@ -112,6 +113,7 @@ class RunCommandLineTest : public testing::Test {
   std::ostringstream Out;
   std::ostringstream Err;
   bool ErrIsTerminal = false;
+  std::chrono::steady_clock::time_point Now;
   std::function<std::string(const AnalysedFile&, bool, const ReportFormat&)> Json = FakeJson;
   std::function<std::optional<std::string>(const AnalysedFile&, bool, PictureFileFormat, const ReportFormat&)>
       Picture = FakePicture;
@@ -407,12 +409,23 @@ TEST_F(RunCommandLineTest, NoFurtherFileIsReadOnceResultsCannotBeWritten) {
   EXPECT_EQ(Err.str(), "orvane: standard output: the results could not be written\n");
 }
 
+TEST_F(RunCommandLineTest, AFileThatNeedsTooMuchMemoryDoesNotEndTheRun) {
+  const std::string large = File("large.trs", TriangleText);
+  Json = [&](const AnalysedFile& file, bool, const ReportFormat&) {
+    if (file.Argument == large) throw std::bad_alloc();
+    return std::string("{}");
+  };
+  EXPECT_EQ(RunWords({"--json", large, File("small.trs", TriangleText)}), NotAllDone);
+  EXPECT_EQ(Out.str(), "{}\n");
+  EXPECT_EQ(Err.str(), "orvane: " + large + ": there is not enough memory for this truss\n");
+}
+
 class SlowRun : public RunCommandLineTest {
  protected:
   void SetUp() override {
     RunCommandLineTest::SetUp();
-    Json = [](const AnalysedFile&, bool, const ReportFormat&) {
-      std::this_thread::sleep_for(std::chrono::milliseconds(550));
+    Json = [this](const AnalysedFile&, bool, const ReportFormat&) {
+      Now += std::chrono::milliseconds(550);
       return std::string("{}");
     };
     Input = TriangleText;

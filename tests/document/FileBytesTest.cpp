@@ -84,6 +84,15 @@ TEST(WriteWholeFile, LeavesAloneWhatHasTheNameOfItsWorkFile) {
   EXPECT_THAT(directory.Names(), ElementsAre("a", "a.new1"));
 }
 
+TEST(WriteWholeFile, WritesAFileWithTheLongestNameThatThereIs) {
+  const TemporaryDirectory directory;
+  const std::string name(255, 'n');
+  EXPECT_TRUE(WriteWholeFile(directory / name, "old"));
+  EXPECT_TRUE(WriteWholeFile(directory / name, "new"));
+  EXPECT_EQ(directory.Bytes(name), "new");
+  EXPECT_THAT(directory.Names(), ElementsAre(name));
+}
+
 TEST(WriteWholeFile, RefusesAFileWithoutWritePermission) {
   const TemporaryDirectory directory;
   const std::string path = directory.Put("a", "old");

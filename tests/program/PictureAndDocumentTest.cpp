@@ -53,6 +53,7 @@ const QMap<QString, QString>& OtherDesktop() {
   static const QMap<QString, QString> variables = {
       {QStringLiteral("TZ"), QStringLiteral("Asia/Tokyo")},
       {QStringLiteral("QT_HASH_SEED"), QStringLiteral("0")},
+      {QStringLiteral("QT_FATAL_WARNINGS"), QStringLiteral("1")},
       {QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("2")},
       {QStringLiteral("QT_FONT_DPI"), QStringLiteral("144")},
       {QStringLiteral("QT_SCREEN_SCALE_FACTORS"), QStringLiteral("1.5")},

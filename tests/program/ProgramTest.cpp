@@ -364,4 +364,14 @@ TEST(ProgramOutput, ThatCannotBeWrittenIsAFailure) {
   }
 }
 
+#ifdef __linux__
+TEST(ProgramWindow, WithoutADisplaySaysSoInOneLine) {
+  const Ended run = RunProgram({Example("triangle.trs")});
+  EXPECT_EQ(run.Status, 1);
+  EXPECT_EQ(run.Out, "");
+  EXPECT_EQ(run.Err,
+            "orvane: there is no display for the window; orvane --help tells what can be done without one\n");
+}
+#endif
+
 }  // namespace

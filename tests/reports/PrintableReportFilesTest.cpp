@@ -151,6 +151,12 @@ TEST(ReportFile, ATrussWithoutAFileIsTitledWithTheProgramsName) {
   EXPECT_THAT(pdf.Text(), testing::ContainsRegex("Orvane +Page 1"));
 }
 
+TEST(ReportFile, AFileNameOfTwoLinesStandsOnOneInTheFooter) {
+  Truss truss = Triangle();
+  truss.FileName = "two\nlines.trs";
+  EXPECT_THAT(Solved(std::move(truss)).Pdf().Text(), testing::ContainsRegex("two lines.trs +Page 1"));
+}
+
 TEST(ReportFile, TheSameReportGivesTheSameBytes) {
   const Solved solved = Example("bowstring.trs");
   for (const DocumentFileFormat format : AllFormats) {

@@ -7,6 +7,7 @@
 
 #include "platform/qt/PageBlocks.h"
 #include "platform/qt/PaperPages.h"
+#include "platform/qt/QtText.h"
 
 namespace {
 
@@ -15,15 +16,6 @@ constexpr int LinesBelowHeading = 2;
 
 bool IsBlank(const QString& text) {
   return std::ranges::all_of(text, [](QChar letter) { return letter.isSpace(); });
-}
-
-// Control characters but tabs have no picture of their own.
-QString Printable(QStringView text) {
-  QString letters = text.toString();
-  for (QChar& letter : letters) {
-    if (letter != QChar::Tabulation && letter.category() == QChar::Other_Control) letter = QLatin1Char(' ');
-  }
-  return letters;
 }
 
 qsizetype FirstBreak(QStringView text) {
@@ -93,7 +85,7 @@ void PagedText::Pages::Append(QStringView text, const CharacterFormat& format) {
 
 void PagedText::Pages::AppendLetters(QStringView letters, const CharacterFormat& format) {
   if (letters.isEmpty()) return;
-  paragraph_.Text += Printable(letters);
+  paragraph_.Text += letters;
   if (paragraph_.Runs.empty() || paragraph_.Runs.back().Format != format) {
     paragraph_.Runs.push_back({format, 0});
   }
@@ -194,7 +186,9 @@ PagedText::PagedText(QPagedPaintDevice& device, QPainter& painter, const Picture
 PagedText::~PagedText() = default;
 
 void PagedText::Append(std::string_view text, const CharacterFormat& format) {
-  pages_->Append(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())), format);
+  QString letters = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  MakePrintable(letters);
+  pages_->Append(letters, format);
 }
 
 void PagedText::Paste() { pages_->Paste(); }

@@ -20,7 +20,7 @@ constexpr double MetresPerInch = 0.0254;
 
 // A painter draws no further than this on a bitmap, and more dots take too much memory.
 constexpr double LongestSide = 32'000;
-constexpr double MostDots = 64'000'000;
+constexpr double MostDots = 16'000'000;
 
 // Readers of PDF take no larger page, points.
 constexpr double LongestPage = 14'400;

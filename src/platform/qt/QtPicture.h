@@ -11,7 +11,7 @@
 inline constexpr int PictureDotsPerInch = 288;
 
 /// The picture's frame on white paper. The image's dots per metre say how large it is meant to be. A picture
-/// so large that its bitmap would not fit 64 million dots is made with fewer dots to the inch. Null when the
+/// so large that its bitmap would not fit 16 million dots is made with fewer dots to the inch. Null when the
 /// frame is empty.
 QImage ToImage(const Picture& picture, int dotsPerInch = PictureDotsPerInch);
 

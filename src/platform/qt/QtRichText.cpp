@@ -10,30 +10,13 @@
 #include <cmath>
 
 #include "platform/qt/QtPicture.h"
+#include "platform/qt/QtText.h"
 
 namespace {
 
 constexpr qreal TabStop = 48;  // pixels of 96 to the inch
 
 bool IsLineEnd(QChar character) { return character == u'\r' || character == u'\n'; }
-
-// Replaces what may not stand in a document: characters that have a meaning of their own there, or that are
-// not allowed in XML.
-void MakePrintable(QString& text) {
-  for (QChar& character : text) {
-    const char16_t code = character.unicode();
-    if (code >= 0x20 && code < 0x7F) continue;
-    if (character == u'\t' || IsLineEnd(character)) continue;
-    if (character.category() == QChar::Other_Control) {
-      character = u' ';
-    } else if (code == QChar::ParagraphSeparator) {
-      character = QChar(QChar::LineSeparator);
-    } else if (code == QChar::ObjectReplacementCharacter || code >= 0xFFFE ||
-               (code >= 0xFDD0 && code <= 0xFDEF)) {
-      character = QChar(QChar::ReplacementCharacter);
-    }
-  }
-}
 
 // What is left of the page's width in a line that begins with tabs.
 qreal RoomBehind(const QString& line) {

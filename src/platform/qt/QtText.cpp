@@ -14,6 +14,22 @@ QString OneLineText(QString text) {
   return text;
 }
 
+void MakePrintable(QString& text) {
+  for (QChar& character : text) {
+    const char16_t code = character.unicode();
+    if (code >= 0x20 && code < 0x7F) continue;
+    if (code == u'\t' || code == u'\r' || code == u'\n') continue;
+    if (character.category() == QChar::Other_Control) {
+      character = u' ';
+    } else if (code == QChar::ParagraphSeparator) {
+      character = QChar(QChar::LineSeparator);
+    } else if (code == QChar::ObjectReplacementCharacter || code >= 0xFFFE ||
+               (code >= 0xFDD0 && code <= 0xFDEF)) {
+      character = QChar(QChar::ReplacementCharacter);
+    }
+  }
+}
+
 QString PlainToolTip(const QString& text) {
   constexpr qsizetype longest = 300;
   if (text.isEmpty()) return {};
