@@ -288,10 +288,10 @@ TEST_F(PrintableReportTest, ANameStaysOnItsLine) {
 TEST_F(PrintableReportTest, TheNameOfTheFileIsUtf8AndStaysOnItsLine) {
   Truss truss = Triangle();
   truss.FileName =
-      "/tmp/<i>br\xC3\xBC"
+      "/trusses/<i>br\xC3\xBC"
       "cke</i>\n{1}.trs";
   EXPECT_TRUE(Build(truss));
-  EXPECT_EQ(document_.FormatOfText("/tmp/<i>br\xC3\xBC"
+  EXPECT_EQ(document_.FormatOfText("/trusses/<i>br\xC3\xBC"
                                    "cke</i> {1}.trs "),
             CharacterFormat{});
 }
