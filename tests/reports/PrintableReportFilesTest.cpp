@@ -14,6 +14,7 @@
 #include "platform/qt/QtTextMeasure.h"
 #include "reports/TrussPaint.h"
 #include "support/PdfTools.h"
+#include "support/ReportHeadings.h"
 #include "support/TemporaryDirectory.h"
 #include "support/TrussBuilder.h"
 
@@ -27,16 +28,6 @@ using testing::Not;
 
 constexpr DocumentFileFormat AllFormats[] = {DocumentFileFormat::Rtf, DocumentFileFormat::Pdf,
                                              DocumentFileFormat::Odt, DocumentFileFormat::Html};
-
-constexpr const char* Headings[] = {"Picture of the truss with applied forces:",
-                                    "Naming the joints, member forces and reaction forces:",
-                                    "Counting the number of unknown forces:",
-                                    "Counting the number of determining equations:",
-                                    "Conclusions regarding existence and uniqueness of solution:",
-                                    "The equations:",
-                                    "The augmented matrix for this system of equations:",
-                                    "The augmented matrix in RREF form:",
-                                    "The solution:"};
 
 struct Solved {
   explicit Solved(Truss truss) : Document(std::move(truss)), Analysis(SolveTruss(Document)) {}
@@ -100,7 +91,7 @@ Truss Strip(int panels) {
 
 void ExpectAllHeadingsInOrder(const std::string& text) {
   std::size_t from = 0;
-  for (const char* heading : Headings) {
+  for (const char* heading : ReportHeadings) {
     const std::size_t found = text.find(heading, from);
     ASSERT_NE(found, std::string::npos) << heading;
     from = found + 1;

@@ -95,7 +95,7 @@ TEST_F(PrintableReportOutput, TheEndingOfTheNameDecidesTheKindOfFile) {
 }
 
 TEST_F(PrintableReportOutput, TheChooserOffersTheKindsOfFilesBesideTheTruss) {
-  Truss truss = ReportedTriangle();
+  Truss truss = LoadedTriangle();
   truss.FileName = directory_ / "a.trs";
   Opened(truss);
   QTest::keyClick(&Box(), Qt::Key_S, Qt::ControlModifier);

@@ -128,7 +128,7 @@ TEST_F(PrintableReportWindowTest, ATrussWithoutAFileGoesFromTheTitleToThePicture
 }
 
 TEST_F(PrintableReportWindowTest, AFileNameIsShownAsItIsWritten) {
-  Truss truss = ReportedTriangle();
+  Truss truss = LoadedTriangle();
   truss.FileName = "/home/me/<b>bold & brave</b>.trs";
   Opened(truss);
   EXPECT_THAT(Text(),
@@ -187,7 +187,7 @@ TEST_F(PrintableReportWindowTest, AnActivationAfterAChangeBuildsTheDocumentAnew)
 }
 
 TEST_F(PrintableReportWindowTest, TheReportWindowIsLeftWithTheSolutionsInTheReportFont) {
-  Truss truss = ReportedTriangle();
+  Truss truss = LoadedTriangle();
   truss.Settings.ReportFontSize = 14;
   Opened(truss);
   EXPECT_EQ(report_.windowTitle(), QStringLiteral("Report - the forces"));
@@ -199,7 +199,7 @@ TEST_F(PrintableReportWindowTest, TheReportWindowIsLeftWithTheSolutionsInTheRepo
 TEST_F(PrintableReportWindowTest, BuildingLeavesTheUsersClipboardAsItWas) {
   QApplication::clipboard()->setText(QStringLiteral("mine"));
   QtClipboard board;
-  Analyse(ReportedTriangle());
+  Analyse(LoadedTriangle());
   window_ = std::make_unique<PrintableReportWindow>(
       PrintableReportWindow::Partners{.Subject = {truss_, analysis_, NumberFormat{}},
                                       .Report = report_,

@@ -15,18 +15,8 @@
 #include "support/FakeMessageBox.h"
 #include "support/RecordingRichText.h"
 #include "support/RecordingSurface.h"
+#include "support/ReportHeadings.h"
 #include "support/TrussBuilder.h"
-
-inline constexpr const char* ReportHeadings[] = {
-    "Picture of the truss with applied forces:",
-    "Naming the joints, member forces and reaction forces:",
-    "Counting the number of unknown forces:",
-    "Counting the number of determining equations:",
-    "Conclusions regarding existence and uniqueness of solution:",
-    "The equations:",
-    "The augmented matrix for this system of equations:",
-    "The augmented matrix in RREF form:",
-    "The solution:"};
 
 // A 3-4-5 triangle, 8 wide and 3 high, with 600 down at its top.
 inline TrussBuilder Triangle() {

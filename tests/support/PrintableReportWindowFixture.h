@@ -23,22 +23,10 @@
 #include "support/FakeClock.h"
 #include "support/FakeFileChooser.h"
 #include "support/FakeMessageBox.h"
+#include "support/LoadedTriangle.h"
 #include "support/ModalDialog.h"
 #include "support/TemporaryDirectory.h"
 #include "support/TrussBuilder.h"
-
-inline Truss ReportedTriangle() {
-  return TrussBuilder()
-      .Member(2, 2, 18, 2, "AB")
-      .Member(2, 2, 10, 10, "AC")
-      .Member(18, 2, 10, 10, "BC")
-      .Clamp(2, 2, "Ax", "Ay")
-      .Roller(18, 2, "By")
-      .Force(10, 10, 0, -2000)
-      .Joint(2, 2, "A")
-      .Joint(18, 2, "B")
-      .Joint(10, 10, "C");
-}
 
 class PrintableReportWindowFixture : public testing::Test {
  protected:
@@ -49,7 +37,7 @@ class PrintableReportWindowFixture : public testing::Test {
   }
 
   // The window of the truss, not yet shown.
-  PrintableReportWindow& Created(const Truss& truss = ReportedTriangle()) {
+  PrintableReportWindow& Created(const Truss& truss = LoadedTriangle()) {
     window_.reset();
     Analyse(truss);
     window_ = std::make_unique<PrintableReportWindow>(
@@ -65,7 +53,7 @@ class PrintableReportWindowFixture : public testing::Test {
   }
 
   // The window with its document.
-  PrintableReportWindow& Opened(const Truss& truss = ReportedTriangle()) {
+  PrintableReportWindow& Opened(const Truss& truss = LoadedTriangle()) {
     Created(truss).show();
     // Progress that was shown has been active last.
     EXPECT_TRUE(progressDelay_ == 0 || QTest::qWaitForWindowActive(window_.get()));
