@@ -22,7 +22,7 @@ void ReadInto(Truss& truss, const std::string& text, State& state) {
 void Assemble(Truss& truss, EquationSystem& system) {
   CountUnknowns(truss, system);
   SortJoints(truss);
-  LoadArrays(truss, system);
+  LoadArrays(truss, CountTruss(truss).Joints, system);
 }
 
 void Reading(State& state, const TrussShape& shape) {
@@ -68,17 +68,17 @@ void Writing(State& state, const TrussShape& shape) {
 
 void Classifying(State& state, const TrussShape& shape) {
   Truss truss = DocumentOf(shape);
-  const EquationSystem system = AnalyseTruss(truss);
+  const EquationSystem system = SolveTruss(truss).System;
   for (auto unused : state) benchmark::DoNotOptimize(ClassifyRREF(system));
 }
 
 // As a window does it that measures its columns.
 void VisitingCells(State& state, const TrussShape& shape) {
   Truss truss = DocumentOf(shape);
-  const EquationSystem system = AnalyseTruss(truss);
-  const auto equations = LoadGridWithEquations(truss, system, ReportFormat{});
-  const auto rref = LoadGridWithRREF(system, ReportFormat{});
-  const auto solutions = LoadGridWithSolutions(system, ClassifyRREF(system), ReportFormat{});
+  const TrussAnalysis analysis = SolveTruss(truss);
+  const auto equations = LoadGridWithEquations(analysis, ReportFormat{});
+  const auto rref = LoadGridWithRREF(analysis, ReportFormat{});
+  const auto solutions = LoadGridWithSolutions(analysis, ReportFormat{});
   std::size_t numCells = 0;
   for (auto unused : state) {
     numCells = 0;

@@ -6,20 +6,17 @@
 #include "analysis/Unknowns.h"
 #include "document/JointList.h"
 
-EquationSystem AnalyseTruss(Truss& truss) {
-  EquationSystem system;
-  CountUnknowns(truss, system);
-  SortJoints(truss);
-  if (system.NumUnknowns() > 0) {
-    LoadArrays(truss, system);
-    SolveToRREF(2 * truss.NumJoints, system.NumUnknowns(), system.EquationMatrix, system.ColumnOrder);
-  }
-  return system;
-}
-
 TrussAnalysis SolveTruss(Truss& truss) {
   TrussAnalysis analysis;
-  analysis.System = AnalyseTruss(truss);
-  analysis.Reading = ClassifyRREF(analysis.System);
+  EquationSystem& system = analysis.System;
+  CountUnknowns(truss, system);
+  SortJoints(truss);
+  analysis.Counted = CountTruss(truss);
+  if (system.NumUnknowns() > 0) {
+    LoadArrays(truss, analysis.Counted.Joints, system);
+    SolveToRREF(analysis.Counted.NumEquations(), system.NumUnknowns(), system.EquationMatrix,
+                system.ColumnOrder);
+  }
+  analysis.Reading = ClassifyRREF(system);
   return analysis;
 }

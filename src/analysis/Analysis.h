@@ -2,18 +2,18 @@
 #pragma once
 
 #include "analysis/Classification.h"
+#include "analysis/CountedTruss.h"
 #include "analysis/EquationSystem.h"
 #include "document/Truss.h"
 
-/// Counts the unknowns, sorts the joints by name and, when there is at least one unknown, assembles the
-/// equations and reduces them. The joint list must be up to date (CheckJoints).
-EquationSystem AnalyseTruss(Truss& truss);
-
-/// The equations of a truss and what their solution says. Without any unknown force both are empty.
+/// All that the reports tell of a truss: what was counted, the equations, and what their solution says. It
+/// stays as it is whatever is drawn later. Without any unknown force there are no equations.
 struct TrussAnalysis {
+  CountedTruss Counted;
   EquationSystem System;
   Classification Reading;
 };
 
-/// AnalyseTruss, and its rows read.
+/// Counts the unknowns, sorts the truss's joints by name and, when there is at least one unknown, assembles
+/// the equations, reduces them and reads the rows. The joint list must be up to date (CheckJoints).
 TrussAnalysis SolveTruss(Truss& truss);

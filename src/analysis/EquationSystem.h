@@ -21,8 +21,8 @@ struct EquationSystem {
   std::int16_t NumReactionForces = 0;
   std::int16_t NumMemberForces = 0;
 
-  /// Rows 2j-1 and 2j are the x and the y equation of joint j of the sorted joint list; column k is unknown
-  /// k; column N + 1 is the right-hand side. Empty when there is no unknown.
+  /// Rows 2j-1 and 2j are the x and the y equation of joint j of the list that it was assembled from; column
+  /// k is unknown k; column N + 1 is the right-hand side. Empty when there is no unknown.
   SparseMatrix<float> DisplayEquations;
 
   /// The same matrix in reduced row echelon form; its columns stand in ColumnOrder.

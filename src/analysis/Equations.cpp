@@ -29,11 +29,9 @@ float Ratio(float numerator, float length) { return length == 0 ? 0.0F : numerat
 // Row numbers of each joint position.
 class RowMap {
  public:
-  explicit RowMap(const Truss& truss) {
-    jointAt_.reserve(static_cast<std::size_t>(truss.NumJoints));
-    for (int j = 1; j <= truss.NumJoints; ++j) {
-      jointAt_.emplace(PositionKey(truss.Joints[j].X, truss.Joints[j].Y), j);
-    }
+  explicit RowMap(const Table<CountedJoint>& joints) {
+    jointAt_.reserve(static_cast<std::size_t>(joints.Size()));
+    for (int j = 1; j <= joints.Size(); ++j) jointAt_.emplace(PositionKey(joints[j].X, joints[j].Y), j);
   }
 
   /// The x row of the joint at a position; the y row is the next one. 0 when there is no joint.
@@ -128,10 +126,10 @@ float Cosine(const MemberRec& member, int end) {
   return Ratio(run, Length(member));
 }
 
-void LoadArrays(const Truss& truss, EquationSystem& system) {
+void LoadArrays(const Truss& truss, const Table<CountedJoint>& joints, EquationSystem& system) {
   const ColumnMap columns(system.UnknownList);
-  const RowMap rows(truss);
-  SparseMatrix<double> matrix(2 * truss.NumJoints, system.NumUnknowns() + 1);
+  const RowMap rows(joints);
+  SparseMatrix<double> matrix(2 * joints.Size(), system.NumUnknowns() + 1);
 
   for (const MemberRec& member : truss.MembersInUse()) {
     if (!member.Live) continue;

@@ -3,6 +3,7 @@
 // support type gives; applied forces are known and stand on the right-hand side with reversed sign.
 #pragma once
 
+#include "analysis/CountedTruss.h"
 #include "analysis/EquationSystem.h"
 #include "document/Truss.h"
 
@@ -15,6 +16,6 @@ float SingleDifference(float a, float b);
 float Sine(const MemberRec& member, int end);
 float Cosine(const MemberRec& member, int end);
 
-/// Fills DisplayEquations and EquationMatrix (2 * NumJoints rows, N + 1 columns) for the unknowns counted
-/// before and the joints in their present order. At most MaxJoints joints.
-void LoadArrays(const Truss& truss, EquationSystem& system);
+/// Fills DisplayEquations and EquationMatrix (two rows for each joint, N + 1 columns) for the unknowns
+/// counted before and the joints in the order of their list. At most MaxJoints joints.
+void LoadArrays(const Truss& truss, const Table<CountedJoint>& joints, EquationSystem& system);

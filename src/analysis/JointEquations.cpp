@@ -93,11 +93,10 @@ JointEquations::JointEquations(const Truss& truss, NumberFormat format)
   }
 }
 
-JointEquationTexts JointEquations::ReportOnJoint(int joint) const {
+JointEquationTexts JointEquations::ReportOnJoint(const CountedJoint& joint) const {
   Sides x;
   Sides y;
-  const JointRec& position = truss_.Joints[joint];
-  const auto found = at_.find(PositionKey(position.X, position.Y));
+  const auto found = at_.find(PositionKey(joint.X, joint.Y));
   if (found != at_.end()) {
     for (const auto& [index, end] : found->second.MemberEnds) {
       const MemberRec& member = truss_.Members[index];

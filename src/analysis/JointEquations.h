@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "analysis/CountedTruss.h"
 #include "document/JointList.h"
 #include "document/Truss.h"
 #include "platform/NumberFormat.h"
@@ -24,7 +25,7 @@ class JointEquations {
   JointEquations(const Truss& truss, NumberFormat format);
 
   /// Terms come in the order members, supports, applied forces, each in table order.
-  JointEquationTexts ReportOnJoint(int joint) const;
+  JointEquationTexts ReportOnJoint(const CountedJoint& joint) const;
 
  private:
   struct Attached {

@@ -108,16 +108,16 @@ std::string ForcesJson(const Truss& truss) {
   return list.Text();
 }
 
-std::string JointsJson(const Truss& truss, const NumberFormat& numbers) {
-  const JointEquations equations(truss, numbers);
+std::string JointsJson(const AnalysedFile& file, const NumberFormat& numbers) {
+  const JointEquations equations(file.Document, numbers);
+  const Table<CountedJoint>& joints = file.Analysis.Counted.Joints;
   List list('[');
-  for (int j = 1; j <= truss.NumJoints; ++j) {
-    const JointRec& joint = truss.Joints[j];
-    const JointEquationTexts texts = equations.ReportOnJoint(j);
+  for (const CountedJoint& joint : joints.First(joints.Size())) {
+    const JointEquationTexts texts = equations.ReportOnJoint(joint);
     list.Item(List('{')
                   .Key("X", joint.X)
                   .Key("Y", joint.Y)
-                  .Key("Name", Name(truss.Name(joint.NameLabel)))
+                  .Key("Name", Name(joint.Name))
                   .Key("xEquation", Name(texts.X))
                   .Key("yEquation", Name(texts.Y))
                   .Text());
@@ -132,7 +132,7 @@ std::string UnknownsJson(const EquationSystem& system) {
 }
 
 std::string CountingJson(const AnalysedFile& file) {
-  const CountingReport counting = ReportCounting(file.Document, file.Analysis.System);
+  const CountingReport counting = ReportCounting(file.Analysis.Counted);
   return List('{')
       .Key("forces", Name(counting.Forces))
       .Key("equations", Name(counting.Equations))
@@ -149,7 +149,7 @@ std::string ColumnOrderJson(const EquationSystem& system) {
 std::string SolutionsJson(const AnalysedFile& file, const ReportFormat& format) {
   List list('[');
   if (file.Analysis.Reading.Code == Outcome::Inconsistent) return list.Text();
-  const auto table = LoadGridWithSolutions(file.Analysis.System, file.Analysis.Reading, format);
+  const auto table = LoadGridWithSolutions(file.Analysis, format);
   for (int k = 1; k <= file.Analysis.System.UnknownList.Size(); ++k) {
     const std::optional<double>& value = file.Analysis.Reading.Values[k];
     list.Item(List('{')
@@ -194,7 +194,7 @@ std::string JsonReport(const AnalysedFile& file, bool matrices, const ReportForm
       .Key("supports", SupportsJson(file.Document))
       .Key("members", MembersJson(file.Document))
       .Key("forces", ForcesJson(file.Document))
-      .Key("joints", JointsJson(file.Document, format.Numbers))
+      .Key("joints", JointsJson(file, format.Numbers))
       .Key("NumReactionForces", int{system.NumReactionForces})
       .Key("NumMemberForces", int{system.NumMemberForces})
       .Key("unknowns", UnknownsJson(system))

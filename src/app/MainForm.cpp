@@ -10,8 +10,6 @@
 #include <QShortcut>
 #include <QStatusBar>
 #include <QUrl>
-#include <algorithm>
-#include <utility>
 
 #include "analysis/JointEquations.h"
 #include "app/AboutForm.h"
@@ -21,6 +19,7 @@
 #include "app/InstructionFrame.h"
 #include "app/OptionsDialog.h"
 #include "app/StepTexts.h"
+#include "canvas/DoLabel.h"
 #include "canvas/Paper.h"
 #include "canvas/RedrawTruss.h"
 #include "document/FileMenu.h"
@@ -54,7 +53,7 @@ void MainForm::OpenAtStart(const std::string& path, bool autoName) {
   AfterOpening();
   if (!autoName) return;
   AutoName(on_.Document);
-  Redraw();
+  ShowNames();
 }
 
 // --- what the document tells the window
@@ -76,9 +75,7 @@ void MainForm::ShowCaption(const std::string& caption) { setWindowTitle(QString:
 
 void MainForm::Redraw() {
   DeferredMessages messages;
-  const CanvasContext context{bounds_, on_.Numbers, [this](const TextFont& font, std::string_view text) {
-                                return measure_.Measure(font, text);
-                              }};
+  const CanvasContext context{bounds_, on_.Numbers, Measure()};
   bool joined = true;
   picDraw_->PaintBacking(
       [&](Surface& surface) { joined = RedrawTruss(on_.Document, drawing_, surface, context, messages); });
@@ -90,6 +87,16 @@ void MainForm::Redraw() {
   showingMessages_ = true;
   messages.ShowOn(on_.Messages);
   showingMessages_ = false;
+}
+
+TextMeasure MainForm::Measure() {
+  return [this](const TextFont& font, std::string_view text) { return measure_.Measure(font, text); };
+}
+
+// A new name moves no shape: joints keep their order, and the grid and its message stay as they are.
+void MainForm::ShowNames() {
+  PlaceNames(drawing_, on_.Document, Measure());
+  picDraw_->ShowDrawing();
 }
 
 // --- the three steps
@@ -134,8 +141,9 @@ void MainForm::cmdNext2_Click() {
   const bool entered = steps_.Next2(on_.Document);
   QGuiApplication::restoreOverrideCursor();
   if (!entered) return;
-  // The report window may still show a table of the old analysis, until it is given another report.
-  const auto oldAnalysis = std::exchange(shownAnalysis_, steps_.Analysis());
+  // The report window may still show a table of the old analysis, which must not be laid out in another font.
+  report_->Clear();
+  shownAnalysis_ = steps_.Analysis();
   report_->ChooseFontSet(on_.Document.Settings.ReportFontSize);
   ShowStep();
   ShowReport(1);
@@ -172,7 +180,7 @@ void MainForm::cmdAutoName_Click(int index) {
   } else {
     ClearNames(on_.Document);
   }
-  Redraw();
+  ShowNames();
 }
 
 void MainForm::lblRodJoint_Click(int label) {
@@ -189,36 +197,34 @@ void MainForm::RenameLabel(LabelIndex label) {
   const int top = TwipsPerPixel * y() + InTwips(place.Top) + 1200;
   const std::string typed = InputBox2("Enter a new name:", on_.Document.Name(label), left, top, this);
   Rename(on_.Document, label, typed);
-  Redraw();
+  ShowNames();
 }
 
 void MainForm::ShowJointEquations(LabelIndex label) {
-  const auto joints = on_.Document.JointsInUse();
-  const auto found = std::ranges::find(joints, label, &JointRec::NameLabel);
-  if (found == joints.end()) return;
-  const int joint = static_cast<int>(found - joints.begin()) + 1;
+  const CountedJoint* joint = JointWithLabel(shownAnalysis_->Counted, label);
+  if (joint == nullptr) return;
   const JointEquations equations(on_.Document, on_.Numbers);
-  jointPanel_->ShowEquations(on_.Document.Name(label), equations.ReportOnJoint(joint));
+  jointPanel_->ShowEquations(joint->Name, equations.ReportOnJoint(*joint));
 }
 
 // --- reports
 
 void MainForm::ShowReport(int report) {
   if (!shownAnalysis_) return;
-  const EquationSystem& system = shownAnalysis_->System;
+  const int sigFigs = on_.Document.Settings.SigFigs;
   shownReport_ = report;
   switch (report) {
     case 1:
-      report_->ReportCounting(on_.Document, system);
+      report_->ReportCounting(shownAnalysis_->Counted);
       break;
     case 2:
-      report_->LoadGridWithEquations(on_.Document, system);
+      report_->LoadGridWithEquations(*shownAnalysis_, sigFigs);
       break;
     case 3:
-      report_->LoadGridWithRREF(on_.Document, system);
+      report_->LoadGridWithRREF(*shownAnalysis_, sigFigs);
       break;
     default:
-      report_->LoadGridWithSolutions(on_.Document, system);
+      report_->LoadGridWithSolutions(*shownAnalysis_, sigFigs);
       break;
   }
   report_->BringUp();

@@ -57,6 +57,9 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void ShowCaption(const std::string& caption) override;
   void Redraw() override;
 
+  TextMeasure Measure();
+  void ShowNames();
+
   void CreateCanvasAndPanels();
   void CreateToolPanel();
   void CreateNamePanel();

@@ -53,11 +53,11 @@ void WriteTable(std::ostream& out, const ReportTable& table) {
 
 void WriteJointEquations(std::ostream& out, const AnalysedFile& file, const ReportFormat& format) {
   const JointEquations equations(file.Document, format.Numbers);
-  for (int j = 1; j <= file.Document.NumJoints; ++j) {
-    const JointEquationTexts texts = equations.ReportOnJoint(j);
+  const Table<CountedJoint>& joints = file.Analysis.Counted.Joints;
+  for (int j = 1; j <= joints.Size(); ++j) {
+    const JointEquationTexts texts = equations.ReportOnJoint(joints[j]);
     if (j > 1) out << '\n';
-    const std::string& name = file.Document.Name(file.Document.Joints[j].NameLabel);
-    out << "Equations for joint " << ToUtf8(OnOneLine(name)) << '\n'
+    out << "Equations for joint " << ToUtf8(OnOneLine(joints[j].Name)) << '\n'
         << "\tforces right = forces left :     " << ToUtf8(OnOneLine(texts.X)) << '\n'
         << "\tforces up = forces down :    " << ToUtf8(OnOneLine(texts.Y)) << '\n';
   }
@@ -68,7 +68,7 @@ void WriteSolutions(std::ostream& out, const AnalysedFile& file, const ReportFor
     out << InconsistentText << '\n';
     return;
   }
-  WriteTable(out, *LoadGridWithSolutions(file.Analysis.System, file.Analysis.Reading, format));
+  WriteTable(out, *LoadGridWithSolutions(file.Analysis, format));
   if (file.Analysis.Reading.Code != Outcome::Redundant) return;
   out << '\n' << RedundantText << '\n';
   for (const char* line : RedundantLines) out << line << '\n';
@@ -84,13 +84,13 @@ std::string CsvField(const std::string& text) {
 std::unique_ptr<ReportTable> LoadTable(const AnalysedFile& file, CsvTable table, const ReportFormat& format) {
   switch (table) {
     case CsvTable::Equations:
-      return LoadGridWithEquations(file.Document, file.Analysis.System, format);
+      return LoadGridWithEquations(file.Analysis, format);
     case CsvTable::RREF:
-      return LoadGridWithRREF(file.Analysis.System, format);
+      return LoadGridWithRREF(file.Analysis, format);
     case CsvTable::Solutions:
       break;
   }
-  return LoadGridWithSolutions(file.Analysis.System, file.Analysis.Reading, format);
+  return LoadGridWithSolutions(file.Analysis, format);
 }
 
 }  // namespace
@@ -105,13 +105,12 @@ void WriteReport(std::ostream& out, const AnalysedFile& file, const ReportSectio
     write();
   };
   // A truss without unknown forces has no Counting report, and one without joints no equations.
-  section(sections.Counting && file.Analysis.System.NumUnknowns() > 0, [&] {
-    out << ToUtf8(WithPlainLineEnds(ReportCounting(file.Document, file.Analysis.System).Text())) << '\n';
-  });
-  section(sections.Joints && file.Document.NumJoints > 0, [&] { WriteJointEquations(out, file, format); });
-  section(sections.Equations,
-          [&] { WriteTable(out, *LoadGridWithEquations(file.Document, file.Analysis.System, format)); });
-  section(sections.RREF, [&] { WriteTable(out, *LoadGridWithRREF(file.Analysis.System, format)); });
+  section(sections.Counting && file.Analysis.System.NumUnknowns() > 0,
+          [&] { out << ToUtf8(WithPlainLineEnds(ReportCounting(file.Analysis.Counted).Text())) << '\n'; });
+  section(sections.Joints && file.Analysis.Counted.Joints.Size() > 0,
+          [&] { WriteJointEquations(out, file, format); });
+  section(sections.Equations, [&] { WriteTable(out, *LoadGridWithEquations(file.Analysis, format)); });
+  section(sections.RREF, [&] { WriteTable(out, *LoadGridWithRREF(file.Analysis, format)); });
   section(sections.Solutions, [&] { WriteSolutions(out, file, format); });
 }
 

@@ -209,6 +209,11 @@ void PlaceJointLabels(Drawing& drawing, const Truss& truss, const TextMeasure& m
   }
 }
 
+void PlaceNames(Drawing& drawing, const Truss& truss, const TextMeasure& measure) {
+  PlaceElementLabels(drawing, truss, measure);
+  PlaceJointLabels(drawing, truss, measure);
+}
+
 bool RefreshJoints(Drawing& drawing, Truss& truss, const TextMeasure& measure) {
   const bool refreshed = CheckJoints(truss);
   PlaceJointLabels(drawing, truss, measure);

@@ -26,6 +26,10 @@ void PlaceElementLabels(Drawing& drawing, const Truss& truss, const TextMeasure&
 /// Places the name of each joint with its top left corner at the joint.
 void PlaceJointLabels(Drawing& drawing, const Truss& truss, const TextMeasure& measure);
 
+/// Measures and places all names again, after names have changed on a drawing that stands. Nothing else
+/// moves, and the joint list keeps its order.
+void PlaceNames(Drawing& drawing, const Truss& truss, const TextMeasure& measure);
+
 /// Brings the truss's joint list up to date and places the joints' names. Returns false, with the old joints
 /// and their names in place, when CheckJoints refuses.
 [[nodiscard]] bool RefreshJoints(Drawing& drawing, Truss& truss, const TextMeasure& measure);

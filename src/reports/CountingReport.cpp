@@ -6,38 +6,26 @@ namespace {
 
 constexpr const char* NewLine = "\r\n";
 
-std::string MemberNames(const Truss& truss) {
-  std::string names;
-  for (const MemberRec& member : truss.MembersInUse()) {
-    if (member.Live) names += truss.Name(member.NameLabel1) + ", ";
-  }
-  return names;
+std::string Listed(const Table<std::string>& names) {
+  std::string text;
+  for (const std::string& name : names.First(names.Size())) text += name + ", ";
+  return text;
 }
 
-std::string ReactionNames(const Truss& truss) {
-  std::string names;
-  for (const SupportRec& support : truss.SupportsInUse()) {
-    if (!support.Live) continue;
-    names += truss.Name(support.NameLabel1) + ", ";
-    if (support.IsClamp()) names += truss.Name(support.NameLabel2) + ", ";
-  }
-  return names;
-}
-
-std::string ForcesParagraph(const Truss& truss, const EquationSystem& system) {
-  const int unknowns = system.NumUnknowns();
+std::string ForcesParagraph(const CountedTruss& counted) {
+  const int unknowns = counted.NumUnknowns();
   std::string text = "This truss contains " + std::to_string(unknowns) + " unknown " +
                      (unknowns == 1 ? "force" : "forces") + ":" + NewLine + NewLine;
-  if (system.NumMemberForces != 0) {
-    text += "- the " + std::to_string(system.NumMemberForces) + " member force(s), labelled " +
-            MemberNames(truss) + NewLine +
+  if (counted.MemberForces.Size() != 0) {
+    text += "- the " + std::to_string(counted.MemberForces.Size()) + " member force(s), labelled " +
+            Listed(counted.MemberForces) + NewLine +
             "(A positive value for a member force means that the member is under compression "
             "so the member force is directed INTO the pins at its ends.)" +
             NewLine + NewLine;
   }
-  if (system.NumReactionForces != 0) {
-    text += "- the " + std::to_string(system.NumReactionForces) + " reaction force(s), labelled " +
-            ReactionNames(truss) + NewLine +
+  if (counted.ReactionForces.Size() != 0) {
+    text += "- the " + std::to_string(counted.ReactionForces.Size()) + " reaction force(s), labelled " +
+            Listed(counted.ReactionForces) + NewLine +
             "(Reaction forces are due to clamp or roller supports.  "
             "Positive values mean that they act into a pin in the direction shown.)" +
             NewLine + NewLine;
@@ -45,18 +33,14 @@ std::string ForcesParagraph(const Truss& truss, const EquationSystem& system) {
   return text;
 }
 
-std::string JointSentence(const Truss& truss) {
-  if (truss.NumJoints == 1) {
-    return "This truss contains 1 joint, labelled " + truss.Name(truss.Joints[1].NameLabel) + ".";
-  }
-  std::string text = "This truss contains " + std::to_string(truss.NumJoints) + " joints, labelled ";
-  for (int j = 1; j <= truss.NumJoints; ++j) {
-    text += truss.Name(truss.Joints[j].NameLabel) + (j < truss.NumJoints ? ", " : ".");
-  }
+std::string JointSentence(const Table<CountedJoint>& joints) {
+  if (joints.Size() == 1) return "This truss contains 1 joint, labelled " + joints[1].Name + ".";
+  std::string text = "This truss contains " + std::to_string(joints.Size()) + " joints, labelled ";
+  for (int j = 1; j <= joints.Size(); ++j) text += joints[j].Name + (j < joints.Size() ? ", " : ".");
   return text;
 }
 
-std::string EquationsParagraph(const Truss& truss) {
+std::string EquationsParagraph(const CountedTruss& counted) {
   std::string text = "The values of these unknown forces can be found by solving a system of equations.";
   text += NewLine;
   text +=
@@ -67,8 +51,8 @@ std::string EquationsParagraph(const Truss& truss) {
   text += "The other equation expresses the fact that the y components cancel.";
   text += NewLine;
   text += NewLine;
-  text += JointSentence(truss);
-  text += "  Thus there are " + std::to_string(2 * truss.NumJoints) + " equations.";
+  text += JointSentence(counted.Joints);
+  text += "  Thus there are " + std::to_string(counted.NumEquations()) + " equations.";
   return text + NewLine + NewLine;
 }
 
@@ -101,8 +85,8 @@ std::string CountingReport::Text() const {
   return "The forces:  " + Forces + "The equations:  " + Equations + "The count:  " + Count;
 }
 
-CountingReport ReportCounting(const Truss& truss, const EquationSystem& system) {
-  if (system.NumUnknowns() == 0) return {};
-  return CountingReport{ForcesParagraph(truss, system), EquationsParagraph(truss),
-                        CountParagraph(2 * truss.NumJoints, system.NumUnknowns())};
+CountingReport ReportCounting(const CountedTruss& counted) {
+  if (counted.NumUnknowns() == 0) return {};
+  return CountingReport{ForcesParagraph(counted), EquationsParagraph(counted),
+                        CountParagraph(counted.NumEquations(), counted.NumUnknowns())};
 }

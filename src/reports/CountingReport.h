@@ -3,8 +3,7 @@
 
 #include <string>
 
-#include "analysis/EquationSystem.h"
-#include "document/Truss.h"
+#include "analysis/CountedTruss.h"
 
 /// The three paragraphs, with CR LF line ends, in the single-byte code page. All empty when there is no
 /// unknown force.
@@ -20,5 +19,4 @@ struct CountingReport {
 inline constexpr const char* CountingCaption =
     "Report - Counting the number of unknown forces and the number of determining equations";
 
-/// The truss must be the one that the system was counted from.
-CountingReport ReportCounting(const Truss& truss, const EquationSystem& system);
+CountingReport ReportCounting(const CountedTruss& counted);

@@ -33,6 +33,16 @@ Truss WithNamesOnOneLine(Truss truss) {
   return truss;
 }
 
+CountedTruss WithNamesOnOneLine(CountedTruss counted) {
+  for (CountedJoint& joint : counted.Joints.First(counted.Joints.Size())) {
+    joint.Name = OnOneLine(std::move(joint.Name));
+  }
+  for (Table<std::string>* names : {&counted.MemberForces, &counted.ReactionForces}) {
+    for (std::string& name : names->First(names->Size())) name = OnOneLine(std::move(name));
+  }
+  return counted;
+}
+
 double WorkOf(const ReportTable& table) {
   return static_cast<double>(table.NumRows()) * std::min(table.NumColumns(), MaxTableColumns);
 }
@@ -41,14 +51,15 @@ class ReportBuilder {
  public:
   ReportBuilder(const Truss& truss, const TrussAnalysis& analysis, const PrintableReportContext& context)
       : truss_(WithNamesOnOneLine(truss)),
-        analysis_(analysis),
+        counted_(WithNamesOnOneLine(analysis.Counted)),
+        outcome_(analysis.Reading.Code),
         context_(context),
         report_{context.Document, truss.Settings.ReportFontSize},
         format_{truss.Settings.SigFigs, context.Numbers},
-        equations_(LoadGridWithEquations(truss_, analysis.System, format_)),
-        rref_(LoadGridWithRREF(analysis.System, format_)),
-        solutions_(LoadGridWithSolutions(analysis.System, analysis.Reading, format_)),
-        wholeWork_(2 * WorkOfOnePicture() + WorkOfJoint * truss.NumJoints + WorkOf(*equations_) +
+        equations_(LoadGridWithEquations(analysis, format_)),
+        rref_(LoadGridWithRREF(analysis, format_)),
+        solutions_(LoadGridWithSolutions(analysis, format_)),
+        wholeWork_(2 * WorkOfOnePicture() + WorkOfJoint * counted_.Joints.Size() + WorkOf(*equations_) +
                    WorkOf(*rref_) + WorkOf(*solutions_)) {}
 
   bool Build() {
@@ -94,7 +105,7 @@ class ReportBuilder {
   }
 
   void AppendCounting() {
-    const CountingReport counting = ReportCounting(truss_, analysis_.System);
+    const CountingReport counting = ReportCounting(counted_);
     AppendHeading("Counting the number of unknown forces:");
     AppendText(ToUtf8(counting.Forces));
     AppendHeading("Counting the number of determining equations:");
@@ -109,9 +120,9 @@ class ReportBuilder {
     AppendHeading("The equations:");
     AppendText("");
     const JointEquations equations(truss_, context_.Numbers);
-    for (int j = 1; j <= truss_.NumJoints; ++j) {
-      const JointEquationTexts texts = equations.ReportOnJoint(j);
-      std::string text = "Equations for joint " + truss_.Name(truss_.Joints[j].NameLabel);
+    for (const CountedJoint& joint : counted_.Joints.First(counted_.Joints.Size())) {
+      const JointEquationTexts texts = equations.ReportOnJoint(joint);
+      std::string text = "Equations for joint " + joint.Name;
       text.append(LineBreak).append("\tforces right = forces left :     ").append(texts.X);
       text.append(LineBreak).append("\tforces up = forces down :    ").append(texts.Y);
       RTBText(report_, ToUtf8(text), 0, 2, PlainBlack);
@@ -129,13 +140,12 @@ class ReportBuilder {
   }
 
   bool AppendSolution() {
-    const Outcome outcome = analysis_.Reading.Code;
-    if (outcome == Outcome::Inconsistent) {
+    if (outcome_ == Outcome::Inconsistent) {
       AppendText(InconsistentText);
       return HasDone(WorkOf(*solutions_));
     }
     if (!AppendTable(*solutions_, TableKind::HeaderRowAndFirstColumn)) return false;
-    if (outcome == Outcome::Redundant) AppendText(RedundantText, 1);
+    if (outcome_ == Outcome::Redundant) AppendText(RedundantText, 1);
     return true;
   }
 
@@ -151,7 +161,8 @@ class ReportBuilder {
   }
 
   const Truss truss_;
-  const TrussAnalysis& analysis_;
+  const CountedTruss counted_;
+  const Outcome outcome_;
   const PrintableReportContext& context_;
   const ReportText report_;
   const ReportFormat format_;

@@ -239,7 +239,7 @@ void PrintableReportWindow::Build() {
   }
   if (document == nullptr) return reject();  // there is nothing to show
   ShowDocument(std::move(document));
-  on_.Report.LoadGridWithSolutions(on_.Subject.Document, on_.Subject.Analysis.System);
+  on_.Report.LoadGridWithSolutions(on_.Subject.Analysis, on_.Subject.Document.Settings.SigFigs);
   built_ = basis;
 }
 

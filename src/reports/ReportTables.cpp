@@ -8,19 +8,21 @@ namespace {
 // An augmented matrix under a header row of names.
 class MatrixTable : public ReportTable {
  public:
-  MatrixTable(const EquationSystem& system, ReportFormat format)
-      : system_(system), format_(std::move(format)) {}
+  MatrixTable(const TrussAnalysis& analysis, ReportFormat format)
+      : analysis_(analysis), format_(std::move(format)) {}
 
-  int NumColumns() const override { return system_.NumUnknowns() + 2; }
+  int NumColumns() const override { return System().NumUnknowns() + 2; }
 
  protected:
   /// Position in the unknown list of the unknown in a column 1 .. N.
   virtual int UnknownOf(int column) const = 0;
 
+  const EquationSystem& System() const { return analysis_.System; }
+
   std::string HeaderText(int column) const {
     if (column == 0) return "Equation";
     if (column == NumColumns() - 1) return "RHS";
-    return system_.UnknownList[UnknownOf(column)].Name;
+    return System().UnknownList[UnknownOf(column)].Name;
   }
 
   template <class Matrix>
@@ -37,36 +39,32 @@ class MatrixTable : public ReportTable {
     }
   }
 
-  const EquationSystem& system_;
+  const TrussAnalysis& analysis_;
   ReportFormat format_;
 };
 
 class EquationsTable final : public MatrixTable {
  public:
-  EquationsTable(const Truss& truss, const EquationSystem& system, const ReportFormat& format)
-      : MatrixTable(system, format), truss_(truss) {}
+  using MatrixTable::MatrixTable;
 
   const char* Caption() const override { return "Report - The system of equations for the unknown forces"; }
   const char* Heading() const override { return "The augmented matrix for the system of equations:"; }
-  int NumRows() const override { return system_.DisplayEquations.NumRows() + 1; }
+  int NumRows() const override { return System().DisplayEquations.NumRows() + 1; }
 
   std::string Text(int row, int column) const override {
     if (row == 0) return HeaderText(column);
     if (column == 0) {
-      const JointRec& joint = truss_.Joints[(row + 1) / 2];
-      return truss_.Name(joint.NameLabel) + (row % 2 == 1 ? " - x" : " - y");
+      return analysis_.Counted.Joints[(row + 1) / 2].Name + (row % 2 == 1 ? " - x" : " - y");
     }
-    return CellText(system_.DisplayEquations, row, column);
+    return CellText(System().DisplayEquations, row, column);
   }
 
   void VisitCells(const std::function<void(int, int)>& visit) const override {
-    VisitMatrix(system_.DisplayEquations, visit);
+    VisitMatrix(System().DisplayEquations, visit);
   }
 
  private:
   int UnknownOf(int column) const override { return column; }
-
-  const Truss& truss_;
 };
 
 class RREFTable final : public MatrixTable {
@@ -75,36 +73,36 @@ class RREFTable final : public MatrixTable {
 
   const char* Caption() const override { return "Report - the system of equations in RREF form"; }
   const char* Heading() const override { return "The augmented matrix in RREF form:"; }
-  int NumRows() const override { return system_.EquationMatrix.NumRows() + 1; }
+  int NumRows() const override { return System().EquationMatrix.NumRows() + 1; }
 
   std::string Text(int row, int column) const override {
     if (row == 0) return HeaderText(column);
     if (column == 0) return "";
-    return CellText(system_.EquationMatrix, row, column);
+    return CellText(System().EquationMatrix, row, column);
   }
 
   void VisitCells(const std::function<void(int, int)>& visit) const override {
-    VisitMatrix(system_.EquationMatrix, visit);
+    VisitMatrix(System().EquationMatrix, visit);
   }
 
  private:
-  int UnknownOf(int column) const override { return system_.ColumnOrder[column]; }
+  int UnknownOf(int column) const override { return System().ColumnOrder[column]; }
 };
 
 class SolutionsTable final : public ReportTable {
  public:
-  SolutionsTable(const EquationSystem& system, Classification classification, ReportFormat format)
-      : system_(system), classification_(std::move(classification)), format_(std::move(format)) {}
+  SolutionsTable(const TrussAnalysis& analysis, ReportFormat format)
+      : analysis_(analysis), format_(std::move(format)) {}
 
   const char* Caption() const override { return "Report - the forces"; }
   const char* Heading() const override { return "The solutions:"; }
-  int NumRows() const override { return system_.NumUnknowns() + 1; }
+  int NumRows() const override { return analysis_.System.NumUnknowns() + 1; }
   int NumColumns() const override { return 2; }
 
   std::string Text(int row, int column) const override {
     if (row == 0) return column == 0 ? "Force" : "Value";
-    if (column == 0) return system_.UnknownList[row].Name;
-    const std::optional<double>& value = classification_.Values[row];
+    if (column == 0) return analysis_.System.UnknownList[row].Name;
+    const std::optional<double>& value = analysis_.Reading.Values[row];
     return value ? TableNumber(*value, format_) : "undetermined";
   }
 
@@ -116,24 +114,22 @@ class SolutionsTable final : public ReportTable {
   }
 
  private:
-  const EquationSystem& system_;
-  Classification classification_;
+  const TrussAnalysis& analysis_;
   ReportFormat format_;
 };
 
 }  // namespace
 
-std::unique_ptr<ReportTable> LoadGridWithEquations(const Truss& truss, const EquationSystem& system,
+std::unique_ptr<ReportTable> LoadGridWithEquations(const TrussAnalysis& analysis,
                                                    const ReportFormat& format) {
-  return std::make_unique<EquationsTable>(truss, system, format);
+  return std::make_unique<EquationsTable>(analysis, format);
 }
 
-std::unique_ptr<ReportTable> LoadGridWithRREF(const EquationSystem& system, const ReportFormat& format) {
-  return std::make_unique<RREFTable>(system, format);
+std::unique_ptr<ReportTable> LoadGridWithRREF(const TrussAnalysis& analysis, const ReportFormat& format) {
+  return std::make_unique<RREFTable>(analysis, format);
 }
 
-std::unique_ptr<ReportTable> LoadGridWithSolutions(const EquationSystem& system,
-                                                   const Classification& classification,
+std::unique_ptr<ReportTable> LoadGridWithSolutions(const TrussAnalysis& analysis,
                                                    const ReportFormat& format) {
-  return std::make_unique<SolutionsTable>(system, classification, format);
+  return std::make_unique<SolutionsTable>(analysis, format);
 }

@@ -7,9 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "analysis/Classification.h"
-#include "analysis/EquationSystem.h"
-#include "document/Truss.h"
+#include "analysis/Analysis.h"
 #include "reports/FormatSigFigs.h"
 
 /// Rows and columns run from 0; row 0 and column 0 are the fixed header row and column. Texts are in the
@@ -30,17 +28,14 @@ class ReportTable {
 };
 
 /// The augmented matrix as assembled.
-std::unique_ptr<ReportTable> LoadGridWithEquations(const Truss& truss, const EquationSystem& system,
-                                                   const ReportFormat& format);
+std::unique_ptr<ReportTable> LoadGridWithEquations(const TrussAnalysis& analysis, const ReportFormat& format);
 
 /// The augmented matrix in reduced row echelon form, its columns in ColumnOrder.
-std::unique_ptr<ReportTable> LoadGridWithRREF(const EquationSystem& system, const ReportFormat& format);
+std::unique_ptr<ReportTable> LoadGridWithRREF(const TrussAnalysis& analysis, const ReportFormat& format);
 
 /// Each unknown force with its value or "undetermined". Not to be shown when the outcome is Inconsistent: the
 /// conclusion then stands in its place.
-std::unique_ptr<ReportTable> LoadGridWithSolutions(const EquationSystem& system,
-                                                   const Classification& classification,
-                                                   const ReportFormat& format);
+std::unique_ptr<ReportTable> LoadGridWithSolutions(const TrussAnalysis& analysis, const ReportFormat& format);
 
 /// Printed below the solutions of a redundant system, line by line.
 inline constexpr const char* RedundantLines[] = {"  The truss is in equilibrium (static) for these",

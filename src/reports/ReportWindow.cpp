@@ -87,34 +87,34 @@ void ReportWindow::ChooseFontSet(float pointSize) {
 
 int ReportWindow::RowHeight() const { return qRound(1.5F * fontSize_) + extraRowHeight_; }
 
-ReportFormat ReportWindow::Format(const Truss& truss) const {
-  return ReportFormat{.SigFigs = truss.Settings.SigFigs, .Numbers = numbers_};
+ReportFormat ReportWindow::Format(int sigFigs) const {
+  return ReportFormat{.SigFigs = sigFigs, .Numbers = numbers_};
 }
 
-void ReportWindow::ReportCounting(const Truss& truss, const EquationSystem& system) {
-  counting_ = ::ReportCounting(truss, system);
+void ReportWindow::ReportCounting(const CountedTruss& counted) {
+  counting_ = ::ReportCounting(counted);
   ShowText(ToQt(counting_.Text()));
-  if (system.NumUnknowns() > 0) setWindowTitle(QString::fromLatin1(CountingCaption));
+  if (counted.NumUnknowns() > 0) setWindowTitle(QString::fromLatin1(CountingCaption));
 }
 
-void ReportWindow::LoadGridWithEquations(const Truss& truss, const EquationSystem& system) {
-  ShowTable(::LoadGridWithEquations(truss, system, Format(truss)), 0, false);
+void ReportWindow::LoadGridWithEquations(const TrussAnalysis& analysis, int sigFigs) {
+  ShowTable(::LoadGridWithEquations(analysis, Format(sigFigs)), 0, false);
 }
 
-void ReportWindow::LoadGridWithRREF(const Truss& truss, const EquationSystem& system) {
-  ShowTable(::LoadGridWithRREF(system, Format(truss)), 0, false);
+void ReportWindow::LoadGridWithRREF(const TrussAnalysis& analysis, int sigFigs) {
+  ShowTable(::LoadGridWithRREF(analysis, Format(sigFigs)), 0, false);
 }
 
-Outcome ReportWindow::LoadGridWithSolutions(const Truss& truss, const EquationSystem& system) {
-  const Classification classification = ClassifyRREF(system);
-  std::unique_ptr<ReportTable> table = ::LoadGridWithSolutions(system, classification, Format(truss));
-  if (classification.Code == Outcome::Inconsistent) {
+Outcome ReportWindow::LoadGridWithSolutions(const TrussAnalysis& analysis, int sigFigs) {
+  const Outcome outcome = analysis.Reading.Code;
+  std::unique_ptr<ReportTable> table = ::LoadGridWithSolutions(analysis, Format(sigFigs));
+  if (outcome == Outcome::Inconsistent) {
     setWindowTitle(QString::fromLatin1(table->Caption()));
     ShowText(QString::fromLatin1(InconsistentText));
   } else {
-    ShowTable(std::move(table), 3, classification.Code == Outcome::Redundant);
+    ShowTable(std::move(table), 3, outcome == Outcome::Redundant);
   }
-  return classification.Code;
+  return outcome;
 }
 
 void ReportWindow::ShowText(const QString& text) {

@@ -4,9 +4,7 @@
 #include <QWidget>
 #include <memory>
 
-#include "analysis/Classification.h"
-#include "analysis/EquationSystem.h"
-#include "document/Truss.h"
+#include "analysis/Analysis.h"
 #include "platform/NumberFormat.h"
 #include "reports/CountingReport.h"
 #include "reports/FormatSigFigs.h"
@@ -16,9 +14,9 @@ class QPlainTextEdit;
 class ReportGrid;
 class ReportTable;
 
-/// Created once and kept. The truss given to a loader is read during the call only. The equation system given
-/// to a loader of a table is read whenever the table is painted: before it is changed or destroyed, call
-/// Clear() or load another report.
+/// Created once and kept. The analysis given to a loader of a table is read whenever the table is measured or
+/// painted: before it is changed or destroyed, call Clear() or load another report. Numbers have `sigFigs`
+/// significant figures.
 class ReportWindow final : public QWidget {
   Q_OBJECT
 
@@ -30,19 +28,19 @@ class ReportWindow final : public QWidget {
   void ChooseFontSet(float pointSize);
 
   /// Without an unknown force the text stays empty and the caption as it is.
-  void ReportCounting(const Truss& truss, const EquationSystem& system);
+  void ReportCounting(const CountedTruss& counted);
 
-  void LoadGridWithEquations(const Truss& truss, const EquationSystem& system);
-  void LoadGridWithRREF(const Truss& truss, const EquationSystem& system);
+  void LoadGridWithEquations(const TrussAnalysis& analysis, int sigFigs);
+  void LoadGridWithRREF(const TrussAnalysis& analysis, int sigFigs);
 
   /// An inconsistent system shows its conclusion in the text box and no table; a redundant one has its
   /// conclusion below the table.
-  Outcome LoadGridWithSolutions(const Truss& truss, const EquationSystem& system);
+  Outcome LoadGridWithSolutions(const TrussAnalysis& analysis, int sigFigs);
 
   /// The paragraphs of the Counting report last built.
   const CountingReport& Counting() const { return counting_; }
 
-  /// Empties the window and forgets every equation system.
+  /// Empties the window and forgets every analysis.
   void Clear();
 
   /// Shows the window before all others, also when it was minimised.
@@ -58,7 +56,7 @@ class ReportWindow final : public QWidget {
   int RowHeight() const;
   void LayOut();
   void PlaceRedundantLines();
-  ReportFormat Format(const Truss& truss) const;
+  ReportFormat Format(int sigFigs) const;
 
   NumberFormat numbers_;
   CountingReport counting_;

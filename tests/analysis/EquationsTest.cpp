@@ -43,7 +43,7 @@ EquationSystem Assembled(Truss& truss) {
   EquationSystem system;
   CountUnknowns(truss, system);
   SortJoints(truss);
-  LoadArrays(truss, system);
+  LoadArrays(truss, CountTruss(truss).Joints, system);
   return system;
 }
 
@@ -219,7 +219,7 @@ TEST(LoadArrays, LoadingAgainStartsFromZeros) {
   EquationSystem system = Assembled(first);
   Truss second = TrussBuilder().Roller(0, 0);
   CountUnknowns(second, system);
-  LoadArrays(second, system);
+  LoadArrays(second, CountTruss(second).Joints, system);
   EXPECT_EQ(RowsOf(system.EquationMatrix), (Rows{{0, 0}, {1, 0}}));
   EXPECT_EQ(RowsOf(system.DisplayEquations), (Rows{{0, 0}, {1, 0}}));
 }

@@ -29,7 +29,7 @@ struct Solved {
   Classification Reading;
 
   explicit Solved(Truss truss)
-      : Drawn(std::move(truss)), System(AnalyseTruss(Drawn)), Reading(ClassifyRREF(System)) {}
+      : Drawn(std::move(truss)), System(SolveTruss(Drawn).System), Reading(ClassifyRREF(System)) {}
 
   bool IsDetermined() const {
     const auto values = Reading.Values.First(Reading.Values.Size());

@@ -17,9 +17,10 @@ namespace {
 
 // The texts of the joint at a position.
 JointEquationTexts At(const Truss& truss, float x, float y, const std::string& separator = ".") {
-  for (int j = 1; j <= truss.NumJoints; ++j) {
-    if (truss.Joints[j].X == x && truss.Joints[j].Y == y) {
-      return JointEquations(truss, NumberFormat{separator}).ReportOnJoint(j);
+  const Table<CountedJoint> joints = CountTruss(truss).Joints;
+  for (const CountedJoint& joint : joints.First(joints.Size())) {
+    if (joint.X == x && joint.Y == y) {
+      return JointEquations(truss, NumberFormat{separator}).ReportOnJoint(joint);
     }
   }
   ADD_FAILURE() << "no joint at (" << x << ", " << y << ")";
@@ -179,9 +180,10 @@ TEST(JointEquations, ATermThatReadsZeroIsLeftOut) {
 
 TEST(JointEquations, NamesAreThoseAtTheTimeOfTheReport) {
   Truss truss = TrussBuilder().Member(0, 0, 4, 0, "before");
+  const CountedTruss counted = CountTruss(truss);
   const JointEquations equations(truss, NumberFormat{});
   truss.Labels[truss.Members[1].NameLabel1].Caption = "after";
-  EXPECT_EQ(equations.ReportOnJoint(1).X, "0 = after");
+  EXPECT_EQ(equations.ReportOnJoint(counted.Joints[1]).X, "0 = after");
 }
 
 namespace {
@@ -272,9 +274,10 @@ TEST(JointEquations, AreThoseOfPlainScansInRandomDocuments) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::mt19937 random(seed);
     const Truss truss = RandomDocument(random);
+    const CountedTruss counted = CountTruss(truss);
     const JointEquations equations(truss, NumberFormat{});
     for (int j = 1; j <= truss.NumJoints; ++j) {
-      const JointEquationTexts texts = equations.ReportOnJoint(j);
+      const JointEquationTexts texts = equations.ReportOnJoint(counted.Joints[j]);
       const PlainReport plain(truss, truss.Joints[j]);
       ASSERT_EQ(texts.X, plain.X()) << "joint " << j;
       ASSERT_EQ(texts.Y, plain.Y()) << "joint " << j;

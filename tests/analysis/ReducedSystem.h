@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "analysis/EquationSystem.h"
+#include "analysis/Analysis.h"
 
 /// A matrix from its rows, the right-hand side last. Zeros are not stored.
 template <class Number>
@@ -40,4 +40,13 @@ inline EquationSystem ReducedSystem(const std::vector<std::vector<double>>& rows
         columnOrder.empty() ? static_cast<std::int16_t>(k) : columnOrder[static_cast<std::size_t>(k - 1)];
   }
   return system;
+}
+
+/// That system with its rows read.
+inline TrussAnalysis ReducedAnalysis(const std::vector<std::vector<double>>& rows,
+                                     const std::vector<std::int16_t>& columnOrder = {}) {
+  TrussAnalysis analysis;
+  analysis.System = ReducedSystem(rows, columnOrder);
+  analysis.Reading = ClassifyRREF(analysis.System);
+  return analysis;
 }

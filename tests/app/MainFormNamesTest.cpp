@@ -166,6 +166,72 @@ TEST_F(MainFormNames, AToolTipShowsTheFullNameAsItIsWritten) {
   QToolTip::hideText();
 }
 
+TEST_F(MainFormNames, NamingReordersNoJoints) {
+  // Step 3 sorts the joints by name; the members were drawn in another order.
+  OpenInStep3(TrussBuilder()
+                  .Member(2, 2, 18, 2, "m")
+                  .Member(18, 2, 10, 10, "n")
+                  .Joint(2, 2, "C")
+                  .Joint(18, 2, "B")
+                  .Joint(10, 10, "A"));
+  Click("cmdPrev3");
+  const auto places = [this] {
+    std::vector<float> xs;
+    for (const JointRec& joint : truss_.JointsInUse()) xs.push_back(joint.X);
+    return xs;
+  };
+  const std::vector<float> sorted = {10, 18, 2};
+  EXPECT_EQ(places(), sorted);
+  AnswerInputBox(QStringLiteral("Z"));
+  ClickLabel(JointLabel("A"));
+  EXPECT_EQ(places(), sorted) << "only Step 3 and saving put joints in the order of their names";
+  for (const char* button : {"cmdAutoName(2)", "cmdAutoName(1)", "cmdAutoName(1)"}) {
+    Click(button);
+    EXPECT_EQ(places(), sorted) << button;
+  }
+  for (int joint = 1; joint <= 3; ++joint) {
+    EXPECT_EQ(truss_.Name(truss_.Joints[joint].NameLabel), std::to_string(joint));
+  }
+}
+
+TEST_F(MainFormNames, NamingAsksNothingAboutTheGridAgain) {
+  Truss dense = LoadedTriangle();
+  dense.Settings.GridX = 0.01F;
+  OpenInStep2(dense);
+  ASSERT_FALSE(messages_.Shown.empty());
+  messages_.Shown.clear();
+  Click("cmdAutoName(1)");
+  Click("cmdAutoName(2)");
+  AnswerInputBox(QStringLiteral("chord"));
+  ClickLabel(truss_.Members[1].NameLabel1);
+  EXPECT_EQ(MemberNames(), "chord chord");
+  EXPECT_TRUE(messages_.Shown.empty());
+}
+
+TEST_F(MainFormNames, NamingPaintsGridAndRulersNoSecondTime) {
+  const qint64 painted = Canvas()->Backing().cacheKey();
+  Click("cmdAutoName(2)");
+  AnswerInputBox(QStringLiteral("chord"));
+  ClickLabel(truss_.Members[1].NameLabel1);
+  EXPECT_EQ(Canvas()->Backing().cacheKey(), painted);
+}
+
+TEST_F(MainFormNames, NewNamesAreMeasuredAndPlacedAgain) {
+  const LabelIndex member = truss_.Members[1].NameLabel1;
+  const LabelIndex joint = JointLabel("A");
+  truss_.Labels[joint].Caption = "a very long name";
+  const LabelPlace before = Shapes().lblRodJoint[member];
+  Click("cmdAutoName(2)");
+  const LabelPlace& place = Shapes().lblRodJoint[member];
+  EXPECT_NE(place.Width, before.Width);
+  EXPECT_NEAR(place.Left + place.Width / 2, before.Left + before.Width / 2, 1) << "still in the middle";
+  Click("cmdAutoName(1)");
+  const float narrow = Shapes().lblRodJoint[joint].Width;
+  AnswerInputBox(QStringLiteral("left foot"));
+  ClickLabel(joint);
+  EXPECT_GT(Shapes().lblRodJoint[joint].Width, narrow);
+}
+
 TEST_F(MainFormNames, AutoNameAndClearNamesAreShownAtOnce) {
   Click("cmdAutoName(2)");
   EXPECT_EQ(MemberNames(), "[ ] [ ]");

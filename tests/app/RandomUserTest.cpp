@@ -203,7 +203,7 @@ class RandomUser : public WindowEditingFixture {
     dialogs_.start(1);
   }
 
-  static void AnalysisOf(Truss& truss) { ClassifyRREF(AnalyseTruss(truss)); }
+  static void AnalysisOf(Truss& truss) { SolveTruss(truss); }
 
   std::mt19937 random_;
   QTimer dialogs_;

@@ -3,6 +3,7 @@
 #include "canvas/DoLabel.h"
 
 #include "CanvasFixture.h"
+#include "document/JointList.h"
 
 namespace {
 
@@ -171,4 +172,27 @@ TEST(DoLabel, RefreshingJointsMakesTheLabelsThatAreMissing) {
   EXPECT_EQ(truss.NumLabels, 5);
   EXPECT_EQ(truss.Labels[4].Tag, DeletedTag);
   ExpectPlace(drawing.lblRodJoint[5], At(208, 170, 21 + JointNameInset, 12));
+}
+
+TEST(PlaceNames, MeasuresAnewAndLeavesShapesAndJointsWhereTheyAre) {
+  Truss truss =
+      TrussBuilder().Member(0, 0, 10, 5, "AB").Roller(10, 5, "R").Joint(0, 0, "z").Joint(10, 5, "a");
+  Drawing drawing;
+  drawing.Mapping.SetMapping(0, 200, 100, 0, 0, 20, 0, 10);
+  FitTables(drawing, truss);
+  drawing.Rod[1] = {0, 100, 100, 50};
+  drawing.Support[1] = {84, 34};
+  SortJoints(truss);
+  PlaceNames(drawing, truss, RecordingSurface::Measure);
+  ExpectPlace(drawing.lblRodJoint[truss.Members[1].NameLabel1], At(44, 70, 12, 10));
+
+  truss.Labels[truss.Members[1].NameLabel1].Caption = "chord";
+  truss.Labels[truss.Supports[1].NameLabel1].Caption = "foot";
+  truss.Labels[truss.Joints[1].NameLabel].Caption = "apex";
+  PlaceNames(drawing, truss, RecordingSurface::Measure);
+  ExpectPlace(drawing.lblRodJoint[truss.Members[1].NameLabel1], At(35, 70, 30, 10));
+  ExpectPlace(drawing.lblRodJoint[truss.Supports[1].NameLabel1], At(93, 92, 24, 10));
+  ExpectPlace(drawing.lblRodJoint[truss.Joints[1].NameLabel], At(100, 50, 28 + JointNameInset, 12));
+  EXPECT_EQ(drawing.Rod[1].X2, 100);
+  EXPECT_EQ(truss.Joints[1].X, 10) << "the joints keep their order";
 }

@@ -106,7 +106,7 @@ class RandomUser {
     // The switches change their places in every file.
     reopened.Settings = copy.Settings;
     EXPECT_EQ(TrussText(reopened), text);
-    EXPECT_EQ(AnalyseTruss(reopened).NumUnknowns(), AnalyseTruss(copy).NumUnknowns());
+    EXPECT_EQ(SolveTruss(reopened).System.NumUnknowns(), SolveTruss(copy).System.NumUnknowns());
   }
 
   int NumElements() const {

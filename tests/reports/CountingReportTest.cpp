@@ -6,7 +6,6 @@
 
 #include <string>
 
-#include "analysis/Unknowns.h"
 #include "document/JointList.h"
 #include "support/TrussBuilder.h"
 
@@ -17,10 +16,8 @@ using ::testing::StartsWith;
 namespace {
 
 CountingReport ReportOn(Truss truss) {
-  EquationSystem system;
-  CountUnknowns(truss, system);
   SortJoints(truss);
-  return ReportCounting(truss, system);
+  return ReportCounting(CountTruss(truss));
 }
 
 TrussBuilder Triangle() {

@@ -13,6 +13,7 @@
 
 #include "analysis/Analysis.h"
 #include "analysis/ReducedSystem.h"
+#include "document/JointList.h"
 #include "support/TrussBuilder.h"
 
 using ::testing::ElementsAre;
@@ -79,8 +80,8 @@ void ExpectVisitsAllButZeros(const ReportTable& table) {
 
 TEST(EquationsTable, OfATriangle) {
   Truss truss = Triangle();
-  const EquationSystem system = AnalyseTruss(truss);
-  const auto table = LoadGridWithEquations(truss, system, Figures(4));
+  const TrussAnalysis analysis = SolveTruss(truss);
+  const auto table = LoadGridWithEquations(analysis, Figures(4));
   EXPECT_EQ(ContentsOf(*table), (Contents{{"Equation", "Ax", "Ay", "B", "AB", "AC", "BC", "RHS"},
                                           {"A - x", "1", "0", "0",
                                            "\x96"
@@ -106,34 +107,33 @@ TEST(EquationsTable, OfATriangle) {
 
 TEST(EquationsTable, HasItsCaptionAndHeading) {
   Truss truss = Triangle();
-  const EquationSystem system = AnalyseTruss(truss);
-  const auto table = LoadGridWithEquations(truss, system, Figures(4));
+  const TrussAnalysis analysis = SolveTruss(truss);
+  const auto table = LoadGridWithEquations(analysis, Figures(4));
   EXPECT_STREQ(table->Caption(), "Report - The system of equations for the unknown forces");
   EXPECT_STREQ(table->Heading(), "The augmented matrix for the system of equations:");
 }
 
 TEST(EquationsTable, AnEnDashStandsInNumbersOnly) {
   Truss truss = TrussBuilder().Roller(0, 0, "-r", 7).Joint(0, 0, "-j");
-  const EquationSystem system = AnalyseTruss(truss);
-  EXPECT_EQ(ContentsOf(*LoadGridWithEquations(truss, system, Figures(4))),
-            (Contents{{"Equation", "-r", "RHS"},
-                      {"-j - x",
-                       "\x96"
-                       "1",
-                       "0"},
-                      {"-j - y", "0", "0"}}));
+  const TrussAnalysis analysis = SolveTruss(truss);
+  EXPECT_EQ(ContentsOf(*LoadGridWithEquations(analysis, Figures(4))), (Contents{{"Equation", "-r", "RHS"},
+                                                                                {"-j - x",
+                                                                                 "\x96"
+                                                                                 "1",
+                                                                                 "0"},
+                                                                                {"-j - y", "0", "0"}}));
 }
 
 TEST(EquationsTable, ShowsTheEquationsInSinglePrecision) {
   Truss truss = TrussBuilder().Member(0, 0, 3, 4, "m").Joint(0, 0, "a").Joint(3, 4, "b");
-  const EquationSystem system = AnalyseTruss(truss);
-  EXPECT_EQ(LoadGridWithEquations(truss, system, Figures(12))->Text(3, 1), "0.6");
+  const TrussAnalysis analysis = SolveTruss(truss);
+  EXPECT_EQ(LoadGridWithEquations(analysis, Figures(12))->Text(3, 1), "0.6");
 }
 
 TEST(RREFTable, OfATriangle) {
   Truss truss = Triangle();
-  const EquationSystem system = AnalyseTruss(truss);
-  const auto table = LoadGridWithRREF(system, Figures(4));
+  const TrussAnalysis analysis = SolveTruss(truss);
+  const auto table = LoadGridWithRREF(analysis, Figures(4));
   EXPECT_EQ(ContentsOf(*table), (Contents{{"Equation", "Ax", "Ay", "B", "AB", "AC", "BC", "RHS"},
                                           {"", "1", "0", "0", "0", "0", "0", "0"},
                                           {"", "0", "1", "0", "0", "0", "0", "300"},
@@ -146,15 +146,15 @@ TEST(RREFTable, OfATriangle) {
 }
 
 TEST(RREFTable, HasItsCaptionAndHeading) {
-  const EquationSystem system = ReducedSystem({{1, 0}});
-  const auto table = LoadGridWithRREF(system, Figures(4));
+  const TrussAnalysis analysis = ReducedAnalysis({{1, 0}});
+  const auto table = LoadGridWithRREF(analysis, Figures(4));
   EXPECT_STREQ(table->Caption(), "Report - the system of equations in RREF form");
   EXPECT_STREQ(table->Heading(), "The augmented matrix in RREF form:");
 }
 
 TEST(RREFTable, ItsHeaderFollowsTheColumnOrder) {
-  const EquationSystem system = ReducedSystem({{1, 0, -2.5, 30}, {0, 1, 0, -0.0000012345}}, {3, 1, 2});
-  EXPECT_EQ(ContentsOf(*LoadGridWithRREF(system, Figures(3))),
+  const TrussAnalysis analysis = ReducedAnalysis({{1, 0, -2.5, 30}, {0, 1, 0, -0.0000012345}}, {3, 1, 2});
+  EXPECT_EQ(ContentsOf(*LoadGridWithRREF(analysis, Figures(3))),
             (Contents{{"Equation", "U3", "U1", "U2", "RHS"},
                       {"", "1", "0",
                        "\x96"
@@ -166,14 +166,14 @@ TEST(RREFTable, ItsHeaderFollowsTheColumnOrder) {
 }
 
 TEST(RREFTable, ShowsItsCellsInDoublePrecision) {
-  const EquationSystem system = ReducedSystem({{1, double{0.1F}}});
-  EXPECT_EQ(LoadGridWithRREF(system, Figures(10))->Text(1, 2), "0.1000000015");
+  const TrussAnalysis analysis = ReducedAnalysis({{1, double{0.1F}}});
+  EXPECT_EQ(LoadGridWithRREF(analysis, Figures(10))->Text(1, 2), "0.1000000015");
 }
 
 TEST(SolutionsTable, OfATriangle) {
   Truss truss = Triangle();
-  const EquationSystem system = AnalyseTruss(truss);
-  const auto table = LoadGridWithSolutions(system, ClassifyRREF(system), Figures(4));
+  const TrussAnalysis analysis = SolveTruss(truss);
+  const auto table = LoadGridWithSolutions(analysis, Figures(4));
   EXPECT_EQ(ContentsOf(*table), (Contents{{"Force", "Value"},
                                           {"Ax", "0"},
                                           {"Ay", "300"},
@@ -186,31 +186,29 @@ TEST(SolutionsTable, OfATriangle) {
 }
 
 TEST(SolutionsTable, HasItsCaptionAndHeading) {
-  const EquationSystem system = ReducedSystem({{1, 0}});
-  const auto table = LoadGridWithSolutions(system, ClassifyRREF(system), Figures(4));
+  const TrussAnalysis analysis = ReducedAnalysis({{1, 0}});
+  const auto table = LoadGridWithSolutions(analysis, Figures(4));
   EXPECT_STREQ(table->Caption(), "Report - the forces");
   EXPECT_STREQ(table->Heading(), "The solutions:");
 }
 
 TEST(SolutionsTable, NamesStandInTheirOwnOrderAndValuesFollowTheColumnOrder) {
-  const EquationSystem system = ReducedSystem({{1, 0, 0, 30}, {0, 1, 5, 7}}, {3, 1, 2});
-  EXPECT_EQ(ContentsOf(*LoadGridWithSolutions(system, ClassifyRREF(system), Figures(4))),
+  const TrussAnalysis analysis = ReducedAnalysis({{1, 0, 0, 30}, {0, 1, 5, 7}}, {3, 1, 2});
+  EXPECT_EQ(ContentsOf(*LoadGridWithSolutions(analysis, Figures(4))),
             (Contents{{"Force", "Value"}, {"U1", "undetermined"}, {"U2", "undetermined"}, {"U3", "30"}}));
 }
 
 TEST(SolutionsTable, RedundantRowsLeaveTheValues) {
-  const EquationSystem system = ReducedSystem({{0, 0, 0}, {1, 0, -5}, {0, 1, 0}});
-  const Classification reading = ClassifyRREF(system);
-  EXPECT_EQ(reading.Code, Outcome::Redundant);
-  EXPECT_THAT(ValuesIn(*LoadGridWithSolutions(system, reading, Figures(4))), ElementsAre("\x96"
-                                                                                         "5",
-                                                                                         "0"));
+  const TrussAnalysis analysis = ReducedAnalysis({{0, 0, 0}, {1, 0, -5}, {0, 1, 0}});
+  EXPECT_EQ(analysis.Reading.Code, Outcome::Redundant);
+  EXPECT_THAT(ValuesIn(*LoadGridWithSolutions(analysis, Figures(4))), ElementsAre("\x96"
+                                                                                  "5",
+                                                                                  "0"));
 }
 
 TEST(SolutionsTable, ValuesTakeTheFiguresAndTheSeparatorOfTheReport) {
-  const EquationSystem system = ReducedSystem({{1, 0, 1234.5678}, {0, 1, -1234567.0}});
-  const Classification reading = ClassifyRREF(system);
-  EXPECT_THAT(ValuesIn(*LoadGridWithSolutions(system, reading, ReportFormat{5, NumberFormat{","}})),
+  const TrussAnalysis analysis = ReducedAnalysis({{1, 0, 1234.5678}, {0, 1, -1234567.0}});
+  EXPECT_THAT(ValuesIn(*LoadGridWithSolutions(analysis, ReportFormat{5, NumberFormat{","}})),
               ElementsAre("1234,6",
                           "\x96"
                           "1,2346E+6"));
@@ -224,8 +222,22 @@ TEST(SolutionsTable, BelowARedundantSystemStandThreeLines) {
 
 TEST(ReportTables, VisitAllCellsButZeros) {
   Truss truss = Triangle();
-  const EquationSystem system = AnalyseTruss(truss);
-  ExpectVisitsAllButZeros(*LoadGridWithEquations(truss, system, Figures(4)));
-  ExpectVisitsAllButZeros(*LoadGridWithRREF(system, Figures(4)));
-  ExpectVisitsAllButZeros(*LoadGridWithSolutions(system, ClassifyRREF(system), Figures(4)));
+  const TrussAnalysis analysis = SolveTruss(truss);
+  ExpectVisitsAllButZeros(*LoadGridWithEquations(analysis, Figures(4)));
+  ExpectVisitsAllButZeros(*LoadGridWithRREF(analysis, Figures(4)));
+  ExpectVisitsAllButZeros(*LoadGridWithSolutions(analysis, Figures(4)));
+}
+
+TEST(ReportTables, KeepTheirNamesWhenTheTrussIsRedrawnAndRenamed) {
+  Truss truss = TrussBuilder().Member(0, 0, 8, 0, "m").Roller(8, 0, "r").Joint(0, 0, "b").Joint(8, 0, "a");
+  const TrussAnalysis analysis = SolveTruss(truss);
+  const auto table = LoadGridWithEquations(analysis, Figures(4));
+  const Contents before = ContentsOf(*table);
+  ASSERT_TRUE(CheckJoints(truss));
+  truss.Labels[truss.Joints[2].NameLabel].Caption = "other";
+  EXPECT_EQ(ContentsOf(*table), before);
+  EXPECT_EQ(ContentsOf(*LoadGridWithEquations(analysis, Figures(4))), before);
+  EXPECT_EQ(before[1][0] + ", " + before[4][0], "a - x, b - y");
+  ResetAll(truss);
+  EXPECT_EQ(ContentsOf(*table), before);
 }

@@ -20,6 +20,7 @@
 namespace {
 
 constexpr QChar Dash(0x2013);
+constexpr int SigFigs = 4;
 
 struct ReportWindowTest : testing::Test {
   ReportWindow window{NumberFormat{}};
@@ -39,12 +40,12 @@ struct ReportWindowTest : testing::Test {
                     .Joint(0, 0, "A")
                     .Joint(2, 2, "C")
                     .Joint(4, 0, "D");
-  EquationSystem system = AnalyseTruss(truss);
+  TrussAnalysis analysis = SolveTruss(truss);
 
   void Analyse(const Truss& other) {
     window.Clear();
     truss = other;
-    system = AnalyseTruss(truss);
+    analysis = SolveTruss(truss);
   }
 
   void Show() {
@@ -88,8 +89,8 @@ TEST_F(ReportWindowTest, StartsEmpty) {
 }
 
 TEST_F(ReportWindowTest, CountingReportStandsInTheTextBox) {
-  window.LoadGridWithEquations(truss, system);
-  window.ReportCounting(truss, system);
+  window.LoadGridWithEquations(analysis, SigFigs);
+  window.ReportCounting(analysis.Counted);
   EXPECT_EQ(window.windowTitle(),
             QStringLiteral("Report - Counting the number of unknown forces and the number of determining "
                            "equations"));
@@ -106,10 +107,10 @@ TEST_F(ReportWindowTest, CountingReportStandsInTheTextBox) {
 }
 
 TEST_F(ReportWindowTest, CountingWithoutUnknownsIsEmptyAndKeepsTheCaption) {
-  window.LoadGridWithRREF(truss, system);
+  window.LoadGridWithRREF(analysis, SigFigs);
   const QString caption = window.windowTitle();
   Analyse(TrussBuilder());
-  window.ReportCounting(truss, system);
+  window.ReportCounting(analysis.Counted);
   EXPECT_TRUE(txtReport1->toPlainText().isEmpty());
   EXPECT_FALSE(txtReport1->isHidden());
   EXPECT_TRUE(eqnGrid->isHidden());
@@ -119,17 +120,17 @@ TEST_F(ReportWindowTest, CountingWithoutUnknownsIsEmptyAndKeepsTheCaption) {
 TEST_F(ReportWindowTest, TablesWithoutUnknownsHaveOnlyTheirHeaders) {
   Analyse(TrussBuilder());
   Show();
-  window.LoadGridWithEquations(truss, system);
+  window.LoadGridWithEquations(analysis, SigFigs);
   EXPECT_EQ(eqnGrid->model()->rowCount(), 0);
   EXPECT_EQ(eqnGrid->model()->columnCount(), 1);
   EXPECT_EQ(Corner() + ColumnName(0), QStringLiteral("EquationRHS"));
-  EXPECT_EQ(window.LoadGridWithSolutions(truss, system), Outcome::Neither);
+  EXPECT_EQ(window.LoadGridWithSolutions(analysis, SigFigs), Outcome::Neither);
   EXPECT_EQ(Corner() + ColumnName(0), QStringLiteral("ForceValue"));
   window.grab();
 }
 
 TEST_F(ReportWindowTest, EquationsTable) {
-  window.LoadGridWithEquations(truss, system);
+  window.LoadGridWithEquations(analysis, SigFigs);
   EXPECT_EQ(window.windowTitle(), QStringLiteral("Report - The system of equations for the unknown forces"));
   EXPECT_EQ(label17->text(), QStringLiteral("The augmented matrix for the system of equations:"));
   EXPECT_TRUE(txtReport1->isHidden());
@@ -152,7 +153,7 @@ TEST_F(ReportWindowTest, EquationsTable) {
 }
 
 TEST_F(ReportWindowTest, RREFTable) {
-  window.LoadGridWithRREF(truss, system);
+  window.LoadGridWithRREF(analysis, SigFigs);
   EXPECT_EQ(window.windowTitle(), QStringLiteral("Report - the system of equations in RREF form"));
   EXPECT_EQ(label17->text(), QStringLiteral("The augmented matrix in RREF form:"));
   EXPECT_EQ(Corner(), QStringLiteral("Equation"));
@@ -165,7 +166,7 @@ TEST_F(ReportWindowTest, RREFTable) {
 }
 
 TEST_F(ReportWindowTest, SolutionsTable) {
-  EXPECT_EQ(window.LoadGridWithSolutions(truss, system), Outcome::Neither);
+  EXPECT_EQ(window.LoadGridWithSolutions(analysis, SigFigs), Outcome::Neither);
   EXPECT_EQ(window.windowTitle(), QStringLiteral("Report - the forces"));
   EXPECT_EQ(label17->text(), QStringLiteral("The solutions:"));
   EXPECT_EQ(Corner(), QStringLiteral("Force"));
@@ -181,15 +182,14 @@ TEST_F(ReportWindowTest, SolutionsTable) {
 
 TEST_F(ReportWindowTest, NumbersFollowTheSignificantFiguresAndTheSeparator) {
   ReportWindow german(NumberFormat{","});
-  truss.Settings.SigFigs = 6;
-  german.LoadGridWithSolutions(truss, system);
+  german.LoadGridWithSolutions(analysis, 6);
   EXPECT_EQ(german.findChild<ReportGrid*>()->model()->index(4, 0).data().toString(),
             QStringLiteral("7,07107"));
 }
 
 TEST_F(ReportWindowTest, InconsistentSystemShowsItsConclusionInstead) {
   Analyse(InLine(0, -5));
-  EXPECT_EQ(window.LoadGridWithSolutions(truss, system), Outcome::Inconsistent);
+  EXPECT_EQ(window.LoadGridWithSolutions(analysis, SigFigs), Outcome::Inconsistent);
   EXPECT_EQ(window.windowTitle(), QStringLiteral("Report - the forces"));
   EXPECT_TRUE(eqnGrid->isHidden());
   EXPECT_TRUE(redundant->isHidden());
@@ -200,7 +200,7 @@ TEST_F(ReportWindowTest, InconsistentSystemShowsItsConclusionInstead) {
 TEST_F(ReportWindowTest, RedundantSystemHasThreeLinesBelowTheTable) {
   Analyse(InLine(5, 0));
   Show();
-  EXPECT_EQ(window.LoadGridWithSolutions(truss, system), Outcome::Redundant);
+  EXPECT_EQ(window.LoadGridWithSolutions(analysis, SigFigs), Outcome::Redundant);
   ASSERT_FALSE(redundant->isHidden());
   EXPECT_EQ(redundant->text(), QStringLiteral("  The truss is in equilibrium (static) for these\n"
                                               "  particular applied forces but not for others.\n"
@@ -208,21 +208,21 @@ TEST_F(ReportWindowTest, RedundantSystemHasThreeLinesBelowTheTable) {
   EXPECT_EQ(redundant->y(), eqnGrid->height() + 60);
   EXPECT_GE(redundant->y(), eqnGrid->geometry().bottom());
   EXPECT_EQ(Cell(0, 0), QStringLiteral("undetermined"));
-  window.LoadGridWithEquations(truss, system);
+  window.LoadGridWithEquations(analysis, SigFigs);
   EXPECT_TRUE(redundant->isHidden());
 }
 
 TEST_F(ReportWindowTest, RedundantLinesStandBesideATableAsHighAsTheWindow) {
   Analyse(InLine(5, 0));
   Show();
-  window.LoadGridWithSolutions(truss, system);
+  window.LoadGridWithSolutions(analysis, SigFigs);
   window.resize(600, 160);
   EXPECT_TRUE(window.rect().contains(redundant->geometry()));
   EXPECT_FALSE(redundant->geometry().intersects(eqnGrid->geometry()));
 }
 
 TEST_F(ReportWindowTest, ColumnsAreAsWideAsTheirTextsAndTen) {
-  window.LoadGridWithEquations(truss, system);
+  window.LoadGridWithEquations(analysis, SigFigs);
   EXPECT_EQ(eqnGrid->NaturalColumnWidth(0), TextWidth(QStringLiteral("Equation")) + 10);
   EXPECT_EQ(eqnGrid->NaturalColumnWidth(3), 30);  // "B", "0" and "1" are narrow
   EXPECT_EQ(eqnGrid->NaturalColumnWidth(5), TextWidth(Dash + QStringLiteral("0.7071")) + 10);
@@ -236,11 +236,11 @@ TEST_F(ReportWindowTest, RowsAreOneAndAHalfTimesTheFontSizeAndThreeMoreForSoluti
   for (const float points : {10.0F, 12.0F, 14.0F, 16.0F}) {
     window.ChooseFontSet(points);
     const int height = static_cast<int>(1.5F * points);
-    window.LoadGridWithEquations(truss, system);
+    window.LoadGridWithEquations(analysis, SigFigs);
     EXPECT_EQ(eqnGrid->rowHeight(0), height);
     EXPECT_EQ(eqnGrid->horizontalHeader()->height(), height);
     EXPECT_EQ(eqnGrid->NaturalSize().height(), 7 * height);
-    window.LoadGridWithSolutions(truss, system);
+    window.LoadGridWithSolutions(analysis, SigFigs);
     EXPECT_EQ(eqnGrid->rowHeight(0), height + 3);
     EXPECT_EQ(eqnGrid->NaturalSize().height(), 7 * (height + 3));
   }
@@ -249,7 +249,7 @@ TEST_F(ReportWindowTest, RowsAreOneAndAHalfTimesTheFontSizeAndThreeMoreForSoluti
 TEST_F(ReportWindowTest, LettersFitTheRowsInEveryFontSize) {
   for (const float points : {10.0F, 12.0F, 14.0F, 16.0F}) {
     window.ChooseFontSet(points);
-    window.LoadGridWithEquations(truss, system);
+    window.LoadGridWithEquations(analysis, SigFigs);
     const QRectF ink = QFontMetricsF(eqnGrid->font()).tightBoundingRect(QStringLiteral("Fgjpqy0123"));
     EXPECT_LE(ink.height(), eqnGrid->rowHeight(0) - 1) << points;
   }
@@ -264,14 +264,14 @@ TEST_F(ReportWindowTest, FontSizeReachesTextTableAndWindow) {
 }
 
 TEST_F(ReportWindowTest, ANewFontSizeLaysTheShownTableOutAgain) {
-  window.LoadGridWithSolutions(truss, system);
+  window.LoadGridWithSolutions(analysis, SigFigs);
   window.ChooseFontSet(16);
   EXPECT_EQ(eqnGrid->rowHeight(0), 27);
   EXPECT_EQ(eqnGrid->NaturalColumnWidth(0), TextWidth(QStringLiteral("Force")) + 10);
 }
 
 TEST_F(ReportWindowTest, NaturalSizeIsTheSumOfColumnsAndRows) {
-  window.LoadGridWithEquations(truss, system);
+  window.LoadGridWithEquations(analysis, SigFigs);
   int width = 0;
   for (int column = 0; column < 8; ++column) width += eqnGrid->NaturalColumnWidth(column);
   EXPECT_EQ(eqnGrid->NaturalSize(), QSize(width, 7 * 15));
@@ -283,7 +283,7 @@ struct GridInWindow : ReportWindowTest {
 
   void SetUp() override {
     Show();
-    window.LoadGridWithEquations(truss, system);
+    window.LoadGridWithEquations(analysis, SigFigs);
     natural = eqnGrid->NaturalSize();
   }
 
@@ -330,7 +330,7 @@ TEST_F(GridInWindow, WithoutRoomForOneBarHasBoth) {
 }
 
 TEST_F(GridInWindow, TextBoxLeavesEightPixelsOnEachSide) {
-  window.ReportCounting(truss, system);
+  window.ReportCounting(analysis.Counted);
   GiveRoom(500, 300);
   EXPECT_EQ(txtReport1->geometry(), QRect(8, 8, 500 + 32 - 16, 300 + 64 - 16));
 }
@@ -357,14 +357,14 @@ TEST_F(GridInWindow, ANewTableStartsAtItsFirstCell) {
   GiveRoom(120, 40);
   eqnGrid->verticalScrollBar()->setValue(30);
   eqnGrid->horizontalScrollBar()->setValue(30);
-  window.LoadGridWithRREF(truss, system);
+  window.LoadGridWithRREF(analysis, SigFigs);
   EXPECT_EQ(eqnGrid->verticalScrollBar()->value(), 0);
   EXPECT_EQ(eqnGrid->horizontalScrollBar()->value(), 0);
 }
 
 TEST_F(ReportWindowTest, CopiesTheSelectedCellsWithTabsAndLines) {
   Show();
-  window.LoadGridWithEquations(truss, system);
+  window.LoadGridWithEquations(analysis, SigFigs);
   eqnGrid->setFocus();
   Select(0, 3, 1, 5);
   QTest::keyClick(eqnGrid, Qt::Key_C, Qt::ControlModifier);
@@ -375,7 +375,7 @@ TEST_F(ReportWindowTest, CopiesTheSelectedCellsWithTabsAndLines) {
 
 TEST_F(ReportWindowTest, CopiesTheNamesToo) {
   Show();
-  window.LoadGridWithSolutions(truss, system);
+  window.LoadGridWithSolutions(analysis, SigFigs);
   eqnGrid->setFocus();
   Select(0, 0, 1, 0);
   QTest::keyClick(eqnGrid, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
@@ -384,7 +384,7 @@ TEST_F(ReportWindowTest, CopiesTheNamesToo) {
 
 TEST_F(ReportWindowTest, SelectAllTakesEveryCell) {
   Show();
-  window.LoadGridWithSolutions(truss, system);
+  window.LoadGridWithSolutions(analysis, SigFigs);
   eqnGrid->setFocus();
   QTest::keyClick(eqnGrid, Qt::Key_A, Qt::ControlModifier);
   QTest::keyClick(eqnGrid, Qt::Key_C, Qt::ControlModifier);
@@ -393,7 +393,7 @@ TEST_F(ReportWindowTest, SelectAllTakesEveryCell) {
 
 TEST_F(ReportWindowTest, NothingSelectedLeavesTheClipboardAlone) {
   Show();
-  window.LoadGridWithEquations(truss, system);
+  window.LoadGridWithEquations(analysis, SigFigs);
   eqnGrid->setFocus();
   QApplication::clipboard()->setText(QStringLiteral("before"));
   eqnGrid->clearSelection();
@@ -403,7 +403,7 @@ TEST_F(ReportWindowTest, NothingSelectedLeavesTheClipboardAlone) {
 
 TEST_F(ReportWindowTest, DraggingTheMouseSelectsARectangle) {
   Show();
-  window.LoadGridWithEquations(truss, system);
+  window.LoadGridWithEquations(analysis, SigFigs);
   const QPoint from = eqnGrid->visualRect(eqnGrid->model()->index(1, 1)).center();
   const QPoint to = eqnGrid->visualRect(eqnGrid->model()->index(3, 2)).center();
   QTest::mousePress(eqnGrid->viewport(), Qt::LeftButton, {}, from);
@@ -415,41 +415,41 @@ TEST_F(ReportWindowTest, DraggingTheMouseSelectsARectangle) {
 
 TEST_F(ReportWindowTest, EscapeClosesFromTableAndText) {
   Show();
-  window.LoadGridWithEquations(truss, system);
+  window.LoadGridWithEquations(analysis, SigFigs);
   QTest::keyClick(eqnGrid, Qt::Key_Escape);
   EXPECT_FALSE(window.isVisible());
   Show();
-  window.ReportCounting(truss, system);
+  window.ReportCounting(analysis.Counted);
   QTest::keyClick(txtReport1, Qt::Key_Escape);
   EXPECT_FALSE(window.isVisible());
 }
 
 TEST_F(ReportWindowTest, NamesAreNeverMarkup) {
   truss.Labels[truss.Joints[1].NameLabel].Caption = "<b>x</b> & y";
-  system = AnalyseTruss(truss);
-  window.LoadGridWithEquations(truss, system);
+  analysis = SolveTruss(truss);
+  window.LoadGridWithEquations(analysis, SigFigs);
   EXPECT_EQ(RowName(0), QStringLiteral("<b>x</b> & y - x"));
   EXPECT_EQ(eqnGrid->NaturalColumnWidth(0), TextWidth(QStringLiteral("<b>x</b> & y - x")) + 10);
   EXPECT_TRUE(eqnGrid->model()
                   ->headerData(0, Qt::Vertical, Qt::ToolTipRole)
                   .toString()
                   .contains(QStringLiteral("&lt;b&gt;x&lt;/b&gt; &amp; y - x")));
-  window.ReportCounting(truss, system);
+  window.ReportCounting(analysis.Counted);
   EXPECT_TRUE(txtReport1->toPlainText().contains(QStringLiteral("<b>x</b> & y, ")));
 }
 
 TEST_F(ReportWindowTest, NamesWithCharactersOfTheCodePage) {
   truss.Labels[truss.Joints[1].NameLabel].Caption = "\x80\xE4";
-  system = AnalyseTruss(truss);
-  window.LoadGridWithEquations(truss, system);
+  analysis = SolveTruss(truss);
+  window.LoadGridWithEquations(analysis, SigFigs);
   EXPECT_EQ(RowName(4), QStringLiteral("\u20AC\u00E4 - x"));
 }
 
 TEST_F(ReportWindowTest, LineBreaksInNamesStayInTheirRow) {
   Show();
   truss.Labels[truss.Joints[1].NameLabel].Caption = "a\tb\r\nc";
-  system = AnalyseTruss(truss);
-  window.LoadGridWithEquations(truss, system);
+  analysis = SolveTruss(truss);
+  window.LoadGridWithEquations(analysis, SigFigs);
   EXPECT_EQ(eqnGrid->rowHeight(0), 15);
   const int row = RowName(0).startsWith(QLatin1Char('a')) ? 0 : 4;
   Select(row, 0, row, 0);
@@ -461,8 +461,8 @@ TEST_F(ReportWindowTest, NamesOfTenThousandCharactersLeaveTheNumbersInSight) {
   Show();
   truss.Labels[truss.Joints[1].NameLabel].Caption = std::string(10000, 'W');
   truss.Labels[truss.Members[2].NameLabel1].Caption = std::string(10000, 'i');
-  system = AnalyseTruss(truss);
-  window.LoadGridWithEquations(truss, system);
+  analysis = SolveTruss(truss);
+  window.LoadGridWithEquations(analysis, SigFigs);
   EXPECT_EQ(eqnGrid->NaturalColumnWidth(0),
             TextWidth(QString(10000, QLatin1Char('W')) + QStringLiteral(" - x")) + 10);
   EXPECT_LE(eqnGrid->verticalHeader()->width(), eqnGrid->width() / 2);
@@ -471,9 +471,9 @@ TEST_F(ReportWindowTest, NamesOfTenThousandCharactersLeaveTheNumbersInSight) {
 }
 
 TEST_F(ReportWindowTest, ClearForgetsTheSystem) {
-  window.LoadGridWithSolutions(truss, system);
+  window.LoadGridWithSolutions(analysis, SigFigs);
   window.Clear();
-  system = EquationSystem();
+  analysis = TrussAnalysis();
   Show();
   window.resize(300, 300);
   window.grab();
@@ -485,7 +485,7 @@ TEST_F(ReportWindowTest, ClearForgetsTheSystem) {
 
 TEST_F(ReportWindowTest, EquationsKeepTheirNamesWhenTheTrussIsEmptied) {
   Show();
-  window.LoadGridWithEquations(truss, system);
+  window.LoadGridWithEquations(analysis, SigFigs);
   ResetAll(truss);
   truss = Truss();
   window.grab();
@@ -502,23 +502,23 @@ TEST_F(ReportWindowTest, OpensTheReportsOfThousandsOfUnknowns) {
   }
   builder.Clamp(0, 0).Roller(2046, 0);
   Analyse(builder);
-  ASSERT_EQ(system.NumUnknowns(), 4094);
+  ASSERT_EQ(analysis.System.NumUnknowns(), 4094);
   Show();
-  window.LoadGridWithEquations(truss, system);
+  window.LoadGridWithEquations(analysis, SigFigs);
   ASSERT_EQ(eqnGrid->model()->rowCount(), 4094);
   ASSERT_EQ(eqnGrid->model()->columnCount(), 4095);
   EXPECT_TRUE(eqnGrid->horizontalScrollBar()->isVisible());
   EXPECT_TRUE(eqnGrid->verticalScrollBar()->isVisible());
   eqnGrid->scrollTo(eqnGrid->model()->index(4093, 4094));
   window.grab();
-  window.LoadGridWithRREF(truss, system);
-  EXPECT_EQ(window.LoadGridWithSolutions(truss, system), Outcome::Neither);
+  window.LoadGridWithRREF(analysis, SigFigs);
+  EXPECT_EQ(window.LoadGridWithSolutions(analysis, SigFigs), Outcome::Neither);
   EXPECT_EQ(eqnGrid->model()->rowCount(), 4094);
   window.grab();
 }
 
 TEST_F(ReportWindowTest, HasNamesForAssistiveTools) {
-  window.LoadGridWithEquations(truss, system);
+  window.LoadGridWithEquations(analysis, SigFigs);
   EXPECT_EQ(eqnGrid->accessibleName(), label17->text());
   EXPECT_FALSE(txtReport1->accessibleName().isEmpty());
   EXPECT_FALSE(eqnGrid->toolTip().isEmpty());

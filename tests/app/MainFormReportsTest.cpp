@@ -1,0 +1,174 @@
+// Step 3 says the same whatever is done to the window, and what it says is about one truss.
+#include <QTextEdit>
+
+#include "reports/PrintableReportWindow.h"
+#include "support/MainFormFixture.h"
+#include "support/ReportReader.h"
+
+namespace {
+
+// The joint list is collected in another order than that of the joints' names.
+Truss TriangleNamedFromTheTop() {
+  return TrussBuilder()
+      .Member(2, 2, 18, 2, "AB")
+      .Member(2, 2, 10, 10, "AC")
+      .Member(18, 2, 10, 10, "BC")
+      .Clamp(2, 2, "Ax", "Ay")
+      .Roller(18, 2, "By")
+      .Force(10, 10, 0, -2000)
+      .Joint(2, 2, "C")
+      .Joint(18, 2, "b")
+      .Joint(10, 10, "A");
+}
+
+// Of twelve joints, "10" sorts before "2".
+Truss NumberedStrip() {
+  TrussBuilder builder;
+  for (int i = 0; i < 5; ++i) {
+    const float x = 1 + 3 * static_cast<float>(i);
+    builder.Member(x, 1, x + 3, 1).Member(x, 5, x + 3, 5).Member(x, 1, x, 5).Member(x, 5, x + 3, 1);
+  }
+  return builder.Member(16, 1, 16, 5).Clamp(1, 1).Roller(16, 1).Force(16, 5, 100, -700).Force(4, 1, 0, -50);
+}
+
+class MainFormReports : public MainFormTest {
+ protected:
+  void OpenNamedInStep3(const Truss& truss) {
+    OpenInStep2(truss);
+    Click("cmdAutoName(1)");
+    Click("cmdNext2");
+  }
+
+  const QAbstractItemModel& Equations() {
+    Click("cmdReportSystemEqs");
+    return ShownTable(*Report());
+  }
+
+  QStringList Lines(const char* button) {
+    Click(button);
+    return ShownReport(*Report());
+  }
+
+  JointEquationTexts EquationsOf(const QString& joint) {
+    ClickLabel(JointLabel(joint.toStdString()));
+    EXPECT_EQ(Find<QLabel>("lblCaption")->text(), QStringLiteral("Equations for joint ") + joint);
+    const JointEquationTexts texts{Find<QLineEdit>("txtXEqn")->text().toStdString(),
+                                   Find<QLineEdit>("txtYEqn")->text().toStdString()};
+    Click("cmdOKJointReport");
+    return texts;
+  }
+
+  QString PrintableReport() {
+    QString text;
+    InModalWindow([&text](QWidget& window) {
+      auto& report = dynamic_cast<PrintableReportWindow&>(window);
+      ASSERT_TRUE(QTest::qWaitFor([&report] { return report.HasDocument(); }));
+      text = report.findChild<QTextEdit*>()->toPlainText();
+      report.close();
+    });
+    Trigger("mnuFilePrint");
+    return text;
+  }
+
+  // Everything but pictures.
+  QStringList AllThatStep3Says() {
+    QStringList lines;
+    for (const char* button :
+         {"cmdReportCounting", "cmdReportSystemEqs", "cmdReportRREF", "cmdReportSolutions"}) {
+      lines.append(Lines(button));
+    }
+    for (const QString& joint : JointsOfRows(Equations())) {
+      const JointEquationTexts texts = EquationsOf(joint);
+      lines.append(QString::fromStdString(texts.X));
+      lines.append(QString::fromStdString(texts.Y));
+    }
+    lines.append(PrintableReport());
+    return lines;
+  }
+
+  // A row has a coefficient for each force that the equation of its joint names, and for no other.
+  void ExpectRowsAreThoseOfTheJointEquations() {
+    const QAbstractItemModel& table = Equations();
+    const QStringList joints = JointsOfRows(table);
+    ASSERT_EQ(joints.size(), truss_.NumJoints);
+    for (int j = 0; j < joints.size(); ++j) {
+      const JointEquationTexts texts = EquationsOf(joints[j]);
+      EXPECT_EQ(ForcesIn(table, 2 * j), ForcesIn(QString::fromStdString(texts.X))) << joints[j].toStdString();
+      EXPECT_EQ(ForcesIn(table, 2 * j + 1), ForcesIn(QString::fromStdString(texts.Y)))
+          << joints[j].toStdString();
+    }
+  }
+};
+
+TEST_F(MainFormReports, RowsAreNamedAfterTheJointsWhoseEquationsTheyAre) {
+  Started();
+  OpenNamedInStep3(NumberedStrip());
+  ExpectRowsAreThoseOfTheJointEquations();
+}
+
+TEST_F(MainFormReports, RowsKeepTheirNamesWhenTheWindowIsResized) {
+  Started();
+  OpenNamedInStep3(NumberedStrip());
+  for (const QSize& size : {QSize(900, 700), QSize(480, 400), QSize(1300, 360)}) {
+    ResizeInside(size.width(), size.height());
+    ExpectRowsAreThoseOfTheJointEquations();
+  }
+}
+
+TEST_F(MainFormReports, NothingThatStep3SaysChangesWhenTheWindowIsResizedOrMaximised) {
+  for (const Truss& truss : {TriangleNamedFromTheTop(), NumberedStrip()}) {
+    Started();
+    OpenInStep2(truss);
+    if (truss.NumJoints > 3) Click("cmdAutoName(1)");
+    Click("cmdNext2");
+    const QStringList said = AllThatStep3Says();
+    ResizeInside(1000, 640);
+    EXPECT_EQ(AllThatStep3Says(), said);
+    form_->showMaximized();
+    QApplication::processEvents();
+    EXPECT_EQ(AllThatStep3Says(), said);
+    form_->showNormal();
+    QApplication::processEvents();
+    EXPECT_EQ(AllThatStep3Says(), said);
+  }
+}
+
+TEST_F(MainFormReports, SavingChangesNothingThatStep3Says) {
+  Started();
+  OpenNamedInStep3(NumberedStrip());
+  const QStringList said = AllThatStep3Says();
+  ResizeInside(800, 600);
+  Trigger("mnuFileSave");
+  EXPECT_EQ(AllThatStep3Says(), said);
+}
+
+TEST_F(MainFormReports, TheOldReportIsGoneBeforeItsFontChanges) {
+  // Remembers how many rows the table had when its font changed.
+  class FontWatcher : public QObject {
+   public:
+    using QObject::QObject;
+    std::vector<int> Rows;
+
+   protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+      if (event->type() == QEvent::FontChange) {
+        Rows.push_back(static_cast<QAbstractItemView*>(watched)->model()->rowCount());
+      }
+      return false;
+    }
+  };
+
+  Started();
+  OpenInStep3(LoadedTriangle());
+  ASSERT_EQ(Equations().rowCount(), 6);
+  FontWatcher watcher(form_.get());
+  Report()->findChild<QAbstractItemView*>(QStringLiteral("EqnGrid"))->installEventFilter(&watcher);
+  Click("cmdPrev3");
+  truss_.Settings.ReportFontSize = 16;
+  Click("cmdNext2");
+  EXPECT_THAT(watcher.Rows, testing::Each(0));
+  EXPECT_FALSE(watcher.Rows.empty());
+  EXPECT_EQ(Equations().rowCount(), 6);
+}
+
+}  // namespace
