@@ -49,13 +49,16 @@ class MainFormReports : public MainFormTest {
     return ShownReport(*Report());
   }
 
-  JointEquationTexts EquationsOf(const QString& joint) {
+  struct ShownEquations {
+    QString X, Y;
+  };
+
+  ShownEquations EquationsOf(const QString& joint) {
     ClickLabel(JointLabel(joint.toStdString()));
     EXPECT_EQ(Find<QLabel>("lblCaption")->text(), QStringLiteral("Equations for joint ") + joint);
-    const JointEquationTexts texts{Find<QLineEdit>("txtXEqn")->text().toStdString(),
-                                   Find<QLineEdit>("txtYEqn")->text().toStdString()};
+    const ShownEquations shown{Find<QLineEdit>("txtXEqn")->text(), Find<QLineEdit>("txtYEqn")->text()};
     Click("cmdOKJointReport");
-    return texts;
+    return shown;
   }
 
   QString PrintableReport() {
@@ -78,9 +81,8 @@ class MainFormReports : public MainFormTest {
       lines.append(Lines(button));
     }
     for (const QString& joint : JointsOfRows(Equations())) {
-      const JointEquationTexts texts = EquationsOf(joint);
-      lines.append(QString::fromStdString(texts.X));
-      lines.append(QString::fromStdString(texts.Y));
+      const ShownEquations shown = EquationsOf(joint);
+      lines.append({shown.X, shown.Y});
     }
     lines.append(PrintableReport());
     return lines;
@@ -92,10 +94,9 @@ class MainFormReports : public MainFormTest {
     const QStringList joints = JointsOfRows(table);
     ASSERT_EQ(joints.size(), truss_.NumJoints);
     for (int j = 0; j < joints.size(); ++j) {
-      const JointEquationTexts texts = EquationsOf(joints[j]);
-      EXPECT_EQ(ForcesIn(table, 2 * j), ForcesIn(QString::fromStdString(texts.X))) << joints[j].toStdString();
-      EXPECT_EQ(ForcesIn(table, 2 * j + 1), ForcesIn(QString::fromStdString(texts.Y)))
-          << joints[j].toStdString();
+      const ShownEquations shown = EquationsOf(joints[j]);
+      EXPECT_EQ(ForcesIn(table, 2 * j), ForcesIn(shown.X)) << joints[j].toStdString();
+      EXPECT_EQ(ForcesIn(table, 2 * j + 1), ForcesIn(shown.Y)) << joints[j].toStdString();
     }
   }
 };
@@ -109,7 +110,7 @@ TEST_F(MainFormReports, RowsAreNamedAfterTheJointsWhoseEquationsTheyAre) {
 TEST_F(MainFormReports, RowsKeepTheirNamesWhenTheWindowIsResized) {
   Started();
   OpenNamedInStep3(NumberedStrip());
-  for (const QSize& size : {QSize(900, 700), QSize(480, 400), QSize(1300, 360)}) {
+  for (const QSize& size : {QSize(900, 700), QSize(480, 400), QSize(1300, 700)}) {
     ResizeInside(size.width(), size.height());
     ExpectRowsAreThoseOfTheJointEquations();
   }

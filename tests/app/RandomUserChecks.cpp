@@ -100,7 +100,9 @@ void RandomUser::CheckJointEquations(const CountedTruss& counted, const QStringL
     QTest::mouseClick(Canvas(), Qt::LeftButton, Qt::NoModifier, point);
     ASSERT_TRUE(panel->isVisible());
     EXPECT_EQ(Find<QLabel>("lblCaption")->text(), QStringLiteral("Equations for joint ") + ToQt(joint.Name));
-    if (!rows.isEmpty()) EXPECT_EQ(rows.value(j - 1), ToQt(joint.Name));
+    if (!rows.isEmpty()) {
+      EXPECT_EQ(rows.value(j - 1), ToQt(joint.Name));
+    }
     const JointEquationTexts texts = equations.ReportOnJoint(joint);
     EXPECT_EQ(Find<QLineEdit>("txtXEqn")->text(), ToQt(texts.X));
     EXPECT_EQ(Find<QLineEdit>("txtYEqn")->text(), ToQt(texts.Y));
