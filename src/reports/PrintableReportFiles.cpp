@@ -67,11 +67,10 @@ std::optional<QByteArray> PdfFile(const ReportSubject& subject, const ReportProg
     writer.setPageSize(QPageSize(QPageSize::A4));
     constexpr double margin = MarginMillimetres;
     writer.setPageMargins(QMarginsF(margin, margin, margin, margin), QPageLayout::Millimeter);
-    writer.setTitle(Title(subject.Document));
-    writer.setCreator(QStringLiteral("Orvane"));
+    DescribePdf(writer, Title(subject.Document));
     if (!PrintReport(subject, writer, progress)) return std::nullopt;
   }
-  return WithoutDates(std::move(bytes));
+  return SteadyPdf(std::move(bytes));
 }
 
 // Nothing is left of a document of which only the beginning was painted, as far as that can be had.

@@ -100,12 +100,12 @@ QByteArray PdfFile(const Picture& picture, const PixelRect& frame) {
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
   QPdfWriter writer(&buffer);
-  writer.setCreator(QStringLiteral("Orvane"));
+  DescribePdf(writer, QString());
   writer.setPageSize(QPageSize(page, QPageSize::Point, QString(), QPageSize::ExactMatch));
   writer.setPageMargins(QMarginsF());
   writer.setResolution(static_cast<int>(ScreenDotsPerInch));
   PaintFrame(writer, picture, frame, scale);
-  return WithoutDates(bytes);
+  return SteadyPdf(bytes);
 }
 
 }  // namespace
