@@ -11,23 +11,43 @@
 
 namespace {
 
-// "*.*" means every file, also one without a period; the toolkit takes it by the letter. Each filter keeps
-// its description, which is all that is shown, and gets its patterns behind it in brackets.
-QStringList NameFilters(const std::string& filter) {
+// A kind of files that the dialog offers.
+struct NameFilter {
+  QString Description;  // all that is shown
+  QStringList Patterns;
+
+  // As the toolkit takes it, with the patterns in brackets behind the description.
+  QString Text() const {
+    return Description + QStringLiteral(" (") + Patterns.join(QLatin1Char(' ')) + QLatin1Char(')');
+  }
+};
+
+// "*.*" means every file, also one without a period; the toolkit takes it by the letter.
+QVector<NameFilter> NameFilters(const std::string& filter) {
   const QStringList parts = QString::fromStdString(filter).split(QLatin1Char('|'));
-  QStringList filters;
+  QVector<NameFilter> filters;
   for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
     QStringList patterns = parts[i + 1].split(QLatin1Char(';'), Qt::SkipEmptyParts);
     patterns.replaceInStrings(QStringLiteral("*.*"), QStringLiteral("*"));
-    filters += parts[i] + QStringLiteral(" (") + patterns.join(QLatin1Char(' ')) + QLatin1Char(')');
+    filters.append({parts[i], patterns});
   }
   return filters;
 }
 
 // The extension of a filter's only pattern, "trs" for "*.trs"; empty when the pattern names none.
-QString ExtensionOf(const QString& nameFilter) {
-  static const QRegularExpression onlyPattern(QStringLiteral(R"(\(\*\.([^*?\[\]\s()]+)\)$)"));
-  return onlyPattern.match(nameFilter).captured(1);
+QString ExtensionOf(const NameFilter& filter) {
+  static const QRegularExpression extension(QStringLiteral(R"(^\*\.([^*?\[\]\s()]+)$)"));
+  return filter.Patterns.size() == 1 ? extension.match(filter.Patterns.first()).captured(1) : QString();
+}
+
+// The extension of the filter that is chosen in the dialog. Some versions of the toolkit name the filter as
+// it was given, others as it is shown.
+QString ChosenExtension(const QFileDialog& dialog, const FileChooserRequest& request) {
+  const QString chosen = dialog.selectedNameFilter();
+  for (const NameFilter& filter : NameFilters(request.Filter)) {
+    if (chosen == filter.Text() || chosen == filter.Description) return ExtensionOf(filter);
+  }
+  return {};
 }
 
 // A directory that is gone would leave the dialog nowhere; its nearest surviving parent is as close as can
@@ -45,7 +65,8 @@ QString ExistingDirectory(const std::string& wanted) {
 }
 
 void Prepare(QFileDialog& dialog, const FileChooserRequest& request) {
-  const QStringList filters = NameFilters(request.Filter);
+  QStringList filters;
+  for (const NameFilter& filter : NameFilters(request.Filter)) filters.append(filter.Text());
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setNameFilters(filters);
   if (request.FilterIndex >= 1 && request.FilterIndex <= filters.size()) {
@@ -61,8 +82,7 @@ std::optional<QString> Run(QFileDialog& dialog) {
   return QDir::toNativeSeparators(chosen.first());
 }
 
-QString WithExtension(const QString& path, const QString& nameFilter) {
-  const QString extension = ExtensionOf(nameFilter);
+QString WithExtension(const QString& path, const QString& extension) {
   const bool typed = QFileInfo(path).fileName().contains(QLatin1Char('.'));
   return extension.isEmpty() || typed ? path : path + QLatin1Char('.') + extension;
 }
@@ -96,7 +116,7 @@ std::optional<std::string> QtFileChooser::ChooseForSaving(const FileChooserReque
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
   Prepare(dialog, request);
   while (const std::optional<QString> typed = Run(dialog)) {
-    const std::string path = WithExtension(*typed, dialog.selectedNameFilter()).toStdString();
+    const std::string path = WithExtension(*typed, ChosenExtension(dialog, request)).toStdString();
     if (MayReplace(path)) return path;
   }
   return std::nullopt;
