@@ -301,6 +301,11 @@ TEST(ProgramConvert, BringsTheOlderLayoutUpToDate) {
   EXPECT_EQ(RunProgram(Words("--report -"), run.Out).Out, older.Out);
 }
 
+TEST(ProgramConvert, MakesTheOlderTriangleThatOfToday) {
+  EXPECT_EQ(RunProgram({QStringLiteral("--convert=-"), Example("older-layout.trs")}).Out,
+            BytesOf(Example("triangle.trs")));
+}
+
 TEST(ProgramConvert, RefusesAFileThatWasNotReadWhole) {
   const TestFiles files;
   const QString out = files.Path(QStringLiteral("out.trs"));
