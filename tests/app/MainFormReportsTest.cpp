@@ -3,6 +3,7 @@
 
 #include "reports/PrintableReportWindow.h"
 #include "support/MainFormFixture.h"
+#include "support/NumberedStrip.h"
 #include "support/ReportReader.h"
 
 namespace {
@@ -19,16 +20,6 @@ Truss TriangleNamedFromTheTop() {
       .Joint(2, 2, "C")
       .Joint(18, 2, "b")
       .Joint(10, 10, "A");
-}
-
-// Of twelve joints, "10" sorts before "2".
-Truss NumberedStrip() {
-  TrussBuilder builder;
-  for (int i = 0; i < 5; ++i) {
-    const float x = 1 + 3 * static_cast<float>(i);
-    builder.Member(x, 1, x + 3, 1).Member(x, 5, x + 3, 5).Member(x, 1, x, 5).Member(x, 5, x + 3, 1);
-  }
-  return builder.Member(16, 1, 16, 5).Clamp(1, 1).Roller(16, 1).Force(16, 5, 100, -700).Force(4, 1, 0, -50);
 }
 
 class MainFormReports : public MainFormTest {

@@ -25,15 +25,17 @@ void RandomUser::AnswerDialogs() {
 
 void RandomUser::AnyEvent() {
   const int kind = Below(1000);
-  if (kind < 560) {
+  if (InStep3() && kind < 40) {
+    WindowEvent(*form_);  // a redraw must not change what Step 3 says
+  } else if (kind < 560) {
     MouseEvent();
   } else if (kind < 720) {
     KeyEvent();
   } else if (kind < 870) {
     ButtonEvent();
-  } else if (kind < 905) {
+  } else if (kind < 895) {
     MenuEvent();
-  } else if (kind < 935) {
+  } else if (kind < 925) {
     ReportWindowEvent();
   } else if (kind < 960) {
     DoubleClick();
@@ -104,9 +106,12 @@ void RandomUser::ButtonEvent() {
                                        "cmdNewCoordsOK(1)", "cmdNewCoordsCancel(1)",
                                        "cmdNewCoordsOK(2)", "cmdNewCoordsCancel(2)",
                                        "cmdOKJointReport"};
-  const char* name = OneOf(names);
-  auto* button = form_->findChild<QWidget*>(QString::fromLatin1(name));
-  if (button != nullptr && button->isVisible()) QTest::mouseClick(button, Qt::LeftButton);
+  QList<QWidget*> shown;
+  for (const char* name : names) {
+    auto* button = form_->findChild<QWidget*>(QString::fromLatin1(name));
+    if (button != nullptr && button->isVisible()) shown.append(button);
+  }
+  if (!shown.isEmpty()) QTest::mouseClick(OneOf(shown), Qt::LeftButton);
 }
 
 void RandomUser::MenuEvent() {

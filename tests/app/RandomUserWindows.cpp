@@ -14,7 +14,8 @@
 #include <optional>
 
 #include "RandomUser.h"
-#include "support/ReportReader.h"
+#include "naming/Naming.h"
+#include "support/NumberedStrip.h"
 
 namespace {
 
@@ -44,8 +45,13 @@ class FullDisk {
 }  // namespace
 
 void RandomUser::PutFiles() {
-  for (int i = 0; i < NumRandomFiles; ++i)
-    directory_.Put("random" + std::to_string(i) + ".trs", TrussText(truss_));
+  const auto putNamed = [this](const std::string& name, Truss truss) {
+    AutoName(truss);
+    directory_.Put(name, TrussText(truss));
+  };
+  putNamed("random0.trs", Truss());
+  putNamed("random1.trs", NumberedStrip());
+  putNamed("random2.trs", LoadedTriangle());
   Truss triangle = LoadedTriangle();
   const std::string whole = TrussText(triangle);
   directory_.Put("good.trs", whole);
@@ -121,6 +127,7 @@ void RandomUser::SaveToFailingDisk() {
   messages_.Answers = {YesOrNo(), YesOrNo(), MessageAnswer::No};
   QAction* entry = Entry(command);
   if (!entry->isEnabled()) return;
+  if (InStep1()) Key(Qt::Key_Escape);  // a menu gives up what is being drawn
 
   std::vector<std::string> before;
   for (int i = 0; i < NumRandomFiles; ++i)
