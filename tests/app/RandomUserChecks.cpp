@@ -83,12 +83,13 @@ void RandomUser::CheckStep3() {
   CheckJointEquations(fresh.Counted, rows);
 }
 
-// By clicks on the joints' labels, where they can be clicked.
+// Of a few joints, by clicks on their labels where they can be clicked.
 void RandomUser::CheckJointEquations(const CountedTruss& counted, const QStringList& rows) {
   QWidget* panel = Widget("frNewCoords(3)");
   const bool wasShown = panel->isVisible();
   const JointEquations equations(truss_, NumberFormat{});
-  for (int j = 1; j <= counted.Joints.Size(); ++j) {
+  for (int clicks = std::min(3, counted.Joints.Size()); clicks > 0; --clicks) {
+    const int j = 1 + Below(counted.Joints.Size());
     const CountedJoint& joint = counted.Joints[j];
     const LabelPlace& place = Shapes().lblRodJoint[joint.Label];
     const QPoint point(static_cast<int>(place.Left + place.Width / 2),
