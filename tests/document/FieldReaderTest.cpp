@@ -130,8 +130,9 @@ TEST(FieldReader, NamesTheLineOfWhatIsNoNumber) {
 
 TEST(FieldReader, ShowsAWrongFieldShortAndOnOneLine) {
   EXPECT_EQ(ErrorOf([] { Single("\"a\r\nb\""); }), "line 1: a number should stand here, not \"a??b\"");
-  EXPECT_EQ(ErrorOf([] { Single(std::string(41, 'x')); }),
-            "line 1: a number should stand here, not \"" + std::string(40, 'x') + "...\"");
+  const std::string shown(40, 'x');
+  EXPECT_EQ(ErrorOf([&] { Single(shown + 'x'); }),
+            "line 1: a number should stand here, not \"" + shown + "...\"");
 }
 
 TEST(FieldReader, RefusesWhatIsNoDecimalNumber) {
