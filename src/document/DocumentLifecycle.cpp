@@ -219,5 +219,5 @@ void DocumentLifecycle::NameDocument(const std::string& path) {
 }
 
 FileChooserRequest DocumentLifecycle::ChooserRequest() const {
-  return {TrussFileFilter, TrussFileFilterIndex, chooserDirectory_, ""};
+  return {TrussFileFilter, TrussFileFilterIndex, chooserDirectory_};
 }

@@ -26,7 +26,7 @@ TEST_F(DocumentLifecycleTest, OpenReadsTheChosenFile) {
 TEST_F(DocumentLifecycleTest, OpenPreselectsTrussFiles) {
   lifecycle_.OpenFile();
   EXPECT_THAT(chooser_.Opened, ElementsAre(FileChooserRequest{"All Files (*.*)|*.*|Truss Files (*.trs)|*.trs",
-                                                              2, "/program", ""}));
+                                                              2, "/program"}));
 }
 
 TEST_F(DocumentLifecycleTest, OpenDerivesTheViewFromThePresentCanvas) {
