@@ -29,6 +29,7 @@
 #include "reports/JointEquationsPanel.h"
 #include "reports/PrintableReportWindow.h"
 #include "reports/ReportWindow.h"
+#include "text/CodePage.h"
 
 namespace {
 
@@ -50,8 +51,18 @@ int InTwips(float pixels) { return static_cast<int>(OntoPaper(pixels) * TwipsPer
 void MainForm::OpenAtStart(const std::string& path, bool autoName) {
   LeaveInstructions();
   lifecycle_->OpenPath(path);
-  AfterOpening();
-  if (!autoName) return;
+  AfterFileCommand();
+  if (autoName) NameAtStart();
+}
+
+void MainForm::OpenAtStart(const FileBytes& input, bool autoName) {
+  LeaveInstructions();
+  lifecycle_->OpenInput(input);
+  AfterFileCommand();
+  if (autoName) NameAtStart();
+}
+
+void MainForm::NameAtStart() {
   AutoName(on_.Document);
   ShowNames();
 }
@@ -80,7 +91,7 @@ void MainForm::Redraw() {
   picDraw_->PaintBacking(
       [&](Surface& surface) { joined = RedrawTruss(on_.Document, drawing_, surface, context, messages); });
   tool_->ShowState();
-  if (!joined) SetStatus(QStringLiteral(" %1 ").arg(QString::fromLatin1(TooManyJointsText)));
+  Note(StatusNote::Drawing, joined ? std::string() : std::string(" ") + TooManyJointsText + " ");
   // A message waits for its answer in an event loop of its own, which may redraw again; that must not ask
   // twice.
   if (showingMessages_) return;
@@ -117,10 +128,12 @@ void MainForm::LeaveInstructions() {
   UpdateFileMenu();
 }
 
+bool MainForm::InstructionsAreShown() const { return frInstruct1_->isVisibleTo(this); }
+
 void MainForm::cmdNext1_Click() {
   tool_->Cancel();
   if (!steps_.Next1(on_.Document)) {
-    SetStatus(ToQt(steps_.StatusText()));
+    Note(StatusNote::Step, ToUtf8(steps_.StatusText()));
     return;
   }
   tools_.Clear();
@@ -164,12 +177,9 @@ void MainForm::ShowStep() {
   picDraw_->SetLabelsActive(steps_.NamesAreShown());
   picDraw_->ShowDrawing();
   tool_->SetActive(step == 1 && picDraw_->isEnabled());
-  ShowStepStatus();
+  status_.EnterStep(steps_.StatusText().empty() ? Step1StatusText : ToUtf8(steps_.StatusText()));
+  ShowStatus();
   UpdateFileMenu();
-}
-
-void MainForm::ShowStepStatus() {
-  SetStatus(steps_.StatusText().empty() ? QString::fromLatin1(Step1StatusText) : ToQt(steps_.StatusText()));
 }
 
 // --- names and joint equations
@@ -234,16 +244,18 @@ void MainForm::ShowReport(int report) {
 
 void MainForm::mnuFile_Click() {
   UpdateFileMenu();
-  SetStatus(QString::fromLatin1(FileMenuStatusText));
+  ShowHint(FileMenuStatusText);
 }
 
 void MainForm::UpdateFileMenu() {
   const FileMenu state = FileMenuState(steps_.Current(), on_.Document.FileName);
-  const bool started = !frInstruct1_->isVisibleTo(this);
+  const bool started = !InstructionsAreShown();
   mnuFileSaveAs_->setText(QString::fromLatin1(state.SaveAs.Caption.c_str()));
   mnuFileSaveAs_->setEnabled(started && state.SaveAs.Enabled);
   mnuFileSave_->setText(QString::fromLatin1(state.Save.Caption.c_str()));
   mnuFileSave_->setEnabled(started && state.Save.Enabled);
+  // Two with the same key would cancel each other out.
+  saveKey_->setEnabled(!mnuFileSave_->isEnabled());
   mnuFilePrint_->setEnabled(started && state.PrintEnabled);
   for (int entry = 0; entry <= RecentFiles::Count; ++entry) {
     QAction* action = mnuRecentFile_[static_cast<std::size_t>(entry)];
@@ -254,10 +266,34 @@ void MainForm::UpdateFileMenu() {
   }
 }
 
-void MainForm::AfterOpening() {
-  const std::string error = lifecycle_->ReadErrorText();
-  if (!error.empty()) SetStatus(QString::fromStdString(error));
+void MainForm::AfterFileCommand() {
+  Note(StatusNote::File, lifecycle_->FileNote());
   UpdateFileMenu();
+}
+
+void MainForm::mnuFileSave_Click() {
+  lifecycle_->SaveFile();
+  AfterFileCommand();
+}
+
+void MainForm::mnuFileSaveAs_Click() {
+  lifecycle_->SaveFileAs();
+  AfterFileCommand();
+}
+
+void MainForm::SaveByKey() {
+  const bool instructed = InstructionsAreShown();
+  switch (SaveKeyCommand(steps_.Current(), on_.Document.FileName, instructed)) {
+    case SaveKey::Save:
+      mnuFileSave_->trigger();
+      break;
+    case SaveKey::SaveAs:
+      mnuFileSaveAs_->trigger();
+      break;
+    case SaveKey::Refused:
+      ShowHint(SaveRefusedText(instructed));
+      break;
+  }
 }
 
 void MainForm::mnuSettings_Click() {
@@ -300,13 +336,29 @@ void MainForm::OfferHelpBeside(QDialog& dialog, const char* topic) {
   connect(help, &QShortcut::activated, this, [this, topic] { ShowHelp(topic); });
 }
 
-void MainForm::ShowHelpOnStep() {
-  ShowHelp(HelpTopicForStep(steps_.Current(), frInstruct1_->isVisibleTo(this)));
-}
+void MainForm::ShowHelpOnStep() { ShowHelp(HelpTopicForStep(steps_.Current(), InstructionsAreShown())); }
 
-void MainForm::SetStatus(const QString& text) {
+// --- the status bar
+
+void MainForm::ShowStatus() {
+  const QString text = QString::fromStdString(status_.Shown());
   statusPanels_[0]->setText(text);
   statusPanels_[0]->setToolTip(PlainToolTip(text.trimmed()));
+}
+
+void MainForm::ShowHint(const std::string& hint) {
+  status_.ShowHint(hint);
+  ShowStatus();
+}
+
+void MainForm::EndHint() {
+  status_.EndHint();
+  ShowStatus();
+}
+
+void MainForm::Note(StatusNote about, const std::string& text) {
+  status_.Note(about, text);
+  ShowStatus();
 }
 
 // --- window events
@@ -363,7 +415,7 @@ void MainForm::dropEvent(QDropEvent* event) {
   const auto open = [this, path] {
     tool_->Cancel();
     lifecycle_->OpenPath(path.toStdString());
-    AfterOpening();
+    AfterFileCommand();
   };
   QMetaObject::invokeMethod(this, open, Qt::QueuedConnection);
 }

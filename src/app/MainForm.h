@@ -7,6 +7,7 @@
 #include <array>
 #include <memory>
 
+#include "app/StatusTexts.h"
 #include "app/StepPanels.h"
 #include "app/Steps.h"
 #include "canvas/CanvasWidget.h"
@@ -23,6 +24,7 @@
 class HelpViewer;
 class InstructionFrame;
 class JointEquationsPanel;
+class QShortcut;
 class ReportWindow;
 
 class MainForm final : public QMainWindow, private DocumentWindow {
@@ -44,6 +46,9 @@ class MainForm final : public QMainWindow, private DocumentWindow {
 
   /// Opens a file at start-up, without the instruction frame; with `autoName` everything is named too.
   void OpenAtStart(const std::string& path, bool autoName);
+
+  /// The same with what came through standard input.
+  void OpenAtStart(const FileBytes& input, bool autoName);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -80,6 +85,9 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void cmdAutoName_Click(int index);
   void lblRodJoint_Click(int label);
   void mnuFile_Click();
+  void mnuFileSave_Click();
+  void mnuFileSaveAs_Click();
+  void SaveByKey();
   void mnuSettings_Click();
   void mnuFilePrint_Click();
   void ShowHelp(const char* topic);
@@ -90,11 +98,15 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void RenameLabel(LabelIndex label);
   void ShowJointEquations(LabelIndex label);
   void ShowStep();
-  void ShowStepStatus();
   void UpdateFileMenu();
-  void SetStatus(const QString& text);
-  void AfterOpening();
+  void ShowStatus();
+  void ShowHint(const std::string& hint);
+  void EndHint();
+  void Note(StatusNote about, const std::string& text);
+  void AfterFileCommand();
+  void NameAtStart();
   void LeaveInstructions();
+  bool InstructionsAreShown() const;
 
   Partners on_;
   Drawing drawing_;
@@ -103,6 +115,7 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   QtClipboard clipboard_;
   QtClock clock_;
   Steps steps_;
+  StatusTexts status_;
   ToolPalette tools_;
   RecentFiles recent_;
   std::unique_ptr<DocumentLifecycle> lifecycle_;
@@ -125,6 +138,7 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   QAction* mnuSettings_ = nullptr;
   QAction* mnuFileSave_ = nullptr;
   QAction* mnuFileSaveAs_ = nullptr;
+  QShortcut* saveKey_ = nullptr;  // the key of Save where the menu does not offer it
   QAction* mnuFilePrint_ = nullptr;
   std::array<QAction*, RecentFiles::Count + 1> mnuRecentFile_{};
   bool showingMessages_ = false;

@@ -86,14 +86,20 @@ void MainForm::CreateCanvasAndPanels() {
 void MainForm::CreateToolPanel() {
   picToolBox_ = new ToolBox(tools_, centralWidget());
   picToolBox_->setAutoFillBackground(true);
-  connect(picToolBox_, &ToolBox::HintShown, this, &MainForm::SetStatus);
+  connect(picToolBox_, &ToolBox::HintShown, this,
+          [this](const QString& hint) { ShowHint(hint.toStdString()); });
+  connect(picToolBox_, &ToolBox::HintEnded, this, &MainForm::EndHint);
+  connect(picToolBox_, &ToolBox::ToolSelected, this,
+          [this](int tool) { status_.ChooseTool(ToolHint(tool)); });
   tool_ = std::make_unique<CanvasTools>(CanvasTools::Partners{on_.Document, drawing_, tools_, on_.Messages,
                                                               on_.Numbers, *picDraw_, [this] { Redraw(); }});
   connect(picToolBox_, &ToolBox::ToolSelected, tool_.get(), &CanvasTools::SelectTool);
   connect(tool_.get(), &CanvasTools::ToolChosen, this, [this](int tool) {
     picToolBox_->ShowPalette();
-    SetStatus(QString::fromLatin1(ToolHint(tool)));
+    status_.ChooseTool(ToolHint(tool));
+    ShowHint(ToolHint(tool));
   });
+  connect(tool_.get(), &CanvasTools::WorkBegan, this, &MainForm::EndHint);
   connect(tool_.get(), &CanvasTools::ReadOutChanged, this,
           [this](const QString& text) { statusPanels_[1]->setText(text); });
   StepNavigation& navigation = navigation_[0];
@@ -184,7 +190,7 @@ void MainForm::CreateFileMenu() {
   mnuFile_ = menuBar()->addMenu(tr("&File"));
   mnuFile_->setObjectName(QStringLiteral("mnuFile"));
   connect(mnuFile_, &QMenu::aboutToShow, this, &MainForm::mnuFile_Click);
-  connect(mnuFile_, &QMenu::aboutToHide, this, &MainForm::ShowStepStatus);
+  connect(mnuFile_, &QMenu::aboutToHide, this, &MainForm::EndHint);
   const auto add = [this](const char* name, const QString& text, const QKeySequence& keys, auto handler) {
     QAction* action = mnuFile_->addAction(text);
     action->setObjectName(QString::fromLatin1(name));
@@ -197,17 +203,14 @@ void MainForm::CreateFileMenu() {
   };
   add("mnuFileNew", tr("&New truss"), QKeySequence::New, [this] {
     lifecycle_->NewFile();
-    AfterOpening();
+    AfterFileCommand();
   });
   add("mnuFileOpen", tr("&Open an existing truss ..."), QKeySequence::Open, [this] {
     lifecycle_->OpenFile();
-    AfterOpening();
+    AfterFileCommand();
   });
-  mnuFileSave_ = add("mnuFileSave", QString(), QKeySequence::Save, [this] { lifecycle_->SaveFile(); });
-  mnuFileSaveAs_ = add("mnuFileSaveAs", QString(), QKeySequence(), [this] {
-    lifecycle_->SaveFileAs();
-    UpdateFileMenu();
-  });
+  mnuFileSave_ = add("mnuFileSave", QString(), QKeySequence::Save, [this] { mnuFileSave_Click(); });
+  mnuFileSaveAs_ = add("mnuFileSaveAs", QString(), QKeySequence(), [this] { mnuFileSaveAs_Click(); });
   mnuFilePrint_ =
       add("mnuFilePrint", tr("&Print the report ..."), QKeySequence::Print, [this] { mnuFilePrint_Click(); });
   mnuRecentFile_[0] = mnuFile_->addSeparator();
@@ -216,7 +219,7 @@ void MainForm::CreateFileMenu() {
     QAction* action = mnuFile_->addAction(QString(), this, [this, entry] {
       tool_->Cancel();
       lifecycle_->OpenRecentFile(entry);
-      AfterOpening();
+      AfterFileCommand();
     });
     action->setObjectName(QStringLiteral("mnuRecentFile(%1)").arg(entry));
     mnuRecentFile_[static_cast<std::size_t>(entry)] = action;
@@ -255,6 +258,11 @@ void MainForm::CreateShortcuts() {
   };
   addStep(QKeySequence(Qt::ALT | Qt::Key_Right), true);
   addStep(QKeySequence(Qt::ALT | Qt::Key_Left), false);
+  saveKey_ = new QShortcut(QKeySequence::Save, this);
+  auto* saveInReport = new QShortcut(QKeySequence::Save, report_.get());
+  for (QShortcut* shortcut : {saveKey_, saveInReport}) {
+    connect(shortcut, &QShortcut::activated, this, &MainForm::SaveByKey);
+  }
   auto* helpOnReport = new QShortcut(QKeySequence::HelpContents, report_.get());
   connect(helpOnReport, &QShortcut::activated, this, [this] { ShowHelp(HelpTopicForReport(shownReport_)); });
 }

@@ -61,7 +61,8 @@ TEST_F(MainFormBadInput, AReadErrorStandsInTheStatusBarWithItsLine) {
   text.replace(text.find("2,2,10,10"), 1, "x");
   OpenBytes(text);
   EXPECT_EQ(Status().toStdString(),
-            " The file could not be read to its end: line 18: a number should stand here, not \"x\" ");
+            " The file could not be read to its end: line 18: a number should stand here, not \"x\"."
+            "  Save will ask for another name. ");
   EXPECT_EQ(truss_.NumSupports, 2) << "what was read stays";
   EXPECT_EQ(form_->windowTitle().toStdString(), "Orvane - " + directory_ / "bad.trs");
   EXPECT_FALSE(Entry("mnuRecentFile(1)")->isVisible());
@@ -74,6 +75,39 @@ TEST_F(MainFormBadInput, TheNextCommandTakesTheReadErrorAway) {
   OpenBytes("nonsense");
   EXPECT_THAT(Status().toStdString(), testing::StartsWith(" The file could not be read"));
   Trigger("mnuFileNew");
+  EXPECT_EQ(Status(), QStringLiteral(" Step 1: Design the truss. "));
+}
+
+TEST_F(MainFormBadInput, HintsAndMenusGiveTheReadErrorBack) {
+  Started();
+  OpenBytes("nonsense");
+  const QString error = Status();
+  auto* clamp = Find<QToolButton>("imgTool(2)");
+  for (const bool chosen : {false, true}) {
+    QTest::mouseMove(clamp, QPoint(10, 10));
+    QMouseEvent move(QEvent::MouseMove, QPointF(11, 11), clamp->mapToGlobal(QPointF(11, 11)), Qt::NoButton,
+                     Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(clamp, &move);
+    EXPECT_EQ(Status().toStdString(), ToolHint(2));
+    if (chosen) QTest::mouseClick(clamp, Qt::LeftButton);
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(clamp, &leave);
+    EXPECT_EQ(Status(), error);
+  }
+  FileMenu()->popup(QPoint(0, 0));
+  EXPECT_NE(Status(), error);
+  FileMenu()->close();
+  EXPECT_EQ(Status(), error);
+
+  Canvas()->setFocus();
+  QTest::keyClick(Canvas(), Qt::Key_1);
+  EXPECT_EQ(Status().toStdString(), ToolHint(1));
+  QTest::mouseClick(Canvas(), Qt::LeftButton, Qt::NoModifier, QPoint(200, 200));
+  EXPECT_EQ(Status(), error);
+
+  Click("cmdNext1");
+  EXPECT_NE(Status(), error);
+  Click("cmdPrev2");
   EXPECT_EQ(Status(), QStringLiteral(" Step 1: Design the truss. "));
 }
 
