@@ -8,17 +8,15 @@
 #include "document/TrussFile.h"
 #include "naming/Naming.h"
 #include "text/CodePage.h"
-#include "text/OneLine.h"
 
 namespace {
 
 std::optional<ReadError> Read(AnalysedFile& file, std::istream& standardInput) {
   const CanvasBounds bounds;
-  if (file.Argument != "-") {
-    file.Document.FileName = file.Argument;
-    return ReadTruss(file.Document, bounds, file.Argument);
-  }
-  const FileBytes input = ReadWholeStream(standardInput);
+  const bool isStandardInput = file.Argument == "-";
+  if (!isStandardInput) file.Document.FileName = file.Argument;
+  const FileBytes input =
+      isStandardInput ? ReadWholeStream(standardInput) : ReadWholeFile(file.Argument, PipesAndDevices::Taken);
   if (!input.Problem.empty()) return ReadError{0, input.Problem};
   return ReadTrussText(file.Document, bounds, input.Bytes);
 }
@@ -43,7 +41,7 @@ void Analyse(AnalysedFile& file) {
   file.Analysis = SolveTruss(file.Document);
   for (const MemberRec& member : file.Document.MembersInUse()) {
     if (!member.Live || member.X1 != member.X2 || member.Y1 != member.Y2) continue;
-    file.Remarks.push_back("member \"" + ToUtf8(OnOneLine(file.Document.Name(member.NameLabel1))) +
+    file.Remarks.push_back("member \"" + ToUtf8(file.Document.Name(member.NameLabel1)) +
                            "\" has no length; its force cannot be determined");
   }
 }

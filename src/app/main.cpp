@@ -1,18 +1,15 @@
 // The program: the command line's work without a window, or the window.
+#include <unistd.h>
+
 #include <QApplication>
 #include <QHashSeed>
+#include <csignal>
 #include <iostream>
 #include <optional>
 #include <string>
 #include <vector>
 
-#ifdef _WIN32
-#include <fcntl.h>
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
-
+#include "app/DisplayGuard.h"
 #include "app/Icons.h"
 #include "app/JsonReport.h"
 #include "app/MainForm.h"
@@ -23,42 +20,31 @@
 #include "platform/qt/QtMessageBox.h"
 #include "platform/qt/QtNumberFormat.h"
 #include "platform/qt/QtSettingsStore.h"
-#include "text/OneLine.h"
+#include "text/ControlCharacters.h"
 
 namespace {
 
-// Results are the same bytes everywhere, so no line end may be translated on the way out.
+// A file that grows larger than it may, be it the one that standard output goes to, is a write that fails and
+// is told; the signal would end the program without a word.
 void PrepareStandardStreams() {
   std::ios::sync_with_stdio(false);
-#ifdef _WIN32
-  _setmode(_fileno(stdin), _O_BINARY);
-  _setmode(_fileno(stdout), _O_BINARY);
-#endif
+  std::signal(SIGXFSZ, SIG_IGN);
 }
 
-bool StandardErrorIsTerminal() {
-#ifdef _WIN32
-  return _isatty(_fileno(stderr)) != 0;
-#else
-  return isatty(STDERR_FILENO) != 0;
-#endif
-}
+bool StandardErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
 
-// Without one the toolkit would end the program with a remark of its own.
-bool HasDisplay() {
-#ifdef __linux__
-  return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
-         qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
-#else
-  return true;
-#endif
+bool IsTerminalAlone() {
+  return qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+         qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
 // Standard input is read to its end before the window comes, which would not answer meanwhile.
 int RunWindow(int argc, char** argv, const CommandLine& commandLine) {
   const bool readsInput = !commandLine.Files.empty() && commandLine.Files.front() == "-";
   const FileBytes input = readsInput ? ReadWholeStream(std::cin) : FileBytes{};
-  QApplication application(argc, argv);
+  std::optional<DisplayGuard> guard(std::in_place);
+  const QApplication application(argc, argv);
+  guard.reset();
   QApplication::setApplicationName(QStringLiteral("Orvane"));
   QApplication::setApplicationVersion(QStringLiteral(ORVANE_VERSION));
   QApplication::setWindowIcon(ApplicationIcon());
@@ -105,13 +91,11 @@ int main(int argc, char** argv) {
   QHashSeed::setDeterministicGlobalSeed();
   const auto parsed = ParseCommandLine(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
   if (const auto* wrong = std::get_if<WrongArguments>(&parsed)) {
-    std::cerr << "orvane: " << OnOneLine(wrong->Why) << "; see orvane --help\n";
+    std::cerr << "orvane: " << VisibleText(wrong->Why) << "; see orvane --help\n";
     return ArgumentsWrong;
   }
   const CommandLine& commandLine = std::get<CommandLine>(parsed);
   if (commandLine.What != CommandLine::Mode::Window) return RunWithoutWindow(commandLine);
-  if (HasDisplay()) return RunWindow(argc, argv, commandLine);
-  std::cerr
-      << "orvane: there is no display for the window; orvane --help tells what can be done without one\n";
-  return NotAllDone;
+  if (IsTerminalAlone()) EndWithoutDisplay("");
+  return RunWindow(argc, argv, commandLine);
 }

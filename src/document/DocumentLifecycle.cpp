@@ -10,6 +10,7 @@
 #include "document/FilePaths.h"
 #include "document/TrussChanged.h"
 #include "text/CodePage.h"
+#include "text/Sentence.h"
 
 namespace {
 
@@ -153,8 +154,9 @@ bool DocumentLifecycle::MayReplace(const std::string& path) {
 
 bool DocumentLifecycle::WriteFile() {
   const std::string& path = on_.Document.FileName;
-  if (!WriteTruss(on_.Document)) {
-    on_.Messages.Show({.Text = SaveErrorText + path});
+  const std::string problem = WriteTruss(on_.Document);
+  if (!problem.empty()) {
+    on_.Messages.Show({.Text = SaveErrorText + path, .Details = AsSentence(problem)});
     return false;
   }
   known_.Remember(path, TrussText(on_.Document), true);

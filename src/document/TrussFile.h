@@ -36,5 +36,6 @@ TrussReading ReadTrussWithRest(Truss& truss, const CanvasBounds& bounds, std::st
 /// The bytes of the file: live elements only, joints sorted by name (the truss's joint list is sorted too).
 std::string TrussText(Truss& truss);
 
-/// Writes the truss to its FileName. Returns false, with the old file untouched, when that fails.
-[[nodiscard]] bool WriteTruss(Truss& truss);
+/// Writes the truss to its FileName. Returns why that failed, as WriteWholeFile does; empty when it is
+/// written.
+[[nodiscard]] std::string WriteTruss(Truss& truss);

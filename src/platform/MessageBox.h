@@ -16,6 +16,7 @@ struct Message {
   std::string Title = MessageTitle;
   MessageButtons Buttons = MessageButtons::Ok;
   MessageIcon Icon = MessageIcon::None;
+  std::string Details = {};  ///< a paragraph below the text, such as what the system said; may be empty
   MessageAnswer Default = MessageAnswer::Yes;  ///< of two buttons the one that Return presses
 
   /// Whether Esc and the title bar's X close the box. Where two buttons have no way out beside them, only

@@ -20,13 +20,15 @@
 
 #include "document/DocumentLifecycle.h"
 #include "document/FileBytes.h"
+#include "document/FileWriting.h"
 #include "platform/qt/DocumentFiles.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/SmoothPictures.h"
 #include "platform/qt/WindowInFront.h"
 #include "reports/ReportProgressDialog.h"
 #include "reports/ReportWindow.h"
-#include "text/OneLine.h"
+#include "text/ControlCharacters.h"
+#include "text/Sentence.h"
 
 namespace {
 
@@ -69,7 +71,7 @@ QPageSize PaperOfThisCountry() {
 }
 
 QString DocumentName(const std::string& fileName) {
-  const QString name = QFileInfo(QString::fromStdString(OnOneLine(fileName))).completeBaseName();
+  const QString name = QFileInfo(QString::fromStdString(WithoutControls(fileName))).completeBaseName();
   return name.isEmpty() ? QStringLiteral("Orvane report") : name;
 }
 
@@ -83,18 +85,6 @@ void PreparePaper(QPrinter& printer, const std::string& fileName) {
 
 // The preview records pages as pictures.
 bool IsPreview(const QPrinter& printer) { return printer.paintEngine()->type() == QPaintEngine::Picture; }
-
-// Why a file could not be written, as far as its place tells; begins with a line break. Empty when it does
-// not.
-std::string WhyNotWritten(const std::string& path) {
-  const QFileInfo file(QString::fromStdString(path));
-  const QFileInfo folder(file.path());
-  if (!folder.isDir()) return "\nThe folder does not exist.";
-  if (file.isDir()) return "\nThis is the name of a folder.";
-  if (file.exists() && !file.isWritable()) return "\nThe file is write-protected.";
-  if (!folder.isWritable()) return "\nThe folder is write-protected.";
-  return {};
-}
 
 }  // namespace
 
@@ -334,9 +324,12 @@ void PrintableReportWindow::SaveAs(const std::string& path, DocumentFileFormat f
     bytes = ReportFile(on_.Subject, format, std::ref(progress));
     if (progress.wasCanceled()) return;
   }
-  if (bytes && !bytes->isEmpty() &&
-      WriteWholeFile(path, {bytes->constData(), static_cast<std::size_t>(bytes->size())}))
-    return;
-  on_.Access.Messages.Show({.Text = "The report could not be saved as " + path + "." + WhyNotWritten(path),
-                            .Icon = MessageIcon::Exclamation});
+  std::string why;
+  if (bytes && !bytes->isEmpty()) {
+    why = WriteWholeFile(path, {bytes->constData(), static_cast<std::size_t>(bytes->size())});
+    if (why.empty()) return;
+  }
+  on_.Access.Messages.Show({.Text = "The report could not be saved as " + path + ".",
+                            .Icon = MessageIcon::Exclamation,
+                            .Details = AsSentence(why)});
 }

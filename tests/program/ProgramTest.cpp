@@ -237,7 +237,7 @@ TEST(ProgramCsv, HoldsTheTables) {
   EXPECT_EQ(equations.Status, 0);
   ASSERT_EQ(rows.size(), 7);
   EXPECT_EQ(rows[0], Words("Equation Ax Ay B AB AC BC RHS"));
-  EXPECT_EQ(rows[1], QStringList({QStringLiteral("A - x")}) + Words("1 0 0 \u20131 \u20130.7071 0 0"));
+  EXPECT_EQ(rows[1], QStringList({QStringLiteral("A - x")}) + Words("1 0 0 -1 -0.7071 0 0"));
   EXPECT_EQ(rows[6], QStringList({QStringLiteral("C - y")}) + Words("0 0 0 0 0.7071 0.7071 1000"));
 
   const Records rref = ReadCsv(RunProgram(Words("--csv=rref -"), TriangleText()).Out);
@@ -247,15 +247,15 @@ TEST(ProgramCsv, HoldsTheTables) {
 
   const Records solutions = ReadCsv(RunProgram(Words("--csv=solutions -"), TriangleText()).Out);
   EXPECT_EQ(solutions, Records({Words("Force Value"), Words("Ax 0"), Words("Ay 500"), Words("B 500"),
-                                Words("AB \u2013500"), Words("AC 707.1"), Words("BC 707.1")}));
+                                Words("AB -500"), Words("AC 707.1"), Words("BC 707.1")}));
 }
 
 TEST(ProgramCsv, KeepsOddNamesWhole) {
-  const QByteArray text = TriangleText().replace("\"Ax\",\"Ay\"", "\"a,x\",\"a\r\n\x80\"");
+  const QByteArray text = TriangleText().replace("\"Ax\",\"Ay\"", "\"a,x\",\"a\r\n\x80\x96\"");
   const Records rows = ReadCsv(RunProgram(Words("--csv=equations -"), text).Out);
   ASSERT_EQ(rows.size(), 7);
   EXPECT_EQ(rows[0][1], QStringLiteral("B"));
-  EXPECT_EQ(rows[0][2], QStringLiteral("a\r\n\u20ac"));
+  EXPECT_EQ(rows[0][2], QStringLiteral("a\u240d\u240a\u20ac\u2013"));
   EXPECT_EQ(rows[0][3], QStringLiteral("a,x"));
 }
 
@@ -321,7 +321,8 @@ TEST(ProgramConvert, SaysWhenItCannotWrite) {
   const QString out = files.Path(QStringLiteral("none/out.trs"));
   const Ended run = RunProgram({QStringLiteral("--convert=") + out, QStringLiteral("-")}, TriangleText());
   EXPECT_EQ(run.Status, 1);
-  EXPECT_EQ(run.Err, "orvane: " + out.toUtf8() + ": the file could not be written\n");
+  EXPECT_EQ(run.Err,
+            "orvane: " + out.toUtf8() + ": the file could not be written: its folder does not exist\n");
 }
 
 TEST(ProgramAutoName, NamesReactionsThenMembersThenJoints) {
@@ -357,6 +358,35 @@ TEST(ProgramLocale, SeparatesDecimalsInTextsButNotInJsonAndFiles) {
   EXPECT_TRUE(inGerman("--convert=- -").Out.contains("\r\n0.5\r\n"));
 }
 
+TEST(ProgramOutput, AFileThatMayNotGrowIsAFailureAndNotTheEnd) {
+  const TestFiles files;
+  const QString old = files.File(QStringLiteral("out.trs"), "old");
+  const Ended file =
+      RunShell(QStringLiteral("ulimit -f 0; exec \"$0\" --convert=\"$1\" -"), {old}, TriangleText());
+  EXPECT_EQ(file.Status, 1);
+  EXPECT_EQ(file.Err,
+            "orvane: " + old.toUtf8() +
+                ": the file could not be written: the file would be larger than the system allows\n");
+  EXPECT_EQ(BytesOf(old), "old");
+  const Ended output = RunShell(QStringLiteral("ulimit -f 0; exec \"$0\" --convert=- - > \"$1\""),
+                                {files.Path(QStringLiteral("redirected"))}, TriangleText());
+  EXPECT_EQ(output.Status, 1);
+  EXPECT_EQ(output.Err, "orvane: standard output: the results could not be written\n");
+}
+
+TEST(ProgramFiles, APipeIsReadLikeAFile) {
+  const Ended run = RunShell(QStringLiteral("cat | \"$0\" --csv=solutions /dev/stdin"), {}, TriangleText());
+  EXPECT_EQ(run.Status, 0) << run.Err.toStdString();
+  EXPECT_EQ(run.Out, RunProgram(Words("--csv=solutions -"), TriangleText()).Out);
+}
+
+TEST(ProgramFiles, StandardOutputCanBeNamedAsADevice) {
+  const Ended run =
+      RunShell(QStringLiteral("cat | \"$0\" --convert=/dev/stdout - | cat"), {}, TriangleText());
+  EXPECT_EQ(run.Status, 0) << run.Err.toStdString();
+  EXPECT_EQ(run.Out, RunProgram(Words("--convert=- -"), TriangleText()).Out);
+}
+
 TEST(ProgramOutput, ThatCannotBeWrittenIsAFailure) {
   const QString full = QStringLiteral("/dev/full");
   if (!QFileInfo::exists(full)) GTEST_SKIP() << "no device that is always full";
@@ -369,14 +399,51 @@ TEST(ProgramOutput, ThatCannotBeWrittenIsAFailure) {
   }
 }
 
-#ifdef __linux__
+constexpr const char* NoDisplay = "orvane: there is no display for the window";
+constexpr const char* DisplayHint = "; orvane --help tells what can be done without one\n";
+
+using Variables = QMap<QString, QString>;
+
+Ended RunWindow(const Variables& environment) {
+  return RunProgram(ProgramCall{
+      .Arguments = {Example("triangle.trs")}, .Input = {}, .OutputFile = {}, .Environment = environment});
+}
+
 TEST(ProgramWindow, WithoutADisplaySaysSoInOneLine) {
-  const Ended run = RunProgram({Example("triangle.trs")});
+  for (const Variables& environment : {Variables(), Variables{{QStringLiteral("DISPLAY"), QString()}}}) {
+    const Ended run = RunWindow(environment);
+    EXPECT_EQ(run.Status, 1);
+    EXPECT_EQ(run.Out, "");
+    EXPECT_EQ(run.Err, QByteArray(NoDisplay) + DisplayHint);
+  }
+}
+
+// An abort would be a failure of RunProgram.
+TEST(ProgramWindow, ADisplayThatCannotBeReachedIsOneLineAndNoAbort) {
+  const Ended run = RunWindow({{QStringLiteral("DISPLAY"), QStringLiteral(":77")}});
   EXPECT_EQ(run.Status, 1);
   EXPECT_EQ(run.Out, "");
-  EXPECT_EQ(run.Err,
-            "orvane: there is no display for the window; orvane --help tells what can be done without one\n");
+  EXPECT_EQ(run.Err, QByteArray(NoDisplay) + ": could not connect to display :77" + DisplayHint);
 }
-#endif
+
+TEST(ProgramWindow, NoWindowSystemIsOneLineAndNoAbort) {
+  const QString platform = QStringLiteral("QT_QPA_PLATFORM");
+  const QString wayland = QStringLiteral("WAYLAND_DISPLAY");
+  const Variables inWaylandSession{{wayland, QStringLiteral("wayland-77")},
+                                   {QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("wayland")},
+                                   {QStringLiteral("DISPLAY"), QStringLiteral(":77")}};
+  for (const Variables& environment : {Variables{{wayland, QStringLiteral("wayland-77")}}, inWaylandSession,
+                                       Variables{{platform, QStringLiteral("nonsense")}},
+                                       Variables{{platform, QStringLiteral("no\x1b[2J\nsense")}},
+                                       Variables{{platform, QStringLiteral("xcb")}}}) {
+    const Ended run = RunWindow(environment);
+    EXPECT_EQ(run.Status, 1);
+    EXPECT_EQ(run.Out, "");
+    EXPECT_TRUE(run.Err.startsWith(QByteArray(NoDisplay) + ": ") && run.Err.endsWith(DisplayHint))
+        << run.Err.toStdString();
+    EXPECT_EQ(run.Err.count('\n'), 1) << run.Err.toStdString();
+    EXPECT_FALSE(run.Err.contains('\x1b'));
+  }
+}
 
 }  // namespace
