@@ -398,7 +398,7 @@ void MainForm::Layout() {
                          .PixT = 70,
                          .PixB = static_cast<float>(canvasHeight - 33)};
   on_.Document.View = DeriveView(on_.Document.Settings, bounds_);
-  tool_->SetPanelRoom(QRect(0, StepPanelHeight, width, canvasHeight - StepPanelHeight));
+  tool_->SetRoom(QRect(0, StepPanelHeight, width, canvasHeight - StepPanelHeight));
   Redraw();
 }
 

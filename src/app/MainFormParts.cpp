@@ -88,7 +88,7 @@ void MainForm::CreateToolPanel() {
   picToolBox_->setAutoFillBackground(true);
   connect(picToolBox_, &ToolBox::HintShown, this,
           [this](const QString& hint) { ShowHint(hint.toStdString()); });
-  connect(picToolBox_, &ToolBox::HintEnded, this, &MainForm::EndHint);
+  connect(picToolBox_, &ToolBox::HintGone, this, &MainForm::EndHint);
   connect(picToolBox_, &ToolBox::ToolSelected, this,
           [this](int tool) { status_.ChooseTool(ToolHint(tool)); });
   tool_ = std::make_unique<CanvasTools>(CanvasTools::Partners{on_.Document, drawing_, tools_, on_.Messages,
@@ -97,9 +97,10 @@ void MainForm::CreateToolPanel() {
   connect(tool_.get(), &CanvasTools::ToolChosen, this, [this](int tool) {
     picToolBox_->ShowPalette();
     status_.ChooseTool(ToolHint(tool));
-    ShowHint(ToolHint(tool));
+    ShowHint(tools_.HintOfChosen(tool));
   });
   connect(tool_.get(), &CanvasTools::WorkBegan, this, &MainForm::EndHint);
+  connect(picToolBox_, &ToolBox::DigitPressed, tool_.get(), &CanvasTools::ChooseTool);
   connect(tool_.get(), &CanvasTools::ReadOutChanged, this,
           [this](const QString& text) { statusPanels_[1]->setText(text); });
   StepNavigation& navigation = navigation_[0];

@@ -26,9 +26,14 @@ class MouseEditing {
   /// A second button in a drag cancels it; otherwise only the left button does anything.
   void MouseDown(MouseButton button, float x, float y);
 
+  /// The press that makes two clicks a double one; it comes here instead of to MouseDown. Tools that have
+  /// done all they do with the first click (Clamp, Roller, Re-orientation, Erase) ignore it.
+  void MouseDoubleClick(MouseButton button, float x, float y);
+
   /// `leftHeld` false in a drag means that its release was lost: the drag is cancelled.
   void MouseMove(bool leftHeld, float x, float y);
 
+  /// Only what is released on the canvas is dropped there; anywhere else the drag is cancelled.
   void MouseUp(MouseButton button, float x, float y);
 
   // The same from the keyboard: while it holds a drag, the mouse only reads coordinates, and pressing any of
@@ -71,6 +76,7 @@ class MouseEditing {
   void ShowReadOut(PixelPoint mouse);
   void UpdatePointer(PixelPoint mouse);
   PointerShape PointerAt(PixelPoint mouse) const;
+  bool CanDropAt(PixelPoint mouse) const;
   std::optional<SnappedPoint> LocationOf(PixelPoint mouse) const;
 
   EditingContext on_;

@@ -6,6 +6,10 @@
 
 namespace {
 
+// A pin touches every pixel whose centre is nearer to the member's end than this, on both axes. Ends lie
+// between pixels as a rule, so that the pixel in the middle of a pin is as often beyond the end as before it.
+constexpr float PinReach = PinSize / 2 + 0.5F;
+
 // Where along the line a pixel lies that is on it; nothing when it is not.
 std::optional<float> FractionAt(const PixelLine& line, float x, float y) {
   const double dx = double{line.X2} - double{line.X1};
@@ -20,6 +24,19 @@ std::optional<float> FractionAt(const PixelLine& line, float x, float y) {
       isFlat ? double{line.Y1} + double{t} * dy - double{y} : double{line.X1} + double{t} * dx - double{x};
   if (!(std::abs(aside) < double{PickTolerance})) return std::nullopt;
   return t;
+}
+
+bool IsOnPin(PixelPoint end, float x, float y) {
+  return std::abs(x - end.X) < PinReach && std::abs(y - end.Y) < PinReach;
+}
+
+// 0 or 1, as the fraction along the line: whose pin a pixel is on. Where both are the nearer end's.
+std::optional<float> PinAt(const PixelLine& rod, float x, float y) {
+  const auto distance = [x, y](PixelPoint end) { return std::hypot(x - end.X, y - end.Y); };
+  const bool onPin1 = IsOnPin(rod.End1(), x, y);
+  const bool onPin2 = IsOnPin(rod.End2(), x, y);
+  if (onPin1 && (!onPin2 || distance(rod.End1()) <= distance(rod.End2()))) return 0;
+  return onPin2 ? std::optional(1.0F) : std::nullopt;
 }
 
 PixelLine ArrowOf(const ForceRec& force) { return {force.PixX1, force.PixY1, force.PixX2, force.PixY2}; }
@@ -46,19 +63,56 @@ struct Target {
   double toleranceX_, toleranceY_;
 };
 
+// The lines of the grid along one axis, counted from the minimum coordinate.
+class GridLines {
+ public:
+  GridLines(float minimum, float spacing) : minimum_(minimum), spacing_(spacing) {}
+
+  // Which line is the nearest; halves go upward.
+  double Nearest(float value) const {
+    return std::floor((double{value} - double{minimum_}) / double{spacing_} + 0.5);
+  }
+
+  // The coordinate that is stored for a line; what no single can hold is not finite.
+  float Stored(double line) const {
+    const double coordinate = double{minimum_} + line * double{spacing_};
+    constexpr double largest = std::numeric_limits<float>::max();
+    return std::abs(coordinate) <= largest ? static_cast<float>(coordinate)
+                                           : std::numeric_limits<float>::quiet_NaN();
+  }
+
+  // The decimals of a line whose stored coordinate is finite.
+  ExactDecimal Exact(double line) const {
+    return ExactDecimal::Of(minimum_) + ExactDecimal::Of(line) * ExactDecimal::Of(spacing_);
+  }
+
+ private:
+  float minimum_, spacing_;
+};
+
+// 9 steps of 0.1 are stored as 0.90000004, and nine tenths are meant.
+ExactDecimal MeaningOf(float stored, const GridLines& grid) {
+  const double line = grid.Nearest(stored);
+  return grid.Stored(line) == stored ? grid.Exact(line) : ExactDecimal::Of(stored);
+}
+
+GridLines ColumnsOf(const DocumentSettings& settings) { return {settings.XMin, settings.GridX}; }
+GridLines RowsOf(const DocumentSettings& settings) { return {settings.YMin, settings.GridY}; }
+
 std::optional<SnappedPoint> NearMemberEnd(const Truss& truss, const Drawing& drawing, int selfObject,
                                           const Target& target) {
   for (int i = 1; i <= truss.NumMembers; ++i) {
     if (i == selfObject || !IsRodShown(drawing, truss, i)) continue;
     const MemberRec& member = truss.Members[i];
-    if (target.IsNear(member.X1, member.Y1)) return {{drawing.Rod[i].End1(), member.X1, member.Y1}};
-    if (target.IsNear(member.X2, member.Y2)) return {{drawing.Rod[i].End2(), member.X2, member.Y2}};
+    const auto end = [&](float x, float y, PixelPoint drawn) {
+      SnappedPoint place = PlaceOf(truss, drawing, x, y);
+      place.Pixel = drawn;
+      return place;
+    };
+    if (target.IsNear(member.X1, member.Y1)) return end(member.X1, member.Y1, drawing.Rod[i].End1());
+    if (target.IsNear(member.X2, member.Y2)) return end(member.X2, member.Y2, drawing.Rod[i].End2());
   }
   return std::nullopt;
-}
-
-SnappedPoint PointInWorld(const Graph& graph, float x, float y) {
-  return {{graph.XPixel(x), graph.YPixel(y)}, x, y};
 }
 
 std::optional<SnappedPoint> NearObject(const Truss& truss, const Drawing& drawing, int selfObject,
@@ -67,26 +121,25 @@ std::optional<SnappedPoint> NearObject(const Truss& truss, const Drawing& drawin
   for (int i = 1; i <= truss.NumSupports; ++i) {
     const SupportRec& support = truss.Supports[i];
     if (!IsSupportShown(drawing, truss, i) || !target.IsNear(support.X, support.Y)) continue;
-    return PointInWorld(drawing.Mapping, support.X, support.Y);
+    return PlaceOf(truss, drawing, support.X, support.Y);
   }
   for (const ForceRec& force : truss.ForcesInUse()) {
     if (!force.Active || !target.IsNear(force.X, force.Y)) continue;
-    return PointInWorld(drawing.Mapping, force.X, force.Y);
+    return PlaceOf(truss, drawing, force.X, force.Y);
   }
   return std::nullopt;
 }
 
-// The nearest grid line; a result that no single can hold is not finite.
-float NearestGridLine(float value, float minimum, float spacing) {
-  const double steps = std::floor((double{value} - double{minimum}) / double{spacing} + 0.5);
-  const double line = double{minimum} + steps * double{spacing};
-  constexpr double largest = std::numeric_limits<float>::max();
-  return std::abs(line) <= largest ? static_cast<float>(line) : std::numeric_limits<float>::quiet_NaN();
-}
-
-bool IsFinite(const SnappedPoint& point) {
-  return std::isfinite(point.X) && std::isfinite(point.Y) && std::isfinite(point.Pixel.X) &&
-         std::isfinite(point.Pixel.Y);
+// Nothing when no single can hold the nearest grid point.
+std::optional<SnappedPoint> NearestGridPoint(const Truss& truss, const Graph& graph, const Target& target) {
+  const GridLines columns = ColumnsOf(truss.Settings);
+  const GridLines rows = RowsOf(truss.Settings);
+  const double column = columns.Nearest(target.X);
+  const double row = rows.Nearest(target.Y);
+  const float x = columns.Stored(column);
+  const float y = rows.Stored(row);
+  if (!std::isfinite(x) || !std::isfinite(y)) return std::nullopt;
+  return SnappedPoint{{graph.XPixel(x), graph.YPixel(y)}, x, y, columns.Exact(column), rows.Exact(row)};
 }
 
 }  // namespace
@@ -100,6 +153,10 @@ Selection ObjectAt(const Truss& truss, const Drawing& drawing, float x, float y)
   for (int i = 1; i <= truss.NumMembers; ++i) {
     if (!IsRodShown(drawing, truss, i)) continue;
     if (const auto t = FractionAt(drawing.Rod[i], x, y)) return {ObjectType::Member, i, *t};
+  }
+  for (int i = 1; i <= truss.NumMembers; ++i) {
+    if (!IsRodShown(drawing, truss, i) || !HasPins(drawing, i)) continue;
+    if (const auto t = PinAt(drawing.Rod[i], x, y)) return {ObjectType::Member, i, *t};
   }
   for (int i = 1; i <= truss.NumForces; ++i) {
     if (!truss.Forces[i].Active) continue;
@@ -149,19 +206,27 @@ bool IsLive(const Truss& truss, const Selection& selection) {
   return false;
 }
 
+SnappedPoint PlaceOf(const Truss& truss, const Drawing& drawing, float x, float y) {
+  const Graph& graph = drawing.Mapping;
+  return {{graph.XPixel(x), graph.YPixel(y)},
+          x,
+          y,
+          MeaningOf(x, ColumnsOf(truss.Settings)),
+          MeaningOf(y, RowsOf(truss.Settings))};
+}
+
 std::optional<SnappedPoint> OKLocation(const Truss& truss, const Drawing& drawing, int selfObject, float x,
                                        float y) {
   const Graph& graph = drawing.Mapping;
   if (graph.IsEmpty() || !std::isfinite(x) || !std::isfinite(y)) return std::nullopt;
   const Target target(graph, x, y);
-  const DocumentSettings& settings = truss.Settings;
-  if (settings.SnapObject) {
+  if (truss.Settings.SnapObject) {
     if (const auto near = NearObject(truss, drawing, selfObject, target)) return near;
   }
-  SnappedPoint point{{x, y}, target.X, target.Y};
-  if (settings.SnapGrid) {
-    point = PointInWorld(graph, NearestGridLine(target.X, settings.XMin, settings.GridX),
-                         NearestGridLine(target.Y, settings.YMin, settings.GridY));
-  }
-  return IsFinite(point) ? std::optional(point) : std::nullopt;
+  if (truss.Settings.SnapGrid) return NearestGridPoint(truss, graph, target);
+  return SnappedPoint{{x, y},
+                      target.X,
+                      target.Y,
+                      ExactDecimal::Of(graph.XWorldUnrounded(x)),
+                      ExactDecimal::Of(graph.YWorldUnrounded(y))};
 }

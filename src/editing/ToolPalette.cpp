@@ -34,3 +34,8 @@ std::optional<std::string> ToolPalette::MouseMove(int tool) {
   hintShownLast_ = tool;
   return ToolHint(tool);
 }
+
+std::string ToolPalette::HintOfChosen(int tool) {
+  hintShownLast_ = tool;
+  return ToolHint(tool);
+}

@@ -34,7 +34,10 @@ class ToolPalette {
   void Select(int tool) { selected_ = static_cast<Tool>(tool); }
 
   /// No tool is selected, as at the start.
-  void Clear() { selected_ = Tool::None; }
+  void Clear() {
+    selected_ = Tool::None;
+    hintShownLast_ = 0;
+  }
 
   /// Whether button 1 .. 8 has its pressed look.
   bool IsDown(int tool) const { return selected_ == static_cast<Tool>(tool); }
@@ -43,8 +46,12 @@ class ToolPalette {
   /// so that moving within one button sets the text once.
   std::optional<std::string> MouseMove(int tool);
 
-  /// The mouse has left the buttons, and the hint with it: over any of them it is shown again.
-  void MouseLeft() { hintShownLast_ = 0; }
+  /// The hint of tool 1 .. 8, which is shown because the tool was chosen without the mouse being on it.
+  std::string HintOfChosen(int tool);
+
+  /// The mouse leaves the buttons: the selected tool's hint is shown from now on, or none when no tool is
+  /// selected.
+  void MouseLeave() { hintShownLast_ = static_cast<int>(selected_); }
 
  private:
   Tool selected_ = Tool::None;
