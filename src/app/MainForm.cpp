@@ -18,6 +18,7 @@
 #include "app/HelpViewer.h"
 #include "app/InstructionFrame.h"
 #include "app/OptionsDialog.h"
+#include "app/Step2Findings.h"
 #include "app/StepTexts.h"
 #include "canvas/DoLabel.h"
 #include "canvas/Paper.h"
@@ -169,7 +170,17 @@ void MainForm::ShowStep() {
 }
 
 void MainForm::ShowStepStatus() {
-  SetStatus(steps_.StatusText().empty() ? QString::fromLatin1(Step1StatusText) : ToQt(steps_.StatusText()));
+  if (steps_.Current() == 2) {
+    SetStatus(ToQt(steps_.StatusText() + Step2Findings(on_.Document, NumNamesOutOfReach(), on_.Numbers)));
+  } else {
+    SetStatus(steps_.StatusText().empty() ? QString::fromLatin1(Step1StatusText) : ToQt(steps_.StatusText()));
+  }
+}
+
+// Names under the panel of the step cannot be clicked either.
+int MainForm::NumNamesOutOfReach() const {
+  return NumLabelsOutside(drawing_, {0, static_cast<float>(StepPanelHeight)},
+                          {static_cast<float>(picDraw_->width()), static_cast<float>(picDraw_->height())});
 }
 
 // --- names and joint equations
@@ -266,6 +277,7 @@ void MainForm::mnuSettings_Click() {
   OptionsDialog dialog(on_.Document.Settings, on_.Numbers, on_.Messages, this);
   connect(&dialog, &OptionsDialog::Applied, this, [this](const SettingsInput& input) {
     if (!CloseSettings(input, on_.Numbers, bounds_, on_.Document)) Redraw();
+    if (steps_.Current() == 2) ShowStepStatus();
   });
   OfferHelpBeside(dialog, SettingsHelpTopic);
   dialog.exec();
