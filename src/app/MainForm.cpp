@@ -18,6 +18,7 @@
 #include "app/HelpViewer.h"
 #include "app/InstructionFrame.h"
 #include "app/OptionsDialog.h"
+#include "app/Step2Findings.h"
 #include "app/StepTexts.h"
 #include "canvas/DoLabel.h"
 #include "canvas/Paper.h"
@@ -95,7 +96,7 @@ void MainForm::ShowCaption(const std::string& caption) { setWindowTitle(QString:
 
 void MainForm::Redraw() {
   DeferredMessages messages;
-  const CanvasContext context{bounds_, on_.Numbers, Measure()};
+  const CanvasContext context{bounds_, on_.RulerNumbers.value_or(on_.Numbers), Measure()};
   bool joined = true;
   picDraw_->PaintBacking(
       [&](Surface& surface) { joined = RedrawTruss(on_.Document, drawing_, surface, context, messages); });
@@ -186,9 +187,22 @@ void MainForm::ShowStep() {
   picDraw_->SetLabelsActive(steps_.NamesAreShown());
   picDraw_->ShowDrawing();
   tool_->SetActive(step == 1 && picDraw_->isEnabled());
-  status_.EnterStep(steps_.StatusText().empty() ? Step1StatusText : ToUtf8(steps_.StatusText()));
+  status_.EnterStep(StepText());
   ShowStatus();
   UpdateFileMenu();
+}
+
+std::string MainForm::StepText() const {
+  if (steps_.Current() == 2) {
+    return ToUtf8(steps_.StatusText() + Step2Findings(on_.Document, NumNamesOutOfReach(), on_.Numbers));
+  }
+  return steps_.StatusText().empty() ? Step1StatusText : ToUtf8(steps_.StatusText());
+}
+
+// Names under the panel of the step cannot be clicked either.
+int MainForm::NumNamesOutOfReach() const {
+  return NumLabelsOutside(drawing_, {0, static_cast<float>(StepPanelHeight)},
+                          {static_cast<float>(picDraw_->width()), static_cast<float>(picDraw_->height())});
 }
 
 // --- names and joint equations
@@ -311,6 +325,9 @@ void MainForm::mnuSettings_Click() {
   OptionsDialog dialog(on_.Document.Settings, on_.Numbers, on_.Messages, this);
   connect(&dialog, &OptionsDialog::Applied, this, [this](const SettingsInput& input) {
     if (!CloseSettings(input, on_.Numbers, bounds_, on_.Document)) Redraw();
+    if (steps_.Current() != 2) return;
+    status_.RenewStep(StepText());
+    ShowStatus();
   });
   OfferHelpBeside(dialog, SettingsHelpTopic);
   dialog.exec();

@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <array>
 #include <memory>
+#include <optional>
 
 #include "app/StatusTexts.h"
 #include "app/StepPanels.h"
@@ -38,7 +39,8 @@ class MainForm final : public QMainWindow, private DocumentWindow {
     MessageBox& Messages;
     FileChooser& Chooser;
     NumberFormat Numbers;
-    std::string ProgramDirectory;  ///< UTF-8, without a separator at its end
+    std::string ProgramDirectory;                             ///< UTF-8, without a separator at its end
+    std::optional<NumberFormat> RulerNumbers = std::nullopt;  ///< for the rulers, when they have another
   };
 
   explicit MainForm(const Partners& partners);
@@ -99,6 +101,8 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void RenameLabel(LabelIndex label);
   void ShowJointEquations(LabelIndex label);
   void ShowStep();
+  std::string StepText() const;
+  int NumNamesOutOfReach() const;
   void UpdateFileMenu();
   void ShowStatus();
   void ShowHint(const std::string& hint);

@@ -20,6 +20,9 @@ class StatusTexts {
   /// A step has been entered, or another document: its text stands, and all notes and hints end.
   void EnterStep(const std::string& text);
 
+  /// The text of the present step has changed; notes and hints stay.
+  void RenewStep(const std::string& text) { standing_ = text; }
+
   /// Notes something until the next step, in place of the former note on the same; an empty text withdraws
   /// it.
   void Note(StatusNote about, const std::string& text);

@@ -58,7 +58,8 @@ int RunWindow(int argc, char** argv, const CommandLine& commandLine) {
                                    .Messages = messages,
                                    .Chooser = chooser,
                                    .Numbers = SystemNumberFormat(),
-                                   .ProgramDirectory = QApplication::applicationDirPath().toStdString()});
+                                   .ProgramDirectory = QApplication::applicationDirPath().toStdString(),
+                                   .RulerNumbers = SystemRulerNumbers()});
   form.show();
   if (readsInput) {
     form.OpenAtStart(input, commandLine.AutoName);
