@@ -7,25 +7,19 @@
 
 #include "app/Icons.h"
 #include "platform/MessageBox.h"
+#include "platform/qt/FittedText.h"
+#include "platform/qt/ScreenRoom.h"
 
 namespace {
 
 constexpr QSize PictureSize(320, 120);
+constexpr double TitleSize = 1.8;  // times the size of the other letters
 
 QLabel* MakeLabel(const char* name, const QString& text) {
   auto* label = new QLabel(text);
   label->setObjectName(QString::fromUtf8(name));
   label->setTextFormat(Qt::PlainText);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  return label;
-}
-
-QLabel* MakeTitle() {
-  QLabel* label = MakeLabel("lblName", QString::fromUtf8(MessageTitle));
-  QFont font = label->font();
-  font.setPointSizeF(font.pointSizeF() * 1.8);
-  font.setBold(true);
-  label->setFont(font);
   return label;
 }
 
@@ -51,7 +45,8 @@ AboutForm::AboutForm(QWidget* parent) : QDialog(parent) {
   rows->setSpacing(4);
   rows->addWidget(picture, 0, Qt::AlignHCenter);
   rows->addSpacing(10);
-  rows->addWidget(MakeTitle());
+  QLabel* title = MakeLabel("lblName", QString::fromUtf8(MessageTitle));
+  rows->addWidget(title);
   rows->addWidget(MakeLabel("lblVersion", QStringLiteral("Version " ORVANE_VERSION)));
   rows->addSpacing(6);
   rows->addWidget(
@@ -65,4 +60,9 @@ AboutForm::AboutForm(QWidget* parent) : QDialog(parent) {
   rows->addWidget(Command1, 0, Qt::AlignRight);
   rows->setSizeConstraint(QLayout::SetFixedSize);
   Command1->setFocus();
+  FitWidget(*this, font(), WindowRoom(*this), [title](const QFont& font) {
+    QFont larger = ScaledFont(font, TitleSize);
+    larger.setBold(true);
+    title->setFont(larger);
+  });
 }

@@ -9,6 +9,7 @@
 #include <QToolButton>
 
 #include "app/HelpIcons.h"
+#include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
 
 namespace {
@@ -117,7 +118,18 @@ void FindBar::Find(QTextDocument::FindFlags direction) {
 void FindBar::ShowResult(const QString& text, bool found) {
   lblFound_->setText(text);
   lblFound_->setAccessibleName(text);
-  QFont font = lblFound_->font();
-  font.setBold(!found);
-  lblFound_->setFont(font);
+  found_ = found;
+  FitResult();
+}
+
+void FindBar::FitResult() {
+  QFont font = this->font();
+  font.setBold(!found_);
+  FitLabel(*lblFound_, font);
+}
+
+void FindBar::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  layout()->activate();
+  FitResult();
 }

@@ -27,13 +27,16 @@ class FindBar final : public QWidget {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void Find(QTextDocument::FindFlags direction);
   void FindWhileTyping();
   void ShowResult(const QString& text, bool found);
+  void FitResult();
 
   QTextBrowser& browser_;
   QLineEdit* txtFind_;
   QLabel* lblFound_;
+  bool found_ = true;
 };

@@ -3,7 +3,7 @@
 
 #include <QAction>
 #include <QDesktopServices>
-#include <QScreen>
+#include <QHeaderView>
 #include <QSplitter>
 #include <QToolBar>
 #include <QTreeWidget>
@@ -15,12 +15,14 @@
 #include "app/HelpFindBar.h"
 #include "app/HelpIcons.h"
 #include "app/HelpTopics.h"
+#include "platform/qt/ScreenRoom.h"
 
 namespace {
 
 constexpr QSize StartSize(1040, 760);
-constexpr int ContentsWidth = 290;
-constexpr int RowAir = 7;  // pixels between the lines of the contents
+constexpr int LeastContentsWidth = 290;
+constexpr int ContentsWidthInLines = 19;  // in line heights
+constexpr int RowAir = 7;                 // pixels between the lines of the contents
 constexpr int PageRole = Qt::UserRole;
 
 QString ContentsFile() { return QStringLiteral("contents.hhc"); }
@@ -58,8 +60,10 @@ HelpViewer::HelpViewer(MessageBox& messages, QWidget* parent)
   splitter->setStretchFactor(1, 1);
   splitter->setCollapsible(1, false);
   setCentralWidget(splitter);
-  resize(StartSize.boundedTo(screen()->availableSize() * 0.9));
-  splitter->setSizes({ContentsWidth, width() - ContentsWidth});
+  resize(StartSize.boundedTo(WindowRoom(*this) * 0.95));
+  const int contentsWidth =
+      std::min(std::max(LeastContentsWidth, ContentsWidthInLines * fontMetrics().height()), width() / 3);
+  splitter->setSizes({contentsWidth, width() - contentsWidth});
 
   CreateActions();
   connect(browser_, &HelpBrowser::PageShown, this, &HelpViewer::PageChanged);
@@ -182,6 +186,7 @@ void HelpViewer::BringUp() {
 
 void HelpViewer::FillContents() {
   contents_->clear();
+  int widest = 0;
   const QByteArray list = file_.Read(ContentsFile());
   std::vector<QTreeWidgetItem*> branch = {contents_->invisibleRootItem()};  // the way down to the last entry
   for (const HelpContentsEntry& entry : ReadHelpContents(list.toStdString())) {
@@ -189,9 +194,13 @@ void HelpViewer::FillContents() {
     auto* item = new QTreeWidgetItem(branch.back(), {QString::fromStdString(entry.Title)});
     item->setSizeHint(0, QSize(0, fontMetrics().height() + RowAir));
     item->setData(0, PageRole, QString::fromStdString(entry.Page));
+    widest = std::max(widest, static_cast<int>(branch.size()) * contents_->indentation() +
+                                  fontMetrics().horizontalAdvance(item->text(0)) + RowAir);
     branch.push_back(item);
   }
   contents_->expandAll();
+  // In a narrow column one scrolls to the end of a title.
+  contents_->header()->setMinimumSectionSize(widest);
 }
 
 void HelpViewer::ShowContentsEntry(const QTreeWidgetItem* entry) {

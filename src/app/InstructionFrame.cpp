@@ -7,13 +7,17 @@
 #include <QPushButton>
 #include <QShowEvent>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "app/Icons.h"
+#include "platform/qt/FittedText.h"
 
 namespace {
 
-constexpr int FrameWidth = 400;
+constexpr int LeastWidth = 400;
+constexpr int WidthInLines = 27;  // the width that reads well, in line heights
 constexpr int MarkSide = 40;
+constexpr auto LargerBy = "largerBy";  // a property of bold labels
 
 struct StepLine {
   const char* Title;
@@ -34,13 +38,11 @@ QLabel* MakeText(const QString& text) {
   return label;
 }
 
-QLabel* MakeBold(const QString& text, qreal scale) {
+// Letters larger than the rest by the factor LargerBy.
+QLabel* MakeBold(const QString& text, double largerBy) {
   auto* label = new QLabel(text);
   label->setTextFormat(Qt::PlainText);
-  QFont font = label->font();
-  font.setPointSizeF(font.pointSizeF() * scale);
-  font.setBold(true);
-  label->setFont(font);
+  label->setProperty(LargerBy, largerBy);
   return label;
 }
 
@@ -91,14 +93,41 @@ InstructionFrame::InstructionFrame(QWidget* parent) : QFrame(parent) {
   connect(cmdOKInstruct1, &QPushButton::clicked, this, &InstructionFrame::Dismissed);
   setFocusProxy(cmdOKInstruct1);
 
-  auto* rows = new QVBoxLayout(this);
-  rows->setContentsMargins(18, 16, 18, 14);
-  rows->setSpacing(14);
-  rows->addLayout(Heading(devicePixelRatioF()));
-  rows->addLayout(StepList());
-  rows->addWidget(cmdOKInstruct1, 0, Qt::AlignRight);
-  setFixedWidth(FrameWidth);
-  setFixedHeight(rows->totalHeightForWidth(FrameWidth));
+  rows_ = new QVBoxLayout(this);
+  rows_->setContentsMargins(18, 16, 18, 14);
+  rows_->setSpacing(14);
+  rows_->addLayout(Heading(devicePixelRatioF()));
+  rows_->addLayout(StepList());
+  rows_->addWidget(cmdOKInstruct1, 0, Qt::AlignRight);
+  SetLetters(font());
+  setFixedSize(SizeFor(font(), QSize(LeastWidth, 0)));
+}
+
+void InstructionFrame::SetLetters(const QFont& font) {
+  setFont(font);
+  for (QLabel* label : findChildren<QLabel*>()) {
+    const QVariant largerBy = label->property(LargerBy);
+    if (!largerBy.isValid()) continue;
+    QFont bold = ScaledFont(font, largerBy.toDouble());
+    bold.setBold(true);
+    label->setFont(bold);
+  }
+  ForgetSizes(*this);
+}
+
+QSize InstructionFrame::SizeFor(const QFont& font, QSize room) const {
+  const int liked = std::max(LeastWidth, WidthInLines * QFontMetrics(font).height());
+  const int width = std::max(rows_->totalMinimumSize().width(), std::min(liked, room.width()));
+  return {width, rows_->totalHeightForWidth(width)};
+}
+
+void InstructionFrame::FitInto(QSize room, const QFont& wanted) {
+  const QFont fitting = LargestFont(wanted, [&](const QFont& font) {
+    SetLetters(font);
+    const QSize size = SizeFor(font, room);
+    return size.width() <= room.width() && size.height() <= room.height();
+  });
+  setFixedSize(SizeFor(fitting, room));
 }
 
 void InstructionFrame::keyPressEvent(QKeyEvent* event) {

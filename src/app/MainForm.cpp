@@ -18,6 +18,7 @@
 #include "app/HelpViewer.h"
 #include "app/InstructionFrame.h"
 #include "app/OptionsDialog.h"
+#include "app/StatusPanel.h"
 #include "app/Step2Findings.h"
 #include "app/StepTexts.h"
 #include "canvas/DoLabel.h"
@@ -33,8 +34,6 @@
 #include "text/CodePage.h"
 
 namespace {
-
-constexpr int SmallestLayout = 200;  // pixels; a smaller window is left as it is
 
 // The only file of a drop, if there is one and it is a truss file.
 QString DroppedTruss(const QMimeData* data) {
@@ -260,7 +259,7 @@ void MainForm::ShowReport(int report) {
       report_->LoadGridWithSolutions(*shownAnalysis_, sigFigs);
       break;
   }
-  report_->BringUp();
+  BringUpReport();
 }
 
 // --- menus
@@ -368,7 +367,7 @@ void MainForm::ShowHelpOnStep() { ShowHelp(HelpTopicForStep(steps_.Current(), In
 
 void MainForm::ShowStatus() {
   const QString text = QString::fromStdString(status_.Shown());
-  statusPanels_[0]->setText(text);
+  statusPanels_[0]->ShowText(text);
   statusPanels_[0]->setToolTip(PlainToolTip(text.trimmed()));
 }
 
@@ -388,36 +387,6 @@ void MainForm::Note(StatusNote about, const std::string& text) {
 }
 
 // --- window events
-
-void MainForm::resizeEvent(QResizeEvent* event) {
-  QMainWindow::resizeEvent(event);
-  Layout();
-}
-
-void MainForm::Layout() {
-  tool_->Cancel();
-  const int width = centralWidget()->width();
-  const int height = centralWidget()->height() + statusBar()->height();
-  if (width < SmallestLayout || height < SmallestLayout) return;
-
-  frInstruct1_->move((width - frInstruct1_->width()) / 2, (height - frInstruct1_->height()) / 2);
-  const int canvasHeight = height - statusBar()->height();
-  picDraw_->setGeometry(0, 0, width + 1, canvasHeight);
-  for (QWidget* panel : std::initializer_list<QWidget*>{picToolBox_, picStep2_, picStep3_}) {
-    panel->setGeometry(0, 0, width + 1, StepPanelHeight);
-  }
-  statusPanels_[0]->setGeometry(0, 0, width - 140, statusBar()->height());
-  statusPanels_[1]->setGeometry(width - 140, 0, 120, statusBar()->height());
-  for (const StepNavigation& navigation : navigation_) navigation.Layout(width);
-
-  bounds_ = CanvasBounds{.PixL = 48,
-                         .PixR = static_cast<float>(width - 52),
-                         .PixT = 70,
-                         .PixB = static_cast<float>(canvasHeight - 33)};
-  on_.Document.View = DeriveView(on_.Document.Settings, bounds_);
-  tool_->SetRoom(QRect(0, StepPanelHeight, width, canvasHeight - StepPanelHeight));
-  Redraw();
-}
 
 void MainForm::closeEvent(QCloseEvent* event) {
   tool_->Cancel();

@@ -2,7 +2,6 @@
 // together and shows what they decide.
 #pragma once
 
-#include <QLabel>
 #include <QMainWindow>
 #include <array>
 #include <memory>
@@ -27,6 +26,7 @@ class InstructionFrame;
 class JointEquationsPanel;
 class QShortcut;
 class ReportWindow;
+class StatusPanel;
 
 class MainForm final : public QMainWindow, private DocumentWindow {
   Q_OBJECT
@@ -54,6 +54,7 @@ class MainForm final : public QMainWindow, private DocumentWindow {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dragMoveEvent(QDragMoveEvent* event) override;
@@ -78,6 +79,10 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void CreateHelpMenu();
   void CreateShortcuts();
   void PlaceOnScreen();
+  void PlaceReport();
+  void BringUpReport();
+  void PlaceInstructions(QSize inner);
+  void FollowLetters();
   void Layout();
 
   void cmdOKInstruct1_Click();
@@ -135,10 +140,11 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   JointEquationsPanel* jointPanel_ = nullptr;
   std::shared_ptr<const TrussAnalysis> shownAnalysis_;  // what the report window shows
   std::unique_ptr<ReportWindow> report_;
+  QRect placedReport_;         // where this window has put it; elsewhere the user has moved it
   QSize printableReportSize_;  // as the user left it; invalid before
   int shownReport_ = 1;        // 1 Counting, 2 Equations, 3 RREF, 4 Solutions
   std::unique_ptr<HelpViewer> help_;
-  std::array<QLabel*, 2> statusPanels_{};
+  std::array<StatusPanel*, 2> statusPanels_{};
   QMenu* mnuFile_ = nullptr;
   QAction* mnuSettings_ = nullptr;
   QAction* mnuFileSave_ = nullptr;

@@ -2,41 +2,17 @@
 #include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPainter>
-#include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
-#include <QStyle>
 
 #include "app/AboutForm.h"
 #include "app/HelpTopics.h"
 #include "app/HelpViewer.h"
 #include "app/InstructionFrame.h"
 #include "app/MainForm.h"
+#include "app/StatusPanel.h"
 #include "reports/JointEquationsPanel.h"
 #include "reports/ReportWindow.h"
-
-namespace {
-
-constexpr int StartWidth = 566;  // pixels: 8490 twips
-constexpr int StartHeight = 600;
-constexpr int ReportOffset = 60;  // the report window stands this far right of and below the main window
-
-// A panel of the status bar. The blanks around a text would push the first of two lines out of line.
-class StatusPanel final : public QLabel {
- public:
-  using QLabel::QLabel;
-
- protected:
-  void paintEvent(QPaintEvent* /*event*/) override {
-    QPainter painter(this);
-    const int flags = static_cast<int>(alignment()) | (wordWrap() ? Qt::TextWordWrap : Qt::TextSingleLine);
-    style()->drawItemText(&painter, contentsRect(), flags, palette(), isEnabled(), text().trimmed(),
-                          foregroundRole());
-  }
-};
-
-}  // namespace
 
 MainForm::MainForm(const Partners& partners) : on_(partners), recent_(partners.Store) {
   setObjectName(QStringLiteral("MainForm"));
@@ -55,14 +31,6 @@ MainForm::MainForm(const Partners& partners) : on_(partners), recent_(partners.S
 }
 
 MainForm::~MainForm() = default;
-
-void MainForm::PlaceOnScreen() {
-  resize(StartWidth, StartHeight);
-  const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-  const QPoint corner(screen.left() + (screen.width() - StartWidth) / 2, screen.top() + screen.height() / 20);
-  move(corner);
-  report_->move(corner + QPoint(ReportOffset, ReportOffset));
-}
 
 void MainForm::CreateCanvasAndPanels() {
   auto* inner = new QWidget(this);
@@ -102,7 +70,7 @@ void MainForm::CreateToolPanel() {
   connect(tool_.get(), &CanvasTools::WorkBegan, this, &MainForm::EndHint);
   connect(picToolBox_, &ToolBox::DigitPressed, tool_.get(), &CanvasTools::ChooseTool);
   connect(tool_.get(), &CanvasTools::ReadOutChanged, this,
-          [this](const QString& text) { statusPanels_[1]->setText(text); });
+          [this](const QString& text) { statusPanels_[1]->ShowText(text); });
   StepNavigation& navigation = navigation_[0];
   navigation.CaptionLeft = 264;
   navigation.Caption = AddStepCaption(picToolBox_, QStringLiteral("Label9"), tr("Step 1\nDesign the truss"));
@@ -165,17 +133,8 @@ void MainForm::CreateReportPanel() {
 
 void MainForm::CreateStatusBar() {
   statusBar()->setObjectName(QStringLiteral("StatusBar1"));
-  // The longest texts need two lines in the window as it starts.
-  statusBar()->setFixedHeight(2 * fontMetrics().height() + 6);
-  for (int i = 1; i <= 2; ++i) {
-    auto* panel = new StatusPanel(statusBar());
-    panel->setObjectName(QStringLiteral("StatusBar1(%1)").arg(i));
-    panel->setTextFormat(Qt::PlainText);
-    panel->setWordWrap(i == 1);
-    panel->setAlignment(Qt::AlignVCenter | (i == 1 ? Qt::AlignLeft : Qt::AlignRight));
-    panel->setContentsMargins(8, 0, 8, 0);
-    statusPanels_[static_cast<std::size_t>(i - 1)] = panel;
-  }
+  for (int i = 1; i <= 2; ++i)
+    statusPanels_[static_cast<std::size_t>(i - 1)] = new StatusPanel(i, statusBar());
 }
 
 void MainForm::CreateMenus() {
@@ -266,4 +225,12 @@ void MainForm::CreateShortcuts() {
   }
   auto* helpOnReport = new QShortcut(QKeySequence::HelpContents, report_.get());
   connect(helpOnReport, &QShortcut::activated, this, [this] { ShowHelp(HelpTopicForReport(shownReport_)); });
+  // The access keys of the report buttons, so that a reader goes from report to report without the mouse.
+  for (QPushButton* button : picStep3_->findChildren<QPushButton*>()) {
+    if (button == navigation_[2].Prev) continue;
+    auto* shortcut = new QShortcut(QKeySequence::mnemonic(button->text()), report_.get());
+    connect(shortcut, &QShortcut::activated, this, [this, button] {
+      if (steps_.Current() == 3) button->click();
+    });
+  }
 }

@@ -12,13 +12,17 @@
 #include <QPushButton>
 #include <QShowEvent>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <vector>
 
+#include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/ScreenRoom.h"
 
 namespace {
 
-constexpr int ControlWidth = 84;
+constexpr int LeastControlWidth = 84;
+constexpr int DigitsInControl = 10;  // that are seen at once in large letters
 constexpr int RowSpacing = 8;
 constexpr auto GridToolTip = "Used with Snap to grid.";
 
@@ -117,13 +121,13 @@ OptionsDialog::OptionsDialog(const DocumentSettings& settings, const NumberForma
   LayOut();
   FixTabOrder();
   ShowInput(LoadSettings(settings, format_));
+  FitToScreen();
 }
 
 void OptionsDialog::MakeControls() {
   for (const SettingsBox box : SettingsBoxes) {
     auto* text = new SettingTextBox;
     text->setObjectName(QStringLiteral("txtDim(%1)").arg(static_cast<int>(box)));
-    text->setFixedWidth(ControlWidth);
     text->setAlignment(Qt::AlignRight);
     txtDim[box] = text;
   }
@@ -131,9 +135,7 @@ void OptionsDialog::MakeControls() {
     txtDim[box]->setToolTip(QString::fromUtf8(GridToolTip));
   }
   cmbSigFigs = MakeComboBox("cmbSigFigs", SigFigsItems);
-  cmbSigFigs->setFixedWidth(ControlWidth);
   cmbFontSize = MakeComboBox("cmbFontSize", FontSizeItems);
-  cmbFontSize->setFixedWidth(ControlWidth);
   chkShowRulers = MakeCheckBox("chkShowRulers", "Show rulers", Qt::Key_R);
   chkSnapGrid = MakeCheckBox("chkSnapGrid", "Snap to grid", Qt::Key_S);
   chkShowGrid = MakeCheckBox("chkShowGrid", "Show grid", Qt::Key_G);
@@ -145,7 +147,6 @@ void OptionsDialog::MakeButtons() {
   cmdClose->setDefault(true);
   cmdCancel = MakeButton("cmdCancel", "Cancel", Qt::Key_A);
   cmdFactory = MakeButton("cmdFactory", "Factory settings", Qt::Key_F);
-  cmdFactory->setMinimumWidth(cmdFactory->sizeHint().width() + 16);
   cmdFactory->setToolTip(QStringLiteral("Set all options to factory settings"));
   connect(cmdClose, &QPushButton::clicked, this, &OptionsDialog::CloseIfGood);
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -217,6 +218,15 @@ QWidget* OptionsDialog::SwitchesFrame() {
   for (QCheckBox* box : {chkShowRulers, chkSnapGrid, chkShowGrid, chkSnapObject}) rows->addWidget(box);
   rows->addStretch();
   return MakeFrame("Switches", rows);
+}
+
+void OptionsDialog::FitToScreen() {
+  FitWidget(*this, font(), WindowRoom(*this), [this](const QFont& font) {
+    const int digits = DigitsInControl * QFontMetrics(font).horizontalAdvance(QLatin1Char('0'));
+    const int width = std::max(LeastControlWidth, digits);
+    for (const auto& [box, text] : txtDim) text->setFixedWidth(width);
+    for (QComboBox* box : {cmbSigFigs, cmbFontSize}) box->setFixedWidth(width);
+  });
 }
 
 void OptionsDialog::FixTabOrder() {

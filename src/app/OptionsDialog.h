@@ -40,6 +40,7 @@ class OptionsDialog final : public QDialog {
   QWidget* DisplayFrame();
   QWidget* SwitchesFrame();
   void AddRow(QGridLayout& rows, const QStringList& lines, QWidget* control);
+  void FitToScreen();
   void FixTabOrder();
 
   void ShowInput(const SettingsInput& input);

@@ -3,29 +3,43 @@
 
 #include <algorithm>
 
+#include "platform/qt/FittedText.h"
+
 namespace {
 
-constexpr int ButtonHeight = 28;
-constexpr int ButtonTop = (StepPanelHeight - ButtonHeight) / 2;
+constexpr int ButtonHeight = 28;  // with letters of the usual size
+constexpr int HighestButton = StepPanelHeight - 4;
+constexpr int AirAboveAndBelow = 10;  // together, around a button's caption
 constexpr int NextButtonFromRight = 88;
 constexpr int PrevButtonFromRight = 152;
 constexpr int StepButtonWidth = 60;
+constexpr int CaptionMargin = 2;  // left and right
+
+void CentreInPanel(QPushButton& button, int height) {
+  button.setGeometry(button.x(), (StepPanelHeight - height) / 2, button.width(), height);
+}
 
 }  // namespace
 
-void StepNavigation::Layout(int windowWidth) const {
+void StepNavigation::Layout(int windowWidth, const QFont& wanted) const {
   int spaceEnd = windowWidth;
   if (Next != nullptr) {
     spaceEnd = windowWidth - NextButtonFromRight;
-    Next->move(spaceEnd, ButtonTop);
+    Next->move(spaceEnd, Next->y());
   }
   if (Prev != nullptr) {
     spaceEnd = windowWidth - PrevButtonFromRight;
-    Prev->move(spaceEnd, ButtonTop);
+    Prev->move(spaceEnd, Prev->y());
   }
   const int space = std::max(0, spaceEnd - CaptionLeft);
-  Caption->setFixedWidth(std::min(Caption->sizeHint().width(), std::max(space - 4, 0)));
-  Caption->setFixedHeight(StepPanelHeight);
+  const QSize room(space - 2 * CaptionMargin, StepPanelHeight);
+  const auto fits = [&](const QFont& font) {
+    return TextFits(font, Caption->text(), room, static_cast<int>(Caption->alignment()));
+  };
+  const QFont font = LargestFont(wanted, fits);
+  Caption->setFont(font);
+  Caption->setVisible(fits(font));
+  Caption->resize(std::clamp(Caption->sizeHint().width(), 0, std::max(room.width(), 0)), StepPanelHeight);
   Caption->move(CaptionLeft + (space - Caption->width()) / 2, 0);
 }
 
@@ -34,7 +48,8 @@ QPushButton* AddPanelButton(QWidget* panel, const QString& objectName, const QSt
   auto* button = new QPushButton(text, panel);
   button->setObjectName(objectName);
   button->setToolTip(toolTip);
-  button->setGeometry(left, ButtonTop, width, ButtonHeight);
+  button->setGeometry(left, 0, width, ButtonHeight);
+  CentreInPanel(*button, ButtonHeight);
   return button;
 }
 
@@ -49,4 +64,15 @@ QLabel* AddStepCaption(QWidget* panel, const QString& objectName, const QString&
   caption->setTextFormat(Qt::PlainText);
   caption->setAlignment(Qt::AlignCenter);
   return caption;
+}
+
+void FitStepButtons(std::initializer_list<QWidget*> panels, const QFont& wanted) {
+  QList<QPushButton*> buttons;
+  for (QWidget* panel : panels) buttons += panel->findChildren<QPushButton*>();
+  for (QPushButton* button : buttons) CentreInPanel(*button, HighestButton);
+  FitCaptions(buttons, wanted);
+  for (QPushButton* button : buttons) {
+    CentreInPanel(*button,
+                  std::clamp(button->fontMetrics().height() + AirAboveAndBelow, ButtonHeight, HighestButton));
+  }
 }

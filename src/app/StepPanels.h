@@ -5,6 +5,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QPushButton>
+#include <initializer_list>
 
 /// Pixels. The panels lie over the strip of the canvas above the drawing area.
 inline constexpr int StepPanelHeight = 46;
@@ -17,8 +18,9 @@ struct StepNavigation {
   QPushButton* Next = nullptr;  ///< absent in Step 3
   int CaptionLeft = 0;
 
-  /// Places them for a window of this inner width.
-  void Layout(int windowWidth) const;
+  /// Places them for a window of this inner width. The caption is set in the largest font up to `wanted` that
+  /// fits the space; in a window that is too narrow for any it is hidden.
+  void Layout(int windowWidth, const QFont& wanted) const;
 };
 
 QPushButton* AddStepButton(QWidget* panel, const QString& objectName, const QString& text,
@@ -28,3 +30,7 @@ QLabel* AddStepCaption(QWidget* panel, const QString& objectName, const QString&
 /// A push button in the panel's row of buttons.
 QPushButton* AddPanelButton(QWidget* panel, const QString& objectName, const QString& text,
                             const QString& toolTip, int left, int width);
+
+/// Sets all push buttons of the panels in one font, the largest up to `wanted` in which every caption fits,
+/// and gives them the height that it asks for.
+void FitStepButtons(std::initializer_list<QWidget*> panels, const QFont& wanted);

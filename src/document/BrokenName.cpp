@@ -2,7 +2,7 @@
 #include "document/BrokenName.h"
 
 #include "text/CodePage.h"
-#include "text/OneLine.h"
+#include "text/ControlCharacters.h"
 
 namespace {
 
@@ -11,7 +11,7 @@ bool IsBroken(const std::string& name) { return name.find('"') != std::string::n
 std::string Element(const char* kind, const std::string& name) {
   constexpr std::size_t longest = 40;
   const std::string shown = name.substr(0, longest) + (name.size() > longest ? "..." : "");
-  return std::string(kind) + " \"" + ToUtf8(OnOneLine(shown)) + '"';
+  return std::string(kind) + " \"" + VisibleText(ToUtf8(shown)) + '"';
 }
 
 }  // namespace

@@ -11,13 +11,16 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "editing/NumberBox.h"
+#include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
 
 namespace {
 
-constexpr int BoxWidth = 110;     // pixels
+constexpr int LeastBoxWidth = 110;  // pixels
+constexpr int DigitsInBox = 12;
 constexpr int OptionIndent = 12;  // pixels
 
 QLabel* MakeLabel(const QString& text) {
@@ -62,7 +65,7 @@ ValueEditorFrame::ValueEditorFrame(int editingKind, ValueEditor& editor, QWidget
 
   auto* lblCaption = MakeLabel(caption);
   lblCaption->setObjectName(ControlName("lblCaption"));
-  QFont bold = lblCaption->font();
+  QFont bold;
   bold.setBold(true);
   lblCaption->setFont(bold);
   auto* rows = new QVBoxLayout(this);
@@ -136,11 +139,8 @@ void ValueEditorFrame::AddBoxes(QVBoxLayout* rows) {
     const auto at = static_cast<std::size_t>(box - 1);
     auto* label = MakeLabel(QString());
     label->setObjectName(ControlName(box == 1 ? "lblNewCoords1" : "lblNewCoords2"));
-    // As wide as the widest caption, so that nothing moves when the notation changes.
-    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QStringLiteral("rel. magnitude ")));
     auto* text = new NumberBox;
     text->setObjectName(ControlName(box == 1 ? "txtNewCoords1" : "txtNewCoords2"));
-    text->setMinimumWidth(BoxWidth);
     label->setBuddy(text);
     connect(text, &QLineEdit::textEdited, this, [this, box](const QString& typed) {
       editor_.txtNewCoords_Change(editingKind_, box, FromQt(typed));
@@ -188,7 +188,9 @@ void ValueEditorFrame::AddButtons(QVBoxLayout* rows) {
 
 void ValueEditorFrame::SetRoom(const QRect& room) {
   room_ = room;
-  if (!isHidden()) MoveInside(PixelsOf(pos()));
+  if (isHidden()) return;
+  FitIntoRoom();
+  MoveInside(PixelsOf(pos()));
 }
 
 void ValueEditorFrame::ShowEditor() {
@@ -227,12 +229,25 @@ void ValueEditorFrame::ForgetPlace() {
 void ValueEditorFrame::Open() {
   if (shownIndex_ != editor_.Index()) ForgetPlace();
   shownIndex_ = editor_.Index();
-  adjustSize();
+  FitIntoRoom();
   MoveInside(userPlace_ ? *userPlace_ : PanelPlace(editor_.EditedObject(editingKind_), Size(), Room()));
   show();
   raise();
   txtNewCoords_[0]->setFocus(Qt::OtherFocusReason);
   txtNewCoords_[0]->selectAll();
+}
+
+void ValueEditorFrame::FitIntoRoom() {
+  const QSize room(static_cast<int>(Room().Width), static_cast<int>(Room().Height));
+  FitWidget(*this, parentWidget()->font(), room, [this](const QFont& font) {
+    const QFontMetrics metrics(font);
+    // As wide as the widest caption, so that nothing moves when the notation changes.
+    const int labelWidth = metrics.horizontalAdvance(QStringLiteral("rel. magnitude "));
+    for (QLabel* label : lblNewCoords_) label->setMinimumWidth(labelWidth);
+    const int digits = DigitsInBox * metrics.horizontalAdvance(QLatin1Char('0'));
+    for (QLineEdit* box : txtNewCoords_) box->setMinimumWidth(std::max(LeastBoxWidth, digits));
+  });
+  adjustSize();
 }
 
 void ValueEditorFrame::Close() {

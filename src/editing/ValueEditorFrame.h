@@ -59,6 +59,7 @@ class ValueEditorFrame final : public QFrame {
   void ShowValues();
   void Open();
   void Close();
+  void FitIntoRoom();
   void MoveInside(PixelPoint leftTop);
   void EndDrag();
   PixelBox Room() const;

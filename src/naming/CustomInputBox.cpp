@@ -15,7 +15,9 @@
 #include <limits>
 
 #include "platform/MessageBox.h"
+#include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/ScreenRoom.h"
 
 namespace {
 
@@ -104,6 +106,7 @@ CustomInputBox::CustomInputBox(const std::string& prompt, const std::string& def
   rows->addSpacing(6);
   rows->addLayout(buttons);
   rows->setSizeConstraint(QLayout::SetFixedSize);
+  FitWidget(*this, font(), WindowRoom(*this));
 }
 
 std::string CustomInputBox::Text() const { return FromQt(txtInput->text()); }

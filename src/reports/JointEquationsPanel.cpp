@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
 #include "reports/OutlineColor.h"
 
@@ -21,14 +22,11 @@ constexpr int MinWidth = 233;      // pixels
 constexpr int WidthBeside = 45;    // pixels beside the longer equation, for borders and margins
 constexpr int ParentMargin = 8;    // pixels left free on each side in a narrow parent
 constexpr int ContentMargin = 16;  // pixels
+constexpr int MostCaptionLines = 3;
+constexpr int LongestCaption = 300;  // characters; a longer one is cut
 
 int TextWidth(const QWidget& box, const QString& text) {
   return std::min(box.fontMetrics().horizontalAdvance(text), QWIDGETSIZE_MAX - WidthBeside);
-}
-
-void SetEquation(QLineEdit& box, const QString& text) {
-  box.setText(text);
-  box.setMaximumWidth(TextWidth(box, text));
 }
 
 // The toolkit's frames lose a side on screens with a fractional scale.
@@ -62,10 +60,8 @@ JointEquationsPanel::JointEquationsPanel(QWidget* parent)
   layout->setSpacing(4);
   caption_->setObjectName(QStringLiteral("lblCaption"));
   caption_->setTextFormat(Qt::PlainText);
+  caption_->setWordWrap(true);
   caption_->setMinimumWidth(1);  // a long name must not widen the panel
-  QFont bold = caption_->font();
-  bold.setBold(true);
-  caption_->setFont(bold);
   layout->addWidget(caption_);
   layout->addSpacing(4);
   txtXEqn_ = AddEquation(QStringLiteral("txtXEqn"), QStringLiteral("forces right = forces left"));
@@ -106,22 +102,24 @@ QLineEdit* JointEquationsPanel::AddEquation(const QString& boxName, const QStrin
   inWell->addWidget(box, 1);
   inWell->addStretch();
 
-  layout()->addWidget(new QLabel(heading, this));
+  auto* label = new QLabel(heading, this);
+  label->setMinimumWidth(1);
+  headings_.append(label);
+  layout()->addWidget(label);
   layout()->addWidget(well);
   return box;
 }
 
-int JointEquationsPanel::WantedWidth(const JointEquationTexts& equations) const {
-  return std::max({MinWidth, TextWidth(*txtXEqn_, ToQt(equations.X)) + WidthBeside,
-                   TextWidth(*txtYEqn_, ToQt(equations.Y)) + WidthBeside});
+int JointEquationsPanel::WantedWidth() const {
+  return std::max({MinWidth, TextWidth(*txtXEqn_, txtXEqn_->text()) + WidthBeside,
+                   TextWidth(*txtYEqn_, txtYEqn_->text()) + WidthBeside});
 }
 
 void JointEquationsPanel::ShowEquations(const std::string& jointName, const JointEquationTexts& equations) {
   const QString caption = OneLineText(QStringLiteral("Equations for joint ") + ToQt(jointName));
   setAccessibleName(caption);
-  SetEquation(*txtXEqn_, ToQt(equations.X));
-  SetEquation(*txtYEqn_, ToQt(equations.Y));
-  wantedWidth_ = WantedWidth(equations);
+  txtXEqn_->setText(ToQt(equations.X));
+  txtYEqn_->setText(ToQt(equations.Y));
   KeepInsideParent();
   for (QLineEdit* box : {txtXEqn_, txtYEqn_}) box->setCursorPosition(0);
 
@@ -131,14 +129,60 @@ void JointEquationsPanel::ShowEquations(const std::string& jointName, const Join
   cmdOKJointReport_->setFocus(Qt::OtherFocusReason);
 }
 
+void JointEquationsPanel::SetLetters(const QFont& font, int roomWidth) {
+  setFont(font);
+  for (QLineEdit* box : {txtXEqn_, txtYEqn_}) box->setMaximumWidth(TextWidth(*box, box->text()));
+  // The width follows from the equations alone, so the headings are set in the letters that fit it.
+  const int headingWidth = std::clamp(WantedWidth(), 1, roomWidth) - 2 * ContentMargin;
+  for (QLabel* heading : headings_) {
+    heading->setFont(LargestFont(font, [&](const QFont& candidate) {
+      return QFontMetrics(candidate).horizontalAdvance(heading->text()) <= headingWidth;
+    }));
+  }
+  SetCaption(font, headingWidth);
+  ForgetSizes(*this);
+}
+
+void JointEquationsPanel::SetCaption(QFont font, int width) {
+  font.setBold(true);
+  const QString whole = accessibleName();
+  const auto fits = [&](const QFont& candidate) {
+    const QSize room(width, MostCaptionLines * QFontMetrics(candidate).lineSpacing());
+    return TextFits(candidate, whole, room, Qt::TextWordWrap);
+  };
+  const QFont fitting = whole.size() <= LongestCaption ? LargestFont(font, fits) : font;
+  const bool isWhole = whole.size() <= LongestCaption && fits(fitting);
+  caption_->setFont(isWhole ? fitting : font);
+  const QFontMetrics metrics = caption_->fontMetrics();
+  caption_->setText(isWhole ? whole : metrics.elidedText(whole, Qt::ElideRight, width));
+  caption_->setToolTip(isWhole ? QString() : PlainToolTip(whole));
+  caption_->setFixedHeight(
+      metrics.boundingRect(QRect(0, 0, width, QWIDGETSIZE_MAX), Qt::TextWordWrap, caption_->text()).height());
+}
+
+void JointEquationsPanel::SetRoom(const QRect& room) {
+  room_ = room;
+  if (isVisible()) KeepInsideParent();
+}
+
 void JointEquationsPanel::KeepInsideParent() {
-  const QSize room = parentWidget()->size();
-  resize(std::clamp(wantedWidth_, 1, std::max(1, room.width() - 2 * ParentMargin)), sizeHint().height());
-  const int captionRoom = contentsRect().width() - 2 * ContentMargin;
-  caption_->setText(caption_->fontMetrics().elidedText(accessibleName(), Qt::ElideRight, captionRoom));
-  caption_->setToolTip(caption_->text() == accessibleName() ? QString() : PlainToolTip(accessibleName()));
-  move(std::max(0, std::min(x(), room.width() - width())),
-       std::max(0, std::min(y(), room.height() - height())));
+  const QRect area = room_.isValid() ? room_ : parentWidget()->rect();
+  const QSize room = (area.size() - QSize(2 * ParentMargin, 0)).expandedTo(QSize(1, 1));
+  const QFont usual = parentWidget()->font();
+  const auto isNarrow = [&] { return WantedWidth() <= room.width(); };
+  // In an equation that is too long even for the smallest letters one moves with the arrow keys, and they are
+  // the usual ones.
+  QFont smallest = usual;
+  smallest.setPointSizeF(SmallestPoints);
+  SetLetters(smallest, room.width());
+  const bool mayBeNarrow = isNarrow();
+  LargestFont(usual, [&](const QFont& font) {
+    SetLetters(font, room.width());
+    return (isNarrow() || !mayBeNarrow) && sizeHint().height() <= room.height();
+  });
+  resize(std::clamp(WantedWidth(), 1, room.width()), sizeHint().height());
+  move(std::max(area.left(), std::min(x(), area.right() + 1 - width())),
+       std::max(area.top(), std::min(y(), area.bottom() + 1 - height())));
 }
 
 bool JointEquationsPanel::eventFilter(QObject* watched, QEvent* event) {

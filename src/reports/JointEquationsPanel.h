@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QFrame>
+#include <QList>
 #include <QPointer>
 #include <string>
 
@@ -19,12 +20,12 @@ class JointEquationsPanel final : public QFrame {
  public:
   explicit JointEquationsPanel(QWidget* parent);
 
+  /// The part of the parent in which the panel lies. Until it is set, that is the whole parent.
+  void SetRoom(const QRect& room);
+
   /// Shows the panel before everything else, as wide as its equations need, and gives the focus to its
   /// button. Enter and Esc hide it and give the focus back. Texts are in the single-byte code page.
   void ShowEquations(const std::string& jointName, const JointEquationTexts& equations);
-
-  /// Pixels that a panel with these equations asks for; the parent may leave it less.
-  int WantedWidth(const JointEquationTexts& equations) const;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -34,12 +35,16 @@ class JointEquationsPanel final : public QFrame {
 
  private:
   QLineEdit* AddEquation(const QString& boxName, const QString& heading);
+  int WantedWidth() const;
+  void SetLetters(const QFont& font, int roomWidth);
+  void SetCaption(QFont font, int width);
   void KeepInsideParent();
 
   QLabel* caption_;
+  QList<QLabel*> headings_;
+  QRect room_;
   QLineEdit* txtXEqn_ = nullptr;
   QLineEdit* txtYEqn_ = nullptr;
   QPushButton* cmdOKJointReport_;
   QPointer<QWidget> focusBefore_;
-  int wantedWidth_ = 0;  // pixels
 };

@@ -12,7 +12,6 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QScopedValueRollback>
-#include <QScreen>
 #include <QScrollBar>
 #include <QTextEdit>
 #include <algorithm>
@@ -22,7 +21,9 @@
 #include "document/FileBytes.h"
 #include "document/FileWriting.h"
 #include "platform/qt/DocumentFiles.h"
+#include "platform/qt/FittedText.h"
 #include "platform/qt/QtClipboard.h"
+#include "platform/qt/ScreenRoom.h"
 #include "platform/qt/SmoothPictures.h"
 #include "platform/qt/WindowInFront.h"
 #include "reports/ReportProgressDialog.h"
@@ -96,8 +97,9 @@ PrintableReportWindow::PrintableReportWindow(Partners partners, QWidget* parent)
   MakeTextBox();
   MakeButtons();
   MakeActions();
+  FitButtons();
   FixSmallestSize();
-  resize(StartSize);
+  resize(StartSize.boundedTo(WindowRoom(*this)));
   LayOut();
 }
 
@@ -151,6 +153,14 @@ void PrintableReportWindow::MakeActions() {
   add(this, "Print", QKeySequence::Print, [this] { cmdReportPrint_Click(); });
   add(this, "Save as", QKeySequence::Save, [this] { cmdReportSaveAs_Click(); });
   add(this, "Close", QKeySequence::Close, [this] { reject(); });
+}
+
+// Copy and Close have a fixed width, and all four a height that leaves a margin below them.
+void PrintableReportWindow::FitButtons() {
+  const QList<QPushButton*> fixed = {cmdCopyToClipboard, cmdReportClose};
+  for (QPushButton* button : fixed) button->resize(ButtonWidth, ButtonHeight);
+  FitCaptions(fixed, font());
+  for (QPushButton* button : {cmdReportPrint, cmdReportSaveAs}) button->setFont(fixed.front()->font());
 }
 
 void PrintableReportWindow::FixSmallestSize() {
@@ -267,7 +277,7 @@ void PrintableReportWindow::cmdReportPrint_Click() {
   QPrintPreviewDialog preview(&printer, this, Qt::Window);
   preview.setObjectName(QStringLiteral("printPreview"));
   preview.setWindowTitle(QStringLiteral("Print the report"));
-  preview.resize(PreviewSize.boundedTo(screen()->availableSize()));
+  preview.resize(PreviewSize.boundedTo(WindowRoom(*this)));
   connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, [this, &preview](QPrinter* target) {
     // The preview may be about to open, so it is told to close only once it is there.
     if (!PrintOn(*target)) QMetaObject::invokeMethod(&preview, &QDialog::reject, Qt::QueuedConnection);

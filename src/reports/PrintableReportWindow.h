@@ -60,6 +60,7 @@ class PrintableReportWindow final : public QDialog {
   void MakeTextBox();
   void MakeButtons();
   void MakeActions();
+  void FitButtons();
   void FixSmallestSize();
   void LayOut();
 

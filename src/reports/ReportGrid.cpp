@@ -26,6 +26,22 @@ int LargestColumnWidth(int numColumns) {
   return std::min(largestSection, largestSum / std::max(1, numColumns));
 }
 
+// A name as a field of a copied line. A spreadsheet takes a quotation mark at its beginning for the beginning
+// of a quoted field, which would run over the tabs and lines behind it.
+QString FieldOfName(const QString& name) {
+  QString field = OneLineText(name);
+  if (field.startsWith(QLatin1Char('"')))
+    field = QLatin1Char('"') + field.replace(u'"', QLatin1String("\"\"")) + u'"';
+  return field;
+}
+
+// The table shows negative numbers with an en dash; a spreadsheet takes that for a word, and cannot reckon
+// with it. The decimal separator stays that of the user's country, as the spreadsheet's.
+QString FieldOfNumber(QString cell) {
+  if (cell.startsWith(QChar(0x2013))) cell[0] = QLatin1Char('-');
+  return cell;
+}
+
 }  // namespace
 
 ReportGrid::ReportGrid(QWidget* parent) : QTableView(parent) {
@@ -49,17 +65,17 @@ ReportGrid::ReportGrid(QWidget* parent) : QTableView(parent) {
 
   auto* copy = new QAction(QStringLiteral("&Copy"), this);
   copy->setShortcut(QKeySequence::Copy);
-  auto* copyWithHeaders = new QAction(QStringLiteral("Copy with &names"), this);
-  copyWithHeaders->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
+  auto* copyCells = new QAction(QStringLiteral("Copy without &names"), this);
+  copyCells->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
   auto* all = new QAction(QStringLiteral("Select &all"), this);
   all->setShortcut(QKeySequence::SelectAll);
-  for (QAction* action : {copy, copyWithHeaders, all}) {
+  for (QAction* action : {copy, copyCells, all}) {
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     addAction(action);
   }
   setContextMenuPolicy(Qt::ActionsContextMenu);
-  connect(copy, &QAction::triggered, this, [this] { CopySelection(false); });
-  connect(copyWithHeaders, &QAction::triggered, this, [this] { CopySelection(true); });
+  connect(copy, &QAction::triggered, this, [this] { CopyCells(true); });
+  connect(copyCells, &QAction::triggered, this, [this] { CopyCells(false); });
   connect(all, &QAction::triggered, this, &QTableView::selectAll);
 }
 
@@ -139,25 +155,31 @@ void ReportGrid::ShowHeaderColumn(int width) {
   }
 }
 
-void ReportGrid::CopySelection(bool withHeaders) {
+QItemSelectionRange ReportGrid::CellsToCopy() const {
   const QItemSelection ranges = selectionModel()->selection();
-  if (ranges.isEmpty()) return;
-  const QItemSelectionRange& range = ranges.first();  // selections are contiguous
-  QApplication::setOverrideCursor(Qt::WaitCursor);    // a whole large matrix is millions of cells
+  if (!ranges.isEmpty()) return ranges.first();  // selections are contiguous
+  if (model_.rowCount() == 0 || model_.columnCount() == 0) return {};
+  return {model_.index(0, 0), model_.index(model_.rowCount() - 1, model_.columnCount() - 1)};
+}
+
+void ReportGrid::CopyCells(bool withNames) {
+  const QItemSelectionRange range = CellsToCopy();
+  if (!range.isValid()) return;
+  QApplication::setOverrideCursor(Qt::WaitCursor);  // a whole large matrix is millions of cells
   QStringList lines;
-  if (withHeaders) {
-    QStringList names{OneLineText(model_.CornerText())};
+  if (withNames) {
+    QStringList names{FieldOfName(model_.CornerText())};
     for (int column = range.left(); column <= range.right(); ++column) {
-      names.append(OneLineText(model_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString()));
+      names.append(FieldOfName(model_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString()));
     }
     lines.append(names.join(QLatin1Char('\t')));
   }
   for (int row = range.top(); row <= range.bottom(); ++row) {
     QStringList cells;
-    if (withHeaders)
-      cells.append(OneLineText(model_.headerData(row, Qt::Vertical, Qt::DisplayRole).toString()));
+    if (withNames)
+      cells.append(FieldOfName(model_.headerData(row, Qt::Vertical, Qt::DisplayRole).toString()));
     for (int column = range.left(); column <= range.right(); ++column) {
-      cells.append(OneLineText(model_.data(model_.index(row, column), Qt::DisplayRole).toString()));
+      cells.append(FieldOfNumber(model_.data(model_.index(row, column), Qt::DisplayRole).toString()));
     }
     lines.append(cells.join(QLatin1Char('\t')));
   }

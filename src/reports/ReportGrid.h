@@ -2,6 +2,7 @@
 // close together, scroll bars only where the fitting rule puts them. Texts are never taken as markup.
 #pragma once
 
+#include <QItemSelectionRange>
 #include <QSize>
 #include <QTableView>
 #include <memory>
@@ -34,11 +35,13 @@ class ReportGrid final : public QTableView {
   /// Takes the size and the scroll bars of the fit.
   void Fit(const GridFit& fit);
 
-  /// Puts the selected cells on the clipboard, tabs between the columns and a line for each row, with or
-  /// without the headers of their rows and columns. Nothing selected leaves the clipboard alone.
-  void CopySelection(bool withHeaders);
+  /// Puts the selected cells, or the whole table when none is selected, on the clipboard as a spreadsheet
+  /// reads them: tabs between the columns, a line for each row, a hyphen before negative numbers; with or
+  /// without the names of their rows and columns. An empty grid leaves the clipboard alone.
+  void CopyCells(bool withNames);
 
  private:
+  QItemSelectionRange CellsToCopy() const;
   void MeasureColumns();
   void ShowHeaderColumn(int width);
 

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
 #include "reports/ReportGrid.h"
 #include "reports/ReportTables.h"
@@ -46,7 +47,7 @@ ReportWindow::ReportWindow(NumberFormat numbers, QWidget* parent)
       redundantLines_(PlainLabel(QStringLiteral("lblRedundant"), this)) {
   setObjectName(QStringLiteral("Report"));
   setWindowTitle(QStringLiteral("Report"));
-  setMinimumSize(200, 150);
+  setMinimumSize(320, 200);
   resize(760, 540);
 
   txtReport1_->setObjectName(QStringLiteral("txtReport1"));
@@ -57,7 +58,8 @@ ReportWindow::ReportWindow(NumberFormat numbers, QWidget* parent)
   txtReport1_->document()->setDocumentMargin(10);
 
   eqnGrid_->setObjectName(QStringLiteral("EqnGrid"));
-  eqnGrid_->setToolTip(QStringLiteral("Select cells and press Ctrl+C to copy them"));
+  eqnGrid_->setToolTip(
+      QStringLiteral("Ctrl+C copies the selected cells, or the whole table, for a spreadsheet"));
   redundantLines_->setText(RedundantConclusion());
   redundantLines_->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
@@ -78,9 +80,6 @@ void ReportWindow::ChooseFontSet(float pointSize) {
   setFont(font);
   txtReport1_->setFont(font);
   eqnGrid_->setFont(font);
-  redundantLines_->setFont(font);
-  font.setBold(true);
-  label17_->setFont(font);
   eqnGrid_->SetRowHeight(RowHeight());
   LayOut();
 }
@@ -170,7 +169,7 @@ void ReportWindow::LayOut() {
   if (isMinimized()) return;
   txtReport1_->setGeometry(TextBoxMargin, TextBoxMargin, std::max(0, width() - 16),
                            std::max(0, height() - 16));
-  label17_->setGeometry(GridLeft, HeadingTop, std::max(0, width() - 32), GridTop - HeadingTop - 4);
+  PlaceHeading();
   const QSizeF natural = eqnGrid_->NaturalSize();
   eqnGrid_->move(GridLeft, GridTop);
   eqnGrid_->Fit(LimitGridSize(static_cast<float>(natural.width()), static_cast<float>(natural.height()),
@@ -178,15 +177,30 @@ void ReportWindow::LayOut() {
   PlaceRedundantLines();
 }
 
+void ReportWindow::PlaceHeading() {
+  label17_->setGeometry(GridLeft, HeadingTop, std::max(0, width() - 32), GridTop - HeadingTop - 4);
+  QFont bold = font();
+  bold.setBold(true);
+  FitLabel(*label17_, bold);
+}
+
 void ReportWindow::PlaceRedundantLines() {
+  redundantLines_->setFont(font());
   redundantLines_->adjustSize();
-  const int below = eqnGrid_->height() + RedundantLinesOffset;
-  if (below + redundantLines_->height() <= height()) {
-    // The lines begin with two blanks, which bring them to the left edge of the grid.
-    redundantLines_->move(GridLeft - 2 * redundantLines_->fontMetrics().horizontalAdvance(QLatin1Char(' ')),
-                          below);
-  } else {
+  // The lines begin with two blanks, which bring them to the left edge of the grid.
+  const int indent = 2 * redundantLines_->fontMetrics().horizontalAdvance(QLatin1Char(' '));
+  const QRect below(QPoint(GridLeft - indent, eqnGrid_->height() + RedundantLinesOffset),
+                    redundantLines_->size());
+  const QRect beside(QPoint(GridLeft + eqnGrid_->width(), GridTop), redundantLines_->size());
+  if (rect().contains(below)) {
+    redundantLines_->move(below.topLeft());
+  } else if (rect().contains(beside)) {
     // A table as high as the window leaves no room below it; the conclusion must still be read.
-    redundantLines_->move(GridLeft + eqnGrid_->width(), GridTop);
+    redundantLines_->move(beside.topLeft());
+  } else {
+    // Nor does a wide one beside it. The heading is short.
+    const int left = GridLeft + label17_->sizeHint().width();
+    redundantLines_->setGeometry(left, 0, std::max(0, width() - left), GridTop);
+    FitLabel(*redundantLines_, font());
   }
 }

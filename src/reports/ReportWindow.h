@@ -55,6 +55,7 @@ class ReportWindow final : public QWidget {
   void ShowTable(std::unique_ptr<ReportTable> table, int extraRowHeight, bool redundant);
   int RowHeight() const;
   void LayOut();
+  void PlaceHeading();
   void PlaceRedundantLines();
   ReportFormat Format(int sigFigs) const;
 

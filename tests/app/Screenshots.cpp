@@ -1,10 +1,13 @@
 // Takes pictures of every window on its way through the three steps, so that people can look at them:
-//   orvane_screenshots DIRECTORY TRUSS light|dark
-// The scale comes from QT_SCALE_FACTOR. It proves nothing by itself and is no test.
+//   orvane_screenshots DIRECTORY TRUSS light|dark POINTS
+// POINTS is the size of the desktop's letters. The scale comes from QT_SCALE_FACTOR. It proves nothing by
+// itself and is no test.
 #include <QStyleFactory>
 #include <QTextEdit>
 #include <iostream>
 
+#include "app/HelpTopics.h"
+#include "app/HelpViewer.h"
 #include "support/Photographer.h"
 
 namespace {
@@ -40,6 +43,7 @@ class Walk : Photographer {
     Take(form_, "2-step1-empty");
     Open(truss);
     Take(form_, "3-step1");
+    TakeValuePanel();
     TakeMenu("mnuFile", "4-file-menu");
     TakeModal("mnuSettings", "5-settings");
     TakeModal("mnuHelpAbout", "6-about");
@@ -66,9 +70,26 @@ class Walk : Photographer {
     Take(form_, "12-larger");
     AwaitModal([this](QWidget& window) { TakePrintableReport(window); });
     Trigger("mnuFilePrint");
+    TakeHelp();
   }
 
  private:
+  void TakeValuePanel() {
+    Click("imgTool(5)");
+    const PixelLine& member = Canvas().Shown().Rod[1];
+    const QPointF nearItsEnd(member.X1 + 0.8 * (member.X2 - member.X1),
+                             member.Y1 + 0.8 * (member.Y2 - member.Y1));
+    QTest::mouseClick(&Canvas(), Qt::LeftButton, Qt::NoModifier, nearItsEnd.toPoint());
+    Take(form_, "3-value-panel");
+    Click("cmdNewCoordsCancel(1)");
+  }
+
+  void TakeHelp() {
+    HelpViewer help(messages_);
+    const QString program = QCoreApplication::applicationDirPath() + QStringLiteral("/..");
+    if (help.ShowTopic(program.toStdString() + ProgramHelpTopic)) Take(help, "15-help");
+  }
+
   void TakePrintableReport(QWidget& window) {
     Take(window, "13-printable-report");
     auto* text = window.findChild<QTextEdit*>();
@@ -93,12 +114,16 @@ class Walk : Photographer {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   const QStringList arguments = QApplication::arguments();
-  if (arguments.size() != 4) {
-    std::cerr << "usage: orvane_screenshots DIRECTORY TRUSS light|dark\n";
+  const double points = arguments.size() == 5 ? arguments[4].toDouble() : 0;
+  if (points <= 0) {
+    std::cerr << "usage: orvane_screenshots DIRECTORY TRUSS light|dark POINTS\n";
     return 2;
   }
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
   if (arguments[3] == QStringLiteral("dark")) QApplication::setPalette(DarkPalette());
+  QFont letters = QApplication::font();
+  letters.setPointSizeF(points);
+  QApplication::setFont(letters);
   try {
     Walk(DirectoryFor(arguments[1])).Run(arguments[2].toStdString());
   } catch (const std::exception& error) {

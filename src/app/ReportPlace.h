@@ -1,0 +1,25 @@
+// Where the report window opens. Both windows are worked with at the same time: one reads a report, clicks a
+// joint in the drawing, and presses the button of the next report.
+#pragma once
+
+/// A rectangle on the screen, pixels, y downward.
+struct ScreenBox {
+  int Left = 0, Top = 0, Width = 0, Height = 0;
+
+  int Right() const { return Left + Width; }
+  int Bottom() const { return Top + Height; }
+
+  friend bool operator==(const ScreenBox&, const ScreenBox&) = default;
+};
+
+struct ReportSizes {
+  int Width = 760, Height = 540;                  ///< what the window asks for, with its frame
+  int SmallestWidth = 380, SmallestHeight = 200;  ///< less is of no use to a reader
+};
+
+/// The report window's place with its frame, inside `screen`: beside the main window where that leaves it
+/// enough width, so that nothing is covered; else under the main window's step panel (which ends at
+/// `panelBottom`), so that its buttons stay free, and at the screen's right edge, so that most of the drawing
+/// does; else above the main window. Where the screen has room for none of this, in the lower right corner.
+ScreenBox PlaceOfReport(const ScreenBox& screen, const ScreenBox& mainWindow, int panelBottom,
+                        const ReportSizes& sizes = {});

@@ -1,0 +1,101 @@
+// The report window beside the main window: where it opens, and that one goes from report to report in it.
+#include "platform/qt/ScreenRoom.h"
+#include "support/MainFormFixture.h"
+
+namespace {
+
+class ReportBesideMainForm : public MainFormTest {
+ protected:
+  // A button of the main window, on the screen.
+  QRect OnScreen(const char* name) const {
+    const QWidget* widget = Widget(name);
+    return {widget->mapToGlobal(QPoint()), widget->size()};
+  }
+
+  void ExpectButtonsFree() const {
+    for (const char* name :
+         {"cmdReportCounting", "cmdReportSystemEqs", "cmdReportRREF", "cmdReportSolutions", "cmdPrev3"}) {
+      EXPECT_FALSE(Report()->frameGeometry().intersects(OnScreen(name))) << name;
+    }
+    EXPECT_TRUE(Report()->screen()->availableGeometry().contains(Report()->frameGeometry()));
+  }
+};
+
+TEST_F(ReportBesideMainForm, LeavesTheReportButtonsAndBackFree) {
+  Shown();
+  Click("cmdOKInstruct1");
+  OpenInStep3(LoadedTriangle());
+  ASSERT_TRUE(Report()->isVisible());
+  ExpectButtonsFree();
+}
+
+TEST_F(ReportBesideMainForm, FollowsAMainWindowThatWasMovedOrEnlarged) {
+  Started();
+  form_->move(form_->screen()->availableGeometry().topLeft() + QPoint(0, 120));
+  OpenInStep3(LoadedTriangle());
+  ExpectButtonsFree();
+  Report()->close();
+  form_->move(form_->screen()->availableGeometry().topLeft() + QPoint(150, 20));
+  ResizeInside(500, 450);
+  Click("cmdReportRREF");
+  ExpectButtonsFree();
+}
+
+TEST_F(ReportBesideMainForm, StaysWhereTheUserHasPutIt) {
+  Started();
+  OpenInStep3(LoadedTriangle());
+  const QRect chosen(31, 47, 456, 333);
+  Report()->setGeometry(chosen);
+  for (const char* button : {"cmdReportSystemEqs", "cmdReportSolutions"}) {
+    Click(button);
+    EXPECT_EQ(Report()->geometry(), chosen);
+    Report()->close();
+  }
+  Click("cmdReportRREF");
+  EXPECT_EQ(Report()->geometry(), chosen);
+}
+
+TEST_F(ReportBesideMainForm, TheMainWindowOpensWholeOnTheScreen) {
+  Shown();
+  const QRect screen = form_->screen()->availableGeometry();
+  EXPECT_TRUE(screen.contains(form_->frameGeometry()));
+  const QRect expected(screen.left() + (screen.width() - 566) / 2, screen.top() + screen.height() / 20, 566,
+                       0);
+  EXPECT_EQ(form_->width(), 566);
+  EXPECT_EQ(form_->pos(), expected.topLeft());
+  const QWidget* status = Widget("StatusBar1");
+  EXPECT_TRUE(screen.contains(QRect(status->mapToGlobal(QPoint()), status->size())));
+}
+
+TEST_F(ReportBesideMainForm, TheAccessKeysOfTheReportButtonsWorkInTheReportToo) {
+  Started();
+  OpenInStep3(LoadedTriangle());
+  ASSERT_TRUE(QTest::qWaitForWindowActive(Report()));
+  struct {
+    Qt::Key Key;
+    const char* Caption;
+  } const reports[] = {
+      {Qt::Key_E, "Report - The system of equations for the unknown forces"},
+      {Qt::Key_R, "Report - the system of equations in RREF form"},
+      {Qt::Key_L, "Report - the forces"},
+      {Qt::Key_C, "Report - Counting the number of unknown forces and the number of determining equations"},
+  };
+  for (const auto& report : reports) {
+    QTest::keyClick(Report()->focusWidget(), report.Key, Qt::AltModifier);
+    EXPECT_EQ(Report()->windowTitle(), QString::fromLatin1(report.Caption));
+    EXPECT_TRUE(Report()->isActiveWindow());
+  }
+}
+
+TEST_F(ReportBesideMainForm, AReportThatIsStillOpenInStep2IsLeftAsItIs) {
+  Started();
+  OpenInStep3(LoadedTriangle());
+  Click("cmdPrev3");
+  const QString caption = Report()->windowTitle();
+  Report()->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(Report()));
+  QTest::keyClick(Report(), Qt::Key_R, Qt::AltModifier);
+  EXPECT_EQ(Report()->windowTitle(), caption);
+}
+
+}  // namespace

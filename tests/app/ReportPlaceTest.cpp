@@ -1,0 +1,80 @@
+// Where the report window opens on screens of several sizes.
+#include "app/ReportPlace.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr ScreenBox Notebook{.Left = 0, .Top = 0, .Width = 1366, .Height = 768};
+constexpr ScreenBox LargeScreen{.Left = 0, .Top = 0, .Width = 1920, .Height = 1080};
+constexpr ScreenBox SmallScreen{.Left = 0, .Top = 0, .Width = 960, .Height = 540};
+
+// The main window as it starts: 8490 twips wide, in the middle, a twentieth of the screen below its top.
+ScreenBox MainWindowOn(const ScreenBox& screen) {
+  return {.Left = screen.Left + (screen.Width - 566) / 2,
+          .Top = screen.Top + screen.Height / 20,
+          .Width = 566,
+          .Height = 500};
+}
+
+int PanelBottom(const ScreenBox& mainWindow) { return mainWindow.Top + 110; }
+
+ScreenBox PlaceBeside(const ScreenBox& screen, const ScreenBox& mainWindow) {
+  return PlaceOfReport(screen, mainWindow, PanelBottom(mainWindow));
+}
+
+bool Overlap(const ScreenBox& a, const ScreenBox& b) {
+  return a.Left < b.Right() && b.Left < a.Right() && a.Top < b.Bottom() && b.Top < a.Bottom();
+}
+
+bool IsInside(const ScreenBox& box, const ScreenBox& screen) {
+  return box.Left >= screen.Left && box.Top >= screen.Top && box.Right() <= screen.Right() &&
+         box.Bottom() <= screen.Bottom() && box.Width > 0 && box.Height > 0;
+}
+
+TEST(ReportPlace, BesideTheMainWindowWhereThatLeavesEnoughWidth) {
+  EXPECT_EQ(PlaceBeside(Notebook, MainWindowOn(Notebook)), (ScreenBox{966, 38, 400, 540}));
+  EXPECT_EQ(PlaceBeside(LargeScreen, MainWindowOn(LargeScreen)), (ScreenBox{1243, 54, 677, 540}));
+}
+
+TEST(ReportPlace, OnTheLeftWhenOnlyTheLeftIsFree) {
+  const ScreenBox atTheRight{1300, 100, 620, 500};
+  EXPECT_EQ(PlaceBeside(LargeScreen, atTheRight), (ScreenBox{540, 100, 760, 540}));
+}
+
+TEST(ReportPlace, UnderTheStepPanelOnASmallScreen) {
+  const ScreenBox mainWindow = MainWindowOn(SmallScreen);
+  EXPECT_EQ(PlaceBeside(SmallScreen, mainWindow), (ScreenBox{200, 137, 760, 403}));
+}
+
+TEST(ReportPlace, UnderTheStepPanelOfAMaximisedWindow) {
+  EXPECT_EQ(PlaceBeside(LargeScreen, LargeScreen), (ScreenBox{1160, 110, 760, 540}));
+}
+
+TEST(ReportPlace, AboveAMainWindowAtTheFootOfTheScreen) {
+  const ScreenBox atTheFoot{100, 400, 800, 140};
+  EXPECT_EQ(PlaceBeside(SmallScreen, atTheFoot), (ScreenBox{200, 0, 760, 400}));
+}
+
+TEST(ReportPlace, AlwaysOnTheScreenAndNeverOverTheButtonsThatItCanLeaveFree) {
+  for (const ScreenBox& screen : {Notebook, LargeScreen, SmallScreen, ScreenBox{1920, 200, 1280, 720}}) {
+    for (int left = -300; left < screen.Width; left += 137) {
+      for (int top = -50; top < screen.Height; top += 61) {
+        const ScreenBox mainWindow{screen.Left + left, screen.Top + top, 566, 500};
+        const int panelBottom = PanelBottom(mainWindow);
+        const ScreenBox report = PlaceOfReport(screen, mainWindow, panelBottom);
+        ASSERT_TRUE(IsInside(report, screen)) << left << ", " << top;
+        const ScreenBox panel{mainWindow.Left, mainWindow.Top, mainWindow.Width, 110};
+        ASSERT_FALSE(Overlap(report, panel)) << left << ", " << top;
+      }
+    }
+  }
+}
+
+TEST(ReportPlace, AScreenWithoutRoomStillShowsIt) {
+  const ScreenBox tiny{0, 0, 320, 240};
+  const ScreenBox report = PlaceOfReport(tiny, {0, 12, 320, 228}, 122);
+  EXPECT_EQ(report, (ScreenBox{0, 0, 320, 240}));
+}
+
+}  // namespace
