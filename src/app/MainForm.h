@@ -110,8 +110,8 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   int NumNamesOutOfReach() const;
   void UpdateFileMenu();
   void ShowStatus();
-  void ShowHint(const std::string& hint);
-  void EndHint();
+  void ShowHint(StatusHint from, const std::string& hint);
+  void EndHint(StatusHint from);
   void Note(StatusNote about, const std::string& text);
   void AfterFileCommand();
   void NameAtStart();
