@@ -200,7 +200,7 @@ orvane --autoname ...                       with any of the above: name the forc
 orvane --help | --version
 
 FILE may be "-" for standard input, OUT "-" for standard output, which gets pictures as PNG and documents
-as RTF.
+as RTF. Control characters in names are shown as pictures, such as ␛ for escape.
 Exit status: 0 all done; 1 a file could not be read whole or an output not written; 2 wrong arguments.
 )";
 }

@@ -8,7 +8,6 @@
 #include "document/TrussFile.h"
 #include "naming/Naming.h"
 #include "text/CodePage.h"
-#include "text/OneLine.h"
 
 namespace {
 
@@ -43,7 +42,7 @@ void Analyse(AnalysedFile& file) {
   file.Analysis = SolveTruss(file.Document);
   for (const MemberRec& member : file.Document.MembersInUse()) {
     if (!member.Live || member.X1 != member.X2 || member.Y1 != member.Y2) continue;
-    file.Remarks.push_back("member \"" + ToUtf8(OnOneLine(file.Document.Name(member.NameLabel1))) +
+    file.Remarks.push_back("member \"" + ToUtf8(file.Document.Name(member.NameLabel1)) +
                            "\" has no length; its force cannot be determined");
   }
 }

@@ -14,10 +14,26 @@
 
 namespace {
 
+// The toolkit leaves DEL and C1 as they are, which a terminal may obey. In UTF-8, C1 is C2 80 to C2 9F.
+std::string WithHighControlsEscaped(std::string_view json) {
+  constexpr std::string_view digits = "0123456789abcdef";
+  std::string escaped;
+  for (std::size_t i = 0; i < json.size(); ++i) {
+    const bool isC1 = json[i] == '\xC2' && i + 1 < json.size() && (json[i + 1] & 0xE0) == 0x80;
+    const auto code = static_cast<unsigned char>(isC1 ? json[++i] : json[i]);
+    if (isC1 || code == 0x7F) {
+      escaped += std::string("\\u00") + digits[code >> 4U] + digits[code & 0xFU];
+    } else {
+      escaped += json[i];
+    }
+  }
+  return escaped;
+}
+
 std::string Quoted(const std::string& utf8Text) {
   const QByteArray array =
       QJsonDocument(QJsonArray{QString::fromStdString(utf8Text)}).toJson(QJsonDocument::Compact);
-  return array.mid(1, array.size() - 2).toStdString();
+  return WithHighControlsEscaped(array.mid(1, array.size() - 2).toStdString());
 }
 
 std::string Name(const std::string& singleByteText) { return Quoted(ToUtf8(singleByteText)); }

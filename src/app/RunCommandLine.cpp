@@ -6,7 +6,7 @@
 #include "app/TextReports.h"
 #include "document/FileBytes.h"
 #include "document/TrussFile.h"
-#include "text/OneLine.h"
+#include "text/ControlCharacters.h"
 
 namespace {
 
@@ -127,7 +127,7 @@ class Run {
     } else if (commandLine_.What == CommandLine::Mode::Csv) {
       WriteCsv(out, file, commandLine_.Table, format);
     } else {
-      if (commandLine_.Files.size() > 1) out << (first ? "" : "\n") << "== " << file.Argument << " ==\n";
+      if (commandLine_.Files.size() > 1) out << (first ? "" : "\n") << "== " << VisibleText(file.Argument) << " ==\n";
       WriteReport(out, file, commandLine_.Sections, format);
     }
   }
@@ -144,7 +144,7 @@ class Run {
 
   void Say(const std::string& subject, const std::string& what) {
     progress_.Clear();
-    environment_.Err << "orvane: " << OnOneLine(subject) << ": " << what << '\n';
+    environment_.Err << "orvane: " << VisibleText(subject) << ": " << VisibleText(what) << '\n';
   }
 
   void Complain(const std::string& subject, const std::string& why) {

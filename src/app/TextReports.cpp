@@ -7,23 +7,22 @@
 #include "analysis/JointEquations.h"
 #include "reports/CountingReport.h"
 #include "text/CodePage.h"
-#include "text/OneLine.h"
+#include "text/ControlCharacters.h"
 
 namespace {
 
 constexpr std::size_t ColumnGap = 2;
 
-// CR LF, and a CR alone, which only a name can hold, become LF.
-std::string WithPlainLineEnds(std::string_view text) {
-  std::string plain;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] != '\r') {
-      plain += text[i];
-    } else if (text.substr(i + 1, 1) != "\n") {
-      plain += '\n';
-    }
+std::string Shown(std::string_view singleByteText) { return VisibleText(ToUtf8(singleByteText)); }
+
+// A CR LF ends a line; a CR or an LF alone can only be part of a name.
+std::string ShownInLines(std::string_view text) {
+  std::string lines;
+  for (std::size_t end = text.find("\r\n"); end != std::string_view::npos; end = text.find("\r\n")) {
+    lines += Shown(text.substr(0, end)) + '\n';
+    text.remove_prefix(end + 2);
   }
-  return plain;
+  return lines + Shown(text);
 }
 
 // In characters, which are bytes in the single-byte code page. No column is narrower than a "0".
@@ -43,11 +42,11 @@ void WriteTable(std::ostream& out, const ReportTable& table) {
   for (int row = 0; row < table.NumRows(); ++row) {
     line.clear();
     for (int column = 0; column < table.NumColumns(); ++column) {
-      const std::string cell = OnOneLine(table.Text(row, column));
+      const std::string cell = table.Text(row, column);
       line.append((column > 0 ? ColumnGap : 0) + widths[static_cast<std::size_t>(column)] - cell.size(), ' ');
       line += cell;
     }
-    out << ToUtf8(line) << '\n';
+    out << Shown(line) << '\n';
   }
 }
 
@@ -57,9 +56,9 @@ void WriteJointEquations(std::ostream& out, const AnalysedFile& file, const Repo
   for (int j = 1; j <= joints.Size(); ++j) {
     const JointEquationTexts texts = equations.ReportOnJoint(joints[j]);
     if (j > 1) out << '\n';
-    out << "Equations for joint " << ToUtf8(OnOneLine(joints[j].Name)) << '\n'
-        << "\tforces right = forces left :     " << ToUtf8(OnOneLine(texts.X)) << '\n'
-        << "\tforces up = forces down :    " << ToUtf8(OnOneLine(texts.Y)) << '\n';
+    out << "Equations for joint " << Shown(joints[j].Name) << '\n'
+        << "\tforces right = forces left :     " << Shown(texts.X) << '\n'
+        << "\tforces up = forces down :    " << Shown(texts.Y) << '\n';
   }
 }
 
@@ -74,8 +73,16 @@ void WriteSolutions(std::ostream& out, const AnalysedFile& file, const ReportFor
   for (const char* line : RedundantLines) out << line << '\n';
 }
 
+// Everything right of the first column and below the heading is a number or a word, and who computes with it
+// reads no en dash as a minus sign.
+std::string CsvText(const ReportTable& table, int row, int column) {
+  std::string text = table.Text(row, column);
+  if (row > 0 && column > 0) std::ranges::replace(text, EnDash, '-');
+  return text;
+}
+
 std::string CsvField(const std::string& text) {
-  if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+  if (text.find_first_of(",\"") == std::string::npos) return text;
   std::string field = "\"";
   for (const char character : text) field.append(character == '"' ? 2 : 1, character);
   return field + '"';
@@ -106,7 +113,7 @@ void WriteReport(std::ostream& out, const AnalysedFile& file, const ReportSectio
   };
   // A truss without unknown forces has no Counting report, and one without joints no equations.
   section(sections.Counting && file.Analysis.System.NumUnknowns() > 0,
-          [&] { out << ToUtf8(WithPlainLineEnds(ReportCounting(file.Analysis.Counted).Text())) << '\n'; });
+          [&] { out << ShownInLines(ReportCounting(file.Analysis.Counted).Text()) << '\n'; });
   section(sections.Joints && file.Analysis.Counted.Joints.Size() > 0,
           [&] { WriteJointEquations(out, file, format); });
   section(sections.Equations, [&] { WriteTable(out, *LoadGridWithEquations(file.Analysis, format)); });
@@ -123,8 +130,8 @@ void WriteCsv(std::ostream& out, const AnalysedFile& file, CsvTable which, const
     line.clear();
     for (int column = 0; column < table->NumColumns(); ++column) {
       if (column > 0) line += ',';
-      line += CsvField(table->Text(row, column));
+      line += CsvField(CsvText(*table, row, column));
     }
-    out << ToUtf8(line) << "\r\n";
+    out << Shown(line) << "\r\n";
   }
 }

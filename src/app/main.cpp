@@ -22,7 +22,7 @@
 #include "platform/qt/QtMessageBox.h"
 #include "platform/qt/QtNumberFormat.h"
 #include "platform/qt/QtSettingsStore.h"
-#include "text/OneLine.h"
+#include "text/ControlCharacters.h"
 
 namespace {
 
@@ -97,7 +97,7 @@ int main(int argc, char** argv) {
   QHashSeed::setDeterministicGlobalSeed();
   const auto parsed = ParseCommandLine(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
   if (const auto* wrong = std::get_if<WrongArguments>(&parsed)) {
-    std::cerr << "orvane: " << OnOneLine(wrong->Why) << "; see orvane --help\n";
+    std::cerr << "orvane: " << VisibleText(wrong->Why) << "; see orvane --help\n";
     return ArgumentsWrong;
   }
   const CommandLine& commandLine = std::get<CommandLine>(parsed);

@@ -15,7 +15,7 @@
 #include "reports/RTBText.h"
 #include "reports/TrussPaint.h"
 #include "text/CodePage.h"
-#include "text/OneLine.h"
+#include "text/ControlCharacters.h"
 
 namespace {
 
@@ -26,19 +26,19 @@ constexpr double WorkOfPicture = 5000;
 constexpr double WorkOfMemberInPicture = 50;
 constexpr double WorkOfJoint = 40;
 
-Truss WithNamesOnOneLine(Truss truss) {
+Truss WithPrintableNames(Truss truss) {
   for (NameLabel& label : truss.Labels.First(truss.NumLabels)) {
-    label.Caption = OnOneLine(std::move(label.Caption));
+    std::erase_if(label.Caption, IsControl);
   }
   return truss;
 }
 
-CountedTruss WithNamesOnOneLine(CountedTruss counted) {
+CountedTruss WithPrintableNames(CountedTruss counted) {
   for (CountedJoint& joint : counted.Joints.First(counted.Joints.Size())) {
-    joint.Name = OnOneLine(std::move(joint.Name));
+    std::erase_if(joint.Name, IsControl);
   }
   for (Table<std::string>* names : {&counted.MemberForces, &counted.ReactionForces}) {
-    for (std::string& name : names->First(names->Size())) name = OnOneLine(std::move(name));
+    for (std::string& name : names->First(names->Size())) std::erase_if(name, IsControl);
   }
   return counted;
 }
@@ -50,8 +50,8 @@ double WorkOf(const ReportTable& table) {
 class ReportBuilder {
  public:
   ReportBuilder(const Truss& truss, const TrussAnalysis& analysis, const PrintableReportContext& context)
-      : truss_(WithNamesOnOneLine(truss)),
-        counted_(WithNamesOnOneLine(analysis.Counted)),
+      : truss_(WithPrintableNames(truss)),
+        counted_(WithPrintableNames(analysis.Counted)),
         outcome_(analysis.Reading.Code),
         context_(context),
         report_{context.Document, truss.Settings.ReportFontSize},
@@ -80,7 +80,7 @@ class ReportBuilder {
     RTBTitle(report_, "Orvane", 1, 0);
     if (truss_.FileName.empty()) return;
     RTBText(report_, "Name of file containing truss:", 0, 0, BoldBlack);
-    AppendText(OnOneLine(truss_.FileName) + ' ');
+    AppendText(WithoutControls(truss_.FileName) + ' ');
   }
 
   void AppendHeading(std::string_view heading) {

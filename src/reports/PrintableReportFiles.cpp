@@ -18,14 +18,14 @@
 #include "platform/qt/QtTextMeasure.h"
 #include "platform/qt/RtfWriter.h"
 #include "platform/qt/SteadyPdf.h"
-#include "text/OneLine.h"
+#include "text/ControlCharacters.h"
 
 namespace {
 
 constexpr double MarginMillimetres = 20;
 
 QString Title(const Truss& truss) {
-  const QString name = QFileInfo(QString::fromStdString(OnOneLine(truss.FileName))).fileName();
+  const QString name = QFileInfo(QString::fromStdString(WithoutControls(truss.FileName))).fileName();
   return name.isEmpty() ? QStringLiteral("Orvane") : name;
 }
 

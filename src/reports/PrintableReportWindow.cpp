@@ -27,7 +27,7 @@
 #include "platform/qt/WindowInFront.h"
 #include "reports/ReportProgressDialog.h"
 #include "reports/ReportWindow.h"
-#include "text/OneLine.h"
+#include "text/ControlCharacters.h"
 
 namespace {
 
@@ -70,7 +70,7 @@ QPageSize PaperOfThisCountry() {
 }
 
 QString DocumentName(const std::string& fileName) {
-  const QString name = QFileInfo(QString::fromStdString(OnOneLine(fileName))).completeBaseName();
+  const QString name = QFileInfo(QString::fromStdString(WithoutControls(fileName))).completeBaseName();
   return name.isEmpty() ? QStringLiteral("Orvane report") : name;
 }
 

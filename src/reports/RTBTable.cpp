@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "text/CodePage.h"
+#include "text/ControlCharacters.h"
 
 namespace {
 
@@ -16,7 +17,7 @@ constexpr double MeasuringPart = 0.1;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool IsSign(char c) { return c == '-' || c == '+' || c == EnDash; }
-bool IsBlank(char c) { return (c >= 0 && c <= ' ') || c == '\x7F'; }
+bool IsBlank(char c) { return c == ' ' || IsControl(c); }
 
 // Any punctuation mark can be a locale's decimal separator.
 bool IsSeparator(char c) {

@@ -100,8 +100,9 @@ TEST(TextReportCounting, IsTheTextBoxWithPlainLineEnds) {
       "system of equations into RREF form.\n");
 }
 
-TEST(TextReportCounting, TurnsTheLineEndsOfNamesIntoPlainOnes) {
-  EXPECT_THAT(Report(Triangle("a\rb\r\nc\nd"), OnlyCounting), HasSubstr("labelled AB, a\nb\nc\nd, BC, \n"));
+TEST(TextReportCounting, ShowsWhatNamesHoldBesidesTheLineEnds) {
+  EXPECT_THAT(Report(Triangle("a\rb\nc\x1b]2;d\x9d"), OnlyCounting),
+              HasSubstr("labelled AB, a\u240Db\u240Ac\u241B]2;d\uFFFD, BC, \n"));
 }
 
 TEST(TextReportJoints, AreLaidOutAsInThePrintableReport) {
@@ -121,8 +122,8 @@ TEST(TextReportJoints, AreLaidOutAsInThePrintableReport) {
 
 TEST(TextReportJoints, StayOnTheirLinesWhateverNamesHold) {
   const std::string report = Report(Triangle("a\r\n\x1b[2Jb").Joint(0, 0, "A\nA"), OnlyJoints);
-  EXPECT_THAT(report, HasSubstr("Equations for joint A A\n"));
-  EXPECT_THAT(report, HasSubstr("Ay = a   [2Jb sin(45.0)\n"));
+  EXPECT_THAT(report, HasSubstr("Equations for joint A\u240AA\n"));
+  EXPECT_THAT(report, HasSubstr("Ay = a\u240D\u240A\u241B[2Jb sin(45.0)\n"));
 }
 
 TEST(TextReportTables, AlignTheEquationsToTheRight) {
@@ -172,7 +173,9 @@ TEST(TextReportTables, CountCharactersAndNotBytes) {
 }
 
 TEST(TextReportTables, KeepARowOnItsLineWhateverNamesHold) {
-  EXPECT_THAT(Report(Triangle("A\r\n\tC\x7F"), OnlySolutions), HasSubstr("\nA   C   707.1\n"));
+  EXPECT_THAT(Report(Triangle("A\r\n\tC\x7F\x81"), OnlySolutions), HasSubstr("\n     BC  707.1\n"));
+  EXPECT_THAT(Report(Triangle("A\r\n\tC\x7F\x81"), OnlySolutions),
+              HasSubstr("\nA\u240D\u240A\u2409C\u2421\uFFFD  707.1\n"));
 }
 
 TEST(TextReportTables, UseTheDocumentsFiguresAndTheLocalesSeparator) {
@@ -277,8 +280,20 @@ TEST(Csv, QuotesWhatWouldBreakARecord) {
             "Force,Value\r\n"
             " blanks ,0\r\n"
             "\"a,b\",0\r\n"
-            "\"say \"\"hi\"\"\",\u20131\r\n"
-            "\"two\r\nlines\",0\r\n");
+            "\"say \"\"hi\"\"\",-1\r\n"
+            "two\u240D\u240Alines,0\r\n");
+}
+
+TEST(Csv, HasMinusSignsInNumbersAndDashesInNames) {
+  const Truss truss = TrussBuilder().Roller(0, 0, "\x96 R").Force(0, 0, 0, 7);
+  EXPECT_EQ(Csv(truss, CsvTable::Solutions), "Force,Value\r\n\u2013 R,-7\r\n");
+  EXPECT_THAT(Csv(Triangle(), CsvTable::Equations), HasSubstr("\r\nA - x,1,0,0,-1,-0.7071,0,0\r\n"));
+  EXPECT_THAT(Csv(Triangle(), CsvTable::RREF), Not(HasSubstr("\u2013")));
+}
+
+TEST(Csv, HasNoControlCharactersButLineEnds) {
+  const Truss truss = TrussBuilder().Roller(0, 0, "\x1b[2J\x7f\x8d").Force(0, 0, 0, -7);
+  EXPECT_EQ(Csv(truss, CsvTable::Solutions), "Force,Value\r\n\u241B[2J\u2421\uFFFD,7\r\n");
 }
 
 TEST(Csv, QuotesADecimalComma) {
@@ -288,7 +303,7 @@ TEST(Csv, QuotesADecimalComma) {
 
 TEST(Csv, IsUtf8) {
   EXPECT_EQ(Csv(TrussBuilder().Roller(0, 0, "\x80\xFC").Force(0, 0, 0, 7), CsvTable::Solutions),
-            "Force,Value\r\n\u20AC\u00FC,\u20137\r\n");
+            "Force,Value\r\n\u20AC\u00FC,-7\r\n");
 }
 
 TEST(Csv, SaysWhatIsUndetermined) {
@@ -297,7 +312,7 @@ TEST(Csv, SaysWhatIsUndetermined) {
 
 TEST(Csv, OfSolutionsThatAreNoneIsTheHeaderAlone) {
   EXPECT_EQ(Csv(LoneRoller(5, 0), CsvTable::Solutions), "Force,Value\r\n");
-  EXPECT_EQ(Csv(LoneRoller(5, 0), CsvTable::RREF), "Equation,R,RHS\r\n,1,0\r\n,0,\u20135\r\n");
+  EXPECT_EQ(Csv(LoneRoller(5, 0), CsvTable::RREF), "Equation,R,RHS\r\n,1,0\r\n,0,-5\r\n");
 }
 
 TEST(Csv, OfNoUnknownsIsTheHeaderAlone) {

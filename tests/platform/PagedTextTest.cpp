@@ -400,7 +400,7 @@ TEST_F(PagedTextTest, ColoursArePainted) {
   EXPECT_TRUE(hasBlue);
 }
 
-TEST_F(PagedTextTest, ControlCharactersAreBlanks) {
+TEST_F(PagedTextTest, ControlCharactersAreDropped) {
   const auto pdf = Paint([](PagedText& text) {
     text.Append(
         "aa\x01"
@@ -408,7 +408,7 @@ TEST_F(PagedTextTest, ControlCharactersAreBlanks) {
         "cc",
         Plain);
   });
-  EXPECT_THAT(pdf.Text(), HasSubstr("aa bb cc"));
+  EXPECT_THAT(pdf.Text(), HasSubstr("aabbcc"));
 }
 
 // A device that is out of paper after its first page.

@@ -240,6 +240,15 @@ TEST(JsonOutput, HasNamesInUtf8AndEscapesThem) {
   EXPECT_EQ(Parsed(json)[u"supports"][0][u"Names"][1], QStringLiteral("a\\b\r\n\u0001"));
 }
 
+TEST(JsonOutput, EscapesEveryControlCharacter) {
+  QByteArray text = TriangleText();
+  text.replace("\"Ax\",\"Ay\"", "\"\x1b\x7f\x81\x9b\",\"\x8d\x8f\x90\x9d\xc2\"");
+  const QByteArray json = JsonOf(text);
+  EXPECT_TRUE(
+      json.contains("\"Names\":[\"\\u001b\\u007f\\u0081\u203a\",\"\\u008d\\u008f\\u0090\\u009d\u00c2\"]"))
+      << json.toStdString();
+}
+
 TEST(JsonOutput, HasOneLineForEachArgumentInTheirOrder) {
   const TestFiles files;
   const QString broken = files.File(QStringLiteral("Br\u00fccke \"2\".trs"), BrokenTriangleText());

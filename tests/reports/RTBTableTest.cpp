@@ -195,7 +195,7 @@ TEST(StripBlanks, RemovesBlanksAtTheEndsAndWithin) {
   EXPECT_EQ(Stripped(""), "");
 }
 
-TEST(StripBlanks, ControlCharactersAreBlanks) { EXPECT_EQ(Stripped("a\tb\r\nc\x7F"), "abc"); }
+TEST(StripBlanks, ControlCharactersAreBlanks) { EXPECT_EQ(Stripped("a\tb\r\nc\x7F\x81\x9D"), "abc"); }
 
 TEST(StripBlanks, KeepsCharactersAbove127) {
   EXPECT_EQ(Stripped("\x96 5\xA0"),

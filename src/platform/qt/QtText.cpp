@@ -15,13 +15,13 @@ QString OneLineText(QString text) {
 }
 
 void MakePrintable(QString& text) {
+  text.removeIf([](QChar character) {
+    const bool stays = character == u'\t' || character == u'\r' || character == u'\n';
+    return !stays && character.category() == QChar::Other_Control;
+  });
   for (QChar& character : text) {
     const char16_t code = character.unicode();
-    if (code >= 0x20 && code < 0x7F) continue;
-    if (code == u'\t' || code == u'\r' || code == u'\n') continue;
-    if (character.category() == QChar::Other_Control) {
-      character = u' ';
-    } else if (code == QChar::ParagraphSeparator) {
+    if (code == QChar::ParagraphSeparator) {
       character = QChar(QChar::LineSeparator);
     } else if (code == QChar::ObjectReplacementCharacter || code >= 0xFFFE ||
                (code >= 0xFDD0 && code <= 0xFDEF)) {

@@ -13,8 +13,9 @@ std::string FromQt(const QString& text);
 /// A text as it stands in one line: control characters (line breaks, tabs) are blanks.
 QString OneLineText(QString text);
 
-/// Replaces what may not stand in a document by what may: control characters but tabs and line ends become
-/// blanks, paragraph separators line separators, and characters that XML or a text document forbids U+FFFD.
+/// Drops control characters but tabs and line ends, and replaces what else may not stand in a document by
+/// what may: paragraph separators by line separators, characters that XML or a text document forbids by
+/// U+FFFD.
 void MakePrintable(QString& text);
 
 /// A tool tip that shows the text as it is written, even if it looks like markup, and only the beginning of a

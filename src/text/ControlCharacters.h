@@ -1,0 +1,16 @@
+// Characters that are not seen but command: a terminal, a printer, a table. Names in files and names of files
+// can hold them. C0 is below code 32, DEL is 127, C1 is 128 to 159 in Unicode.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// How a text stands on a terminal, on one line: C0 and DEL as their pictures (such as U+241B for escape), C1
+/// and bytes that are not UTF-8 as U+FFFD. Each is one character wide.
+std::string VisibleText(std::string_view utf8Text);
+
+/// The text without its control characters, for documents; what is not UTF-8 stays.
+std::string WithoutControls(std::string_view utf8Text);
+
+/// The same question for a name, a single-byte text: also the five bytes that its code page leaves open.
+bool IsControl(char singleByte);

@@ -1,0 +1,56 @@
+// Nothing that is shown on a terminal commands it, and nothing else is changed.
+#include "text/ControlCharacters.h"
+
+#include <algorithm>
+#include <functional>
+
+#include "text/CodePage.h"
+
+TEST(VisibleText, ShowsC0AndDelAsTheirPictures) {
+  EXPECT_EQ(VisibleText(std::string("\0", 1)), "\u2400");
+  EXPECT_EQ(VisibleText("a\x1b[2Jb"), "a\u241B[2Jb");
+  EXPECT_EQ(VisibleText("\t\r\n\x1f\x7f "), "\u2409\u240D\u240A\u241F\u2421 ");
+}
+
+TEST(VisibleText, ShowsC1AsReplacementCharacters) {
+  EXPECT_EQ(VisibleText("a\xC2\x80\xC2\x9B\xC2\x9F\xC2\xA0"), "a\uFFFD\uFFFD\uFFFD\u00A0");
+}
+
+// A terminal that is not in UTF-8 takes such bytes for C1, and a careless one the long forms.
+TEST(VisibleText, ShowsWhatIsNotUtf8AsReplacementCharacters) {
+  EXPECT_EQ(VisibleText("a\x9B"
+                        "2J"),
+            "a\uFFFD"
+            "2J");
+  EXPECT_EQ(VisibleText("\xC2"), "\uFFFD");
+  EXPECT_EQ(VisibleText("\xC1\x9B"), "\uFFFD\uFFFD");
+  EXPECT_EQ(VisibleText("\xE0\x82\x9B"), "\uFFFD\uFFFD\uFFFD");
+  EXPECT_EQ(VisibleText("\xED\xA0\x80"), "\uFFFD\uFFFD\uFFFD");
+  EXPECT_EQ(VisibleText("\xF4\x90\x80\x80\xFF"), "\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD");
+}
+
+TEST(VisibleText, LeavesWhatIsSeenAlone) {
+  const std::string seen = "AB [ ] \u00C4rmel \u2013 \u20AC \u65E5\u672C \U0001F6A7 \u241B";
+  EXPECT_EQ(VisibleText(seen), seen);
+  EXPECT_EQ(VisibleText(VisibleText("\x1b\x7f\x80")), VisibleText("\x1b\x7f\x80"));
+}
+
+TEST(VisibleText, IsAsWideAsTheNameWhateverItHolds) {
+  for (int byte = 0; byte < 256; ++byte) {
+    const std::string visible = VisibleText(ToUtf8(std::string(1, static_cast<char>(byte))));
+    const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
+    EXPECT_EQ(std::ranges::count_if(visible, std::not_fn(continues)), 1) << byte;
+    EXPECT_EQ(visible, VisibleText(visible)) << byte;
+  }
+}
+
+TEST(WithoutControls, DropsThemAndNothingElse) {
+  EXPECT_EQ(WithoutControls("a\x1b\r\n\x7f\xC2\x9B\u00C4\xC2\xA0\x9B"), "a\u00C4\xC2\xA0\x9B");
+}
+
+TEST(IsControl, IsWhatBecomesAControlCharacterInUnicode) {
+  for (int byte = 0; byte < 256; ++byte) {
+    const std::string name(1, static_cast<char>(byte));
+    EXPECT_EQ(IsControl(name[0]), WithoutControls(ToUtf8(name)).empty()) << byte;
+  }
+}
