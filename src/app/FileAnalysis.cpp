@@ -13,11 +13,10 @@ namespace {
 
 std::optional<ReadError> Read(AnalysedFile& file, std::istream& standardInput) {
   const CanvasBounds bounds;
-  if (file.Argument != "-") {
-    file.Document.FileName = file.Argument;
-    return ReadTruss(file.Document, bounds, file.Argument);
-  }
-  const FileBytes input = ReadWholeStream(standardInput);
+  const bool isStandardInput = file.Argument == "-";
+  if (!isStandardInput) file.Document.FileName = file.Argument;
+  const FileBytes input =
+      isStandardInput ? ReadWholeStream(standardInput) : ReadWholeFile(file.Argument, PipesAndDevices::Taken);
   if (!input.Problem.empty()) return ReadError{0, input.Problem};
   return ReadTrussText(file.Document, bounds, input.Bytes);
 }

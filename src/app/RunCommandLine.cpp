@@ -4,7 +4,7 @@
 #include <new>
 
 #include "app/TextReports.h"
-#include "document/FileBytes.h"
+#include "document/FileWriting.h"
 #include "document/TrussFile.h"
 #include "text/ControlCharacters.h"
 
@@ -127,7 +127,8 @@ class Run {
     } else if (commandLine_.What == CommandLine::Mode::Csv) {
       WriteCsv(out, file, commandLine_.Table, format);
     } else {
-      if (commandLine_.Files.size() > 1) out << (first ? "" : "\n") << "== " << VisibleText(file.Argument) << " ==\n";
+      if (commandLine_.Files.size() > 1)
+        out << (first ? "" : "\n") << "== " << VisibleText(file.Argument) << " ==\n";
       WriteReport(out, file, commandLine_.Sections, format);
     }
   }
@@ -135,10 +136,12 @@ class Run {
   // Bytes that could not even be made cannot be written.
   void WriteOutput(const std::string& bytes) {
     const std::string& path = commandLine_.OutputPath;
-    if (path == "-" && !bytes.empty()) {
-      environment_.Out << bytes;
-    } else if (bytes.empty() || !WriteWholeFile(path, bytes)) {
+    if (bytes.empty()) {
       Complain(path == "-" ? "standard output" : path, "the file could not be written");
+    } else if (path == "-") {
+      environment_.Out << bytes;
+    } else if (const std::string why = WriteWholeFile(path, bytes, PipesAndDevices::Taken); !why.empty()) {
+      Complain(path, "the file could not be written: " + why);
     }
   }
 

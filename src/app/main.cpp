@@ -1,17 +1,13 @@
 // The program: the command line's work without a window, or the window.
+#include <unistd.h>
+
 #include <QApplication>
 #include <QHashSeed>
+#include <csignal>
 #include <iostream>
 #include <optional>
 #include <string>
 #include <vector>
-
-#ifdef _WIN32
-#include <fcntl.h>
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
 
 #include "app/Icons.h"
 #include "app/JsonReport.h"
@@ -26,22 +22,14 @@
 
 namespace {
 
-// Results are the same bytes everywhere, so no line end may be translated on the way out.
+// A file that grows larger than it may, be it the one that standard output goes to, is a write that fails and
+// is told; the signal would end the program without a word.
 void PrepareStandardStreams() {
   std::ios::sync_with_stdio(false);
-#ifdef _WIN32
-  _setmode(_fileno(stdin), _O_BINARY);
-  _setmode(_fileno(stdout), _O_BINARY);
-#endif
+  std::signal(SIGXFSZ, SIG_IGN);
 }
 
-bool StandardErrorIsTerminal() {
-#ifdef _WIN32
-  return _isatty(_fileno(stderr)) != 0;
-#else
-  return isatty(STDERR_FILENO) != 0;
-#endif
-}
+bool StandardErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
 
 // Without one the toolkit would end the program with a remark of its own.
 bool HasDisplay() {

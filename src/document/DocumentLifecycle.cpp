@@ -9,6 +9,7 @@
 #include "document/TrussChanged.h"
 #include "document/TrussFile.h"
 #include "text/CodePage.h"
+#include "text/Sentence.h"
 
 namespace {
 
@@ -76,8 +77,9 @@ void DocumentLifecycle::OpenRecentFile(int entry) {
 }
 
 bool DocumentLifecycle::SaveFile() {
-  if (WriteTruss(on_.Document)) return true;
-  on_.Messages.Show({.Text = SaveErrorText + on_.Document.FileName});
+  const std::string problem = WriteTruss(on_.Document);
+  if (problem.empty()) return true;
+  on_.Messages.Show({.Text = SaveErrorText + on_.Document.FileName, .Details = AsSentence(problem)});
   return false;
 }
 

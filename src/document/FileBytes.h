@@ -1,9 +1,11 @@
-// Whole files as bytes. Reading never trusts a file's size; writing leaves a complete file or the old one.
+// Reading whole files as bytes. A file's size is never trusted, and nothing that could wait for ever is
+// opened.
 #pragma once
 
 #include <istream>
 #include <string>
-#include <string_view>
+
+#include "document/SystemFile.h"
 
 /// Paths are UTF-8 everywhere in the program.
 struct FileBytes {
@@ -11,16 +13,13 @@ struct FileBytes {
   std::string Problem;  ///< empty when the whole file was read; else why not, beginning with a small letter
 };
 
-/// Reads up to 256 MiB, far more than the largest truss needs; a larger (or endless) file is a problem.
-FileBytes ReadWholeFile(const std::string& path);
+/// Reads up to 256 MiB, far more than the largest truss needs; a larger (or endless) file is a problem. The
+/// window refuses pipes and devices, which could keep it waiting; the command line may take them.
+FileBytes ReadWholeFile(const std::string& path, PipesAndDevices others = PipesAndDevices::Refused);
 
-/// The same for what stands in an open stream, such as standard input.
+/// The same for what is left of an open file, and of an open stream, such as standard input.
+FileBytes ReadWholeFile(const SystemFile& file);
 FileBytes ReadWholeStream(std::istream& stream);
 
-/// Writes beside the target, flushes, and puts the new file in the old one's place with its permissions. A
-/// symbolic link is followed. A target without write permission is refused. Returns false, with the old file
-/// untouched, when anything fails.
-[[nodiscard]] bool WriteWholeFile(const std::string& path, std::string_view bytes);
-
-/// True if the file can be opened for reading.
+/// True if it is a file and can be opened for reading.
 bool FileExists(const std::string& path);

@@ -4,6 +4,7 @@
 #include "document/TrussFile.h"
 
 #include "document/FileBytes.h"
+#include "document/FileWriting.h"
 #include "document/JointList.h"
 #include "document/Labels.h"
 #include "text/NumberText.h"
@@ -229,4 +230,4 @@ std::string TrussText(Truss& truss) {
   return text;
 }
 
-bool WriteTruss(Truss& truss) { return WriteWholeFile(truss.FileName, TrussText(truss)); }
+std::string WriteTruss(Truss& truss) { return WriteWholeFile(truss.FileName, TrussText(truss)); }

@@ -25,5 +25,6 @@ std::optional<ReadError> ReadTrussText(Truss& truss, const CanvasBounds& bounds,
 /// The bytes of the file: live elements only, joints sorted by name (the truss's joint list is sorted too).
 std::string TrussText(Truss& truss);
 
-/// Writes the truss to its FileName. Returns false, with the old file untouched, when that fails.
-[[nodiscard]] bool WriteTruss(Truss& truss);
+/// Writes the truss to its FileName. Returns why that failed, as WriteWholeFile does; empty when it is
+/// written.
+[[nodiscard]] std::string WriteTruss(Truss& truss);

@@ -16,6 +16,7 @@ struct Message {
   std::string Title = MessageTitle;
   MessageButtons Buttons = MessageButtons::Ok;
   MessageIcon Icon = MessageIcon::None;
+  std::string Details = {};  ///< a paragraph below the text, such as what the system said; may be empty
 
   friend bool operator==(const Message&, const Message&) = default;
 };

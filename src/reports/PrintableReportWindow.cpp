@@ -19,6 +19,7 @@
 
 #include "document/DocumentLifecycle.h"
 #include "document/FileBytes.h"
+#include "document/FileWriting.h"
 #include "platform/qt/DocumentFiles.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/QtClipboard.h"
@@ -28,6 +29,7 @@
 #include "reports/ReportProgressDialog.h"
 #include "reports/ReportWindow.h"
 #include "text/ControlCharacters.h"
+#include "text/Sentence.h"
 
 namespace {
 
@@ -84,18 +86,6 @@ void PreparePaper(QPrinter& printer, const std::string& fileName) {
 
 // The preview records pages as pictures.
 bool IsPreview(const QPrinter& printer) { return printer.paintEngine()->type() == QPaintEngine::Picture; }
-
-// Why a file could not be written, as far as its place tells; begins with a line break. Empty when it does
-// not.
-std::string WhyNotWritten(const std::string& path) {
-  const QFileInfo file(QString::fromStdString(path));
-  const QFileInfo folder(file.path());
-  if (!folder.isDir()) return "\nThe folder does not exist.";
-  if (file.isDir()) return "\nThis is the name of a folder.";
-  if (file.exists() && !file.isWritable()) return "\nThe file is write-protected.";
-  if (!folder.isWritable()) return "\nThe folder is write-protected.";
-  return {};
-}
 
 }  // namespace
 
@@ -344,9 +334,12 @@ void PrintableReportWindow::SaveAs(const std::string& path, DocumentFileFormat f
     bytes = ReportFile(on_.Subject, format, std::ref(progress));
     if (progress.wasCanceled()) return;
   }
-  if (bytes && !bytes->isEmpty() &&
-      WriteWholeFile(path, {bytes->constData(), static_cast<std::size_t>(bytes->size())}))
-    return;
-  on_.Access.Messages.Show({.Text = "The report could not be saved as " + path + "." + WhyNotWritten(path),
-                            .Icon = MessageIcon::Exclamation});
+  std::string why;
+  if (bytes && !bytes->isEmpty()) {
+    why = WriteWholeFile(path, {bytes->constData(), static_cast<std::size_t>(bytes->size())});
+    if (why.empty()) return;
+  }
+  on_.Access.Messages.Show({.Text = "The report could not be saved as " + path + ".",
+                            .Icon = MessageIcon::Exclamation,
+                            .Details = AsSentence(why)});
 }

@@ -1,4 +1,6 @@
 // What a window has to survive: broken files, settings that cannot be drawn, tiny sizes, odd names.
+#include <sys/stat.h>
+
 #include <QHelpEvent>
 #include <QToolTip>
 #include <algorithm>
@@ -84,6 +86,31 @@ TEST_F(MainFormBadInput, ADirectoryCannotBeRead) {
   OpenPath(directory);
   EXPECT_THAT(Status().toStdString(), testing::StartsWith(" The file could not be read"));
   WalkThroughTheSteps();
+}
+
+// To wait for somebody who writes into a pipe would hold the window up for ever.
+TEST_F(MainFormBadInput, PipesAndDevicesAreRefusedAtOnce) {
+  const std::string pipe = directory_ / "pipe.trs";
+  const std::string device = directory_ / "device.trs";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  std::filesystem::create_symlink("/dev/zero", device);
+  Started();
+  for (const std::string& path : {pipe, device}) {
+    OpenPath(path);
+    EXPECT_THAT(Status().toStdString(), testing::HasSubstr("it is a pipe or a device, not a file")) << path;
+    WalkThroughTheSteps();
+  }
+}
+
+TEST_F(MainFormBadInput, AFileThatHasBecomeAPipeCountsAsChanged) {
+  Started();
+  OpenTruss(LoadedTriangle());
+  std::filesystem::remove(truss_.FileName);
+  ASSERT_EQ(mkfifo(truss_.FileName.c_str(), 0600), 0);
+  messages_.Answers = {MessageAnswer::No};
+  Trigger("mnuFileNew");
+  ASSERT_EQ(messages_.Shown.size(), 1U);
+  EXPECT_EQ(messages_.Shown[0].Text, "The truss has changed.  Do you want to save the changes?");
 }
 
 TEST_F(MainFormBadInput, AFileThatMayNotBeReadSaysSo) {

@@ -300,7 +300,7 @@ TEST_F(RunCommandLineTest, ConvertRefusesAFileThatWasNotReadWhole) {
 TEST_F(RunCommandLineTest, ConvertSaysWhenItCannotWrite) {
   const std::string out = Path("no such directory/out.trs");
   EXPECT_EQ(RunWords({"--convert=" + out, File("a.trs", TriangleText)}), NotAllDone);
-  EXPECT_EQ(Err.str(), "orvane: " + out + ": the file could not be written\n");
+  EXPECT_EQ(Err.str(), "orvane: " + out + ": the file could not be written: its folder does not exist\n");
 }
 
 TEST_F(RunCommandLineTest, APictureIsWrittenIntoItsFile) {
@@ -382,7 +382,7 @@ TEST_F(RunCommandLineTest, PicturesAndDocumentsSayWhenTheyCannotBeWritten) {
   const std::string directory = Path("no such directory/");
   EXPECT_EQ(RunWords({"--picture=" + directory + "a.png", "-"}), NotAllDone);
   EXPECT_EQ(RunWords({"--document=" + directory + "a.rtf", "-"}), NotAllDone);
-  const std::string why = ": the file could not be written\n";
+  const std::string why = ": the file could not be written: its folder does not exist\n";
   EXPECT_EQ(Err.str(), "orvane: " + directory + "a.png" + why + "orvane: " + directory + "a.rtf" + why);
 }
 

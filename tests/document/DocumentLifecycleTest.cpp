@@ -130,7 +130,8 @@ TEST_F(DocumentLifecycleTest, AFailedSaveSaysSoAndLeavesTheDocumentAsItWas) {
               ElementsAre(Message{.Text = "Error in mnuFileSave attempting to save file " + UnwritablePath(),
                                   .Title = "Orvane",
                                   .Buttons = MessageButtons::Ok,
-                                  .Icon = MessageIcon::None}));
+                                  .Icon = MessageIcon::None,
+                                  .Details = "Its folder does not exist."}));
   EXPECT_EQ(truss_.FileName, UnwritablePath());
   EXPECT_EQ(MemberName(), "B");
 }
@@ -186,7 +187,8 @@ TEST_F(DocumentLifecycleTest, AFailedSaveAsSaysSoAndKeepsTheNameTheTrussHad) {
               ElementsAre(Message{.Text = "Error in mnuFileSave attempting to save file " + UnwritablePath(),
                                   .Title = "Orvane",
                                   .Buttons = MessageButtons::Ok,
-                                  .Icon = MessageIcon::None}));
+                                  .Icon = MessageIcon::None,
+                                  .Details = "Its folder does not exist."}));
   EXPECT_EQ(truss_.FileName, directory_ / "a.trs");
   EXPECT_EQ(window_.Caption, "Orvane - " + directory_ / "a.trs");
   EXPECT_EQ(MemberName(), "B");

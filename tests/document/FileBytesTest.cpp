@@ -1,20 +1,35 @@
-// Whole files: what is read, and that a failed write leaves the old file as it was.
+// What is read of a path, whatever it leads to.
 #include "document/FileBytes.h"
 
-#include <filesystem>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
 #include <fstream>
 #include <sstream>
+#include <thread>
 
 #include "support/TemporaryDirectory.h"
 
-#ifdef __linux__
-#include <sys/resource.h>
+namespace {
 
-#include <csignal>
-#endif
+constexpr const char* NoFile = "it is a pipe or a device, not a file";
 
-namespace fs = std::filesystem;
-using testing::ElementsAre;
+std::string PutPipe(const TemporaryDirectory& directory, const std::string& name) {
+  EXPECT_EQ(mkfifo((directory / name).c_str(), 0600), 0);
+  return directory / name;
+}
+
+std::string PutSocket(const TemporaryDirectory& directory, const std::string& name) {
+  sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+  (directory / name).copy(address.sun_path, sizeof address.sun_path - 1);
+  const int socketNumber = socket(AF_UNIX, SOCK_STREAM, 0);
+  EXPECT_EQ(bind(socketNumber, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+  close(socketNumber);
+  return directory / name;
+}
+
+}  // namespace
 
 TEST(ReadWholeFile, GivesAllBytes) {
   const TemporaryDirectory directory;
@@ -41,9 +56,31 @@ TEST(ReadWholeFile, TellsWhyItCannotRead) {
 
 TEST(ReadWholeFile, TakesAPathBeyondAscii) {
   const TemporaryDirectory directory;
-  EXPECT_TRUE(WriteWholeFile(directory / "Fachwerk Größe 日本.trs", "text"));
+  directory.Put("Fachwerk Größe 日本.trs", "text");
   EXPECT_EQ(ReadWholeFile(directory / "Fachwerk Größe 日本.trs").Bytes, "text");
   EXPECT_TRUE(FileExists(directory / "Fachwerk Größe 日本.trs"));
+}
+
+// A pipe without a writer would keep the reader waiting for ever.
+TEST(ReadWholeFile, RefusesPipesSocketsAndDevicesAtOnce) {
+  const TemporaryDirectory directory;
+  for (const std::string& path : {PutPipe(directory, "pipe"), PutSocket(directory, "socket"),
+                                  std::string("/dev/zero"), std::string("/dev/null")}) {
+    EXPECT_EQ(ReadWholeFile(path).Problem, NoFile) << path;
+    EXPECT_FALSE(FileExists(path)) << path;
+  }
+}
+
+TEST(ReadWholeFile, ReadsAPipeWhenItMay) {
+  const TemporaryDirectory directory;
+  const std::string path = PutPipe(directory, "pipe");
+  std::thread writer([&path] { std::ofstream(path) << std::string(200000, 'x'); });
+  const FileBytes read = ReadWholeFile(path, PipesAndDevices::Taken);
+  writer.join();
+  EXPECT_EQ(read.Problem, "");
+  EXPECT_TRUE(read.Bytes == std::string(200000, 'x'));
+  EXPECT_EQ(ReadWholeFile("/dev/zero", PipesAndDevices::Taken).Problem, "the file is larger than any truss");
+  EXPECT_EQ(ReadWholeFile(directory / "", PipesAndDevices::Taken).Problem, "it is a directory, not a file");
 }
 
 TEST(ReadWholeStream, ReadsToTheEnd) {
@@ -58,140 +95,3 @@ TEST(FileExists, IsTrueForWhatCanBeOpened) {
   EXPECT_FALSE(FileExists(directory / ""));
   EXPECT_FALSE(FileExists(""));
 }
-
-TEST(WriteWholeFile, CreatesAFileAndNothingElse) {
-  const TemporaryDirectory directory;
-  EXPECT_TRUE(WriteWholeFile(directory / "a", std::string("x\0\r\n", 4)));
-  EXPECT_EQ(directory.Bytes("a"), std::string("x\0\r\n", 4));
-  EXPECT_THAT(directory.Names(), ElementsAre("a"));
-}
-
-TEST(WriteWholeFile, ReplacesTheWholeContent) {
-  const TemporaryDirectory directory;
-  EXPECT_TRUE(WriteWholeFile(directory.Put("a", "a long text that stood there"), "short"));
-  EXPECT_EQ(directory.Bytes("a"), "short");
-  EXPECT_TRUE(WriteWholeFile(directory / "a", ""));
-  EXPECT_EQ(directory.Bytes("a"), "");
-  EXPECT_THAT(directory.Names(), ElementsAre("a"));
-}
-
-TEST(WriteWholeFile, LeavesAloneWhatHasTheNameOfItsWorkFile) {
-  const TemporaryDirectory directory;
-  directory.Put("a.new1", "somebody else's");
-  EXPECT_TRUE(WriteWholeFile(directory / "a", "text"));
-  EXPECT_EQ(directory.Bytes("a"), "text");
-  EXPECT_EQ(directory.Bytes("a.new1"), "somebody else's");
-  EXPECT_THAT(directory.Names(), ElementsAre("a", "a.new1"));
-}
-
-TEST(WriteWholeFile, WritesAFileWithTheLongestNameThatThereIs) {
-  const TemporaryDirectory directory;
-  const std::string name(255, 'n');
-  EXPECT_TRUE(WriteWholeFile(directory / name, "old"));
-  EXPECT_TRUE(WriteWholeFile(directory / name, "new"));
-  EXPECT_EQ(directory.Bytes(name), "new");
-  EXPECT_THAT(directory.Names(), ElementsAre(name));
-}
-
-TEST(WriteWholeFile, RefusesAFileWithoutWritePermission) {
-  const TemporaryDirectory directory;
-  const std::string path = directory.Put("a", "old");
-  fs::permissions(path, fs::perms::owner_read | fs::perms::group_read);
-  EXPECT_FALSE(WriteWholeFile(path, "new"));
-  EXPECT_EQ(directory.Bytes("a"), "old");
-  EXPECT_THAT(directory.Names(), ElementsAre("a"));
-}
-
-TEST(WriteWholeFile, RefusesADirectory) {
-  const TemporaryDirectory directory;
-  fs::create_directory(directory / "inner");
-  EXPECT_FALSE(WriteWholeFile(directory / "inner", "new"));
-  EXPECT_TRUE(fs::is_directory(directory / "inner"));
-  EXPECT_THAT(directory.Names(), ElementsAre("inner"));
-}
-
-TEST(WriteWholeFile, RefusesADirectoryThatDoesNotExist) {
-  const TemporaryDirectory directory;
-  EXPECT_FALSE(WriteWholeFile(directory / "missing/a", "new"));
-  EXPECT_FALSE(WriteWholeFile("", "new"));
-  EXPECT_THAT(directory.Names(), ElementsAre());
-}
-
-#ifdef __linux__
-
-TEST(WriteWholeFile, WhoStillReadsTheOldFileSeesItWhole) {
-  const TemporaryDirectory directory;
-  std::ifstream reader(directory.Put("a", "old"), std::ios::binary);
-  EXPECT_TRUE(WriteWholeFile(directory / "a", "new"));
-  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), "old");
-}
-
-TEST(WriteWholeFile, KeepsThePermissions) {
-  const TemporaryDirectory directory;
-  const std::string path = directory.Put("a", "old");
-  const auto permissions = fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_exec;
-  fs::permissions(path, permissions);
-  EXPECT_TRUE(WriteWholeFile(path, "new"));
-  EXPECT_EQ(fs::status(path).permissions(), permissions);
-}
-
-TEST(WriteWholeFile, FollowsSymbolicLinks) {
-  const TemporaryDirectory directory;
-  fs::create_directory(directory / "inner");
-  directory.Put("inner/a", "old");
-  fs::create_symlink("inner/a", directory / "link");
-  fs::create_symlink("link", directory / "link to link");
-  EXPECT_TRUE(WriteWholeFile(directory / "link to link", "new"));
-  EXPECT_EQ(directory.Bytes("inner/a"), "new");
-  EXPECT_TRUE(fs::is_symlink(directory / "link"));
-  EXPECT_TRUE(fs::is_symlink(directory / "link to link"));
-  EXPECT_THAT(directory.Names(), ElementsAre("inner", "link", "link to link"));
-}
-
-TEST(WriteWholeFile, CreatesTheFileThatALinkPointsTo) {
-  const TemporaryDirectory directory;
-  fs::create_symlink("a", directory / "link");
-  EXPECT_TRUE(WriteWholeFile(directory / "link", "new"));
-  EXPECT_EQ(directory.Bytes("a"), "new");
-  EXPECT_TRUE(fs::is_symlink(directory / "link"));
-}
-
-TEST(WriteWholeFile, RefusesLinksThatGoRound) {
-  const TemporaryDirectory directory;
-  fs::create_symlink("b", directory / "a");
-  fs::create_symlink("a", directory / "b");
-  EXPECT_FALSE(WriteWholeFile(directory / "a", "new"));
-  EXPECT_TRUE(fs::is_symlink(directory / "a"));
-}
-
-TEST(WriteWholeFile, WritesIntoADeviceWithoutReplacingIt) {
-  const TemporaryDirectory directory;
-  fs::create_symlink("/dev/null", directory / "link");
-  EXPECT_TRUE(WriteWholeFile(directory / "link", "gone"));
-  EXPECT_TRUE(fs::is_character_file("/dev/null"));
-}
-
-TEST(WriteWholeFile, TellsWhenTheDeviceIsFull) { EXPECT_FALSE(WriteWholeFile("/dev/full", "new")); }
-
-TEST(WriteWholeFile, AWriteThatFailsHalfwayLeavesTheOldFileAndNoOther) {
-  const TemporaryDirectory directory;
-  const std::string path = directory.Put("a", "old");
-  const std::string large(100000, 'x');
-
-  rlimit limit{};
-  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
-  const rlimit small{1000, limit.rlim_max};
-  const auto before = std::signal(SIGXFSZ, SIG_IGN);
-  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-  const bool written = WriteWholeFile(path, large);
-  const bool created = WriteWholeFile(directory / "b", large);
-  setrlimit(RLIMIT_FSIZE, &limit);
-  std::signal(SIGXFSZ, before);
-
-  EXPECT_FALSE(written);
-  EXPECT_FALSE(created);
-  EXPECT_EQ(directory.Bytes("a"), "old");
-  EXPECT_THAT(directory.Names(), ElementsAre("a"));
-}
-
-#endif

@@ -142,7 +142,7 @@ TEST(WriteTruss, WritesToItsFileName) {
   const TemporaryDirectory directory;
   Truss truss = TrussBuilder().Member(0, 0, 4, 0, "S");
   truss.FileName = directory.Put("a.trs", "what stood there before, and was a good deal longer");
-  ASSERT_TRUE(WriteTruss(truss));
+  ASSERT_EQ(WriteTruss(truss), "");
   EXPECT_EQ(directory.Bytes("a.trs"), TrussText(truss));
 }
 
@@ -150,7 +150,7 @@ TEST(WriteTruss, TellsWhenItCannotWrite) {
   const TemporaryDirectory directory;
   Truss truss;
   truss.FileName = directory / "missing/a.trs";
-  EXPECT_FALSE(WriteTruss(truss));
+  EXPECT_EQ(WriteTruss(truss), "its folder does not exist");
   truss.FileName = "";
-  EXPECT_FALSE(WriteTruss(truss));
+  EXPECT_NE(WriteTruss(truss), "");
 }

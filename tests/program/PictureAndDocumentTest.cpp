@@ -162,7 +162,8 @@ TEST(ProgramPicture, SaysWhenItCannotWrite) {
   const QString out = files.Path(QStringLiteral("none/out.png"));
   const Ended run = RunProgram(PictureWords(out, QStringLiteral("-")), TriangleText());
   EXPECT_EQ(run.Status, 1);
-  EXPECT_EQ(run.Err, "orvane: " + out.toUtf8() + ": the file could not be written\n");
+  EXPECT_EQ(run.Err,
+            "orvane: " + out.toUtf8() + ": the file could not be written: its folder does not exist\n");
 }
 
 TEST(ProgramPicture, RefusesOtherFormats) {
@@ -220,7 +221,8 @@ TEST(ProgramDocument, SaysWhenItCannotWrite) {
   const QString out = files.Path(QStringLiteral("none/out.rtf"));
   const Ended run = RunProgram(DocumentWords(out, QStringLiteral("-")), TriangleText());
   EXPECT_EQ(run.Status, 1);
-  EXPECT_EQ(run.Err, "orvane: " + out.toUtf8() + ": the file could not be written\n");
+  EXPECT_EQ(run.Err,
+            "orvane: " + out.toUtf8() + ": the file could not be written: its folder does not exist\n");
 }
 
 TEST(ProgramDocument, RefusesOtherFormats) {

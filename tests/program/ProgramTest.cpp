@@ -322,7 +322,7 @@ TEST(ProgramConvert, SaysWhenItCannotWrite) {
   const Ended run = RunProgram({QStringLiteral("--convert=") + out, QStringLiteral("-")}, TriangleText());
   EXPECT_EQ(run.Status, 1);
   EXPECT_EQ(run.Err,
-            "orvane: " + out.toUtf8() + ": the file could not be written\n");
+            "orvane: " + out.toUtf8() + ": the file could not be written: its folder does not exist\n");
 }
 
 TEST(ProgramAutoName, NamesReactionsThenMembersThenJoints) {
@@ -356,6 +356,35 @@ TEST(ProgramLocale, SeparatesDecimalsInTextsButNotInJsonAndFiles) {
   EXPECT_TRUE(inGerman("--json -").Out.contains("\"GridX\":0.5,"));
   EXPECT_TRUE(inGerman("--json -").Out.contains("\"Text\":\"707,1\""));
   EXPECT_TRUE(inGerman("--convert=- -").Out.contains("\r\n0.5\r\n"));
+}
+
+TEST(ProgramOutput, AFileThatMayNotGrowIsAFailureAndNotTheEnd) {
+  const TestFiles files;
+  const QString old = files.File(QStringLiteral("out.trs"), "old");
+  const Ended file =
+      RunShell(QStringLiteral("ulimit -f 0; exec \"$0\" --convert=\"$1\" -"), {old}, TriangleText());
+  EXPECT_EQ(file.Status, 1);
+  EXPECT_EQ(file.Err,
+            "orvane: " + old.toUtf8() +
+                ": the file could not be written: the file would be larger than the system allows\n");
+  EXPECT_EQ(BytesOf(old), "old");
+  const Ended output = RunShell(QStringLiteral("ulimit -f 0; exec \"$0\" --convert=- - > \"$1\""),
+                                {files.Path(QStringLiteral("redirected"))}, TriangleText());
+  EXPECT_EQ(output.Status, 1);
+  EXPECT_EQ(output.Err, "orvane: standard output: the results could not be written\n");
+}
+
+TEST(ProgramFiles, APipeIsReadLikeAFile) {
+  const Ended run = RunShell(QStringLiteral("cat | \"$0\" --csv=solutions /dev/stdin"), {}, TriangleText());
+  EXPECT_EQ(run.Status, 0) << run.Err.toStdString();
+  EXPECT_EQ(run.Out, RunProgram(Words("--csv=solutions -"), TriangleText()).Out);
+}
+
+TEST(ProgramFiles, StandardOutputCanBeNamedAsADevice) {
+  const Ended run =
+      RunShell(QStringLiteral("cat | \"$0\" --convert=/dev/stdout - | cat"), {}, TriangleText());
+  EXPECT_EQ(run.Status, 0) << run.Err.toStdString();
+  EXPECT_EQ(run.Out, RunProgram(Words("--convert=- -"), TriangleText()).Out);
 }
 
 TEST(ProgramOutput, ThatCannotBeWrittenIsAFailure) {

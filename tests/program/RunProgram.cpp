@@ -39,13 +39,11 @@ QProcessEnvironment EnvironmentFor(const ProgramCall& call) {
   return environment;
 }
 
-}  // namespace
-
-Ended RunProgram(const ProgramCall& call) {
+Ended Run(const QString& program, const ProgramCall& call) {
   QProcess process;
   process.setProcessEnvironment(EnvironmentFor(call));
   if (!call.OutputFile.isEmpty()) process.setStandardOutputFile(call.OutputFile);
-  process.start(QStringLiteral(ORVANE_PROGRAM), call.Arguments);
+  process.start(program, call.Arguments);
   process.write(call.Input);
   process.closeWriteChannel();
   if (!process.waitForFinished(LongestRun) || process.exitStatus() != QProcess::NormalExit) {
@@ -54,6 +52,16 @@ Ended RunProgram(const ProgramCall& call) {
     return {};
   }
   return Ended{process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+}  // namespace
+
+Ended RunProgram(const ProgramCall& call) { return Run(QStringLiteral(ORVANE_PROGRAM), call); }
+
+Ended RunShell(const QString& script, const QStringList& arguments, const QByteArray& input) {
+  const QStringList words =
+      QStringList{QStringLiteral("-c"), script, QStringLiteral(ORVANE_PROGRAM)} + arguments;
+  return Run(QStringLiteral("/bin/sh"), ProgramCall{.Arguments = words, .Input = input, .OutputFile = {}});
 }
 
 Ended RunProgram(const QStringList& arguments, const QByteArray& input) {

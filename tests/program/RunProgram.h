@@ -25,6 +25,10 @@ struct ProgramCall {
 Ended RunProgram(const ProgramCall& call);
 Ended RunProgram(const QStringList& arguments, const QByteArray& input = {});
 
+/// Runs a script of the shell in the same way; in it the program is "$0" and the arguments are "$1" and so
+/// on.
+Ended RunShell(const QString& script, const QStringList& arguments, const QByteArray& input);
+
 /// The path of one of the example trusses.
 QString Example(const char* name);
 

@@ -134,8 +134,8 @@ TEST_F(PrintableReportOutput, AFileThatCannotBeWrittenIsToldWithItsReason) {
   chooser_.Choice = directory_ / "missing/report.rtf";
   Click("cmdReportSaveAs");
   ASSERT_EQ(messages_.Shown.size(), 1U);
-  EXPECT_EQ(messages_.Shown[0].Text,
-            "The report could not be saved as " + *chooser_.Choice + ".\nThe folder does not exist.");
+  EXPECT_EQ(messages_.Shown[0].Text, "The report could not be saved as " + *chooser_.Choice + ".");
+  EXPECT_EQ(messages_.Shown[0].Details, "Its folder does not exist.");
   EXPECT_EQ(messages_.Shown[0].Icon, MessageIcon::Exclamation);
 }
 

@@ -23,6 +23,10 @@ QString WithLongRunsBreakable(const QString& text) {
   return result;
 }
 
+std::string WholeText(const Message& message) {
+  return message.Details.empty() ? message.Text : message.Text + "\n\n" + message.Details;
+}
+
 QMessageBox::Icon IconOf(MessageIcon icon) {
   switch (icon) {
     case MessageIcon::Information:
@@ -44,7 +48,7 @@ MessageAnswer QtMessageBox::Show(const Message& message) {
   box.setWindowTitle(QString::fromStdString(message.Title));
   box.setIcon(IconOf(message.Icon));
   box.setTextFormat(Qt::PlainText);
-  box.setText(WithLongRunsBreakable(QString::fromStdString(message.Text)));
+  box.setText(WithLongRunsBreakable(QString::fromStdString(WholeText(message))));
   if (message.Buttons == MessageButtons::Ok) {
     box.setStandardButtons(QMessageBox::Ok);
     box.exec();

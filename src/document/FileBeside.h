@@ -1,0 +1,33 @@
+// A file that is written in a folder until it can take the place of another one there.
+#pragma once
+
+#include <string>
+
+#include "document/SystemFile.h"
+
+/// Its name begins with ".orvane-save-" and does not depend on the target's, which may already be as long as
+/// names can be. It is locked as long as it is written: an unlocked one is what a killed save has left, and
+/// is removed by the next save in this folder. Unless it takes its place it is gone in the end.
+class FileBeside {
+ public:
+  /// `folder` ends with a slash, or is empty for the current one.
+  FileBeside(std::string folder, mode_t mode);
+  FileBeside(const FileBeside&) = delete;
+  FileBeside& operator=(const FileBeside&) = delete;
+  ~FileBeside();
+
+  /// Why it could not be created, as the system's number; 0 when it stands there.
+  int Error() const { return error_; }
+
+  const SystemFile& File() const { return file_; }
+
+  /// Puts it in the target's place, so that a power failure leaves the one or the other there. Returns 0 or
+  /// the error's number.
+  int TakePlaceOf(const std::string& target);
+
+ private:
+  std::string folder_;
+  std::string path_;
+  SystemFile file_;
+  int error_ = 0;
+};

@@ -1,0 +1,158 @@
+// See the header.
+#include "document/FileWriting.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <ctime>
+#include <filesystem>
+#include <system_error>
+
+#include "document/FileAttributes.h"
+#include "document/FileBeside.h"
+#include "document/FileBytes.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr mode_t NewFileMode = 0666;  // less what the user or the folder wants new files to be denied
+constexpr mode_t PrivateMode = 0600;
+constexpr mode_t AnyWrite = 0222;
+
+// A file that grows beyond what this process may write is answered by a signal that ends the process, unless
+// it is held back: then the write fails and says so.
+class SizeSignalHeld {
+ public:
+  SizeSignalHeld() {
+    sigemptyset(&signal_);
+    sigaddset(&signal_, SIGXFSZ);
+    pthread_sigmask(SIG_BLOCK, &signal_, &before_);
+  }
+  SizeSignalHeld(const SizeSignalHeld&) = delete;
+  SizeSignalHeld& operator=(const SizeSignalHeld&) = delete;
+  ~SizeSignalHeld() {
+    const timespec now{};
+    while (sigismember(&before_, SIGXFSZ) == 0 && sigtimedwait(&signal_, nullptr, &now) > 0) {
+    }
+    pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+  }
+
+ private:
+  sigset_t signal_{}, before_{};
+};
+
+// The file that a chain of symbolic links ends at, whether it exists or not. Empty when the links go round.
+std::string BehindLinks(fs::path path) {
+  std::error_code error;
+  constexpr int longestChain = 40;
+  for (int i = 0; i < longestChain && fs::is_symlink(fs::symlink_status(path, error)); ++i) {
+    path = path.parent_path() / fs::read_symlink(path, error);
+    if (error) return {};
+  }
+  return fs::is_symlink(fs::symlink_status(path, error)) ? std::string() : path.string();
+}
+
+bool LeadsTo(const struct stat& file, const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 && status.st_dev == file.st_dev && status.st_ino == file.st_ino;
+}
+
+// With its slash; empty for the current folder.
+std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
+
+int WriteBytes(const SystemFile& file, std::string_view bytes) {
+  std::size_t written = 0;
+  return file.Write(bytes, written);
+}
+
+// What is beyond `size` bytes was not touched and stays.
+int PutBack(const SystemFile& file, std::string_view old, std::size_t size) {
+  if (lseek(file.Descriptor(), 0, SEEK_SET) < 0) return errno;
+  if (const int error = WriteBytes(file, old.substr(0, size))) return error;
+  if (ftruncate(file.Descriptor(), static_cast<off_t>(old.size())) != 0) return errno;
+  return file.Synchronise();
+}
+
+int Overwrite(const SystemFile& file, std::string_view bytes, std::size_t& written) {
+  if (lseek(file.Descriptor(), 0, SEEK_SET) < 0) return errno;
+  if (const int error = file.Write(bytes, written)) return error;
+  // Not sooner: the old file's room is what there is to put its bytes back.
+  if (ftruncate(file.Descriptor(), static_cast<off_t>(bytes.size())) != 0) return errno;
+  return file.Synchronise();
+}
+
+std::string WriteInPlace(const std::string& path, std::string_view bytes) {
+  const SystemFile file(path, O_RDWR | O_NONBLOCK);
+  if (!file.IsOpen()) return WhyFailed(file.Error());
+  const std::optional<struct stat> status = file.Status();
+  if (!status || !S_ISREG(status->st_mode)) return WhyFailed(EACCES);
+  const FileBytes old = ReadWholeFile(file);
+  if (!old.Problem.empty()) return "it could not be put back if writing failed: " + old.Problem;
+  std::size_t written = 0;
+  const int error = Overwrite(file, bytes, written);
+  if (error == 0) return {};
+  const bool isBack = PutBack(file, old.Bytes, written) == 0;
+  return WhyFailed(error) + (isBack ? "" : ", and what the file held before could not be put back");
+}
+
+// Pipes and devices have no old content to protect, and nothing can take their place.
+std::string WriteInto(const std::string& path, std::string_view bytes) {
+  const SystemFile device(path, O_WRONLY | O_APPEND);
+  const int error = device.IsOpen() ? WriteBytes(device, bytes) : device.Error();
+  return error == 0 ? std::string() : WhyFailed(error);
+}
+
+// There is nothing to keep secret or to keep: the file is what a new file is in this folder.
+std::string Create(const std::string& target, std::string_view bytes) {
+  FileBeside beside(FolderOf(target), NewFileMode);
+  int error = beside.Error();
+  if (error == 0) error = WriteBytes(beside.File(), bytes);
+  if (error == 0) error = beside.TakePlaceOf(target);
+  return error == 0 ? std::string() : WhyFailed(error);
+}
+
+// The folder lets nothing be created or replaced, or the file is bound to its place; the file itself may be
+// writable.
+bool OnlyInPlace(int error) { return error == EACCES || error == EPERM || error == EROFS || error == EBUSY; }
+
+std::string Replace(const std::string& target, std::string_view bytes, const SystemFile& existing,
+                    const struct stat& old) {
+  FileBeside beside(FolderOf(target), PrivateMode);
+  if (OnlyInPlace(beside.Error())) return WriteInPlace(target, bytes);
+  if (beside.Error() != 0) return WhyFailed(beside.Error());
+  if (!KeepAttributes(existing.Descriptor(), old, beside.File().Descriptor())) {
+    return WriteInPlace(target, bytes);
+  }
+  int error = WriteBytes(beside.File(), bytes);
+  if (error != 0) return WhyFailed(error);
+  error = beside.TakePlaceOf(target);
+  if (OnlyInPlace(error)) return WriteInPlace(target, bytes);
+  return error == 0 ? std::string() : WhyFailed(error);
+}
+
+std::string WriteOver(const std::string& path, std::string_view bytes) {
+  const SystemFile existing(path, O_WRONLY | O_NONBLOCK);
+  if (!existing.IsOpen()) return WhyFailed(existing.Error());
+  const std::optional<struct stat> old = existing.Status();
+  // Also for root, who may write everything.
+  if (!old || (old->st_mode & AnyWrite) == 0) return WhyFailed(EACCES);
+  const std::string target = BehindLinks(path);
+  const bool hasItsNameAlone = old->st_nlink == 1 && LeadsTo(*old, target);
+  return hasItsNameAlone ? Replace(target, bytes, existing, *old) : WriteInPlace(path, bytes);
+}
+
+}  // namespace
+
+std::string WriteWholeFile(const std::string& path, std::string_view bytes, PipesAndDevices others) {
+  const SizeSignalHeld held;
+  struct stat status {};
+  if (stat(path.c_str(), &status) == 0) {
+    if (const char* why = WhyNoFile(status.st_mode, others)) return why;
+    return S_ISREG(status.st_mode) ? WriteOver(path, bytes) : WriteInto(path, bytes);
+  }
+  if (errno != ENOENT) return WhyFailed(errno);
+  return Create(BehindLinks(path), bytes);
+}
