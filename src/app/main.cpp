@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "app/DisplayGuard.h"
 #include "app/Icons.h"
 #include "app/JsonReport.h"
 #include "app/MainForm.h"
@@ -31,18 +32,15 @@ void PrepareStandardStreams() {
 
 bool StandardErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
 
-// Without one the toolkit would end the program with a remark of its own.
-bool HasDisplay() {
-#ifdef __linux__
-  return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
-         qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
-#else
-  return true;
-#endif
+bool IsTerminalAlone() {
+  return qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+         qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
 int RunWindow(int argc, char** argv, const CommandLine& commandLine) {
-  QApplication application(argc, argv);
+  std::optional<DisplayGuard> guard(std::in_place);
+  const QApplication application(argc, argv);
+  guard.reset();
   QApplication::setApplicationName(QStringLiteral("Orvane"));
   QApplication::setApplicationVersion(QStringLiteral(ORVANE_VERSION));
   QApplication::setWindowIcon(ApplicationIcon());
@@ -90,8 +88,6 @@ int main(int argc, char** argv) {
   }
   const CommandLine& commandLine = std::get<CommandLine>(parsed);
   if (commandLine.What != CommandLine::Mode::Window) return RunWithoutWindow(commandLine);
-  if (HasDisplay()) return RunWindow(argc, argv, commandLine);
-  std::cerr
-      << "orvane: there is no display for the window; orvane --help tells what can be done without one\n";
-  return NotAllDone;
+  if (IsTerminalAlone()) EndWithoutDisplay(QString());
+  return RunWindow(argc, argv, commandLine);
 }

@@ -399,14 +399,51 @@ TEST(ProgramOutput, ThatCannotBeWrittenIsAFailure) {
   }
 }
 
-#ifdef __linux__
+constexpr const char* NoDisplay = "orvane: there is no display for the window";
+constexpr const char* DisplayHint = "; orvane --help tells what can be done without one\n";
+
+using Variables = QMap<QString, QString>;
+
+Ended RunWindow(const Variables& environment) {
+  return RunProgram(ProgramCall{
+      .Arguments = {Example("triangle.trs")}, .Input = {}, .OutputFile = {}, .Environment = environment});
+}
+
 TEST(ProgramWindow, WithoutADisplaySaysSoInOneLine) {
-  const Ended run = RunProgram({Example("triangle.trs")});
+  for (const Variables& environment : {Variables(), Variables{{QStringLiteral("DISPLAY"), QString()}}}) {
+    const Ended run = RunWindow(environment);
+    EXPECT_EQ(run.Status, 1);
+    EXPECT_EQ(run.Out, "");
+    EXPECT_EQ(run.Err, QByteArray(NoDisplay) + DisplayHint);
+  }
+}
+
+// An abort would be a failure of RunProgram.
+TEST(ProgramWindow, ADisplayThatCannotBeReachedIsOneLineAndNoAbort) {
+  const Ended run = RunWindow({{QStringLiteral("DISPLAY"), QStringLiteral(":77")}});
   EXPECT_EQ(run.Status, 1);
   EXPECT_EQ(run.Out, "");
-  EXPECT_EQ(run.Err,
-            "orvane: there is no display for the window; orvane --help tells what can be done without one\n");
+  EXPECT_EQ(run.Err, QByteArray(NoDisplay) + ": could not connect to display :77" + DisplayHint);
 }
-#endif
+
+TEST(ProgramWindow, NoWindowSystemIsOneLineAndNoAbort) {
+  const QString platform = QStringLiteral("QT_QPA_PLATFORM");
+  const QString wayland = QStringLiteral("WAYLAND_DISPLAY");
+  const Variables inWaylandSession{{wayland, QStringLiteral("wayland-77")},
+                                   {QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("wayland")},
+                                   {QStringLiteral("DISPLAY"), QStringLiteral(":77")}};
+  for (const Variables& environment : {Variables{{wayland, QStringLiteral("wayland-77")}}, inWaylandSession,
+                                       Variables{{platform, QStringLiteral("nonsense")}},
+                                       Variables{{platform, QStringLiteral("no\x1b[2J\nsense")}},
+                                       Variables{{platform, QStringLiteral("xcb")}}}) {
+    const Ended run = RunWindow(environment);
+    EXPECT_EQ(run.Status, 1);
+    EXPECT_EQ(run.Out, "");
+    EXPECT_TRUE(run.Err.startsWith(QByteArray(NoDisplay) + ": ") && run.Err.endsWith(DisplayHint))
+        << run.Err.toStdString();
+    EXPECT_EQ(run.Err.count('\n'), 1) << run.Err.toStdString();
+    EXPECT_FALSE(run.Err.contains('\x1b'));
+  }
+}
 
 }  // namespace
