@@ -41,6 +41,15 @@ QString DroppedTruss(const QMimeData* data) {
   return path.endsWith(QStringLiteral(".trs"), Qt::CaseInsensitive) ? path : QString();
 }
 
+// A file manager may propose to move the file, and who moves deletes what was taken. Opening takes a copy,
+// and a drop that allows none is refused.
+bool TakesACopy(QDropEvent* event) {
+  const bool allowed = event->possibleActions().testFlag(Qt::CopyAction);
+  if (allowed) event->setDropAction(Qt::CopyAction);
+  event->setAccepted(allowed);
+  return allowed;
+}
+
 // A position on the canvas in twips; names may stand far outside it.
 int InTwips(float pixels) { return static_cast<int>(OntoPaper(pixels) * TwipsPerPixel); }
 
@@ -319,15 +328,15 @@ void MainForm::closeEvent(QCloseEvent* event) {
 }
 
 void MainForm::dragEnterEvent(QDragEnterEvent* event) {
-  if (mnuFile_->menuAction()->isEnabled() && !DroppedTruss(event->mimeData()).isEmpty()) {
-    event->acceptProposedAction();
-  }
+  if (mnuFile_->menuAction()->isEnabled() && !DroppedTruss(event->mimeData()).isEmpty()) TakesACopy(event);
 }
+
+// Keys held down change what is proposed while the file is on its way.
+void MainForm::dragMoveEvent(QDragMoveEvent* event) { TakesACopy(event); }
 
 void MainForm::dropEvent(QDropEvent* event) {
   const QString path = DroppedTruss(event->mimeData());
-  if (path.isEmpty()) return;
-  event->acceptProposedAction();
+  if (path.isEmpty() || !TakesACopy(event)) return;
   // The program that the file comes from waits until this event is done; a question must not hold it up.
   const auto open = [this, path] {
     tool_->Cancel();

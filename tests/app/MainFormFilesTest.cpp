@@ -1,5 +1,6 @@
 // The File menu through the window: questions, recent files, dropped files, leaving.
 #include <QDragEnterEvent>
+#include <QDragMoveEvent>
 #include <QDropEvent>
 #include <QMimeData>
 #include <QUrl>
@@ -35,18 +36,29 @@ class MainFormFiles : public MainFormTest {
     return shown;
   }
 
-  // Drops a file on the canvas. Whether the window takes it.
-  bool Drop(const QList<QUrl>& urls) {
+  // What the window answers when files are dragged onto the canvas, moved there and dropped.
+  std::vector<Qt::DropAction> AnswersToDrop(const QList<QUrl>& urls, Qt::DropActions possible,
+                                            Qt::KeyboardModifiers keys = Qt::NoModifier) {
     QMimeData data;
     data.setUrls(urls);
-    QDragEnterEvent enter(QPoint(100, 200), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    enter.setAccepted(false);
-    QApplication::sendEvent(form_.get(), &enter);
-    if (!enter.isAccepted()) return false;
-    QDropEvent drop(QPointF(100, 200), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(form_.get(), &drop);
+    std::vector<Qt::DropAction> answers;
+    const auto send = [&](QDropEvent& event) {
+      event.setAccepted(false);
+      QApplication::sendEvent(form_.get(), &event);
+      answers.push_back(event.isAccepted() ? event.dropAction() : Qt::IgnoreAction);
+      return event.isAccepted();
+    };
+    QDragEnterEvent enter(QPoint(100, 200), possible, &data, Qt::LeftButton, keys);
+    QDragMoveEvent move(QPoint(110, 200), possible, &data, Qt::LeftButton, keys);
+    QDropEvent drop(QPointF(110, 200), possible, &data, Qt::LeftButton, keys);
+    if (send(enter) && send(move)) send(drop);
     QApplication::processEvents();
-    return true;
+    return answers;
+  }
+
+  // Whether the window takes it.
+  bool Drop(const QList<QUrl>& urls) {
+    return AnswersToDrop(urls, Qt::CopyAction).back() != Qt::IgnoreAction;
   }
   bool Drop(const std::string& path) { return Drop({QUrl::fromLocalFile(QString::fromStdString(path))}); }
 
@@ -196,6 +208,34 @@ TEST_F(MainFormFiles, AVanishedRecentFileChangesNothing) {
 }
 
 // --- dropped files
+
+// Who moves a file deletes it where it was.
+TEST_F(MainFormFiles, ADropIsTakenAsACopyWhateverIsProposed) {
+  Started();
+  const QList<QUrl> urls{QUrl::fromLocalFile(QString::fromStdString(Saved("dropped.trs")))};
+  const Qt::DropActions copyOrMove = Qt::CopyAction | Qt::MoveAction;
+  const QMimeData data;
+  ASSERT_EQ(QDropEvent(QPointF(), copyOrMove, &data, Qt::LeftButton, Qt::ShiftModifier).proposedAction(),
+            Qt::MoveAction);
+  for (const Qt::DropActions possible :
+       {copyOrMove, copyOrMove | Qt::LinkAction, Qt::DropActions(Qt::CopyAction)}) {
+    for (const Qt::KeyboardModifier key :
+         {Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier}) {
+      EXPECT_THAT(AnswersToDrop(urls, possible, key),
+                  testing::ElementsAre(Qt::CopyAction, Qt::CopyAction, Qt::CopyAction));
+    }
+  }
+  EXPECT_EQ(truss_.FileName, directory_ / "dropped.trs");
+}
+
+TEST_F(MainFormFiles, ADropThatAllowsNoCopyIsRefused) {
+  Started();
+  const QList<QUrl> urls{QUrl::fromLocalFile(QString::fromStdString(Saved("dropped.trs")))};
+  for (const Qt::DropActions possible : {Qt::DropActions(Qt::MoveAction), Qt::MoveAction | Qt::LinkAction}) {
+    EXPECT_THAT(AnswersToDrop(urls, possible), testing::ElementsAre(Qt::IgnoreAction));
+  }
+  EXPECT_EQ(truss_.FileName, "");
+}
 
 TEST_F(MainFormFiles, ADroppedTrussOpens) {
   Started();
