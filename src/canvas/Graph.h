@@ -15,6 +15,10 @@ class Graph {
   float XWorld(float pixelX) const;
   float YWorld(float pixelY) const;
 
+  // XWorld and YWorld before they are rounded.
+  double XWorldUnrounded(float pixelX) const;
+  double YWorldUnrounded(float pixelY) const;
+
   /// Whether a side has no extent on either axis, so that nothing can be drawn to scale.
   bool IsEmpty() const;
 

@@ -2,7 +2,6 @@
 #include "editing/ForceDrawing.h"
 
 #include <cmath>
-#include <limits>
 
 #include "editing/ForceBand.h"
 
@@ -25,7 +24,7 @@ class ForceDrawing final : public Drag {
 
   void Release(const SnappedPoint& point, PixelPoint /*mouse*/) override {
     Cancel();
-    const auto components = ComponentsTo(on_.Document, force_, point);
+    const auto components = ComponentsBetween(tail_, point, on_.Document.Settings.ForceScale);
     if (SamePlace(tail_, point) || !components) return;
     force_.Fx = components->Fx;
     force_.Fy = components->Fy;
@@ -51,16 +50,15 @@ class ForceDrawing final : public Drag {
 
 }  // namespace
 
-std::optional<ForceComponents> ComponentsTo(const Truss& truss, const ForceRec& force,
-                                            const SnappedPoint& head) {
-  const double scale = truss.Settings.ForceScale;
-  const double fx = (double{head.X} - double{force.X}) * scale;
-  const double fy = (double{head.Y} - double{force.Y}) * scale;
-  constexpr double largest = std::numeric_limits<float>::max();
-  if (!(std::abs(fx) <= largest && std::abs(fy) <= largest)) return std::nullopt;
-  const ForceComponents components{static_cast<float>(fx), static_cast<float>(fy)};
-  if (components.Fx == 0 && components.Fy == 0) return std::nullopt;
-  return components;
+std::optional<ForceComponents> ComponentsBetween(const SnappedPoint& tail, const SnappedPoint& head,
+                                                 float forceScale) {
+  if (!std::isfinite(forceScale)) return std::nullopt;
+  const ExactDecimal scale = ExactDecimal::Of(forceScale);
+  // An arrow along a grid line has no component across it, whatever its ends were before they were stored.
+  const auto fx = head.X == tail.X ? 0.0F : ((head.ExactX - tail.ExactX) * scale).ToSingle();
+  const auto fy = head.Y == tail.Y ? 0.0F : ((head.ExactY - tail.ExactY) * scale).ToSingle();
+  if (!fx || !fy || (*fx == 0 && *fy == 0)) return std::nullopt;
+  return ForceComponents{*fx, *fy};
 }
 
 std::unique_ptr<Drag> BeginForce(const EditingContext& on, const SnappedPoint& tail) {

@@ -13,10 +13,11 @@ struct ForceComponents {
   float Fx = 0, Fy = 0;
 };
 
-/// The components of a force whose arrow reaches from its point of application to `head`. Nothing when they
-/// are not finite, both zero, or the force scale has no use.
-std::optional<ForceComponents> ComponentsTo(const Truss& truss, const ForceRec& force,
-                                            const SnappedPoint& head);
+/// The components of a force whose arrow reaches from its point of application to `head`. They are taken from
+/// the exact places and rounded once, so that arrows of opposite lengths are opposite forces wherever they
+/// stand. Nothing when the components are not finite, both zero, or the force scale has no use.
+std::optional<ForceComponents> ComponentsBetween(const SnappedPoint& tail, const SnappedPoint& head,
+                                                 float forceScale);
 
 /// Begins a new force at a point. Null, after a message, when there is no room for one.
 std::unique_ptr<Drag> BeginForce(const EditingContext& on, const SnappedPoint& tail);

@@ -14,7 +14,6 @@ bool IsOnPoint(PixelPoint point, PixelPoint mouse) {
   return std::abs(mouse.X - point.X) <= HandleTolerance && std::abs(mouse.Y - point.Y) <= HandleTolerance;
 }
 
-PixelPoint TailOf(const ForceRec& force) { return {force.PixX1, force.PixY1}; }
 PixelPoint HeadOf(const ForceRec& force) { return {force.PixX2, force.PixY2}; }
 
 // 1, 2 or 3 as the action code says; 0: no handle there.
@@ -175,17 +174,14 @@ class ForceHeadDragging final : public HandleDrag {
   ForceHeadDragging(const EditingContext& on, Selection& selection, PixelPoint mouse)
       : HandleDrag(on, selection, mouse),
         before_(on.Document.Forces[selection.Index]),
-        band_(on, TailOf(before_)) {}
+        tail_(PlaceOf(on.Document, on.Picture, before_.X, before_.Y)),
+        band_(on, tail_.Pixel) {}
 
   int ActionCode() const override { return 3; }
 
  private:
-  bool IsOnTail(const SnappedPoint& point) const {
-    return SamePlace({TailOf(before_), before_.X, before_.Y}, point);
-  }
-
   bool Store(const SnappedPoint& head) {
-    const auto components = ComponentsTo(on_.Document, before_, head);
+    const auto components = ComponentsBetween(tail_, head, on_.Document.Settings.ForceScale);
     if (!components) return false;
     ForceRec& force = on_.Document.Forces[selection_.Index];
     force.Fx = components->Fx;
@@ -195,13 +191,13 @@ class ForceHeadDragging final : public HandleDrag {
 
   void Follow(const SnappedPoint& point) override {
     band_.MoveTo(point.Pixel);
-    PlaceHandles(on_.Picture, point.Pixel, TailOf(before_));
-    if (!IsOnTail(point)) Store(point);
+    PlaceHandles(on_.Picture, point.Pixel, tail_.Pixel);
+    if (!SamePlace(tail_, point)) Store(point);
   }
 
   void Drop(const SnappedPoint& point) override {
     Restore();
-    if (IsOnTail(point)) {
+    if (SamePlace(tail_, point)) {
       Deselect(on_);
       EraseObject(on_, selection_);
       return;
@@ -217,6 +213,7 @@ class ForceHeadDragging final : public HandleDrag {
   }
 
   ForceRec before_;
+  SnappedPoint tail_;
   ForceBand band_;
 };
 

@@ -46,19 +46,56 @@ struct Target {
   double toleranceX_, toleranceY_;
 };
 
+// The lines of the grid along one axis, counted from the minimum coordinate.
+class GridLines {
+ public:
+  GridLines(float minimum, float spacing) : minimum_(minimum), spacing_(spacing) {}
+
+  // Which line is the nearest; halves go upward.
+  double Nearest(float value) const {
+    return std::floor((double{value} - double{minimum_}) / double{spacing_} + 0.5);
+  }
+
+  // The coordinate that is stored for a line; what no single can hold is not finite.
+  float Stored(double line) const {
+    const double coordinate = double{minimum_} + line * double{spacing_};
+    constexpr double largest = std::numeric_limits<float>::max();
+    return std::abs(coordinate) <= largest ? static_cast<float>(coordinate)
+                                           : std::numeric_limits<float>::quiet_NaN();
+  }
+
+  // The decimals of a line whose stored coordinate is finite.
+  ExactDecimal Exact(double line) const {
+    return ExactDecimal::Of(minimum_) + ExactDecimal::Of(line) * ExactDecimal::Of(spacing_);
+  }
+
+ private:
+  float minimum_, spacing_;
+};
+
+// 9 steps of 0.1 are stored as 0.90000004, and nine tenths are meant.
+ExactDecimal MeaningOf(float stored, const GridLines& grid) {
+  const double line = grid.Nearest(stored);
+  return grid.Stored(line) == stored ? grid.Exact(line) : ExactDecimal::Of(stored);
+}
+
+GridLines ColumnsOf(const DocumentSettings& settings) { return {settings.XMin, settings.GridX}; }
+GridLines RowsOf(const DocumentSettings& settings) { return {settings.YMin, settings.GridY}; }
+
 std::optional<SnappedPoint> NearMemberEnd(const Truss& truss, const Drawing& drawing, int selfObject,
                                           const Target& target) {
   for (int i = 1; i <= truss.NumMembers; ++i) {
     if (i == selfObject || !IsRodShown(drawing, truss, i)) continue;
     const MemberRec& member = truss.Members[i];
-    if (target.IsNear(member.X1, member.Y1)) return {{drawing.Rod[i].End1(), member.X1, member.Y1}};
-    if (target.IsNear(member.X2, member.Y2)) return {{drawing.Rod[i].End2(), member.X2, member.Y2}};
+    const auto end = [&](float x, float y, PixelPoint drawn) {
+      SnappedPoint place = PlaceOf(truss, drawing, x, y);
+      place.Pixel = drawn;
+      return place;
+    };
+    if (target.IsNear(member.X1, member.Y1)) return end(member.X1, member.Y1, drawing.Rod[i].End1());
+    if (target.IsNear(member.X2, member.Y2)) return end(member.X2, member.Y2, drawing.Rod[i].End2());
   }
   return std::nullopt;
-}
-
-SnappedPoint PointInWorld(const Graph& graph, float x, float y) {
-  return {{graph.XPixel(x), graph.YPixel(y)}, x, y};
 }
 
 std::optional<SnappedPoint> NearObject(const Truss& truss, const Drawing& drawing, int selfObject,
@@ -67,26 +104,25 @@ std::optional<SnappedPoint> NearObject(const Truss& truss, const Drawing& drawin
   for (int i = 1; i <= truss.NumSupports; ++i) {
     const SupportRec& support = truss.Supports[i];
     if (!IsSupportShown(drawing, truss, i) || !target.IsNear(support.X, support.Y)) continue;
-    return PointInWorld(drawing.Mapping, support.X, support.Y);
+    return PlaceOf(truss, drawing, support.X, support.Y);
   }
   for (const ForceRec& force : truss.ForcesInUse()) {
     if (!force.Active || !target.IsNear(force.X, force.Y)) continue;
-    return PointInWorld(drawing.Mapping, force.X, force.Y);
+    return PlaceOf(truss, drawing, force.X, force.Y);
   }
   return std::nullopt;
 }
 
-// The nearest grid line; a result that no single can hold is not finite.
-float NearestGridLine(float value, float minimum, float spacing) {
-  const double steps = std::floor((double{value} - double{minimum}) / double{spacing} + 0.5);
-  const double line = double{minimum} + steps * double{spacing};
-  constexpr double largest = std::numeric_limits<float>::max();
-  return std::abs(line) <= largest ? static_cast<float>(line) : std::numeric_limits<float>::quiet_NaN();
-}
-
-bool IsFinite(const SnappedPoint& point) {
-  return std::isfinite(point.X) && std::isfinite(point.Y) && std::isfinite(point.Pixel.X) &&
-         std::isfinite(point.Pixel.Y);
+// Nothing when no single can hold the nearest grid point.
+std::optional<SnappedPoint> NearestGridPoint(const Truss& truss, const Graph& graph, const Target& target) {
+  const GridLines columns = ColumnsOf(truss.Settings);
+  const GridLines rows = RowsOf(truss.Settings);
+  const double column = columns.Nearest(target.X);
+  const double row = rows.Nearest(target.Y);
+  const float x = columns.Stored(column);
+  const float y = rows.Stored(row);
+  if (!std::isfinite(x) || !std::isfinite(y)) return std::nullopt;
+  return SnappedPoint{{graph.XPixel(x), graph.YPixel(y)}, x, y, columns.Exact(column), rows.Exact(row)};
 }
 
 }  // namespace
@@ -149,19 +185,27 @@ bool IsLive(const Truss& truss, const Selection& selection) {
   return false;
 }
 
+SnappedPoint PlaceOf(const Truss& truss, const Drawing& drawing, float x, float y) {
+  const Graph& graph = drawing.Mapping;
+  return {{graph.XPixel(x), graph.YPixel(y)},
+          x,
+          y,
+          MeaningOf(x, ColumnsOf(truss.Settings)),
+          MeaningOf(y, RowsOf(truss.Settings))};
+}
+
 std::optional<SnappedPoint> OKLocation(const Truss& truss, const Drawing& drawing, int selfObject, float x,
                                        float y) {
   const Graph& graph = drawing.Mapping;
   if (graph.IsEmpty() || !std::isfinite(x) || !std::isfinite(y)) return std::nullopt;
   const Target target(graph, x, y);
-  const DocumentSettings& settings = truss.Settings;
-  if (settings.SnapObject) {
+  if (truss.Settings.SnapObject) {
     if (const auto near = NearObject(truss, drawing, selfObject, target)) return near;
   }
-  SnappedPoint point{{x, y}, target.X, target.Y};
-  if (settings.SnapGrid) {
-    point = PointInWorld(graph, NearestGridLine(target.X, settings.XMin, settings.GridX),
-                         NearestGridLine(target.Y, settings.YMin, settings.GridY));
-  }
-  return IsFinite(point) ? std::optional(point) : std::nullopt;
+  if (truss.Settings.SnapGrid) return NearestGridPoint(truss, graph, target);
+  return SnappedPoint{{x, y},
+                      target.X,
+                      target.Y,
+                      ExactDecimal::Of(graph.XWorldUnrounded(x)),
+                      ExactDecimal::Of(graph.YWorldUnrounded(y))};
 }

@@ -7,6 +7,7 @@
 
 #include "canvas/Drawing.h"
 #include "document/Truss.h"
+#include "text/ExactDecimal.h"
 
 /// Pixels: closer than this to a line, measured along its minor axis, is on the line.
 inline constexpr float PickTolerance = 5;
@@ -34,9 +35,12 @@ struct Selection {
 /// A place for a joint.
 struct SnappedPoint {
   PixelPoint Pixel;
-  float X = 0, Y = 0;  ///< world
+  float X = 0, Y = 0;               ///< world, as it is stored
+  ExactDecimal ExactX{}, ExactY{};  ///< world, as it was before it was rounded: the decimals of the grid
 
-  friend bool operator==(const SnappedPoint&, const SnappedPoint&) = default;
+  friend bool operator==(const SnappedPoint& a, const SnappedPoint& b) {
+    return a.Pixel == b.Pixel && a.X == b.X && a.Y == b.Y;
+  }
 };
 
 /// Whether two places are one: a member or force between them would have no length, on the drawing or in the
@@ -61,6 +65,10 @@ bool IsSelectionShown(const Drawing& drawing);
 
 /// Whether a selection's element is still there.
 bool IsLive(const Truss& truss, const Selection& selection);
+
+/// The place of something that stands at a world point of finite coordinates. A coordinate that is stored for
+/// a grid line stands for the decimals of that line, any other for its own.
+SnappedPoint PlaceOf(const Truss& truss, const Drawing& drawing, float x, float y);
 
 /// Where a joint may go for the mouse at a pixel. With snap to object, the first that is near: member ends
 /// (not those of member `selfObject`; 0: of all), supports, points of application; otherwise with snap to
