@@ -6,6 +6,10 @@
 
 namespace {
 
+// A pin touches every pixel whose centre is nearer to the member's end than this, on both axes. Ends lie
+// between pixels as a rule, so that the pixel in the middle of a pin is as often beyond the end as before it.
+constexpr float PinReach = PinSize / 2 + 0.5F;
+
 // Where along the line a pixel lies that is on it; nothing when it is not.
 std::optional<float> FractionAt(const PixelLine& line, float x, float y) {
   const double dx = double{line.X2} - double{line.X1};
@@ -20,6 +24,19 @@ std::optional<float> FractionAt(const PixelLine& line, float x, float y) {
       isFlat ? double{line.Y1} + double{t} * dy - double{y} : double{line.X1} + double{t} * dx - double{x};
   if (!(std::abs(aside) < double{PickTolerance})) return std::nullopt;
   return t;
+}
+
+bool IsOnPin(PixelPoint end, float x, float y) {
+  return std::abs(x - end.X) < PinReach && std::abs(y - end.Y) < PinReach;
+}
+
+// 0 or 1, as the fraction along the line: whose pin a pixel is on. Where both are the nearer end's.
+std::optional<float> PinAt(const PixelLine& rod, float x, float y) {
+  const auto distance = [x, y](PixelPoint end) { return std::hypot(x - end.X, y - end.Y); };
+  const bool onPin1 = IsOnPin(rod.End1(), x, y);
+  const bool onPin2 = IsOnPin(rod.End2(), x, y);
+  if (onPin1 && (!onPin2 || distance(rod.End1()) <= distance(rod.End2()))) return 0;
+  return onPin2 ? std::optional(1.0F) : std::nullopt;
 }
 
 PixelLine ArrowOf(const ForceRec& force) { return {force.PixX1, force.PixY1, force.PixX2, force.PixY2}; }
@@ -136,6 +153,10 @@ Selection ObjectAt(const Truss& truss, const Drawing& drawing, float x, float y)
   for (int i = 1; i <= truss.NumMembers; ++i) {
     if (!IsRodShown(drawing, truss, i)) continue;
     if (const auto t = FractionAt(drawing.Rod[i], x, y)) return {ObjectType::Member, i, *t};
+  }
+  for (int i = 1; i <= truss.NumMembers; ++i) {
+    if (!IsRodShown(drawing, truss, i) || !HasPins(drawing, i)) continue;
+    if (const auto t = PinAt(drawing.Rod[i], x, y)) return {ObjectType::Member, i, *t};
   }
   for (int i = 1; i <= truss.NumForces; ++i) {
     if (!truss.Forces[i].Active) continue;

@@ -47,7 +47,8 @@ struct SnappedPoint {
 /// world.
 bool SamePlace(const SnappedPoint& a, const SnappedPoint& b);
 
-/// The first member under the pixel, or else the first force. Nothing beyond a line's ends counts.
+/// The first member whose line is under the pixel, or else the first whose pin is, or else the first force.
+/// But for the pins nothing beyond a line's ends counts.
 Selection ObjectAt(const Truss& truss, const Drawing& drawing, float x, float y);
 
 /// Picks what is under the pixel: marks it with the two handles and disables the supports. Without a hit only

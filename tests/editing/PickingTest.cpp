@@ -1,6 +1,7 @@
 // What is under the mouse, and where a joint may go.
 #include "editing/Picking.h"
 
+#include <cmath>
 #include <limits>
 
 #include "EditingFixture.h"
@@ -22,20 +23,85 @@ TEST(IdentifyObject, FourPointNinePixelsBesideAFlatMemberIsAHitFiveIsNot) {
   EXPECT_EQ(editor.Hit(208, 205), Nothing);
 }
 
-TEST(IdentifyObject, NothingBeyondTheEndsCounts) {
+TEST(IdentifyObject, NothingBeyondTheEndsAndTheirPinsCounts) {
   const Editor editor(Flat());
   EXPECT_EQ(editor.Hit(108, 210).T, 0);
   EXPECT_EQ(editor.Hit(308, 210).T, 1);
-  EXPECT_EQ(editor.Hit(107, 210), Nothing);
-  EXPECT_EQ(editor.Hit(309, 210), Nothing);
+  EXPECT_EQ(editor.Hit(104, 210), Nothing);
+  EXPECT_EQ(editor.Hit(312, 210), Nothing);
+  EXPECT_EQ(editor.Hit(106, 214.9F), Nothing);
+  EXPECT_EQ(editor.Hit(110, 214.9F).Type, ObjectType::Member);
+}
+
+TEST(IdentifyObject, EveryPixelOfAPinPicksItsMember) {
+  // Ends at all kinds of places between pixels; the members lie in all directions.
+  for (int i = 0; i < 40; ++i) {
+    const float x = 6 + 0.0137F * static_cast<float>(i);
+    const float y = 5 + 0.0071F * static_cast<float>(i);
+    const double direction = 0.3 * i;
+    const Editor editor(TrussBuilder().Member(x, y, x + static_cast<float>(3 * std::cos(direction)),
+                                              y + static_cast<float>(3 * std::sin(direction))));
+    for (const bool isEnd1 : {true, false}) {
+      const PixelLine& rod = editor.Picture.Rod[1];
+      const PixelPoint end = isEnd1 ? rod.End1() : rod.End2();
+      const PixelPoint middle{std::floor(end.X), std::floor(end.Y)};
+      for (float column = middle.X - 2; column <= middle.X + 3; ++column) {
+        for (float row = middle.Y - 2; row <= middle.Y + 3; ++row) {
+          const Selection hit = editor.Hit(column, row);
+          EXPECT_EQ(hit.Index, 1) << "(" << column << ", " << row << ") beside (" << end.X << ", " << end.Y
+                                  << ")";
+          EXPECT_EQ(hit.IsEnd2Big(), !isEnd1);
+        }
+      }
+    }
+  }
+}
+
+TEST(IdentifyObject, APinEndsWhereItsMarkEnds) {
+  const Editor editor(Flat());
+  EXPECT_EQ(editor.Hit(105, 207), (Selection{ObjectType::Member, 1, 0}));
+  EXPECT_EQ(editor.Hit(105, 213), (Selection{ObjectType::Member, 1, 0}));
+  EXPECT_EQ(editor.Hit(311, 213), (Selection{ObjectType::Member, 1, 1}));
+  EXPECT_EQ(editor.Hit(104.4F, 210), Nothing);
+  EXPECT_EQ(editor.Hit(106, 206.4F), Nothing);
+  EXPECT_EQ(editor.Hit(311.6F, 210), Nothing);
+}
+
+TEST(IdentifyObject, ALineWinsOverPinsAndAPinOverAForce) {
+  // The first member ends where the second and the force begin.
+  const Editor editor(TrussBuilder().Member(3, 3, 8, 3).Member(8, 3, 13, 3).Force(8, 3, 0, 3000));
+  EXPECT_EQ(editor.Hit(206, 210).Index, 1);
+  EXPECT_EQ(editor.Hit(208, 210).Index, 1);
+  EXPECT_EQ(editor.Hit(210, 210), (Selection{ObjectType::Member, 2, 0.02F}));
+  const Editor tip(TrussBuilder().Force(8, 3, 3000, 0).Member(3, 3, 8, 3));
+  EXPECT_EQ(tip.Hit(210, 210), (Selection{ObjectType::Member, 1, 1}));
+  EXPECT_EQ(tip.Hit(212, 210), (Selection{ObjectType::Force, 1, 0}));
+}
+
+TEST(IdentifyObject, OfTwoPinsTheLowestMembersIsPicked) {
+  const Editor editor(TrussBuilder().Member(8, 3, 8, 8).Member(8, 3, 4, 8));
+  EXPECT_EQ(editor.Hit(208, 212), (Selection{ObjectType::Member, 1, 0}));
+}
+
+TEST(IdentifyObject, OnAMemberShorterThanItsPinsTheNearerEndIsBig) {
+  const Editor editor(TrussBuilder().Member(8, 3, 8.1F, 3));  // 208 to 210
+  EXPECT_EQ(editor.Hit(206, 210).T, 0);
+  EXPECT_EQ(editor.Hit(212, 210).T, 1);
+}
+
+TEST(IdentifyObject, AMemberThatIsStillBeingDrawnHasNoPinsToPick) {
+  Editor editor;
+  editor.Use(Tool::TrussMember);
+  editor.Press(5, 5);
+  EXPECT_EQ(editor.Hit(Editor::Px(5), Editor::Py(5)), Nothing);
 }
 
 TEST(IdentifyObject, ASteepMemberIsMeasuredSideways) {
   const Editor editor(TrussBuilder().Member(3, 1, 3, 9));
   EXPECT_EQ(editor.Hit(112.9F, 170).Type, ObjectType::Member);
   EXPECT_EQ(editor.Hit(113, 170), Nothing);
-  EXPECT_EQ(editor.Hit(108, 251), Nothing);
-  EXPECT_EQ(editor.Hit(108, 89), Nothing);
+  EXPECT_EQ(editor.Hit(108, 254), Nothing);
+  EXPECT_EQ(editor.Hit(108, 86), Nothing);
 }
 
 TEST(IdentifyObject, TheToleranceIsMeasuredAlongTheMinorAxisNotAcrossTheLine) {
