@@ -132,7 +132,11 @@ bool CanvasTools::HandleMouse(QEvent* event) {
     mouse_.MouseUp(ButtonOf(mouse), x, y);
   } else {
     on_.Canvas.setFocus(Qt::MouseFocusReason);
-    mouse_.MouseDown(ButtonOf(mouse), x, y);
+    if (event->type() == QEvent::MouseButtonDblClick) {
+      mouse_.MouseDoubleClick(ButtonOf(mouse), x, y);
+    } else {
+      mouse_.MouseDown(ButtonOf(mouse), x, y);
+    }
   }
   ShowState();
   return true;

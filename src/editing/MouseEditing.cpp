@@ -18,6 +18,10 @@ bool IsDrawingTool(Tool tool) {
   return tool == Tool::TrussMember || tool == Tool::Clamp || tool == Tool::Roller || tool == Tool::Force;
 }
 
+bool ActsByClick(Tool tool) {
+  return tool == Tool::Clamp || tool == Tool::Roller || tool == Tool::ReOrientation || tool == Tool::Erase;
+}
+
 bool ActsOnLines(Tool tool) {
   return tool == Tool::NumericalValue || tool == Tool::Move || tool == Tool::Erase;
 }
@@ -37,6 +41,13 @@ void MouseEditing::MouseDown(MouseButton button, float x, float y) {
     }
   }
   if (button == MouseButton::Left) Press({x, y});
+}
+
+void MouseEditing::MouseDoubleClick(MouseButton button, float x, float y) {
+  // A drag hears of every press, but one that is done only waits for a release, which was lost.
+  const bool isDragEnded = !IsDragging() || (drag_->IsDone() && !heldByKey_);
+  if (button == MouseButton::Left && isDragEnded && ActsByClick(on_.Tools.Selected())) return;
+  MouseDown(button, x, y);
 }
 
 void MouseEditing::MouseMove(bool leftHeld, float x, float y) {

@@ -26,6 +26,10 @@ class MouseEditing {
   /// A second button in a drag cancels it; otherwise only the left button does anything.
   void MouseDown(MouseButton button, float x, float y);
 
+  /// The press that makes two clicks a double one; it comes here instead of to MouseDown. Tools that have
+  /// done all they do with the first click (Clamp, Roller, Re-orientation, Erase) ignore it.
+  void MouseDoubleClick(MouseButton button, float x, float y);
+
   /// `leftHeld` false in a drag means that its release was lost: the drag is cancelled.
   void MouseMove(bool leftHeld, float x, float y);
 
