@@ -95,9 +95,9 @@ void MainForm::Layout() {
                          .PixT = 70,
                          .PixB = static_cast<float>(canvasHeight - 33)};
   on_.Document.View = DeriveView(on_.Document.Settings, bounds_);
-  const QRect panelRoom(0, StepPanelHeight, width, canvasHeight - StepPanelHeight);
-  tool_->SetPanelRoom(panelRoom);
-  jointPanel_->SetRoom(panelRoom);
+  const QRect freeCanvas(0, StepPanelHeight, width, canvasHeight - StepPanelHeight);
+  tool_->SetRoom(freeCanvas);
+  jointPanel_->SetRoom(freeCanvas);
   Redraw();
 }
 

@@ -56,15 +56,20 @@ EditingContext CanvasTools::Context() {
       .Redraw = [this] { on_.Redraw(); },
       .ShowDrawing = [this] { on_.Canvas.ShowDrawing(); },
       .PaintBacking = [this](const std::function<void(Surface&)>& paint) { on_.Canvas.PaintBacking(paint); },
-      .IsOnCanvas =
-          [this](float x, float y) {
-            return QRectF(on_.Canvas.rect()).contains(QPointF(double{x}, double{y}));
-          },
+      .IsOnCanvas = [this](float x, float y) { return IsInRoom(x, y); },
   };
+}
+
+bool CanvasTools::IsInRoom(float x, float y) const {
+  const QRectF room = room_.isValid() ? room_ : on_.Canvas.rect();
+  return double{x} >= room.left() && double{x} < room.right() && double{y} >= room.top() &&
+         double{y} < room.bottom();
 }
 
 void CanvasTools::SetActive(bool active) {
   if (!active) Cancel();
+  memberFrame_.ForgetPlace();
+  forceFrame_.ForgetPlace();
   active_ = active;
   if (!active) {
     cursor_.Hide();
@@ -85,7 +90,16 @@ void CanvasTools::SelectTool(int tool) {
   ShowState();
 }
 
-void CanvasTools::SetPanelRoom(const QRect& room) {
+bool CanvasTools::ChooseTool(int digit) {
+  if (!active_ || !cursor_.ChooseTool(digit)) return false;
+  Q_EMIT ToolChosen(digit);
+  on_.Canvas.ShowDrawing();
+  ShowState();
+  return true;
+}
+
+void CanvasTools::SetRoom(const QRect& room) {
+  room_ = room;
   memberFrame_.SetRoom(room);
   forceFrame_.SetRoom(room);
 }

@@ -39,8 +39,12 @@ class CanvasTools final : public QObject {
   /// Shows the logic's state after the window has redrawn or the canvas has a new size.
   void ShowState();
 
-  /// The part of the canvas (pixels) in which value panels may lie.
-  void SetPanelRoom(const QRect& room);
+  /// The part of the canvas (pixels) that no step's panel covers: value panels lie in it, and only there can
+  /// something be dropped.
+  void SetRoom(const QRect& room);
+
+  /// A digit was typed where it chooses a tool; returns whether there is such a tool.
+  bool ChooseTool(int digit);
 
  Q_SIGNALS:
   void ReadOutChanged(const QString& text);
@@ -55,6 +59,7 @@ class CanvasTools final : public QObject {
   bool HandleMouse(QEvent* event);
   bool HandleKey(QKeyEvent* event);
   bool HandleArrow(QKeyEvent* event);
+  bool IsInRoom(float x, float y) const;
 
   Partners on_;
   ValueEditor valueEditor_;
@@ -62,5 +67,6 @@ class CanvasTools final : public QObject {
   KeyboardCursor cursor_;
   ValueEditorFrame memberFrame_;
   ValueEditorFrame forceFrame_;
+  QRect room_;
   bool active_ = false;
 };

@@ -20,13 +20,16 @@ class Drag {
   /// Whether something that exists is moved, rather than something new drawn.
   virtual bool IsMoving() const { return false; }
 
-  /// Whether everything was done by the press, so that a release anywhere changes nothing.
+  /// Whether everything was done by the press: a release changes nothing, and only Cancel takes it back.
   virtual bool IsDone() const { return false; }
 
   /// The mouse is at a pixel, which means a point.
   virtual void Move(const SnappedPoint& point, PixelPoint mouse) = 0;
 
-  /// The button is released; the drag is over.
+  /// The mouse is where nothing can be dropped. Lines go on following it.
+  virtual void MoveBeside(const SnappedPoint& point, PixelPoint mouse) { Move(point, mouse); }
+
+  /// The button is released where something can be dropped; the drag is over.
   virtual void Release(const SnappedPoint& point, PixelPoint mouse) = 0;
 
   /// The drag is over and the truss is as it was before the press.

@@ -32,7 +32,8 @@ struct EditingContext {
   /// Runs a procedure on the surface of the backing image, without clearing it, and shows the result.
   std::function<void(const std::function<void(Surface&)>&)> PaintBacking;
 
-  /// Whether a pixel lies on the canvas. Without it every pixel does.
+  /// Whether a pixel lies on the canvas where nothing covers it, so that something can be dropped there.
+  /// Without it every pixel does.
   std::function<bool(float x, float y)> IsOnCanvas;
 };
 

@@ -157,8 +157,18 @@ void MouseEditing::OpenEditor() {
   on_.ShowDrawing();
 }
 
+bool MouseEditing::CanDropAt(PixelPoint mouse) const {
+  return !on_.IsOnCanvas || on_.IsOnCanvas(mouse.X, mouse.Y);
+}
+
 void MouseEditing::DragTo(PixelPoint mouse) {
-  if (const auto point = LocationOf(mouse)) drag_->Move(*point, mouse);
+  const auto point = LocationOf(mouse);
+  if (!point) return;
+  if (CanDropAt(mouse)) {
+    drag_->Move(*point, mouse);
+  } else {
+    drag_->MoveBeside(*point, mouse);
+  }
 }
 
 void MouseEditing::Release(PixelPoint mouse) {
@@ -166,7 +176,7 @@ void MouseEditing::Release(PixelPoint mouse) {
   const auto point = LocationOf(mouse);
   const auto drag = std::exchange(drag_, nullptr);
   heldByKey_ = false;
-  if (point) {
+  if (point && CanDropAt(mouse)) {
     drag->Release(*point, mouse);
   } else {
     drag->Cancel();

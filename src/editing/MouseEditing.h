@@ -33,6 +33,7 @@ class MouseEditing {
   /// `leftHeld` false in a drag means that its release was lost: the drag is cancelled.
   void MouseMove(bool leftHeld, float x, float y);
 
+  /// Only what is released on the canvas is dropped there; anywhere else the drag is cancelled.
   void MouseUp(MouseButton button, float x, float y);
 
   // The same from the keyboard: while it holds a drag, the mouse only reads coordinates, and pressing any of
@@ -75,6 +76,7 @@ class MouseEditing {
   void ShowReadOut(PixelPoint mouse);
   void UpdatePointer(PixelPoint mouse);
   PointerShape PointerAt(PixelPoint mouse) const;
+  bool CanDropAt(PixelPoint mouse) const;
   std::optional<SnappedPoint> LocationOf(PixelPoint mouse) const;
 
   EditingContext on_;

@@ -5,8 +5,8 @@
 
 namespace {
 
-// The picture itself follows the mouse, held where it was grabbed. Where it is dropped the mouse says where
-// its point goes.
+// The picture stands wherever it would land if it were dropped: at the place that the mouse means, and back
+// home while the mouse is where nothing can be dropped.
 class SupportDragging final : public Drag {
  public:
   SupportDragging(const EditingContext& on, int support, PixelPoint mouse)
@@ -14,19 +14,24 @@ class SupportDragging final : public Drag {
 
   bool IsMoving() const override { return true; }
 
-  void Move(const SnappedPoint& /*point*/, PixelPoint mouse) override {
+  void Move(const SnappedPoint& point, PixelPoint mouse) override {
     if (!IsThere()) return;
     moved_ = moved_ || !(mouse == press_);
-    on_.Picture.Support[index_] = {before_.X + mouse.X - press_.X, before_.Y + mouse.Y - press_.Y};
+    if (!moved_) return;
+    constexpr float half = SupportPictureSize / 2;
+    on_.Picture.Support[index_] = {point.Pixel.X - half, point.Pixel.Y - half};
     on_.ShowDrawing();
   }
 
-  void Release(const SnappedPoint& point, PixelPoint mouse) override {
-    // A click moves nothing, and a picture that is dropped beside the canvas, where nobody could reach it,
-    // goes back to its place.
-    const bool isOnCanvas = !on_.IsOnCanvas || on_.IsOnCanvas(mouse.X, mouse.Y);
+  void MoveBeside(const SnappedPoint& /*point*/, PixelPoint /*mouse*/) override {
+    moved_ = true;
     Cancel();
-    if (!IsThere() || !isOnCanvas || (!moved_ && mouse == press_)) return;
+  }
+
+  void Release(const SnappedPoint& point, PixelPoint mouse) override {
+    Cancel();
+    // A click moves nothing.
+    if (!IsThere() || (!moved_ && mouse == press_)) return;
     ChangeTruss(on_, [&] {
       SupportRec& support = on_.Document.Supports[index_];
       support.X = point.X;

@@ -221,10 +221,16 @@ void ValueEditorFrame::ShowValues() {
   }
 }
 
+void ValueEditorFrame::ForgetPlace() {
+  shownIndex_ = 0;
+  userPlace_.reset();
+}
+
 void ValueEditorFrame::Open() {
+  if (shownIndex_ != editor_.Index()) ForgetPlace();
   shownIndex_ = editor_.Index();
   FitIntoRoom();
-  MoveInside(PanelPlace(editor_.EditedObject(editingKind_), Size(), Room()));
+  MoveInside(userPlace_ ? *userPlace_ : PanelPlace(editor_.EditedObject(editingKind_), Size(), Room()));
   show();
   raise();
   txtNewCoords_[0]->setFocus(Qt::OtherFocusReason);
@@ -302,8 +308,8 @@ void ValueEditorFrame::mousePressEvent(QMouseEvent* event) {
 void ValueEditorFrame::mouseMoveEvent(QMouseEvent* event) {
   event->accept();
   if (!drag_.IsDragging()) return;
-  const PixelPoint place = drag_.Place(PixelsOf(mapToParent(event->position())), Size(), Room());
-  move(qRound(place.X), qRound(place.Y));
+  userPlace_ = drag_.Place(PixelsOf(mapToParent(event->position())), Size(), Room());
+  move(qRound(userPlace_->X), qRound(userPlace_->Y));
 }
 
 void ValueEditorFrame::mouseReleaseEvent(QMouseEvent* event) {

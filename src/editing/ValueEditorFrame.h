@@ -4,6 +4,7 @@
 
 #include <QFrame>
 #include <array>
+#include <optional>
 
 #include "editing/PanelPlace.h"
 #include "editing/ValueEditor.h"
@@ -27,7 +28,11 @@ class ValueEditorFrame final : public QFrame {
 
   /// Shows the editor's state. To be called whenever it may have changed. A frame that opens takes a place
   /// beside the edited object and the keyboard focus; one that closes gives the focus back to the canvas.
+  /// Where the user has put it, it opens again as long as it is for the same object.
   void ShowEditor();
+
+  /// Forgets where the user has put it, because the objects are others now.
+  void ForgetPlace();
 
  Q_SIGNALS:
   /// The editor has changed: its panel may be closed, the handles gone, the truss redrawn.
@@ -65,6 +70,7 @@ class ValueEditorFrame final : public QFrame {
   QRect room_;
   PanelDrag drag_;
   int shownIndex_ = 0;
+  std::optional<PixelPoint> userPlace_;  // left top corner; for the object of shownIndex_
 
   std::array<QRadioButton*, 3> options_{};  // by Notation; a force has no absolute one
   std::array<QLabel*, 2> lblNewCoords_{};

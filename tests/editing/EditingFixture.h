@@ -135,7 +135,7 @@ class Editor {
       .Redraw = [this] { Redraw(); },
       .ShowDrawing = [this] { ++Shows; },
       .PaintBacking = [this](const auto& paint) { paint(Paper); },
-      .IsOnCanvas = [](float x, float y) { return x >= 0 && y >= 0 && x < 500 && y < 303; }};
+      .IsOnCanvas = [](float x, float y) { return x >= 0 && y >= 46 && x < 500 && y < 303; }};
   MouseEditing Mouse{Partners};
 };
 

@@ -90,11 +90,11 @@ TEST(MemberTool, TwoPixelsThatRoundToOneWorldPointMakeNoMember) {
   EXPECT_EQ(editor.Document.NumMembers, 0);
 }
 
-TEST(MemberTool, ADragMayEndBesideTheCanvas) {
+TEST(MemberTool, ADragMayEndBeyondTheRulers) {
   Editor editor;
   editor.Use(Tool::TrussMember);
-  editor.Drag(1, 1, 30, 1);
-  EXPECT_THAT(EndsOf(editor.Document.Members[1]), ElementsAre(1, 1, 30, 1));
+  editor.Drag(1, 1, 22, -1);
+  EXPECT_THAT(EndsOf(editor.Document.Members[1]), ElementsAre(1, 1, 22, -1));
 }
 
 TEST(MemberTool, AnErasedMembersPlaceIsFreeAgain) {
