@@ -55,13 +55,15 @@ void MainForm::CreateToolPanel() {
   picToolBox_ = new ToolBox(tools_, centralWidget());
   picToolBox_->setAutoFillBackground(true);
   connect(picToolBox_, &ToolBox::HintShown, this, &MainForm::SetStatus);
+  connect(picToolBox_, &ToolBox::HintGone, this, &MainForm::ShowStepStatus);
   tool_ = std::make_unique<CanvasTools>(CanvasTools::Partners{on_.Document, drawing_, tools_, on_.Messages,
                                                               on_.Numbers, *picDraw_, [this] { Redraw(); }});
   connect(picToolBox_, &ToolBox::ToolSelected, tool_.get(), &CanvasTools::SelectTool);
   connect(tool_.get(), &CanvasTools::ToolChosen, this, [this](int tool) {
     picToolBox_->ShowPalette();
-    SetStatus(QString::fromLatin1(ToolHint(tool)));
+    SetStatus(QString::fromStdString(tools_.HintOfChosen(tool)));
   });
+  connect(picToolBox_, &ToolBox::DigitPressed, tool_.get(), &CanvasTools::ChooseTool);
   connect(tool_.get(), &CanvasTools::ReadOutChanged, this,
           [this](const QString& text) { statusPanels_[1]->ShowText(text); });
   StepNavigation& navigation = navigation_[0];

@@ -188,8 +188,7 @@ bool CanvasTools::HandleKey(QKeyEvent* event) {
     cursor_.Escape();
     handled = true;
   } else if (!handled && key >= Qt::Key_0 && key <= Qt::Key_9) {
-    handled = cursor_.ChooseTool(key - Qt::Key_0);
-    if (handled) Q_EMIT ToolChosen(key - Qt::Key_0);
+    return ChooseTool(key - Qt::Key_0);
   }
   if (handled) {
     on_.Canvas.ShowDrawing();

@@ -1,7 +1,9 @@
 // See the header.
 #include "editing/ToolBox.h"
 
-#include <QEvent>
+#include <QApplication>
+#include <QKeyEvent>
+#include <algorithm>
 
 #include "editing/ToolPicture.h"
 
@@ -35,6 +37,7 @@ ToolBox::ToolBox(ToolPalette& palette, QWidget* parent) : QFrame(parent), palett
       palette_.Select(tool);
       ShowPalette();
       Q_EMIT ToolSelected(tool);
+      Q_EMIT HintShown(QString::fromStdString(palette_.HintOfChosen(tool)));
     });
   }
   ShowPalette();
@@ -49,14 +52,42 @@ void ToolBox::ShowPalette() {
   }
 }
 
+int ToolBox::ToolOf(const QObject* button) const {
+  const auto found = std::ranges::find(buttons_, button);
+  return found == buttons_.end() ? 0 : static_cast<int>(found - buttons_.begin()) + 1;
+}
+
 bool ToolBox::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::MouseMove) {
-    for (int tool = 1; tool <= NumTools; ++tool) {
-      if (watched != buttons_[static_cast<std::size_t>(tool - 1)]) continue;
-      if (const auto hint = palette_.MouseMove(tool)) Q_EMIT HintShown(QString::fromStdString(*hint));
-    }
+  const int tool = ToolOf(watched);
+  if (tool != 0 && event->type() == QEvent::MouseMove) {
+    if (const auto hint = palette_.MouseMove(tool)) Q_EMIT HintShown(QString::fromStdString(*hint));
+  } else if (tool != 0 && event->type() == QEvent::Leave) {
+    // Where the mouse has gone is known only when all that it enters has heard of it.
+    QMetaObject::invokeMethod(this, &ToolBox::ShowHintAfterLeaving, Qt::QueuedConnection);
   }
   return QFrame::eventFilter(watched, event);
+}
+
+// A menu or a dialog that opens takes the mouse away too, and has texts of its own to show.
+void ToolBox::ShowHintAfterLeaving() {
+  if (!isVisible() || QApplication::activePopupWidget() || QApplication::activeModalWidget()) return;
+  if (std::ranges::any_of(buttons_, &QWidget::underMouse)) return;
+  if (const auto hint = palette_.MouseLeave()) {
+    Q_EMIT HintShown(QString::fromStdString(*hint));
+  } else {
+    Q_EMIT HintGone();
+  }
+}
+
+void ToolBox::keyPressEvent(QKeyEvent* event) {
+  const bool isCommand =
+      event->modifiers().testAnyFlags(Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier);
+  const int digit = event->key() - Qt::Key_0;
+  if (isCommand || digit < 1 || digit > NumTools) {
+    QFrame::keyPressEvent(event);
+    return;
+  }
+  Q_EMIT DigitPressed(digit);
 }
 
 void ToolBox::changeEvent(QEvent* event) {

@@ -22,12 +22,20 @@ class ToolBox final : public QFrame {
   void ToolSelected(int tool);
   /// A hint for the status bar.
   void HintShown(const QString& hint);
+  /// The mouse left the buttons while no tool is selected: there is no hint to show.
+  void HintGone();
+  /// A digit was typed while a control of the palette has the focus.
+  void DigitPressed(int digit);
 
  protected:
+  void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
+  int ToolOf(const QObject* button) const;
+  void ShowHintAfterLeaving();
+
   ToolPalette& palette_;
   std::array<QToolButton*, NumTools> buttons_{};
 };

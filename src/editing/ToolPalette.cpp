@@ -34,3 +34,14 @@ std::optional<std::string> ToolPalette::MouseMove(int tool) {
   hintShownLast_ = tool;
   return ToolHint(tool);
 }
+
+std::string ToolPalette::HintOfChosen(int tool) {
+  hintShownLast_ = tool;
+  return ToolHint(tool);
+}
+
+std::optional<std::string> ToolPalette::MouseLeave() {
+  hintShownLast_ = static_cast<int>(selected_);
+  if (selected_ == Tool::None) return std::nullopt;
+  return ToolHint(hintShownLast_);
+}

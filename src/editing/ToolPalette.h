@@ -34,7 +34,10 @@ class ToolPalette {
   void Select(int tool) { selected_ = static_cast<Tool>(tool); }
 
   /// No tool is selected, as at the start.
-  void Clear() { selected_ = Tool::None; }
+  void Clear() {
+    selected_ = Tool::None;
+    hintShownLast_ = 0;
+  }
 
   /// Whether button 1 .. 8 has its pressed look.
   bool IsDown(int tool) const { return selected_ == static_cast<Tool>(tool); }
@@ -42,6 +45,13 @@ class ToolPalette {
   /// The mouse moves over button 1 .. 8: the hint to show, or nothing when that tool's hint was shown last,
   /// so that moving within one button sets the text once.
   std::optional<std::string> MouseMove(int tool);
+
+  /// The hint of tool 1 .. 8, which is shown because the tool was chosen without the mouse being on it.
+  std::string HintOfChosen(int tool);
+
+  /// The mouse leaves the buttons: the hint of the selected tool, which is shown from now on. Nothing when no
+  /// tool is selected; no hint is shown then.
+  std::optional<std::string> MouseLeave();
 
  private:
   Tool selected_ = Tool::None;

@@ -33,6 +33,33 @@ TEST(ToolPalette, AHintIsShownOnceWhileTheMouseStaysOnAButton) {
   EXPECT_NE(palette.MouseMove(2), std::nullopt);
 }
 
+TEST(ToolPalette, TheHintOfAChosenToolCountsAsShown) {
+  ToolPalette palette;
+  EXPECT_NE(palette.MouseMove(2), std::nullopt);
+  EXPECT_EQ(palette.HintOfChosen(3), ToolHint(3));
+  EXPECT_EQ(palette.MouseMove(3), std::nullopt);
+  EXPECT_EQ(palette.MouseMove(2), ToolHint(2));
+}
+
+TEST(ToolPalette, LeavingItShowsTheHintOfTheSelectedTool) {
+  ToolPalette palette;
+  palette.Select(4);
+  EXPECT_NE(palette.MouseMove(7), std::nullopt);
+  EXPECT_EQ(palette.MouseLeave(), ToolHint(4));
+  EXPECT_EQ(palette.MouseMove(4), std::nullopt);
+  EXPECT_EQ(palette.MouseMove(7), ToolHint(7));
+}
+
+TEST(ToolPalette, LeavingItWithoutASelectedToolShowsNoHintAndTheNextOneIsShownAgain) {
+  ToolPalette palette;
+  EXPECT_NE(palette.MouseMove(7), std::nullopt);
+  EXPECT_EQ(palette.MouseLeave(), std::nullopt);
+  EXPECT_EQ(palette.MouseMove(7), ToolHint(7));
+  palette.Select(7);
+  palette.Clear();
+  EXPECT_EQ(palette.MouseMove(7), ToolHint(7));
+}
+
 TEST(ToolPalette, EveryHintBeginsAndEndsWithABlankAndNamesItsTool) {
   for (int tool = 1; tool <= NumTools; ++tool) {
     const std::string hint = ToolHint(tool);
