@@ -1,12 +1,16 @@
 // Horizontal and vertical rulers differ in where a tick and a text go; the walk along them is the same.
 #include "canvas/Rulers.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "canvas/Paper.h"
 #include "text/NumberText.h"
 
 namespace {
+
+// Ticks are no closer than a pixel, and no canvas is wider.
+constexpr int MostTicks = 1'000'000;
 
 bool IsHorizontal(std::int16_t side) { return side == BottomSide || side == TopSide; }
 
@@ -36,6 +40,50 @@ void PrintNumber(Surface& surface, const RulerAxis& axis, std::int16_t side, dou
     Print(surface, axis.X + (1.75 - 0.5 * side) * height + (3 - side) * width, axis.Y - offset - height / 2,
           text);
   }
+}
+
+// Empty for what has no number.
+std::string NumberText(float value, const RulerStyle& style) {
+  if (!std::isfinite(value) || (value == 0 && !style.LabelZero)) return {};
+  return FixedText(value, style.Decimals, style.Numbers.DecimalSeparator);
+}
+
+// In single precision, step by step: three steps of 0.1 from -0.3 are then exactly 0.
+float ValueAt(const RulerAxis& axis, int tick) {
+  const float steps = static_cast<float>(tick) * axis.Spacing;
+  return steps + axis.FirstValue;
+}
+
+// The room along the ruler that a number takes, with the gap to the next one. Numbers are longest at one of
+// the ruler's ends.
+double RoomForNumber(Surface& surface, const RulerAxis& axis, std::int16_t side, const RulerStyle& style,
+                     int lastTick) {
+  const TextExtent first = surface.Extent(NumberText(ValueAt(axis, 0), style));
+  if (!IsHorizontal(side)) return first.Height;
+  const TextExtent last = surface.Extent(NumberText(ValueAt(axis, lastTick), style));
+  return std::max(first.Width, last.Width) + 0.25 * first.Height;
+}
+
+// Every how many ticks a number has room: 1, 2, 5, 10, 20, 50 ...
+int TicksPerNumber(Surface& surface, const RulerAxis& axis, std::int16_t side, const RulerStyle& style,
+                   int lastTick) {
+  const double room = RoomForNumber(surface, axis, side, style, lastTick);
+  const double pixelsPerTick = std::abs(double{axis.Length} / double{style.NumIntervals});
+  for (int decade = 1; decade < MostTicks; decade *= 10) {
+    for (const int step : {1, 2, 5}) {
+      if (step * decade * pixelsPerTick >= room) return step * decade;
+    }
+  }
+  return MostTicks;
+}
+
+// How many ticks the first one is from 0, so that 0 is among the numbers that stay when some are left out. 0
+// when no tick stands at 0.
+int TicksFromZero(const RulerAxis& axis) {
+  const double ticks = double{axis.FirstValue} / double{axis.Spacing};
+  constexpr double roundingError = 1e-3;
+  const bool tickAtZero = std::abs(ticks) <= MostTicks && std::abs(ticks - std::round(ticks)) < roundingError;
+  return tickAtZero ? static_cast<int>(std::round(ticks)) : 0;
 }
 
 void PrintCaption(Surface& surface, const RulerAxis& axis, std::int16_t side, const RulerStyle& style) {
@@ -104,15 +152,15 @@ void DrawRuler(Surface& surface, const RulerAxis& axis, std::int16_t side, const
 
   const bool ticksCanBeSeen = style.NumIntervals != 0 && style.NumIntervals <= std::abs(axis.Length);
   const int last = ticksCanBeSeen ? static_cast<int>(std::floor(std::max(style.NumIntervals, -1.0F))) : -1;
+  const bool hasNumbers = last >= 0 && style.Decimals >= 0;
+  const int ticksPerNumber = hasNumbers ? TicksPerNumber(surface, axis, side, style, last) : 1;
+  const int ticksFromZero = hasNumbers ? TicksFromZero(axis) : 0;
   for (int k = 0; k <= last; ++k) {
     const double offset = k * double{axis.Length} / double{style.NumIntervals};
-    // In single precision, step by step: three steps of 0.1 from -0.3 are then exactly 0.
-    const float step = static_cast<float>(k) * axis.Spacing;
-    const float value = step + axis.FirstValue;
     DrawTick(surface, axis, side, offset, style.TickLength);
-    if (style.Decimals < 0 || (value == 0 && !style.LabelZero) || !std::isfinite(value)) continue;
-    PrintNumber(surface, axis, side, offset,
-                FixedText(value, style.Decimals, style.Numbers.DecimalSeparator));
+    if (!hasNumbers || (k + ticksFromZero) % ticksPerNumber != 0) continue;
+    const std::string text = NumberText(ValueAt(axis, k), style);
+    if (!text.empty()) PrintNumber(surface, axis, side, offset, text);
   }
   PrintCaption(surface, axis, side, style);
 }

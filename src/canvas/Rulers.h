@@ -38,6 +38,7 @@ void ShowRulers(Surface& surface, const Graph& graph, const DocumentSettings& se
 /// Draws the ruler of one side of the mapped area; other side numbers draw nothing.
 void RulerOnSide(Surface& surface, const Graph& graph, std::int16_t side, const RulerStyle& style);
 
-/// Draws one ruler in the foreground colour and the current font. With ticks closer than a pixel (or without
-/// a number of intervals to divide by) there is the axis line and the caption only.
+/// Draws one ruler in the foreground colour and the current font. Where numbers would run into each other
+/// only every 2nd, 5th, 10th ... tick, counted from 0 if there is one, keeps its number. With ticks closer
+/// than a pixel (or without a number of intervals to divide by) there is the axis line and the caption only.
 void DrawRuler(Surface& surface, const RulerAxis& axis, std::int16_t side, const RulerStyle& style);

@@ -136,6 +136,14 @@ TEST(Rulers, UnderAnyOtherSeparatorNumbersAreWhole) {
   EXPECT_THAT(rulers.BottomNumbers(3), testing::ElementsAre("0", "3", "5"));
 }
 
+TEST(Rulers, ASeparatorThatThePeriodStandsInForGivesWholeNumbersToo) {
+  Rulers rulers;
+  rulers.Numbers.IsSeparatorReplaced = true;
+  rulers.Settings.HatchSpacing = 2.5F;
+  rulers.Show();
+  EXPECT_THAT(rulers.BottomNumbers(3), testing::ElementsAre("0", "3", "5"));
+}
+
 TEST(Rulers, TheLastTickStandsAtTheLastWholeInterval) {
   Rulers rulers;
   rulers.Bounds.PixT = 50;  // 220 pixels: the y ruler ends at 11, its last tick is at 10
@@ -173,6 +181,55 @@ TEST(Rulers, TicksCloserThanAPixelAreLeftOut) {
   denser.Settings.HatchSpacing = 0.0499F;
   denser.Show();
   EXPECT_EQ(denser.Paper.Lines.size(), 4U);
+}
+
+TEST(Rulers, NumbersThatWouldRunIntoEachOtherAreThinnedAndTicksStay) {
+  Rulers rulers;
+  rulers.Settings.HatchSpacing = 0.5F;  // 10 pixels from tick to tick; "20.0" takes 24 and a gap of 2.5
+  rulers.Show();
+  EXPECT_THAT(rulers.BottomNumbers(5), testing::ElementsAre("0.0", "2.5", "5.0", "7.5", "10.0"));
+  EXPECT_EQ(rulers.Paper.Texts[9].Text, "");  // the caption follows 0.0 .. 20.0
+  EXPECT_EQ(rulers.Paper.Lines[41], (DrawnLine{448, 270, 448, 265}));
+  // Upright, the numbers of 10 pixels just have room.
+  EXPECT_EQ(rulers.Paper.Texts[21].Text, "0.5");
+}
+
+TEST(Rulers, NumbersOnTheSidesAreThinnedByTheirHeight) {
+  Rulers rulers;
+  rulers.Settings.HatchSpacing = 0.2F;  // 4 pixels
+  rulers.Show();
+  std::vector<std::string> right;
+  const std::size_t first = 2 * (10 + 1 + 1);  // every 10th of 101 ticks on the bottom and the top
+  for (std::size_t i = first; i < first + 3; ++i) right.push_back(rulers.Paper.Texts.at(i).Text);
+  EXPECT_THAT(right, testing::ElementsAre("0.0", "1.0", "2.0"));
+}
+
+TEST(Rulers, NumbersThatStayAreCountedFromZero) {
+  Rulers rulers;
+  rulers.Settings.XMin = -3;
+  rulers.Settings.XMax = 37;
+  rulers.Settings.HatchSpacing = 1.0F;
+  rulers.Show();
+  EXPECT_THAT(rulers.BottomNumbers(4), testing::ElementsAre("-2", "0", "2", "4"));
+  EXPECT_EQ(rulers.Paper.Texts[0].Left, 48 + 10 - 6);
+}
+
+TEST(Rulers, WithoutATickAtZeroTheFirstNumberStays) {
+  Rulers rulers;
+  rulers.Settings.XMin = 0.5F;
+  rulers.Settings.XMax = 40.5F;
+  rulers.Settings.HatchSpacing = 1.0F;
+  rulers.Show();
+  EXPECT_THAT(rulers.BottomNumbers(3), testing::ElementsAre("0.5", "5.5", "10.5"));
+}
+
+TEST(Rulers, NumbersWithRoomAllStay) {
+  for (const float spacing : {2.0F, 4.0F, 5.0F, 10.0F}) {
+    Rulers rulers;
+    rulers.Settings.HatchSpacing = spacing;
+    rulers.Show();
+    EXPECT_EQ(rulers.Paper.Texts[static_cast<std::size_t>(20 / spacing)].Text, "20") << spacing;
+  }
 }
 
 TEST(Rulers, AnEmptyRangeHasNoTicks) {

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "canvas/Arrow.h"
 #include "platform/Palette.h"
@@ -109,6 +111,44 @@ TEST(QtSurface, APixelIsTheNearestOne) {
   EXPECT_EQ(sheet.Image.pixelColor(10, 20), Qt::red);
   EXPECT_EQ(sheet.Image.pixelColor(11, 20), Qt::white);
   EXPECT_EQ(sheet.Image.pixelColor(10, 19), Qt::white);
+}
+
+// The rows and columns of the device on which there is anything black.
+std::pair<std::vector<int>, std::vector<int>> BlackRowsAndColumns(const QImage& image) {
+  std::pair<std::vector<int>, std::vector<int>> found;
+  for (int y = 0; y < image.height(); ++y) {
+    if (BlackIn(image, y) > 0) found.first.push_back(y);
+  }
+  for (int x = 0; x < image.width(); ++x) {
+    bool isBlack = false;
+    for (int y = 0; y < image.height(); ++y) isBlack = isBlack || image.pixelColor(x, y) == Qt::black;
+    if (isBlack) found.second.push_back(x);
+  }
+  return found;
+}
+
+TEST_P(QtSurfaceAtRatio, ADotAndTheLinesThroughItComeToTheSamePixels) {
+  for (const float part : {0.0F, 0.2F, 0.49999F, 0.5F, 0.50001F, 0.6F, 0.8F, 0.99999F}) {
+    const float x = 50 + part;
+    const float y = 70 + part;
+    Sheet dot(GetParam());
+    dot.On([&](Surface& surface) { surface.SetPixel(x, y); });
+    Sheet across(GetParam());
+    across.On([&](Surface& surface) { surface.Line(20, y, 90, y); });
+    Sheet down(GetParam());
+    down.On([&](Surface& surface) { surface.Line(x, 20, x, 120); });
+    const auto [rows, columns] = BlackRowsAndColumns(dot.Image);
+    EXPECT_EQ(rows, BlackRowsAndColumns(across.Image).first) << part;
+    EXPECT_EQ(columns, BlackRowsAndColumns(down.Image).second) << part;
+  }
+}
+
+TEST(QtSurface, WhatFallsShortOfAHalfByAnErrorOfArithmeticIsTheHalf) {
+  for (const float x : {50.4999F, 50.5F, 50.5001F}) {
+    Sheet sheet(1);
+    sheet.On([&](Surface& surface) { surface.Line(x, 20, x, 30); });
+    EXPECT_EQ(sheet.Image.pixelColor(51, 25), Qt::black) << x;
+  }
 }
 
 TEST(QtSurface, LineToGoesOnFromTheLastLinesEnd) {

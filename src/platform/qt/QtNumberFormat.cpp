@@ -1,11 +1,12 @@
 // See the header.
 #include "platform/qt/QtNumberFormat.h"
 
-#include <QLocale>
-
 #include "text/CodePage.h"
 
-NumberFormat SystemNumberFormat() {
-  const std::string separator = FromUtf8(QLocale::system().decimalPoint().toStdString());
-  return NumberFormat{separator.size() != 1 || separator == "?" ? "." : separator};
+NumberFormat NumberFormatOf(const QLocale& locale) {
+  const std::string separator = FromUtf8(QString(locale.decimalPoint()).toStdString());
+  const bool hasPlace = separator.size() == 1 && separator != "?";
+  return {.DecimalSeparator = hasPlace ? separator : ".", .IsSeparatorReplaced = !hasPlace};
 }
+
+NumberFormat SystemNumberFormat() { return NumberFormatOf(QLocale::system()); }

@@ -19,19 +19,22 @@ QColor ColourOf(int paletteIndex) {
   return QColor(colour.Red, colour.Green, colour.Blue);
 }
 
-// The centre of the pixel that covers a coordinate.
-QPointF PixelCentre(double x, double y) { return QPointF(std::floor(x) + 0.5, std::floor(y) + 0.5); }
+// A coordinate names the middle of its pixel.
+QPointF MiddleOfPixel(double x, double y) { return QPointF(x + 0.5, y + 0.5); }
 
-// Where the stroke from one pixel centre to another begins and ends along one axis of the device, in whole
-// device pixels.
+// Where the stroke from one point to another begins and ends along one axis of the device, in whole device
+// pixels.
 struct DeviceSpan {
   double Begin, End;
 };
 
-DeviceSpan SpanOf(double centre1, double centre2, double width) {
-  const double half = width / 2;
-  return {std::floor(std::min(centre1, centre2) - half + 0.5),
-          std::floor(std::max(centre1, centre2) + half + 0.5)};
+// The one rounding of dots and of lines along an axis. Halves go up, and so does what falls short of them by
+// an error of arithmetic: a tick and a grid dot at one place come to the same pixel, however each was
+// reckoned.
+DeviceSpan SpanOf(double middle1, double middle2, double width) {
+  constexpr double errorOfArithmetic = 1.0 / 64;
+  const auto edge = [](double coordinate) { return std::floor(coordinate + 0.5 + errorOfArithmetic); };
+  return {edge(std::min(middle1, middle2) - width / 2), edge(std::max(middle1, middle2) + width / 2)};
 }
 
 // Whether letters stay letters on the device, to be searched and copied from a file.
@@ -62,8 +65,8 @@ QtSurface::QtSurface(QPainter& painter, const QRectF& clearArea)
 void QtSurface::Clear() { painter_.fillRect(clearArea_, Qt::white); }
 
 void QtSurface::SetPixel(float x, float y) {
-  const QPointF centre = PixelCentre(std::round(double{x}), std::round(double{y}));
-  FillStroke(centre, centre, 1);
+  const QPointF middle = MiddleOfPixel(double{x}, double{y});
+  FillStroke(middle, middle, 1);
 }
 
 void QtSurface::Line(float x1, float y1, float x2, float y2) {
@@ -75,10 +78,10 @@ void QtSurface::LineTo(float x, float y) {
   const QPointF end(double{x}, double{y});
   const bool alongAxis = current_.x() == end.x() || current_.y() == end.y();
   if (alongAxis) {
-    FillStroke(PixelCentre(current_.x(), current_.y()), PixelCentre(end.x(), end.y()), lineWidth_);
+    FillStroke(MiddleOfPixel(current_.x(), current_.y()), MiddleOfPixel(end.x(), end.y()), lineWidth_);
   } else {
     painter_.setRenderHint(QPainter::Antialiasing, !exclusiveOr_);
-    painter_.drawLine(current_ + QPointF(0.5, 0.5), end + QPointF(0.5, 0.5));
+    painter_.drawLine(MiddleOfPixel(current_.x(), current_.y()), MiddleOfPixel(end.x(), end.y()));
   }
   current_ = end;
 }

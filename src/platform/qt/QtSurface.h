@@ -36,7 +36,7 @@ class QtSurface final : public Surface {
   void ApplyPen();
   QPointF BaselineOf(float left, float top) const;
 
-  /// A stroke along an axis from one pixel centre to another, in whole pixels of the device.
+  /// A stroke along an axis from one point to another, in whole pixels of the device.
   void FillStroke(const QPointF& from, const QPointF& to, int width);
 
   QPainter& painter_;
