@@ -1,7 +1,11 @@
 // An arrow beside a name shows the positive direction of the force that the name stands for.
 #include "canvas/DoLabel.h"
 
+#include <algorithm>
+#include <unordered_map>
+
 #include "canvas/Arrow.h"
+#include "canvas/SupportPicture.h"
 #include "document/JointList.h"
 #include "document/Labels.h"
 
@@ -48,12 +52,36 @@ TextExtent ExtentOf(const Truss& truss, LabelIndex label, const TextMeasure& mea
   return measure({.Points = name.FontSize, .Bold = name.Bold}, name.Caption);
 }
 
-void PlaceLabel(Drawing& drawing, LabelIndex label, double left, double top, const TextExtent& extent) {
+// A label's size, and where its letters stand in it.
+struct LabelBox {
+  float Width, Height, TextLeft, TextTop;
+};
+
+// The letters in the middle of a box with this margin on both sides.
+LabelBox BoxAround(const TextExtent& extent, float margin) {
+  const float width = std::max(extent.Width, LeastLabelSize);
+  return {.Width = width + 2 * margin,
+          .Height = std::max(extent.Height, LeastLabelSize),
+          .TextLeft = margin + (width - extent.Width) / 2,
+          .TextTop = 0};
+}
+
+// The letters begin at `inset`.
+LabelBox BoxFrom(PixelPoint inset, const TextExtent& extent) {
+  return {.Width = inset.X + std::max(extent.Width, LeastLabelSize),
+          .Height = inset.Y + std::max(extent.Height, LeastLabelSize),
+          .TextLeft = inset.X,
+          .TextTop = inset.Y};
+}
+
+void PlaceLabel(Drawing& drawing, LabelIndex label, double left, double top, const LabelBox& box) {
   LabelPlace& place = drawing.lblRodJoint[label];
   place.Left = FiniteSingle(left);
   place.Top = FiniteSingle(top);
-  place.Width = extent.Width;
-  place.Height = extent.Height;
+  place.Width = box.Width;
+  place.Height = box.Height;
+  place.TextLeft = box.TextLeft;
+  place.TextTop = box.TextTop;
   BringLabelToFront(drawing, label);
 }
 
@@ -65,19 +93,19 @@ void PlaceReaction(Drawing& drawing, const Truss& truss, const TextMeasure& meas
   ArrowControl(drawing, arrowLine, x, y, picture.X + offset.HeadX, picture.Y + offset.HeadY, LabelArrowSize);
 
   // The name stands behind the arrow's tail, in line with it.
-  const TextExtent extent = ExtentOf(truss, label, measure);
+  const LabelBox box = BoxAround(ExtentOf(truss, label, measure), ReactionNameMargin);
   switch (side) {
     case ArrowSide::Left:
-      PlaceLabel(drawing, label, x - extent.Width, y - extent.Height / 2, extent);
+      PlaceLabel(drawing, label, x - box.Width, y - box.Height / 2, box);
       break;
     case ArrowSide::Right:
-      PlaceLabel(drawing, label, x, y - extent.Height / 2, extent);
+      PlaceLabel(drawing, label, x, y - box.Height / 2, box);
       break;
     case ArrowSide::Above:
-      PlaceLabel(drawing, label, x - extent.Width / 2, y - extent.Height, extent);
+      PlaceLabel(drawing, label, x - box.Width / 2, y - box.Height, box);
       break;
     case ArrowSide::Below:
-      PlaceLabel(drawing, label, x - extent.Width / 2, y, extent);
+      PlaceLabel(drawing, label, x - box.Width / 2, y, box);
       break;
   }
 }
@@ -114,9 +142,46 @@ void PlaceMemberLabels(Drawing& drawing, const Truss& truss, const TextMeasure& 
   // One name is enough for both arrows. The second label shows the same name wherever it is asked for, and
   // has no place on the drawing.
   const PixelPoint middle = Weighted(rod, 0.5, 0.5);
-  const TextExtent extent = ExtentOf(truss, member.NameLabel1, measure);
-  PlaceLabel(drawing, member.NameLabel1, double{middle.X} - extent.Width / 2,
-             double{middle.Y} - extent.Height / 2, extent);
+  const LabelBox box = BoxAround(ExtentOf(truss, member.NameLabel1, measure), MemberNameMargin);
+  PlaceLabel(drawing, member.NameLabel1, double{middle.X} - box.Width / 2, double{middle.Y} - box.Height / 2,
+             box);
+}
+
+// How far a support's picture reaches from its centre into the quarter in which a joint's name begins: to the
+// right and downward. Its pin is that of the joint.
+PixelPoint ReachToName(std::int16_t type) {
+  constexpr float centre = SupportPictureSize / 2;
+  PixelPoint reach;
+  for (const PictureShape& shape : SupportPicture(type)) {
+    if (shape.Kind == ShapeKind::Circle) continue;
+    for (const PixelPoint& point : shape.Points) {
+      if (point.X <= centre || point.Y <= centre) continue;
+      reach = {std::max(reach.X, point.X - centre), std::max(reach.Y, point.Y - centre)};
+    }
+  }
+  return reach;
+}
+
+// Where the letters of a joint's name begin beside a support: to the right of its picture, or below it where
+// the arrow stands on the right.
+PixelPoint InsetBeside(const SupportRec& support) {
+  const PixelPoint reach = ReachToName(support.TypeIndex);
+  const bool arrowOnTheRight = !support.IsClamp() && RollerArrowSide(support.TypeIndex) == ArrowSide::Right;
+  if (arrowOnTheRight) return {JointNameInset, reach.Y};
+  return {std::max(JointNameInset, reach.X + RimWidth + 1), JointNameDrop};
+}
+
+using Insets = std::unordered_map<PositionKey, PixelPoint, PositionHash>;
+
+Insets InsetsBesideSupports(const Truss& truss) {
+  Insets insets;
+  for (const SupportRec& support : truss.SupportsInUse()) {
+    if (!support.Live) continue;
+    const PixelPoint needed = InsetBeside(support);
+    PixelPoint& inset = insets[PositionKey(support.X, support.Y)];
+    inset = {std::max(inset.X, needed.X), std::max(inset.Y, needed.Y)};
+  }
+  return insets;
 }
 
 void FitLabelTables(Drawing& drawing, const Truss& truss) {
@@ -201,11 +266,13 @@ void PlaceElementLabels(Drawing& drawing, const Truss& truss, const TextMeasure&
 
 void PlaceJointLabels(Drawing& drawing, const Truss& truss, const TextMeasure& measure) {
   FitLabelTables(drawing, truss);
+  const Insets insets = InsetsBesideSupports(truss);
   for (const JointRec& joint : truss.JointsInUse()) {
-    TextExtent extent = ExtentOf(truss, joint.NameLabel, measure);
-    extent.Width += JointNameInset;
+    const auto found = insets.find(PositionKey(joint.X, joint.Y));
+    const PixelPoint inset =
+        found == insets.end() ? PixelPoint{JointNameInset, JointNameDrop} : found->second;
     PlaceLabel(drawing, joint.NameLabel, drawing.Mapping.XPixel(joint.X), drawing.Mapping.YPixel(joint.Y),
-               extent);
+               BoxFrom(inset, ExtentOf(truss, joint.NameLabel, measure)));
   }
 }
 

@@ -7,6 +7,23 @@
 #include "canvas/Drawing.h"
 #include "platform/TextMeasure.h"
 
+/// All in pixels. A joint's label begins at the joint itself; its letters begin this far to the right of it,
+/// clear of the joint's pin and of members that run straight down, or further, clear of a support's picture.
+inline constexpr float JointNameInset = 4;
+
+/// Its letters and their rim begin this far below it, so that a member that runs to the right is not cut.
+inline constexpr float JointNameDrop = 2;
+
+/// A member's name keeps the member's line this far away on both sides, so that it does not run into letters
+/// such as E and F.
+inline constexpr float MemberNameMargin = 3;
+
+/// A reaction's name keeps this far from its arrow's tail.
+inline constexpr float ReactionNameMargin = 2;
+
+/// No label is narrower or lower than this: one whose name is empty can still be seen, clicked and reached.
+inline constexpr float LeastLabelSize = 8;
+
 enum class LabelMode : std::int16_t { Create = 1, Place = 2 };
 enum class LabelClass : std::int16_t { Member = 1, Support = 2 };
 

@@ -2,6 +2,8 @@
 // a new element never follows the erased one that had it before.
 #include "canvas/Drawing.h"
 
+#include <algorithm>
+
 #include "document/Labels.h"
 
 namespace {
@@ -31,6 +33,7 @@ void FitTables(Drawing& drawing, const Truss& truss) {
   drawing.Pin1.Resize(truss.NumMembers);
   drawing.Pin2.Resize(truss.NumMembers);
   drawing.Support.Resize(truss.NumSupports);
+  drawing.Force.Resize(truss.NumForces);
   drawing.lblRodJoint.Resize(truss.NumLabels);
   drawing.ArLin.Resize(truss.NumArrowLines);
 }
@@ -43,6 +46,10 @@ bool HasPins(const Drawing& drawing, int member) { return member <= drawing.Pin1
 
 bool IsSupportShown(const Drawing& drawing, const Truss& truss, int support) {
   return support <= drawing.Support.Size() && truss.Supports[support].Live && !drawing.Mapping.IsEmpty();
+}
+
+bool IsForceShown(const Drawing& drawing, const Truss& truss, int force) {
+  return force <= drawing.Force.Size() && truss.Forces[force].Active && !drawing.Mapping.IsEmpty();
 }
 
 void BringLabelToFront(Drawing& drawing, LabelIndex label) {
@@ -88,6 +95,17 @@ LabelIndex LabelAt(const Drawing& drawing, float x, float y) {
     rank = label.Rank;
   }
   return static_cast<LabelIndex>(topmost);
+}
+
+int NumLabelsOutside(const Drawing& drawing, PixelPoint topLeft, PixelPoint bottomRight) {
+  const auto isOutside = [&](const LabelPlace& label) {
+    const float x = label.Left + label.Width / 2;
+    const float y = label.Top + label.Height / 2;
+    const bool isInside = x >= topLeft.X && x <= bottomRight.X && y >= topLeft.Y && y <= bottomRight.Y;
+    return label.Visible && !isInside;
+  };
+  const auto labels = drawing.lblRodJoint.First(drawing.lblRodJoint.Size());
+  return static_cast<int>(std::ranges::count_if(labels, isOutside));
 }
 
 void HidePanelAndHandles(Drawing& drawing) {

@@ -19,12 +19,9 @@ inline constexpr float PinSize = 6;
 inline constexpr float MoveHandleBSize = 8;
 inline constexpr float MoveHandleSSize = 6;
 
-/// A joint's label begins at the joint itself; the name is printed this far to the right of it, clear of the
-/// joint's pin and of members that run straight down.
-inline constexpr float JointNameInset = 4;
-
 struct LabelPlace {
   float Left = 0, Top = 0, Width = 0, Height = 0;
+  float TextLeft = 0, TextTop = 0;  ///< where the letters begin, from Left and Top
   bool Visible = false;
   std::int64_t Rank = 0;  ///< a label of higher rank stands in front; 0: never placed, so not shown
 };
@@ -47,6 +44,7 @@ struct Drawing {
   Table<PixelLine> Rod;           ///< a member from end 1 to end 2; shown while the member lives
   Table<PixelPoint> Pin1, Pin2;   ///< left and top; a member that is still being drawn has none yet
   Table<PixelPoint> Support;      ///< left and top of the picture; shown while the support lives
+  Table<PixelLine> Force;         ///< a force's arrow from tail to head; shown while the force is active
   Table<LabelPlace> lblRodJoint;  ///< 1 .. NumLabels
   Table<ArrowSegment> ArLin;      ///< 1 .. NumArrowLines, four to an arrow: shaft, two head sides, head base
   MoveHandle MoveHandleB, MoveHandleS;
@@ -59,10 +57,11 @@ struct Drawing {
 /// Makes the indexed tables as long as the truss's counters say; new objects are hidden.
 void FitTables(Drawing& drawing, const Truss& truss);
 
-/// A member, or a support, is drawn while it lives and the mapping has a range to draw it in.
+/// A member, a support or a force is drawn while it lives and the mapping has a range to draw it in.
 bool IsRodShown(const Drawing& drawing, const Truss& truss, int member);
 bool HasPins(const Drawing& drawing, int member);
 bool IsSupportShown(const Drawing& drawing, const Truss& truss, int support);
+bool IsForceShown(const Drawing& drawing, const Truss& truss, int force);
 
 void BringLabelToFront(Drawing& drawing, LabelIndex label);
 
@@ -74,6 +73,9 @@ void HideLabels(Drawing& drawing);
 /// The topmost visible label that covers a pixel; 0 when there is none. A label covers its left and top edge,
 /// not its right and bottom one.
 LabelIndex LabelAt(const Drawing& drawing, float x, float y);
+
+/// How many of the visible labels have their middle outside a part of the canvas, edges included in it.
+int NumLabelsOutside(const Drawing& drawing, PixelPoint topLeft, PixelPoint bottomRight);
 
 /// Hides what an unfinished edit shows: the value panel and both handles.
 void HidePanelAndHandles(Drawing& drawing);

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "canvas/ForceArrows.h"
 #include "canvas/SupportPicture.h"
 
 namespace {
@@ -41,11 +42,13 @@ void PaintLabelPaper(Surface& surface, const LabelPlace& place) {
 void PaintJointPapers(Surface& surface, const Drawing& drawing, const JointLabels& isOfJoint) {
   for (int i = 1; i <= drawing.lblRodJoint.Size(); ++i) {
     const LabelPlace& place = drawing.lblRodJoint[i];
+    if (!place.Visible || !isOfJoint[static_cast<std::size_t>(i)]) continue;
     // Members that run along the name's left or top edge keep their whole width.
-    constexpr float inset = RodLineWidth;
-    if (!place.Visible || !isOfJoint[static_cast<std::size_t>(i)] || place.Width <= inset) continue;
-    surface.FillPolygon(
-        Rectangle(place.Left + inset, place.Top + inset, place.Width - inset, place.Height - inset), White);
+    constexpr float leastInset = RodLineWidth;
+    const float left = std::max(leastInset, place.TextLeft - RimWidth);
+    const float top = std::max(leastInset, place.TextTop);
+    surface.FillPolygon(Rectangle(place.Left + left, place.Top + top, place.Width - left, place.Height - top),
+                        White);
   }
 }
 
@@ -54,6 +57,8 @@ void PaintRods(Surface& surface, const Drawing& drawing, const Truss& truss) {
   for (int i = 1; i <= truss.NumMembers; ++i) {
     if (IsRodShown(drawing, truss, i)) DrawLine(surface, drawing.Rod[i]);
   }
+  surface.SetLineWidth(MemberWidthUnderForce);
+  for (const PixelLine& part : MemberPartsUnderForces(drawing, truss)) DrawLine(surface, part);
   surface.SetLineWidth(1);
 }
 
@@ -90,12 +95,13 @@ void PaintArrows(Surface& surface, const Drawing& drawing) {
 void PaintForceName(Surface& surface, const LabelPlace& place, const NameLabel& name) {
   PaintLabelPaper(surface, place);
   surface.SetFont({.Points = name.FontSize, .Bold = name.Bold});
-  surface.PrintText(OntoPaper(place.Left), OntoPaper(place.Top), name.Caption);
+  surface.PrintText(OntoPaper(place.Left + place.TextLeft), OntoPaper(place.Top + place.TextTop),
+                    name.Caption);
 }
 
 void PaintJointName(Surface& surface, const LabelPlace& place, const NameLabel& name, bool withRim) {
-  const float left = OntoPaper(place.Left + JointNameInset);
-  const float top = OntoPaper(place.Top);
+  const float left = OntoPaper(place.Left + place.TextLeft);
+  const float top = OntoPaper(place.Top + place.TextTop);
   surface.SetFont({.Points = name.FontSize, .Bold = name.Bold});
   if (withRim) {
     surface.PrintTextWithRim(left, top, name.Caption, Black);
@@ -133,8 +139,9 @@ void PaintDrawing(Surface& surface, const Drawing& drawing, const Truss& truss) 
   PaintRods(surface, drawing, truss);
   const JointLabels isOfJoint = FindJointLabels(drawing, truss);
   PaintJointPapers(surface, drawing, isOfJoint);
-  PaintPins(surface, drawing, truss);
   PaintSupports(surface, drawing, truss);
+  DrawForcesOverMembers(surface, drawing, truss);
+  PaintPins(surface, drawing, truss);
   PaintArrows(surface, drawing);
   PaintLabels(surface, drawing, truss, isOfJoint);
   PaintHandle(surface, drawing.MoveHandleB, MoveHandleBSize);

@@ -1,4 +1,4 @@
-// Painting the lasting objects of a drawing on any surface: members, pins, supports, arrows, labels and
+// Painting the objects of a drawing on any surface: members, supports, forces, pins, arrows, labels and
 // handles, each kind in front of those before it.
 #pragma once
 
@@ -12,7 +12,9 @@ inline constexpr int RodLineWidth = 2;
 /// take time and room in files.
 inline constexpr int MostRims = 300;
 
-/// Paints what is visible over what the surface holds; ink is black. Names stand on white, so that they can
+/// Paints what is visible over what the surface holds; ink is black, forces are red. They stand in front of
+/// members and supports, which would hide a force that runs along them; where one does, the member is a tube
+/// around it. Names stand on white, so that they can
 /// be read where a member passes beneath; a joint's name leaves the joint's pin and support uncovered. Leaves
 /// a black foreground, a line width of 1 and the font TextFont{}.
 void PaintDrawing(Surface& surface, const Drawing& drawing, const Truss& truss);

@@ -1,8 +1,8 @@
 // The order of the steps decides what covers what.
 #include "canvas/RedrawTruss.h"
 
-#include "canvas/Arrow.h"
 #include "canvas/DoLabel.h"
+#include "canvas/ForceArrows.h"
 #include "canvas/Grid.h"
 #include "canvas/Rulers.h"
 
@@ -17,9 +17,10 @@ PixelPoint TopLeft(PixelPoint centre, float size) { return {centre.X - size / 2,
 
 // Picking works on the arrows as they were drawn last.
 void RememberForces(const Drawing& drawing, Truss& truss) {
-  for (ForceRec& force : truss.ForcesInUse()) {
+  for (int i = 1; i <= truss.NumForces; ++i) {
+    ForceRec& force = truss.Forces[i];
     if (!force.Active) continue;
-    const PixelLine arrow = ForceArrow(drawing.Mapping, truss.Settings, force);
+    const PixelLine& arrow = drawing.Force[i];
     force.PixX1 = arrow.X1;
     force.PixY1 = arrow.Y1;
     force.PixX2 = arrow.X2;
@@ -38,17 +39,17 @@ bool RedrawTruss(Truss& truss, Drawing& drawing, Surface& surface, const CanvasC
   const DocumentSettings& settings = truss.Settings;
   if (settings.RulersOn) ShowRulers(surface, drawing.Mapping, settings, truss.View, context.Numbers);
   if (settings.GridOn) ShowGrid(surface, drawing.Mapping, settings, truss.View, messages);
-  DrawElements(surface, drawing, truss, context.Measure);
+  PlaceElements(drawing, truss, context.Measure);
+  DrawForces(surface, drawing, truss);
   RememberForces(drawing, truss);
   const bool jointsChecked = RefreshJoints(drawing, truss, context.Measure);
   if (drawing.LabelsShown) ShowLabels(drawing, truss);
   return jointsChecked;
 }
 
-void DrawElements(Surface& surface, Drawing& drawing, const Truss& truss, const TextMeasure& measure) {
+void PlaceElements(Drawing& drawing, const Truss& truss, const TextMeasure& measure) {
   FitTables(drawing, truss);
   PlaceObjects(drawing, truss);
-  DrawForces(surface, drawing, truss);
   PlaceElementLabels(drawing, truss, measure);
 }
 
@@ -65,22 +66,8 @@ void PlaceObjects(Drawing& drawing, const Truss& truss) {
     drawing.Pin1[i] = TopLeft(drawing.Rod[i].End1(), PinSize);
     drawing.Pin2[i] = TopLeft(drawing.Rod[i].End2(), PinSize);
   }
-}
-
-PixelLine ForceArrow(const Graph& graph, const DocumentSettings& settings, const ForceRec& force) {
-  const auto head = [&settings](float point, float component) {
-    if (settings.ForceScale == 0) return point;
-    return FiniteSingle(double{point} + double{component} / double{settings.ForceScale});
-  };
-  return {graph.XPixel(force.X), graph.YPixel(force.Y), graph.XPixel(head(force.X, force.Fx)),
-          graph.YPixel(head(force.Y, force.Fy))};
-}
-
-void DrawForces(Surface& surface, const Drawing& drawing, const Truss& truss) {
-  if (drawing.Mapping.IsEmpty()) return;
-  for (const ForceRec& force : truss.ForcesInUse()) {
-    if (!force.Active) continue;
-    const PixelLine arrow = ForceArrow(drawing.Mapping, truss.Settings, force);
-    DrawArrow(surface, arrow.X1, arrow.Y1, arrow.X2, arrow.Y2, ForceLineWidth, ForceHeadLength, ForceColour);
+  for (int i = 1; i <= truss.NumForces; ++i) {
+    const ForceRec& force = truss.Forces[i];
+    if (force.Active) drawing.Force[i] = ForceArrow(graph, truss.Settings, force);
   }
 }

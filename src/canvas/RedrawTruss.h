@@ -23,15 +23,9 @@ struct CanvasContext {
 [[nodiscard]] bool RedrawTruss(Truss& truss, Drawing& drawing, Surface& surface, const CanvasContext& context,
                                MessageBox& messages);
 
-/// The part of a redraw that every picture of the truss shares, by the drawing's mapping: paints the force
-/// arrows and places all objects and the labels of live elements.
-void DrawElements(Surface& surface, Drawing& drawing, const Truss& truss, const TextMeasure& measure);
+/// The part of a redraw that every picture of the truss shares, by the drawing's mapping: places all objects,
+/// the force arrows and the labels of live elements.
+void PlaceElements(Drawing& drawing, const Truss& truss, const TextMeasure& measure);
 
-/// Places support pictures, member lines and pins by the drawing's mapping.
+/// Places support pictures, member lines, pins and force arrows by the drawing's mapping.
 void PlaceObjects(Drawing& drawing, const Truss& truss);
-
-/// A force's arrow from tail to head in pixels. With a force scale of 0 the head stands on the tail.
-PixelLine ForceArrow(const Graph& graph, const DocumentSettings& settings, const ForceRec& force);
-
-/// Paints the arrows of all active forces by the drawing's mapping.
-void DrawForces(Surface& surface, const Drawing& drawing, const Truss& truss);

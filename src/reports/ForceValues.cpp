@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "canvas/Arrow.h"
+#include "canvas/ForceArrows.h"
 #include "canvas/PaintDrawing.h"
 #include "canvas/Polar.h"
-#include "canvas/RedrawTruss.h"
 #include "platform/Palette.h"
 #include "platform/Picture.h"
 

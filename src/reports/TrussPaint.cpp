@@ -67,7 +67,7 @@ class Painter {
     if (!mapping) return picture;
     Drawing drawing;
     drawing.Mapping = *mapping;
-    DrawElements(picture, drawing, truss_, measure_);
+    PlaceElements(drawing, truss_, measure_);
     PlaceJointLabels(drawing, truss_, measure_);
     if (content_.Names) ShowLabels(drawing, truss_);
     PaintDrawing(picture, drawing, truss_);

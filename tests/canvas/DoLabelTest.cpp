@@ -3,6 +3,7 @@
 #include "canvas/DoLabel.h"
 
 #include "CanvasFixture.h"
+#include "canvas/SupportPicture.h"
 #include "document/JointList.h"
 
 namespace {
@@ -57,7 +58,8 @@ TEST(DoLabel, TheMembersNameIsCentredOnItsMiddle) {
   FitTables(drawing, truss);
   drawing.Rod[1] = {100, 200, 200, 150};
   EXPECT_TRUE(DoLabel(drawing, truss, RecordingSurface::Measure, LabelMode::Place, LabelClass::Member, 1));
-  ExpectPlace(drawing.lblRodJoint[1], At(141, 170, 18, 10));
+  ExpectPlace(drawing.lblRodJoint[1], At(138, 170, 24, 10));
+  EXPECT_EQ(drawing.lblRodJoint[1].TextLeft, MemberNameMargin);
   EXPECT_EQ(drawing.lblRodJoint[2].Rank, 0);  // its second label has no place
 }
 
@@ -67,8 +69,8 @@ TEST(DoLabel, AClampHasAnArrowFromTheLeftAndOneFromBelow) {
     const Drawing drawing = OneSupport(truss);
     ExpectShaft(drawing, 4, 174, 121, 196, 121);
     ExpectShaft(drawing, 8, 221, 158, 221, 136);
-    ExpectPlace(drawing.lblRodJoint[1], At(162, 116, 12, 10));
-    ExpectPlace(drawing.lblRodJoint[2], At(212, 158, 18, 10));
+    ExpectPlace(drawing.lblRodJoint[1], At(158, 116, 16, 10));
+    ExpectPlace(drawing.lblRodJoint[2], At(210, 158, 22, 10));
   }
 }
 
@@ -76,16 +78,16 @@ TEST(DoLabel, ARollersArrowShowsItsPush) {
   const auto roller = [](std::int16_t type) { return Truss(TrussBuilder().Roller(0, 0, "R", type)); };
   Truss up = roller(5);
   ExpectShaft(OneSupport(up), 4, 221, 158, 221, 136);
-  ExpectPlace(OneSupport(up).lblRodJoint[1], At(218, 158, 6, 10));
+  ExpectPlace(OneSupport(up).lblRodJoint[1], At(215, 158, 12, 10));
   Truss down = roller(6);
   ExpectShaft(OneSupport(down), 4, 211, 74, 211, 96);
-  ExpectPlace(OneSupport(down).lblRodJoint[1], At(208, 64, 6, 10));
+  ExpectPlace(OneSupport(down).lblRodJoint[1], At(205, 64, 12, 10));
   Truss left = roller(7);
   ExpectShaft(OneSupport(left), 4, 258, 121, 236, 121);
-  ExpectPlace(OneSupport(left).lblRodJoint[1], At(258, 116, 6, 10));
+  ExpectPlace(OneSupport(left).lblRodJoint[1], At(258, 116, 12, 10));
   Truss right = roller(8);
   ExpectShaft(OneSupport(right), 4, 174, 121, 196, 121);
-  ExpectPlace(OneSupport(right).lblRodJoint[1], At(168, 116, 6, 10));
+  ExpectPlace(OneSupport(right).lblRodJoint[1], At(162, 116, 12, 10));
 }
 
 TEST(DoLabel, CreatesTwoLabelsForAMemberOneForARoller) {
@@ -158,8 +160,56 @@ TEST(DoLabel, JointNamesHaveTheirTopLeftCornerAtTheJoint) {
   drawing.Mapping = EasyGraph();
   FitTables(drawing, truss);
   EXPECT_TRUE(RefreshJoints(drawing, truss, RecordingSurface::Measure));
-  ExpectPlace(drawing.lblRodJoint[3], At(88, 210, 7 + JointNameInset, 12));
-  ExpectPlace(drawing.lblRodJoint[4], At(248, 170, 14 + JointNameInset, 12));
+  ExpectPlace(drawing.lblRodJoint[3], At(88, 210, 8 + JointNameInset, 12 + JointNameDrop));
+  ExpectPlace(drawing.lblRodJoint[4], At(248, 170, 14 + JointNameInset, 12 + JointNameDrop));
+}
+
+TEST(DoLabel, AnEmptyNameHasAPlaceThatCanBeClicked) {
+  Truss truss = TrussBuilder().Member(0, 0, 4, 0, "").Clamp(0, 0, "", "").Roller(4, 0, "").Joint(4, 0, "");
+  Canvas canvas;
+  EXPECT_TRUE(canvas.Redraw(truss));
+  ShowLabels(canvas.Picture, truss);
+  int visible = 0;
+  for (int i = 1; i <= truss.NumLabels; ++i) {
+    const LabelPlace& place = canvas.Picture.lblRodJoint[i];
+    if (!place.Visible) continue;
+    ++visible;
+    EXPECT_GE(place.Width, LeastLabelSize) << i;
+    EXPECT_GE(place.Height, LeastLabelSize) << i;
+  }
+  EXPECT_EQ(visible, 1 + 2 + 1 + 2);
+  const LabelPlace& member = canvas.Picture.lblRodJoint[truss.Members[1].NameLabel1];
+  EXPECT_EQ(LabelAt(canvas.Picture, 88, 270), truss.Members[1].NameLabel1);
+  EXPECT_FLOAT_EQ(member.Left + member.Width / 2, 88) << "centred on the member's middle";
+}
+
+TEST(DoLabel, AShortNameStandsInTheMiddleOfItsPlace) {
+  Truss truss = TrussBuilder().Roller(0, 0, "R", 6);
+  const Drawing drawing = OneSupport(truss);
+  EXPECT_EQ(drawing.lblRodJoint[1].TextLeft, ReactionNameMargin + 1);
+  EXPECT_EQ(drawing.lblRodJoint[1].TextTop, 0);
+}
+
+TEST(DoLabel, TheLettersOfAJointsNameLeaveItsSupportUncovered) {
+  for (std::int16_t type = 1; type <= LastSupportType; ++type) {
+    Truss truss = TrussBuilder().Clamp(2, 3, "X", "Y", type).Joint(2, 3, "1");
+    if (type > LastClampType) truss = TrussBuilder().Roller(2, 3, "Y", type).Joint(2, 3, "1");
+    Canvas canvas;
+    EXPECT_TRUE(canvas.Redraw(truss));
+    const LabelPlace& place = canvas.Picture.lblRodJoint[truss.Joints[1].NameLabel];
+    EXPECT_EQ(place.Left, 88) << "the place begins at the joint";
+    EXPECT_EQ(place.Top, 210);
+    const float left = place.TextLeft - RimWidth;
+    const float top = place.TextTop;
+    for (const PictureShape& shape : SupportPicture(type)) {
+      if (shape.Kind == ShapeKind::Circle) continue;
+      for (const PixelPoint& point : shape.Points) {
+        EXPECT_FALSE(point.X - 16 > left && point.Y - 16 > top) << "type " << type;
+      }
+    }
+    // Nor do they stand in the way of an arrow: to the right of the picture, 4 pixels high.
+    if (type == 7) EXPECT_GE(top, 5 + 2);
+  }
 }
 
 TEST(DoLabel, RefreshingJointsMakesTheLabelsThatAreMissing) {
@@ -171,7 +221,7 @@ TEST(DoLabel, RefreshingJointsMakesTheLabelsThatAreMissing) {
   EXPECT_TRUE(RefreshJoints(drawing, truss, RecordingSurface::Measure));
   EXPECT_EQ(truss.NumLabels, 5);
   EXPECT_EQ(truss.Labels[4].Tag, DeletedTag);
-  ExpectPlace(drawing.lblRodJoint[5], At(208, 170, 21 + JointNameInset, 12));
+  ExpectPlace(drawing.lblRodJoint[5], At(208, 170, 21 + JointNameInset, 12 + JointNameDrop));
 }
 
 TEST(PlaceNames, MeasuresAnewAndLeavesShapesAndJointsWhereTheyAre) {
@@ -184,15 +234,15 @@ TEST(PlaceNames, MeasuresAnewAndLeavesShapesAndJointsWhereTheyAre) {
   drawing.Support[1] = {84, 34};
   SortJoints(truss);
   PlaceNames(drawing, truss, RecordingSurface::Measure);
-  ExpectPlace(drawing.lblRodJoint[truss.Members[1].NameLabel1], At(44, 70, 12, 10));
+  ExpectPlace(drawing.lblRodJoint[truss.Members[1].NameLabel1], At(41, 70, 18, 10));
 
   truss.Labels[truss.Members[1].NameLabel1].Caption = "chord";
   truss.Labels[truss.Supports[1].NameLabel1].Caption = "foot";
   truss.Labels[truss.Joints[1].NameLabel].Caption = "apex";
   PlaceNames(drawing, truss, RecordingSurface::Measure);
-  ExpectPlace(drawing.lblRodJoint[truss.Members[1].NameLabel1], At(35, 70, 30, 10));
-  ExpectPlace(drawing.lblRodJoint[truss.Supports[1].NameLabel1], At(93, 92, 24, 10));
-  ExpectPlace(drawing.lblRodJoint[truss.Joints[1].NameLabel], At(100, 50, 28 + JointNameInset, 12));
+  ExpectPlace(drawing.lblRodJoint[truss.Members[1].NameLabel1], At(32, 70, 36, 10));
+  ExpectPlace(drawing.lblRodJoint[truss.Supports[1].NameLabel1], At(91, 92, 28, 10));
+  ExpectPlace(drawing.lblRodJoint[truss.Joints[1].NameLabel], At(100, 50, 28 + 15, 12 + JointNameDrop));
   EXPECT_EQ(drawing.Rod[1].X2, 100);
   EXPECT_EQ(truss.Joints[1].X, 10) << "the joints keep their order";
 }

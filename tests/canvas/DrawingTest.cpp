@@ -172,3 +172,22 @@ TEST(Drawing, FindsALabelAmongTenThousand) {
   for (int i = 1; i <= 10'000; ++i) drawing.lblRodJoint[i] = Box(static_cast<float>(i), 0, i);
   EXPECT_EQ(LabelAt(drawing, 5000, 5), 5000);
 }
+
+TEST(Drawing, ALabelIsOutsideWhenItsMiddleIs) {
+  Drawing drawing;
+  drawing.lblRodJoint.Resize(1);
+  const auto numOutside = [&](float left, float top) {
+    drawing.lblRodJoint[1] = Box(left, top, 1);  // 20 by 10 pixels
+    return NumLabelsOutside(drawing, {0, 50}, {200, 150});
+  };
+  EXPECT_EQ(numOutside(50, 80), 0);
+  EXPECT_EQ(numOutside(-10, 80), 0);
+  EXPECT_EQ(numOutside(-10.5F, 80), 1);
+  EXPECT_EQ(numOutside(190.5F, 80), 1);
+  EXPECT_EQ(numOutside(50, 44), 1);
+  EXPECT_EQ(numOutside(50, 145), 0);
+  EXPECT_EQ(numOutside(50, 146), 1);
+  EXPECT_EQ(numOutside(3e38F, 3e38F), 1);
+  drawing.lblRodJoint[1].Visible = false;
+  EXPECT_EQ(NumLabelsOutside(drawing, {0, 50}, {200, 150}), 0);
+}

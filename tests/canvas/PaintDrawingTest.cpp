@@ -23,8 +23,8 @@ TEST(PaintDrawing, InStep1MembersPinsAndSupportsAreSeen) {
   EXPECT_EQ(paper.Lines[0], (DrawnLine{68, 230, 158, 190, RodLineWidth, 0}));
   EXPECT_EQ(paper.Fills.size(), 2U * 2 + 1 + 2);  // two pins, the clamp's triangle and its pin
   EXPECT_TRUE(paper.Texts.empty());
-  // The first pin: a circle of 6 pixels round the member's end.
-  for (const PixelPoint& corner : paper.Fills[0]) {
+  // The first pin, in front of the clamp: a circle of 6 pixels round the member's end.
+  for (const PixelPoint& corner : paper.Fills[3]) {
     EXPECT_NEAR(std::hypot(corner.X - 68, corner.Y - 230), 3, 1e-4);
   }
 }
@@ -62,9 +62,9 @@ TEST(PaintDrawing, NamesStandInFrontInTheirFontsOnWhite) {
   const TextFont plain{};
   const TextFont bold{.Points = 10, .Bold = true};
   EXPECT_EQ(paper.Texts[0], (DrawnText{142, 265, "AB", plain}));
-  EXPECT_THAT(paper.Texts, testing::Contains(DrawnText{52, 270, "1", bold}));
-  EXPECT_EQ(paper.Texts.back(), (DrawnText{252, 270, "2", bold}));
-  EXPECT_EQ(paper.Fills.back(), (std::vector<PixelPoint>{{142, 265}, {154, 265}, {154, 275}, {142, 275}}));
+  EXPECT_THAT(paper.Texts, testing::Contains(DrawnText{52, 272, "1", bold}));
+  EXPECT_EQ(paper.Texts.back(), (DrawnText{252, 272, "2", bold}));
+  EXPECT_EQ(paper.Fills.back(), (std::vector<PixelPoint>{{139, 265}, {157, 265}, {157, 275}, {139, 275}}));
   EXPECT_EQ(paper.FillColours.back(), 15);
   EXPECT_EQ(paper.Font, plain);
 }
@@ -77,9 +77,9 @@ TEST(PaintDrawing, AJointsNameCoversMembersButNeitherPinNorSupport) {
   const RecordingSurface paper = Painted(canvas, truss);
   EXPECT_EQ(paper.Order[0], "line");  // the member
   EXPECT_EQ(paper.Order[1], "fill");
-  EXPECT_EQ(paper.Fills[0], (std::vector<PixelPoint>{{50, 272}, {59, 272}, {59, 282}, {50, 282}}));
+  EXPECT_EQ(paper.Fills[0], (std::vector<PixelPoint>{{61, 272}, {71, 272}, {71, 284}, {61, 284}}));
   EXPECT_EQ(paper.FillColours[0], 15);
-  EXPECT_EQ(paper.FillColours[2], 0);  // the rim of the first pin
+  EXPECT_EQ(paper.FillColours[2], LightGrey);  // the clamp's triangle
 }
 
 TEST(PaintDrawing, TheLettersOfAJointsNameHaveAWhiteRim) {

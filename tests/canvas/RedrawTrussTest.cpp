@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "CanvasFixture.h"
+#include "canvas/ForceArrows.h"
 
 namespace {
 
