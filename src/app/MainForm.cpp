@@ -19,6 +19,7 @@
 #include "app/InstructionFrame.h"
 #include "app/OptionsDialog.h"
 #include "app/StatusPanel.h"
+#include "app/Step2Findings.h"
 #include "app/StepTexts.h"
 #include "canvas/DoLabel.h"
 #include "canvas/Paper.h"
@@ -168,7 +169,17 @@ void MainForm::ShowStep() {
 }
 
 void MainForm::ShowStepStatus() {
-  SetStatus(steps_.StatusText().empty() ? QString::fromLatin1(Step1StatusText) : ToQt(steps_.StatusText()));
+  if (steps_.Current() == 2) {
+    SetStatus(ToQt(steps_.StatusText() + Step2Findings(on_.Document, NumNamesOutOfReach(), on_.Numbers)));
+  } else {
+    SetStatus(steps_.StatusText().empty() ? QString::fromLatin1(Step1StatusText) : ToQt(steps_.StatusText()));
+  }
+}
+
+// Names under the panel of the step cannot be clicked either.
+int MainForm::NumNamesOutOfReach() const {
+  return NumLabelsOutside(drawing_, {0, static_cast<float>(picStep2_->height())},
+                          {static_cast<float>(picDraw_->width()), static_cast<float>(picDraw_->height())});
 }
 
 // --- names and joint equations
@@ -265,6 +276,7 @@ void MainForm::mnuSettings_Click() {
   OptionsDialog dialog(on_.Document.Settings, on_.Numbers, on_.Messages, this);
   connect(&dialog, &OptionsDialog::Applied, this, [this](const SettingsInput& input) {
     if (!CloseSettings(input, on_.Numbers, bounds_, on_.Document)) Redraw();
+    if (steps_.Current() == 2) ShowStepStatus();
   });
   OfferHelpBeside(dialog, SettingsHelpTopic);
   dialog.exec();

@@ -96,6 +96,7 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void ShowJointEquations(LabelIndex label);
   void ShowStep();
   void ShowStepStatus();
+  int NumNamesOutOfReach() const;
   void UpdateFileMenu();
   void SetStatus(const QString& text);
   void AfterOpening();
