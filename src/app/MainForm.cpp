@@ -75,7 +75,7 @@ void MainForm::ShowCaption(const std::string& caption) { setWindowTitle(QString:
 
 void MainForm::Redraw() {
   DeferredMessages messages;
-  const CanvasContext context{bounds_, on_.Numbers, Measure()};
+  const CanvasContext context{bounds_, on_.RulerNumbers.value_or(on_.Numbers), Measure()};
   bool joined = true;
   picDraw_->PaintBacking(
       [&](Surface& surface) { joined = RedrawTruss(on_.Document, drawing_, surface, context, messages); });

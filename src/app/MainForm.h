@@ -5,6 +5,7 @@
 #include <QMainWindow>
 #include <array>
 #include <memory>
+#include <optional>
 
 #include "app/StepPanels.h"
 #include "app/Steps.h"
@@ -36,7 +37,8 @@ class MainForm final : public QMainWindow, private DocumentWindow {
     MessageBox& Messages;
     FileChooser& Chooser;
     NumberFormat Numbers;
-    std::string ProgramDirectory;  ///< UTF-8, without a separator at its end
+    std::string ProgramDirectory;                             ///< UTF-8, without a separator at its end
+    std::optional<NumberFormat> RulerNumbers = std::nullopt;  ///< for the rulers, when they have another
   };
 
   explicit MainForm(const Partners& partners);

@@ -68,7 +68,8 @@ int RunWindow(int argc, char** argv, const CommandLine& commandLine) {
                                    .Messages = messages,
                                    .Chooser = chooser,
                                    .Numbers = SystemNumberFormat(),
-                                   .ProgramDirectory = QApplication::applicationDirPath().toStdString()});
+                                   .ProgramDirectory = QApplication::applicationDirPath().toStdString(),
+                                   .RulerNumbers = SystemRulerNumbers()});
   form.show();
   if (!commandLine.Files.empty()) form.OpenAtStart(commandLine.Files.front(), commandLine.AutoName);
   return QApplication::exec();

@@ -6,7 +6,6 @@
 #include "text/NumberText.h"
 
 std::string DecimalSeparator(const NumberFormat& format) {
-  if (format.IsSeparatorReplaced) return "unknown";
   const std::string text = GeneralText(1.2F, format.DecimalSeparator);
   if (text[1] == '.') return "period";
   if (text[1] == ',') return "comma";

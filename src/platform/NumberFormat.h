@@ -7,14 +7,10 @@
 /// How numbers are written and read for the user. Files always use a period.
 struct NumberFormat {
   std::string DecimalSeparator = ".";  ///< one character, in the single-byte code page
-
-  /// Whether the locale writes a separator that has no place in the code page. DecimalSeparator, a period
-  /// then, takes its place wherever numbers are written and read, but rulers have whole numbers.
-  bool IsSeparatorReplaced = false;
 };
 
-/// The kind of the locale's decimal separator, found by writing 1.2 in the locale's general form and looking
-/// at the second character: "period", "comma" or "unknown".
+/// The kind of the decimal separator, found by writing 1.2 in the locale's general form and looking at the
+/// second character: "period", "comma" or "unknown".
 std::string DecimalSeparator(const NumberFormat& format);
 
 /// How many decimals are needed to print both numbers: the larger count of characters after the separator in

@@ -136,14 +136,6 @@ TEST(Rulers, UnderAnyOtherSeparatorNumbersAreWhole) {
   EXPECT_THAT(rulers.BottomNumbers(3), testing::ElementsAre("0", "3", "5"));
 }
 
-TEST(Rulers, ASeparatorThatThePeriodStandsInForGivesWholeNumbersToo) {
-  Rulers rulers;
-  rulers.Numbers.IsSeparatorReplaced = true;
-  rulers.Settings.HatchSpacing = 2.5F;
-  rulers.Show();
-  EXPECT_THAT(rulers.BottomNumbers(3), testing::ElementsAre("0", "3", "5"));
-}
-
 TEST(Rulers, TheLastTickStandsAtTheLastWholeInterval) {
   Rulers rulers;
   rulers.Bounds.PixT = 50;  // 220 pixels: the y ruler ends at 11, its last tick is at 10

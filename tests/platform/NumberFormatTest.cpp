@@ -17,10 +17,6 @@ TEST(DecimalSeparator, IsNamedAfterTheSecondCharacterOfOnePointTwo) {
 
 TEST(DecimalSeparator, OfAnEmptyTextIsUnknown) { EXPECT_EQ(DecimalSeparator(NumberFormat{""}), "unknown"); }
 
-TEST(DecimalSeparator, IsUnknownWhereAPeriodHadToTakeItsPlace) {
-  EXPECT_EQ(DecimalSeparator({.DecimalSeparator = ".", .IsSeparatorReplaced = true}), "unknown");
-}
-
 TEST(DecimalPlaces, AreThoseOfTheNumberThatNeedsMore) {
   EXPECT_EQ(DecimalPlaces(0.25F, 0, Period), 2);
   EXPECT_EQ(DecimalPlaces(1, -2.5F, Period), 1);

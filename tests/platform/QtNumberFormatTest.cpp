@@ -5,19 +5,21 @@
 
 namespace {
 
-TEST(NumberFormatOf, TakesPeriodAndCommaAsTheyAre) {
-  EXPECT_EQ(NumberFormatOf(QLocale(QLocale::English, QLocale::UnitedStates)).DecimalSeparator, ".");
-  EXPECT_EQ(NumberFormatOf(QLocale(QLocale::German, QLocale::Germany)).DecimalSeparator, ",");
-  EXPECT_FALSE(NumberFormatOf(QLocale(QLocale::German, QLocale::Germany)).IsSeparatorReplaced);
+TEST(QtNumberFormat, PeriodAndCommaAreTakenAsTheyAre) {
+  const QLocale english(QLocale::English, QLocale::UnitedStates);
+  const QLocale german(QLocale::German, QLocale::Germany);
+  EXPECT_EQ(NumbersOf(english).DecimalSeparator, ".");
+  EXPECT_EQ(RulerNumbersOf(english).DecimalSeparator, ".");
+  EXPECT_EQ(NumbersOf(german).DecimalSeparator, ",");
+  EXPECT_EQ(DecimalPlaces(0.25F, -2.5F, RulerNumbersOf(german)), 2);
 }
 
-TEST(NumberFormatOf, ASeparatorOutsideTheCodePageIsWrittenAsAPeriodAndRulersAreWhole) {
+TEST(QtNumberFormat, ASeparatorOutsideTheCodePageIsWrittenAsAPeriodButRulersAreWhole) {
   const QLocale arabic(QLocale::Arabic, QLocale::Egypt);
   ASSERT_EQ(QString(arabic.decimalPoint()), QString(QChar(0x066B)));
-  const NumberFormat numbers = NumberFormatOf(arabic);
-  EXPECT_EQ(numbers.DecimalSeparator, ".");
-  EXPECT_EQ(DecimalSeparator(numbers), "unknown");
-  EXPECT_EQ(DecimalPlaces(0.25F, -2.5F, numbers), 0);
+  EXPECT_EQ(NumbersOf(arabic).DecimalSeparator, ".");
+  EXPECT_EQ(DecimalSeparator(RulerNumbersOf(arabic)), "unknown");
+  EXPECT_EQ(DecimalPlaces(0.25F, -2.5F, RulerNumbersOf(arabic)), 0);
 }
 
 }  // namespace

@@ -3,10 +3,22 @@
 
 #include "text/CodePage.h"
 
-NumberFormat NumberFormatOf(const QLocale& locale) {
+namespace {
+
+constexpr const char* UnknownSeparator = "?";
+
+}  // namespace
+
+NumberFormat RulerNumbersOf(const QLocale& locale) {
   const std::string separator = FromUtf8(QString(locale.decimalPoint()).toStdString());
-  const bool hasPlace = separator.size() == 1 && separator != "?";
-  return {.DecimalSeparator = hasPlace ? separator : ".", .IsSeparatorReplaced = !hasPlace};
+  return NumberFormat{separator.size() == 1 ? separator : UnknownSeparator};
 }
 
-NumberFormat SystemNumberFormat() { return NumberFormatOf(QLocale::system()); }
+NumberFormat NumbersOf(const QLocale& locale) {
+  const NumberFormat own = RulerNumbersOf(locale);
+  return own.DecimalSeparator == UnknownSeparator ? NumberFormat{} : own;
+}
+
+NumberFormat SystemNumberFormat() { return NumbersOf(QLocale::system()); }
+
+NumberFormat SystemRulerNumbers() { return RulerNumbersOf(QLocale::system()); }

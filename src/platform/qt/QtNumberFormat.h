@@ -5,7 +5,13 @@
 
 #include "platform/NumberFormat.h"
 
-/// A separator outside the single-byte code page is replaced by a period.
-NumberFormat NumberFormatOf(const QLocale& locale);
+/// How numbers are written and read: a separator outside the single-byte code page is replaced by a period.
+NumberFormat NumbersOf(const QLocale& locale);
 
 NumberFormat SystemNumberFormat();
+
+/// How rulers number their ticks: a separator outside the code page stays an unknown one ("?"), so that their
+/// numbers are whole and need none.
+NumberFormat RulerNumbersOf(const QLocale& locale);
+
+NumberFormat SystemRulerNumbers();
