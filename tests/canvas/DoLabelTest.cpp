@@ -208,7 +208,9 @@ TEST(DoLabel, TheLettersOfAJointsNameLeaveItsSupportUncovered) {
       }
     }
     // Nor do they stand in the way of an arrow: to the right of the picture, 4 pixels high.
-    if (type == 7) EXPECT_GE(top, 5 + 2);
+    if (type == 7) {
+      EXPECT_GE(top, 5 + 2);
+    }
   }
 }
 

@@ -99,7 +99,7 @@ TEST(Drawing, ALabelTakenOverStaysWithItsNewElement) {
   Canvas canvas;
   EXPECT_TRUE(canvas.Redraw(truss));
   ShowLabels(canvas.Picture, truss);
-  EXPECT_EQ(canvas.Picture.lblRodJoint[old.NameLabel1].Left, 48 + 20 - 9);
+  EXPECT_EQ(canvas.Picture.lblRodJoint[old.NameLabel1].Left, 48 + 20 - 9 - MemberNameMargin);
   EXPECT_TRUE(canvas.Picture.lblRodJoint[old.NameLabel1].Visible);
 }
 

@@ -6,6 +6,7 @@
 #include "CanvasFixture.h"
 #include "canvas/Arrow.h"
 #include "canvas/PaintDrawing.h"
+#include "platform/Palette.h"
 
 namespace {
 
@@ -40,11 +41,8 @@ TEST(MemberPartsUnderForces, TheMembersEndsMayBeInEitherOrder) {
 }
 
 TEST(MemberPartsUnderForces, ALongForceRunsAlongSeveralMembersOfAChord) {
-  const Truss truss = TrussBuilder()
-                          .Member(2, 1, 4, 2)
-                          .Member(4, 2, 6, 3)
-                          .Member(6, 3, 8, 4)
-                          .Force(2, 1, 3 * Unit, 1.5F * Unit);
+  const Truss truss =
+      TrussBuilder().Member(2, 1, 4, 2).Member(4, 2, 6, 3).Member(6, 3, 8, 4).Force(2, 1, 4 * Unit, 2 * Unit);
   EXPECT_THAT(PartsUnderForces(truss), SizeIs(2));
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "CanvasFixture.h"
+#include "platform/Palette.h"
 
 namespace {
 

@@ -10,6 +10,7 @@
 
 #include "canvas/CanvasFixture.h"
 #include "canvas/PaintDrawing.h"
+#include "platform/Palette.h"
 
 namespace {
 
