@@ -9,8 +9,7 @@ namespace {
 struct DrawnTruss : Editor {
   DrawnTruss() {
     Example.View = {};
-    EXPECT_EQ(ReadTruss(Example, Context.Bounds, std::string(ORVANE_EXAMPLES_DIR) + "/warren.trs"),
-              std::nullopt);
+    EXPECT_EQ(ReadTruss(Example, Context.Bounds, ORVANE_EXAMPLES_DIR "/warren.trs"), std::nullopt);
     Document.Settings = Example.Settings;
     Redraw();
   }
