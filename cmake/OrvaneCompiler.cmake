@@ -1,5 +1,5 @@
-# How every target is compiled: C++20, warnings are errors, and the same bits on every machine
-# (no contraction of a*b+c into one rounding, no fast-math).
+# How every target is compiled: C++20, with warnings, and the same bits on every machine (no contraction of a*b+c
+# into one rounding, no fast-math).
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 if(NOT CMAKE_BUILD_TYPE)
@@ -11,13 +11,17 @@ if(ORVANE_CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${ORVANE_CCACHE})
 endif()
 
+# For those who can mend them. A compiler that is newer than this source may warn of what is right, and that
+# must not keep anyone from building it.
+option(ORVANE_WARNINGS_AS_ERRORS "Stop at a warning of the compiler" OFF)
+
 add_library(orvane_compiler INTERFACE)
 target_compile_features(orvane_compiler INTERFACE cxx_std_20)
 if(MSVC)
-  target_compile_options(orvane_compiler INTERFACE /W4 /WX /fp:precise /permissive- /utf-8)
+  target_compile_options(orvane_compiler INTERFACE /W4 $<$<BOOL:${ORVANE_WARNINGS_AS_ERRORS}>:/WX> /fp:precise /permissive- /utf-8)
 else()
   target_compile_options(orvane_compiler INTERFACE
-    -ffp-contract=off -Werror -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast
+    -ffp-contract=off $<$<BOOL:${ORVANE_WARNINGS_AS_ERRORS}>:-Werror> -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast
     -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wcast-qual -Wunused
     -Wimplicit-fallthrough -Wextra-semi)
 endif()
