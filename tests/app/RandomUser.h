@@ -35,6 +35,10 @@ class RandomUser : public WindowEditingFixture {
   /// it showed.
   void CheckStep3();
 
+  /// Escape on the canvas gives up what is being drawn. Sent straight to it: when another window is active,
+  /// the key would be that window's.
+  void GiveUpDrawing();
+
   int Below(int bound) { return std::uniform_int_distribution<int>(0, bound - 1)(random_); }
 
   template <class Values>

@@ -50,6 +50,11 @@ void RandomUser::AnyEvent() {
   }
 }
 
+void RandomUser::GiveUpDrawing() {
+  QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+  QApplication::sendEvent(Canvas(), &escape);
+}
+
 // Mostly near points of a coarse grid, so that things meet; sometimes anywhere, even outside.
 QPoint RandomUser::SomePoint() {
   if (Below(8) == 0) return {Below(Canvas()->width() + 200) - 100, Below(Canvas()->height() + 200) - 100};

@@ -104,7 +104,7 @@ void RandomUser::SaveToFailingDisk() {
   messages_.Answers = {YesOrNo(), YesOrNo(), MessageAnswer::No};
   QAction* entry = Entry(command);
   if (!entry->isEnabled()) return;
-  if (InStep1()) Key(Qt::Key_Escape);  // a menu gives up what is being drawn
+  if (InStep1()) GiveUpDrawing();  // as a menu does
 
   std::vector<std::string> before;
   for (int i = 0; i < NumRandomFiles; ++i)
