@@ -47,9 +47,9 @@ void BuildDocument(State& state, float tableRoom) {
   const Solved solved;
   QuietClipboard quiet;
   for (auto unused : state) {
-    const auto document = BuildReportDocument(
+    const ReportDocument report = BuildReportDocument(
         solved.Subject(), {quiet, quiet, quiet}, [] { return QImage(); }, tableRoom);
-    state.counters["blocks"] = document->blockCount();
+    state.counters["blocks"] = report.Text->blockCount();
   }
   TellMemory(state);
 }

@@ -20,6 +20,25 @@ struct CharacterFormat {
   friend bool operator==(const CharacterFormat&, const CharacterFormat&) = default;
 };
 
+/// What a line is, whatever it looks like: for outlines, for readers aloud, and for where pages end.
+enum class LineRole {
+  Text,
+  Title,        ///< the heading of the whole document
+  Heading,      ///< the heading of a section
+  Joined,       ///< stands whole on one page with the line that follows
+  JoinedLast,   ///< ends what Joined began
+  TableHeader,  ///< the first row of another table, shown again on each page that the table goes on to
+  TableRow      ///< one more row of the table above
+};
+
+constexpr bool IsHeading(LineRole role) { return role == LineRole::Title || role == LineRole::Heading; }
+constexpr bool IsRow(LineRole role) { return role == LineRole::TableHeader || role == LineRole::TableRow; }
+
+/// Whether a page never ends below such a line, nor below blank lines that follow it.
+constexpr bool StaysWithNext(LineRole role) {
+  return IsHeading(role) || role == LineRole::Joined || role == LineRole::TableHeader;
+}
+
 /// A line break is CR LF; a CR or an LF alone is one too. A line that is monospaced throughout is part of a
 /// table and never wraps.
 inline constexpr std::string_view LineBreak = "\r\n";
@@ -28,10 +47,18 @@ class RichText {
  public:
   virtual ~RichText() = default;
 
-  /// `text` is UTF-8; tabs and line breaks mean what they say.
-  virtual void Append(std::string_view text, const CharacterFormat& format) = 0;
+  /// `text` is UTF-8; tabs and line breaks mean what they say. `role` is that of the lines that begin with
+  /// letters of this text; blank lines have none.
+  void Append(std::string_view text, const CharacterFormat& format, LineRole role = LineRole::Text) {
+    AppendText(text, format, role);
+  }
 
-  /// Puts in the picture that the document's clipboard holds; nothing when it holds none. A picture wider
-  /// than the text, or higher than a page, is shown smaller.
-  virtual void Paste() = 0;
+  /// Puts in the picture that the document's clipboard holds, and returns whether it holds one. A picture
+  /// wider than the text, or higher than a page, is shown smaller. `description` (UTF-8) says what it shows,
+  /// for those who cannot see it.
+  bool Paste(std::string_view description = {}) { return PastePicture(description); }
+
+ private:
+  virtual void AppendText(std::string_view text, const CharacterFormat& format, LineRole role) = 0;
+  virtual bool PastePicture(std::string_view description) = 0;
 };

@@ -11,6 +11,7 @@
 #include "analysis/Classification.h"
 #include "analysis/JointEquations.h"
 #include "reports/CountingReport.h"
+#include "reports/DescribePicture.h"
 #include "reports/RTBTable.h"
 #include "reports/RTBText.h"
 #include "reports/TrussPaint.h"
@@ -62,7 +63,13 @@ class ReportBuilder {
         wholeWork_(2 * WorkOfOnePicture() + WorkOfJoint * counted_.Joints.Size() + WorkOf(*equations_) +
                    WorkOf(*rref_) + WorkOf(*solutions_)) {}
 
-  bool Build() {
+  BuiltReport Build() {
+    if (!AppendAll()) return BuiltReport::Ended;
+    return hasAllPictures_ ? BuiltReport::Whole : BuiltReport::LacksAPicture;
+  }
+
+ private:
+  bool AppendAll() {
     AppendTitle();
     if (!AppendPictures()) return false;
     AppendCounting();
@@ -75,16 +82,15 @@ class ReportBuilder {
     return AppendSolution();
   }
 
- private:
   void AppendTitle() {
     RTBTitle(report_, "Orvane", 1, 0);
     if (truss_.FileName.empty()) return;
-    RTBText(report_, "Name of file containing truss:", 0, 0, BoldBlack);
-    AppendText(WithoutControls(truss_.FileName) + ' ');
+    RTBText(report_, "Name of file containing truss:", 0, 0, BoldBlack, LineRole::Joined);
+    RTBText(report_, WithoutControls(truss_.FileName) + ' ', BreaksBeforeText, 0, PlainBlack, LineRole::JoinedLast);
   }
 
   void AppendHeading(std::string_view heading) {
-    RTBText(report_, heading, BreaksBeforeText, 0, SectionHeading);
+    RTBText(report_, heading, BreaksBeforeText, 0, SectionHeading, LineRole::Heading);
   }
 
   void AppendText(std::string_view utf8Text, int breaksAfter = 0) {
@@ -100,7 +106,10 @@ class ReportBuilder {
 
   bool AppendPicture(PictureContent content) {
     const Picture picture = TrussPaint(truss_, format_, context_.Measure, content);
-    RTBPicture(picture, report_, context_.Clipboard, BreaksBeforeText, 0);
+    if (!RTBPicture(picture, report_, context_.Clipboard, BreaksBeforeText, 0,
+                    DescribePicture(truss_, content))) {
+      hasAllPictures_ = false;
+    }
     return HasDone(WorkOfOnePicture());
   }
 
@@ -122,13 +131,16 @@ class ReportBuilder {
     const JointEquations equations(truss_, context_.Numbers);
     for (const CountedJoint& joint : counted_.Joints.First(counted_.Joints.Size())) {
       const JointEquationTexts texts = equations.ReportOnJoint(joint);
-      std::string text = "Equations for joint " + joint.Name;
-      text.append(LineBreak).append("\tforces right = forces left :     ").append(texts.X);
-      text.append(LineBreak).append("\tforces up = forces down :    ").append(texts.Y);
-      RTBText(report_, ToUtf8(text), 0, 2, PlainBlack);
+      AppendLine("Equations for joint " + joint.Name, 1, LineRole::Joined);
+      AppendLine("\tforces right = forces left :     " + texts.X, 1, LineRole::Joined);
+      AppendLine("\tforces up = forces down :    " + texts.Y, 2, LineRole::JoinedLast);
       if (!HasDone(WorkOfJoint)) return false;
     }
     return true;
+  }
+
+  void AppendLine(const std::string& text, int breaksAfter, LineRole role) {
+    RTBText(report_, ToUtf8(text), 0, breaksAfter, PlainBlack, role);
   }
 
   bool AppendTable(const ReportTable& table, TableKind kind) {
@@ -169,11 +181,12 @@ class ReportBuilder {
   const std::unique_ptr<ReportTable> equations_, rref_, solutions_;
   const double wholeWork_;
   double workDone_ = 0;
+  bool hasAllPictures_ = true;
 };
 
 }  // namespace
 
-bool BuildPrintableReport(const Truss& truss, const TrussAnalysis& analysis,
-                          const PrintableReportContext& context) {
+BuiltReport BuildPrintableReport(const Truss& truss, const TrussAnalysis& analysis,
+                                 const PrintableReportContext& context) {
   return ReportBuilder(truss, analysis, context).Build();
 }

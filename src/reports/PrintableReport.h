@@ -25,8 +25,13 @@ struct PrintableReportContext {
   ReportProgress Progress;
 };
 
+enum class BuiltReport {
+  Ended,          ///< by `Progress`: the document holds the beginning of the report
+  LacksAPicture,  ///< the clipboard could not be had for it; all the rest is there
+  Whole
+};
+
 /// Appends the report of a truss as SolveTruss left it, in the report font size of its settings. A name stays
-/// on its line: control characters in it are blanks. Returns false when `Progress` ended it; the document
-/// then holds the beginning of the report.
-bool BuildPrintableReport(const Truss& truss, const TrussAnalysis& analysis,
-                          const PrintableReportContext& context);
+/// on its line: control characters in it are blanks.
+BuiltReport BuildPrintableReport(const Truss& truss, const TrussAnalysis& analysis,
+                                 const PrintableReportContext& context);

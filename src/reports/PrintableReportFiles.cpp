@@ -10,11 +10,13 @@
 #include <QPrinter>
 #include <utility>
 
+#include "platform/Page.h"
 #include "platform/PictureShelf.h"
 #include "platform/qt/DocumentFiles.h"
 #include "platform/qt/PagedText.h"
 #include "platform/qt/QtPicture.h"
 #include "platform/qt/QtRichText.h"
+#include "platform/qt/QtText.h"
 #include "platform/qt/QtTextMeasure.h"
 #include "platform/qt/RtfWriter.h"
 #include "platform/qt/SteadyPdf.h"
@@ -22,10 +24,9 @@
 
 namespace {
 
-constexpr double MarginMillimetres = 20;
-
 QString Title(const Truss& truss) {
-  const QString name = QFileInfo(QString::fromStdString(WithoutControls(truss.FileName))).fileName();
+  QString name = QFileInfo(QString::fromStdString(WithoutControls(truss.FileName))).fileName();
+  MakePrintable(name);
   return name.isEmpty() ? QStringLiteral("Orvane") : name;
 }
 
@@ -43,8 +44,8 @@ class QuietShelf final : private Clock, private MessageBox {
   PictureShelf shelf_;
 };
 
-bool BuildReport(const ReportSubject& subject, RichText& document, const ClipboardAccess& access,
-                 float tableRoom, const ReportProgress& progress) {
+BuiltReport BuildReport(const ReportSubject& subject, RichText& document, const ClipboardAccess& access,
+                        float tableRoom, const ReportProgress& progress) {
   QtTextMeasure measure;
   const auto measureText = [&measure](const TextFont& font, std::string_view text) {
     return measure.Measure(font, text);
@@ -65,8 +66,7 @@ std::optional<QByteArray> PdfFile(const ReportSubject& subject, const ReportProg
   {
     QPdfWriter writer(&buffer);
     writer.setPageSize(QPageSize(QPageSize::A4));
-    constexpr double margin = MarginMillimetres;
-    writer.setPageMargins(QMarginsF(margin, margin, margin, margin), QPageLayout::Millimeter);
+    writer.setPageMargins(QMarginsF(PageMargin, PageMargin, PageMargin, PageMargin), QPageLayout::Millimeter);
     DescribePdf(writer, Title(subject.Document));
     if (!PrintReport(subject, writer, progress)) return std::nullopt;
   }
@@ -87,23 +87,24 @@ void Abandon(QPagedPaintDevice& device, QPainter& painter) {
 
 }  // namespace
 
-std::unique_ptr<QTextDocument> BuildReportDocument(const ReportSubject& subject,
-                                                   const ClipboardAccess& access,
-                                                   std::function<QImage()> clipboard, float tableRoom,
-                                                   const ReportProgress& progress) {
-  auto document = std::make_unique<QTextDocument>();
-  document->setMetaInformation(QTextDocument::DocumentTitle, Title(subject.Document));
-  QtRichText text(*document, std::move(clipboard));
-  if (!BuildReport(subject, text, access, tableRoom, progress)) return nullptr;
-  return document;
+ReportDocument BuildReportDocument(const ReportSubject& subject, const ClipboardAccess& access,
+                                   std::function<QImage()> clipboard, float tableRoom,
+                                   const ReportProgress& progress) {
+  ReportDocument report{.Text = std::make_unique<QTextDocument>()};
+  report.Text->setMetaInformation(QTextDocument::DocumentTitle, Title(subject.Document));
+  QtRichText text(*report.Text, std::move(clipboard));
+  report.State = BuildReport(subject, text, access, tableRoom, progress);
+  if (report.State == BuiltReport::Ended) report.Text = nullptr;
+  return report;
 }
 
 std::optional<QByteArray> ReportFile(const ReportSubject& subject, DocumentFileFormat format,
                                      const ReportProgress& progress) {
   if (format == DocumentFileFormat::Pdf) return PdfFile(subject, progress);
   QuietShelf shelf;
-  const float tableRoom = format == DocumentFileFormat::Html ? 0 : TextWidthOfA4;
-  const auto document = BuildReportDocument(
+  const float tableRoom =
+      format == DocumentFileFormat::Html ? 0 : static_cast<float>(PointsOf(PageTextWidth));
+  const auto [document, state] = BuildReportDocument(
       subject, shelf.Access(), [&shelf] { return shelf.Bitmap(); }, tableRoom, progress);
   if (document == nullptr) return std::nullopt;
   switch (format) {
@@ -122,7 +123,8 @@ bool PrintReport(const ReportSubject& subject, QPagedPaintDevice& device, const 
   QuietShelf shelf;
   PagedText pages(device, painter, shelf.Shelf(), Title(subject.Document));
   const auto goOn = [&](double done) { return !pages.Refused() && (!progress || progress(done)); };
-  const bool isWhole = BuildReport(subject, pages, shelf.Access(), TextWidth(device), goOn);
+  const bool isWhole =
+      BuildReport(subject, pages, shelf.Access(), TextWidth(device), goOn) != BuiltReport::Ended;
   if (isWhole) pages.Finish();
   if (!isWhole) Abandon(device, painter);
   return isWhole && !pages.Refused();

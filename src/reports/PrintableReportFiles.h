@@ -20,15 +20,16 @@ struct ReportSubject {
   NumberFormat Numbers;
 };
 
-/// A4 paper has this much room for text between margins of 20 mm, points.
-inline constexpr float TextWidthOfA4 = 170.0F / 25.4F * 72.0F;
+struct ReportDocument {
+  std::unique_ptr<QTextDocument> Text;  ///< null when the progress ended it
+  BuiltReport State = BuiltReport::Ended;
+};
 
-/// The report as a text document. Pictures go over the clipboard of `access`; `clipboard` gives the bitmap
-/// that it holds. `tableRoom` is as in PrintableReportContext. Null when `progress` ended it.
-std::unique_ptr<QTextDocument> BuildReportDocument(const ReportSubject& subject,
-                                                   const ClipboardAccess& access,
-                                                   std::function<QImage()> clipboard, float tableRoom,
-                                                   const ReportProgress& progress = {});
+/// The report as a text document, titled with the file's name. Pictures go over the clipboard of `access`;
+/// `clipboard` gives the bitmap that it holds. `tableRoom` is as in PrintableReportContext.
+ReportDocument BuildReportDocument(const ReportSubject& subject, const ClipboardAccess& access,
+                                   std::function<QImage()> clipboard, float tableRoom,
+                                   const ReportProgress& progress = {});
 
 /// The bytes of the report as a file; the same subject gives the same bytes. Tables are fitted to A4 paper
 /// but for HTML, which has no pages. Nothing when `progress` ended it; empty bytes when they could not be

@@ -20,6 +20,7 @@
 #include "document/DocumentLifecycle.h"
 #include "document/FileBytes.h"
 #include "document/FileWriting.h"
+#include "platform/Page.h"
 #include "platform/qt/DocumentFiles.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/QtClipboard.h"
@@ -56,7 +57,6 @@ constexpr auto CopyToolTip =
     "copies the selected text or (if nothing selected) the entire report to the clipboard";
 constexpr auto FileFilter =
     "Rich Text (*.rtf)|*.rtf|PDF (*.pdf)|*.pdf|OpenDocument Text (*.odt)|*.odt|Web Page (*.html)|*.html";
-constexpr double PaperMargin = 20;  // millimetres
 
 QPushButton* MakeButton(const char* name, const char* text, const QString& toolTip, QWidget* parent) {
   auto* button = new QPushButton(QString::fromUtf8(text), parent);
@@ -78,8 +78,7 @@ QString DocumentName(const std::string& fileName) {
 
 void PreparePaper(QPrinter& printer, const std::string& fileName) {
   printer.setPageSize(PaperOfThisCountry());
-  printer.setPageMargins(QMarginsF(PaperMargin, PaperMargin, PaperMargin, PaperMargin),
-                         QPageLayout::Millimeter);
+  printer.setPageMargins(QMarginsF(PageMargin, PageMargin, PageMargin, PageMargin), QPageLayout::Millimeter);
   printer.setDocName(DocumentName(fileName));
   printer.setCreator(QStringLiteral("Orvane"));
 }
@@ -191,7 +190,10 @@ void PrintableReportWindow::resizeEvent(QResizeEvent* event) {
 }
 
 bool PrintableReportWindow::event(QEvent* event) {
-  if (event->type() == QEvent::WindowActivate) BuildLater();
+  // A build whose own messages brought it about would never end where a picture cannot be had.
+  if (event->type() == QEvent::WindowActivate && !busy_ && !std::exchange(regainsActivation_, false)) {
+    BuildLater();
+  }
   return QDialog::event(event);
 }
 
@@ -222,23 +224,27 @@ PrintableReportWindow::Basis PrintableReportWindow::Present() const {
 
 // Not at once: the window is still being shown, and could not be closed by a build that is cancelled.
 void PrintableReportWindow::BuildLater() {
+  if (std::exchange(isToBeBuilt_, true)) return;
   QMetaObject::invokeMethod(this, &PrintableReportWindow::Build, Qt::QueuedConnection);
 }
 
 void PrintableReportWindow::Build() {
-  if (busy_ || !isVisible() || built_ == Present()) return;
+  isToBeBuilt_ = false;
+  if (busy_ || !isVisible() || (built_ == Present() && !lacksAPicture_)) return;
   const QScopedValueRollback busy(busy_, true);
   const Basis basis = Present();
   on_.Report.ChooseFontSet(basis.Settings.ReportFontSize);
-  std::unique_ptr<QTextDocument> document;
+  ReportDocument report;
   {
     const ClipboardKeeper keeper;
     ReportProgressDialog progress(QStringLiteral("Building the report ..."), on_.ProgressDelay, this);
-    document = BuildReportDocument(on_.Subject, on_.Access, on_.Bitmap, 0,
-                                   [&](double done) { return progress(done) && isVisible(); });
+    report = BuildReportDocument(on_.Subject, on_.Access, on_.Bitmap, 0,
+                                 [&](double done) { return progress(done) && isVisible(); });
   }
-  if (document == nullptr) return reject();  // there is nothing to show
-  ShowDocument(std::move(document));
+  if (report.Text == nullptr) return reject();  // there is nothing to show
+  ShowDocument(std::move(report.Text));
+  lacksAPicture_ = report.State == BuiltReport::LacksAPicture;
+  regainsActivation_ = lacksAPicture_ && !isActiveWindow();
   on_.Report.LoadGridWithSolutions(on_.Subject.Analysis, on_.Subject.Document.Settings.SigFigs);
   built_ = basis;
 }

@@ -17,7 +17,8 @@ class ReportWindow;
 
 /// For one report: the truss and its analysis stay as they are while the window is open, so it is shown
 /// modally. The document is built when the window is activated. A later activation finds it up to date and
-/// leaves it alone: building the same text anew would take the user's selection and place in it away.
+/// leaves it alone: building the same text anew would take the user's selection and place in it away. One
+/// that lacks a picture, because the clipboard could not be had, is built again.
 class PrintableReportWindow final : public QDialog {
   Q_OBJECT
 
@@ -77,6 +78,9 @@ class PrintableReportWindow final : public QDialog {
 
   Partners on_;
   std::optional<Basis> built_;
+  bool lacksAPicture_ = false;
+  bool isToBeBuilt_ = false;
+  bool regainsActivation_ = false;  // from the messages and progress of a build
   bool busy_ = false;
 
   QTextEdit* RichTextBox1 = nullptr;

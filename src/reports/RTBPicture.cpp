@@ -26,12 +26,12 @@ bool Replaced(const ClipboardAccess& access, Step put) {
 }  // namespace
 
 bool RTBPicture(const Picture& picture, const ReportText& report, const ClipboardAccess& access,
-                int breaksBefore, int breaksAfter) {
+                int breaksBefore, int breaksAfter, std::string_view description) {
   RTBText(report, "\t", breaksBefore, 0, PlainBlack);
   bool succeeded = true;
   if (picture.Frame() != PixelRect{}) {
     succeeded = Replaced(access, [&] { return access.Board.PutPicture(picture); });
-    if (succeeded) report.Document.Paste();
+    if (succeeded) succeeded = report.Document.Paste(description);
   }
   RTBText(report, "", 0, breaksAfter, PlainBlack);
   return succeeded;

@@ -2,6 +2,8 @@
 // another program may hold for a moment.
 #pragma once
 
+#include <string_view>
+
 #include "platform/Clipboard.h"
 #include "platform/Clock.h"
 #include "platform/MessageBox.h"
@@ -20,11 +22,12 @@ struct ClipboardAccess {
   MessageBox& Messages;
 };
 
-/// Appends line breaks, a tab, the picture by way of the clipboard, and line breaks. Without the clipboard
-/// the document has no picture there, the user is told, and the result is false. An empty picture does not
-/// touch the clipboard.
+/// Appends line breaks, a tab, the picture by way of the clipboard, and line breaks. Returns whether the
+/// picture is there: without the clipboard it is not, and the user is told; nor is it when another program
+/// has used the clipboard in the meantime. An empty picture does not touch the clipboard, and is not missed.
+/// `description` (UTF-8) says what the picture shows.
 bool RTBPicture(const Picture& picture, const ReportText& report, const ClipboardAccess& access,
-                int breaksBefore, int breaksAfter);
+                int breaksBefore, int breaksAfter, std::string_view description = {});
 
 /// Replaces what the clipboard holds. False, and the user is told, when it cannot be had.
 bool CopyToClipboard(const RichTextForms& text, const ClipboardAccess& access);

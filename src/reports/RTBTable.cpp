@@ -176,6 +176,7 @@ class TableWriter {
   }
 
   void WriteRow(int row, const Block& block) {
+    role_ = row == 0 ? LineRole::TableHeader : LineRole::TableRow;
     std::string first = Filled(row, 0);
     std::string others;
     for (int column = block.FirstColumn; column <= block.LastColumn; ++column) {
@@ -202,7 +203,7 @@ class TableWriter {
   void AppendPiece(std::string_view text, int colour) {
     if (text.empty()) return;
     cell_.Colour = colour;
-    report_.Document.Append(ToUtf8(text), cell_);
+    report_.Document.Append(ToUtf8(text), cell_, role_);
   }
 
   void WriteNumberOfOtherColumns() const {
@@ -220,6 +221,7 @@ class TableWriter {
   int numColumns_;
   std::vector<int> widths_;  // characters, of each column
   CharacterFormat cell_;
+  LineRole role_ = LineRole::TableHeader;  // of the row that is written
   double rowsToWrite_ = 0;
   double rowsWritten_ = 0;
 };

@@ -34,10 +34,10 @@ void FillUp(std::string& text, int width);
 /// 1, never less than before); returns false when the user wants no more.
 using TableProgress = std::function<bool(double done)>;
 
-/// Appends the table, row by row; rows end with line breaks. The caret should be at the start of a line.
-/// Where `roomPoints` is more than 0 it is the width of the paper's text: a wider table is set smaller, in
-/// steps of half a point, and one that is too wide even so is broken into blocks of columns, an empty line
-/// between them, each with the first column again and at least one other. Returns false when `progress`
-/// ended it.
+/// Appends the table, row by row; rows end with line breaks, and the first one is the header of each block.
+/// The caret should be at the start of a line. Where `roomPoints` is more than 0 it is the width of the
+/// paper's text: a wider table is set smaller, in steps of half a point, and one that is too wide even so is
+/// broken into blocks of columns, an empty line between them, each with the first column again and at least
+/// one other. Returns false when `progress` ended it.
 bool RTBTable(const ReportTable& table, const ReportText& report, TableKind kind, float roomPoints = 0,
               const TableProgress& progress = {});

@@ -25,13 +25,13 @@ CharacterFormat FormatOf(std::string_view code, float points) {
 
 void RTBTitle(const ReportText& report, std::string_view title, int breaksBefore, int breaksAfter) {
   AppendBreaks(report, breaksBefore);
-  report.Document.Append(title, FormatOf(BoldBlack, report.Points + TitleEnlargement));
+  report.Document.Append(title, FormatOf(BoldBlack, report.Points + TitleEnlargement), LineRole::Title);
   AppendBreaks(report, 1 + breaksAfter);
 }
 
 void RTBText(const ReportText& report, std::string_view text, int breaksBefore, int breaksAfter,
-             std::string_view formatCode) {
+             std::string_view formatCode, LineRole role) {
   AppendBreaks(report, breaksBefore);
-  if (!text.empty()) report.Document.Append(text, FormatOf(formatCode, report.Points));
+  if (!text.empty()) report.Document.Append(text, FormatOf(formatCode, report.Points), role);
   AppendBreaks(report, breaksAfter);
 }

@@ -31,4 +31,4 @@ void RTBTitle(const ReportText& report, std::string_view title, int breaksBefore
 /// Appends line breaks, the text in the format of the code, and line breaks. `text` is UTF-8. The line breaks
 /// are plain and black.
 void RTBText(const ReportText& report, std::string_view text, int breaksBefore, int breaksAfter,
-             std::string_view formatCode);
+             std::string_view formatCode, LineRole role = LineRole::Text);

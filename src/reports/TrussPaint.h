@@ -3,6 +3,7 @@
 #pragma once
 
 #include "document/Truss.h"
+#include "platform/Page.h"
 #include "platform/Picture.h"
 #include "platform/TextMeasure.h"
 #include "reports/FormatSigFigs.h"
@@ -14,7 +15,7 @@ struct PictureContent {
 };
 
 /// The width of a page's text, to which pictures are drawn, pixels of 96 to the inch.
-inline constexpr float PictureWidth = 640;
+inline constexpr float PictureWidth = float{PagePictureWidth};
 
 /// No picture is drawn higher than this for the sake of its width; a page has room for two with their
 /// headings.

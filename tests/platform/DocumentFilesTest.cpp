@@ -4,17 +4,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTextBlock>
 #include <QTextFragment>
 #include <QXmlStreamReader>
-#include <map>
-#include <set>
 
 #include "SampleRichText.h"
+#include "support/OdtReading.h"
 #include "support/RtfScan.h"
-#include "support/TemporaryDirectory.h"
 
 namespace {
 
@@ -119,6 +116,33 @@ TEST(Html, AnEmptyLineHasItsHeight) {
   EXPECT_THAT(HtmlOf(text), HasSubstr("\"><br></p>"));
 }
 
+TEST(Html, HeadingsAreHeadingsAndWhatIsOnlyBoldIsNone) {
+  RichTextUnderTest text;
+  text.Append("Orvane\r\n", BoldLetters, LineRole::Title);
+  text.Append("only bold\r\n", BoldLetters);
+  text.Append("Section <1>", DarkRedHeading, LineRole::Heading);
+  static const QRegularExpression heading(QStringLiteral("<(h[1-6]) [^>]*>(.*?)</\\1>")),
+      tag(QStringLiteral("<[^>]*>"));
+  std::vector<std::string> headings;
+  for (auto found = heading.globalMatch(QString::fromStdString(HtmlOf(text))); found.hasNext();) {
+    const auto match = found.next();
+    headings.push_back((match.captured(1) + u' ' + match.captured(2).remove(tag)).toStdString());
+  }
+  EXPECT_THAT(headings, ElementsAre("h1 Orvane", "h2 Section &lt;1&gt;"));
+}
+
+TEST(Html, TheDocumentsTitleIsThePages) {
+  EXPECT_THAT(
+      HtmlOf(SampleRichText()),
+      HasSubstr("<title>" + QString::fromUtf8(Awkward.data()).toHtmlEscaped().toStdString() + "</title>"));
+}
+
+TEST(Html, ThePictureSaysWhatItShows) {
+  EXPECT_THAT(
+      HtmlOf(SampleRichText()),
+      HasSubstr("<img alt=\"" + QString::fromUtf8(Awkward.data()).toHtmlEscaped().toStdString() + '"'));
+}
+
 TEST(Html, SaysNothingThatOnlyOneReaderUnderstands) {
   EXPECT_THAT(HtmlOf(SampleRichText()), Not(testing::AnyOf(HasSubstr("qrichtext"), HasSubstr("-qt-"))));
 }
@@ -127,107 +151,10 @@ TEST(Html, TheSameDocumentGivesTheSameBytes) {
   EXPECT_EQ(HtmlOf(SampleRichText()), HtmlOf(SampleRichText()));
 }
 
-// An OpenDocument text, unpacked by a program that is not ours and read as its standard tells: blanks in a
-// paragraph count once, and not at all at its ends, unless they are elements.
-class OdtReading {
- public:
-  explicit OdtReading(const QTextDocument& document) {
-    Bytes = ToOdt(document);
-    directory_.Put("it.odt", Bytes.toStdString());
-    QProcess unpack;
-    unpack.setWorkingDirectory(QString::fromStdString(directory_ / ""));
-    unpack.start(QStringLiteral(ORVANE_CMAKE), {QStringLiteral("-E"), QStringLiteral("tar"),
-                                                QStringLiteral("xf"), QStringLiteral("it.odt")});
-    EXPECT_TRUE(unpack.waitForFinished());
-    EXPECT_EQ(unpack.exitCode(), 0) << unpack.readAllStandardError().toStdString();
-    ReadContent();
-  }
-
-  std::string File(const std::string& name) const { return directory_.Bytes(name); }
-  const TemporaryDirectory& Directory() const { return directory_; }
-
-  struct Run {
-    QString Text;
-    std::map<QString, QString> Properties;  // of its style
-  };
-
-  std::string Text() const {
-    QString text;
-    for (const std::vector<Run>& paragraph : Paragraphs) {
-      if (&paragraph != &Paragraphs.front()) text += u'\n';
-      for (const Run& run : paragraph) text += run.Text;
-    }
-    return text.toStdString();
-  }
-
-  QByteArray Bytes;
-  std::vector<std::vector<Run>> Paragraphs;
-  std::vector<bool> StaysWithNext;  // of each paragraph
-
- private:
-  void ReadContent() {
-    QXmlStreamReader xml(QByteArray::fromStdString(File("content.xml")));
-    std::map<QString, std::map<QString, QString>> styles;
-    std::set<QString> keepingStyles;
-    QString style, paragraphStyle;
-    while (!xml.atEnd()) {
-      xml.readNext();
-      const auto attribute = [&xml](const char* name) {
-        for (const QXmlStreamAttribute& each : xml.attributes()) {
-          if (each.name() == QLatin1String(name)) return each.value().toString();
-        }
-        return QString();
-      };
-      const QString name = xml.name().toString();
-      if (xml.isStartElement()) {
-        if (name == QLatin1String("style")) style = attribute("name");
-        if (name == QLatin1String("text-properties")) {
-          for (const QXmlStreamAttribute& each : xml.attributes()) {
-            styles[style][each.name().toString()] = each.value().toString();
-          }
-        }
-        if (name == QLatin1String("paragraph-properties") && !attribute("keep-with-next").isEmpty()) {
-          keepingStyles.insert(style);
-        }
-        if (name == QLatin1String("p")) {
-          Paragraphs.emplace_back();
-          paragraphStyle = attribute("style-name");
-          StaysWithNext.push_back(keepingStyles.contains(paragraphStyle));
-          style = paragraphStyle;
-          inParagraph_ = true;
-        }
-        if (name == QLatin1String("span")) style = attribute("style-name");
-        if (name == QLatin1String("s")) {
-          const QString count = attribute("c");
-          Put(QString(count.isEmpty() ? 1 : count.toInt(), u' '), styles.at(style), true);
-        }
-        if (name == QLatin1String("tab")) Put(QStringLiteral("\t"), styles.at(style), true);
-        if (name == QLatin1String("line-break")) Put(QStringLiteral("\u2028"), styles.at(style), true);
-        if (name == QLatin1String("image")) Put(QStringLiteral("\uFFFC"), styles.at(style), true);
-      } else if (xml.isEndElement()) {
-        if (name == QLatin1String("p")) inParagraph_ = false;
-        if (name == QLatin1String("span")) style = paragraphStyle;
-      } else if (xml.isCharacters() && inParagraph_) {
-        Put(xml.text().toString(), styles.at(style), false);
-      }
-    }
-    EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
-  }
-
-  void Put(const QString& text, const std::map<QString, QString>& properties, bool isElement) {
-    EXPECT_TRUE(isElement || !text.contains(QStringLiteral("  "))) << "blanks that a reader joins";
-    EXPECT_TRUE(isElement || text.simplified() == text) << "blanks that a reader may drop";
-    std::vector<Run>& runs = Paragraphs.back();
-    if (runs.empty() || runs.back().Properties != properties) runs.push_back({{}, properties});
-    runs.back().Text += text;
-  }
-
-  TemporaryDirectory directory_;
-  bool inParagraph_ = false;
-};
+OdtReading Read(const QTextDocument& document) { return OdtReading(ToOdt(document)); }
 
 TEST(OpenDocument, IsAPackageThatSaysFirstWhatItIs) {
-  const OdtReading odt(SampleRichText().Document);
+  const OdtReading odt(ToOdt(SampleRichText().Document));
   EXPECT_EQ(odt.Bytes.mid(30, 8), "mimetype");
   EXPECT_EQ(odt.Bytes.mid(38, 39), "application/vnd.oasis.opendocument.text");
   const std::string manifest = odt.File("META-INF/manifest.xml");
@@ -238,7 +165,7 @@ TEST(OpenDocument, IsAPackageThatSaysFirstWhatItIs) {
 
 TEST(OpenDocument, HasEveryCharacterOfTheDocument) {
   const SampleRichText sample;
-  EXPECT_EQ(OdtReading(sample.Document).Text(), TextOf(sample.Document));
+  EXPECT_EQ(Read(sample.Document).Text(), TextOf(sample.Document));
 }
 
 TEST(OpenDocument, BlanksAndTabsAreKept) {
@@ -246,7 +173,7 @@ TEST(OpenDocument, BlanksAndTabsAreKept) {
   text.Append("  a  b \tc ");
   text.Append(" d ", TableLetters);
   text.Append("\r\n \r\n\xE2\x80\xA8 e");
-  EXPECT_EQ(OdtReading(text.Document).Text(), TextOf(text.Document));
+  EXPECT_EQ(Read(text.Document).Text(), TextOf(text.Document));
 }
 
 TEST(OpenDocument, LettersLookAsInTheDocument) {
@@ -254,7 +181,7 @@ TEST(OpenDocument, LettersLookAsInTheDocument) {
   text.Append("a");
   text.Append("b", {.Bold = true, .Italic = true, .Underlined = true, .Colour = 4});
   text.Append("c", TableHeader);
-  const OdtReading odt(text.Document);
+  const OdtReading odt(ToOdt(text.Document));
   const auto& runs = odt.Paragraphs.at(0);
   ASSERT_EQ(runs.size(), 3U);
   const auto property = [&](std::size_t run, const char* name) {
@@ -277,13 +204,63 @@ TEST(OpenDocument, LettersLookAsInTheDocument) {
 TEST(OpenDocument, AHeadingAndTheBlankLineBelowItStayWithWhatFollows) {
   RichTextUnderTest text;
   text.Append("before\r\n");
-  text.Append("Heading", DarkRedHeading);
+  text.Append("Heading", DarkRedHeading, LineRole::Heading);
   text.Append("\r\n\r\nbelow\r\n\r\nafter");
-  EXPECT_THAT(OdtReading(text.Document).StaysWithNext, ElementsAre(false, true, true, false, false, false));
+  EXPECT_THAT(Read(text.Document).StaysWithNext, ElementsAre(false, true, true, false, false, false));
+}
+
+TEST(OpenDocument, HeadingsAreAnOutlineAndWhatIsOnlyBoldIsNone) {
+  RichTextUnderTest text;
+  text.Append("Orvane\r\n", BoldLetters, LineRole::Title);
+  text.Append("only bold\r\n", BoldLetters);
+  text.Append("Section", DarkRedHeading, LineRole::Heading);
+  EXPECT_THAT(Read(text.Document).Headings, ElementsAre(std::pair(1, 0U), std::pair(2, 2U)));
+}
+
+TEST(OpenDocument, TheDocumentsTitleIsToldWithoutADate) {
+  const std::string information = OdtReading(ToOdt(SampleRichText().Document)).File("meta.xml");
+  QXmlStreamReader xml(QByteArray::fromStdString(information));
+  std::string title;
+  while (!xml.atEnd()) {
+    xml.readNext();
+    if (xml.isStartElement() && xml.name() == QLatin1String("title"))
+      title = xml.readElementText().toStdString();
+  }
+  EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
+  EXPECT_EQ(title, Awkward);
+  EXPECT_THAT(information, Not(HasSubstr("date")));
+}
+
+TEST(OpenDocument, ThePictureSaysWhatItShows) {
+  EXPECT_THAT(Read(SampleRichText().Document).Descriptions, ElementsAre(Awkward));
+}
+
+TEST(OpenDocument, JoinedLinesStandWholeOnOnePage) {
+  RichTextUnderTest text;
+  text.Append("before\r\n");
+  text.Append("joint\r\n\tx\r\n", {}, LineRole::Joined);
+  text.Append("\ty\r\n", {}, LineRole::JoinedLast);
+  text.Append("after");
+  const OdtReading odt = Read(text.Document);
+  EXPECT_THAT(odt.StaysWithNext, ElementsAre(false, true, true, false, false));
+  EXPECT_THAT(odt.StaysWhole, ElementsAre(false, true, true, true, false));
+}
+
+TEST(OpenDocument, EachTableHasItsHeaderOnEveryPage) {
+  RichTextUnderTest text;
+  text.Append("before\r\n");
+  AppendTable(text, 3);
+  text.Append("\r\n", TableLetters);
+  AppendTable(text, 2);
+  text.Append("after");
+  const OdtReading odt = Read(text.Document);
+  EXPECT_THAT(odt.HeaderRows, ElementsAre(1, 6));
+  EXPECT_THAT(odt.Rows, ElementsAre(2, 3, 4, 7, 8));
+  EXPECT_EQ(odt.Text(), TextOf(text.Document));
 }
 
 TEST(OpenDocument, ItsFontsAreDeclared) {
-  const std::string content = OdtReading(SampleRichText().Document).File("content.xml");
+  const std::string content = Read(SampleRichText().Document).File("content.xml");
   EXPECT_THAT(content,
               HasSubstr("<style:font-face style:name=\"Arial\" svg:font-family=\"&apos;Arial&apos;\""));
   EXPECT_THAT(content, HasSubstr("<style:font-face style:name=\"Courier New\""));
@@ -293,7 +270,7 @@ TEST(OpenDocument, ThePictureIsInIt) {
   RichTextUnderTest text;
   text.Image = SampleImage();
   text.Paste();
-  const OdtReading odt(text.Document);
+  const OdtReading odt(ToOdt(text.Document));
   EXPECT_THAT(odt.File("content.xml"), HasSubstr("svg:width=\"150pt\" svg:height=\"75pt\">"
                                                  "<draw:image xlink:href=\"Pictures/picture1.png\""));
   const QImage image = QImage::fromData(QByteArray::fromStdString(odt.File("Pictures/picture1.png")), "PNG");
@@ -301,7 +278,7 @@ TEST(OpenDocument, ThePictureIsInIt) {
 }
 
 TEST(OpenDocument, ThePaperIsA4WithMarginsOf20Millimetres) {
-  const std::string styles = OdtReading(QTextDocument()).File("styles.xml");
+  const std::string styles = Read(QTextDocument()).File("styles.xml");
   EXPECT_THAT(styles, HasSubstr("fo:page-width=\"210mm\" fo:page-height=\"297mm\""));
   EXPECT_THAT(styles, HasSubstr("fo:margin-left=\"20mm\" fo:margin-right=\"20mm\""));
   QXmlStreamReader xml(QByteArray::fromStdString(styles));
@@ -310,7 +287,7 @@ TEST(OpenDocument, ThePaperIsA4WithMarginsOf20Millimetres) {
 }
 
 TEST(OpenDocument, AnEmptyDocumentHasOneEmptyParagraph) {
-  EXPECT_THAT(OdtReading(QTextDocument()).Paragraphs, ElementsAre(testing::IsEmpty()));
+  EXPECT_THAT(Read(QTextDocument()).Paragraphs, ElementsAre(testing::IsEmpty()));
 }
 
 TEST(OpenDocument, ALargeTableIsPackedWhole) {
@@ -320,7 +297,7 @@ TEST(OpenDocument, ALargeTableIsPackedWhole) {
     text.Append("   -1.25   " + std::to_string(row * 7919) + "\r\n", TableLetters);
   }
   text.Append("end");
-  EXPECT_EQ(OdtReading(text.Document).Text(), TextOf(text.Document));
+  EXPECT_EQ(Read(text.Document).Text(), TextOf(text.Document));
 }
 
 TEST(OpenDocument, TheSameDocumentGivesTheSameBytesOnAnyDay) {
@@ -333,7 +310,7 @@ TEST(OpenDocument, TheSameDocumentGivesTheSameBytesOnAnyDay) {
   for (qsizetype at = odt.indexOf("PK\x01\x02"); at >= 0; at = odt.indexOf("PK\x01\x02", at + 1)) {
     EXPECT_EQ(odt.mid(at + 12, 4).toHex(), "00002100");
   }
-  EXPECT_EQ(files, 5);
+  EXPECT_EQ(files, 6);
 }
 
 TEST(Forms, WithoutASelectionHaveTheWholeDocument) {

@@ -8,7 +8,9 @@
 #include <QBuffer>
 #include <QPdfWriter>
 #include <functional>
+#include <map>
 #include <optional>
+#include <set>
 
 #include "support/PdfTools.h"
 #include "support/RecordingSurface.h"
@@ -61,8 +63,11 @@ class PagedTextTest : public testing::Test {
     return PdfUnderTest(bytes);
   }
 
-  static void Lines(PagedText& text, int count, const CharacterFormat& format = Plain) {
-    for (int line = 1; line <= count; ++line) text.Append(Numbered("line", line).append("\r\n"), format);
+  static void Lines(PagedText& text, int count, const CharacterFormat& format = Plain,
+                    LineRole role = LineRole::Text) {
+    for (int line = 1; line <= count; ++line) {
+      text.Append(Numbered("line", line).append("\r\n"), format, role);
+    }
   }
 
   // Where the page's only red shape lies, in points from the left top of the paper.
@@ -243,7 +248,7 @@ TEST_F(PagedTextTest, AHeadingStaysWithItsFirstTwoLines) {
     const auto pdf = Paint([before](PagedText& text) {
       Lines(text, before);
       text.Append("\r\n", Plain);
-      text.Append("Heading", Heading);
+      text.Append("Heading", Heading, LineRole::Heading);
       text.Append("\r\n\r\nbody1\r\nbody2\r\nbody3", Plain);
     });
     EXPECT_EQ(pdf.Word("Heading").Page, pdf.Word("body1").Page) << before;
@@ -256,7 +261,7 @@ TEST_F(PagedTextTest, AHeadingStaysWithTwoLinesOfOneLongParagraph) {
   for (int before = 10; before <= 20; ++before) {
     const auto pdf = Paint([before](PagedText& text) {
       Lines(text, before);
-      text.Append("Heading\r\n", Heading);
+      text.Append("Heading\r\n", Heading, LineRole::Heading);
       for (int word = 1; word <= 30; ++word) text.Append(Numbered("w", word).append(" "), Plain);
     });
     EXPECT_EQ(pdf.Word("Heading").Page, pdf.Word("w1").Page) << before;
@@ -269,7 +274,7 @@ TEST_F(PagedTextTest, AHeadingStaysWithItsPicture) {
   for (int before = 5; before <= 12; ++before) {
     const auto pdf = Paint([before](PagedText& text) {
       Lines(text, before);
-      text.Append("Heading", Heading);
+      text.Append("Heading", Heading, LineRole::Heading);
       text.Append("\r\n\r\n\t", Plain);
       text.Paste();
     });
@@ -280,15 +285,127 @@ TEST_F(PagedTextTest, AHeadingStaysWithItsPicture) {
 }
 
 TEST_F(PagedTextTest, HeadingsWithoutEndAreTextLikeAnyOther) {
-  const auto pdf = Paint([](PagedText& text) { Lines(text, 60, Heading); });
+  const auto pdf = Paint([](PagedText& text) { Lines(text, 60, Heading, LineRole::Heading); });
   EXPECT_EQ(pdf.Word("line1").Page, 1);
   EXPECT_EQ(pdf.Word("line60").Page, numPages_);
   EXPECT_LE(numPages_, 5);
 }
 
 TEST_F(PagedTextTest, AHeadingAtTheEndIsPainted) {
-  const auto pdf = Paint([](PagedText& text) { text.Append("Heading", Heading); });
+  const auto pdf = Paint([](PagedText& text) { text.Append("Heading", Heading, LineRole::Heading); });
   EXPECT_EQ(pdf.Word("Heading").Page, 1);
+}
+
+TEST_F(PagedTextTest, BoldLinesAreNoHeadings) {
+  const auto pdf = Paint([](PagedText& text) {
+    Lines(text, 16);
+    text.Append("bold\r\n", Heading);
+    Lines(text, 3);
+  });
+  EXPECT_EQ(pdf.Word("bold").Page, 1);
+}
+
+TEST_F(PagedTextTest, JoinedLinesStandOnOnePage) {
+  for (int before = 8; before <= 20; ++before) {
+    const auto pdf = Paint([before](PagedText& text) {
+      Lines(text, before);
+      text.Append("Heading\r\n\r\n", Heading, LineRole::Heading);
+      for (const char* joint : {"A", "B"}) {
+        text.Append(std::string("joint") + joint + "\r\n", Plain, LineRole::Joined);
+        text.Append(std::string("\tx") + joint + " = 0\r\n", Plain, LineRole::Joined);
+        text.Append(std::string("\ty") + joint + " = 0\r\n\r\n", Plain, LineRole::JoinedLast);
+      }
+    });
+    EXPECT_EQ(pdf.Word("Heading").Page, pdf.Word("yA").Page) << before;
+    for (const std::string joint : {"A", "B"}) {
+      EXPECT_EQ(pdf.Word("joint" + joint).Page, pdf.Word("x" + joint).Page) << before;
+      EXPECT_EQ(pdf.Word("joint" + joint).Page, pdf.Word("y" + joint).Page) << before;
+    }
+  }
+}
+
+TEST_F(PagedTextTest, AJoinedLineThatWrapsIsNotBroken) {
+  for (int before = 10; before <= 18; ++before) {
+    const auto pdf = Paint([before](PagedText& text) {
+      Lines(text, before);
+      text.Append("joint\r\n", Plain, LineRole::Joined);
+      for (int word = 1; word <= 40; ++word) {
+        text.Append(Numbered("w", word).append(" "), Plain, LineRole::JoinedLast);
+      }
+    });
+    EXPECT_EQ(pdf.Word("joint").Page, pdf.Word("w40").Page) << before;
+  }
+}
+
+TEST_F(PagedTextTest, JoinedLinesThatNoPageHoldsAreAllThere) {
+  const auto pdf = Paint([](PagedText& text) {
+    Lines(text, 60, Plain, LineRole::Joined);
+    text.Append("last", Plain, LineRole::JoinedLast);
+  });
+  EXPECT_EQ(pdf.Word("line1").Page, 1);
+  EXPECT_GE(numPages_, 3);
+  EXPECT_LE(numPages_, 5);
+  EXPECT_EQ(pdf.Word("last").Page, numPages_);
+}
+
+void AppendRows(PagedText& text, const char* header, int rows) {
+  text.Append(std::string(header) + "  F1\r\n", TableHeader, LineRole::TableHeader);
+  for (int row = 1; row <= rows; ++row) {
+    text.Append(Numbered("row", row), TableHeader, LineRole::TableRow);
+    text.Append("   0\r\n", Table, LineRole::TableRow);
+  }
+}
+
+TEST_F(PagedTextTest, EveryPageOfATableBeginsWithItsHeader) {
+  const auto pdf = Paint([](PagedText& text) {
+    Lines(text, 3);
+    AppendRows(text, "First", 45);
+    text.Append("\r\n", Table);
+    AppendRows(text, "Second", 40);
+    text.Append("\r\nafter\r\n", Plain);
+    Lines(text, 30);
+  });
+  std::map<int, std::vector<std::string>> beginnings;  // of the lines of each page
+  double line = 0;
+  for (const PdfWord& word : pdf.Words()) {
+    if (word.Top > line + 3 || word.Top < line - 3) beginnings[word.Page].push_back(word.Text);
+    line = word.Top;
+  }
+  ASSERT_GE(beginnings.size(), 6U);
+  std::string goesOn = "line";  // what is on its way where a page ends
+  std::set<std::string> rows;
+  for (const auto& [page, words] : beginnings) {
+    EXPECT_TRUE(words.front().starts_with(goesOn)) << "page " << page << " begins with " << words.front();
+    for (const std::string& word : words) {
+      if (word == "First" || word == "Second") goesOn = word;
+      if (word == "after") goesOn = "line";
+      const bool isNew = !word.starts_with("row") || rows.insert(goesOn + word).second;
+      EXPECT_TRUE(isNew) << "twice: " << word;
+    }
+  }
+  EXPECT_EQ(rows.size(), 85U);
+}
+
+TEST_F(PagedTextTest, AHeadingStaysWithTheFirstRowOfItsTable) {
+  for (int before = 8; before <= 20; ++before) {
+    const auto pdf = Paint([before](PagedText& text) {
+      Lines(text, before);
+      text.Append("Heading\r\n\r\n", Heading, LineRole::Heading);
+      AppendRows(text, "Eqn.", 5);
+    });
+    EXPECT_EQ(pdf.Word("Heading").Page, pdf.Word("Eqn.").Page) << before;
+    EXPECT_EQ(pdf.Word("Heading").Page, pdf.Word("row1").Page) << before;
+  }
+}
+
+TEST_F(PagedTextTest, AHeaderStaysWithItsFirstRow) {
+  for (int before = 12; before <= 20; ++before) {
+    const auto pdf = Paint([before](PagedText& text) {
+      Lines(text, before);
+      AppendRows(text, "Eqn.", 3);
+    });
+    EXPECT_EQ(pdf.Word("Eqn.").Page, pdf.Word("row1").Page) << before;
+  }
 }
 
 TEST_F(PagedTextTest, BlankLinesAreNotContinuedOnTheNextPage) {
@@ -346,7 +463,7 @@ TEST_F(PagedTextTest, APictureThatDoesNotFitOnTheRestOfThePageGoesToTheNext) {
 TEST_F(PagedTextTest, APictureLargerThanThePageIsShownSmaller) {
   ASSERT_TRUE(shelf_.PutPicture(Square(900)));
   const auto pdf = Paint([](PagedText& text) {
-    text.Append("Heading\r\n\r\n\t", Heading);
+    text.Append("Heading\r\n\r\n\t", Heading, LineRole::Heading);
     text.Paste();
   });
   EXPECT_EQ(numPages_, 1);

@@ -125,6 +125,24 @@ TEST(QtRichText, OnlyLinesThatAreMonospacedThroughoutDoNotWrap) {
   EXPECT_FALSE(Wraps(text, 4));
 }
 
+TEST(QtRichText, ALineHasTheRoleOfItsFirstLettersAndBlankLinesHaveNone) {
+  RichTextUnderTest text;
+  text.Append("title\r\n\r\n", BoldLetters, LineRole::Title);
+  text.Append("heading", BoldLetters, LineRole::Heading);
+  text.Append(" goes on\r\n", BoldLetters);
+  text.Append("a\r\nb\r\n", {}, LineRole::Joined);
+  text.Append("text");
+  std::vector<LineRole> roles;
+  std::vector<int> levels;
+  for (QTextBlock line = text.Document.begin(); line.isValid(); line = line.next()) {
+    roles.push_back(RoleOf(line));
+    levels.push_back(line.blockFormat().headingLevel());
+  }
+  EXPECT_EQ(roles, (std::vector{LineRole::Title, LineRole::Text, LineRole::Heading, LineRole::Joined,
+                                LineRole::Joined, LineRole::Text}));
+  EXPECT_EQ(levels, (std::vector{1, 0, 2, 0, 0, 0}));
+}
+
 TEST(QtRichText, NothingIsLaidOutAndNothingCanBeUndone) {
   RichTextUnderTest text;
   text.Append("a  b\r\n", TableLetters);
@@ -161,8 +179,15 @@ TEST(QtRichText, PicturesAreNumbered) {
 TEST(QtRichText, WithoutAPictureNothingIsPasted) {
   RichTextUnderTest text;
   text.Append("\t");
-  text.Paste();
+  EXPECT_FALSE(text.Text.Paste());
   EXPECT_EQ(TextOf(text.Document), "\t");
+}
+
+TEST(QtRichText, APictureHasItsDescription) {
+  RichTextUnderTest text;
+  text.Image = SampleImage();
+  EXPECT_TRUE(text.Text.Paste("a slope \xE2\x80\x93 red"));
+  EXPECT_EQ(PictureOf(text).stringProperty(QTextFormat::ImageAltText), QStringLiteral("a slope \u2013 red"));
 }
 
 TEST(QtRichText, AWidePictureIsReducedToTheTextOfAPage) {

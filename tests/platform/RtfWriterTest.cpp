@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <QUrl>
+#include <utility>
+#include <vector>
 
 #include "SampleRichText.h"
 #include "support/RtfScan.h"
@@ -33,6 +35,12 @@ RtfRun RunOf(const char* text, RtfLook look = {}) {
   if (look.Font.isEmpty()) look.Font = QStringLiteral("Arial");
   if (look.HalfPoints == RtfLook().HalfPoints) look.HalfPoints = 20;
   return {look, QString::fromUtf8(text)};
+}
+
+std::vector<bool> StayingWithNext(const RtfDocument& rtf) {
+  std::vector<bool> staying;
+  for (const RtfParagraph& paragraph : rtf.Paragraphs) staying.push_back(paragraph.Layout.StaysWithNext);
+  return staying;
 }
 
 TEST(RtfWriter, AnEmptyDocumentIsWellFormed) {
@@ -126,17 +134,105 @@ TEST(RtfWriter, AnEmptyLineIsAsHighAsItsLetters) {
 TEST(RtfWriter, AHeadingAndTheBlankLineBelowItStayWithWhatFollows) {
   RichTextUnderTest text;
   text.Append("before\r\n");
-  text.Append("Heading", DarkRedHeading);
+  text.Append("Heading", DarkRedHeading, LineRole::Heading);
   text.Append("\r\n\r\nbelow\r\n\r\nafter");
-  const QByteArray rtf = ToRtf(text.Document);
-  EXPECT_EQ(rtf.count("\\keepn"), 1);
-  const auto heading = rtf.indexOf("\\keepn");
-  EXPECT_LT(rtf.indexOf("before"), heading);
-  EXPECT_LT(heading, rtf.indexOf("Heading"));
-  const auto end = rtf.indexOf("\\pard", heading);
-  EXPECT_EQ(rtf.mid(heading, end - heading).count("\\par\r\n"), 2) << "the heading and the blank line";
-  EXPECT_LT(end, rtf.indexOf("below"));
-  EXPECT_EQ(ScanRtf(rtf).Text(), "before\nHeading\n\nbelow\n\nafter");
+  const RtfDocument rtf = ScanRtf(ToRtf(text.Document));
+  EXPECT_EQ(rtf.Text(), "before\nHeading\n\nbelow\n\nafter");
+  EXPECT_THAT(StayingWithNext(rtf), ElementsAre(false, true, true, false, false, false));
+}
+
+TEST(RtfWriter, HeadingsAreAnOutline) {
+  RichTextUnderTest text;
+  text.Append("Orvane\r\n", BoldLetters, LineRole::Title);
+  text.Append("only bold\r\n", BoldLetters);
+  text.Append("Section\r\n", DarkRedHeading, LineRole::Heading);
+  text.Append("text");
+  const RtfDocument rtf = ScanRtf(ToRtf(text.Document));
+  EXPECT_TRUE(rtf.HasHeadingStyles);
+  std::vector<std::pair<int, int>> levels;
+  for (const RtfParagraph& paragraph : rtf.Paragraphs) {
+    levels.emplace_back(paragraph.Layout.Style, paragraph.Layout.OutlineLevel);
+  }
+  EXPECT_THAT(levels, ElementsAre(std::pair(1, 0), std::pair(0, -1), std::pair(2, 1), std::pair(0, -1)));
+}
+
+TEST(RtfWriter, WithoutHeadingsThereAreNoStyles) {
+  RichTextUnderTest text;
+  text.Append("text", BoldLetters);
+  EXPECT_FALSE(ScanRtf(ToRtf(text.Document)).HasHeadingStyles);
+}
+
+TEST(RtfWriter, TheDocumentsTitleIsToldWhateverItsCharacters) {
+  EXPECT_EQ(ScanRtf(ToRtf(SampleRichText().Document)).Title.toStdString(), Awkward);
+  EXPECT_EQ(ScanRtf(ToRtf(QTextDocument())).Title, QString());
+}
+
+TEST(RtfWriter, ThePictureSaysWhatItShows) {
+  const RtfDocument rtf = ScanRtf(ToRtf(SampleRichText().Document));
+  ASSERT_EQ(rtf.Pictures.size(), 1U);
+  EXPECT_EQ(rtf.Pictures[0].Description.toStdString(), Awkward);
+}
+
+TEST(RtfWriter, JoinedLinesStandWholeOnOnePage) {
+  RichTextUnderTest text;
+  text.Append("before\r\n");
+  text.Append("joint\r\n\tx\r\n", {}, LineRole::Joined);
+  text.Append("\ty\r\n\r\n", {}, LineRole::JoinedLast);
+  text.Append("after");
+  const RtfDocument rtf = ScanRtf(ToRtf(text.Document));
+  EXPECT_THAT(StayingWithNext(rtf), ElementsAre(false, true, true, false, false, false));
+  std::vector<bool> whole;
+  for (const RtfParagraph& paragraph : rtf.Paragraphs) whole.push_back(paragraph.Layout.StaysWhole);
+  EXPECT_THAT(whole, ElementsAre(false, true, true, true, false, false));
+}
+
+// 'h' for a row that is shown again on each page, 'r' for any other row, '.' for what is no row.
+std::string RowsOf(const RtfDocument& rtf) {
+  std::string rows;
+  for (const RtfParagraph& paragraph : rtf.Paragraphs) {
+    const RtfLayout& layout = paragraph.Layout;
+    rows += layout.IsHeaderRow ? 'h' : layout.IsRow ? 'r' : '.';
+  }
+  return rows;
+}
+
+TEST(RtfWriter, EachTableHasItsHeaderOnEveryPage) {
+  RichTextUnderTest text;
+  text.Append("before\r\n");
+  AppendTable(text, 3);
+  text.Append("\r\n", TableLetters);
+  AppendTable(text, 2);
+  text.Append("after");
+  const RtfDocument rtf = ScanRtf(ToRtf(text.Document));
+  EXPECT_EQ(RowsOf(rtf), ".hrrr.hrr.");
+  EXPECT_EQ(rtf.Text(), TextOf(text.Document));
+  EXPECT_TRUE(rtf.Paragraphs[1].Layout.StaysWithNext) << "the header alone at the foot of a page";
+  EXPECT_FALSE(rtf.Paragraphs[2].Layout.StaysWithNext);
+}
+
+TEST(RtfWriter, APartOfATableIsText) {
+  RichTextUnderTest text;
+  text.Append("before\r\n");
+  const int begin = text.Document.characterCount() - 1;
+  AppendTable(text, 3);
+  const int end = text.Document.characterCount() - 1;
+  text.Append("after");
+  EXPECT_EQ(RowsOf(ScanRtf(ToRtf(text.Select(0, end + 2)))), ".hrrr.");
+  EXPECT_EQ(RowsOf(ScanRtf(ToRtf(text.Select(begin, end)))), "hrrr.");
+  EXPECT_EQ(RowsOf(ScanRtf(ToRtf(text.Select(begin, end - 1)))), "....");
+  EXPECT_EQ(RowsOf(ScanRtf(ToRtf(text.Select(begin + 1, end)))), ".....");
+}
+
+// A word processor takes them for a typist's layout otherwise, and changes how wide they are.
+TEST(RtfWriter, BlanksThatFollowOneAnotherHaveAnEmptyGroupBetweenThem) {
+  EXPECT_THAT(Body("a b  c   d "), testing::EndsWith(" a b {} c {} {} d "));
+  EXPECT_EQ(RtfText("  a b  c   d  "), "  a b  c   d  ");
+}
+
+TEST(RtfWriter, BlanksOfOneWidthFollowOneAnotherAsTheyAre) {
+  RichTextUnderTest text;
+  text.Append("a   b", TableLetters);
+  EXPECT_THAT(ToRtf(text.Document).toStdString(), HasSubstr(" a   b}"));
 }
 
 TEST(RtfWriter, APictureIsAPngOfTheSizeThatItIsShownIn) {

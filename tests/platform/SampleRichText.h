@@ -27,8 +27,10 @@ inline std::string TextOf(const QTextDocument& document) {
 }
 
 struct RichTextUnderTest {
-  void Append(std::string_view text, const CharacterFormat& format = {}) { Text.Append(text, format); }
-  void Paste() { Text.Paste(); }
+  void Append(std::string_view text, const CharacterFormat& format = {}, LineRole role = LineRole::Text) {
+    Text.Append(text, format, role);
+  }
+  void Paste(std::string_view description = {}) { Text.Paste(description); }
 
   QTextCursor Select(int begin, int end) {
     QTextCursor cursor(&Document);
@@ -47,6 +49,15 @@ inline const CharacterFormat DarkRedHeading{.Bold = true, .Colour = 4};
 inline const CharacterFormat TableLetters{.Family = FontFamily::Monospaced, .Points = 7.5F};
 inline const CharacterFormat TableHeader{.Colour = 9, .Family = FontFamily::Monospaced, .Points = 7.5F};
 
+/// Appends a table of this many rows below its header.
+inline void AppendTable(RichTextUnderTest& text, int rows) {
+  text.Append("Eqn.  F1\r\n", TableHeader, LineRole::TableHeader);
+  for (int row = 1; row <= rows; ++row) {
+    text.Append(std::to_string(row), TableHeader, LineRole::TableRow);
+    text.Append("     0.5\r\n", TableLetters, LineRole::TableRow);
+  }
+}
+
 /// What has a meaning of its own in RTF, HTML or XML, and characters of all kinds.
 inline constexpr std::string_view Awkward =
     "{a\\b} 'q' \"r\" <b>markup&amp;</b> \\par \xE2\x80\x93 \xC2\xB0 \xC3\xA9 \xE2\x82\xAC"
@@ -55,19 +66,21 @@ inline constexpr std::string_view Awkward =
 struct SampleRichText : RichTextUnderTest {
   SampleRichText() {
     Image = SampleImage();
-    Append("Orvane\r\n", {.Bold = true, .Points = 16});
+    Document.setMetaInformation(QTextDocument::DocumentTitle, QString::fromUtf8(Awkward.data()));
+    Append("Orvane\r\n", {.Bold = true, .Points = 16}, LineRole::Title);
     Append(Awkward);
     Append("\r\n\r\n");
-    Append("Picture of the truss:", DarkRedHeading);
+    Append("Picture of the truss:", DarkRedHeading, LineRole::Heading);
     Append("\r\n\t");
-    Paste();
+    Paste(Awkward);
     Append("\r\n\tforces right = forces left :     F1 = 0\r\n\r\n");
     for (const char* row : {" F1", "R12"}) {
-      Append(row, TableHeader);
+      const LineRole role = row[0] == ' ' ? LineRole::TableHeader : LineRole::TableRow;
+      Append(row, TableHeader, role);
       Append(
           "   1.25  \xE2\x80\x93"
           "3.5 \r\n",
-          TableLetters);
+          TableLetters, role);
     }
     Append("The ", {});
     Append("end", {.Italic = true, .Underlined = true});

@@ -4,8 +4,10 @@
 #include "support/PrintableReportFixture.h"
 #include "support/RandomTruss.h"
 
+using ::testing::AllOf;
 using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
@@ -28,11 +30,64 @@ TEST_F(BuildingAReport, IsBuiltWhenTheFirstThreeTriesOfTheClipboardFail) {
 TEST_F(BuildingAReport, WithoutTheClipboardItHasNoPicturesButAllTheRest) {
   clipboard_.FailuresOfClear = 1000;
   EXPECT_TRUE(Build(Triangle()));
+  EXPECT_EQ(state_, BuiltReport::LacksAPicture);
   EXPECT_THAT(clock_.Pauses, SizeIs(20));
   EXPECT_THAT(messages_.Shown, SizeIs(2));
   EXPECT_THAT(document_.Pictures, IsEmpty());
   for (const char* heading : ReportHeadings) EXPECT_THAT(document_.Text(), HasSubstr(heading));
   EXPECT_THAT(Section("The solution:"), StartsWith("Force  Value"));
+}
+
+TEST_F(BuildingAReport, OnePictureThatIsMissingIsMissed) {
+  clipboard_.FailuresOfPicture = ClipboardRetries + 1;
+  EXPECT_TRUE(Build(Triangle()));
+  EXPECT_THAT(document_.Pictures, SizeIs(1));
+  EXPECT_EQ(state_, BuiltReport::LacksAPicture);
+  document_ = RecordingRichText(clipboard_);
+  EXPECT_TRUE(Build(Triangle()));
+  EXPECT_EQ(state_, BuiltReport::Whole);
+}
+
+TEST_F(BuildingAReport, ATrussWithNothingToDrawLacksNoPicture) {
+  EXPECT_TRUE(Build(TrussBuilder()));
+  EXPECT_EQ(state_, BuiltReport::Whole);
+}
+
+TEST_F(BuildingAReport, SaysWhatItsLinesAre) {
+  Truss truss = Triangle();
+  truss.FileName = "a.trs";
+  EXPECT_TRUE(Build(truss));
+  EXPECT_THAT(document_.LinesThatAre(LineRole::Title), ElementsAre("Orvane"));
+  EXPECT_THAT(document_.LinesThatAre(LineRole::Heading), ElementsAreArray(ReportHeadings));
+  EXPECT_THAT(document_.LinesThatAre(LineRole::TableHeader),
+              ElementsAre(StartsWith("Eqn."), StartsWith("Eqn."), StartsWith("Force")));
+  EXPECT_THAT(document_.LinesThatAre(LineRole::TableRow), SizeIs(3 * 6));
+}
+
+TEST_F(BuildingAReport, TheEquationsOfAJointBelongTogether) {
+  EXPECT_TRUE(Build(Triangle()));
+  EXPECT_THAT(document_.LinesThatAre(LineRole::Joined),
+              ElementsAre("Equations for joint A", HasSubstr("right"), "Equations for joint B",
+                          HasSubstr("right"), "Equations for joint C", HasSubstr("right")));
+  EXPECT_THAT(document_.LinesThatAre(LineRole::JoinedLast),
+              ElementsAre(HasSubstr("up"), HasSubstr("up"), HasSubstr("up")));
+}
+
+TEST_F(BuildingAReport, EveryBlockOfATableHasItsHeader) {
+  tableRoom_ = 60;
+  EXPECT_TRUE(Build(Triangle()));
+  const auto headers = document_.LinesThatAre(LineRole::TableHeader);
+  EXPECT_GE(headers.size(), 5U);
+  EXPECT_EQ(document_.LinesThatAre(LineRole::TableRow).size(), headers.size() * 6);
+}
+
+TEST_F(BuildingAReport, ThePicturesSayWhatTheyShow) {
+  EXPECT_TRUE(Build(Triangle()));
+  EXPECT_THAT(
+      document_.Descriptions,
+      ElementsAre(AllOf(HasSubstr("3 members, 3 joints, 2 supports (1 clamp, 1 roller) and 1 applied"),
+                        EndsWith("Names are not shown.")),
+                  AllOf(HasSubstr("3 members, 3 joints"), EndsWith("are named."))));
 }
 
 TEST_F(BuildingAReport, TablesAreFittedToPaper) {

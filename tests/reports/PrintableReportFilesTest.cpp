@@ -7,14 +7,18 @@
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <algorithm>
+#include <iterator>
 
 #include "analysis/Analysis.h"
 #include "document/TrussFile.h"
+#include "platform/Page.h"
 #include "platform/qt/QtPicture.h"
 #include "platform/qt/QtTextMeasure.h"
 #include "reports/TrussPaint.h"
+#include "support/OdtReading.h"
 #include "support/PdfTools.h"
 #include "support/ReportHeadings.h"
+#include "support/RtfScan.h"
 #include "support/TemporaryDirectory.h"
 #include "support/TrussBuilder.h"
 
@@ -179,6 +183,94 @@ TEST(ReportFile, ATableWiderThanPaperIsBrokenIntoBlocksWithItsFirstColumnAgain) 
   }
 }
 
+// --- what the files say of their parts
+
+TEST(ReportFile, EveryPageOfATableInThePdfBeginsWithItsHeader) {
+  const Solved solved(Strip(25));
+  const auto pdf = solved.Pdf();
+  const auto words = pdf.Words();
+  int pagesOfTables = 0;
+  for (int page = pdf.Word("augmented").Page + 1; page <= pdf.NumPages(); ++page) {
+    const auto first = std::ranges::find(words, page, &PdfWord::Page);
+    ASSERT_NE(first, words.end());
+    EXPECT_THAT((std::vector<std::string>{"Eqn.", "Force", "The"}), testing::Contains(first->Text)) << page;
+    ++pagesOfTables;
+  }
+  EXPECT_GE(pagesOfTables, 4);
+}
+
+TEST(ReportFile, TheEquationsOfAJointStandOnOnePageOfThePdf) {
+  const auto words = Solved(Strip(25)).Pdf().Words();
+  int joints = 0;
+  for (std::size_t i = 0; i + 2 < words.size(); ++i) {
+    if (words[i].Text != "Equations" || words[i + 1].Text != "for") continue;
+    ++joints;
+    const auto up = std::find_if(words.begin() + static_cast<std::ptrdiff_t>(i), words.end(),
+                                 [](const PdfWord& word) { return word.Text == "up"; });
+    ASSERT_NE(up, words.end());
+    EXPECT_EQ(up->Page, words[i].Page);
+  }
+  EXPECT_EQ(joints, 52);
+}
+
+TEST(ReportFile, RtfHasItsTitleOutlineTablesAndDescriptions) {
+  const Solved solved = Example("k-truss.trs");
+  const RtfDocument rtf = ScanRtf(solved.File(DocumentFileFormat::Rtf));
+  EXPECT_EQ(rtf.Title, QStringLiteral("k-truss.trs"));
+  std::vector<std::string> headings;
+  int headerRows = 0, rows = 0, joined = 0;
+  for (const RtfParagraph& paragraph : rtf.Paragraphs) {
+    if (paragraph.Layout.OutlineLevel == 1) headings.push_back(paragraph.Runs.front().Text.toStdString());
+    headerRows += paragraph.Layout.IsHeaderRow;
+    rows += paragraph.Layout.IsRow && !paragraph.Layout.IsHeaderRow;
+    joined += paragraph.Layout.StaysWhole;
+  }
+  EXPECT_THAT(headings, testing::ElementsAreArray(ReportHeadings));
+  EXPECT_EQ(headerRows, 2 + 2 + 1) << "two blocks of each matrix, and the solution";
+  EXPECT_EQ(rows, 5 * 32);
+  EXPECT_EQ(joined, 3 * 16 + 2);
+  ASSERT_EQ(rtf.Pictures.size(), 2U);
+  EXPECT_THAT(rtf.Pictures[0].Description.toStdString(), HasSubstr("29 members, 16 joints"));
+  EXPECT_THAT(rtf.Pictures[1].Description.toStdString(), HasSubstr("are named"));
+}
+
+TEST(ReportFile, OdtHasItsTitleOutlineTablesAndDescriptions) {
+  const OdtReading odt(Example("k-truss.trs").File(DocumentFileFormat::Odt));
+  EXPECT_THAT(odt.File("meta.xml"), HasSubstr("<dc:title>k-truss.trs</dc:title>"));
+  EXPECT_EQ(odt.Headings.size(), 1 + std::size(ReportHeadings));
+  EXPECT_EQ(odt.Headings.front().first, 1);
+  EXPECT_EQ(odt.HeaderRows.size(), 5U);
+  EXPECT_EQ(odt.Rows.size(), 5U * 32U);
+  EXPECT_EQ(std::ranges::count(odt.StaysWhole, true), 3 * 16 + 2);
+  ASSERT_EQ(odt.Descriptions.size(), 2U);
+  EXPECT_THAT(odt.Descriptions[0], HasSubstr("29 members, 16 joints"));
+}
+
+TEST(ReportFile, HtmlHasItsTitleHeadingsAndDescriptions) {
+  const std::string html = Example("k-truss.trs").File(DocumentFileFormat::Html).toStdString();
+  EXPECT_THAT(html, HasSubstr("<title>k-truss.trs</title>"));
+  EXPECT_THAT(html, HasSubstr("alt=\"Drawing of a truss with 29 members, 16 joints"));
+  const auto count = [&html](const std::string& text) {
+    int found = 0;
+    for (auto at = html.find(text); at != std::string::npos; at = html.find(text, at + 1)) ++found;
+    return found;
+  };
+  EXPECT_EQ(count("<h1 "), 1);
+  EXPECT_EQ(count("<h2 "), static_cast<int>(std::size(ReportHeadings)));
+}
+
+TEST(ReportFile, ATitleOfOddCharactersIsTold) {
+  Truss truss = Triangle();
+  truss.FileName = "/x/\xCE\xB1 {b} <&>\x01 \xE2\x80\x93.trs";
+  const Solved solved(std::move(truss));
+  const QString title = QString::fromUtf8("\xCE\xB1 {b} <&>  \xE2\x80\x93.trs");
+  EXPECT_EQ(ScanRtf(solved.File(DocumentFileFormat::Rtf)).Title, title);
+  const std::string escaped = title.toHtmlEscaped().toStdString();
+  EXPECT_THAT(solved.File(DocumentFileFormat::Html).toStdString(), HasSubstr("<title>" + escaped + "<"));
+  EXPECT_THAT(OdtReading(solved.File(DocumentFileFormat::Odt)).File("meta.xml"),
+              HasSubstr("<dc:title>" + escaped + "<"));
+}
+
 TEST(ReportFile, HtmlHasNoPagesAndKeepsATableWhole) {
   const std::string text = TextOfHtml(Solved(Strip(25)).File(DocumentFileFormat::Html));
   std::size_t headers = 0;
@@ -268,7 +360,7 @@ void ExpectPictureBetween(const PdfUnderTest& pdf, const QImage& page, const cha
   const QRect drawn = DarkPart(image, image.rect());
 
   // Beside the tab there may be less room than the picture takes.
-  constexpr double room = (double{TextWidthOfA4} - 36) / 72 * 96;
+  constexpr double room = PixelsOf(PageTextWidth) - 48;
   const double scale = std::min(1.0, room / double{picture.Frame().Width()});
   EXPECT_NEAR(place.width(), scale * drawn.width(), 0.01 * drawn.width());
   EXPECT_NEAR(place.height(), scale * drawn.height(), 0.01 * drawn.height());

@@ -13,7 +13,14 @@ Truss LooseRod() { return TrussBuilder().Member(2, 2, 8, 2, "AB").Roller(2, 2, "
 // Without a load four equations say twice of two forces that they are zero.
 Truss IdleRod() { return TrussBuilder().Member(2, 2, 8, 2, "AB").Roller(2, 2, "R"); }
 
-class PrintableReportWindowTest : public PrintableReportWindowFixture {};
+class PrintableReportWindowTest : public PrintableReportWindowFixture {
+ protected:
+  void Activate() const {
+    QEvent activation(QEvent::WindowActivate);
+    QApplication::sendEvent(window_.get(), &activation);
+    QApplication::processEvents();
+  }
+};
 
 // --- places
 
@@ -97,9 +104,10 @@ TEST_F(PrintableReportWindowTest, TheDocumentHoldsAllSectionsInTheirOrder) {
 TEST_F(PrintableReportWindowTest, TheDocumentIsTheOneThatIsSavedAndPrinted) {
   Opened();
   const ReportSubject subject{truss_, analysis_, NumberFormat{}};
-  const auto document = BuildReportDocument(
+  const ReportDocument report = BuildReportDocument(
       subject, {clipboard_, clock_, messages_}, [this] { return bitmap_; }, 0);
-  EXPECT_EQ(Text(), document->toPlainText().toStdString());
+  EXPECT_EQ(report.State, BuiltReport::Whole);
+  EXPECT_EQ(Text(), report.Text->toPlainText().toStdString());
 }
 
 TEST_F(PrintableReportWindowTest, HeadingsAreBoldAndDarkRedTextsBlackTablesMonospaced) {
@@ -168,9 +176,7 @@ TEST_F(PrintableReportWindowTest, AnotherActivationKeepsTheDocumentAndTheSelecti
   Opened();
   const QTextDocument* document = Box().document();
   Select("Counting the number");
-  QEvent activation(QEvent::WindowActivate);
-  QApplication::sendEvent(window_.get(), &activation);
-  QApplication::processEvents();
+  Activate();
   EXPECT_EQ(Box().document(), document);
   EXPECT_EQ(Box().textCursor().selectedText(), QStringLiteral("Counting the number"));
   EXPECT_EQ(NumPicturesPut(), 2);
@@ -179,9 +185,7 @@ TEST_F(PrintableReportWindowTest, AnotherActivationKeepsTheDocumentAndTheSelecti
 TEST_F(PrintableReportWindowTest, AnActivationAfterAChangeBuildsTheDocumentAnew) {
   Opened();
   truss_.Settings.SigFigs = 7;
-  QEvent activation(QEvent::WindowActivate);
-  QApplication::sendEvent(window_.get(), &activation);
-  QApplication::processEvents();
+  Activate();
   EXPECT_THAT(Text(), testing::HasSubstr("1414.214"));
   EXPECT_EQ(NumPicturesPut(), 4);
 }
@@ -221,6 +225,36 @@ TEST_F(PrintableReportWindowTest, WithoutAClipboardTheReportHasNoPicturesAndTheU
   ASSERT_EQ(messages_.Shown.size(), 2U);
   EXPECT_EQ(messages_.Shown.front().Text, "Unable to access clipboard\r\nTry again later");
   EXPECT_THAT(Text(), testing::HasSubstr("The solution:"));
+}
+
+TEST_F(PrintableReportWindowTest, AReportThatLacksAPictureIsBuiltAgainAtTheNextActivation) {
+  for (int* failures : {&clipboard_.FailuresOfClear, &clipboard_.FailuresOfPicture}) {
+    *failures = 11;
+    Opened();
+    EXPECT_EQ(NumImages(), 1);
+    QApplication::processEvents();
+    EXPECT_EQ(NumImages(), 1) << "built again though nobody has come back to the window";
+    Activate();
+    EXPECT_EQ(NumImages(), 2);
+    const QTextDocument* document = Box().document();
+    Activate();
+    EXPECT_EQ(Box().document(), document) << "built again though nothing is missing";
+  }
+}
+
+TEST_F(PrintableReportWindowTest, ItsOwnMessagesDoNotBuildItAgain) {
+  progressDelay_ = 0;
+  clipboard_.FailuresOfClear = 1000;
+  Created();
+  // The window becomes active when a message or the progress above it is closed.
+  WhenProgressShows([this](QProgressDialog&) { Activate(); });
+  window_->show();
+  ASSERT_TRUE(QTest::qWaitFor([this] { return window_->HasDocument(); }));
+  if (!window_->isActiveWindow()) Activate();
+  QApplication::processEvents();
+  EXPECT_EQ(messages_.Shown.size(), 2U) << "one for each picture";
+  Activate();
+  EXPECT_EQ(messages_.Shown.size(), 4U);
 }
 
 TEST_F(PrintableReportWindowTest, CancellingTheBuildClosesTheWindow) {

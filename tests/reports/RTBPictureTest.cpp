@@ -102,6 +102,17 @@ TEST_F(RTBPictureTest, WithoutTheClipboardItsPlaceStaysEmpty) {
   ExpectMessage();
 }
 
+TEST_F(RTBPictureTest, APictureThatAnotherProgramHasReplacedIsMissed) {
+  RecordingRichText withoutPicture;  // pastes nothing, as if the clipboard held a text by now
+  EXPECT_FALSE(RTBPicture(picture_, ReportText{withoutPicture}, access_, 1, 1));
+  EXPECT_EQ(withoutPicture.Text(), "\n\t\n");
+}
+
+TEST_F(RTBPictureTest, SaysWhatItShows) {
+  EXPECT_TRUE(RTBPicture(picture_, ReportText{document_}, access_, 0, 0, "a line"));
+  EXPECT_THAT(document_.Descriptions, ElementsAre("a line"));
+}
+
 TEST_F(RTBPictureTest, AnEmptyPictureLeavesTheClipboardAlone) {
   picture_.Clear();
   EXPECT_TRUE(PlacePicture(1, 1));

@@ -51,13 +51,14 @@ class PrintableReportTest : public ::testing::Test {
   bool Build(Truss truss) {
     truss.View = DeriveView(truss.Settings, CanvasBounds{});
     const TrussAnalysis analysis = SolveTruss(truss);
-    return BuildPrintableReport(truss, analysis,
-                                {.Document = document_,
-                                 .Clipboard = {clipboard_, clock_, messages_},
-                                 .Measure = RecordingSurface::Measure,
-                                 .Numbers = numbers_,
-                                 .TableRoom = tableRoom_,
-                                 .Progress = progress_});
+    state_ = BuildPrintableReport(truss, analysis,
+                                  {.Document = document_,
+                                   .Clipboard = {clipboard_, clock_, messages_},
+                                   .Measure = RecordingSurface::Measure,
+                                   .Numbers = numbers_,
+                                   .TableRoom = tableRoom_,
+                                   .Progress = progress_});
+    return state_ != BuiltReport::Ended;
   }
 
   std::string TextOf(const Truss& truss) {
@@ -92,4 +93,5 @@ class PrintableReportTest : public ::testing::Test {
   NumberFormat numbers_;
   float tableRoom_ = 0;
   ReportProgress progress_;
+  BuiltReport state_ = BuiltReport::Ended;  // what the last one has become
 };

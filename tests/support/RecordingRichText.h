@@ -30,8 +30,10 @@ class RecordingRichText : public RichText {
   /// Pastes what the clipboard holds.
   explicit RecordingRichText(const FakeClipboard& clipboard) : clipboard_(&clipboard) {}
 
-  void Append(std::string_view text, const CharacterFormat& format) override {
+ private:
+  void AppendText(std::string_view text, const CharacterFormat& format, LineRole role) override {
     ++NumAppends;
+    NoteRoles(text, role);
     if (!endsWithPicture_ && !Runs.empty() && Runs.back().Format == format) {
       Runs.back().Text += text;
     } else {
@@ -40,11 +42,40 @@ class RecordingRichText : public RichText {
     endsWithPicture_ = false;
   }
 
-  void Paste() override {
-    if (clipboard_ == nullptr || !clipboard_->Held) return;
+  bool PastePicture(std::string_view description) override {
+    if (clipboard_ == nullptr || !clipboard_->Held) return false;
     Pictures.push_back(*clipboard_->Held);
+    Descriptions.emplace_back(description);
     Runs.push_back({PictureMark, CharacterFormat{}});
     endsWithPicture_ = true;
+    return true;
+  }
+
+  // A line has the role of its first letters.
+  void NoteRoles(std::string_view text, LineRole role) {
+    for (const char c : text) {
+      if (c == '\n') {
+        lines_.emplace_back();
+      } else if (c != '\r') {
+        if (lines_.back().Text.empty()) lines_.back().Role = role;
+        lines_.back().Text += c;
+      }
+    }
+  }
+
+ public:
+  struct Line {
+    std::string Text = {};
+    LineRole Role = LineRole::Text;
+  };
+
+  /// The lines that have this role, pictures left out.
+  std::vector<std::string> LinesThatAre(LineRole role) const {
+    std::vector<std::string> texts;
+    for (const Line& line : lines_) {
+      if (line.Role == role && !line.Text.empty()) texts.push_back(line.Text);
+    }
+    return texts;
   }
 
   /// Everything, with LF for each line break.
@@ -81,9 +112,11 @@ class RecordingRichText : public RichText {
 
   std::vector<TextRun> Runs;  ///< a picture is a run of its own with the text PictureMark
   std::vector<Picture> Pictures;
+  std::vector<std::string> Descriptions;  ///< of the pictures
   int NumAppends = 0;
 
  private:
   const FakeClipboard* clipboard_ = nullptr;
+  std::vector<Line> lines_{1};
   bool endsWithPicture_ = false;
 };

@@ -7,7 +7,19 @@
 
 namespace {
 
-enum class Destination { Body, FontTable, FontEntry, ColourTable, Picture };
+enum class Destination {
+  Body,
+  FontTable,
+  FontEntry,
+  ColourTable,
+  Styles,
+  Information,
+  Title,
+  Picture,
+  PictureProperties,
+  PropertyName,
+  PropertyValue
+};
 enum class Number { None, Needed, ZeroOnly };  // what may stand behind a control word
 
 struct WordRule {
@@ -21,6 +33,8 @@ const std::map<std::string, WordRule> Words = {
     {"ansicpg", {Destination::Body, Number::Needed}},
     {"b", {Destination::Body, Number::ZeroOnly}},
     {"blue", {Destination::ColourTable, Number::Needed}},
+    {"cell", {Destination::Body, Number::None}},
+    {"cellx", {Destination::Body, Number::Needed}},
     {"cf", {Destination::Body, Number::Needed}},
     {"deff", {Destination::Body, Number::Needed}},
     {"deftab", {Destination::Body, Number::Needed}},
@@ -31,11 +45,14 @@ const std::map<std::string, WordRule> Words = {
     {"fswiss", {Destination::FontEntry, Number::None}},
     {"green", {Destination::ColourTable, Number::Needed}},
     {"i", {Destination::Body, Number::ZeroOnly}},
+    {"intbl", {Destination::Body, Number::None}},
+    {"keep", {Destination::Body, Number::None}},
     {"line", {Destination::Body, Number::None}},
     {"margb", {Destination::Body, Number::Needed}},
     {"margl", {Destination::Body, Number::Needed}},
     {"margr", {Destination::Body, Number::Needed}},
     {"margt", {Destination::Body, Number::Needed}},
+    {"outlinelevel", {Destination::Body, Number::Needed}},
     {"paperh", {Destination::Body, Number::Needed}},
     {"paperw", {Destination::Body, Number::Needed}},
     {"par", {Destination::Body, Number::None}},
@@ -48,8 +65,15 @@ const std::map<std::string, WordRule> Words = {
     {"plain", {Destination::Body, Number::None}},
     {"pngblip", {Destination::Picture, Number::None}},
     {"red", {Destination::ColourTable, Number::Needed}},
+    {"row", {Destination::Body, Number::None}},
     {"rtf", {Destination::Body, Number::Needed}},
+    {"s", {Destination::Body, Number::Needed}},
     {"tab", {Destination::Body, Number::None}},
+    {"trgaph", {Destination::Body, Number::Needed}},
+    {"trhdr", {Destination::Body, Number::None}},
+    {"trkeep", {Destination::Body, Number::None}},
+    {"trleft", {Destination::Body, Number::Needed}},
+    {"trowd", {Destination::Body, Number::None}},
     {"u", {Destination::Body, Number::Needed}},
     {"uc", {Destination::Body, Number::Needed}},
     {"ul", {Destination::Body, Number::None}},
@@ -74,8 +98,10 @@ class RtfReader {
     at_ = 1;
     document_.Paragraphs.emplace_back();
     ReadGroup(Destination::Body);
+    Check(!isInRow_, "a row without its end");
     Check(QByteArrayView(rtf_).sliced(at_).trimmed().isEmpty(), "something after the last brace");
     document_.Paragraphs.back().EndLook = look_;
+    document_.Paragraphs.back().Layout = paragraph_;
     document_.TextWidth = document_.PaperWidth - margins_;
     return document_;
   }
@@ -125,7 +151,35 @@ class RtfReader {
     };
     Check(fallbacks_ == 0, "a group stands as the fallback of a character");
     if (outer == Destination::FontTable && begins("\\f")) return Destination::FontEntry;
+    const auto skipToText = [&](int length, Destination destination) {
+      skip(length, destination);
+      if (Peek() == ' ') ++at_;
+      return destination;
+    };
+    if (outer == Destination::Information && begins("\\title")) return skipToText(6, Destination::Title);
+    if (outer == Destination::Picture && begins("\\*\\picprop{\\sp{")) {
+      return skip(10, Destination::PictureProperties);
+    }
+    if (outer == Destination::PictureProperties && begins("\\sp{")) {
+      return skip(3, Destination::PictureProperties);
+    }
+    if (outer == Destination::PictureProperties && begins("\\sn wzDescription}{\\sv")) {
+      return skipToText(3, Destination::PropertyName);
+    }
+    if (outer == Destination::PictureProperties && begins("\\sv")) {
+      return skipToText(3, Destination::PropertyValue);
+    }
     Check(outer == Destination::Body, "a group within a table");
+    if (begins("}")) return Destination::Body;  // nothing, between two blanks
+    if (begins("\\stylesheet")) {
+      document_.HasHeadingStyles = begins(
+          "\\stylesheet{\\s0 Normal;}{\\s1\\sb0\\sa0\\outlinelevel0 heading 1;}"
+          "{\\s2\\sb0\\sa0\\outlinelevel1 heading 2;}}");
+      Check(document_.HasHeadingStyles, "other styles");
+      at_ = rtf_.indexOf("}}", at_) + 1;
+      return Destination::Styles;
+    }
+    if (begins("\\info{")) return skip(5, Destination::Information);
     if (begins("\\fonttbl")) return skip(8, Destination::FontTable);
     if (begins("\\colortbl")) return skip(9, Destination::ColourTable);
     Check(begins("\\pict"), "an unknown group");
@@ -137,7 +191,7 @@ class RtfReader {
   void ReadControl(Destination destination) {
     if (IsLetter(Peek())) return ReadWord(destination);
     const char symbol = Take();
-    Check(destination == Destination::Body, "a symbol outside the body");
+    Check(HasText(destination), "a symbol where there is no text");
     if (symbol == '\'') {
       bool isHex = false;
       const int byte = rtf_.mid(at_, 2).toInt(&isHex, 16);
@@ -146,10 +200,10 @@ class RtfReader {
       Check(fallbacks_ == 1, "a byte of the code page that is no fallback");
       --fallbacks_;
     } else if (symbol == '~') {
-      Put(QChar(QChar::Nbsp));
+      PutInto(destination, QChar(QChar::Nbsp));
     } else {
       Check(symbol == '\\' || symbol == '{' || symbol == '}', "an unknown symbol");
-      Put(QLatin1Char(symbol));
+      PutInto(destination, QLatin1Char(symbol));
     }
   }
 
@@ -163,6 +217,7 @@ class RtfReader {
     if (Peek() == ' ') ++at_;
     const std::optional<int> number = digits.empty() ? std::nullopt : std::optional(std::stoi(digits));
     if (word == "f") return ReadFont(destination, number);
+    if (word == "u" && HasText(destination)) return ReadUnicode(destination, number);
 
     const auto rule = Words.find(word);
     Check(rule != Words.end(), "an unknown control word ", word);
@@ -182,6 +237,17 @@ class RtfReader {
     Obey(word, number.value_or(1));
   }
 
+  static bool HasText(Destination destination) {
+    return destination == Destination::Body || destination == Destination::Title ||
+           destination == Destination::PropertyValue;
+  }
+
+  void ReadUnicode(Destination destination, std::optional<int> number) {
+    Check(number && *number >= -32768 && *number <= 32767, "\\u without a number of 16 bits");
+    PutInto(destination, QChar(static_cast<char16_t>(*number)));
+    fallbacks_ = 1;
+  }
+
   void ReadFont(Destination destination, std::optional<int> number) {
     Check(number.has_value(), "\\f without a number");
     if (destination == Destination::FontEntry) {
@@ -196,16 +262,26 @@ class RtfReader {
 
   void Obey(const std::string& word, int number) {
     if (word == "par") {
-      document_.Paragraphs.back().EndLook = look_;
-      document_.Paragraphs.emplace_back();
+      Check(!paragraph_.IsRow, "a paragraph's end in a row");
+      EndParagraph();
+    } else if (word == "trowd") {
+      Check(!isInRow_, "a row within a row");
+      isInRow_ = true;
+      isHeaderRow_ = false;
+    } else if (word == "trhdr") {
+      isHeaderRow_ = true;
+    } else if (word == "pard") {
+      paragraph_ = {};
+    } else if (word == "cell") {
+      Check(isInRow_ && paragraph_.IsRow, "a cell that is in no row");
+    } else if (word == "row") {
+      Check(isInRow_, "the end of a row that has not begun");
+      EndParagraph();
+      isInRow_ = false;
     } else if (word == "tab") {
       Put(u'\t');
     } else if (word == "line") {
       Put(QChar(QChar::LineSeparator));
-    } else if (word == "u") {
-      Check(number >= -32768 && number <= 32767, "\\u beyond 16 bits");
-      Put(QChar(static_cast<char16_t>(number)));
-      fallbacks_ = 1;
     } else if (word == "uc") {
       Check(number == 1, "more or less than one fallback");
     } else if (word == "plain") {
@@ -221,7 +297,20 @@ class RtfReader {
     }
   }
 
+  void EndParagraph() {
+    Check(paragraph_.IsRow == isInRow_, "a row whose paragraph is in no table");
+    document_.Paragraphs.back().EndLook = look_;
+    document_.Paragraphs.back().Layout = paragraph_;
+    document_.Paragraphs.back().Layout.IsHeaderRow = isInRow_ && isHeaderRow_;
+    document_.Paragraphs.emplace_back();
+  }
+
   void ObeySwitch(const std::string& word, int number) {
+    if (word == "intbl") paragraph_.IsRow = true;
+    if (word == "keep") paragraph_.StaysWhole = true;
+    if (word == "keepn") paragraph_.StaysWithNext = true;
+    if (word == "s") paragraph_.Style = number;
+    if (word == "outlinelevel") paragraph_.OutlineLevel = number;
     if (word == "b") look_.Bold = number != 0;
     if (word == "i") look_.Italic = number != 0;
     if (word == "ul" || word == "ulnone") look_.Underlined = word == "ul";
@@ -241,7 +330,11 @@ class RtfReader {
   void ReadCharacter(Destination destination, char character) {
     switch (destination) {
       case Destination::Body:
-        Put(QLatin1Char(character));
+      case Destination::Title:
+      case Destination::PropertyValue:
+        PutInto(destination, QLatin1Char(character));
+        break;
+      case Destination::PropertyName:
         break;
       case Destination::FontEntry:
         Check(!fontIsEnded_ || fonts_.back().isEmpty(), "something after a font's name");
@@ -257,8 +350,8 @@ class RtfReader {
         Check(IsDigit(character) || (character >= 'a' && character <= 'f'), "not a hexadecimal digit");
         hex_ += character;
         break;
-      case Destination::FontTable:
-        Check(false, "a character between fonts");
+      default:
+        Check(false, "a character between groups");
         break;
     }
   }
@@ -270,8 +363,16 @@ class RtfReader {
     Check(image.size() == picture_.Image.size(), "a picture of another size than told");
     Check(picture_.WidthInTwips > 0 && picture_.HeightInTwips > 0, "a picture without a size on paper");
     picture_.Image = image;
+    picture_.Description = description_;
+    description_.clear();
     document_.Pictures.push_back(picture_);
     Put(QChar(QChar::ObjectReplacementCharacter));
+  }
+
+  void PutInto(Destination destination, QChar character) {
+    if (destination == Destination::Body) return Put(character);
+    Check(fallbacks_ == 0, "the fallback of a character is no byte in hexadecimal");
+    (destination == Destination::Title ? document_.Title : description_) += character;
   }
 
   void Put(QChar character) {
@@ -293,6 +394,9 @@ class RtfReader {
   RtfPicture picture_;
   QByteArray hex_;
   int margins_ = 0;
+  RtfLayout paragraph_;
+  bool isInRow_ = false, isHeaderRow_ = false;
+  QString description_;
   RtfDocument document_;
 };
 

@@ -40,11 +40,21 @@ struct RtfRun {
 };
 
 struct RtfPicture {
+  QString Description;
   QImage Image;
   int WidthInTwips = 0, HeightInTwips = 0;
 };
 
+/// What belongs to a paragraph as a whole.
+struct RtfLayout {
+  int Style = 0;          ///< 1 and 2 are headings
+  int OutlineLevel = -1;  ///< from 0; -1 for what is no heading
+  bool StaysWithNext = false, StaysWhole = false;
+  bool IsRow = false, IsHeaderRow = false;  ///< a row of a table is a paragraph
+};
+
 struct RtfParagraph {
+  RtfLayout Layout;
   std::vector<RtfRun> Runs;  ///< a picture is U+FFFC
   RtfLook EndLook;           ///< of the paragraph's end, which is as high as its letters
 };
@@ -52,6 +62,8 @@ struct RtfParagraph {
 struct RtfDocument {
   std::vector<RtfParagraph> Paragraphs;  ///< the last one is what follows the last \par
   std::vector<RtfPicture> Pictures;
+  QString Title;
+  bool HasHeadingStyles = false;
   int PaperWidth = 0, PaperHeight = 0, TextWidth = 0, DefaultTab = 0;  ///< twips
 
   /// Paragraphs with LF between them, UTF-8.

@@ -49,7 +49,8 @@ std::string WithoutBlanks(const QString& text) {
 }  // namespace
 
 std::string AsUnrtfTells(QString text) {
-  static const QRegularExpression blanks(QStringLiteral("[ \\t\\x{A0}]+")), ends(QStringLiteral(" ?\\n ?"));
+  static const QRegularExpression blanks(QStringLiteral("[ \\t\\x{A0}]+")),
+      ends(QStringLiteral("\\s*\\n\\s*"));
   text.remove(QChar(QChar::ObjectReplacementCharacter));
   text.replace(blanks, QStringLiteral(" "));
   text.replace(ends, QStringLiteral("\n"));

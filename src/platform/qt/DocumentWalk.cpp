@@ -4,6 +4,9 @@
 #include <QHash>
 #include <QTextFragment>
 #include <algorithm>
+#include <utility>
+
+#include "platform/qt/QtRichText.h"
 
 namespace {
 
@@ -15,9 +18,11 @@ class Walker {
   void Walk() {
     QTextBlock block = part_.Document.findBlock(part_.Begin);
     do {
+      EnterOrLeaveTable(block);
       VisitParagraph(block);
       block = block.next();
     } while (block.isValid() && block.position() < part_.End);
+    LeaveTable();
   }
 
  private:
@@ -32,11 +37,33 @@ class Walker {
             std::min(part_.End, fragment.position() + fragment.length())};
   }
 
+  void EnterOrLeaveTable(const QTextBlock& block) {
+    const LineRole role = RoleOf(block);
+    if (role != LineRole::TableRow) LeaveTable();
+    if (role != LineRole::TableHeader || !HoldsTable(block)) return;
+    inTable_ = true;
+    visitor_.BeginTable();
+  }
+
+  void LeaveTable() {
+    if (std::exchange(inTable_, false)) visitor_.EndTable();
+  }
+
+  // Whether the part has all of the table's rows, with their ends.
+  bool HoldsTable(const QTextBlock& header) const {
+    if (header.position() < part_.Begin) return false;
+    QTextBlock below = header.next();
+    while (below.isValid() && RoleOf(below) == LineRole::TableRow) below = below.next();
+    return below.isValid() && below.position() <= part_.End;
+  }
+
   void VisitParagraph(const QTextBlock& block) {
-    const Letters& letters = FirstLetters(block);
+    const LineRole role = RoleOf(block);
+    const bool isTextOfTable = IsRow(role) && !inTable_;
     const bool isBlank = block.text().trimmed().isEmpty();
-    staysWithNext_ = isBlank ? staysWithNext_ : letters.Bold;
-    visitor_.BeginParagraph({.First = letters,
+    staysWithNext_ = isBlank ? staysWithNext_ : StaysWithNext(role) && !isTextOfTable;
+    visitor_.BeginParagraph({.First = FirstLetters(block),
+                             .Role = isTextOfTable ? LineRole::Text : role,
                              .Wraps = !block.blockFormat().nonBreakableLines(),
                              .StaysWithNext = staysWithNext_});
     for (auto at = block.begin(); !at.atEnd(); ++at) {
@@ -66,7 +93,8 @@ class Walker {
     if (format.isImageFormat()) {
       FlushRun();
       const auto pictures = text.count(QChar(QChar::ObjectReplacementCharacter));
-      for (qsizetype i = 0; i < pictures; ++i) visitor_.Picture(format.toImageFormat());
+      const QString description = format.stringProperty(QTextFormat::ImageAltText);
+      for (qsizetype i = 0; i < pictures; ++i) visitor_.Picture(format.toImageFormat(), description);
       return;
     }
     const Letters& letters = LettersOf(fragment.charFormatIndex(), format);
@@ -102,6 +130,7 @@ class Walker {
   DocumentVisitor& visitor_;
   const QFont standard_;
   QHash<int, Letters> letters_;
+  bool inTable_ = false;
   bool staysWithNext_ = false;
   Letters runLetters_;
   QString run_;
@@ -114,5 +143,9 @@ DocumentPart::DocumentPart(const QTextDocument& document)
 
 DocumentPart::DocumentPart(const QTextCursor& selection)
     : Document(*selection.document()), Begin(selection.selectionStart()), End(selection.selectionEnd()) {}
+
+QString TitleOf(const DocumentPart& part) {
+  return part.Document.metaInformation(QTextDocument::DocumentTitle);
+}
 
 void Walk(const DocumentPart& part, DocumentVisitor& visitor) { Walker(part, visitor).Walk(); }

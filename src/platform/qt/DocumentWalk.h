@@ -10,6 +10,8 @@
 #include <QTextDocument>
 #include <QTextImageFormat>
 
+#include "platform/RichText.h"
+
 /// A whole document, or what a cursor has selected of one.
 struct DocumentPart {
   DocumentPart(const QTextDocument& document);  // NOLINT(google-explicit-constructor)
@@ -31,9 +33,16 @@ struct Letters {
 };
 
 struct Paragraph {
-  Letters First;  ///< of its first run; of an empty paragraph, those that it would have
+  Letters First;                   ///< of its first run; of an empty paragraph, those that it would have
+  LineRole Role = LineRole::Text;  ///< rows have theirs between BeginTable and EndTable only
   bool Wraps = true;
-  bool StaysWithNext = false;  ///< a heading (it begins bold) or a blank line below one: not to end a page
+  bool StaysWithNext = false;  ///< not to end a page; so are the blank lines below such a one
+
+  /// 1 for the title, 2 for a section, 0 for what is no heading.
+  int HeadingLevel() const { return Role == LineRole::Title ? 1 : int{IsHeading(Role)} * 2; }
+
+  /// Not to be broken by a page's end.
+  bool StaysWhole() const { return Role == LineRole::Joined || Role == LineRole::JoinedLast; }
 };
 
 class DocumentVisitor {
@@ -43,15 +52,23 @@ class DocumentVisitor {
   DocumentVisitor& operator=(const DocumentVisitor&) = delete;
   virtual ~DocumentVisitor() = default;
 
+  /// Around the rows of a table, each of which is a paragraph. A table of which the part has not every row is
+  /// none: its rows are text then.
+  virtual void BeginTable() {}
+  virtual void EndTable() {}
+
   virtual void BeginParagraph(const Paragraph& paragraph) = 0;
 
   /// Runs that follow one another look different. The text has no line ends but U+2028.
   virtual void Run(const Letters& letters, const QString& text) = 0;
-  virtual void Picture(const QTextImageFormat& format) = 0;
+  virtual void Picture(const QTextImageFormat& format, const QString& description) = 0;
 
   /// `ended`: its end belongs to the part, too, so that another paragraph begins.
   virtual void EndParagraph(bool ended) = 0;
 };
+
+/// What the document's own information calls it; empty when it says nothing.
+QString TitleOf(const DocumentPart& part);
 
 /// A part that holds nothing has one empty paragraph. What comes after the last end of a paragraph is a
 /// paragraph only if it holds something.

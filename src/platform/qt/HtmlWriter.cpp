@@ -23,10 +23,10 @@ QByteArray FontSize(const Letters& letters) {
 class HtmlWriter final : public DocumentVisitor {
  public:
   explicit HtmlWriter(const DocumentPart& part) : part_(part) {
-    html_ =
-        "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta "
-        "charset=\"utf-8\">\n<title>Orvane</title>\n</head>\n"
-        "<body>\n<!--StartFragment-->";
+    const QString title = TitleOf(part);
+    html_ = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>" +
+            (title.isEmpty() ? QStringLiteral("Orvane") : title).toHtmlEscaped().toUtf8() +
+            "</title>\n</head>\n<body>\n<!--StartFragment-->";
     Walk(part_, *this);
     ClosePreformatted();
     html_ += "<!--EndFragment-->\n</body>\n</html>\n";
@@ -36,7 +36,7 @@ class HtmlWriter final : public DocumentVisitor {
 
   void BeginParagraph(const Paragraph& paragraph) override {
     const Letters& letters = paragraph.First;
-    const bool wraps = paragraph.Wraps;
+    const bool wraps = paragraph.Wraps || paragraph.HeadingLevel() > 0;
     const bool another = !paragraph_.Family.isEmpty();
     const Letters standard{
         .Family = letters.Family, .Monospaced = letters.Monospaced, .Points = letters.Points};
@@ -49,9 +49,10 @@ class HtmlWriter final : public DocumentVisitor {
     paragraph_ = standard;
     isPreformatted_ = !wraps;
     isEmpty_ = true;
-    html_ += wraps ? "<p style=\"margin:0;white-space:pre-wrap;tab-size:48px;"
-                   : "<pre style=\"margin:0;tab-size:48px;";
-    html_ += FontFamilies(letters) + ';' + FontSize(letters) + "\">";
+    element_ = ElementOf(paragraph);
+    html_ += '<' + element_ + " style=\"margin:0;";
+    if (wraps) html_ += "white-space:pre-wrap;";
+    html_ += "tab-size:48px;" + FontFamilies(letters) + ';' + FontSize(letters) + "\">";
   }
 
   void Run(const Letters& letters, const QString& text) override {
@@ -68,12 +69,13 @@ class HtmlWriter final : public DocumentVisitor {
     if (!style.isEmpty()) html_ += "</span>";
   }
 
-  void Picture(const QTextImageFormat& format) override {
+  void Picture(const QTextImageFormat& format, const QString& description) override {
     const QImage image = ImageOf(part_.Document, format.name());
     if (image.isNull()) return;
     isEmpty_ = false;
     const QSizeF size = ShownSize(format, image);
-    html_ += "<img alt=\"\" width=\"" + QByteArray::number(std::lround(size.width())) + "\" height=\"" +
+    html_ += "<img alt=\"" + description.toHtmlEscaped().toUtf8() + "\" width=\"" +
+             QByteArray::number(std::lround(size.width())) + "\" height=\"" +
              QByteArray::number(std::lround(size.height())) + "\" src=\"data:image/png;base64,";
     html_ += PngBytes(image).toBase64();
     html_ += "\">";
@@ -82,10 +84,16 @@ class HtmlWriter final : public DocumentVisitor {
   void EndParagraph(bool) override {
     if (isPreformatted_) return;
     if (isEmpty_) html_ += "<br>";
-    html_ += "</p>";
+    html_ += "</" + element_ + '>';
   }
 
  private:
+  static QByteArray ElementOf(const Paragraph& paragraph) {
+    const int level = paragraph.HeadingLevel();
+    if (level > 0) return 'h' + QByteArray::number(level);
+    return paragraph.Wraps ? "p" : "pre";
+  }
+
   void ClosePreformatted() {
     if (isPreformatted_) html_ += "</pre>";
     isPreformatted_ = false;
@@ -107,6 +115,7 @@ class HtmlWriter final : public DocumentVisitor {
   const DocumentPart& part_;
   QByteArray html_;
   Letters paragraph_;  // family and size of the paragraph's first letters
+  QByteArray element_;
   bool isPreformatted_ = false;
   bool isEmpty_ = true;
 };

@@ -7,6 +7,7 @@
 #include <limits>
 #include <vector>
 
+#include "platform/Page.h"
 #include "platform/qt/DocumentImages.h"
 #include "platform/qt/DocumentWalk.h"
 #include "platform/qt/ZipFile.h"
@@ -18,32 +19,69 @@ constexpr const char* XmlHead = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
 constexpr const char* NameSpaces =
     " xmlns:office=\"urn:oasis:names:tc:opendocument:xmlns:office:1.0\""
     " xmlns:style=\"urn:oasis:names:tc:opendocument:xmlns:style:1.0\""
+    " xmlns:table=\"urn:oasis:names:tc:opendocument:xmlns:table:1.0\""
+    " xmlns:meta=\"urn:oasis:names:tc:opendocument:xmlns:meta:1.0\""
+    " xmlns:dc=\"http://purl.org/dc/elements/1.1/\""
     " xmlns:text=\"urn:oasis:names:tc:opendocument:xmlns:text:1.0\""
     " xmlns:draw=\"urn:oasis:names:tc:opendocument:xmlns:drawing:1.0\""
     " xmlns:fo=\"urn:oasis:names:tc:opendocument:xmlns:xsl-fo-compatible:1.0\""
     " xmlns:svg=\"urn:oasis:names:tc:opendocument:xmlns:svg-compatible:1.0\""
     " xmlns:xlink=\"http://www.w3.org/1999/xlink\" office:version=\"1.2\">\n";
 
-// Paper and the standard paragraph.
-constexpr const char* Styles =
+// The standard paragraph, and headings that have nothing beside their place in the outline.
+constexpr const char* CommonStyles =
     "<office:styles>\n"
     "<style:default-style style:family=\"paragraph\"><style:paragraph-properties"
     " style:tab-stop-distance=\"36pt\"/><style:text-properties fo:language=\"en\" fo:country=\"US\"/>"
     "</style:default-style>\n"
     "<style:style style:name=\"Standard\" style:family=\"paragraph\" style:class=\"text\"/>\n"
-    "</office:styles>\n"
-    "<office:automatic-styles>\n"
-    "<style:page-layout style:name=\"A4\"><style:page-layout-properties fo:page-width=\"210mm\""
-    " fo:page-height=\"297mm\" style:print-orientation=\"portrait\" fo:margin=\"20mm\" fo:margin-top=\"20mm\""
-    " fo:margin-bottom=\"20mm\" fo:margin-left=\"20mm\" fo:margin-right=\"20mm\"/></style:page-layout>\n"
-    "</office:automatic-styles>\n"
-    "<office:master-styles>\n"
-    "<style:master-page style:name=\"Standard\" style:page-layout-name=\"A4\"/>\n"
-    "</office:master-styles>\n";
+    "<style:style style:name=\"Heading_20_1\" style:display-name=\"Heading 1\" style:family=\"paragraph\""
+    " style:parent-style-name=\"Standard\" style:default-outline-level=\"1\" style:class=\"text\"/>\n"
+    "<style:style style:name=\"Heading_20_2\" style:display-name=\"Heading 2\" style:family=\"paragraph\""
+    " style:parent-style-name=\"Standard\" style:default-outline-level=\"2\" style:class=\"text\"/>\n"
+    "</office:styles>\n";
+
+QByteArray Millimetres(double length) { return QByteArray::number(length) + "mm"; }
+
+QByteArray Styles() {
+  const QByteArray margin = Millimetres(PageMargin);
+  QByteArray page = "<style:page-layout style:name=\"A4\"><style:page-layout-properties fo:page-width=\"" +
+                    Millimetres(A4.Width) + "\" fo:page-height=\"" + Millimetres(A4.Height) +
+                    "\" style:print-orientation=\"portrait\" fo:margin=\"" + margin + '"';
+  for (const char* side : {"top", "bottom", "left", "right"}) {
+    page += QByteArray(" fo:margin-") + side + "=\"" + margin + '"';
+  }
+  return CommonStyles + ("<office:automatic-styles>\n" + page) +
+         "/></style:page-layout>\n"
+         "</office:automatic-styles>\n"
+         "<office:master-styles>\n"
+         "<style:master-page style:name=\"Standard\" style:page-layout-name=\"A4\"/>\n"
+         "</office:master-styles>\n";
+}
+
+// A table is one column as wide as the text: what stands in its rows has its columns already.
+QByteArray TableStyles() {
+  const QByteArray width = Millimetres(PageTextWidth);
+  return "<style:style style:name=\"Table\" style:family=\"table\"><style:table-properties style:width=\"" +
+         width +
+         "\" table:align=\"left\"/></style:style>\n"
+         "<style:style style:name=\"Column\" style:family=\"table-column\"><style:table-column-properties"
+         " style:column-width=\"" +
+         width +
+         "\"/></style:style>\n"
+         "<style:style style:name=\"Row\" style:family=\"table-row\"><style:table-row-properties"
+         " fo:keep-together=\"always\"/></style:style>\n"
+         "<style:style style:name=\"Cell\" style:family=\"table-cell\"><style:table-cell-properties"
+         " fo:padding=\"0mm\" fo:border=\"none\"/></style:style>\n";
+}
 
 constexpr const char* PictureStyle =
     "<style:style style:name=\"Picture\" style:family=\"graphic\"><style:graphic-properties"
     " style:vertical-pos=\"top\" style:vertical-rel=\"baseline\"/></style:style>\n";
+
+constexpr const char* RowBegin =
+    "<table:table-row table:style-name=\"Row\"><table:table-cell table:style-name=\"Cell\""
+    " office:value-type=\"string\">";
 
 QByteArray Points(double points) { return QByteArray::number(points, 'g', 6) + "pt"; }
 
@@ -99,8 +137,24 @@ class OdtStyles {
  public:
   OdtStyles(char initial, const char* family) : initial_(initial), family_(family) {}
 
-  QByteArray NameOf(const Letters& letters, bool staysWithNext = false) {
-    const Style style{letters, staysWithNext};
+  QByteArray NameOf(const Letters& letters) { return NameOf({.Look = letters}); }
+
+  QByteArray NameOf(const Paragraph& paragraph) {
+    return NameOf({.Look = paragraph.First,
+                   .HeadingLevel = paragraph.HeadingLevel(),
+                   .StaysWithNext = paragraph.StaysWithNext,
+                   .StaysWhole = paragraph.StaysWhole()});
+  }
+
+  struct Style {
+    Letters Look;
+    int HeadingLevel = 0;
+    bool StaysWithNext = false, StaysWhole = false;
+
+    friend bool operator==(const Style&, const Style&) = default;
+  };
+
+  QByteArray NameOf(const Style& style) {
     const auto found = std::find(met_.begin(), met_.end(), style);
     const auto number = static_cast<int>(found - met_.begin()) + 1;
     if (found == met_.end()) met_.push_back(style);
@@ -111,26 +165,29 @@ class OdtStyles {
     QByteArray bytes;
     for (std::size_t i = 0; i < met_.size(); ++i) {
       bytes += QByteArray("<style:style style:name=\"") + initial_ +
-               QByteArray::number(static_cast<int>(i) + 1) + "\" style:family=\"" + family_ + "\">" +
-               Properties(met_[i]) + "</style:style>\n";
+               QByteArray::number(static_cast<int>(i) + 1) + "\" style:family=\"" + family_ + '"' +
+               Parent(met_[i]) + '>' + Properties(met_[i]) + "</style:style>\n";
     }
     return bytes;
   }
 
-  struct Style {
-    Letters Look;
-    bool StaysWithNext = false;
-
-    friend bool operator==(const Style&, const Style&) = default;
-  };
-
   const std::vector<Style>& Met() const { return met_; }
 
  private:
+  static QByteArray Parent(const Style& style) {
+    if (style.HeadingLevel == 0) return {};
+    return " style:parent-style-name=\"Heading_20_" + QByteArray::number(style.HeadingLevel) + '"';
+  }
+
   static QByteArray Properties(const Style& style) {
     const Letters& letters = style.Look;
     QByteArray bytes;
-    if (style.StaysWithNext) bytes += "<style:paragraph-properties fo:keep-with-next=\"always\"/>";
+    if (style.StaysWithNext || style.StaysWhole) {
+      bytes += "<style:paragraph-properties";
+      if (style.StaysWhole) bytes += " fo:keep-together=\"always\"";
+      if (style.StaysWithNext) bytes += " fo:keep-with-next=\"always\"";
+      bytes += "/>";
+    }
     bytes += "<style:text-properties style:font-name=\"" + letters.Family.toHtmlEscaped().toUtf8() +
              "\" fo:font-size=\"" + Points(letters.Points) + "\" fo:color=\"" +
              QColor(letters.Colour).name().toLatin1() + '"';
@@ -157,10 +214,11 @@ class OdtWriter final : public DocumentVisitor {
     ZipFile file;
     file.Add("mimetype", MediaType, ZipFile::Method::Stored);  // first, and as it is, so that it can be seen
     file.Add("content.xml", content, ZipFile::Method::Deflated);
-    file.Add(
-        "styles.xml",
-        QByteArray(XmlHead) + "<office:document-styles" + NameSpaces + Styles + "</office:document-styles>\n",
-        ZipFile::Method::Deflated);
+    file.Add("styles.xml",
+             QByteArray(XmlHead) + "<office:document-styles" + NameSpaces + Styles() +
+                 "</office:document-styles>\n",
+             ZipFile::Method::Deflated);
+    file.Add("meta.xml", Information(), ZipFile::Method::Deflated);
     for (std::size_t i = 0; i < pictures_.size(); ++i) {
       file.Add(PictureName(i), pictures_[i], ZipFile::Method::Stored);
     }
@@ -171,9 +229,22 @@ class OdtWriter final : public DocumentVisitor {
   // A paragraph has the look of its first letters, so that a run that looks the same needs no style.
   void BeginParagraph(const Paragraph& paragraph) override {
     paragraph_ = paragraph.First;
-    text_.Markup("<text:p text:style-name=\"" + paragraphs_.NameOf(paragraph.First, paragraph.StaysWithNext) +
-                 "\">");
+    role_ = paragraph.Role;
+    if (role_ == LineRole::TableHeader) text_.Markup("<table:table-header-rows>");
+    if (IsRow(role_)) text_.Markup(RowBegin);
+    const int level = paragraph.HeadingLevel();
+    element_ = level > 0 ? "text:h" : "text:p";
+    text_.Markup('<' + element_ + " text:style-name=\"" + paragraphs_.NameOf(paragraph) + '"');
+    if (level > 0) text_.Markup(" text:outline-level=\"" + QByteArray::number(level) + '"');
+    text_.Markup(">");
   }
+
+  void BeginTable() override {
+    text_.Markup("<table:table table:name=\"Table " + QByteArray::number(++numTables_) +
+                 "\" table:style-name=\"Table\"><table:table-column table:style-name=\"Column\"/>\n");
+  }
+
+  void EndTable() override { text_.Markup("</table:table>\n"); }
 
   void Run(const Letters& letters, const QString& text) override {
     const bool differs = letters != paragraph_;
@@ -182,7 +253,7 @@ class OdtWriter final : public DocumentVisitor {
     if (differs) text_.Markup("</text:span>");
   }
 
-  void Picture(const QTextImageFormat& format) override {
+  void Picture(const QTextImageFormat& format, const QString& description) override {
     const QImage image = ImageOf(document_, format.name());
     if (image.isNull()) return;
     const QSizeF size = ShownSize(format, image) * 0.75;  // pixels of 96 to the inch in points
@@ -191,21 +262,41 @@ class OdtWriter final : public DocumentVisitor {
                  "\" draw:style-name=\"Picture\" text:anchor-type=\"as-char\" svg:width=\"" +
                  Points(size.width()) + "\" svg:height=\"" + Points(size.height()) +
                  "\"><draw:image xlink:href=\"" + PictureName(pictures_.size()) +
-                 "\" xlink:type=\"simple\" xlink:show=\"embed\" xlink:actuate=\"onLoad\"/></draw:frame>");
+                 "\" xlink:type=\"simple\" xlink:show=\"embed\" xlink:actuate=\"onLoad\"/>" +
+                 Description(description) + "</draw:frame>");
     pictures_.push_back(PngBytes(image));
   }
 
-  void EndParagraph(bool) override { text_.Markup("</text:p>\n"); }
+  void EndParagraph(bool) override {
+    text_.Markup("</" + element_ + '>');
+    if (IsRow(role_)) text_.Markup("</table:table-cell></table:table-row>");
+    if (role_ == LineRole::TableHeader) text_.Markup("</table:table-header-rows>");
+    text_.Markup("\n");
+  }
 
  private:
   static QByteArray PictureName(std::size_t index) {
     return "Pictures/picture" + QByteArray::number(static_cast<int>(index) + 1) + ".png";
   }
 
+  static QByteArray Description(const QString& description) {
+    if (description.isEmpty()) return {};
+    return "<svg:desc>" + description.toHtmlEscaped().toUtf8() + "</svg:desc>";
+  }
+
+  // Without a date, so that the same document gives the same bytes.
+  QByteArray Information() const {
+    const QString title = TitleOf(document_);
+    QByteArray bytes = QByteArray(XmlHead) + "<office:document-meta" + NameSpaces +
+                       "<office:meta>\n<meta:generator>Orvane</meta:generator>\n";
+    if (!title.isEmpty()) bytes += "<dc:title>" + title.toHtmlEscaped().toUtf8() + "</dc:title>\n";
+    return bytes + "</office:meta>\n</office:document-meta>\n";
+  }
+
   QByteArray Content() const {
     return QByteArray(XmlHead) + "<office:document-content" + NameSpaces + FontFaces() +
            "<office:automatic-styles>\n" + paragraphs_.Bytes() + runs_.Bytes() + PictureStyle +
-           "</office:automatic-styles>\n<office:body>\n<office:text>\n" + text_.Bytes() +
+           TableStyles() + "</office:automatic-styles>\n<office:body>\n<office:text>\n" + text_.Bytes() +
            "</office:text>\n</office:body>\n</office:document-content>\n";
   }
 
@@ -239,12 +330,16 @@ class OdtWriter final : public DocumentVisitor {
     add("/", MediaType);
     add("content.xml", "text/xml");
     add("styles.xml", "text/xml");
+    add("meta.xml", "text/xml");
     for (std::size_t i = 0; i < pictures_.size(); ++i) add(PictureName(i), "image/png");
     return bytes + "</manifest:manifest>\n";
   }
 
   const QTextDocument& document_;
   Letters paragraph_;
+  LineRole role_ = LineRole::Text;
+  QByteArray element_;
+  int numTables_ = 0;
   OdtText text_;
   OdtStyles paragraphs_{'P', "paragraph"};
   OdtStyles runs_{'T', "text"};

@@ -4,6 +4,8 @@
 #include <QByteArray>
 #include <QTextDocument>
 
-/// An OpenDocument text on A4 paper with margins of 20 mm, without dates, its pictures in it. Blanks and tabs
-/// are kept. The same document gives the same bytes. Empty when it would be larger than such a file can be.
+/// An OpenDocument text on the paper of Page.h, without dates, its pictures in it with their descriptions,
+/// its headings an outline, its tables of one-cell rows whose headers are shown again on each page. Blanks
+/// and tabs are kept. The same document gives the same bytes. Empty when it would be larger than such a file
+/// can be.
 QByteArray ToOdt(const QTextDocument& document);

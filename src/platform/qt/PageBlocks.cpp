@@ -157,10 +157,6 @@ const PaperFont& PaperFonts::Of(const CharacterFormat& format) {
   return *fonts_.back();
 }
 
-bool TextParagraph::IsHeading() const {
-  return !Text.isEmpty() && std::ranges::all_of(Runs, [](const TextRun& run) { return run.Format.Bold; });
-}
-
 bool TextParagraph::IsMonospaced() const {
   return std::ranges::all_of(Runs,
                              [](const TextRun& run) { return run.Format.Family == FontFamily::Monospaced; });

@@ -42,8 +42,8 @@ struct TextRun {
 struct TextParagraph {
   QString Text;
   std::vector<TextRun> Runs;
+  LineRole Role = LineRole::Text;
 
-  bool IsHeading() const;  ///< bold throughout
   bool IsMonospaced() const;
 };
 

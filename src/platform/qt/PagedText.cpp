@@ -36,37 +36,49 @@ class PagedText::Pages {
   Pages(QPagedPaintDevice& device, QPainter& painter, const PictureShelf& shelf, QString footer)
       : shelf_(shelf), paper_(device, painter, std::move(footer)), fonts_(device) {}
 
-  void Append(QStringView text, const CharacterFormat& format);
-  void Paste();
+  void Append(QStringView text, const CharacterFormat& format, LineRole role);
+  bool Paste();
   int Finish();
   bool Refused() const { return paper_.Refused(); }
 
  private:
   struct Held {
     std::unique_ptr<PageBlock> Block;
-    bool IsHeading = false, IsBlank = false;
+    LineRole Role = LineRole::Text;
+    bool IsBlank = false;
+
+    bool IsBody() const { return !IsBlank && !IsHeading(Role); }
+
+    // As much of it as stays with what is held before it, of which so many lines are no headings.
+    double KeptHeight(int linesBefore) const {
+      const bool isText = IsBody() && Role == LineRole::Text;
+      return Block->HeightOfFirst(isText ? LinesBelowHeading - linesBefore : Block->NumLines());
+    }
   };
 
-  void AppendLetters(QStringView letters, const CharacterFormat& format);
+  void AppendLetters(QStringView letters, const CharacterFormat& format, LineRole role);
   void EndParagraph(const CharacterFormat& format);
   void PlaceParagraph();
   void Add(Held next);
   double HeldHeight() const;
   void KeepHeldTogether();
   void PlaceHeld();
-  void Place(const Held& next);
+  void Place(Held next);
+  void PaintLines(PageBlock& block);
+  void ContinueTable(const PageBlock& row);
 
   const PictureShelf& shelf_;
   PaperPages paper_;
   PaperFonts fonts_;
   TextParagraph paragraph_;
-  std::vector<Held> held_;  // headings, and what is to stand on the same page
-  int linesHeld_ = 0;       // below the headings, without blank ones
+  std::vector<Held> held_;                  // what is to stand on the same page
+  int linesHeld_ = 0;                       // without headings and blank ones
+  std::unique_ptr<PageBlock> tableHeader_;  // of the table that is being placed
   bool afterReturn_ = false;
   bool afterPicture_ = false;
 };
 
-void PagedText::Pages::Append(QStringView text, const CharacterFormat& format) {
+void PagedText::Pages::Append(QStringView text, const CharacterFormat& format, LineRole role) {
   while (!text.isEmpty()) {
     if (afterReturn_ && text.front() == QChar::LineFeed) {
       afterReturn_ = false;
@@ -74,7 +86,7 @@ void PagedText::Pages::Append(QStringView text, const CharacterFormat& format) {
       continue;
     }
     const qsizetype length = FirstBreak(text);
-    AppendLetters(text.first(length), format);
+    AppendLetters(text.first(length), format, role);
     afterReturn_ = false;
     if (length == text.size()) return;
     afterReturn_ = text[length] == QChar::CarriageReturn;
@@ -83,8 +95,9 @@ void PagedText::Pages::Append(QStringView text, const CharacterFormat& format) {
   }
 }
 
-void PagedText::Pages::AppendLetters(QStringView letters, const CharacterFormat& format) {
+void PagedText::Pages::AppendLetters(QStringView letters, const CharacterFormat& format, LineRole role) {
   if (letters.isEmpty()) return;
+  if (paragraph_.Text.isEmpty()) paragraph_.Role = role;
   paragraph_.Text += letters;
   if (paragraph_.Runs.empty() || paragraph_.Runs.back().Format != format) {
     paragraph_.Runs.push_back({format, 0});
@@ -101,45 +114,47 @@ void PagedText::Pages::EndParagraph(const CharacterFormat& format) {
 
 void PagedText::Pages::PlaceParagraph() {
   const TextParagraph paragraph = std::exchange(paragraph_, {});
-  Add({TextBlock(paragraph, fonts_, paper_), paragraph.IsHeading(), IsBlank(paragraph.Text)});
+  Add({TextBlock(paragraph, fonts_, paper_), paragraph.Role, IsBlank(paragraph.Text)});
 }
 
-void PagedText::Pages::Paste() {
-  if (shelf_.Held() == nullptr) return;
+bool PagedText::Pages::Paste() {
+  if (shelf_.Held() == nullptr) return false;
   // Text in the picture's own line stands above it; blanks indent it.
   if (!IsBlank(paragraph_.Text)) PlaceParagraph();
   const TextParagraph indent = std::exchange(paragraph_, {});
   auto block = PictureBlock(*shelf_.Held(), indent, paper_);
-  if (block == nullptr) return;
+  if (block == nullptr) return true;
   afterPicture_ = true;
   Add({std::move(block)});
+  return true;
 }
 
+// Held lines are placed with the first line that does not stay with the next, once there are enough of them.
 void PagedText::Pages::Add(Held next) {
-  if (next.IsHeading && linesHeld_ > 0) {
+  if (IsHeading(next.Role) && linesHeld_ > 0) {
     KeepHeldTogether();
     PlaceHeld();
   }
-  if (!next.IsHeading && held_.empty()) return Place(next);
-  if (!next.IsHeading && !next.IsBlank) {
-    linesHeld_ += next.Block->IsWhole() ? LinesBelowHeading : next.Block->NumLines();
-  }
+  const bool isFree = next.Role == LineRole::Text || next.Role == LineRole::TableRow;
+  if (held_.empty() && isFree) return Place(std::move(next));
+  if (next.IsBody()) linesHeld_ += next.Block->IsWhole() ? LinesBelowHeading : next.Block->NumLines();
+  const bool ends = !next.IsBlank && !StaysWithNext(next.Role);
+  const bool isEnough = next.Role != LineRole::Text || linesHeld_ >= LinesBelowHeading;
   held_.push_back(std::move(next));
-  if (linesHeld_ >= LinesBelowHeading) {
+  if (ends && isEnough) {
     KeepHeldTogether();
     PlaceHeld();
-  } else if (HeldHeight() > paper_.TextHeight() / 2) {
-    PlaceHeld();  // headings that go on and on are text
+  } else if (HeldHeight() > (linesHeld_ > 0 ? paper_.TextHeight() : paper_.TextHeight() / 2)) {
+    PlaceHeld();  // what goes on and on is text
   }
 }
 
 double PagedText::Pages::HeldHeight() const {
   double height = 0;
-  int body = 0;
+  int lines = 0;
   for (const Held& held : held_) {
-    const bool isBody = !held.IsHeading && !held.IsBlank;
-    height += held.Block->HeightOfFirst(isBody ? LinesBelowHeading - body : held.Block->NumLines());
-    if (isBody) body += held.Block->NumLines();
+    height += held.KeptHeight(lines);
+    if (held.IsBody()) lines += held.Block->NumLines();
   }
   return height;
 }
@@ -156,21 +171,37 @@ void PagedText::Pages::KeepHeldTogether() {
 }
 
 void PagedText::Pages::PlaceHeld() {
-  for (const Held& held : held_) Place(held);
+  for (Held& held : held_) Place(std::move(held));
   held_.clear();
   linesHeld_ = 0;
 }
 
-void PagedText::Pages::Place(const Held& next) {
+void PagedText::Pages::Place(Held next) {
   if (paper_.Refused()) return;
+  if (!IsRow(next.Role)) tableHeader_.reset();
   PageBlock& block = *next.Block;
   if (next.IsBlank) return paper_.Skip(block.HeightOfFirst(block.NumLines()));
   block.LimitHeight(paper_.TextHeight());
+  if (next.Role == LineRole::TableRow) ContinueTable(block);
+  PaintLines(block);
+  if (next.Role == LineRole::TableHeader) tableHeader_ = std::move(next.Block);
+}
+
+void PagedText::Pages::PaintLines(PageBlock& block) {
   for (int line = 0; line < block.NumLines(); ++line) {
     const double top = paper_.Take(block.Height(line));
     if (paper_.Refused()) return;
     block.Paint(paper_.Painter(), line, top);
   }
+}
+
+// Begins the next page with the table's header when the row does not fit on this one.
+void PagedText::Pages::ContinueTable(const PageBlock& row) {
+  const double height = row.HeightOfFirst(row.NumLines());
+  if (tableHeader_ == nullptr || paper_.AtTop() || paper_.Fits(height)) return;
+  paper_.Break();
+  const double headerHeight = tableHeader_->HeightOfFirst(tableHeader_->NumLines());
+  if (!paper_.Refused() && headerHeight + height <= paper_.TextHeight()) PaintLines(*tableHeader_);
 }
 
 int PagedText::Pages::Finish() {
@@ -185,13 +216,14 @@ PagedText::PagedText(QPagedPaintDevice& device, QPainter& painter, const Picture
 
 PagedText::~PagedText() = default;
 
-void PagedText::Append(std::string_view text, const CharacterFormat& format) {
+void PagedText::AppendText(std::string_view text, const CharacterFormat& format, LineRole role) {
   QString letters = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
   MakePrintable(letters);
-  pages_->Append(letters, format);
+  pages_->Append(letters, format, role);
 }
 
-void PagedText::Paste() { pages_->Paste(); }
+// Pages say nothing of what they show.
+bool PagedText::PastePicture(std::string_view) { return pages_->Paste(); }
 
 int PagedText::Finish() { return pages_->Finish(); }
 

@@ -13,18 +13,17 @@
 /// The text's width on this device's page in points.
 float TextWidth(const QPagedPaintDevice& device);
 
-/// Lines wrap at the page's text width; monospaced lines are not wrapped but cut at the paper's edge. A
-/// heading (a bold line) is not left alone at the foot of a page, and a picture is not cut. Blank lines that
-/// do not fit on a page are not continued on the next. Every page has a footer with the title on its left and
-/// the page's number on its right. Sizes follow the device's dots to the inch.
+/// Lines wrap at the page's text width; monospaced lines are not wrapped but cut at the paper's edge.
+/// Lines stay together as their roles say, as far as a page has room for them: two lines with the heading
+/// above them, the first row of a table with its header. A page on which a table goes on begins with its
+/// header. A picture is not cut. Blank lines that do not fit on a page are not continued on the next. Every
+/// page has a footer with the title on its left and the page's number on its right. Sizes follow the device's
+/// dots to the inch.
 class PagedText final : public RichText {
  public:
   /// Paints with `painter`, which is active on `device`. Paste takes the picture from `shelf`, as vectors.
   PagedText(QPagedPaintDevice& device, QPainter& painter, const PictureShelf& shelf, QString footer);
   ~PagedText() override;
-
-  void Append(std::string_view text, const CharacterFormat& format) override;
-  void Paste() override;
 
   /// Paints what is left. To be called once, after the last text. Returns the number of pages.
   int Finish();
@@ -33,6 +32,9 @@ class PagedText final : public RichText {
   bool Refused() const;
 
  private:
+  void AppendText(std::string_view text, const CharacterFormat& format, LineRole role) override;
+  bool PastePicture(std::string_view description) override;
+
   class Pages;
   std::unique_ptr<Pages> pages_;
 };

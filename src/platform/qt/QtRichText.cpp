@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/Page.h"
 #include "platform/qt/QtPicture.h"
 #include "platform/qt/QtText.h"
 
@@ -16,18 +17,21 @@ namespace {
 
 constexpr qreal TabStop = 48;  // pixels of 96 to the inch
 
+// The property of a line's format that holds its role.
+constexpr int RoleProperty = QTextFormat::UserProperty + 1;
+
 bool IsLineEnd(QChar character) { return character == u'\r' || character == u'\n'; }
 
 // What is left of the page's width in a line that begins with tabs.
 qreal RoomBehind(const QString& line) {
   const auto tabs =
       std::find_if_not(line.cbegin(), line.cend(), [](QChar c) { return c == u'\t'; }) - line.cbegin();
-  return std::max(PageTextWidth - TabStop * static_cast<qreal>(tabs), TabStop);
+  return std::max(PagePictureWidth - TabStop * static_cast<qreal>(tabs), TabStop);
 }
 
 QSizeF SizeOnPage(const QImage& image, qreal room) {
   const QSizeF size = SizeOnScreen(image);
-  const qreal factor = std::min({1.0, room / size.width(), PageTextHeight / size.height()});
+  const qreal factor = std::min({1.0, room / size.width(), PagePictureHeight / size.height()});
   return {std::max(1.0, std::round(size.width() * factor)),
           std::max(1.0, std::round(size.height() * factor))};
 }
@@ -48,6 +52,10 @@ QTextCharFormat ToQt(const CharacterFormat& format) {
   return qtFormat;
 }
 
+LineRole RoleOf(const QTextBlock& line) {
+  return static_cast<LineRole>(line.blockFormat().intProperty(RoleProperty));
+}
+
 QtRichText::QtRichText(QTextDocument& document, std::function<QImage()> clipboard)
     : document_(document), end_(&document), clipboard_(std::move(clipboard)) {
   document_.setUndoRedoEnabled(false);
@@ -57,7 +65,7 @@ QtRichText::QtRichText(QTextDocument& document, std::function<QImage()> clipboar
   document_.setDefaultTextOption(option);
 }
 
-void QtRichText::Append(std::string_view text, const CharacterFormat& format) {
+void QtRichText::AppendText(std::string_view text, const CharacterFormat& format, LineRole role) {
   QString characters = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
   MakePrintable(characters);
   const QTextCharFormat& qtFormat = Remembered(format);
@@ -69,7 +77,13 @@ void QtRichText::Append(std::string_view text, const CharacterFormat& format) {
   for (auto at = characters.cbegin(); at != end;) {
     const auto lineEnd = std::find_if(at, end, IsLineEnd);
     if (lineEnd != at) {
-      InsertIntoLine(characters.mid(at - characters.cbegin(), lineEnd - at), qtFormat, monospaced);
+      if (end_.atBlockStart()) {
+        SetRole(role);
+        SetWrapping(!monospaced);
+      } else if (!monospaced) {
+        SetWrapping(true);
+      }
+      end_.insertText(characters.mid(at - characters.cbegin(), lineEnd - at), qtFormat);
     }
     at = lineEnd;
     if (at == end) break;
@@ -80,13 +94,12 @@ void QtRichText::Append(std::string_view text, const CharacterFormat& format) {
   end_.endEditBlock();
 }
 
-void QtRichText::InsertIntoLine(const QString& text, const QTextCharFormat& format, bool monospaced) {
-  if (end_.atBlockStart()) {
-    SetWrapping(!monospaced);
-  } else if (!monospaced) {
-    SetWrapping(true);
-  }
-  end_.insertText(text, format);
+void QtRichText::SetRole(LineRole role) {
+  if (role == LineRole::Text) return;
+  QTextBlockFormat line = end_.blockFormat();
+  line.setProperty(RoleProperty, static_cast<int>(role));
+  if (IsHeading(role)) line.setHeadingLevel(role == LineRole::Title ? 1 : 2);
+  end_.setBlockFormat(line);
 }
 
 void QtRichText::SetWrapping(bool wraps) {
@@ -102,9 +115,9 @@ const QTextCharFormat& QtRichText::Remembered(const CharacterFormat& format) {
   return found != formats_.end() ? found->second : formats_.emplace_back(format, ToQt(format)).second;
 }
 
-void QtRichText::Paste() {
+bool QtRichText::PastePicture(std::string_view description) {
   const QImage image = clipboard_ ? clipboard_() : QImage();
-  if (image.isNull()) return;
+  if (image.isNull()) return false;
   const QString name = QStringLiteral("picture%1.png").arg(++numPictures_);
   document_.addResource(QTextDocument::ImageResource, QUrl(name), image);
 
@@ -115,8 +128,11 @@ void QtRichText::Paste() {
   format.setName(name);
   format.setWidth(size.width());
   format.setHeight(size.height());
+  format.setProperty(QTextFormat::ImageAltText,
+                     QString::fromUtf8(description.data(), static_cast<qsizetype>(description.size())));
   // In a narrow window a picture behind a tab would move to a line of its own, below one as high as itself.
   SetWrapping(false);
   end_.insertImage(format);
   end_.endEditBlock();
+  return true;
 }

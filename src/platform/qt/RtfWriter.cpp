@@ -2,89 +2,34 @@
 // hold what was met in it.
 #include "platform/qt/RtfWriter.h"
 
-#include <QHash>
 #include <QImage>
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <optional>
 #include <vector>
 
+#include "platform/Page.h"
 #include "platform/qt/DocumentImages.h"
-#include "text/CodePage.h"
+#include "platform/qt/RtfText.h"
 
 namespace {
 
 constexpr int TwipsPerPixel = 15;  // of 96 to the inch
-constexpr qsizetype HexPerLine = 128;
 
-// A4 with margins of 20 mm, in twips.
-constexpr const char* Page = "\\paperw11906\\paperh16838\\margl1134\\margr1134\\margt1134\\margb1134\r\n";
+// Headings of these styles are what word processors list as the document's outline. Their own white above and
+// below, which some have, is none here.
+constexpr const char* HeadingStyles =
+    "{\\stylesheet{\\s0 Normal;}{\\s1\\sb0\\sa0\\outlinelevel0 heading 1;}"
+    "{\\s2\\sb0\\sa0\\outlinelevel1 heading 2;}}\r\n";
 
-// The bytes of a body: control words, symbols and characters. A control word ends at the first character that
-// cannot belong to it; where a character follows that could, a blank ends it.
-class RtfText {
- public:
-  void Word(const char* word) {
-    bytes_ += '\\';
-    bytes_ += word;
-    wordIsOpen_ = true;
-  }
-  void Word(const char* word, long number) {
-    Word(word);
-    bytes_ += QByteArray::number(static_cast<qlonglong>(number));
-  }
-  void Symbol(char symbol) {
-    bytes_ += '\\';
-    bytes_ += symbol;
-    wordIsOpen_ = false;
-  }
-  void Character(char character) {
-    if (wordIsOpen_) bytes_ += ' ';
-    bytes_ += character;
-    wordIsOpen_ = false;
-  }
-  void BeginGroup() {
-    bytes_ += '{';
-    wordIsOpen_ = false;
-  }
-  void EndGroup() {
-    bytes_ += '}';
-    wordIsOpen_ = false;
-  }
-  void EndLine() {
-    bytes_ += "\r\n";
-    wordIsOpen_ = false;
-  }
+QByteArray Number(const char* word, int number) { return word + QByteArray::number(number); }
 
-  // One UTF-16 unit, with what a reader shows that knows only the code page. The fallback is always a byte in
-  // hexadecimal: of a character that stands as itself some readers do not know where it ends.
-  void Unicode(char16_t code) {
-    QByteArray& escape = escapes_[code];
-    if (escape.isEmpty()) {
-      const std::string byte = QChar::isSurrogate(code) ? "?" : FromUtf8(QString(QChar(code)).toStdString());
-      escape = "\\u" + QByteArray::number(static_cast<std::int16_t>(code)) + "\\'" +
-               QByteArray(1, byte.front()).toHex();
-    }
-    bytes_ += escape;
-    wordIsOpen_ = false;
-  }
-
-  void Hexadecimal(const QByteArray& data) {
-    const QByteArray hex = data.toHex();
-    for (qsizetype at = 0; at < hex.size(); at += HexPerLine) {
-      EndLine();
-      bytes_ += QByteArrayView(hex).sliced(at, std::min(HexPerLine, hex.size() - at));
-    }
-  }
-
-  const QByteArray& Bytes() const { return bytes_; }
-
- private:
-  QByteArray bytes_;
-  bool wordIsOpen_ = true;  // whether the last thing written is a control word; what stands before ends so
-  QHash<char16_t, QByteArray> escapes_;
-};
+QByteArray Paper() {
+  const int margin = TwipsOf(PageMargin);
+  return Number("\\paperw", TwipsOf(A4.Width)) + Number("\\paperh", TwipsOf(A4.Height)) +
+         Number("\\margl", margin) + Number("\\margr", margin) + Number("\\margt", margin) +
+         Number("\\margb", margin) + "\r\n";
+}
 
 // What is met in a body, in the order of its first appearance.
 class RtfTables {
@@ -148,29 +93,44 @@ class RtfWriter final : public DocumentVisitor {
   }
 
   QByteArray Bytes() const {
-    return "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deftab720\r\n" + tables_.Bytes() + Page +
-           "\\viewkind1\\uc1\\pard" + text_.Bytes() + "}\r\n";
+    return "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deftab720\r\n" + tables_.Bytes() +
+           (hasHeadings_ ? HeadingStyles : "") + Information() + Paper() + "\\viewkind1\\uc1\\pard" +
+           text_.Bytes() + "}\r\n";
+  }
+
+  void BeginTable() override { isInTable_ = true; }
+
+  // Even where nothing follows: readers give a table at the end an empty paragraph, which is none of its
+  // rows.
+  void EndTable() override {
+    isInTable_ = false;
+    SwitchTo(Layout{});
   }
 
   // The end of a paragraph is as high as the letters before it, and that of an empty one as high as its
   // letters would be.
   void BeginParagraph(const Paragraph& paragraph) override {
-    if (paragraph.StaysWithNext != staysWithNext_) text_.Word(paragraph.StaysWithNext ? "keepn" : "pard");
-    staysWithNext_ = paragraph.StaysWithNext;
+    if (isInTable_) BeginRow(paragraph.Role == LineRole::TableHeader);
+    SwitchTo(Layout{.HeadingLevel = paragraph.HeadingLevel(),
+                    .IsRow = isInTable_,
+                    .StaysWithNext = paragraph.StaysWithNext,
+                    .StaysWhole = paragraph.StaysWhole()});
     SwitchTo(paragraph.First);
   }
 
+  // Letters of one width stand below each other whatever a reader does with blanks, and tables have many.
   void Run(const Letters& letters, const QString& text) override {
     SwitchTo(letters);
-    for (const QChar character : text) Write(character.unicode());
+    text_.Text(text, !letters.Monospaced);
   }
 
-  void Picture(const QTextImageFormat& format) override {
+  void Picture(const QTextImageFormat& format, const QString& description) override {
     const QImage image = ImageOf(part_.Document, format.name());
     if (image.isNull()) return;
     const QSizeF size = ShownSize(format, image);
     text_.BeginGroup();
     text_.Word("pict");
+    if (!description.isEmpty()) Describe(description);
     text_.Word("pngblip");
     text_.Word("picw", image.width());
     text_.Word("pich", image.height());
@@ -182,27 +142,72 @@ class RtfWriter final : public DocumentVisitor {
 
   void EndParagraph(bool ended) override {
     if (!ended) return;
-    text_.Word("par");
+    if (isInTable_) {
+      text_.Word("cell");
+      text_.Word("row");
+    } else {
+      text_.Word("par");
+    }
     text_.EndLine();
   }
 
  private:
-  void Write(char16_t code) {
-    if (code == u'\\' || code == u'{' || code == u'}') {
-      text_.Symbol(static_cast<char>(code));
-    } else if (code >= 0x20 && code < 0x7F) {
-      text_.Character(static_cast<char>(code));
-    } else if (code == u'\t') {
-      text_.Word("tab");
-    } else if (code == QChar::LineSeparator) {
-      text_.Word("line");
-    } else if (code == QChar::Nbsp) {
-      text_.Symbol('~');
-    } else if (code < QChar::Nbsp) {
-      text_.Character(' ');  // a control character
-    } else {
-      text_.Unicode(code);
+  // What belongs to a paragraph as a whole.
+  struct Layout {
+    int HeadingLevel = 0;
+    bool IsRow = false, StaysWithNext = false, StaysWhole = false;
+
+    friend bool operator==(const Layout&, const Layout&) = default;
+  };
+
+  QByteArray Information() const {
+    const QString title = TitleOf(part_);
+    if (title.isEmpty()) return {};
+    RtfText text;
+    text.Text(title);
+    return "{\\info{\\title" + text.Bytes() + "}}\r\n";
+  }
+
+  // A row is one cell as wide as the paper's text: its columns stand below each other as they are.
+  void BeginRow(bool isHeader) {
+    text_.Word("trowd");
+    if (isHeader) text_.Word("trhdr");
+    text_.Word("trkeep");
+    text_.Word("trgaph", 0);
+    text_.Word("trleft", 0);
+    text_.Word("cellx", TwipsOf(PageTextWidth));
+  }
+
+  void SwitchTo(const Layout& next) {
+    if (layout_ == next) return;
+    text_.Word("pard");
+    if (next.IsRow) text_.Word("intbl");
+    if (next.StaysWhole) text_.Word("keep");
+    if (next.StaysWithNext) text_.Word("keepn");
+    if (next.HeadingLevel > 0) {
+      text_.Word("s", next.HeadingLevel);
+      text_.Word("outlinelevel", next.HeadingLevel - 1);
+      hasHeadings_ = true;
     }
+    layout_ = next;
+  }
+
+  void Describe(const QString& description) {
+    text_.BeginGroup();
+    text_.Symbol('*');
+    text_.Word("picprop");
+    text_.BeginGroup();
+    text_.Word("sp");
+    text_.BeginGroup();
+    text_.Word("sn");
+    text_.Text(QStringLiteral("wzDescription"));
+    text_.EndGroup();
+    text_.BeginGroup();
+    text_.Word("sv");
+    text_.Text(description);
+    text_.EndGroup();
+    text_.EndGroup();
+    text_.EndGroup();
   }
 
   // Writes what is different from the letters before.
@@ -224,7 +229,9 @@ class RtfWriter final : public DocumentVisitor {
   RtfTables tables_;
   RtfText text_;
   std::optional<Letters> current_;
-  bool staysWithNext_ = false;
+  Layout layout_;
+  bool isInTable_ = false;
+  bool hasHeadings_ = false;
 };
 
 }  // namespace
