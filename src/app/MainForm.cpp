@@ -30,6 +30,7 @@
 #include "reports/JointEquationsPanel.h"
 #include "reports/PrintableReportWindow.h"
 #include "reports/ReportWindow.h"
+#include "text/CodePage.h"
 
 namespace {
 
@@ -79,7 +80,7 @@ void MainForm::Redraw() {
   picDraw_->PaintBacking(
       [&](Surface& surface) { joined = RedrawTruss(on_.Document, drawing_, surface, context, messages); });
   tool_->ShowState();
-  if (!joined) SetStatus(QStringLiteral(" %1 ").arg(QString::fromLatin1(TooManyJointsText)));
+  Note(StatusNote::Drawing, joined ? std::string() : std::string(" ") + TooManyJointsText + " ");
   // A message waits for its answer in an event loop of its own, which may redraw again; that must not ask
   // twice.
   if (showingMessages_) return;
@@ -119,7 +120,7 @@ void MainForm::LeaveInstructions() {
 void MainForm::cmdNext1_Click() {
   tool_->Cancel();
   if (!steps_.Next1(on_.Document)) {
-    SetStatus(ToQt(steps_.StatusText()));
+    Note(StatusNote::Step, ToUtf8(steps_.StatusText()));
     return;
   }
   tools_.Clear();
@@ -163,12 +164,9 @@ void MainForm::ShowStep() {
   picDraw_->SetLabelsActive(steps_.NamesAreShown());
   picDraw_->ShowDrawing();
   tool_->SetActive(step == 1 && picDraw_->isEnabled());
-  ShowStepStatus();
+  status_.EnterStep(steps_.StatusText().empty() ? Step1StatusText : ToUtf8(steps_.StatusText()));
+  ShowStatus();
   UpdateFileMenu();
-}
-
-void MainForm::ShowStepStatus() {
-  SetStatus(steps_.StatusText().empty() ? QString::fromLatin1(Step1StatusText) : ToQt(steps_.StatusText()));
 }
 
 // --- names and joint equations
@@ -233,7 +231,7 @@ void MainForm::ShowReport(int report) {
 
 void MainForm::mnuFile_Click() {
   UpdateFileMenu();
-  SetStatus(QString::fromLatin1(FileMenuStatusText));
+  ShowHint(FileMenuStatusText);
 }
 
 void MainForm::UpdateFileMenu() {
@@ -254,8 +252,7 @@ void MainForm::UpdateFileMenu() {
 }
 
 void MainForm::AfterOpening() {
-  const std::string error = lifecycle_->ReadErrorText();
-  if (!error.empty()) SetStatus(QString::fromStdString(error));
+  Note(StatusNote::File, lifecycle_->ReadErrorText());
   UpdateFileMenu();
 }
 
@@ -303,9 +300,27 @@ void MainForm::ShowHelpOnStep() {
   ShowHelp(HelpTopicForStep(steps_.Current(), frInstruct1_->isVisibleTo(this)));
 }
 
-void MainForm::SetStatus(const QString& text) {
+// --- the status bar
+
+void MainForm::ShowStatus() {
+  const QString text = QString::fromStdString(status_.Shown());
   statusPanels_[0]->ShowText(text);
   statusPanels_[0]->setToolTip(PlainToolTip(text.trimmed()));
+}
+
+void MainForm::ShowHint(const std::string& hint) {
+  status_.ShowHint(hint);
+  ShowStatus();
+}
+
+void MainForm::EndHint() {
+  status_.EndHint();
+  ShowStatus();
+}
+
+void MainForm::Note(StatusNote about, const std::string& text) {
+  status_.Note(about, text);
+  ShowStatus();
 }
 
 // --- window events

@@ -6,6 +6,7 @@
 #include <array>
 #include <memory>
 
+#include "app/StatusTexts.h"
 #include "app/StepPanels.h"
 #include "app/Steps.h"
 #include "canvas/CanvasWidget.h"
@@ -95,9 +96,11 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void RenameLabel(LabelIndex label);
   void ShowJointEquations(LabelIndex label);
   void ShowStep();
-  void ShowStepStatus();
   void UpdateFileMenu();
-  void SetStatus(const QString& text);
+  void ShowStatus();
+  void ShowHint(const std::string& hint);
+  void EndHint();
+  void Note(StatusNote about, const std::string& text);
   void AfterOpening();
   void LeaveInstructions();
 
@@ -108,6 +111,7 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   QtClipboard clipboard_;
   QtClock clock_;
   Steps steps_;
+  StatusTexts status_;
   ToolPalette tools_;
   RecentFiles recent_;
   std::unique_ptr<DocumentLifecycle> lifecycle_;

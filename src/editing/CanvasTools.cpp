@@ -131,6 +131,7 @@ bool CanvasTools::HandleMouse(QEvent* event) {
   } else if (event->type() == QEvent::MouseButtonRelease) {
     mouse_.MouseUp(ButtonOf(mouse), x, y);
   } else {
+    Q_EMIT WorkBegan();
     on_.Canvas.setFocus(Qt::MouseFocusReason);
     mouse_.MouseDown(ButtonOf(mouse), x, y);
   }
@@ -164,6 +165,7 @@ bool CanvasTools::HandleKey(QKeyEvent* event) {
   const int key = event->key();
   bool handled = HandleArrow(event);
   if (!handled && (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter)) {
+    Q_EMIT WorkBegan();
     if (!event->isAutoRepeat()) cursor_.PressOrRelease();
     handled = true;
   } else if (!handled && key == Qt::Key_Escape) {

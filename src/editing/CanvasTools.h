@@ -46,6 +46,8 @@ class CanvasTools final : public QObject {
   void ReadOutChanged(const QString& text);
   /// A tool was chosen with a key.
   void ToolChosen(int tool);
+  /// A mouse button or the key that stands for it went down: hints have done their part.
+  void WorkBegan();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

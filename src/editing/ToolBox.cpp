@@ -55,6 +55,9 @@ bool ToolBox::eventFilter(QObject* watched, QEvent* event) {
       if (watched != buttons_[static_cast<std::size_t>(tool - 1)]) continue;
       if (const auto hint = palette_.MouseMove(tool)) Q_EMIT HintShown(QString::fromStdString(*hint));
     }
+  } else if (event->type() == QEvent::Leave) {
+    palette_.MouseLeft();
+    Q_EMIT HintEnded();
   }
   return QFrame::eventFilter(watched, event);
 }

@@ -22,6 +22,8 @@ class ToolBox final : public QFrame {
   void ToolSelected(int tool);
   /// A hint for the status bar.
   void HintShown(const QString& hint);
+  /// The mouse has left the buttons.
+  void HintEnded();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

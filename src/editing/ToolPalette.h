@@ -43,6 +43,9 @@ class ToolPalette {
   /// so that moving within one button sets the text once.
   std::optional<std::string> MouseMove(int tool);
 
+  /// The mouse has left the buttons, and the hint with it: over any of them it is shown again.
+  void MouseLeft() { hintShownLast_ = 0; }
+
  private:
   Tool selected_ = Tool::None;
   int hintShownLast_ = 0;

@@ -77,6 +77,39 @@ TEST_F(MainFormBadInput, TheNextCommandTakesTheReadErrorAway) {
   EXPECT_EQ(Status(), QStringLiteral(" Step 1: Design the truss. "));
 }
 
+TEST_F(MainFormBadInput, HintsAndMenusGiveTheReadErrorBack) {
+  Started();
+  OpenBytes("nonsense");
+  const QString error = Status();
+  auto* clamp = Find<QToolButton>("imgTool(2)");
+  for (const bool chosen : {false, true}) {
+    QTest::mouseMove(clamp, QPoint(10, 10));
+    QMouseEvent move(QEvent::MouseMove, QPointF(11, 11), clamp->mapToGlobal(QPointF(11, 11)), Qt::NoButton,
+                     Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(clamp, &move);
+    EXPECT_EQ(Status().toStdString(), ToolHint(2));
+    if (chosen) QTest::mouseClick(clamp, Qt::LeftButton);
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(clamp, &leave);
+    EXPECT_EQ(Status(), error);
+  }
+  FileMenu()->popup(QPoint(0, 0));
+  EXPECT_NE(Status(), error);
+  FileMenu()->close();
+  EXPECT_EQ(Status(), error);
+
+  Canvas()->setFocus();
+  QTest::keyClick(Canvas(), Qt::Key_1);
+  EXPECT_EQ(Status().toStdString(), ToolHint(1));
+  QTest::mouseClick(Canvas(), Qt::LeftButton, Qt::NoModifier, QPoint(200, 200));
+  EXPECT_EQ(Status(), error);
+
+  Click("cmdNext1");
+  EXPECT_NE(Status(), error);
+  Click("cmdPrev2");
+  EXPECT_EQ(Status(), QStringLiteral(" Step 1: Design the truss. "));
+}
+
 TEST_F(MainFormBadInput, ADirectoryCannotBeRead) {
   Started();
   const std::string directory = directory_ / "directory.trs";

@@ -33,6 +33,13 @@ TEST(ToolPalette, AHintIsShownOnceWhileTheMouseStaysOnAButton) {
   EXPECT_NE(palette.MouseMove(2), std::nullopt);
 }
 
+TEST(ToolPalette, AHintIsShownAgainWhenTheMouseComesBack) {
+  ToolPalette palette;
+  palette.MouseMove(2);
+  palette.MouseLeft();
+  EXPECT_NE(palette.MouseMove(2), std::nullopt);
+}
+
 TEST(ToolPalette, EveryHintBeginsAndEndsWithABlankAndNamesItsTool) {
   for (int tool = 1; tool <= NumTools; ++tool) {
     const std::string hint = ToolHint(tool);
