@@ -16,6 +16,11 @@ struct Message {
   std::string Title = MessageTitle;
   MessageButtons Buttons = MessageButtons::Ok;
   MessageIcon Icon = MessageIcon::None;
+  MessageAnswer Default = MessageAnswer::Yes;  ///< of two buttons the one that Return presses
+
+  /// Whether Esc and the title bar's X close the box. Where two buttons have no way out beside them, only
+  /// they answer.
+  bool HasWayOut = true;
 
   friend bool operator==(const Message&, const Message&) = default;
 };
@@ -24,6 +29,7 @@ class MessageBox {
  public:
   virtual ~MessageBox() = default;
 
-  /// Returns when the user has answered. Closing the box otherwise is Ok, or No where there are two buttons.
+  /// Returns when the user has answered. Closing the box otherwise, where it can be closed, is Ok, or No
+  /// where there are two buttons.
   virtual MessageAnswer Show(const Message& message) = 0;
 };

@@ -58,6 +58,31 @@ TEST(QtMessageBox, AnswersOfTwoButtons) {
   EXPECT_EQ(Answer(question, [](QMessageBox& box) { box.close(); }), MessageAnswer::No);
 }
 
+TEST(QtMessageBox, ReturnPressesTheDefaultButton) {
+  const auto pressReturn = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); };
+  const Message careful{.Text = "Replace?", .Buttons = MessageButtons::YesNo, .Default = MessageAnswer::No};
+  EXPECT_EQ(Answer(careful, pressReturn), MessageAnswer::No);
+}
+
+TEST(QtMessageBox, WithoutAWayOutOnlyTheTwoButtonsAnswer) {
+  const Message question{.Text = "Save?", .Buttons = MessageButtons::YesNo, .HasWayOut = false};
+  for (const auto button : {QMessageBox::Yes, QMessageBox::No}) {
+    const MessageAnswer answer = Answer(question, [button](QMessageBox& box) {
+      EXPECT_FALSE(box.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+      EXPECT_TRUE(box.windowFlags().testFlag(Qt::WindowTitleHint));
+      QTest::keyClick(&box, Qt::Key_Escape);
+      EXPECT_TRUE(box.isVisible());
+      EXPECT_FALSE(box.close());
+      QCloseEvent fromTheTitleBar;
+      EXPECT_FALSE(QApplication::sendEvent(&box, &fromTheTitleBar) && fromTheTitleBar.isAccepted());
+      EXPECT_TRUE(box.isVisible());
+      QTest::mouseClick(box.button(button), Qt::LeftButton);
+      EXPECT_FALSE(box.isVisible());
+    });
+    EXPECT_EQ(answer, button == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No);
+  }
+}
+
 TEST(QtMessageBox, ClosingASingleButtonBoxIsOk) {
   EXPECT_EQ(Answer({.Text = "Done"}, [](QMessageBox& box) { box.close(); }), MessageAnswer::Ok);
 }
@@ -80,7 +105,8 @@ struct QtFileChooserTest : testing::Test {
   FileChooserRequest Request() const {
     return {.Filter = "All Files (*.*)|*.*|Truss Files (*.trs)|*.trs",
             .FilterIndex = 2,
-            .InitialDirectory = directory / "."};
+            .InitialDirectory = directory / ".",
+            .ProposedName = ""};
   }
 
   static void TypeName(QFileDialog& dialog, const char* name) {
@@ -165,6 +191,19 @@ TEST_F(QtFileChooserTest, TheExtensionIsThatOfTheFilterWhateverItsDescription) {
     request.Filter = "All Files (*.*)|*.*|" + std::string(filter);
     WhenOpen<QFileDialog>([](QFileDialog& dialog) { TypeName(dialog, "bridge"); });
     EXPECT_EQ(QtFileChooser().ChooseForSaving(request), directory / saved) << filter;
+  }
+}
+
+TEST_F(QtFileChooserTest, SavingBeginsWithTheProposedName) {
+  directory.Put("bridge.trs", "old");
+  for (const char* name : {"truss.trs", "bridge.trs"}) {
+    FileChooserRequest request = Request();
+    request.ProposedName = name;
+    WhenOpen<QFileDialog>([name](QFileDialog& dialog) {
+      EXPECT_EQ(Child<QLineEdit>(dialog, "fileNameEdit").text(), QString::fromUtf8(name));
+      QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    EXPECT_EQ(QtFileChooser().ChooseForSaving(request), std::nullopt);
   }
 }
 

@@ -1,6 +1,7 @@
 // A file chooser that chooses by itself and remembers how it was called.
 #pragma once
 
+#include <deque>
 #include <stdexcept>
 #include <vector>
 
@@ -20,14 +21,20 @@ class FakeFileChooser : public FileChooser {
   /// What the user chooses; empty: he cancels.
   std::optional<std::string> Choice;
 
+  /// What he chooses before that, one after the other.
+  std::deque<std::optional<std::string>> FirstChoices;
+
   bool CannotBeShown = false;
 
   std::vector<FileChooserRequest> Opened;  ///< the calls for opening
   std::vector<FileChooserRequest> Saved;   ///< the calls for saving
 
  private:
-  std::optional<std::string> Choose() const {
+  std::optional<std::string> Choose() {
     if (CannotBeShown) throw std::runtime_error("no file chooser");
-    return Choice;
+    if (FirstChoices.empty()) return Choice;
+    const std::optional<std::string> choice = FirstChoices.front();
+    FirstChoices.pop_front();
+    return choice;
   }
 };

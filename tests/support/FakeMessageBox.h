@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <vector>
 
 #include "platform/MessageBox.h"
@@ -10,6 +11,7 @@ class FakeMessageBox : public MessageBox {
  public:
   MessageAnswer Show(const Message& message) override {
     Shown.push_back(message);
+    if (WhenShown) WhenShown(message);
     if (message.Buttons == MessageButtons::Ok) return MessageAnswer::Ok;
     if (Answers.empty()) return MessageAnswer::No;
     const MessageAnswer answer = Answers.front();
@@ -21,4 +23,7 @@ class FakeMessageBox : public MessageBox {
 
   /// The answers to coming Yes/No questions; No when there are none left.
   std::deque<MessageAnswer> Answers;
+
+  /// Called while a message is up, before it is answered.
+  std::function<void(const Message&)> WhenShown;
 };

@@ -115,6 +115,7 @@ std::optional<std::string> QtFileChooser::ChooseForSaving(const FileChooserReque
   // The dialog would ask for the name as typed; what counts is the file that is written in the end.
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
   Prepare(dialog, request);
+  if (!request.ProposedName.empty()) dialog.selectFile(QString::fromStdString(request.ProposedName));
   while (const std::optional<QString> typed = Run(dialog)) {
     const std::string path = WithExtension(*typed, ChosenExtension(dialog, request)).toStdString();
     if (MayReplace(path)) return path;

@@ -1,6 +1,8 @@
 // See the header.
 #include "platform/qt/QtMessageBox.h"
 
+#include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMessageBox>
 
 #include "platform/qt/WindowInFront.h"
@@ -37,10 +39,35 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
+// Without a way out only the buttons answer: the toolkit would take closing the box for a No.
+class AnsweredBox final : public QMessageBox {
+ public:
+  AnsweredBox(QWidget* parent, bool hasWayOut) : QMessageBox(parent), hasWayOut_(hasWayOut) {
+    if (hasWayOut_) return;
+    setWindowFlags((windowFlags() | Qt::CustomizeWindowHint) & ~Qt::WindowCloseButtonHint);
+  }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override {
+    if (hasWayOut_) {
+      QMessageBox::closeEvent(event);
+    } else {
+      event->ignore();
+    }
+  }
+
+  void keyPressEvent(QKeyEvent* event) override {
+    if (hasWayOut_ || !event->matches(QKeySequence::Cancel)) QMessageBox::keyPressEvent(event);
+  }
+
+ private:
+  bool hasWayOut_;
+};
+
 }  // namespace
 
 MessageAnswer QtMessageBox::Show(const Message& message) {
-  QMessageBox box(WindowInFront());
+  AnsweredBox box(WindowInFront(), message.HasWayOut);
   box.setWindowTitle(QString::fromStdString(message.Title));
   box.setIcon(IconOf(message.Icon));
   box.setTextFormat(Qt::PlainText);
@@ -51,7 +78,7 @@ MessageAnswer QtMessageBox::Show(const Message& message) {
     return MessageAnswer::Ok;
   }
   box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-  box.setDefaultButton(QMessageBox::Yes);
+  box.setDefaultButton(message.Default == MessageAnswer::No ? QMessageBox::No : QMessageBox::Yes);
   box.setEscapeButton(QMessageBox::No);
   return box.exec() == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
 }
