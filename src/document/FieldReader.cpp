@@ -92,7 +92,9 @@ std::string_view FieldReader::NextField() {
   std::string_view content;
   if (!AtEnd() && text_[at_] == '"') {
     content = QuotedContent();
+    const std::size_t behind = at_;
     SkipToSeparator();
+    if (leftOutLine_ == 0 && !Trimmed(text_.substr(behind, at_ - behind)).empty()) leftOutLine_ = line_;
   } else {
     const std::size_t first = at_;
     SkipToSeparator();
@@ -100,6 +102,22 @@ std::string_view FieldReader::NextField() {
   }
   SkipSeparator();
   return content;
+}
+
+int FieldReader::UnreadLine() const {
+  if (leftOutLine_ > 0) return leftOutLine_;
+  constexpr char endMark = '\x1a';
+  FieldReader rest(*this);
+  while (!rest.AtEnd()) {
+    if (rest.AtLineEnd()) {
+      rest.SkipLineEnd();
+    } else if (IsBlank(text_[rest.at_]) || text_[rest.at_] == endMark) {
+      ++rest.at_;
+    } else {
+      return rest.line_;
+    }
+  }
+  return 0;
 }
 
 float FieldReader::NextSingle() {

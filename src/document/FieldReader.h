@@ -42,6 +42,10 @@ class FieldReader {
   /// Line of the field that was read last, from 1.
   int Line() const { return fieldLine_; }
 
+  /// Line, from 1, of the first text that is in no field that was read: behind a closing quote, or after the
+  /// field that was read last. 0 when there is none but blanks, line ends and the end mark of old editors.
+  int UnreadLine() const;
+
   /// An error at the field that was read last.
   [[noreturn]] void Fail(const std::string& why) const;
 
@@ -57,5 +61,6 @@ class FieldReader {
   std::size_t at_ = 0;
   int line_ = 1;
   int fieldLine_ = 1;
+  int leftOutLine_ = 0;      // of the first text behind a closing quote
   bool afterComma_ = false;  // an empty field may still follow at the end of the file
 };

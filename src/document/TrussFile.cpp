@@ -199,16 +199,21 @@ void AddJoints(std::string& text, const Truss& truss) {
 
 }  // namespace
 
-std::optional<ReadError> ReadTrussText(Truss& truss, const CanvasBounds& bounds, std::string_view text) {
-  std::optional<ReadError> error;
+TrussReading ReadTrussWithRest(Truss& truss, const CanvasBounds& bounds, std::string_view text) {
+  TrussReading reading;
   FieldReader fields(text);
   try {
     ReadDocument(fields, truss);
+    reading.UnreadLine = fields.UnreadLine();
   } catch (const ReadError& readError) {
-    error = readError;
+    reading.Error = readError;
   }
   truss.View = DeriveView(truss.Settings, bounds);
-  return error;
+  return reading;
+}
+
+std::optional<ReadError> ReadTrussText(Truss& truss, const CanvasBounds& bounds, std::string_view text) {
+  return ReadTrussWithRest(truss, bounds, text).Error;
 }
 
 std::optional<ReadError> ReadTruss(Truss& truss, const CanvasBounds& bounds, const std::string& path) {

@@ -15,12 +15,23 @@ inline constexpr const char* TrussFileHeader = "Orvane 5";
 /// Fields of the current layout between the header and the number of supports: four booleans, eight numbers.
 inline constexpr int NumSettingsFields = 12;
 
+/// How far a file was read.
+struct TrussReading {
+  std::optional<ReadError> Error;
+  int UnreadLine = 0;  ///< without an error: line from 1 of a text that is no part of the truss; 0: none
+
+  bool IsWhole() const { return !Error && UnreadLine == 0; }
+};
+
 /// Reads a file into the truss, which the caller has emptied with ResetAll. Returns the error that ended the
 /// read; elements read completely before it stay and are counted, and so do the settings.
 std::optional<ReadError> ReadTruss(Truss& truss, const CanvasBounds& bounds, const std::string& path);
 
 /// The same from bytes in memory.
 std::optional<ReadError> ReadTrussText(Truss& truss, const CanvasBounds& bounds, std::string_view text);
+
+/// The same, and says what was passed over without an error.
+TrussReading ReadTrussWithRest(Truss& truss, const CanvasBounds& bounds, std::string_view text);
 
 /// The bytes of the file: live elements only, joints sorted by name (the truss's joint list is sorted too).
 std::string TrussText(Truss& truss);

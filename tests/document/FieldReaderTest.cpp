@@ -194,3 +194,19 @@ TEST(FieldReader, RefusesEverythingElseAsABoolean) {
   }
   EXPECT_EQ(ErrorOf([] { Boolean("yes"); }), "line 1: #TRUE# or #FALSE# should stand here, not \"yes\"");
 }
+
+TEST(FieldReader, KnowsTheFirstLineThatIsInNoField) {
+  const auto unreadLine = [](const std::string& text, int fields) {
+    FieldReader reader(text);
+    for (int i = 0; i < fields; ++i) reader.NextField();
+    return reader.UnreadLine();
+  };
+  EXPECT_EQ(unreadLine("1,2\r\n", 2), 0);
+  EXPECT_EQ(unreadLine("1,2\r\n3", 2), 2);
+  EXPECT_EQ(unreadLine("1,2", 1), 1);
+  EXPECT_EQ(unreadLine("1\r\n \t\r\r\n\n", 1), 0);
+  EXPECT_EQ(unreadLine("1\n\r\n\rx", 1), 4);
+  EXPECT_EQ(unreadLine("\"a\"  ,\"b\"\t\n", 2), 0) << "blanks behind a closing quote";
+  EXPECT_EQ(unreadLine("1\n\"a\"b\n\"c\"d\n", 3), 2) << "the first counts";
+  EXPECT_EQ(unreadLine("\"two\nlines\"x\n", 1), 2);
+}

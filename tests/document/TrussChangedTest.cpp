@@ -186,6 +186,17 @@ TEST_F(TrussChangedTest, AFileThatCannotBeReadBackCounts) {
   EXPECT_TRUE(TrussChanged(truss));
 }
 
+TEST_F(TrussChangedTest, ANameWithAQuoteCountsRightAfterTheSave) {
+  for (const char* name : {"p\"q", "p\"q,r", "a\",\"b", "\"", "\"\""}) {
+    Truss member = Saved(TrussBuilder().Member(0, 0, 4, 0, name));
+    EXPECT_TRUE(TrussChanged(member)) << name;
+    Truss support = Saved(TrussBuilder().Clamp(0, 0, "Ax", name).Member(0, 0, 4, 0, "A"));
+    EXPECT_TRUE(TrussChanged(support)) << name;
+    Truss joint = Saved(TrussBuilder().Member(0, 0, 4, 0, "A").Joint(4, 0, name));
+    EXPECT_TRUE(TrussChanged(joint)) << name;
+  }
+}
+
 TEST_F(TrussChangedTest, AFileInTheOlderLayoutCounts) {
   const std::string elements = FileLines({"0", "1", "0,0,4,0,\"S\",\"S\"", "0", "0"});
   Truss truss;

@@ -238,3 +238,45 @@ TEST(ReadTruss, ACountWithAFractionRoundsHalfToEven) {
 TEST(ReadTruss, ReadsNoFurtherThanTheJoints) {
   EXPECT_EQ(ReadElements({"0", "0", "0", "1", "0,0,\"1\"", "\"no closing quote"}).NumJoints, 1);
 }
+
+TEST(ReadTruss, SaysWhatIsNoPartOfTheTruss) {
+  const auto unreadLine = [](const std::vector<std::string>& lines) {
+    Truss truss;
+    const TrussReading reading = ReadTrussWithRest(truss, Bounds, SettingsLines() + FileLines(lines));
+    EXPECT_EQ(reading.Error, std::nullopt);
+    EXPECT_EQ(reading.IsWhole(), reading.UnreadLine == 0);
+    return reading.UnreadLine;
+  };
+  EXPECT_EQ(unreadLine({"0", "0", "0", "1", "0,0,\"1\""}), 0);
+  EXPECT_EQ(unreadLine({"0", "0", "0", "1", "0,0,\"1\"", "", "  \t", "\x1a"}), 0);
+  EXPECT_EQ(unreadLine({"0", "0", "0", "1", "0,0,\"1\"", "", "more"}), 17);
+  EXPECT_EQ(unreadLine({"0", "0", "0", "1", "0,0,\"1\",more"}), 15);
+  EXPECT_EQ(unreadLine({"0", "0", "0", "0", "0,0,\"1\""}), 15) << "more joints than were counted";
+}
+
+TEST(ReadTruss, AQuoteInANameEndsItAndShiftsWhatFollows) {
+  // As the writer would put the names p"q and p"q,r and a","b.
+  const auto member = [](const std::string& name) {
+    return "0,0,4,0," + std::string("\"") + name + "\",\"" + name + "\"";
+  };
+  const auto read = [&](const std::string& name, Truss& truss) {
+    return ReadTrussWithRest(truss, Bounds, SettingsLines() + FileLines({"0", "1", member(name), "0", "0"}));
+  };
+  Truss truss;
+  TrussReading reading = read("p\"q", truss);
+  EXPECT_EQ(reading.Error, std::nullopt);
+  EXPECT_EQ(reading.UnreadLine, 13) << "what stands behind the closing quote is lost";
+  EXPECT_EQ(truss.Name(1), "p");
+
+  truss = {};
+  reading = read("p\"q,r", truss);
+  ASSERT_TRUE(reading.Error);
+  EXPECT_EQ(reading.Error->Text(), "line 13: a number should stand here, not \"p\"");
+  EXPECT_EQ(truss.Name(1), "p");
+  EXPECT_EQ(truss.Name(2), "r\"") << "the rest of the first name";
+
+  truss = {};
+  reading = read("a\",\"b", truss);
+  ASSERT_TRUE(reading.Error);
+  EXPECT_EQ(truss.Name(2), "b");
+}
