@@ -50,8 +50,18 @@ int InTwips(float pixels) { return static_cast<int>(OntoPaper(pixels) * TwipsPer
 void MainForm::OpenAtStart(const std::string& path, bool autoName) {
   LeaveInstructions();
   lifecycle_->OpenPath(path);
-  AfterOpening();
-  if (!autoName) return;
+  AfterFileCommand();
+  if (autoName) NameAtStart();
+}
+
+void MainForm::OpenAtStart(const FileBytes& input, bool autoName) {
+  LeaveInstructions();
+  lifecycle_->OpenInput(input);
+  AfterFileCommand();
+  if (autoName) NameAtStart();
+}
+
+void MainForm::NameAtStart() {
   AutoName(on_.Document);
   ShowNames();
 }
@@ -116,6 +126,8 @@ void MainForm::LeaveInstructions() {
   picDraw_->setFocus();
   UpdateFileMenu();
 }
+
+bool MainForm::InstructionsAreShown() const { return frInstruct1_->isVisibleTo(this); }
 
 void MainForm::cmdNext1_Click() {
   tool_->Cancel();
@@ -236,11 +248,13 @@ void MainForm::mnuFile_Click() {
 
 void MainForm::UpdateFileMenu() {
   const FileMenu state = FileMenuState(steps_.Current(), on_.Document.FileName);
-  const bool started = !frInstruct1_->isVisibleTo(this);
+  const bool started = !InstructionsAreShown();
   mnuFileSaveAs_->setText(QString::fromLatin1(state.SaveAs.Caption.c_str()));
   mnuFileSaveAs_->setEnabled(started && state.SaveAs.Enabled);
   mnuFileSave_->setText(QString::fromLatin1(state.Save.Caption.c_str()));
   mnuFileSave_->setEnabled(started && state.Save.Enabled);
+  // Two with the same key would cancel each other out.
+  saveKey_->setEnabled(!mnuFileSave_->isEnabled());
   mnuFilePrint_->setEnabled(started && state.PrintEnabled);
   for (int entry = 0; entry <= RecentFiles::Count; ++entry) {
     QAction* action = mnuRecentFile_[static_cast<std::size_t>(entry)];
@@ -251,9 +265,34 @@ void MainForm::UpdateFileMenu() {
   }
 }
 
-void MainForm::AfterOpening() {
-  Note(StatusNote::File, lifecycle_->ReadErrorText());
+void MainForm::AfterFileCommand() {
+  Note(StatusNote::File, lifecycle_->FileNote());
   UpdateFileMenu();
+}
+
+void MainForm::mnuFileSave_Click() {
+  lifecycle_->SaveFile();
+  AfterFileCommand();
+}
+
+void MainForm::mnuFileSaveAs_Click() {
+  lifecycle_->SaveFileAs();
+  AfterFileCommand();
+}
+
+void MainForm::SaveByKey() {
+  const bool instructed = InstructionsAreShown();
+  switch (SaveKeyCommand(steps_.Current(), on_.Document.FileName, instructed)) {
+    case SaveKey::Save:
+      mnuFileSave_->trigger();
+      break;
+    case SaveKey::SaveAs:
+      mnuFileSaveAs_->trigger();
+      break;
+    case SaveKey::Refused:
+      ShowHint(SaveRefusedText(instructed));
+      break;
+  }
 }
 
 void MainForm::mnuSettings_Click() {
@@ -296,9 +335,7 @@ void MainForm::OfferHelpBeside(QDialog& dialog, const char* topic) {
   connect(help, &QShortcut::activated, this, [this, topic] { ShowHelp(topic); });
 }
 
-void MainForm::ShowHelpOnStep() {
-  ShowHelp(HelpTopicForStep(steps_.Current(), frInstruct1_->isVisibleTo(this)));
-}
+void MainForm::ShowHelpOnStep() { ShowHelp(HelpTopicForStep(steps_.Current(), InstructionsAreShown())); }
 
 // --- the status bar
 
@@ -347,7 +384,7 @@ void MainForm::dropEvent(QDropEvent* event) {
   const auto open = [this, path] {
     tool_->Cancel();
     lifecycle_->OpenPath(path.toStdString());
-    AfterOpening();
+    AfterFileCommand();
   };
   QMetaObject::invokeMethod(this, open, Qt::QueuedConnection);
 }

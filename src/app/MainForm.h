@@ -23,6 +23,7 @@
 class HelpViewer;
 class InstructionFrame;
 class JointEquationsPanel;
+class QShortcut;
 class ReportWindow;
 class StatusPanel;
 
@@ -45,6 +46,9 @@ class MainForm final : public QMainWindow, private DocumentWindow {
 
   /// Opens a file at start-up, without the instruction frame; with `autoName` everything is named too.
   void OpenAtStart(const std::string& path, bool autoName);
+
+  /// The same with what came through standard input.
+  void OpenAtStart(const FileBytes& input, bool autoName);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -86,6 +90,9 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void cmdAutoName_Click(int index);
   void lblRodJoint_Click(int label);
   void mnuFile_Click();
+  void mnuFileSave_Click();
+  void mnuFileSaveAs_Click();
+  void SaveByKey();
   void mnuSettings_Click();
   void mnuFilePrint_Click();
   void ShowHelp(const char* topic);
@@ -101,8 +108,10 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void ShowHint(const std::string& hint);
   void EndHint();
   void Note(StatusNote about, const std::string& text);
-  void AfterOpening();
+  void AfterFileCommand();
+  void NameAtStart();
   void LeaveInstructions();
+  bool InstructionsAreShown() const;
 
   Partners on_;
   Drawing drawing_;
@@ -135,6 +144,7 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   QAction* mnuSettings_ = nullptr;
   QAction* mnuFileSave_ = nullptr;
   QAction* mnuFileSaveAs_ = nullptr;
+  QShortcut* saveKey_ = nullptr;  // the key of Save where the menu does not offer it
   QAction* mnuFilePrint_ = nullptr;
   std::array<QAction*, RecentFiles::Count + 1> mnuRecentFile_{};
   bool showingMessages_ = false;

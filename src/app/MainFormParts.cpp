@@ -162,17 +162,14 @@ void MainForm::CreateFileMenu() {
   };
   add("mnuFileNew", tr("&New truss"), QKeySequence::New, [this] {
     lifecycle_->NewFile();
-    AfterOpening();
+    AfterFileCommand();
   });
   add("mnuFileOpen", tr("&Open an existing truss ..."), QKeySequence::Open, [this] {
     lifecycle_->OpenFile();
-    AfterOpening();
+    AfterFileCommand();
   });
-  mnuFileSave_ = add("mnuFileSave", QString(), QKeySequence::Save, [this] { lifecycle_->SaveFile(); });
-  mnuFileSaveAs_ = add("mnuFileSaveAs", QString(), QKeySequence(), [this] {
-    lifecycle_->SaveFileAs();
-    UpdateFileMenu();
-  });
+  mnuFileSave_ = add("mnuFileSave", QString(), QKeySequence::Save, [this] { mnuFileSave_Click(); });
+  mnuFileSaveAs_ = add("mnuFileSaveAs", QString(), QKeySequence(), [this] { mnuFileSaveAs_Click(); });
   mnuFilePrint_ =
       add("mnuFilePrint", tr("&Print the report ..."), QKeySequence::Print, [this] { mnuFilePrint_Click(); });
   mnuRecentFile_[0] = mnuFile_->addSeparator();
@@ -181,7 +178,7 @@ void MainForm::CreateFileMenu() {
     QAction* action = mnuFile_->addAction(QString(), this, [this, entry] {
       tool_->Cancel();
       lifecycle_->OpenRecentFile(entry);
-      AfterOpening();
+      AfterFileCommand();
     });
     action->setObjectName(QStringLiteral("mnuRecentFile(%1)").arg(entry));
     mnuRecentFile_[static_cast<std::size_t>(entry)] = action;
@@ -220,6 +217,11 @@ void MainForm::CreateShortcuts() {
   };
   addStep(QKeySequence(Qt::ALT | Qt::Key_Right), true);
   addStep(QKeySequence(Qt::ALT | Qt::Key_Left), false);
+  saveKey_ = new QShortcut(QKeySequence::Save, this);
+  auto* saveInReport = new QShortcut(QKeySequence::Save, report_.get());
+  for (QShortcut* shortcut : {saveKey_, saveInReport}) {
+    connect(shortcut, &QShortcut::activated, this, &MainForm::SaveByKey);
+  }
   auto* helpOnReport = new QShortcut(QKeySequence::HelpContents, report_.get());
   connect(helpOnReport, &QShortcut::activated, this, [this] { ShowHelp(HelpTopicForReport(shownReport_)); });
   // The access keys of the report buttons, so that a reader goes from report to report without the mouse.

@@ -18,6 +18,7 @@
 #include "app/MainForm.h"
 #include "app/PaperOutput.h"
 #include "app/RunCommandLine.h"
+#include "document/FileBytes.h"
 #include "platform/qt/QtFileChooser.h"
 #include "platform/qt/QtMessageBox.h"
 #include "platform/qt/QtNumberFormat.h"
@@ -53,7 +54,10 @@ bool HasDisplay() {
 #endif
 }
 
+// Standard input is read to its end before the window comes, which would not answer meanwhile.
 int RunWindow(int argc, char** argv, const CommandLine& commandLine) {
+  const bool readsInput = !commandLine.Files.empty() && commandLine.Files.front() == "-";
+  const FileBytes input = readsInput ? ReadWholeStream(std::cin) : FileBytes{};
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Orvane"));
   QApplication::setApplicationVersion(QStringLiteral(ORVANE_VERSION));
@@ -70,7 +74,11 @@ int RunWindow(int argc, char** argv, const CommandLine& commandLine) {
                                    .Numbers = SystemNumberFormat(),
                                    .ProgramDirectory = QApplication::applicationDirPath().toStdString()});
   form.show();
-  if (!commandLine.Files.empty()) form.OpenAtStart(commandLine.Files.front(), commandLine.AutoName);
+  if (readsInput) {
+    form.OpenAtStart(input, commandLine.AutoName);
+  } else if (!commandLine.Files.empty()) {
+    form.OpenAtStart(commandLine.Files.front(), commandLine.AutoName);
+  }
   return QApplication::exec();
 }
 

@@ -1,13 +1,14 @@
-// There is no way back out of the question whether to save: the command that asked always goes on.
+// There is no way back out of the question whether to save: the command that asked always goes on, once the
+// truss is saved or given up.
 #include "document/DocumentLifecycle.h"
 
 #include <exception>
 #include <filesystem>
 #include <utility>
 
-#include "document/FileBytes.h"
+#include "document/BrokenName.h"
+#include "document/FilePaths.h"
 #include "document/TrussChanged.h"
-#include "document/TrussFile.h"
 #include "text/CodePage.h"
 
 namespace {
@@ -17,8 +18,39 @@ constexpr const char* FileGoneText = "File no longer exists.";
 constexpr const char* SaveErrorText = "Error in mnuFileSave attempting to save file ";
 constexpr const char* SaveAsErrorText = "Error attempting to save the file.";
 
+constexpr const char* ReplaceUnreadText =
+    "This file was not read to its end, and what was not read is lost when it is replaced:\n%1\n\n"
+    "Do you want to replace it?";
+constexpr const char* ReplaceChangedText =
+    "This file was changed by someone else after it was opened or saved here:\n%1\n\n"
+    "Do you want to replace it?";
+
 constexpr bool PathsHaveDrives = std::filesystem::path::preferred_separator == '\\';
 constexpr const char* PathSeparators = PathsHaveDrives ? "\\/" : "/";
+
+std::string WithPath(std::string text, const std::string& path) {
+  return text.replace(text.find("%1"), 2, path);
+}
+
+// What the status bar says of a file that was read; nothing when it was read whole.
+std::string NoteOnReading(const TrussReading& reading, bool hasFile) {
+  if (reading.IsWhole()) return "";
+  const std::string saving = hasFile ? ".  Save will ask for another name. " : " ";
+  if (reading.Error) {
+    return " The file could not be read to its end: " + ToUtf8(reading.Error->Text()) + saving;
+  }
+  return " Something in line " + std::to_string(reading.UnreadLine) +
+         " of the file is no part of the truss and was left out" + saving;
+}
+
+// Nothing when the file reads back as the truss that was just written to it.
+std::string NoteOnWriting(Truss& truss) {
+  if (!TrussChanged(truss)) return "";
+  const std::string element = ElementWithBrokenName(truss);
+  if (element.empty()) return " The file that was saved does not read back as this truss. ";
+  return " The name of " + element +
+         " cannot be read back from the file because of its double quote: rename it and save again. ";
+}
 
 }  // namespace
 
@@ -54,14 +86,19 @@ void DocumentLifecycle::OpenFile() {
   } catch (const std::exception&) {
     return;  // no file was chosen, so the document stays
   }
-  if (path) ReadFile(*path);
+  if (path) ReadFile(AbsolutePath(*path));
 }
 
-// A copy: the path may be the document's own file name, which saving and emptying change.
-// NOLINTNEXTLINE(performance-unnecessary-value-param)
-void DocumentLifecycle::OpenPath(std::string path) {
+void DocumentLifecycle::OpenPath(const std::string& path) {
+  const std::string wholePath = AbsolutePath(path);
   SaveChangesFirst();
-  ReadFile(path);
+  ReadFile(wholePath);
+}
+
+void DocumentLifecycle::OpenInput(const FileBytes& input) {
+  SaveChangesFirst();
+  EmptyDocument();
+  fileNote_ = NoteOnReading(Read(input), false);
 }
 
 void DocumentLifecycle::OpenRecentFile(int entry) {
@@ -76,50 +113,76 @@ void DocumentLifecycle::OpenRecentFile(int entry) {
 }
 
 bool DocumentLifecycle::SaveFile() {
-  if (WriteTruss(on_.Document)) return true;
-  on_.Messages.Show({.Text = SaveErrorText + on_.Document.FileName});
-  return false;
+  const std::string& path = on_.Document.FileName;
+  if (path.empty() || !known_.WasReadWhole(path)) return SaveFileAs();
+  return MayReplace(path) && WriteFile();
 }
 
-void DocumentLifecycle::SaveFileAs() {
+bool DocumentLifecycle::SaveFileAs() {
   const std::string oldName = on_.Document.FileName;
   bool saved = false;
   try {
-    const std::optional<std::string> path = on_.Chooser.ChooseForSaving(ChooserRequest());
-    if (!path) return;
-    saved = SaveUnder(*path);
+    FileChooserRequest request = ChooserRequest();
+    request.ProposedName = oldName.empty() ? UntitledFileName : FileNameOf(oldName);
+    const std::optional<std::string> path = on_.Chooser.ChooseForSaving(request);
+    if (!path || !MayReplace(AbsolutePath(*path))) return false;
+    saved = SaveUnder(AbsolutePath(*path));
   } catch (const std::exception&) {
     on_.Messages.Show({.Text = SaveAsErrorText});
   }
   if (!saved) NameDocument(oldName);
+  return saved;
 }
 
 bool DocumentLifecycle::SaveUnder(const std::string& path) {
   NameDocument(path);
-  if (!SaveFile()) return false;
+  if (!WriteFile()) return false;
   on_.Recent.AddRecent(path);
+  return true;
+}
+
+bool DocumentLifecycle::MayReplace(const std::string& path) {
+  const KnownFile::State state = known_.StateOf(path);
+  if (state == KnownFile::State::AsKnown) return true;
+  const bool changed = state == KnownFile::State::Changed;
+  return on_.Messages.Show({.Text = WithPath(changed ? ReplaceChangedText : ReplaceUnreadText, path),
+                            .Buttons = MessageButtons::YesNo,
+                            .Icon = MessageIcon::Exclamation,
+                            .Default = MessageAnswer::No}) == MessageAnswer::Yes;
+}
+
+bool DocumentLifecycle::WriteFile() {
+  const std::string& path = on_.Document.FileName;
+  if (!WriteTruss(on_.Document)) {
+    on_.Messages.Show({.Text = SaveErrorText + path});
+    return false;
+  }
+  known_.Remember(path, TrussText(on_.Document), true);
+  fileNote_ = NoteOnWriting(on_.Document);
   return true;
 }
 
 void DocumentLifecycle::Unload() { SaveChangesFirst(); }
 
 void DocumentLifecycle::SaveChangesFirst() {
-  if (TrussChanged(on_.Document)) AskSaveChanges();
+  if (!TrussChanged(on_.Document)) return;
+  while (!AskSaveChanges()) continue;
 }
 
-void DocumentLifecycle::AskSaveChanges() {
-  const MessageAnswer answer = on_.Messages.Show(
-      {.Text = SaveChangesText, .Buttons = MessageButtons::YesNo, .Icon = MessageIcon::Information});
-  if (answer != MessageAnswer::Yes) return;
-  if (on_.Document.FileName.empty()) {
-    SaveFileAs();
-  } else {
-    SaveFile();
-  }
+// Whether the command may go on: the truss was saved, or is given up. A save that failed, or was called off
+// in the chooser, is no answer.
+bool DocumentLifecycle::AskSaveChanges() {
+  const MessageAnswer answer = on_.Messages.Show({.Text = SaveChangesText,
+                                                  .Buttons = MessageButtons::YesNo,
+                                                  .Icon = MessageIcon::Information,
+                                                  .HasWayOut = false});
+  return answer != MessageAnswer::Yes || SaveFile();
 }
 
 void DocumentLifecycle::EmptyDocument() {
   readError_.reset();
+  known_.Forget();
+  fileNote_.clear();
   ResetAll(on_.Document);
   on_.Window.ShowCaption(MainWindowCaption(""));
   on_.Window.DocumentEmptied();
@@ -129,9 +192,25 @@ void DocumentLifecycle::EmptyDocument() {
 void DocumentLifecycle::ReadFile(const std::string& path) {
   EmptyDocument();
   NameDocument(path);
-  readError_ = ReadTruss(on_.Document, on_.Bounds, path);
-  on_.Window.Redraw();
+  FileBytes file = ReadWholeFile(path);
+  const TrussReading reading = Read(file);
+  fileNote_ = NoteOnReading(reading, true);
+  const bool couldBeRead = file.Problem.empty();
+  known_.Remember(path, couldBeRead ? std::optional(std::move(file.Bytes)) : std::nullopt, reading.IsWhole());
   if (!readError_) on_.Recent.AddRecent(path);
+}
+
+// What was read before an error stays.
+TrussReading DocumentLifecycle::Read(const FileBytes& file) {
+  TrussReading reading;
+  if (file.Problem.empty()) {
+    reading = ReadTrussWithRest(on_.Document, on_.Bounds, file.Bytes);
+  } else {
+    reading.Error = ReadError{0, file.Problem};
+  }
+  readError_ = reading.Error;
+  on_.Window.Redraw();
+  return reading;
 }
 
 void DocumentLifecycle::NameDocument(const std::string& path) {
@@ -141,9 +220,4 @@ void DocumentLifecycle::NameDocument(const std::string& path) {
 
 FileChooserRequest DocumentLifecycle::ChooserRequest() const {
   return {TrussFileFilter, TrussFileFilterIndex, chooserDirectory_};
-}
-
-std::string DocumentLifecycle::ReadErrorText() const {
-  if (!readError_) return "";
-  return " The file could not be read to its end: " + ToUtf8(readError_->Text()) + " ";
 }

@@ -6,14 +6,20 @@
 #include <string>
 
 #include "document/FieldReader.h"
+#include "document/FileBytes.h"
+#include "document/KnownFile.h"
 #include "document/RecentFiles.h"
 #include "document/Truss.h"
+#include "document/TrussFile.h"
 #include "platform/FileChooser.h"
 #include "platform/MessageBox.h"
 
 /// The filter of every file chooser, and which of its two entries is preselected.
 inline constexpr const char* TrussFileFilter = "All Files (*.*)|*.*|Truss Files (*.trs)|*.trs";
 inline constexpr int TrussFileFilterIndex = 2;
+
+/// The name that the chooser proposes for a truss that has none.
+inline constexpr const char* UntitledFileName = "truss.trs";
 
 /// What the commands tell the window. All texts are UTF-8.
 class DocumentWindow {
@@ -57,19 +63,25 @@ class DocumentLifecycle {
   /// File, Open. Does nothing more when the chooser is cancelled or cannot be shown.
   void OpenFile();
 
-  /// Opens a file as File, Open does, without the chooser: a dropped file or one of the command line.
-  void OpenPath(std::string path);
+  /// Opens a file as File, Open does, without the chooser: a dropped file or one of the command line. The
+  /// path may be relative to the working directory.
+  void OpenPath(const std::string& path);
+
+  /// Opens what came through standard input. The truss has no file then.
+  void OpenInput(const FileBytes& input);
 
   /// File, entry 1 .. 4 of the recent files. A file that is gone gives a message and changes nothing.
   void OpenRecentFile(int entry);
 
-  /// File, Save. Returns false, after a message, when the file cannot be written.
+  /// File, Save. A truss without a file, or whose file holds more than what was read of it, goes to Save As.
+  /// Asks before a file is replaced that somebody else has changed. Returns whether the truss was saved; a
+  /// file that cannot be written gives a message.
   bool SaveFile();
 
-  /// File, Save As. When nothing is saved, the truss keeps the name it had.
-  void SaveFileAs();
+  /// File, Save As. When nothing is saved, the truss keeps the name it had. Returns whether it was saved.
+  bool SaveFileAs();
 
-  /// Before the main window closes; it closes whatever is answered.
+  /// Before the main window closes. Returns when nothing is left that the user wants to be saved.
   void Unload();
 
   /// Empties the document without asking, as leaving the instructions does.
@@ -79,18 +91,24 @@ class DocumentLifecycle {
   /// other command that empties the document.
   const std::optional<ReadError>& LastReadError() const { return readError_; }
 
-  /// One line (UTF-8) for the status bar on the last read error; empty when there is none.
-  std::string ReadErrorText() const;
+  /// One line (UTF-8) for the status bar on what is wrong with the document's file: it was not read whole, or
+  /// what was written does not read back. Empty when all is well.
+  const std::string& FileNote() const { return fileNote_; }
 
  private:
   void SaveChangesFirst();
-  void AskSaveChanges();
+  bool AskSaveChanges();
   void ReadFile(const std::string& path);
+  TrussReading Read(const FileBytes& file);
   void NameDocument(const std::string& path);
   bool SaveUnder(const std::string& path);
+  bool MayReplace(const std::string& path);
+  bool WriteFile();
   FileChooserRequest ChooserRequest() const;
 
   Partners on_;
   std::string chooserDirectory_;
   std::optional<ReadError> readError_;
+  KnownFile known_;
+  std::string fileNote_;
 };

@@ -9,3 +9,14 @@ FileMenu FileMenuState(int step, const std::string& fileName) {
   menu.PrintEnabled = step == 3;
   return menu;
 }
+
+SaveKey SaveKeyCommand(int step, const std::string& fileName, bool instructed) {
+  const FileMenu menu = FileMenuState(step, fileName);
+  if (instructed || !menu.SaveAs.Enabled) return SaveKey::Refused;
+  return menu.Save.Enabled ? SaveKey::Save : SaveKey::SaveAs;
+}
+
+const char* SaveRefusedText(bool instructed) {
+  return instructed ? " These are the instructions before Step 1.  Saving is enabled in Step 2. "
+                    : " This is Step 1.  Saving is enabled in Step 2: press Next, then save. ";
+}

@@ -25,5 +25,15 @@ struct FileMenu {
   bool PrintEnabled = false;
 };
 
+/// What the key of Save does. It never does nothing without a word.
+enum class SaveKey { Save, SaveAs, Refused };
+
+/// Where only Save As is offered, the key opens that. `step` is 1, 2 or 3; `instructed` while the
+/// instructions before Step 1 are shown.
+SaveKey SaveKeyCommand(int step, const std::string& fileName, bool instructed);
+
+/// What the status bar says where the key is refused.
+const char* SaveRefusedText(bool instructed);
+
 /// `step` is 1, 2 or 3; an empty file name means that the truss is untitled.
 FileMenu FileMenuState(int step, const std::string& fileName);

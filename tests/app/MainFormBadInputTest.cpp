@@ -61,7 +61,8 @@ TEST_F(MainFormBadInput, AReadErrorStandsInTheStatusBarWithItsLine) {
   text.replace(text.find("2,2,10,10"), 1, "x");
   OpenBytes(text);
   EXPECT_EQ(Status().toStdString(),
-            " The file could not be read to its end: line 18: a number should stand here, not \"x\" ");
+            " The file could not be read to its end: line 18: a number should stand here, not \"x\"."
+            "  Save will ask for another name. ");
   EXPECT_EQ(truss_.NumSupports, 2) << "what was read stays";
   EXPECT_EQ(form_->windowTitle().toStdString(), "Orvane - " + directory_ / "bad.trs");
   EXPECT_FALSE(Entry("mnuRecentFile(1)")->isVisible());

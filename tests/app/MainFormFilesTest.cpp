@@ -5,7 +5,11 @@
 #include <QUrl>
 #include <filesystem>
 
+#include "document/FileMenu.h"
+#include "platform/qt/QtMessageBox.h"
+#include "support/FullDisk.h"
 #include "support/MainFormFixture.h"
+#include "support/WorkingDirectory.h"
 
 namespace {
 
@@ -50,10 +54,14 @@ class MainFormFiles : public MainFormTest {
   }
   bool Drop(const std::string& path) { return Drop({QUrl::fromLocalFile(QString::fromStdString(path))}); }
 
+  void PressSave() { QTest::keyClick(form_.get(), Qt::Key_S, Qt::ControlModifier); }
+
   std::string Saved(const std::string& name) {
     Truss truss = LoadedTriangle();
     return directory_.Put(name, TrussText(truss));
   }
+
+  std::optional<FullDisk> full_;
 };
 
 // --- the question whether to save
@@ -112,7 +120,7 @@ TEST_F(MainFormFiles, OpeningReturnsToStep1) {
   EXPECT_FALSE(Report()->isVisible());
 }
 
-TEST_F(MainFormFiles, ClosingTheWindowAsksAndClosesInAnyCase) {
+TEST_F(MainFormFiles, ClosingTheWindowAsksAndNoGivesTheChangesUp) {
   Started();
   OpenInStep3(LoadedTriangle());
   ChangeTruss();
@@ -131,6 +139,174 @@ TEST_F(MainFormFiles, LeavingWithYesSaves) {
   messages_.Answers = {MessageAnswer::Yes};
   form_->close();
   EXPECT_TRUE(FileIsChanged());
+}
+
+TEST_F(MainFormFiles, OnlyTheTwoButtonsAnswerTheQuestionAtClosing) {
+  QtMessageBox messages;
+  form_ = std::make_unique<MainForm>(
+      MainForm::Partners{truss_, store_, messages, chooser_, NumberFormat{}, programDirectory_});
+  form_->show();
+  Click("cmdOKInstruct1");
+  OpenTruss(LoadedTriangle());
+  ChangeTruss();
+  InModalWindow([this](QWidget& question) {
+    QTest::keyClick(&question, Qt::Key_Escape);
+    EXPECT_FALSE(question.close()) << "the title bar's X, Alt+F4";
+    EXPECT_TRUE(question.isVisible());
+    EXPECT_TRUE(form_->isVisible());
+    EXPECT_FALSE(FileIsChanged());
+    auto* box = qobject_cast<QMessageBox*>(&question);
+    ASSERT_NE(box, nullptr);
+    QTest::mouseClick(box->button(QMessageBox::Yes), Qt::LeftButton);
+  });
+  form_->close();
+  EXPECT_EQ(modalWindows_, 1);
+  EXPECT_TRUE(FileIsChanged());
+  EXPECT_FALSE(form_->isVisible());
+}
+
+TEST_F(MainFormFiles, NoTrussIsLostByAFullDiskAtClosing) {
+  Started();
+  OpenInStep2(LoadedTriangle());
+  ChangeTruss();
+  messages_.Answers = {MessageAnswer::Yes, MessageAnswer::Yes};
+  messages_.WhenShown = [this](const Message& message) {
+    EXPECT_TRUE(form_->isVisible());
+    EXPECT_EQ(truss_.NumMembers, 3);
+    // The first save finds no room, the second does.
+    if (message.Text == SaveQuestion) full_.emplace();
+    if (messages_.Shown.size() == 3) full_.reset();
+  };
+  EXPECT_TRUE(form_->close());
+  EXPECT_THAT(
+      MessageTexts(),
+      testing::ElementsAre(SaveQuestion, testing::StartsWith("Error in mnuFileSave attempting to save file "),
+                           SaveQuestion));
+  EXPECT_TRUE(FileIsChanged());
+  EXPECT_FALSE(form_->isVisible());
+}
+
+TEST_F(MainFormFiles, AfterYesAndACancelledChooserTheWindowAsksAgain) {
+  Started();
+  Draw(LoadedTriangle());
+  messages_.Answers = {MessageAnswer::Yes, MessageAnswer::Yes};
+  chooser_.FirstChoices = {std::nullopt};
+  chooser_.Choice = directory_ / "new.trs";
+  EXPECT_TRUE(form_->close());
+  EXPECT_THAT(MessageTexts(), testing::ElementsAre(SaveQuestion, SaveQuestion));
+  EXPECT_TRUE(std::filesystem::exists(directory_ / "new.trs"));
+}
+
+// --- the key of Save
+
+TEST_F(MainFormFiles, TheKeyOfSaveSaysWhereSavingIsEnabled) {
+  Shown();
+  PressSave();
+  EXPECT_EQ(Status().toStdString(), SaveRefusedText(true));
+  Click("cmdOKInstruct1");
+  PressSave();
+  EXPECT_EQ(Status().toStdString(), SaveRefusedText(false));
+  OpenTruss(LoadedTriangle());
+  PressSave();
+  EXPECT_EQ(Status().toStdString(), SaveRefusedText(false)) << "also with a file, in Step 1";
+  EXPECT_TRUE(chooser_.Saved.empty());
+  EXPECT_TRUE(messages_.Shown.empty());
+}
+
+TEST_F(MainFormFiles, TheKeyOfSaveOpensSaveAsForAnUntitledTruss) {
+  Started();
+  Draw(LoadedTriangle());
+  Click("cmdNext1");
+  PressSave();
+  EXPECT_EQ(chooser_.Saved.size(), 1U);
+  Click("cmdNext2");
+  chooser_.Choice = directory_ / "new.trs";
+  PressSave();
+  ASSERT_EQ(chooser_.Saved.size(), 2U);
+  EXPECT_EQ(chooser_.Saved[1].ProposedName, "truss.trs");
+  EXPECT_EQ(truss_.FileName, directory_ / "new.trs");
+  ChangeTruss();
+  PressSave();
+  EXPECT_EQ(chooser_.Saved.size(), 2U) << "now it has a file";
+  EXPECT_TRUE(FileIsChanged("new.trs"));
+}
+
+TEST_F(MainFormFiles, TheKeyOfSaveWorksInTheReportWindowToo) {
+  Started();
+  OpenInStep3(LoadedTriangle());
+  ChangeTruss();
+  Report()->activateWindow();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(Report()));
+  QTest::keyClick(Report(), Qt::Key_S, Qt::ControlModifier);
+  EXPECT_TRUE(FileIsChanged());
+}
+
+// --- files that were not read whole, or changed by others
+
+TEST_F(MainFormFiles, WhatCouldNotBeReadIsNotOverwritten) {
+  Started();
+  Truss whole = LoadedTriangle();
+  std::string text = TrussText(whole);
+  text.replace(text.find("0,0,4,4"), 1, "x");
+  chooser_.Choice = directory_.Put("a.trs", text);
+  Trigger("mnuFileOpen");
+  ASSERT_LT(truss_.NumMembers, 3);
+  EXPECT_THAT(Status().toStdString(), testing::HasSubstr("Save will ask for another name"));
+  Click("cmdNext1");
+  PressSave();
+  EXPECT_EQ(chooser_.Saved.size(), 1U);
+  EXPECT_EQ(MessageTexts().size(), 1U) << "No is the answer to replacing it";
+  EXPECT_EQ(directory_.Bytes("a.trs"), text);
+  chooser_.Choice = directory_ / "b.trs";
+  PressSave();
+  EXPECT_EQ(form_->windowTitle().toStdString(), "Orvane - " + directory_ / "b.trs");
+}
+
+TEST_F(MainFormFiles, AFileThatSomebodyElseHasChangedIsNotReplacedWithoutAQuestion) {
+  Started();
+  OpenInStep2(LoadedTriangle());
+  directory_.Put("a.trs", "theirs");
+  PressSave();
+  EXPECT_THAT(MessageTexts(), testing::ElementsAre(testing::HasSubstr("changed by someone else")));
+  EXPECT_EQ(directory_.Bytes("a.trs"), "theirs");
+}
+
+TEST_F(MainFormFiles, ANameThatBreaksTheFileIsToldAfterSaving) {
+  Started();
+  OpenInStep2(LoadedTriangle());
+  const std::string name = truss_.Name(truss_.Members[1].NameLabel1);
+  truss_.Labels[truss_.Members[1].NameLabel1].Caption = "p\"q,r";
+  truss_.Labels[truss_.Members[1].NameLabel2].Caption = "p\"q,r";
+  PressSave();
+  EXPECT_THAT(Status().toStdString(), testing::HasSubstr("member \"p\"q,r\""));
+  FileMenu()->popup(QPoint(0, 0));
+  FileMenu()->close();
+  EXPECT_THAT(Status().toStdString(), testing::HasSubstr("member \"p\"q,r\""));
+  truss_.Labels[truss_.Members[1].NameLabel1].Caption = name;
+  truss_.Labels[truss_.Members[1].NameLabel2].Caption = name;
+  PressSave();
+  EXPECT_THAT(Status().toStdString(), testing::StartsWith(" Step 2: "));
+}
+
+TEST_F(MainFormFiles, StandardInputOpensUntitled) {
+  Shown();
+  Truss triangle = LoadedTriangle();
+  form_->OpenAtStart(FileBytes{TrussText(triangle), ""}, true);
+  EXPECT_FALSE(Widget("frInstruct1")->isVisible());
+  EXPECT_EQ(truss_.NumMembers, 3);
+  EXPECT_EQ(form_->windowTitle(), QStringLiteral("Orvane - [untitled]"));
+  EXPECT_FALSE(Entry("mnuRecentFile(1)")->isVisible());
+  form_->close();
+  EXPECT_THAT(MessageTexts(), testing::ElementsAre(SaveQuestion));
+}
+
+TEST_F(MainFormFiles, ARelativePathAtStartIsShownInFull) {
+  Saved("a.trs");
+  const WorkingDirectory inDirectory(directory_ / ".");
+  Shown();
+  form_->OpenAtStart("./a.trs", false);
+  EXPECT_EQ(form_->windowTitle().toStdString(), "Orvane - " + directory_ / "a.trs");
+  EXPECT_EQ(Caption("mnuRecentFile(1)").toStdString(), directory_ / "a.trs");
 }
 
 TEST_F(MainFormFiles, AFailedSaveIsReported) {

@@ -77,20 +77,50 @@ TEST_F(DocumentLifecycleTest, YesOnAnUntitledTrussGoesToSaveAs) {
   EXPECT_EQ(truss_.NumMembers, 0);
 }
 
-TEST_F(DocumentLifecycleTest, TheCommandGoesOnWhenTheSaveAsThatWasAskedForIsCancelled) {
-  DrawUntitled();
-  messages_.Answers = {MessageAnswer::Yes};
+TEST_F(DocumentLifecycleTest, ACancelledSaveAsIsNoAnswerToTheQuestion) {
+  DrawUntitled("B");
+  messages_.Answers = {MessageAnswer::Yes, MessageAnswer::Yes, MessageAnswer::Yes};
+  chooser_.FirstChoices = {std::nullopt, std::nullopt};
+  chooser_.Choice = directory_ / "new.trs";
   lifecycle_.NewFile();
+  EXPECT_THAT(messages_.Shown, ElementsAre(SaveChangesQuestion, SaveChangesQuestion, SaveChangesQuestion));
+  EXPECT_EQ(MemberNameIn("new.trs"), "B");
+  EXPECT_EQ(truss_.NumMembers, 0) << "then the command goes on";
+}
+
+TEST_F(DocumentLifecycleTest, AfterACancelledSaveAsTheTrussCanStillBeGivenUp) {
+  DrawUntitled();
+  messages_.Answers = {MessageAnswer::Yes, MessageAnswer::No};
+  lifecycle_.NewFile();
+  EXPECT_THAT(messages_.Shown, ElementsAre(SaveChangesQuestion, SaveChangesQuestion));
   EXPECT_EQ(truss_.NumMembers, 0);
 }
 
-TEST_F(DocumentLifecycleTest, TheCommandGoesOnWhenTheSaveThatWasAskedForFails) {
+TEST_F(DocumentLifecycleTest, AFailedSaveIsNoAnswerToTheQuestion) {
   DrawUntitled();
   truss_.FileName = UnwritablePath();
-  messages_.Answers = {MessageAnswer::Yes};
+  messages_.Answers = {MessageAnswer::Yes, MessageAnswer::Yes, MessageAnswer::No};
   lifecycle_.NewFile();
-  ASSERT_EQ(messages_.Shown.size(), 2U);
-  EXPECT_EQ(messages_.Shown[1].Text, "Error in mnuFileSave attempting to save file " + UnwritablePath());
+  const Message failed{.Text = "Error in mnuFileSave attempting to save file " + UnwritablePath()};
+  EXPECT_THAT(messages_.Shown,
+              ElementsAre(SaveChangesQuestion, failed, SaveChangesQuestion, failed, SaveChangesQuestion));
+  EXPECT_EQ(truss_.NumMembers, 0);
+}
+
+TEST_F(DocumentLifecycleTest, NothingIsThrownAwayBeforeTheQuestionIsAnswered) {
+  OpenSaved("a.trs");
+  RenameMember("B");
+  const std::string path = truss_.FileName;
+  truss_.FileName = UnwritablePath();
+  messages_.Answers = {MessageAnswer::Yes, MessageAnswer::Yes};
+  messages_.WhenShown = [&](const Message& message) {
+    EXPECT_EQ(MemberName(), "B");
+    EXPECT_EQ(window_.TimesEmptied, 0);
+    if (message.Buttons == MessageButtons::Ok) truss_.FileName = path;  // the disk has room again
+  };
+  lifecycle_.NewFile();
+  EXPECT_EQ(messages_.Shown.size(), 3U);
+  EXPECT_EQ(MemberNameIn("a.trs"), "B");
   EXPECT_EQ(truss_.NumMembers, 0);
 }
 
@@ -149,10 +179,14 @@ TEST_F(DocumentLifecycleTest, SaveAsWritesToTheChosenFile) {
   EXPECT_THAT(messages_.Shown, IsEmpty());
 }
 
-TEST_F(DocumentLifecycleTest, SaveAsPreselectsTrussFiles) {
+TEST_F(DocumentLifecycleTest, SaveAsPreselectsTrussFilesAndProposesAName) {
+  const auto request = [](const char* name) {
+    return FileChooserRequest{"All Files (*.*)|*.*|Truss Files (*.trs)|*.trs", 2, "/program", name};
+  };
   lifecycle_.SaveFileAs();
-  EXPECT_THAT(chooser_.Saved, ElementsAre(FileChooserRequest{"All Files (*.*)|*.*|Truss Files (*.trs)|*.trs",
-                                                             2, "/program"}));
+  OpenSaved("bridge.trs");
+  lifecycle_.SaveFileAs();
+  EXPECT_THAT(chooser_.Saved, ElementsAre(request("truss.trs"), request("bridge.trs")));
 }
 
 TEST_F(DocumentLifecycleTest, SaveAsLeavesTheOldFileAlone) {
@@ -230,6 +264,16 @@ TEST_F(DocumentLifecycleTest, ClosingTheWindowAsksWhenTheTrussHasChanged) {
   chooser_.Choice = directory_ / "new.trs";
   lifecycle_.Unload();
   EXPECT_THAT(messages_.Shown, ElementsAre(SaveChangesQuestion));
+  EXPECT_EQ(MemberNameIn("new.trs"), "B");
+}
+
+TEST_F(DocumentLifecycleTest, TheWindowClosesOnlyAfterASuccessfulSaveOrANo) {
+  DrawUntitled("B");
+  messages_.Answers = {MessageAnswer::Yes, MessageAnswer::Yes};
+  chooser_.FirstChoices = {UnwritablePath()};
+  chooser_.Choice = directory_ / "new.trs";
+  lifecycle_.Unload();
+  EXPECT_EQ(messages_.Shown.size(), 3U) << "the question, the error, the question again";
   EXPECT_EQ(MemberNameIn("new.trs"), "B");
 }
 

@@ -41,6 +41,24 @@ TEST(FileMenu, InStep3TheReportCanBePrintedToo) {
   EXPECT_EQ(FileMenuState(3, Named).Save.Caption, "&Save the  truss");
 }
 
+TEST(SaveKey, DoesWhatTheMenuOffers) {
+  for (const int step : {2, 3}) {
+    EXPECT_EQ(SaveKeyCommand(step, Named, false), SaveKey::Save);
+    EXPECT_EQ(SaveKeyCommand(step, Untitled, false), SaveKey::SaveAs) << "only Save As is offered";
+  }
+  for (const char* fileName : {Untitled, Named}) {
+    EXPECT_EQ(SaveKeyCommand(1, fileName, false), SaveKey::Refused);
+    EXPECT_EQ(SaveKeyCommand(1, fileName, true), SaveKey::Refused);
+  }
+}
+
+TEST(SaveKey, WhereItIsRefusedTheStatusBarSaysInWhichStepItIsNot) {
+  EXPECT_STREQ(SaveRefusedText(false),
+               " This is Step 1.  Saving is enabled in Step 2: press Next, then save. ");
+  EXPECT_STREQ(SaveRefusedText(true),
+               " These are the instructions before Step 1.  Saving is enabled in Step 2. ");
+}
+
 TEST(FileMenu, TheStatusBarExplainsTheOpenMenu) {
   EXPECT_STREQ(FileMenuStatusText,
                " Start a new truss, open or save an existing truss, or exit the program ");

@@ -1,11 +1,11 @@
 // Opening a file: chosen, dropped on the window, or recent; whole, broken, or gone.
 #include "support/DocumentLifecycleFixture.h"
 #include "support/FileLines.h"
+#include "support/WorkingDirectory.h"
 
 namespace {
 
 using testing::ElementsAre;
-using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
@@ -86,19 +86,20 @@ TEST_F(DocumentLifecycleTest, AReadErrorEndsOpenQuietlyAndWhatWasReadStays) {
   EXPECT_THAT(Recent(), ElementsAre("", "", "", "")) << "the error ended the command before the list";
 }
 
-TEST_F(DocumentLifecycleTest, TheReadErrorIsKeptForTheStatusBar) {
+TEST_F(DocumentLifecycleTest, TheReadErrorIsNotedForTheStatusBar) {
   chooser_.Choice = directory_.Put("broken.trs", SettingsLines() + "one\r\n");
   lifecycle_.OpenFile();
   ASSERT_TRUE(lifecycle_.LastReadError());
   EXPECT_EQ(lifecycle_.LastReadError()->Line, 11);
-  EXPECT_EQ(lifecycle_.ReadErrorText(),
-            " The file could not be read to its end: line 11: a number should stand here, not \"one\" ");
+  EXPECT_EQ(lifecycle_.FileNote(),
+            " The file could not be read to its end: line 11: a number should stand here, not \"one\"."
+            "  Save will ask for another name. ");
 }
 
 TEST_F(DocumentLifecycleTest, TheReadErrorIsShownInUtf8) {
   chooser_.Choice = directory_.Put("broken.trs", SettingsLines() + "\xE9\r\n");
   lifecycle_.OpenFile();
-  EXPECT_THAT(lifecycle_.ReadErrorText(), EndsWith("not \"\xC3\xA9\" "));
+  EXPECT_THAT(lifecycle_.FileNote(), HasSubstr("not \"\xC3\xA9\"."));
 }
 
 TEST_F(DocumentLifecycleTest, TheReadErrorGoesWithTheDocument) {
@@ -107,7 +108,7 @@ TEST_F(DocumentLifecycleTest, TheReadErrorGoesWithTheDocument) {
   EXPECT_TRUE(lifecycle_.LastReadError());
   lifecycle_.OpenPath(SavedFile("a.trs"));
   EXPECT_EQ(lifecycle_.LastReadError(), std::nullopt);
-  EXPECT_EQ(lifecycle_.ReadErrorText(), "");
+  EXPECT_EQ(lifecycle_.FileNote(), "");
 
   lifecycle_.OpenPath(broken);
   EXPECT_TRUE(lifecycle_.LastReadError());
@@ -121,7 +122,7 @@ TEST_F(DocumentLifecycleTest, AChosenDirectoryIsAReadErrorLikeAnyOther) {
   lifecycle_.OpenFile();
   EXPECT_THAT(messages_.Shown, IsEmpty());
   EXPECT_EQ(truss_.NumMembers, 0);
-  EXPECT_THAT(lifecycle_.ReadErrorText(), HasSubstr("it is a directory"));
+  EXPECT_THAT(lifecycle_.FileNote(), HasSubstr("it is a directory"));
   EXPECT_EQ(recent_.Caption(1), directory_ / "a.trs");
 }
 
@@ -168,6 +169,65 @@ TEST_F(DocumentLifecycleTest, ThePathMayBeTheDocumentsOwnFileName) {
   lifecycle_.OpenPath(truss_.FileName);
   EXPECT_EQ(MemberName(), "A");
   EXPECT_EQ(truss_.FileName, directory_ / "a.trs");
+}
+
+TEST_F(DocumentLifecycleTest, AnEmptyDocumentHasNothingToNote) {
+  lifecycle_.OpenPath(directory_.Put("broken.trs", "nonsense"));
+  EXPECT_NE(lifecycle_.FileNote(), "");
+  lifecycle_.EmptyDocument();
+  EXPECT_EQ(lifecycle_.FileNote(), "");
+}
+
+// Full paths
+
+TEST_F(DocumentLifecycleTest, ARelativePathIsMadeFullOnceWhereItEnters) {
+  SavedFile("a.trs");
+  const WorkingDirectory inDirectory(directory_ / ".");
+  lifecycle_.OpenPath("a.trs");
+  lifecycle_.OpenPath("./a.trs");
+  chooser_.Choice = "folder/../a.trs";
+  lifecycle_.OpenFile();
+  EXPECT_EQ(truss_.FileName, directory_ / "a.trs");
+  EXPECT_EQ(window_.Caption, "Orvane - " + directory_ / "a.trs");
+  chooser_.Choice = "./a.trs";
+  EXPECT_TRUE(lifecycle_.SaveFileAs());
+  EXPECT_THAT(Recent(), ElementsAre(directory_ / "a.trs", "", "", "")) << "one file has one entry";
+}
+
+TEST_F(DocumentLifecycleTest, ASavedFileStaysTheSameWhenTheWorkingDirectoryChanges) {
+  SavedFile("a.trs");
+  {
+    const WorkingDirectory inDirectory(directory_ / ".");
+    lifecycle_.OpenPath("a.trs");
+  }
+  RenameMember("B");
+  EXPECT_TRUE(lifecycle_.SaveFile());
+  EXPECT_EQ(MemberNameIn("a.trs"), "B");
+}
+
+// Standard input
+
+TEST_F(DocumentLifecycleTest, WhatCameThroughStandardInputHasNoFile) {
+  OpenSaved("a.trs");
+  Truss truss = OneMember("B");
+  lifecycle_.OpenInput({TrussText(truss), ""});
+  EXPECT_EQ(MemberName(), "B");
+  EXPECT_EQ(truss_.FileName, "");
+  EXPECT_EQ(window_.Caption, "Orvane - [untitled]");
+  EXPECT_EQ(window_.MembersDrawn, 1);
+  EXPECT_EQ(lifecycle_.FileNote(), "");
+  EXPECT_THAT(Recent(), ElementsAre(directory_ / "a.trs", "", "", ""));
+  lifecycle_.NewFile();
+  EXPECT_THAT(messages_.Shown, ElementsAre(SaveChangesQuestion)) << "it stands in no file yet";
+}
+
+TEST_F(DocumentLifecycleTest, AnErrorInStandardInputIsNotedLikeAnyOther) {
+  lifecycle_.OpenInput({SettingsLines() + "one\r\n", ""});
+  EXPECT_EQ(lifecycle_.FileNote(),
+            " The file could not be read to its end: line 11: a number should stand here, not \"one\" ");
+  lifecycle_.OpenInput({"", "the file could not be read to its end"});
+  ASSERT_TRUE(lifecycle_.LastReadError());
+  EXPECT_EQ(lifecycle_.LastReadError()->Line, 0);
 }
 
 // Recent files

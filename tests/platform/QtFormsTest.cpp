@@ -105,8 +105,7 @@ struct QtFileChooserTest : testing::Test {
   FileChooserRequest Request() const {
     return {.Filter = "All Files (*.*)|*.*|Truss Files (*.trs)|*.trs",
             .FilterIndex = 2,
-            .InitialDirectory = directory / ".",
-            .ProposedName = ""};
+            .InitialDirectory = directory / "."};
   }
 
   static void TypeName(QFileDialog& dialog, const char* name) {

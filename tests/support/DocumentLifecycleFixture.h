@@ -42,7 +42,8 @@ inline Truss OneMember(const std::string& name = "A") { return TrussBuilder().Me
 inline const Message SaveChangesQuestion{.Text = "The truss has changed.  Do you want to save the changes?",
                                          .Title = "Orvane",
                                          .Buttons = MessageButtons::YesNo,
-                                         .Icon = MessageIcon::Information};
+                                         .Icon = MessageIcon::Information,
+                                         .HasWayOut = false};
 
 class DocumentLifecycleTest : public testing::Test {
  protected:
