@@ -9,8 +9,8 @@ struct FileChooserRequest {
   std::string Filter;
   int FilterIndex = 1;           ///< the preselected filter, counted from 1
   std::string InitialDirectory;  ///< UTF-8; where the chooser opens
-  std::string ProposedName =
-      {};  ///< UTF-8; for saving, the file name that stands in the chooser; may be empty
+  /// UTF-8; for saving, the file name that stands in the chooser at first; may be empty.
+  std::string ProposedName = {};
 
   friend bool operator==(const FileChooserRequest&, const FileChooserRequest&) = default;
 };

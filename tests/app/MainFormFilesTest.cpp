@@ -174,7 +174,7 @@ TEST_F(MainFormFiles, NoTrussIsLostByAFullDiskAtClosing) {
     EXPECT_TRUE(form_->isVisible());
     EXPECT_EQ(truss_.NumMembers, 3);
     // The first save finds no room, the second does.
-    if (message.Text == SaveQuestion) full_.emplace();
+    if (message.Text == SaveQuestion) full_.emplace(64);
     if (messages_.Shown.size() == 3) full_.reset();
   };
   EXPECT_TRUE(form_->close());

@@ -1,7 +1,5 @@
 // What a random user does with windows and files: sizes, double clicks, drops, disks that fail, the report
 // window.
-#include <sys/resource.h>
-
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
 #include <QDragEnterEvent>
@@ -9,38 +7,17 @@
 #include <QMimeData>
 #include <QUrl>
 #include <array>
-#include <csignal>
 #include <filesystem>
 #include <optional>
 
 #include "RandomUser.h"
 #include "naming/Naming.h"
+#include "support/FullDisk.h"
 #include "support/NumberedStrip.h"
 
 namespace {
 
 constexpr int NumRandomFiles = 3;
-
-// A disk with room for this many bytes in a file, for as long as it lives.
-class FullDisk {
- public:
-  explicit FullDisk(rlim_t room) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    rlimit limit = before_;
-    limit.rlim_cur = room;
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-  ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, handler_);
-  }
-
- private:
-  rlimit before_{};
-  void (*handler_)(int);
-};
 
 }  // namespace
 

@@ -1,26 +1,27 @@
-// As long as it lives, files cannot grow beyond a few bytes: the disk has no room left.
+// A disk without room, for tests of what happens then.
 #pragma once
 
 #include <sys/resource.h>
 
 #include <csignal>
 
+// A disk with room for this many bytes in a file, for as long as it lives.
 class FullDisk {
  public:
-  FullDisk() : before_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &limit_);
-    rlimit small = limit_;
-    small.rlim_cur = 64;
-    setrlimit(RLIMIT_FSIZE, &small);
+  explicit FullDisk(rlim_t room) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    rlimit limit = before_;
+    limit.rlim_cur = room;
+    setrlimit(RLIMIT_FSIZE, &limit);
   }
   FullDisk(const FullDisk&) = delete;
   FullDisk& operator=(const FullDisk&) = delete;
   ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &limit_);
-    std::signal(SIGXFSZ, before_);
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, handler_);
   }
 
  private:
-  void (*before_)(int);
-  rlimit limit_{};
+  rlimit before_{};
+  void (*handler_)(int);
 };
