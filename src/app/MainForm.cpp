@@ -243,7 +243,7 @@ void MainForm::ShowReport(int report) {
 
 void MainForm::mnuFile_Click() {
   UpdateFileMenu();
-  ShowHint(FileMenuStatusText);
+  ShowHint(StatusHint::Menu, FileMenuStatusText);
 }
 
 void MainForm::UpdateFileMenu() {
@@ -290,7 +290,7 @@ void MainForm::SaveByKey() {
       mnuFileSaveAs_->trigger();
       break;
     case SaveKey::Refused:
-      ShowHint(SaveRefusedText(instructed));
+      ShowHint(StatusHint::Key, SaveRefusedText(instructed));
       break;
   }
 }
@@ -345,13 +345,13 @@ void MainForm::ShowStatus() {
   statusPanels_[0]->setToolTip(PlainToolTip(text.trimmed()));
 }
 
-void MainForm::ShowHint(const std::string& hint) {
-  status_.ShowHint(hint);
+void MainForm::ShowHint(StatusHint from, const std::string& hint) {
+  status_.ShowHint(from, hint);
   ShowStatus();
 }
 
-void MainForm::EndHint() {
-  status_.EndHint();
+void MainForm::EndHint(StatusHint from) {
+  status_.EndHint(from);
   ShowStatus();
 }
 

@@ -105,8 +105,8 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void ShowStep();
   void UpdateFileMenu();
   void ShowStatus();
-  void ShowHint(const std::string& hint);
-  void EndHint();
+  void ShowHint(StatusHint from, const std::string& hint);
+  void EndHint(StatusHint from);
   void Note(StatusNote about, const std::string& text);
   void AfterFileCommand();
   void NameAtStart();

@@ -55,8 +55,8 @@ void MainForm::CreateToolPanel() {
   picToolBox_ = new ToolBox(tools_, centralWidget());
   picToolBox_->setAutoFillBackground(true);
   connect(picToolBox_, &ToolBox::HintShown, this,
-          [this](const QString& hint) { ShowHint(hint.toStdString()); });
-  connect(picToolBox_, &ToolBox::HintEnded, this, &MainForm::EndHint);
+          [this](const QString& hint) { ShowHint(StatusHint::Tool, hint.toStdString()); });
+  connect(picToolBox_, &ToolBox::HintEnded, this, [this] { EndHint(StatusHint::Tool); });
   connect(picToolBox_, &ToolBox::ToolSelected, this,
           [this](int tool) { status_.ChooseTool(ToolHint(tool)); });
   tool_ = std::make_unique<CanvasTools>(CanvasTools::Partners{on_.Document, drawing_, tools_, on_.Messages,
@@ -65,9 +65,12 @@ void MainForm::CreateToolPanel() {
   connect(tool_.get(), &CanvasTools::ToolChosen, this, [this](int tool) {
     picToolBox_->ShowPalette();
     status_.ChooseTool(ToolHint(tool));
-    ShowHint(ToolHint(tool));
+    ShowHint(StatusHint::Tool, ToolHint(tool));
   });
-  connect(tool_.get(), &CanvasTools::WorkBegan, this, &MainForm::EndHint);
+  connect(tool_.get(), &CanvasTools::WorkBegan, this, [this] {
+    EndHint(StatusHint::Tool);
+    EndHint(StatusHint::Key);
+  });
   connect(tool_.get(), &CanvasTools::ReadOutChanged, this,
           [this](const QString& text) { statusPanels_[1]->ShowText(text); });
   StepNavigation& navigation = navigation_[0];
@@ -149,7 +152,7 @@ void MainForm::CreateFileMenu() {
   mnuFile_ = menuBar()->addMenu(tr("&File"));
   mnuFile_->setObjectName(QStringLiteral("mnuFile"));
   connect(mnuFile_, &QMenu::aboutToShow, this, &MainForm::mnuFile_Click);
-  connect(mnuFile_, &QMenu::aboutToHide, this, &MainForm::EndHint);
+  connect(mnuFile_, &QMenu::aboutToHide, this, [this] { EndHint(StatusHint::Menu); });
   const auto add = [this](const char* name, const QString& text, const QKeySequence& keys, auto handler) {
     QAction* action = mnuFile_->addAction(text);
     action->setObjectName(QString::fromLatin1(name));

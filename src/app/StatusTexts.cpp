@@ -11,9 +11,14 @@ void StatusTexts::Note(StatusNote about, const std::string& text) {
   notes_.at(static_cast<std::size_t>(about)) = text;
 }
 
-void StatusTexts::ShowHint(const std::string& text) { hint_ = text; }
+void StatusTexts::ShowHint(StatusHint from, const std::string& text) {
+  hint_ = text;
+  hintFrom_ = from;
+}
 
-void StatusTexts::EndHint() { hint_.clear(); }
+void StatusTexts::EndHint(StatusHint from) {
+  if (hintFrom_ == from) hint_.clear();
+}
 
 void StatusTexts::ChooseTool(const std::string& hint) { standing_ = hint; }
 

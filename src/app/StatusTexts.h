@@ -14,6 +14,13 @@ enum class StatusNote {
   Step,     ///< why the step could not be left, or what was found on entering it
 };
 
+/// Where a hint comes from.
+enum class StatusHint {
+  Tool,  ///< a tool under the mouse, or chosen with a key
+  Menu,  ///< an open menu
+  Key,   ///< a key that does nothing here
+};
+
 /// All texts are UTF-8 and have a blank at both ends.
 class StatusTexts {
  public:
@@ -24,12 +31,11 @@ class StatusTexts {
   /// it.
   void Note(StatusNote about, const std::string& text);
 
-  /// Shows the hint of a tool under the mouse, of an open menu, of a key that does nothing here: in front of
-  /// everything until EndHint, the next hint, or the next step.
-  void ShowHint(const std::string& text);
+  /// Shows a hint in front of everything until its end, the next hint, or the next step.
+  void ShowHint(StatusHint from, const std::string& text);
 
-  /// What the hint covered is shown again.
-  void EndHint();
+  /// The hint of this kind, if it is the one that is shown, ends; what it covered is shown again.
+  void EndHint(StatusHint from);
 
   /// The hint of the chosen tool: it takes the place of the step's text until the next step.
   void ChooseTool(const std::string& hint);
@@ -43,4 +49,5 @@ class StatusTexts {
   std::string standing_;
   std::array<std::string, NumNotes> notes_;
   std::string hint_;
+  StatusHint hintFrom_{};
 };

@@ -27,19 +27,28 @@ TEST_F(StatusTextsTest, ANoteCoversTheStepUntilTheNextOne) {
 
 TEST_F(StatusTextsTest, AHintGivesTheNoteBackWhenItEnds) {
   status.Note(StatusNote::File, FileNote);
-  status.ShowHint(Hint);
+  status.ShowHint(StatusHint::Tool, Hint);
   EXPECT_EQ(status.Shown(), Hint);
-  status.ShowHint(OtherHint);
+  status.ShowHint(StatusHint::Tool, OtherHint);
   EXPECT_EQ(status.Shown(), OtherHint);
-  status.EndHint();
+  status.EndHint(StatusHint::Tool);
   EXPECT_EQ(status.Shown(), FileNote);
 }
 
+TEST_F(StatusTextsTest, AHintEndsOnlyWhenItsOwnTimeIsOver) {
+  status.ShowHint(StatusHint::Tool, Hint);
+  status.ShowHint(StatusHint::Menu, OtherHint);
+  status.EndHint(StatusHint::Tool);
+  EXPECT_EQ(status.Shown(), OtherHint) << "the mouse leaves the tool because a menu opens";
+  status.EndHint(StatusHint::Menu);
+  EXPECT_EQ(status.Shown(), Step);
+}
+
 TEST_F(StatusTextsTest, ANoteThatComesUnderAHintWaitsForItsEnd) {
-  status.ShowHint(Hint);
+  status.ShowHint(StatusHint::Tool, Hint);
   status.Note(StatusNote::File, FileNote);
   EXPECT_EQ(status.Shown(), Hint);
-  status.EndHint();
+  status.EndHint(StatusHint::Tool);
   EXPECT_EQ(status.Shown(), FileNote);
 }
 
@@ -60,8 +69,8 @@ TEST_F(StatusTextsTest, ANoteReplacesTheOneOnTheSameMatterAndCanBeWithdrawn) {
 TEST_F(StatusTextsTest, TheHintOfTheChosenToolStandsButCoversNoNote) {
   status.ChooseTool(Hint);
   EXPECT_EQ(status.Shown(), Hint);
-  status.ShowHint(OtherHint);
-  status.EndHint();
+  status.ShowHint(StatusHint::Tool, OtherHint);
+  status.EndHint(StatusHint::Tool);
   EXPECT_EQ(status.Shown(), Hint);
   status.Note(StatusNote::File, FileNote);
   status.ChooseTool(OtherHint);
@@ -70,7 +79,7 @@ TEST_F(StatusTextsTest, TheHintOfTheChosenToolStandsButCoversNoNote) {
 
 TEST_F(StatusTextsTest, AStepEndsHints) {
   status.ChooseTool(Hint);
-  status.ShowHint(OtherHint);
+  status.ShowHint(StatusHint::Tool, OtherHint);
   status.EnterStep(Step);
   EXPECT_EQ(status.Shown(), Step);
 }
