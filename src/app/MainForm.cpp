@@ -341,6 +341,8 @@ void MainForm::ShowHelpOnStep() { ShowHelp(HelpTopicForStep(steps_.Current(), In
 
 void MainForm::ShowStatus() {
   const QString text = QString::fromStdString(status_.Shown());
+  // Every redraw comes here, and choosing the font that fits takes time.
+  if (text == statusPanels_[0]->text()) return;
   statusPanels_[0]->ShowText(text);
   statusPanels_[0]->setToolTip(PlainToolTip(text.trimmed()));
 }
