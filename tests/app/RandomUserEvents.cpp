@@ -157,6 +157,11 @@ void RandomUser::UsePrintableReport(QWidget& report) {
 
 // Whatever dialog is open gets a few keys and is then closed.
 void RandomUser::AnswerDialog() {
+  // In a narrow window a button opens the rest of the menu bar, and waits for a choice.
+  if (QWidget* popup = QApplication::activePopupWidget()) {
+    popup->close();
+    return;
+  }
   QWidget* dialog = QApplication::activeModalWidget();
   if (dialog == nullptr) return;
   if (dialog->objectName() == QStringLiteral("frmReport")) {
