@@ -25,19 +25,24 @@ struct Remark {
 std::vector<Remark> heldRemarks;
 QtMessageHandler shownBy = nullptr;
 
-bool IsOfWindowSystem(const Remark& remark) { return remark.Category.starts_with("qt.qpa"); }
+// The loader of the window systems guesses what might be missing; each system itself knows why it gave up.
+bool IsOfLoader(const Remark& remark) { return remark.Category == "qt.qpa.plugin"; }
+bool IsOfWindowSystem(const Remark& remark) {
+  return remark.Category.starts_with("qt.qpa") && !IsOfLoader(remark);
+}
 
 QString WhyNotReached() {
-  const auto why = std::find_if(heldRemarks.begin(), heldRemarks.end(), IsOfWindowSystem);
+  auto why = std::ranges::find_if(heldRemarks, IsOfWindowSystem);
+  if (why == heldRemarks.end()) why = std::ranges::find_if(heldRemarks, IsOfLoader);
   return why == heldRemarks.end() ? QString() : why->Text;
 }
 
 void Hold(QtMsgType type, const QMessageLogContext& context, const QString& text) {
   if (type == QtFatalMsg) EndWithoutDisplay(WhyNotReached());
-  if (type == QtWarningMsg || type == QtCriticalMsg) {
-    heldRemarks.push_back({type, context.category ? context.category : "", text});
+  if (type == QtDebugMsg) {
+    shownBy(type, context, text);  // only who looks for a fault asks for these
   } else {
-    shownBy(type, context, text);
+    heldRemarks.push_back({type, context.category ? context.category : "", text});
   }
 }
 

@@ -97,6 +97,6 @@ int main(int argc, char** argv) {
   }
   const CommandLine& commandLine = std::get<CommandLine>(parsed);
   if (commandLine.What != CommandLine::Mode::Window) return RunWithoutWindow(commandLine);
-  if (IsTerminalAlone()) EndWithoutDisplay("");
+  if (IsTerminalAlone()) EndWithoutDisplay(QString());
   return RunWindow(argc, argv, commandLine);
 }
