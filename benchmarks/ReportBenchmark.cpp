@@ -9,6 +9,7 @@
 
 #include "analysis/Analysis.h"
 #include "benchmarks/ShapeDocument.h"
+#include "platform/Page.h"
 #include "reports/PrintableReportFiles.h"
 
 namespace {
@@ -74,7 +75,7 @@ void Register(const char* name, void (*function)(State&, Argument), Argument arg
 }  // namespace
 
 void RegisterReportBenchmarks() {
-  Register("document for paper", BuildDocument, TextWidthOfA4);
+  Register("document for paper", BuildDocument, static_cast<float>(PointsOf(PageTextWidth)));
   Register("document of any width", BuildDocument, 0.0F);
   Register("PDF", WriteFile, DocumentFileFormat::Pdf);
   Register("RTF", WriteFile, DocumentFileFormat::Rtf);
