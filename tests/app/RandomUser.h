@@ -35,8 +35,8 @@ class RandomUser : public WindowEditingFixture {
   /// it showed.
   void CheckStep3();
 
-  /// Escape on the canvas gives up what is being drawn. Sent straight to it: when another window is active,
-  /// the key would be that window's.
+  /// Gives up what is being drawn, with the right button: Escape would be the key of another window when that
+  /// is active.
   void GiveUpDrawing();
 
   int Below(int bound) { return std::uniform_int_distribution<int>(0, bound - 1)(random_); }

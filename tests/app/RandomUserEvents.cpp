@@ -51,8 +51,7 @@ void RandomUser::AnyEvent() {
 }
 
 void RandomUser::GiveUpDrawing() {
-  QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-  QApplication::sendEvent(Canvas(), &escape);
+  QTest::mouseClick(Canvas(), Qt::RightButton, Qt::NoModifier, Canvas()->rect().center());
 }
 
 // Mostly near points of a coarse grid, so that things meet; sometimes anywhere, even outside.
