@@ -86,7 +86,8 @@ class ReportBuilder {
     RTBTitle(report_, "Orvane", 1, 0);
     if (truss_.FileName.empty()) return;
     RTBText(report_, "Name of file containing truss:", 0, 0, BoldBlack, LineRole::Joined);
-    RTBText(report_, WithoutControls(truss_.FileName) + ' ', BreaksBeforeText, 0, PlainBlack, LineRole::JoinedLast);
+    RTBText(report_, WithoutControls(truss_.FileName) + ' ', BreaksBeforeText, 0, PlainBlack,
+            LineRole::JoinedLast);
   }
 
   void AppendHeading(std::string_view heading) {

@@ -29,7 +29,8 @@ TEST(ElementWithBrokenName, ErasedElementsStandInNoFile) {
 }
 
 TEST(ElementWithBrokenName, IsShownOnOneLineInUtf8AndShort) {
-  EXPECT_EQ(ElementWithBrokenName(TrussBuilder().Member(0, 0, 4, 0, "\xE9\n\"")), "member \"\xC3\xA9 \"\"");
+  EXPECT_EQ(ElementWithBrokenName(TrussBuilder().Member(0, 0, 4, 0, "\xE9\n\"")),
+            "member \"\xC3\xA9\xE2\x90\x8A\"\"");
   const std::string element =
       ElementWithBrokenName(TrussBuilder().Member(0, 0, 4, 0, std::string(5000, 'x') + "\""));
   EXPECT_EQ(element, "member \"" + std::string(40, 'x') + "...\"");

@@ -101,9 +101,11 @@ TEST_F(DocumentLifecycleTest, AFailedSaveIsNoAnswerToTheQuestion) {
   truss_.FileName = UnwritablePath();
   messages_.Answers = {MessageAnswer::Yes, MessageAnswer::Yes, MessageAnswer::No};
   lifecycle_.NewFile();
-  const Message failed{.Text = "Error in mnuFileSave attempting to save file " + UnwritablePath()};
-  EXPECT_THAT(messages_.Shown,
-              ElementsAre(SaveChangesQuestion, failed, SaveChangesQuestion, failed, SaveChangesQuestion));
+  std::vector<std::string> texts;
+  for (const Message& message : messages_.Shown) texts.push_back(message.Text);
+  const std::string failed = "Error in mnuFileSave attempting to save file " + UnwritablePath();
+  const std::string& question = SaveChangesQuestion.Text;
+  EXPECT_THAT(texts, ElementsAre(question, failed, question, failed, question));
   EXPECT_EQ(truss_.NumMembers, 0);
 }
 

@@ -146,10 +146,10 @@ TEST(ReportFile, ATrussWithoutAFileIsTitledWithTheProgramsName) {
   EXPECT_THAT(pdf.Text(), testing::ContainsRegex("Orvane +Page 1"));
 }
 
-TEST(ReportFile, AFileNameOfTwoLinesStandsOnOneInTheFooter) {
+TEST(ReportFile, AFileNameWithALineBreakStandsOnOneLineInTheFooter) {
   Truss truss = Triangle();
   truss.FileName = "two\nlines.trs";
-  EXPECT_THAT(Solved(std::move(truss)).Pdf().Text(), testing::ContainsRegex("two lines.trs +Page 1"));
+  EXPECT_THAT(Solved(std::move(truss)).Pdf().Text(), testing::ContainsRegex("twolines.trs +Page 1"));
 }
 
 TEST(ReportFile, TheSameReportGivesTheSameBytes) {
@@ -263,7 +263,7 @@ TEST(ReportFile, ATitleOfOddCharactersIsTold) {
   Truss truss = Triangle();
   truss.FileName = "/x/\xCE\xB1 {b} <&>\x01 \xE2\x80\x93.trs";
   const Solved solved(std::move(truss));
-  const QString title = QString::fromUtf8("\xCE\xB1 {b} <&>  \xE2\x80\x93.trs");
+  const QString title = QString::fromUtf8("\xCE\xB1 {b} <&> \xE2\x80\x93.trs");
   EXPECT_EQ(ScanRtf(solved.File(DocumentFileFormat::Rtf)).Title, title);
   const std::string escaped = title.toHtmlEscaped().toStdString();
   EXPECT_THAT(solved.File(DocumentFileFormat::Html).toStdString(), HasSubstr("<title>" + escaped + "<"));
