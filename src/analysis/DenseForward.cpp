@@ -128,7 +128,7 @@ Index DenseBlock::FindPivotRow() {
   const std::size_t from = step / BlockLength * BlockLength;  // the bounds of the rows taken are 0
   while (step < numRows_) {
     const double largest = vector_.Largest(bounds_.data() + from, bounds_.size() - from);
-    if (!(largest >= PivotTolerance)) return None;
+    if (!echelon_.Accepts(largest)) return None;
     const auto found = std::find(bounds_.begin() + step, bounds_.begin() + numRows_, largest);
     const auto row = static_cast<Index>(found - bounds_.begin());
     if (pendingOf_[row] == 0) return row;

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "analysis/Elimination.h"
+
 using Index = std::uint32_t;
 
 /// The coefficients of one row, in no particular order, none of them 0.
@@ -24,6 +26,12 @@ struct Echelon {
     std::iota(PositionOfColumn.begin(), PositionOfColumn.end(), Index{0});
   }
 
+  /// Whether another pivot may be taken, when the largest magnitude left is `largest`.
+  bool Accepts(double largest) const {
+    return largest >= Limits.SmallestPivot && largest > 0 &&
+           NumPivots() < static_cast<std::uint64_t>(Limits.MostPivots);
+  }
+
   Index NumRows() const { return static_cast<Index>(RowAt.size()); }
   Index NumColumns() const { return static_cast<Index>(ColumnAt.size()); }
   Index NumPivots() const { return static_cast<Index>(PivotRows.size()); }
@@ -35,6 +43,7 @@ struct Echelon {
     PositionOfColumn[ColumnAt[otherPosition]] = otherPosition;
   }
 
+  EliminationLimits Limits;
   std::vector<Index> RowAt;             ///< the row that stands at a position
   std::vector<Index> ColumnAt;          ///< the column that stands at a position
   std::vector<Index> PositionOfColumn;  ///< the inverse of ColumnAt

@@ -95,6 +95,19 @@ void Reduce(Echelon& echelon, Matrix& matrix, const EliminationTuning& tuning) {
   }
 }
 
+void Solve(Echelon& echelon, Matrix& matrix, Table<std::int16_t>& columnOrder,
+           const EliminationTuning& tuning) {
+  Reduce(echelon, matrix, tuning);
+  const auto numColumns = static_cast<int>(echelon.NumColumns());
+  const bool keepsPermutation = echelon.NumRows() < echelon.NumColumns();
+  columnOrder.Resize(numColumns);
+  for (int k = 1; k <= numColumns; ++k) {
+    const int unknown =
+        keepsPermutation ? static_cast<int>(echelon.ColumnAt[static_cast<Index>(k - 1)]) + 1 : k;
+    columnOrder[k] = static_cast<std::int16_t>(unknown);
+  }
+}
+
 }  // namespace
 
 void SolveToRREF(int R, int N, Matrix& EquationMatrix, Table<std::int16_t>& ColumnOrder) {
@@ -104,10 +117,12 @@ void SolveToRREF(int R, int N, Matrix& EquationMatrix, Table<std::int16_t>& Colu
 void SolveToRREF(int R, int N, Matrix& EquationMatrix, Table<std::int16_t>& ColumnOrder,
                  const EliminationTuning& tuning) {
   Echelon echelon(static_cast<Index>(R), static_cast<Index>(N));
-  Reduce(echelon, EquationMatrix, tuning);
-  ColumnOrder.Resize(N);
-  for (int k = 1; k <= N; ++k) {
-    const int unknown = R < N ? static_cast<int>(echelon.ColumnAt[static_cast<Index>(k - 1)]) + 1 : k;
-    ColumnOrder[k] = static_cast<std::int16_t>(unknown);
-  }
+  Solve(echelon, EquationMatrix, ColumnOrder, tuning);
+}
+
+void SolveToRREF(int R, int N, Matrix& EquationMatrix, Table<std::int16_t>& ColumnOrder,
+                 const EliminationLimits& limits) {
+  Echelon echelon(static_cast<Index>(R), static_cast<Index>(N));
+  echelon.Limits = limits;
+  Solve(echelon, EquationMatrix, ColumnOrder, EliminationTuning{});
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 
 #include "analysis/SparseMatrix.h"
 #include "document/Table.h"
@@ -20,3 +21,15 @@ inline constexpr double PivotTolerance = 1e-10;
 /// largest magnitude, the first one met wins; swap; divide; clear the column above and below), but for the
 /// sign of zeros; cells that are 0 are not stored.
 void SolveToRREF(int R, int N, SparseMatrix<double>& EquationMatrix, Table<std::int16_t>& ColumnOrder);
+
+/// Where an elimination stops looking for pivots, for whoever knows more about its matrix than the matrix
+/// says: no pivot is smaller than `SmallestPivot` (or 0), and there are no more than `MostPivots`.
+struct EliminationLimits {
+  double SmallestPivot = PivotTolerance;
+  int MostPivots = std::numeric_limits<int>::max();
+};
+
+/// SolveToRREF with other limits. Entries are still set to 0 below PivotTolerance; coefficients that are left
+/// in rows without a pivot are dropped.
+void SolveToRREF(int R, int N, SparseMatrix<double>& EquationMatrix, Table<std::int16_t>& ColumnOrder,
+                 const EliminationLimits& limits);

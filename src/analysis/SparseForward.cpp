@@ -10,7 +10,6 @@
 #include <cmath>
 #include <cstdint>
 
-#include "analysis/Elimination.h"
 #include "analysis/VectorUpdate.h"
 
 namespace {
@@ -45,7 +44,7 @@ class SparseBlock {
     if (step == echelon_.NumRows()) return false;
     const std::size_t from = step / BlockLength * BlockLength;  // pivot rows have left a 0
     const double largest = vector_.Largest(largestAt_.data() + from, largestAt_.size() - from);
-    if (!(largest >= PivotTolerance)) return false;
+    if (!echelon_.Accepts(largest)) return false;
 
     const auto first = std::find(largestAt_.begin() + step, largestAt_.end(), largest);
     const auto position = static_cast<Index>(first - largestAt_.begin());

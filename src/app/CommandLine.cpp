@@ -33,7 +33,8 @@ class Parser {
       }
     }
     CheckFiles();
-    if (result_.Matrices && result_.What != Mode::Json) Fail("--matrices goes with --json");
+    if (result_.Json.Matrices && result_.What != Mode::Json) Fail("--matrices goes with --json");
+    if (result_.Json.Explanation && result_.What != Mode::Json) Fail("--explain goes with --json");
     if (result_.Named && result_.What != Mode::Picture) Fail("--named goes with --picture");
     return result_;
   }
@@ -74,7 +75,9 @@ class Parser {
     } else if (name == "--version") {
       SetMode(Mode::Version, name);
     } else if (name == "--matrices") {
-      result_.Matrices = true;
+      result_.Json.Matrices = true;
+    } else if (name == "--explain") {
+      result_.Json.Explanation = true;
     } else if (name == "--named") {
       result_.Named = true;
     } else if (name == "--autoname") {
@@ -115,9 +118,18 @@ class Parser {
       sections.RREF = true;
     } else if (section == "solutions") {
       sections.Solutions = true;
+    } else if (section == "why") {
+      TakeExplained(ExplainedSection::Why);
+    } else if (section == "checks") {
+      TakeExplained(ExplainedSection::Checks);
     } else {
       Fail("there is no report section \"" + std::string(section) + '"');
     }
+  }
+
+  // A section named twice is printed once.
+  void TakeExplained(ExplainedSection section) {
+    if (std::ranges::count(result_.Explained, section) == 0) result_.Explained.push_back(section);
   }
 
   void TakeTable(const std::string& table) {
@@ -189,8 +201,11 @@ const char* HelpText() {
 
 orvane [FILE]                               open the window, on FILE when given
 orvane --report[=SECTION,...] FILE...       print reports: counting, joints, equations, rref, solutions
-                                            (all when none is named)
-orvane --json [--matrices] FILE...          one JSON object per file and line
+                                            (all when none is named); also why: what stands behind the
+                                            conclusion, and checks: oversights of the drawing
+orvane --json [--matrices] [--explain] FILE...
+                                            one JSON object per file and line; --explain adds the exact verdict
+                                            with its reasons, and the checks
 orvane --csv=equations|rref|solutions FILE  that table as CSV
 orvane --picture=OUT [--named] FILE         the truss with its forces as .png, .svg or .pdf, by the ending of
                                             OUT; --named adds the names of forces and joints

@@ -21,12 +21,22 @@ struct ReportSections {
   bool Solutions = false;
 };
 
+/// What stands behind the answer; printed after the sections above, in the order named.
+enum class ExplainedSection { Why, Checks };
+
+/// What --json tells beyond its usual keys.
+struct JsonExtras {
+  bool Matrices = false;
+  bool Explanation = false;
+};
+
 struct CommandLine {
   enum class Mode { Window, Report, Json, Csv, Picture, Document, Convert, Help, Version };
 
   Mode What = Mode::Window;
   ReportSections Sections;              ///< of Report
-  bool Matrices = false;                ///< of Json
+  std::vector<ExplainedSection> Explained;  ///< of Report
+  JsonExtras Json;                      ///< of Json
   CsvTable Table{};                     ///< of Csv
   bool Named = false;                   ///< of Picture: with the names and their arrows
   PictureFileFormat PictureFormat{};    ///< of Picture

@@ -3,10 +3,11 @@
 
 #include <string>
 
+#include "app/CommandLine.h"
 #include "app/FileAnalysis.h"
 #include "reports/FormatSigFigs.h"
 
 /// One line of UTF-8 without its end. Keys stand in a fixed order. Singles and doubles are written in the
-/// shortest form that reads back to the same value of their type. With `matrices` the assembled and the
-/// reduced augmented matrix are written in full.
-std::string JsonReport(const AnalysedFile& file, bool matrices, const ReportFormat& format);
+/// shortest form that reads back to the same value of their type. The assembled and the reduced
+/// augmented matrix are written in full when they are asked for.
+std::string JsonReport(const AnalysedFile& file, const JsonExtras& extras, const ReportFormat& format);

@@ -123,13 +123,13 @@ class Run {
     if (commandLine_.What == CommandLine::Mode::Document) {
       WriteDocument(file);
     } else if (commandLine_.What == CommandLine::Mode::Json) {
-      out << environment_.Json(file, commandLine_.Matrices, format) << '\n';
+      out << environment_.Json(file, commandLine_.Json, format) << '\n';
     } else if (commandLine_.What == CommandLine::Mode::Csv) {
       WriteCsv(out, file, commandLine_.Table, format);
     } else {
       if (commandLine_.Files.size() > 1)
         out << (first ? "" : "\n") << "== " << VisibleText(file.Argument) << " ==\n";
-      WriteReport(out, file, commandLine_.Sections, format);
+      WriteReport(out, file, {commandLine_.Sections, commandLine_.Explained}, format);
     }
   }
 

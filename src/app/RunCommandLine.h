@@ -22,7 +22,8 @@ struct CommandLineEnvironment {
   NumberFormat Numbers;
 
   /// One JSON object (UTF-8, no line end) for an analysed file.
-  std::function<std::string(const AnalysedFile& file, bool matrices, const ReportFormat& format)> Json;
+  std::function<std::string(const AnalysedFile& file, const JsonExtras& extras, const ReportFormat& format)>
+      Json;
 
   /// The bytes of a picture file, with names when `named`. Nothing when there is nothing to draw.
   std::function<std::optional<std::string>(const AnalysedFile& file, bool named, PictureFileFormat,

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "analysis/JointEquations.h"
+#include "app/ExplanationReport.h"
 #include "reports/CountingReport.h"
 #include "text/CodePage.h"
 #include "text/ControlCharacters.h"
@@ -102,11 +103,12 @@ std::unique_ptr<ReportTable> LoadTable(const AnalysedFile& file, CsvTable table,
 
 }  // namespace
 
-void WriteReport(std::ostream& out, const AnalysedFile& file, const ReportSections& sections,
+void WriteReport(std::ostream& out, const AnalysedFile& file, const WantedSections& wanted,
                  const ReportFormat& format) {
+  const ReportSections& sections = wanted.Usual;
   bool first = true;
-  const auto section = [&](bool wanted, auto write) {
-    if (!wanted) return;
+  const auto section = [&](bool isWanted, auto write) {
+    if (!isWanted) return;
     if (!first) out << '\n';
     first = false;
     write();
@@ -119,6 +121,12 @@ void WriteReport(std::ostream& out, const AnalysedFile& file, const ReportSectio
   section(sections.Equations, [&] { WriteTable(out, *LoadGridWithEquations(file.Analysis, format)); });
   section(sections.RREF, [&] { WriteTable(out, *LoadGridWithRREF(file.Analysis, format)); });
   section(sections.Solutions, [&] { WriteSolutions(out, file, format); });
+  for (const ExplainedSection explained : wanted.Explained) {
+    const bool isWhy = explained == ExplainedSection::Why;
+    section(isWhy && file.Analysis.System.NumUnknowns() > 0,
+            [&] { WriteWhy(out, ExplainTruss(file.Document, file.Analysis), format); });
+    section(!isWhy, [&] { WriteChecks(out, file, format); });
+  }
 }
 
 void WriteCsv(std::ostream& out, const AnalysedFile& file, CsvTable which, const ReportFormat& format) {

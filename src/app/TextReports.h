@@ -2,14 +2,21 @@
 #pragma once
 
 #include <ostream>
+#include <vector>
 
 #include "app/CommandLine.h"
 #include "app/FileAnalysis.h"
 #include "reports/FormatSigFigs.h"
 #include "reports/ReportTables.h"
 
+/// What to print: the usual sections in their order, then the others as they were named.
+struct WantedSections {
+  ReportSections Usual;
+  std::vector<ExplainedSection> Explained;
+};
+
 /// Prints the sections, a blank line between them; one that is empty is left out. Line ends are LF.
-void WriteReport(std::ostream& out, const AnalysedFile& file, const ReportSections& sections,
+void WriteReport(std::ostream& out, const AnalysedFile& file, const WantedSections& sections,
                  const ReportFormat& format);
 
 /// Prints one table as RFC 4180 tells: CR LF, fields quoted where they must be. The solutions of a system

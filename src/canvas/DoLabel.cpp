@@ -286,3 +286,20 @@ bool RefreshJoints(Drawing& drawing, Truss& truss, const TextMeasure& measure) {
   PlaceJointLabels(drawing, truss, measure);
   return refreshed;
 }
+
+std::vector<PixelLine> ReactionArrows(float x, float y, std::int16_t type) {
+  std::vector<PixelLine> arrows;
+  const float left = x - SupportPictureSize / 2;
+  const float top = y - SupportPictureSize / 2;
+  const auto add = [&](ArrowSide side) {
+    const ArrowOffsets offset = OffsetsOf(side);
+    arrows.push_back({left + offset.FromX, top + offset.FromY, left + offset.HeadX, top + offset.HeadY});
+  };
+  if (type > LastClampType) {
+    add(RollerArrowSide(type));
+  } else {
+    add(ArrowSide::Left);
+    add(ArrowSide::Below);
+  }
+  return arrows;
+}

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "canvas/Drawing.h"
 #include "platform/TextMeasure.h"
@@ -50,3 +51,7 @@ void PlaceNames(Drawing& drawing, const Truss& truss, const TextMeasure& measure
 /// Brings the truss's joint list up to date and places the joints' names. Returns false, with the old joints
 /// and their names in place, when CheckJoints refuses.
 [[nodiscard]] bool RefreshJoints(Drawing& drawing, Truss& truss, const TextMeasure& measure);
+
+/// The arrows of a support's reactions as they stand beside its picture, in pixels: two for a clamp, one for a
+/// roller. (x, y) is the supported point.
+std::vector<PixelLine> ReactionArrows(float x, float y, std::int16_t type);

@@ -92,14 +92,28 @@ TEST(CommandLineReport, NeedsAFile) { EXPECT_EQ(WhyWrong({"--report"}), "--repor
 TEST(CommandLineJson, TakesFiles) {
   const CommandLine call = Call({"--json", "a", "b"});
   EXPECT_EQ(call.What, Mode::Json);
-  EXPECT_FALSE(call.Matrices);
+  EXPECT_FALSE(call.Json.Matrices);
   EXPECT_FALSE(call.AutoName);
   EXPECT_THAT(call.Files, ElementsAre("a", "b"));
 }
 
 TEST(CommandLineJson, HasMatricesWhenAsked) {
-  EXPECT_TRUE(Call({"--json", "--matrices", "a"}).Matrices);
-  EXPECT_TRUE(Call({"--matrices", "a", "--json"}).Matrices) << "options stand in any order, also after files";
+  EXPECT_TRUE(Call({"--json", "--matrices", "a"}).Json.Matrices);
+  EXPECT_TRUE(Call({"--matrices", "a", "--json"}).Json.Matrices) << "options stand in any order, also after files";
+}
+
+TEST(CommandLineJson, ExplainsWhenAsked) {
+  EXPECT_FALSE(Call({"--json", "a"}).Json.Explanation);
+  EXPECT_TRUE(Call({"--json", "--explain", "a"}).Json.Explanation);
+  EXPECT_EQ(WhyWrong({"--report", "--explain", "a"}), "--explain goes with --json");
+}
+
+TEST(CommandLineReport, TakesTheExplanationsInTheOrderNamed) {
+  const CommandLine call = Call({"--report=checks,solutions,why,checks", "a"});
+  EXPECT_TRUE(call.Sections.Solutions);
+  EXPECT_FALSE(call.Sections.Counting);
+  EXPECT_THAT(call.Explained, ElementsAre(ExplainedSection::Checks, ExplainedSection::Why));
+  EXPECT_TRUE(Call({"--report", "a"}).Explained.empty()) << "they are printed only when they are asked for";
 }
 
 TEST(CommandLineJson, NeedsAFile) { EXPECT_EQ(WhyWrong({"--json"}), "--json needs a file"); }

@@ -47,8 +47,8 @@ class FullDisk final : public std::streambuf {
   std::streamsize xsputn(const char*, std::streamsize) override { return 0; }
 };
 
-std::string FakeJson(const AnalysedFile& file, bool matrices, const ReportFormat&) {
-  return "{" + file.Argument + (file.IsComplete() ? "" : "|" + file.Error) + (matrices ? "|matrices}" : "}");
+std::string FakeJson(const AnalysedFile& file, const JsonExtras& extras, const ReportFormat&) {
+  return "{" + file.Argument + (file.IsComplete() ? "" : "|" + file.Error) + (extras.Matrices ? "|matrices}" : "}");
 }
 
 // A picture that says how it was asked for; an empty truss has none.

@@ -30,7 +30,7 @@ AnalysedFile Analysed(const Truss& truss) {
 
 std::string Report(const Truss& truss, const ReportSections& sections, const ReportFormat& format = {}) {
   std::ostringstream out;
-  WriteReport(out, Analysed(truss), sections, format);
+  WriteReport(out, Analysed(truss), {sections, {}}, format);
   return out.str();
 }
 
@@ -319,6 +319,30 @@ TEST(Csv, OfNoUnknownsIsTheHeaderAlone) {
   EXPECT_EQ(Csv(Truss(), CsvTable::Equations), "Equation,RHS\r\n");
   EXPECT_EQ(Csv(Truss(), CsvTable::RREF), "Equation,RHS\r\n");
   EXPECT_EQ(Csv(Truss(), CsvTable::Solutions), "Force,Value\r\n");
+}
+
+TEST(TextReports, WhyOpensWithTheKindOfTheTruss) {
+  std::ostringstream out;
+  WriteReport(out, Analysed(Triangle()), {{}, {ExplainedSection::Why}}, {});
+  EXPECT_THAT(out.str(), testing::StartsWith("The kind of this truss:\n"));
+  EXPECT_THAT(out.str(), testing::HasSubstr("[x] rigid, every force determined"));
+  EXPECT_THAT(out.str(), testing::HasSubstr("\n\nThe exact verdict:\nEvery force is determined"));
+}
+
+TEST(TextReports, ExplanationsFollowInTheOrderNamed) {
+  std::ostringstream out;
+  WriteReport(out, Analysed(Triangle()), {OnlySolutions, {ExplainedSection::Checks, ExplainedSection::Why}}, {});
+  const std::string text = out.str();
+  const std::size_t checks = text.find("\n\nChecks of the drawing:\nNothing was found.\n\n");
+  EXPECT_LT(text.find("The solutions:"), checks);
+  EXPECT_LT(checks, text.find("The kind of this truss:"));
+}
+
+TEST(TextReports, WithoutAnUnknownForceThereIsNothingToExplain) {
+  std::ostringstream out;
+  WriteReport(out, Analysed(TrussBuilder().Force(1, 1, 0, 5)), {{}, {ExplainedSection::Why, ExplainedSection::Checks}},
+              {});
+  EXPECT_THAT(out.str(), testing::StartsWith("Checks of the drawing:\nThe force (0, 5) at (1, 1) acts on no member."));
 }
 
 }  // namespace

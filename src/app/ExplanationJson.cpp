@@ -1,0 +1,149 @@
+#include "app/ExplanationJson.h"
+
+#include "app/ExplanationReport.h"
+#include "explanation/MotionText.h"
+
+namespace {
+
+const char* AxisWord(Axis axis) { return axis == Axis::X ? "\"x\"" : "\"y\""; }
+
+std::string ExactJson(const Explanation& explanation) {
+  const ExactVerdict& verdict = explanation.Exact.Verdict;
+  JsonList determined('[');
+  for (const int k : verdict.Determined) determined.Item(std::to_string(k));
+  return JsonList('{')
+      .Key("rank", verdict.Rank)
+      .Key("augmentedRank", verdict.AugmentedRank)
+      .Key("mechanisms", verdict.Mechanisms())
+      .Key("selfStresses", verdict.SelfStresses())
+      .Key("outcome", static_cast<int>(verdict.Code()))
+      .Key("determined", determined.Text())
+      .Key("agrees", explanation.Agrees())
+      .Key("within", static_cast<int>(explanation.Figures.Within))
+      .Key("word", JsonText(VerdictWord(verdict)))
+      .Text();
+}
+
+std::string UnknownsAtJson(const TrussGraph& graph) {
+  JsonList list('[');
+  for (const PlacedUnknown& unknown : graph.Unknowns.First(graph.NumUnknowns())) {
+    JsonList at('{');
+    if (unknown.IsMember()) {
+      JsonList joints('[');
+      joints.Item(std::to_string(unknown.JointA)).Item(std::to_string(unknown.JointB));
+      at.Key("Joints", joints.Text());
+    } else {
+      at.Key("Joint", unknown.JointA).Key("Axis", AxisWord(unknown.Along));
+    }
+    list.Item(at.Text());
+  }
+  return list.Text();
+}
+
+const char* KindOf(const Motion& motion) { return motion.Kind == MotionKind::Rigid ? "\"rigid\"" : "\"internal\""; }
+
+const char* ExtentOf(const Motion& motion) {
+  switch (motion.Extent) {
+    case MotionExtent::Tightens:
+      return "\"tightens\"";
+    case MotionExtent::MovesOn:
+      return "\"moves on\"";
+    case MotionExtent::Small:
+      break;
+  }
+  return "\"small\"";
+}
+
+std::string MotionsJson(const Explanation& explanation, const ReportFormat& format) {
+  JsonList list('[');
+  for (const Motion& motion : explanation.Exact.Motions) {
+    JsonList joints('[');
+    for (const JointDisplacement& at : motion.Joints) {
+      joints.Item(JsonList('{').Key("Joint", at.Joint).Key("dx", at.Dx).Key("dy", at.Dy).Text());
+    }
+    list.Item(JsonList('{')
+                  .Key("kind", KindOf(motion))
+                  .Key("extent", ExtentOf(motion))
+                  .Key("joints", joints.Text())
+                  .Key("work", motion.Work)
+                  .Key("text", JsonName(MotionText(explanation.Graph, motion, format)))
+                  .Text());
+  }
+  return list.Text();
+}
+
+std::string SelfStressesJson(const Explanation& explanation, const ReportFormat& format) {
+  JsonList list('[');
+  for (const SelfStress& stress : explanation.Exact.SelfStresses) {
+    JsonList forces('[');
+    for (const UnknownForce& force : stress.Forces) {
+      forces.Item(JsonList('{').Key("Unknown", force.Unknown).Key("Value", force.Value).Text());
+    }
+    list.Item(JsonList('{')
+                  .Key("forces", forces.Text())
+                  .Key("text", JsonName(SelfStressText(explanation.Graph, stress, format)))
+                  .Text());
+  }
+  return list.Text();
+}
+
+std::string ProofJson(const std::optional<ContradictionProof>& proof) {
+  if (!proof) return "null";
+  JsonList equations('[');
+  for (const WeightedEquation& equation : proof->Equations) {
+    equations.Item(JsonList('{')
+                       .Key("Joint", equation.Joint)
+                       .Key("Axis", AxisWord(equation.Along))
+                       .Key("Factor", equation.Factor)
+                       .Text());
+  }
+  return JsonList('{').Key("equations", equations.Text()).Key("Sum", proof->Sum).Text();
+}
+
+std::string AdviceJson(const std::vector<Advice>& suggestions) {
+  JsonList list('[');
+  for (const Advice& advice : suggestions) {
+    JsonList item('{');
+    if (advice.Kind == AdviceKind::RemoveMember) {
+      item.Key("Remove", advice.Unknown);
+    } else if (advice.Kind == AdviceKind::AddRoller) {
+      item.Key("Add", "\"roller\"").Key("Joint", advice.JointA).Key("Axis", AxisWord(advice.Along));
+    } else {
+      JsonList joints('[');
+      joints.Item(std::to_string(advice.JointA)).Item(std::to_string(advice.JointB));
+      item.Key("Add", "\"member\"").Key("Joints", joints.Text());
+    }
+    list.Item(item.Text());
+  }
+  return list.Text();
+}
+
+std::string ChecksJson(const AnalysedFile& file, const ReportFormat& format) {
+  JsonList list('[');
+  for (const DrawingCheck& check : ChecksOf(file, format)) {
+    list.Item(JsonList('{')
+                  .Key("Kind", JsonText(KindWord(check.Kind)))
+                  .Key("X", check.X)
+                  .Key("Y", check.Y)
+                  .Key("text", JsonName(check.Text))
+                  .Text());
+  }
+  return list.Text();
+}
+
+}  // namespace
+
+void AddExplanation(JsonList& object, const AnalysedFile& file, const ReportFormat& format) {
+  if (file.Analysis.System.NumUnknowns() > 0) {
+    const Explanation explanation = ExplainTruss(file.Document, file.Analysis);
+    const std::optional<int>& figures = explanation.Figures.CertainFigures;
+    object.Key("exact", ExactJson(explanation))
+        .Key("unknownsAt", UnknownsAtJson(explanation.Graph))
+        .Key("motions", MotionsJson(explanation, format))
+        .Key("selfStresses", SelfStressesJson(explanation, format))
+        .Key("proof", ProofJson(explanation.Proof))
+        .Key("advice", AdviceJson(explanation.Suggestions))
+        .Key("certainFigures", figures ? std::to_string(*figures) : "null");
+  }
+  object.Key("checks", ChecksJson(file, format));
+}

@@ -1,0 +1,11 @@
+// The keys that --explain adds to the JSON object of a file.
+#pragma once
+
+#include "app/FileAnalysis.h"
+#include "app/JsonList.h"
+#include "explanation/Explanation.h"
+#include "reports/FormatSigFigs.h"
+
+/// "exact" to "certainFigures", of a truss with at least one unknown force, then "checks"; without unknown
+/// forces "checks" alone.
+void AddExplanation(JsonList& object, const AnalysedFile& file, const ReportFormat& format);

@@ -1,0 +1,26 @@
+// What could be added to stop a motion, and what could be left out without starting one. Each piece of advice
+// has been followed on a copy of the truss and judged exactly before it is given.
+#pragma once
+
+#include <vector>
+
+#include "explanation/ExactVerdict.h"
+#include "explanation/TrussGraph.h"
+
+enum class AdviceKind { AddMember, AddRoller, RemoveMember };
+
+struct Advice {
+  AdviceKind Kind = AdviceKind::AddMember;
+  int JointA = 0;        ///< of a member; of a roller: the joint
+  int JointB = 0;        ///< of a member
+  Axis Along = Axis::X;  ///< of a roller: the axis along which it holds the joint
+  int Unknown = 0;       ///< of a member to remove
+};
+
+inline constexpr int MostAdvice = 5;  ///< of additions, and of removals
+
+/// Rollers for the motions of the whole truss, members between existing joints (the shortest first, none
+/// through a third joint) for internal ones; each stops a motion. Then members that can be removed, the
+/// longest first: each is part of a state of self-stress, and without it there are no more motions than
+/// before.
+std::vector<Advice> AdviceFor(const TrussGraph& graph, const ExactReasons& reasons);

@@ -1,0 +1,24 @@
+// Small pieces of sentences: lists of names, directions, points. All texts are single-byte texts.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "explanation/TrussGraph.h"
+#include "reports/FormatSigFigs.h"
+
+/// "A", "A and B", "A, B and C"; of more than `most` the first ones "and 7 more".
+std::string ListOf(const std::vector<std::string>& items, std::size_t most = 12);
+
+/// "1 motion", "3 motions", "no motions".
+std::string Counted(int count, const std::string& singular, const std::string& plural);
+
+/// "to the right", "up", "to the left and down" ...; for a vector that is not 0.
+std::string DirectionText(double dx, double dy);
+
+/// "(0.6, -0.8)"; where the locale's separator is a comma, "(0,6; -0,8)".
+std::string PairText(double x, double y, const ReportFormat& format);
+
+/// "joint A" when a joint stands at the point, else "the point (1.5, 2)".
+std::string PointText(const TrussGraph& graph, double x, double y, const ReportFormat& format);

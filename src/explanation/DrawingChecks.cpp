@@ -1,0 +1,262 @@
+#include "explanation/DrawingChecks.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <set>
+#include <tuple>
+#include <unordered_map>
+
+#include "canvas/DoLabel.h"
+#include "document/JointList.h"
+#include "explanation/Directions.h"
+
+namespace {
+
+std::string Capital(std::string text) {
+  text[0] = static_cast<char>(text[0] - 'a' + 'A');
+  return text;
+}
+
+class Checker {
+ public:
+  Checker(const Truss& truss, const DrawnWhere& where, const ReportFormat& format)
+      : truss_(truss),
+        where_(where),
+        format_(format),
+        thousandth_(std::abs(double{truss.Settings.XMax} - double{truss.Settings.XMin}) / 1000) {
+    for (int m = 1; m <= truss.NumMembers; ++m) {
+      if (truss.Members[m].Live) members_.push_back(m);
+    }
+    for (int j = 1; j <= truss.NumJoints; ++j) {
+      jointAt_.emplace(PositionKey(truss.Joints[j].X, truss.Joints[j].Y), j);
+    }
+    numMembersAt_.resize(static_cast<std::size_t>(truss.NumJoints) + 1);
+    for (const int m : members_) {
+      const MemberRec& member = truss.Members[m];
+      const int a = JointAt(member.X1, member.Y1);
+      const int b = JointAt(member.X2, member.Y2);
+      ++numMembersAt_[static_cast<std::size_t>(a)];
+      if (a != b) ++numMembersAt_[static_cast<std::size_t>(b)];
+    }
+  }
+
+  std::vector<DrawingCheck> All() {
+    FindNearEnds();
+    FindMembersThroughJoints();
+    FindCoincidentMembers();
+    FindCoincidentSupports();
+    FindWhatIsApart();
+    FindSingleMemberJoints();
+    FindReactionsOutside();
+    return std::move(checks_);
+  }
+
+ private:
+  void Tell(CheckKind kind, float x, float y, const std::string& text) { checks_.push_back({kind, x, y, text}); }
+
+  int JointAt(float x, float y) const {
+    const auto found = jointAt_.find(PositionKey(x, y));
+    return found == jointAt_.end() ? 0 : found->second;
+  }
+  std::string JointName(int joint) const { return "joint " + truss_.Name(truss_.Joints[joint].NameLabel); }
+  std::string MemberName(int member) const { return "member " + truss_.Name(truss_.Members[member].NameLabel1); }
+  std::string At(float x, float y) const { return " at " + PairText(x, y, format_); }
+
+  // Joints in cells as large as the distance looked for: what is near stands in the same or a neighbouring cell.
+  void FindNearEnds() {
+    const double reachX = std::max(double{where_.SnapX}, thousandth_);
+    const double reachY = std::max(double{where_.SnapY}, thousandth_);
+    if (!(reachX > 0 && reachY > 0)) return;
+    const auto cell = [](double at, double reach) { return std::floor(at / reach); };
+    std::map<std::pair<double, double>, std::vector<int>> cells;
+    for (int j = 1; j <= truss_.NumJoints; ++j) {
+      const JointRec& joint = truss_.Joints[j];
+      const double column = cell(joint.X, reachX);
+      const double row = cell(joint.Y, reachY);
+      std::vector<int> near;
+      for (int dx = -1; dx <= 1; ++dx) {
+        for (int dy = -1; dy <= 1; ++dy) {
+          const auto found = cells.find({column + dx, row + dy});
+          if (found == cells.end()) continue;
+          std::ranges::copy_if(found->second, std::back_inserter(near), [&](int other) { return NearlyMeet(other, j); });
+        }
+      }
+      std::ranges::sort(near);
+      for (const int other : near) {
+        Tell(CheckKind::NearEnds, joint.X, joint.Y,
+             "Joints " + truss_.Name(truss_.Joints[other].NameLabel) + At(truss_.Joints[other].X, truss_.Joints[other].Y) +
+                 " and " + truss_.Name(joint.NameLabel) + At(joint.X, joint.Y) +
+                 " nearly meet, but they are two joints.");
+      }
+      cells[{column, row}].push_back(j);
+    }
+  }
+
+  bool NearlyMeet(int a, int b) const {
+    const double dx = std::abs(double{truss_.Joints[a].X} - double{truss_.Joints[b].X});
+    const double dy = std::abs(double{truss_.Joints[a].Y} - double{truss_.Joints[b].Y});
+    // A thousandth that is written in decimals counts as one: 0.02 of 20.
+    return (dx < where_.SnapX && dy < where_.SnapY) || std::sqrt(dx * dx + dy * dy) <= thousandth_ * (1 + 1e-6);
+  }
+
+  void FindMembersThroughJoints() {
+    for (const int m : members_) {
+      const MemberRec& member = truss_.Members[m];
+      const double x = double{member.X2} - double{member.X1};
+      const double y = double{member.Y2} - double{member.Y1};
+      const double length = std::sqrt(x * x + y * y);
+      if (length == 0) continue;
+      for (int j = 1; j <= truss_.NumJoints; ++j) {
+        const JointRec& joint = truss_.Joints[j];
+        const double toX = double{joint.X} - double{member.X1};
+        const double toY = double{joint.Y} - double{member.Y1};
+        const double along = (toX * x + toY * y) / length;
+        const double aside = std::abs(toX * y - toY * x) / length;
+        if (aside > thousandth_ || along <= thousandth_ || along >= length - thousandth_) continue;
+        Tell(CheckKind::ThroughJoint, joint.X, joint.Y,
+             Capital(MemberName(m)) + " passes through " + JointName(j) + At(joint.X, joint.Y) +
+                 ", where it does not end: it is not connected there.");
+      }
+    }
+  }
+
+  // Members on one line, by where they begin on it: each is compared with those that have not ended yet.
+  void FindCoincidentMembers() {
+    struct Piece {
+      double From, To;
+      int Member;
+    };
+    std::map<std::tuple<long long, long long, long long>, std::vector<Piece>> lines;
+    const double unit = thousandth_ > 0 ? thousandth_ / 1000 : 1e-9;
+    for (const int m : members_) {
+      const MemberRec& member = truss_.Members[m];
+      double x = double{member.X2} - double{member.X1};
+      double y = double{member.Y2} - double{member.Y1};
+      const double length = std::sqrt(x * x + y * y);
+      if (length == 0) continue;
+      if (x < 0 || (x == 0 && y < 0)) std::tie(x, y) = std::pair(-x, -y);
+      x /= length;
+      y /= length;
+      const double offset = double{member.X1} * y - double{member.Y1} * x;
+      if (!(std::abs(offset / unit) < 9e17)) continue;
+      const double from = double{member.X1} * x + double{member.Y1} * y;
+      const double to = double{member.X2} * x + double{member.Y2} * y;
+      lines[{std::llround(x * 1e6), std::llround(y * 1e6), std::llround(offset / unit)}].push_back(
+          {std::min(from, to), std::max(from, to), m});
+    }
+    std::vector<std::pair<int, int>> pairs;
+    for (auto& [line, pieces] : lines) {
+      std::ranges::sort(pieces, {}, [](const Piece& piece) { return std::pair(piece.From, piece.Member); });
+      for (std::size_t i = 0; i < pieces.size(); ++i) {
+        for (std::size_t k = i + 1; k < pieces.size() && pieces[k].From < pieces[i].To - unit; ++k) {
+          pairs.push_back(std::minmax({pieces[i].Member, pieces[k].Member}));
+        }
+      }
+    }
+    std::ranges::sort(pairs);
+    for (const auto& [first, second] : pairs) {
+      const MemberRec& member = truss_.Members[second];
+      Tell(CheckKind::CoincidentMembers, member.X1, member.Y1,
+           Capital(MemberName(first)) + " and " + MemberName(second) + " lie on one another" +
+               At(member.X1, member.Y1) + ".");
+    }
+  }
+
+  void FindCoincidentSupports() {
+    std::set<std::pair<float, float>> places;
+    for (const SupportRec& support : truss_.SupportsInUse()) {
+      if (!support.Live || places.insert({support.X, support.Y}).second) continue;
+      Tell(CheckKind::CoincidentSupports, support.X, support.Y,
+           "More than one support stands at " + JointName(JointAt(support.X, support.Y)) + At(support.X, support.Y) +
+               ".");
+    }
+  }
+
+  bool HasMember(float x, float y) const { return numMembersAt_[static_cast<std::size_t>(JointAt(x, y))] > 0; }
+
+  void FindWhatIsApart() {
+    for (const SupportRec& support : truss_.SupportsInUse()) {
+      if (!support.Live || HasMember(support.X, support.Y)) continue;
+      Tell(CheckKind::Apart, support.X, support.Y,
+           std::string("The ") + (support.IsClamp() ? "clamp" : "roller") + At(support.X, support.Y) +
+               " touches no member.");
+    }
+    for (const ForceRec& force : truss_.ForcesInUse()) {
+      if (!force.Active || HasMember(force.X, force.Y)) continue;
+      Tell(CheckKind::Apart, force.X, force.Y,
+           "The force " + PairText(force.Fx, force.Fy, format_) + At(force.X, force.Y) + " acts on no member.");
+    }
+  }
+
+  void FindSingleMemberJoints() {
+    std::set<int> supported;
+    for (const SupportRec& support : truss_.SupportsInUse()) {
+      if (support.Live) supported.insert(JointAt(support.X, support.Y));
+    }
+    for (int j = 1; j <= truss_.NumJoints; ++j) {
+      if (numMembersAt_[static_cast<std::size_t>(j)] != 1 || supported.contains(j)) continue;
+      Tell(CheckKind::SingleMemberJoint, truss_.Joints[j].X, truss_.Joints[j].Y,
+           Capital(JointName(j)) + At(truss_.Joints[j].X, truss_.Joints[j].Y) +
+               " has one member and no support: only a load along the member can be in balance there.");
+    }
+  }
+
+  void FindReactionsOutside() {
+    Graph graph;
+    const CanvasBounds& bounds = where_.Bounds;
+    graph.SetMapping(bounds.PixL, bounds.PixR, bounds.PixB, bounds.PixT, truss_.Settings.XMin, truss_.Settings.XMax,
+                     truss_.Settings.YMin, truss_.View.YMax);
+    if (graph.IsEmpty()) return;
+    for (const SupportRec& support : truss_.SupportsInUse()) {
+      if (!support.Live) continue;
+      const std::vector<PixelLine> arrows = ReactionArrows(graph.XPixel(support.X), graph.YPixel(support.Y), support.TypeIndex);
+      const bool outside = std::ranges::any_of(arrows, [&](const PixelLine& arrow) {
+        return !IsOnCanvas(arrow.X1, arrow.Y1) || !IsOnCanvas(arrow.X2, arrow.Y2);
+      });
+      if (!outside) continue;
+      Tell(CheckKind::OutsideDrawing, support.X, support.Y,
+           std::string("A reaction of the ") + (support.IsClamp() ? "clamp" : "roller") + At(support.X, support.Y) +
+               " is drawn outside the canvas; larger ranges in Settings bring it into sight.");
+    }
+  }
+
+  bool IsOnCanvas(float x, float y) const {
+    return x >= 0 && y >= 0 && x <= where_.CanvasWidth && y <= where_.CanvasHeight;
+  }
+
+  const Truss& truss_;
+  DrawnWhere where_;
+  const ReportFormat& format_;
+  double thousandth_;  // of the drawing's width, world units
+  std::vector<int> members_;
+  std::unordered_map<PositionKey, int, PositionHash> jointAt_;
+  std::vector<int> numMembersAt_;  // by joint
+  std::vector<DrawingCheck> checks_;
+};
+
+}  // namespace
+
+const char* KindWord(CheckKind kind) {
+  switch (kind) {
+    case CheckKind::NearEnds:
+      return "near-ends";
+    case CheckKind::ThroughJoint:
+      return "through-joint";
+    case CheckKind::CoincidentMembers:
+      return "coincident-members";
+    case CheckKind::CoincidentSupports:
+      return "coincident-supports";
+    case CheckKind::Apart:
+      return "apart";
+    case CheckKind::SingleMemberJoint:
+      return "single-member-joint";
+    case CheckKind::OutsideDrawing:
+      break;
+  }
+  return "outside-drawing";
+}
+
+std::vector<DrawingCheck> CheckDrawing(const Truss& truss, const DrawnWhere& where, const ReportFormat& format) {
+  return Checker(truss, where, format).All();
+}

@@ -1,0 +1,41 @@
+// Oversights of the drawing that the equations take at their word: what was meant to meet and does not, what
+// lies on one another, what stands alone.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "canvas/Graph.h"
+#include "document/Truss.h"
+#include "reports/FormatSigFigs.h"
+
+enum class CheckKind {
+  NearEnds,            ///< two joints nearly meet
+  ThroughJoint,        ///< a member passes through a joint at which it does not end
+  CoincidentMembers,   ///< two members lie on one another, all along or for a part
+  CoincidentSupports,  ///< two supports stand at one place
+  Apart,               ///< a support or a force touches no member
+  SingleMemberJoint,   ///< a joint has one member and no support
+  OutsideDrawing,      ///< a reaction is drawn outside the canvas
+};
+
+/// "near-ends", "through-joint" ...: the words by which programs know the kinds.
+const char* KindWord(CheckKind kind);
+
+struct DrawingCheck {
+  CheckKind Kind = CheckKind::NearEnds;
+  float X = 0, Y = 0;  ///< where to look, world coordinates
+  std::string Text;    ///< by name and place, a single-byte text
+};
+
+/// Where a truss is drawn, as far as the checks ask.
+struct DrawnWhere {
+  CanvasBounds Bounds;
+  float CanvasWidth = 566, CanvasHeight = 453;  ///< pixels
+  float SnapX = 0, SnapY = 0;  ///< world units: closer than this on both axes the mouse joins two points
+};
+
+/// All findings, by kind in the order of CheckKind. Joints nearly meet when the mouse would join them, or when
+/// they are not farther apart than a thousandth of the drawing's width; a joint is on a member within that
+/// thousandth. The joint list and the view must be up to date.
+std::vector<DrawingCheck> CheckDrawing(const Truss& truss, const DrawnWhere& where, const ReportFormat& format);

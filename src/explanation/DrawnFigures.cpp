@@ -1,0 +1,159 @@
+#include "explanation/DrawnFigures.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "analysis/Elimination.h"
+#include "explanation/RigidityMatrix.h"
+
+namespace {
+
+// The equations in double precision, loads divided by `scale`, reduced.
+struct Reduced {
+  SparseMatrix<double> Matrix;
+  Table<std::int16_t> Order;
+  int NumUnknowns = 0;
+
+  int NumPivots() const {
+    int pivots = 0;
+    for (int row = 1; row <= Matrix.NumRows(); ++row) {
+      const auto entries = Matrix.Row(row);
+      pivots += !entries.empty() && entries.front().Column <= NumUnknowns ? 1 : 0;
+    }
+    return pivots;
+  }
+
+  bool IsContradicted() const {
+    for (int row = 1; row <= Matrix.NumRows(); ++row) {
+      const auto entries = Matrix.Row(row);
+      const bool isRightHandSide = !entries.empty() && entries.front().Column > NumUnknowns;
+      if (isRightHandSide && std::abs(entries.front().Value) > NothingWithinFigures) return true;
+    }
+    return false;
+  }
+
+  /// By unknown, from 1; only those of a row of their own.
+  std::vector<double> Values() const {
+    std::vector<double> values(static_cast<std::size_t>(NumUnknowns) + 1);
+    for (int row = 1; row <= Matrix.NumRows(); ++row) {
+      const auto entries = Matrix.Row(row);
+      if (entries.size() != 2 || entries.back().Column <= NumUnknowns) continue;
+      values[static_cast<std::size_t>(Order[entries.front().Column])] = entries.back().Value;
+    }
+    return values;
+  }
+};
+
+Reduced Reduce(const TrussGraph& graph, double scale, const EliminationLimits& limits) {
+  const int numUnknowns = graph.NumUnknowns();
+  const SparseMatrix<double> rigidity = RigidityRows(graph);
+  std::vector<std::vector<SparseMatrix<double>::Entry>> rows(static_cast<std::size_t>(graph.NumEquations()));
+  for (int k = 1; k <= numUnknowns; ++k) {
+    for (const auto& [column, value] : rigidity.Row(k))
+      rows[static_cast<std::size_t>(column - 1)].push_back({k, value});
+  }
+  const std::vector<double> loads = LoadVector(graph);
+  Reduced reduced{SparseMatrix<double>(graph.NumEquations(), numUnknowns + 1), {}, numUnknowns};
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    if (loads[row] != 0) rows[row].push_back({numUnknowns + 1, -loads[row] / scale});
+    reduced.Matrix.SetRow(static_cast<int>(row) + 1, std::move(rows[row]));
+  }
+  SolveToRREF(graph.NumEquations(), numUnknowns, reduced.Matrix, reduced.Order, limits);
+  return reduced;
+}
+
+double LargestLoad(const TrussGraph& graph) {
+  double largest = 0;
+  for (const double load : LoadVector(graph)) largest = std::max(largest, std::abs(load));
+  return largest;
+}
+
+std::optional<int> SureFigures(const TrussAnalysis& analysis, const ExactVerdict& verdict,
+                               const std::vector<double>& values, double scale) {
+  if (analysis.Reading.Code == Outcome::Inconsistent || verdict.Code() == Outcome::Inconsistent)
+    return std::nullopt;
+  double largest = 0;
+  double difference = 0;
+  bool any = false;
+  for (const int k : verdict.Determined) {
+    const std::optional<double>& shown = analysis.Reading.Values[k];
+    if (!shown) continue;
+    any = true;
+    const double value = values[static_cast<std::size_t>(k)] * scale;
+    largest = std::max(largest, std::abs(value));
+    difference = std::max(difference, std::abs(value - *shown));
+  }
+  if (!any) return std::nullopt;
+  constexpr int most = 7;  // no single has more
+  if (difference == 0) return most;
+  if (largest == 0 || !std::isfinite(difference)) return 0;
+  return static_cast<int>(std::clamp(std::floor(-std::log10(difference / largest)), 0.0, double{most}));
+}
+
+// The displacements whose lengthenings are in proportion to the forces: nearly those that lengthen nothing,
+// because such forces are nearly in balance without loads.
+Motion NearlyFreeMotion(const TrussGraph& graph, const std::vector<double>& forces) {
+  SparseMatrix<double> rigidity = RigidityRows(graph);
+  SparseMatrix<double> system(graph.NumUnknowns(), graph.NumEquations() + 1);
+  double largest = 0;
+  for (const double force : forces) largest = std::max(largest, std::abs(force));
+  for (int k = 1; k <= graph.NumUnknowns(); ++k) {
+    const auto row = rigidity.Row(k);
+    std::vector<SparseMatrix<double>::Entry> entries(row.begin(), row.end());
+    const double force = forces[static_cast<std::size_t>(k)] / largest;
+    if (force != 0) entries.push_back({graph.NumEquations() + 1, force});
+    system.SetRow(k, std::move(entries));
+  }
+  Table<std::int16_t> order;
+  SolveToRREF(graph.NumUnknowns(), graph.NumEquations(), system, order,
+              EliminationLimits{.SmallestPivot = 0});
+  Motion motion;
+  double longest = 0;
+  for (int j = 1; j <= graph.NumJoints(); ++j) {
+    const int column = ColumnOf(j, Axis::X) + 1;
+    const JointDisplacement at{j, system(column, graph.NumEquations() + 1),
+                               system(column + 1, graph.NumEquations() + 1)};
+    longest = std::max(longest, std::sqrt(at.Dx * at.Dx + at.Dy * at.Dy));
+    motion.Joints.push_back(at);
+  }
+  for (JointDisplacement& at : motion.Joints) {
+    at.Dx /= longest;
+    at.Dy /= longest;
+  }
+  // What hardly moves beside the others is left out.
+  std::erase_if(motion.Joints, [](const JointDisplacement& at) {
+    return std::abs(at.Dx) < NothingWithinFigures && std::abs(at.Dy) < NothingWithinFigures;
+  });
+  for (const JointDisplacement& at : motion.Joints) {
+    for (const PlacedLoad& load : graph.Loads) {
+      if (load.Joint == at.Joint) motion.Work += double{load.Fx} * at.Dx + double{load.Fy} * at.Dy;
+    }
+  }
+  TurnWithLoads(motion);
+  return motion;
+}
+
+}  // namespace
+
+DrawnFigures FiguresOf(const TrussGraph& graph, const TrussAnalysis& analysis, const ExactVerdict& verdict) {
+  DrawnFigures figures;
+  const double load = LargestLoad(graph);
+  const double scale = load > 0 ? load : 1;
+  Reduced reduced = Reduce(graph, scale, {.SmallestPivot = NothingWithinFigures});
+  const int pivots = reduced.NumPivots();
+  if (reduced.IsContradicted()) {
+    figures.Within = Outcome::Inconsistent;
+  } else if (pivots < graph.NumEquations()) {
+    figures.Within = Outcome::Redundant;
+  }
+  if (pivots != verdict.Rank)
+    reduced = Reduce(graph, scale, {.SmallestPivot = 0, .MostPivots = verdict.Rank});
+  const std::vector<double> values = reduced.Values();
+  figures.CertainFigures = SureFigures(analysis, verdict, values, scale);
+  if (load == 0) return figures;
+  for (const double value : values) figures.Magnification = std::max(figures.Magnification, std::abs(value));
+  const bool isUnique = verdict.Code() == Outcome::Neither && verdict.SelfStresses() == 0;
+  if (isUnique && figures.Magnification > NearlyAMechanism)
+    figures.NearlyFree = NearlyFreeMotion(graph, values);
+  return figures;
+}

@@ -1,0 +1,29 @@
+// What the answer owes to rounding: the verdict within the figures that the drawing shows, how many figures
+// of the forces are sure, and the motion that is nearly free where a truss is nearly a mechanism.
+#pragma once
+
+#include <optional>
+
+#include "analysis/Analysis.h"
+#include "explanation/ExactVerdict.h"
+#include "explanation/Motions.h"
+
+struct DrawnFigures {
+  /// The outcome when whatever is smaller than a millionth of its scale counts as nothing.
+  Outcome Within = Outcome::Neither;
+
+  /// How many leading figures of the forces are sure, 0 .. 7: what directions rounded to single precision
+  /// change, measured against the largest force. Empty when no force is determined, or none is shown.
+  std::optional<int> CertainFigures;
+
+  /// The largest force by the largest component of a load; 0 without loads or forces.
+  double Magnification = 0;
+
+  /// Of a truss with a unique solution whose forces are more than NearlyAMechanism times its loads.
+  std::optional<Motion> NearlyFree;
+};
+
+inline constexpr double NothingWithinFigures = 1e-6;
+inline constexpr double NearlyAMechanism = 1000;
+
+DrawnFigures FiguresOf(const TrussGraph& graph, const TrussAnalysis& analysis, const ExactVerdict& verdict);

@@ -1,0 +1,343 @@
+#include "explanation/ExplanationText.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+#include "explanation/Directions.h"
+#include "explanation/MotionText.h"
+#include "explanation/RigidityMatrix.h"
+
+namespace {
+
+constexpr std::size_t MostMotions = 12;
+constexpr std::size_t MostStates = 12;
+
+std::string Motions(int count) { return Counted(count, "independent motion", "independent motions"); }
+std::string States(int count) { return Counted(count, "state of self-stress", "states of self-stress"); }
+
+std::string EquationName(const TrussGraph& graph, int joint, Axis axis) {
+  return graph.Joints[joint].Name + (axis == Axis::X ? " - x" : " - y");
+}
+
+std::string Difference(int number, int other) {
+  return std::to_string(number) + " - " + std::to_string(other) + " = " + std::to_string(number - other);
+}
+
+class Writer {
+ public:
+  Writer(const Explanation& explanation, const ReportFormat& format)
+      : on_(explanation), graph_(explanation.Graph), verdict_(explanation.Exact.Verdict), format_(format) {}
+
+  std::vector<ExplanationSection> All() {
+    Add("The kind of this truss:", KindParagraphs());
+    Add("The exact verdict:", VerdictParagraphs());
+    Add("How it can move:", MotionParagraphs());
+    Add("Why no forces balance the loads:", ProofParagraphs());
+    Add("Which forces hang together:", StressParagraphs());
+    Add("What would help:", AdviceParagraphs());
+    const std::string notice = RoundingNotice(on_, format_);
+    if (!notice.empty()) Add("What rounding has to do with it:", {notice});
+    return std::move(sections_);
+  }
+
+ private:
+  void Add(const char* heading, std::vector<std::string> paragraphs) {
+    if (!paragraphs.empty()) sections_.push_back({heading, std::move(paragraphs)});
+  }
+
+  std::string Number(double value) const { return FormatSigFigs(value, format_); }
+
+  std::vector<std::string> KindParagraphs() const {
+    const int motions = verdict_.Mechanisms();
+    const int states = verdict_.SelfStresses();
+    const int N = verdict_.NumUnknowns;
+    const int R = verdict_.NumEquations;
+    std::string counting = "Counting tells only the difference: unknown forces less equations, " +
+                           Difference(N, R) + ", are states of self-stress less motions, " +
+                           Difference(states, motions) + ".";
+    if (N == R && motions > 0) {
+      counting +=
+          "  There are as many equations as unknowns, and yet the truss can move: what is missing at one "
+          "place is too much at another.";
+    } else if (N > R && motions > 0) {
+      counting +=
+          "  There are more unknowns than equations, and yet the truss can move: the forces that are too "
+          "many are not where they would hold it.";
+    } else if (N < R && states > 0) {
+      counting +=
+          "  There are fewer unknowns than equations, and yet not every force is determined: the truss can "
+          "move at one place, and has a member or support too many at another.";
+    }
+    if (N == R && motions > 0 && KeepsItsShape()) {
+      counting += "  The truss keeps its shape; it is its supports that let it move as a whole.  That triangles are "
+                  "enough is true of the shape only.";
+    }
+    return {"This truss has " + Motions(motions) + " and " + States(states) + ".", counting};
+  }
+
+  bool KeepsItsShape() const {
+    return std::ranges::all_of(on_.Exact.Motions, [](const Motion& motion) { return motion.Kind == MotionKind::Rigid; });
+  }
+
+  std::vector<std::string> VerdictParagraphs() const {
+    std::string text;
+    const std::string word = VerdictWord(verdict_);
+    if (word == "unique") {
+      text = "Every force is determined, for these loads and for all others: the truss is stable.";
+    } else if (word == "redundant") {
+      text =
+          "These loads are in balance, and every force is determined; but the truss can move, and most other "
+          "loads would set it going.";
+    } else if (word == "no solution") {
+      text = "No forces balance these loads: the truss moves.";
+    } else {
+      text = verdict_.Mechanisms() > 0
+                 ? "These loads are in balance, but the truss can move, and not every force is determined."
+                 : "The truss is stable, but the equations do not determine every force.";
+    }
+    std::vector<std::string> paragraphs = {text};
+    if (verdict_.SelfStresses() > 0) paragraphs.push_back(DeterminedText());
+    return paragraphs;
+  }
+
+  std::string DeterminedText() const {
+    std::vector<std::string> determined;
+    std::vector<std::string> open;
+    for (int k = 1; k <= graph_.NumUnknowns(); ++k) {
+      const bool is = std::ranges::binary_search(verdict_.Determined, k);
+      (is ? determined : open).push_back(graph_.Unknowns[k].Name);
+    }
+    const std::string left = "Left open by the equations: " + ListOf(open, 24) + ".";
+    if (determined.empty()) return left;
+    return "Determined whatever the others are: " + ListOf(determined, 24) + ".  " + left;
+  }
+
+  std::vector<std::string> MotionParagraphs() const {
+    std::vector<std::string> paragraphs;
+    const std::vector<Motion>& motions = on_.Exact.Motions;
+    for (std::size_t i = 0; i < std::min(motions.size(), MostMotions); ++i) {
+      paragraphs.push_back("Motion " + std::to_string(i + 1) + ".  " +
+                           MotionText(graph_, motions[i], format_));
+    }
+    if (motions.size() > MostMotions) {
+      paragraphs.push_back("There are " + std::to_string(motions.size() - MostMotions) + " further motions.");
+    }
+    return paragraphs;
+  }
+
+  std::vector<std::string> ProofParagraphs() const {
+    if (!on_.Proof) return {};
+    const ContradictionProof& proof = *on_.Proof;
+    std::vector<std::string> terms;
+    for (const WeightedEquation& equation : proof.Equations) {
+      terms.push_back(Number(equation.Factor) + " times " +
+                      EquationName(graph_, equation.Joint, equation.Along));
+    }
+    std::vector<std::string> paragraphs = {
+        "These equations, each times its factor, add up to 0 on the left and to " + Number(proof.Sum) +
+        " on the right: " + ListOf(terms, 24) + ".  So they contradict each other, whatever the forces are."};
+    if (proof.Equations.size() <= 8) paragraphs.push_back(WrittenOut(proof));
+    paragraphs.push_back(
+        "In words of mechanics: on motion " + std::to_string(proof.MotionNumber) +
+        " no member changes its length and no support gives way, so their forces do no work; but "
+        "the loads do.  Nothing is there to balance them.");
+    paragraphs.push_back(
+        "In the table of the equations the sum on the left is only nearly 0, because its directions are "
+        "rounded to "
+        "single precision.  With force densities (force divided by length, written q) every coefficient is a "
+        "difference of coordinates, and the sum is exactly 0.");
+    return paragraphs;
+  }
+
+  // The equations of the proof with force densities as unknowns.
+  std::string WrittenOut(const ContradictionProof& proof) const {
+    std::string text = "Written with force densities:";
+    const std::vector<double> loads = LoadVector(graph_);
+    for (const WeightedEquation& equation : proof.Equations) {
+      std::vector<std::string> terms;
+      for (int k = 1; k <= graph_.NumUnknowns(); ++k) AddTerm(equation, k, terms);
+      std::string left;
+      for (const std::string& term : terms) left += (left.empty() ? "" : " + ") + term;
+      const double load = loads[static_cast<std::size_t>(ColumnOf(equation.Joint, equation.Along))];
+      text += "  " + EquationName(graph_, equation.Joint, equation.Along) + ":  " +
+              (left.empty() ? "0" : left) + " = " + Number(load == 0 ? 0 : -load) + ",  times " +
+              Number(equation.Factor) + ".";
+    }
+    return text;
+  }
+
+  void AddTerm(const WeightedEquation& equation, int k, std::vector<std::string>& terms) const {
+    const PlacedUnknown& unknown = graph_.Unknowns[k];
+    if (!unknown.IsMember()) {
+      if (unknown.JointA != equation.Joint || unknown.Along != equation.Along || unknown.Sign == 0) return;
+      terms.push_back((unknown.Sign < 0 ? "(-1) " : "") + unknown.Name);
+      return;
+    }
+    if (unknown.JointA != equation.Joint && unknown.JointB != equation.Joint) return;
+    const PlacedJoint& here = graph_.Joints[equation.Joint];
+    const PlacedJoint& there =
+        graph_.Joints[unknown.JointA == equation.Joint ? unknown.JointB : unknown.JointA];
+    const double difference =
+        equation.Along == Axis::X ? WrittenDifference(here.X, there.X) : WrittenDifference(here.Y, there.Y);
+    if (difference != 0) terms.push_back("(" + Number(difference) + ") q(" + unknown.Name + ")");
+  }
+
+  std::vector<std::string> StressParagraphs() const {
+    std::vector<std::string> paragraphs;
+    const std::vector<SelfStress>& states = on_.Exact.SelfStresses;
+    for (std::size_t i = 0; i < std::min(states.size(), MostStates); ++i) {
+      paragraphs.push_back("Self-stress " + std::to_string(i + 1) + ".  " +
+                           SelfStressText(graph_, states[i], format_));
+    }
+    if (states.size() > MostStates) {
+      paragraphs.push_back("There are " + std::to_string(states.size() - MostStates) + " further states.");
+    }
+    if (!states.empty() && verdict_.Code() != Outcome::Inconsistent) {
+      paragraphs.push_back(
+          std::string("One force of each ") +
+          "can be chosen; the others then follow.  Which values they take depends on how the members "
+          "behave under stress.");
+    }
+    return paragraphs;
+  }
+
+  std::vector<std::string> AdviceParagraphs() const {
+    std::vector<std::string> additions;
+    std::vector<std::string> removals;
+    for (const Advice& advice : on_.Suggestions) {
+      if (advice.Kind == AdviceKind::RemoveMember) {
+        removals.push_back(graph_.Unknowns[advice.Unknown].Name);
+      } else if (advice.Kind == AdviceKind::AddMember) {
+        additions.push_back("a member between joints " + graph_.Joints[advice.JointA].Name + " and " +
+                            graph_.Joints[advice.JointB].Name);
+      } else {
+        additions.push_back("a roller at joint " + graph_.Joints[advice.JointA].Name + " that holds it " +
+                            (advice.Along == Axis::X ? "sideways" : "up and down"));
+      }
+    }
+    std::vector<std::string> paragraphs;
+    if (!additions.empty()) {
+      paragraphs.push_back("Each of these, added alone, stops one motion: " + Joined(additions) + ".");
+    }
+    if (!removals.empty()) {
+      paragraphs.push_back(
+          "Each of these, left out alone, lets nothing move that did not move before: " + ListOf(removals) +
+          ".  They are part of a self-stress.  A member is not superfluous because its force is 0: "
+          "under another load it may be needed.");
+    }
+    return paragraphs;
+  }
+
+  static std::string Joined(const std::vector<std::string>& items) {
+    std::string text;
+    for (const std::string& item : items) text += (text.empty() ? "" : "; ") + item;
+    return text;
+  }
+
+  const Explanation& on_;
+  const TrussGraph& graph_;
+  const ExactVerdict& verdict_;
+  const ReportFormat& format_;
+  std::vector<ExplanationSection> sections_;
+};
+
+const char* OutcomeText(Outcome outcome) {
+  switch (outcome) {
+    case Outcome::Neither:
+      return "the equations neither contradict nor repeat each other";
+    case Outcome::Redundant:
+      return "the system is redundant: these loads are in balance";
+    case Outcome::Inconsistent:
+      break;
+  }
+  return "the system has no solution";
+}
+
+std::string MagnitudeText(double share) {
+  const double power = std::pow(10.0, std::round(std::log10(share)));
+  ReportFormat plain;
+  plain.SigFigs = 1;
+  return FormatSigFigs(power, plain);
+}
+
+}  // namespace
+
+TrussKinds KindOf(const ExactVerdict& verdict) {
+  TrussKinds kind;
+  kind.Row = verdict.Mechanisms() > 0 ? 1 : 0;
+  kind.Column = verdict.SelfStresses() > 0 ? 1 : 0;
+  return kind;
+}
+
+std::vector<std::string> KindTable(const ExactVerdict& verdict) {
+  const TrussKinds kind = KindOf(verdict);
+  constexpr std::size_t firstWidth = 12;
+  constexpr std::size_t width = 36;
+  const auto padded = [](std::string text, std::size_t to) {
+    text.resize(std::max(to, text.size()), ' ');
+    return text;
+  };
+  std::vector<std::string> lines = {padded("", firstWidth) +
+                                    padded(std::string("    ") + TrussKinds::Columns[0], width) + "    " +
+                                    TrussKinds::Columns[1]};
+  for (std::size_t row = 0; row < 2; ++row) {
+    std::string line = padded(TrussKinds::Rows[row], firstWidth);
+    for (std::size_t column = 0; column < 2; ++column) {
+      const bool isThis = static_cast<int>(row) == kind.Row && static_cast<int>(column) == kind.Column;
+      const std::string cell = std::string(isThis ? "[x] " : "[ ] ") + TrussKinds::Names[row][column];
+      line += column == 0 ? padded(cell, width) : cell;
+    }
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+std::vector<ExplanationSection> ExplanationText(const Explanation& explanation, const ReportFormat& format) {
+  return Writer(explanation, format).All();
+}
+
+std::string RoundingNotice(const Explanation& explanation, const ReportFormat& format) {
+  const ExactVerdict& verdict = explanation.Exact.Verdict;
+  std::vector<std::string> sentences;
+  if (!explanation.Agrees()) {
+    std::string text =
+        std::string("Exactly, ") + OutcomeText(verdict.Code()) +
+        ".  The reduced matrix says otherwise because directions are rounded to single precision";
+    if (explanation.Remnant > 0) {
+      text += ": " + FormatSigFigs(explanation.Remnant, format) +
+              " on the right of a row without coefficients is a "
+              "remnant of rounding, about " +
+              MagnitudeText(explanation.RemnantShare) + " of the largest load";
+    }
+    sentences.push_back(text + ".");
+    if (explanation.ShownMagnification > NearlyAMechanism) {
+      sentences.push_back("The forces that it shows, up to " + FormatSigFigs(explanation.ShownMagnification, format) +
+                          " times the largest load, come from dividing by a remnant of rounding.");
+    }
+  }
+  if (explanation.Figures.Within != verdict.Code()) {
+    sentences.push_back(
+        std::string("Within the figures of the drawing, where a millionth counts as nothing, ") +
+        OutcomeText(explanation.Figures.Within) +
+        ".  The exact verdict is about the numbers as they are written; coordinates or loads that "
+        "were rounded to seven figures meet a condition only as nearly as that.");
+  }
+  if (explanation.Figures.NearlyFree) {
+    sentences.push_back("The truss is nearly a mechanism: its largest force is " +
+                        FormatSigFigs(explanation.Figures.Magnification, format) +
+                        " times the largest load.  Nearly free is this motion: " +
+                        MotionText(explanation.Graph, *explanation.Figures.NearlyFree, format));
+  }
+  const std::optional<int>& sure = explanation.Figures.CertainFigures;
+  if (sure && *sure < 4) {
+    sentences.push_back(*sure == 0
+                            ? "No figure of the forces is sure."
+                            : "Only the first " + Counted(*sure, "figure", "figures") +
+                                  " of the largest forces are sure; the others depend on how directions are "
+                                  "rounded.");
+  }
+  std::string notice;
+  for (const std::string& sentence : sentences) notice += (notice.empty() ? "" : "  ") + sentence;
+  return notice;
+}

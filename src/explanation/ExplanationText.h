@@ -1,0 +1,40 @@
+// The explanation as text: why the conclusion is what it is. The same sections stand in the window, in the
+// printable report and in the command line's output.
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "explanation/Explanation.h"
+#include "reports/FormatSigFigs.h"
+
+/// Single-byte texts without line breaks.
+struct ExplanationSection {
+  std::string Heading;
+  std::vector<std::string> Paragraphs;
+};
+
+/// The four kinds of trusses: whether there are motions, and whether there is self-stress.
+struct TrussKinds {
+  static constexpr std::array Rows = {"no motion", "motions"};
+  static constexpr std::array Columns = {"no self-stress", "self-stress"};
+  static constexpr std::array<std::array<const char*, 2>, 2> Names = {
+      {{"rigid, every force determined", "rigid, with forces left open"},
+       {"movable", "movable and self-stressed"}}};
+  int Row = 0;     ///< of this truss, 0 or 1
+  int Column = 0;  ///< of this truss, 0 or 1
+};
+TrussKinds KindOf(const ExactVerdict& verdict);
+
+/// The table of kinds, line by line in columns; this truss's kind is marked.
+std::vector<std::string> KindTable(const ExactVerdict& verdict);
+
+/// All sections that have something to say, in their order. The first is about the kind of the truss; the
+/// table of kinds stands below its heading.
+std::vector<ExplanationSection> ExplanationText(const Explanation& explanation, const ReportFormat& format);
+
+/// What to say below the conclusion of the RREF and Solutions reports where rounding has a part in it: the
+/// exact outcome differs, or the reading within the drawing's figures does, or the truss is nearly a
+/// mechanism. Empty when there is nothing to say.
+std::string RoundingNotice(const Explanation& explanation, const ReportFormat& format);

@@ -1,0 +1,231 @@
+#include "explanation/MotionExtent.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "explanation/MovingPieces.h"
+
+namespace {
+
+std::size_t At(int index) { return static_cast<std::size_t>(index); }
+
+// The unknowns at each joint.
+std::vector<std::vector<int>> UnknownsAt(const TrussGraph& graph) {
+  std::vector<std::vector<int>> at(At(graph.NumJoints()) + 1);
+  for (int k = 1; k <= graph.NumUnknowns(); ++k) {
+    const PlacedUnknown& unknown = graph.Unknowns[k];
+    at[At(unknown.JointA)].push_back(k);
+    if (unknown.IsMember() && unknown.JointB != unknown.JointA) at[At(unknown.JointB)].push_back(k);
+  }
+  return at;
+}
+
+class ExtentFinder {
+ public:
+  ExtentFinder(const TrussGraph& graph, const std::vector<SelfStress>& stresses)
+      : graph_(graph),
+        stresses_(stresses),
+        unknownsAt_(UnknownsAt(graph)),
+        displacements_(At(graph.NumJoints()) + 1),
+        placeOf_(At(graph.NumJoints()) + 1),
+        stressesAt_(At(graph.NumJoints()) + 1),
+        components_(PiecesOf(graph)),
+        numStatesOf_(At(components_.Count)) {
+    for (const SelfStress& stress : stresses) {
+      const int joint = graph.Unknowns[stress.Forces.front().Unknown].JointA;
+      ++numStatesOf_[At(components_.OfJoint[joint])];
+    }
+    for (std::size_t s = 0; s < stresses.size(); ++s) {
+      for (const UnknownForce& force : stresses[s].Forces) {
+        const PlacedUnknown& unknown = graph.Unknowns[force.Unknown];
+        for (const int joint : {unknown.JointA, unknown.JointB}) {
+          std::vector<std::size_t>& list = stressesAt_[At(joint)];
+          if (joint != 0 && (list.empty() || list.back() != s)) list.push_back(s);
+        }
+      }
+    }
+  }
+
+  template <class Field>
+  MotionExtent Of(const Motion& motion, const std::vector<ModularRow>& exactRows) {
+    for (const JointDisplacement& at : motion.Joints) displacements_[At(at.Joint)] = at;
+    MotionExtent extent = MotionExtent::Small;
+    if (TurnsOrSlidesFreely(motion) || IsIndependent<Field>(motion, exactRows)) {
+      extent = MotionExtent::MovesOn;
+    } else if (IsHeldAtSecondOrder(motion)) {
+      extent = MotionExtent::Tightens;
+    }
+    for (const JointDisplacement& at : motion.Joints) displacements_[At(at.Joint)] = {};
+    return extent;
+  }
+
+ private:
+  const JointDisplacement& Of(int joint) const { return displacements_[At(joint)]; }
+  bool Moves(int joint) const { return Of(joint).Joint != 0; }
+
+  // Unknowns that act on what moves, each once.
+  std::vector<int> Touching(const Motion& motion) const {
+    std::vector<int> touching;
+    for (const JointDisplacement& at : motion.Joints) {
+      touching.insert(touching.end(), unknownsAt_[At(at.Joint)].begin(), unknownsAt_[At(at.Joint)].end());
+    }
+    std::ranges::sort(touching);
+    touching.erase(std::unique(touching.begin(), touching.end()), touching.end());
+    return touching;
+  }
+
+  // All that moves is one piece, and nothing holds it from outside but where it may slide or at its centre.
+  bool TurnsOrSlidesFreely(const Motion& motion) const {
+    const JointDisplacement& first = motion.Joints.front();
+    const PlacedJoint& origin = graph_.Joints[first.Joint];
+    double turn = 0;
+    bool slides = true;
+    for (const JointDisplacement& at : motion.Joints) {
+      const double dx = at.Dx - first.Dx;
+      const double dy = at.Dy - first.Dy;
+      if (IsNothing(dx) && IsNothing(dy)) continue;
+      slides = false;
+      const double x = double{graph_.Joints[at.Joint].X} - double{origin.X};
+      const double y = double{graph_.Joints[at.Joint].Y} - double{origin.Y};
+      const double rate = (x * dy - y * dx) / (x * x + y * y);
+      if (turn == 0) turn = rate;
+      const double size = std::abs(turn) * std::sqrt(x * x + y * y);
+      if (std::abs(dx + turn * y) > 1e-9 * size || std::abs(dy - turn * x) > 1e-9 * size) return false;
+    }
+    const std::vector<int> touching = Touching(motion);
+    return std::ranges::all_of(touching, [&](int k) {
+      const PlacedUnknown& unknown = graph_.Unknowns[k];
+      if (!unknown.IsMember()) return slides || unknown.Sign == 0;
+      if (Moves(unknown.JointA) && Moves(unknown.JointB)) return true;
+      if (slides) return false;
+      const PlacedJoint& held = graph_.Joints[Moves(unknown.JointA) ? unknown.JointB : unknown.JointA];
+      const double x = double{held.X} - double{origin.X};
+      const double y = double{held.Y} - double{origin.Y};
+      const double size = std::abs(turn) * std::sqrt(x * x + y * y);
+      return std::abs(first.Dx - turn * y) <= 1e-9 * size && std::abs(first.Dy + turn * x) <= 1e-9 * size;
+    });
+  }
+
+  // Where the constraints are independent, the positions that satisfy them form a smooth surface, and every
+  // motion is the beginning of a path on it. It is enough to look at the constraints of what moves, with the
+  // rest held; or at all of them, with those that only repeat what keeps a piece in its shape left out.
+  template <class Field>
+  bool IsIndependent(const Motion& motion, const std::vector<ModularRow>& exactRows) {
+    const std::vector<int> superfluous = Superfluous<Field>(motion, exactRows);
+    const int component = components_.OfJoint[motion.Joints.front().Joint];
+    if (numStatesOf_[At(component)] == superfluous.size()) return true;
+    int numMoving = 0;
+    for (const JointDisplacement& at : motion.Joints) placeOf_[At(at.Joint)] = numMoving++;
+    const int numColumns = 2 * numMoving;
+    std::vector<ModularRow> rows;
+    for (const int k : Touching(motion)) {
+      if (std::ranges::binary_search(superfluous, k)) continue;
+      ModularRow row;
+      for (const ModularEntry& entry : exactRows[At(k - 1)]) {
+        const int joint = entry.Column / 2 + 1;
+        if (Moves(joint)) row.push_back({2 * placeOf_[At(joint)] + entry.Column % 2, entry.Value});
+      }
+      rows.push_back(std::move(row));
+    }
+    const auto numRows = static_cast<int>(rows.size());
+    return numRows < numColumns && RankOf<Field>(std::move(rows), numColumns) == numRows;
+  }
+
+  // Members that pieces could do without and still keep their shape: wherever these go, they fit.
+  template <class Field>
+  std::vector<int> Superfluous(const Motion& motion, const std::vector<ModularRow>& exactRows) const {
+    std::vector<int> superfluous;
+    for (const MovingPiece& piece : PiecesThatMove(graph_, motion)) {
+      AddSuperfluous<Field>(piece.Members, exactRows, superfluous);
+    }
+    AddSuperfluous<Field>(StandingMembers(motion), exactRows, superfluous);
+    std::ranges::sort(superfluous);
+    return superfluous;
+  }
+
+  // The members of the motion's component that do not move.
+  std::vector<int> StandingMembers(const Motion& motion) const {
+    const int component = components_.OfJoint[motion.Joints.front().Joint];
+    std::vector<int> members;
+    for (int k = 1; k <= graph_.NumUnknowns(); ++k) {
+      const PlacedUnknown& unknown = graph_.Unknowns[k];
+      const bool isThere = unknown.IsMember() && components_.OfJoint[unknown.JointA] == component;
+      if (isThere && !Moves(unknown.JointA) && !Moves(unknown.JointB)) members.push_back(k);
+    }
+    return members;
+  }
+
+  template <class Field>
+  void AddSuperfluous(const std::vector<int>& members, const std::vector<ModularRow>& exactRows,
+                      std::vector<int>& superfluous) const {
+    std::vector<int> joints;
+    std::vector<ModularRow> rows;
+    for (const int k : members) {
+      joints.insert(joints.end(), {graph_.Unknowns[k].JointA, graph_.Unknowns[k].JointB});
+      rows.push_back(exactRows[At(k - 1)]);
+    }
+    std::ranges::sort(joints);
+    joints.erase(std::unique(joints.begin(), joints.end()), joints.end());
+    const auto numRows = static_cast<int>(rows.size());
+    const int whole = 2 * static_cast<int>(joints.size()) - 3;
+    if (numRows <= whole) return;
+    const ModularNullSpace states = NullSpaceOf<Field>(Transposed(rows, graph_.NumEquations()), numRows);
+    if (states.Rank != whole) return;
+    for (const int row : states.Free) superfluous.push_back(members[At(row)]);
+  }
+
+  bool IsHeldAtSecondOrder(const Motion& motion) const {
+    std::vector<std::size_t> near;
+    for (const JointDisplacement& at : motion.Joints) {
+      near.insert(near.end(), stressesAt_[At(at.Joint)].begin(), stressesAt_[At(at.Joint)].end());
+    }
+    std::ranges::sort(near);
+    near.erase(std::unique(near.begin(), near.end()), near.end());
+    return std::ranges::any_of(near, [this](std::size_t s) { return WorksAtSecondOrder(stresses_[s]); });
+  }
+
+  // The members' force densities times the squares of their relative displacements.
+  bool WorksAtSecondOrder(const SelfStress& stress) const {
+    double work = 0;
+    double size = 0;
+    for (const UnknownForce& force : stress.Forces) {
+      const PlacedUnknown& unknown = graph_.Unknowns[force.Unknown];
+      if (!unknown.IsMember() || unknown.JointA == unknown.JointB) continue;
+      const PlacedJoint& a = graph_.Joints[unknown.JointA];
+      const PlacedJoint& b = graph_.Joints[unknown.JointB];
+      const double x = double{a.X} - double{b.X};
+      const double y = double{a.Y} - double{b.Y};
+      const double dx = Of(unknown.JointA).Dx - Of(unknown.JointB).Dx;
+      const double dy = Of(unknown.JointA).Dy - Of(unknown.JointB).Dy;
+      const double term = force.Value / std::sqrt(x * x + y * y) * (dx * dx + dy * dy);
+      work += term;
+      size += std::abs(term);
+    }
+    return std::abs(work) > 1e-7 * size;
+  }
+
+  static bool IsNothing(double displacement) { return std::abs(displacement) < 1e-9; }
+
+  const TrussGraph& graph_;
+  const std::vector<SelfStress>& stresses_;
+  std::vector<std::vector<int>> unknownsAt_;
+  std::vector<JointDisplacement> displacements_;  // by joint, of the motion in hand
+  std::vector<int> placeOf_;                      // by joint: its number among those that move
+  std::vector<std::vector<std::size_t>> stressesAt_;
+  TrussPieces components_;
+  std::vector<std::size_t> numStatesOf_;  // of self-stress, by component
+};
+
+}  // namespace
+
+template <class Field>
+void FindExtents(const TrussGraph& graph, const std::vector<ModularRow>& exactRows,
+                 const std::vector<SelfStress>& stresses, std::vector<Motion>& motions) {
+  ExtentFinder finder(graph, stresses);
+  for (Motion& motion : motions) motion.Extent = finder.Of<Field>(motion, exactRows);
+}
+
+template void FindExtents<FirstField>(const TrussGraph&, const std::vector<ModularRow>&,
+                                      const std::vector<SelfStress>&, std::vector<Motion>&);
+template void FindExtents<SecondField>(const TrussGraph&, const std::vector<ModularRow>&,
+                                       const std::vector<SelfStress>&, std::vector<Motion>&);

@@ -1,0 +1,99 @@
+#include "explanation/DrawingChecks.h"
+
+#include "document/DocumentSettings.h"
+#include "support/TrussBuilder.h"
+
+namespace {
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::Field;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+std::vector<DrawingCheck> Check(Truss truss, float snap = 0) {
+  const CanvasBounds bounds;
+  truss.View = DeriveView(truss.Settings, bounds);
+  return CheckDrawing(truss, {.Bounds = bounds, .SnapX = snap, .SnapY = snap}, {});
+}
+
+auto Found(CheckKind kind, const std::string& text) {
+  return AllOf(Field(&DrawingCheck::Kind, kind), Field(&DrawingCheck::Text, HasSubstr(text)));
+}
+
+// A triangle well inside the drawing, with nothing to complain about.
+TrussBuilder Sound() {
+  return TrussBuilder()
+      .Member(4, 4, 8, 4, "AB")
+      .Member(8, 4, 6, 6, "BC")
+      .Member(6, 6, 4, 4, "CA")
+      .Clamp(4, 4, "Ax", "Ay")
+      .Roller(8, 4, "B")
+      .Force(6, 6, 0, -1000)
+      .Joint(4, 4, "A")
+      .Joint(8, 4, "B")
+      .Joint(6, 6, "C");
+}
+
+TEST(DrawingChecks, ASoundTrussHasNone) { EXPECT_THAT(Check(Sound()), IsEmpty()); }
+
+TEST(DrawingChecks, EndsThatNearlyMeetAreTwoJoints) {
+  // The drawing is 20 wide: 0.02 is a thousandth of it.
+  const auto apart = [](float gap) {
+    return Sound().Member(8 + gap, 4, 9, 6, "X").Member(9, 6, 6, 6, "Y").Joint(8 + gap, 4, "D");
+  };
+  EXPECT_THAT(Check(apart(0.02F)), ElementsAre(Found(CheckKind::NearEnds, "Joints B at (8, 4) and D at (8.02, 4)"),
+                                               Found(CheckKind::SingleMemberJoint, "Joint D")));
+  EXPECT_THAT(Check(apart(0.03F)), ElementsAre(Found(CheckKind::SingleMemberJoint, "Joint D")));
+  EXPECT_THAT(Check(apart(0.3F), 0.43F),
+              ElementsAre(Found(CheckKind::NearEnds, "D"), Found(CheckKind::SingleMemberJoint, "Joint D")));
+}
+
+TEST(DrawingChecks, AMemberThroughAJointIsNotConnectedThere) {
+  const auto truss = Sound().Member(6, 4, 6, 6, "post").Joint(6, 4, "foot");
+  EXPECT_THAT(Check(truss), ElementsAre(Found(CheckKind::ThroughJoint, "Member AB passes through joint foot at (6, 4)"),
+                                        Found(CheckKind::SingleMemberJoint, "Joint foot")));
+}
+
+TEST(DrawingChecks, MembersOnOneAnotherAreFoundAlsoWhenTheyOverlapInPart) {
+  EXPECT_THAT(Check(Sound().Member(8, 4, 4, 4, "twin")),
+              ElementsAre(Found(CheckKind::CoincidentMembers, "Member AB and member twin lie on one another")));
+  EXPECT_THAT(Check(Sound().Member(6, 4, 10, 4, "long").Member(10, 4, 6, 6, "stay")),
+              testing::Contains(Found(CheckKind::CoincidentMembers, "Member AB and member long")));
+  EXPECT_THAT(Check(Sound().Member(8, 4, 10, 4, "on").Member(10, 4, 6, 6, "stay")), IsEmpty())
+      << "members in line that meet at their ends";
+  EXPECT_THAT(Check(Sound().Member(4, 5, 8, 5, "beside").Member(4, 5, 4, 4, "l").Member(8, 5, 8, 4, "r")),
+              testing::Not(testing::Contains(Field(&DrawingCheck::Kind, CheckKind::CoincidentMembers))));
+}
+
+TEST(DrawingChecks, TwoSupportsAtOnePlace) {
+  EXPECT_THAT(Check(Sound().Roller(8, 4, "B2", 8)),
+              ElementsAre(Found(CheckKind::CoincidentSupports, "joint B at (8, 4)")));
+}
+
+TEST(DrawingChecks, WhatTouchesNoMemberStandsApart) {
+  EXPECT_THAT(Check(Sound().Clamp(12, 8, "u", "v").Force(10, 9, 0, -5)),
+              ElementsAre(Found(CheckKind::Apart, "The clamp at (12, 8) touches no member."),
+                          Found(CheckKind::Apart, "The force (0, -5) at (10, 9) acts on no member.")));
+  EXPECT_THAT(Check(Sound().Clamp(12, 8, "u", "v").ThenErased()), IsEmpty()) << "what is erased is not looked at";
+}
+
+TEST(DrawingChecks, AReactionOutsideTheCanvasIsTold) {
+  // The reaction of a roller that pushes up stands below it.
+  EXPECT_THAT(Check(Sound().Member(6, 6, 6, 0, "leg").Roller(6, 0, "R")),
+              testing::Contains(Found(CheckKind::OutsideDrawing, "A reaction of the roller at (6, 0)")));
+  EXPECT_THAT(Check(Sound().Member(6, 6, 6, 2, "leg").Roller(6, 2, "R")),
+              testing::Not(testing::Contains(Field(&DrawingCheck::Kind, CheckKind::OutsideDrawing))));
+}
+
+TEST(DrawingChecks, TheLargestDocumentIsCheckedInTime) {
+  TrussBuilder builder;
+  for (int i = 0; i < 2000; ++i) {
+    const auto x = static_cast<float>(i % 50) / 4;
+    const auto y = static_cast<float>(i / 50) / 4;
+    builder.Member(x, y, x + 0.25F, y).Member(x, y, x, y + 0.25F);
+  }
+  EXPECT_FALSE(Check(builder).empty());  // the outermost joints have one member
+}
+
+}  // namespace

@@ -1,0 +1,53 @@
+// Trusses for the tests of explanations, as graphs.
+#pragma once
+
+#include <algorithm>
+#include <random>
+#include <vector>
+
+#include "analysis/Analysis.h"
+#include "explanation/TrussGraph.h"
+#include "support/TrussBuilder.h"
+
+inline TrussGraph GraphOf(Truss truss) {
+  const TrussAnalysis analysis = SolveTruss(truss);
+  return GraphOf(truss, analysis);
+}
+
+/// Few joints on a small grid of whole numbers (so that three often stand on a line, four on a circle),
+/// joined at random, with supports of all types and whole loads.
+inline Truss RandomSmallTruss(std::mt19937& random, int mostJoints, int gridSize) {
+  const auto below = [&random](int count) {
+    return static_cast<int>(random() % static_cast<unsigned>(count));
+  };
+  std::vector<std::pair<float, float>> at;
+  const int numJoints = 2 + below(mostJoints - 1);
+  while (static_cast<int>(at.size()) < numJoints) {
+    const auto place = std::pair(static_cast<float>(below(gridSize)), static_cast<float>(below(gridSize)));
+    if (std::find(at.begin(), at.end(), place) == at.end()) at.push_back(place);
+  }
+  TrussBuilder builder;
+  const int density = 1 + below(3);
+  for (int a = 0; a < numJoints; ++a) {
+    for (int b = a + 1; b < numJoints; ++b) {
+      if (below(4) >= density) continue;
+      const auto [x1, y1] = at[static_cast<std::size_t>(a)];
+      const auto [x2, y2] = at[static_cast<std::size_t>(b)];
+      builder.Member(x1, y1, x2, y2);
+    }
+  }
+  for (int i = below(4); i > 0; --i) {
+    const auto [x, y] = at[static_cast<std::size_t>(below(numJoints))];
+    const auto type = static_cast<std::int16_t>(1 + below(8));
+    if (type > 4) {
+      builder.Roller(x, y, "r", type);
+    } else {
+      builder.Clamp(x, y, "cx", "cy", type);
+    }
+  }
+  for (int i = below(3); i > 0; --i) {
+    const auto [x, y] = at[static_cast<std::size_t>(below(numJoints))];
+    builder.Force(x, y, static_cast<float>(below(9) - 4), static_cast<float>(below(9) - 4));
+  }
+  return builder;
+}

@@ -1,0 +1,234 @@
+// What is told of a truss beyond its verdict: the proof, the advice, what rounding has to do with it.
+#include "explanation/Explanation.h"
+
+#include <cmath>
+#include <map>
+
+#include "ExplanationFixture.h"
+#include "explanation/ExplanationText.h"
+#include "explanation/RigidityMatrix.h"
+
+namespace {
+
+using testing::AnyOf;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::Field;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::Optional;
+
+Explanation Explain(Truss truss) {
+  const TrussAnalysis analysis = SolveTruss(truss);
+  return ExplainTruss(truss, analysis);
+}
+
+std::string TextOf(const Explanation& explanation) {
+  std::string text;
+  for (const ExplanationSection& section : ExplanationText(explanation, {})) {
+    text += section.Heading + '\n';
+    for (const std::string& paragraph : section.Paragraphs) text += paragraph + '\n';
+  }
+  return text;
+}
+
+// A rope that hangs straight, whose reduced matrix contradicts itself by a remnant of rounding.
+Truss ObliqueTie() {
+  return TrussBuilder().Member(0, 0, 1, 3, "AB").Clamp(0, 0, "Ax", "Ay").Force(1, 3, 100, 300).Joint(0, 0, "A").Joint(
+      1, 3, "B");
+}
+
+// A parallelogram on two clamps under a load to the right.
+TrussBuilder Parallelogram() {
+  return TrussBuilder()
+      .Member(0, 0, 1, 2, "a")
+      .Member(4, 0, 5, 2, "b")
+      .Member(1, 2, 5, 2, "c")
+      .Clamp(0, 0, "x1", "y1")
+      .Clamp(4, 0, "x2", "y2")
+      .Joint(1, 2, "P")
+      .Joint(5, 2, "Q");
+}
+
+TEST(ContradictionProof, CancelsOnTheLeftAndNotOnTheRight) {
+  std::mt19937 random(4);
+  int numProofs = 0;
+  for (int i = 0; i < 2000; ++i) {
+    const Explanation explanation = Explain(RandomSmallTruss(random, 7, 6));
+    ASSERT_EQ(explanation.Proof.has_value(), explanation.Exact.Verdict.Code() == Outcome::Inconsistent);
+    if (!explanation.Proof) continue;
+    ++numProofs;
+    const TrussGraph& graph = explanation.Graph;
+    const SparseMatrix<double> rigidity = RigidityRows(graph);
+    const std::vector<double> loads = LoadVector(graph);
+    std::map<int, double> factors;
+    double sum = 0;
+    for (const WeightedEquation& equation : explanation.Proof->Equations) {
+      const int column = ColumnOf(equation.Joint, equation.Along);
+      factors[column] = equation.Factor;
+      sum -= equation.Factor * loads[static_cast<std::size_t>(column)];
+    }
+    EXPECT_GT(explanation.Proof->Sum, 0);
+    EXPECT_NEAR(sum, explanation.Proof->Sum, 1e-9 * std::abs(sum));
+    for (int k = 1; k <= graph.NumUnknowns(); ++k) {
+      double left = 0;
+      double size = 0;
+      for (const auto& [column, value] : rigidity.Row(k)) {
+        left += factors[column - 1] * value;
+        size += std::abs(factors[column - 1] * value);
+      }
+      EXPECT_LE(std::abs(left), 1e-9 * size) << "truss " << i << ", unknown " << k;
+    }
+  }
+  EXPECT_GT(numProofs, 300);
+}
+
+TEST(ContradictionProof, HasSmallWholeFactorsWhereThereAreSuch) {
+  const Explanation explanation = Explain(Parallelogram().Force(1, 2, 1000, 0));
+  ASSERT_TRUE(explanation.Proof);
+  EXPECT_TRUE(explanation.Proof->IsWhole);
+  EXPECT_EQ(explanation.Proof->Sum, 2000);
+  std::map<std::pair<std::string, Axis>, double> factors;
+  for (const WeightedEquation& equation : explanation.Proof->Equations) {
+    factors[{explanation.Graph.Joints[equation.Joint].Name, equation.Along}] = equation.Factor;
+  }
+  const std::map<std::pair<std::string, Axis>, double> expected = {
+      {{"P", Axis::X}, -2}, {{"P", Axis::Y}, 1}, {{"Q", Axis::X}, -2}, {{"Q", Axis::Y}, 1}};
+  EXPECT_EQ(factors, expected);
+  EXPECT_THAT(TextOf(explanation), HasSubstr("add up to 0 on the left and to 2000 on the right"));
+}
+
+TEST(ExplanationAdvice, IsFollowedBeforeItIsGiven) {
+  std::mt19937 random(5);
+  int numPieces = 0;
+  for (int i = 0; i < 500; ++i) {
+    const Explanation explanation = Explain(RandomSmallTruss(random, 8, 6));
+    const ExactVerdict& verdict = explanation.Exact.Verdict;
+    int additions = 0;
+    for (const Advice& advice : explanation.Suggestions) {
+      ++numPieces;
+      TrussGraph graph = explanation.Graph;
+      if (advice.Kind == AdviceKind::RemoveMember) {
+        EXPECT_TRUE(graph.Unknowns[advice.Unknown].IsMember());
+        graph.Unknowns[advice.Unknown] = {.JointA = 1, .Sign = 0};
+        EXPECT_EQ(JudgeExactly(graph).Mechanisms(), verdict.Mechanisms());
+        EXPECT_FALSE(std::ranges::binary_search(verdict.Determined, advice.Unknown));
+        continue;
+      }
+      ++additions;
+      graph.Unknowns.Resize(graph.NumUnknowns() + 1);
+      graph.Unknowns[graph.NumUnknowns()] = {.JointA = advice.JointA, .JointB = advice.JointB, .Along = advice.Along};
+      EXPECT_EQ(JudgeExactly(graph).Mechanisms(), verdict.Mechanisms() - 1);
+    }
+    EXPECT_LE(additions, MostAdvice);
+    EXPECT_EQ(additions > 0, verdict.Mechanisms() > 0) << "truss " << i;
+  }
+  EXPECT_GT(numPieces, 500);
+}
+
+TEST(ExplanationAdvice, ForAParallelogramIsADiagonal) {
+  const Explanation explanation = Explain(Parallelogram());
+  EXPECT_THAT(TextOf(explanation), HasSubstr("a member between joints"));
+}
+
+TEST(DrawnFigures, AnObliqueTieHoldsThoughItsMatrixContradicts) {
+  const Explanation explanation = Explain(ObliqueTie());
+  EXPECT_EQ(explanation.Shown, Outcome::Inconsistent);
+  EXPECT_EQ(explanation.Exact.Verdict.Code(), Outcome::Redundant);
+  EXPECT_EQ(explanation.Figures.Within, Outcome::Redundant);
+  EXPECT_FALSE(explanation.Agrees());
+  EXPECT_NEAR(explanation.Remnant, 3.141e-6, 1e-9);
+  EXPECT_THAT(RoundingNotice(explanation, {}), HasSubstr("3.141E-6"));
+}
+
+TEST(DrawnFigures, ATieTypedInPolarFormContradictsOnlyBeyondItsFigures) {
+  const auto x = static_cast<float>(5 * std::cos(37 * 3.141592654 / 180));
+  const auto y = static_cast<float>(5 * std::sin(37 * 3.141592654 / 180));
+  const Explanation explanation =
+      Explain(TrussBuilder().Member(0, 0, x, y).Clamp(0, 0).Force(x, y, 200 * x, 200 * y));
+  EXPECT_EQ(explanation.Exact.Verdict.Code(), Outcome::Inconsistent);
+  EXPECT_EQ(explanation.Figures.Within, Outcome::Redundant);
+  EXPECT_THAT(RoundingNotice(explanation, {}), HasSubstr("a millionth counts as nothing"));
+}
+
+TEST(DrawnFigures, AHiddenMechanismIsFoundBehindGiantForces) {
+  // The joint (1, 3) lies on the line of the clamps; rounded directions let it seem to be off it.
+  const Explanation explanation = Explain(
+      TrussBuilder().Member(0, 0, 1, 3).Member(1, 3, 4, 12).Clamp(0, 0).Clamp(4, 12).Force(1, 3, 0, -1000));
+  EXPECT_EQ(explanation.Shown, Outcome::Neither);
+  EXPECT_EQ(explanation.Exact.Verdict.Code(), Outcome::Inconsistent);
+  EXPECT_EQ(explanation.Figures.Within, Outcome::Inconsistent);
+  EXPECT_THAT(RoundingNotice(explanation, {}), HasSubstr("Exactly, the system has no solution"));
+}
+
+TEST(DrawnFigures, NearlyAMechanismIsSaidWithTheMotionThatIsNearlyFree) {
+  const Explanation explanation = Explain(TrussBuilder()
+                                              .Member(0, 0, 2, 0.0001F)
+                                              .Member(2, 0.0001F, 4, 0)
+                                              .Clamp(0, 0)
+                                              .Clamp(4, 0)
+                                              .Force(2, 0.0001F, 0, -1000)
+                                              .Joint(2, 0.0001F, "top"));
+  EXPECT_GT(explanation.Figures.Magnification, NearlyAMechanism);
+  ASSERT_TRUE(explanation.Figures.NearlyFree);
+  const std::vector<JointDisplacement>& joints = explanation.Figures.NearlyFree->Joints;
+  ASSERT_EQ(joints.size(), 1U);
+  EXPECT_EQ(explanation.Graph.Joints[joints[0].Joint].Name, "top");
+  EXPECT_NEAR(joints[0].Dy, -1, 1e-6);
+  EXPECT_THAT(RoundingNotice(explanation, {}), HasSubstr("nearly a mechanism"));
+}
+
+TEST(DrawnFigures, AnOrdinaryTrussIsSureInAllFiguresAndNothingIsSaid) {
+  const Explanation explanation = Explain(TrussBuilder()
+                                              .Member(0, 0, 4, 0)
+                                              .Member(0, 0, 2, 2)
+                                              .Member(4, 0, 2, 2)
+                                              .Clamp(0, 0)
+                                              .Roller(4, 0)
+                                              .Force(2, 2, 0, -1000));
+  EXPECT_THAT(explanation.Figures.CertainFigures, Optional(testing::Ge(6)));
+  EXPECT_EQ(RoundingNotice(explanation, {}), "");
+}
+
+TEST(DrawnFigures, WithoutADeterminedForceNoFigureIsCounted) {
+  const Explanation explanation = Explain(TrussBuilder().Member(0, 0, 1, 0).Clamp(0, 0).Clamp(1, 0, "c", "d"));
+  EXPECT_FALSE(Explain(TrussBuilder().Member(0, 0, 1, 0).Force(0, 0, 1, 0)).Figures.CertainFigures);
+  EXPECT_TRUE(explanation.Figures.CertainFigures);  // the reactions across the member
+}
+
+TEST(ExplanationText, OpensWithTheKindAndHowCountingRelatesToIt) {
+  // As many equations as unknowns, one motion and one state of self-stress.
+  const Explanation explanation = Explain(
+      TrussBuilder().Member(0, 0, 2, 0, "a").Member(2, 0, 4, 0, "b").Clamp(0, 0).Clamp(4, 0).Joint(2, 0, "M"));
+  const std::vector<ExplanationSection> sections = ExplanationText(explanation, {});
+  ASSERT_FALSE(sections.empty());
+  EXPECT_THAT(sections[0].Paragraphs[0],
+              HasSubstr("This truss has 1 independent motion and 1 state of self-stress."));
+  EXPECT_THAT(sections[0].Paragraphs[1], HasSubstr("6 - 6 = 0, are states of self-stress less motions, 1 - 1 = 0"));
+  EXPECT_THAT(sections[0].Paragraphs[1], HasSubstr("what is missing at one place is too much at another"));
+  const std::vector<std::string> table = KindTable(explanation.Exact.Verdict);
+  EXPECT_THAT(table[2], HasSubstr("[x] movable and self-stressed"));
+  EXPECT_THAT(TextOf(explanation), HasSubstr("Joint M "));
+  EXPECT_THAT(TextOf(explanation), HasSubstr("It tightens after a tiny displacement"));
+}
+
+TEST(ExplanationText, NamesWhichMembersTurnTogether) {
+  // A triangle on one clamp, and a bar that hangs from it.
+  const Explanation explanation = Explain(TrussBuilder()
+                                              .Member(0, 0, 2, 0, "AB")
+                                              .Member(2, 0, 1, 1, "BC")
+                                              .Member(1, 1, 0, 0, "CA")
+                                              .Clamp(0, 0, "Ax", "Ay")
+                                              .Joint(0, 0, "A"));
+  EXPECT_THAT(TextOf(explanation), HasSubstr("The whole truss turns anticlockwise about joint A."));
+}
+
+TEST(ExplanationText, SelfStressNamesItsForcesInProportion) {
+  const Explanation explanation =
+      Explain(TrussBuilder().Member(0, 0, 4, 0, "a").Member(0, 0, 4, 0, "b").Clamp(0, 0).Roller(4, 0));
+  EXPECT_THAT(TextOf(explanation),
+              HasSubstr("a and b hang together: forces in the proportions a = 1 and b = -1 (compression positive)"));
+}
+
+}  // namespace

@@ -1,0 +1,125 @@
+// What --json --explain adds: the keys, their order, and what they say of the examples.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include "program/RunProgram.h"
+
+namespace {
+
+QByteArray Run(const QString& file, const QByteArray& input = {}) {
+  const Ended run = RunProgram({QStringLiteral("--json"), QStringLiteral("--explain"), file}, input);
+  EXPECT_EQ(run.Status, 0);
+  EXPECT_EQ(run.Err, "");
+  return run.Out;
+}
+
+QJsonObject Explained(const char* example) {
+  return QJsonDocument::fromJson(Run(Example(example))).object();
+}
+
+QJsonObject ObjectAt(const QJsonValue& value, const char* key) {
+  return value.toObject().value(QString::fromLatin1(key)).toObject();
+}
+
+QJsonArray ArrayAt(const QJsonValue& value, const char* key) {
+  return value.toObject().value(QString::fromLatin1(key)).toArray();
+}
+
+QString TextAt(const QJsonValue& value, const char* key) {
+  return value.toObject().value(QString::fromLatin1(key)).toString();
+}
+
+int NumberAt(const QJsonValue& value, const char* key) {
+  return value.toObject().value(QString::fromLatin1(key)).toInt(-99);
+}
+
+TEST(ExplainJson, AddsItsKeysAfterTheUsualOnes) {
+  const QByteArray json = Run(QStringLiteral("-"), TriangleText());
+  qsizetype at = json.indexOf("\"conclusion\":");
+  for (const char* key : {"exact", "unknownsAt", "motions", "selfStresses", "proof", "advice", "certainFigures", "checks"}) {
+    const qsizetype next = json.indexOf(QByteArray(",\"") + key + "\":", at);
+    EXPECT_GT(next, at) << key;
+    at = next;
+  }
+  const Ended plain = RunProgram({QStringLiteral("--json"), QStringLiteral("-")}, TriangleText());
+  EXPECT_TRUE(json.startsWith(plain.Out.left(plain.Out.size() - 2))) << "the usual keys stay as they are";
+}
+
+TEST(ExplainJson, SaysOfADeterminateTrussThatAllIsDetermined) {
+  const QJsonObject object = QJsonDocument::fromJson(Run(QStringLiteral("-"), TriangleText())).object();
+  const QJsonObject exact = ObjectAt(object, "exact");
+  EXPECT_EQ(QJsonDocument(exact).toJson(QJsonDocument::Compact),
+            R"({"agrees":true,"augmentedRank":6,"determined":[1,2,3,4,5,6],"mechanisms":0,"outcome":0,"rank":6,"selfStresses":0,"within":0,"word":"unique"})");
+  EXPECT_EQ(QJsonDocument(ArrayAt(object, "unknownsAt")).toJson(QJsonDocument::Compact),
+            R"([{"Axis":"x","Joint":1},{"Axis":"y","Joint":1},{"Axis":"y","Joint":2},{"Joints":[1,2]},{"Joints":[1,3]},{"Joints":[2,3]}])");
+  EXPECT_TRUE(ArrayAt(object, "motions").isEmpty());
+  EXPECT_TRUE(ArrayAt(object, "selfStresses").isEmpty());
+  EXPECT_TRUE(object.value(QStringLiteral("proof")).isNull());
+  EXPECT_TRUE(ArrayAt(object, "advice").isEmpty());
+  EXPECT_TRUE(ArrayAt(object, "checks").isEmpty());
+  EXPECT_GE(NumberAt(object, "certainFigures"), 6);
+}
+
+TEST(ExplainJson, SaysHowAParallelogramMovesAndWhyNothingBalances) {
+  const QJsonObject object = Explained("parallelogram.trs");
+  EXPECT_EQ(TextAt(ObjectAt(object, "exact"), "word"), QStringLiteral("no solution"));
+  const QJsonArray motions = ArrayAt(object, "motions");
+  ASSERT_EQ(motions.size(), 1);
+  const QJsonValue motion = motions.first();
+  EXPECT_EQ(TextAt(motion, "kind"), QStringLiteral("internal"));
+  EXPECT_EQ(TextAt(motion, "extent"), QStringLiteral("moves on"));
+  EXPECT_EQ(ArrayAt(motion, "joints").size(), 2);
+  EXPECT_GT(motion.toObject().value(QStringLiteral("work")).toDouble(), 0);
+  const QJsonObject proof = ObjectAt(object, "proof");
+  EXPECT_EQ(proof.value(QStringLiteral("Sum")).toDouble(), 1000);
+  EXPECT_EQ(ArrayAt(proof, "equations").size(), 4);
+  EXPECT_EQ(ArrayAt(object, "selfStresses").size(), 1);
+  bool addsADiagonal = false;
+  for (const QJsonValue advice : ArrayAt(object, "advice")) {
+    addsADiagonal = addsADiagonal || (TextAt(advice, "Add") == QStringLiteral("member") && ArrayAt(advice, "Joints").size() == 2);
+  }
+  EXPECT_TRUE(addsADiagonal);
+}
+
+TEST(ExplainJson, TellsExactFromRounded) {
+  const QJsonObject tie = ObjectAt(Explained("tie.trs"), "exact");
+  EXPECT_EQ(NumberAt(tie, "outcome"), 1);
+  EXPECT_EQ(NumberAt(tie, "within"), 1);
+  EXPECT_FALSE(tie.value(QStringLiteral("agrees")).toBool(true));
+  const QJsonObject hidden = ObjectAt(Explained("sloping-arch.trs"), "exact");
+  EXPECT_EQ(NumberAt(hidden, "outcome"), 2);
+  EXPECT_FALSE(hidden.value(QStringLiteral("agrees")).toBool(true));
+  const QJsonObject hexagon = ObjectAt(Explained("critical-hexagon.trs"), "exact");
+  EXPECT_EQ(NumberAt(hexagon, "mechanisms"), 1);
+  EXPECT_EQ(NumberAt(hexagon, "selfStresses"), 1);
+}
+
+TEST(ExplainJson, AdvisesWhatToAddAndWhatToLeaveOut) {
+  const QJsonValue turned = ArrayAt(Explained("wrong-roller.trs"), "advice").first();
+  EXPECT_EQ(TextAt(turned, "Add"), QStringLiteral("roller"));
+  EXPECT_EQ(TextAt(turned, "Axis"), QStringLiteral("y"));
+  EXPECT_GT(NumberAt(turned, "Joint"), 0);
+  const QJsonValue redundant = ArrayAt(Explained("one-too-many.trs"), "advice").first();
+  EXPECT_GT(NumberAt(redundant, "Remove"), 3) << "a member, not a reaction";
+}
+
+TEST(ExplainJson, ChecksTheDrawing) {
+  const QJsonArray checks = ArrayAt(Explained("near-joint.trs"), "checks");
+  ASSERT_FALSE(checks.isEmpty());
+  EXPECT_EQ(TextAt(checks.first(), "Kind"), QStringLiteral("near-ends"));
+  EXPECT_NEAR(checks.first().toObject().value(QStringLiteral("X")).toDouble(), 4, 0.03);
+}
+
+TEST(ExplainJson, OfATrussWithoutUnknownForcesOnlyTheChecksAreTold) {
+  const QByteArray json = Run(QStringLiteral("-"),
+                              "Orvane 5\r\n#TRUE#,#TRUE#,#TRUE#,#TRUE#\r\n0\r\n20\r\n2\r\n0.5\r\n0\r\n0.5\r\n1000\r\n4\r\n"
+                              "0\r\n0\r\n1\r\n4,4,0,-5\r\n1\r\n4,4,\"A\"\r\n");
+  EXPECT_FALSE(json.contains("\"exact\":"));
+  EXPECT_TRUE(json.contains("\"checks\":[{\"Kind\":\"apart\",\"X\":4,\"Y\":4,"));
+}
+
+}  // namespace
