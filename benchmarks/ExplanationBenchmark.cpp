@@ -19,7 +19,8 @@ TrussGraph GraphOf(const TrussShape& shape) {
   graph.Unknowns[3] = {.JointA = shape.RollerJoint + 1, .Along = Axis::Y};
   int next = 4;
   for (const auto& [a, b] : shape.Members) graph.Unknowns[next++] = {.JointA = a + 1, .JointB = b + 1};
-  for (const TrussShape::Load& load : shape.Loads) graph.Loads.push_back({load.AtJoint + 1, load.Fx, load.Fy});
+  for (const TrussShape::Load& load : shape.Loads)
+    graph.Loads.push_back({load.AtJoint + 1, load.Fx, load.Fy});
   return graph;
 }
 

@@ -203,9 +203,8 @@ orvane [FILE]                               open the window, on FILE when given
 orvane --report[=SECTION,...] FILE...       print reports: counting, joints, equations, rref, solutions
                                             (all when none is named); also why: what stands behind the
                                             conclusion, and checks: oversights of the drawing
-orvane --json [--matrices] [--explain] FILE...
-                                            one JSON object per file and line; --explain adds the exact verdict
-                                            with its reasons, and the checks
+orvane --json [--matrices] FILE...          one JSON object per file and line
+orvane --json --explain FILE...             the same with the exact verdict, its reasons, and the checks
 orvane --csv=equations|rref|solutions FILE  that table as CSV
 orvane --picture=OUT [--named] FILE         the truss with its forces as .png, .svg or .pdf, by the ending of
                                             OUT; --named adds the names of forces and joints

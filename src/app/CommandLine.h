@@ -34,16 +34,16 @@ struct CommandLine {
   enum class Mode { Window, Report, Json, Csv, Picture, Document, Convert, Help, Version };
 
   Mode What = Mode::Window;
-  ReportSections Sections;              ///< of Report
+  ReportSections Sections;                  ///< of Report
   std::vector<ExplainedSection> Explained;  ///< of Report
-  JsonExtras Json;                      ///< of Json
-  CsvTable Table{};                     ///< of Csv
-  bool Named = false;                   ///< of Picture: with the names and their arrows
-  PictureFileFormat PictureFormat{};    ///< of Picture
-  DocumentFileFormat DocumentFormat{};  ///< of Document
-  std::string OutputPath;               ///< of Picture, Document and Convert; "-" is standard output
-  bool AutoName = false;                ///< name everything before the analysis
-  std::vector<std::string> Files;       ///< UTF-8 paths; "-" is standard input
+  JsonExtras Json;                          ///< of Json
+  CsvTable Table{};                         ///< of Csv
+  bool Named = false;                       ///< of Picture: with the names and their arrows
+  PictureFileFormat PictureFormat{};        ///< of Picture
+  DocumentFileFormat DocumentFormat{};      ///< of Document
+  std::string OutputPath;                   ///< of Picture, Document and Convert; "-" is standard output
+  bool AutoName = false;                    ///< name everything before the analysis
+  std::vector<std::string> Files;           ///< UTF-8 paths; "-" is standard input
 };
 
 /// Why a call is wrong, in one line without a full stop.

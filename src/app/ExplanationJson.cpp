@@ -40,7 +40,9 @@ std::string UnknownsAtJson(const TrussGraph& graph) {
   return list.Text();
 }
 
-const char* KindOf(const Motion& motion) { return motion.Kind == MotionKind::Rigid ? "\"rigid\"" : "\"internal\""; }
+const char* KindOf(const Motion& motion) {
+  return motion.Kind == MotionKind::Rigid ? "\"rigid\"" : "\"internal\"";
+}
 
 const char* ExtentOf(const Motion& motion) {
   switch (motion.Extent) {

@@ -1,10 +1,10 @@
 // The keys that --explain adds to the JSON object of a file.
 #pragma once
 
+#include "analysis/FormatSigFigs.h"
 #include "app/FileAnalysis.h"
 #include "app/JsonList.h"
 #include "explanation/Explanation.h"
-#include "reports/FormatSigFigs.h"
 
 /// "exact" to "certainFigures", of a truss with at least one unknown force, then "checks"; without unknown
 /// forces "checks" alone.

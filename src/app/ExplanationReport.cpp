@@ -24,8 +24,8 @@ std::vector<DrawingCheck> ChecksOf(const AnalysedFile& file, const ReportFormat&
   const CanvasBounds bounds;
   const DocumentSettings& settings = file.Document.Settings;
   Graph graph;
-  graph.SetMapping(bounds.PixL, bounds.PixR, bounds.PixB, bounds.PixT, settings.XMin, settings.XMax, settings.YMin,
-                   file.Document.View.YMax);
+  graph.SetMapping(bounds.PixL, bounds.PixR, bounds.PixB, bounds.PixT, settings.XMin, settings.XMax,
+                   settings.YMin, file.Document.View.YMax);
   return CheckDrawing(file.Document,
                       {.Bounds = bounds,
                        .SnapX = std::abs(graph.XWorld(SnapTolerance) - graph.XWorld(0)),

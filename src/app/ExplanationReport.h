@@ -4,10 +4,10 @@
 
 #include <ostream>
 
+#include "analysis/FormatSigFigs.h"
 #include "app/FileAnalysis.h"
 #include "explanation/DrawingChecks.h"
 #include "explanation/ExplanationText.h"
-#include "reports/FormatSigFigs.h"
 
 /// The section "why", in UTF-8 with line ends LF; for a truss with at least one unknown force.
 void WriteWhy(std::ostream& out, const Explanation& explanation, const ReportFormat& format);

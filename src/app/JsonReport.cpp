@@ -62,7 +62,8 @@ std::string ForcesJson(const Truss& truss) {
   JsonList list('[');
   for (const ForceRec& force : truss.ForcesInUse()) {
     if (!force.Active) continue;
-    list.Item(JsonList('{').Key("X", force.X).Key("Y", force.Y).Key("Fx", force.Fx).Key("Fy", force.Fy).Text());
+    list.Item(
+        JsonList('{').Key("X", force.X).Key("Y", force.Y).Key("Fx", force.Fx).Key("Fy", force.Fy).Text());
   }
   return list.Text();
 }

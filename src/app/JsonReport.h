@@ -3,9 +3,9 @@
 
 #include <string>
 
+#include "analysis/FormatSigFigs.h"
 #include "app/CommandLine.h"
 #include "app/FileAnalysis.h"
-#include "reports/FormatSigFigs.h"
 
 /// One line of UTF-8 without its end. Keys stand in a fixed order. Singles and doubles are written in the
 /// shortest form that reads back to the same value of their type. The assembled and the reduced

@@ -7,9 +7,9 @@
 #include <optional>
 #include <string>
 
+#include "analysis/FormatSigFigs.h"
 #include "app/FileAnalysis.h"
 #include "platform/FileFormats.h"
-#include "reports/FormatSigFigs.h"
 
 /// The toolkit's application object, without which it has no fonts. To be made before a picture or a report,
 /// and to live until the last one is written; other work does not need it.

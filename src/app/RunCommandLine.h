@@ -8,9 +8,9 @@
 #include <ostream>
 #include <string>
 
+#include "analysis/FormatSigFigs.h"
 #include "app/CommandLine.h"
 #include "app/FileAnalysis.h"
-#include "reports/FormatSigFigs.h"
 
 /// The world around one run.
 struct CommandLineEnvironment {

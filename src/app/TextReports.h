@@ -4,9 +4,9 @@
 #include <ostream>
 #include <vector>
 
+#include "analysis/FormatSigFigs.h"
 #include "app/CommandLine.h"
 #include "app/FileAnalysis.h"
-#include "reports/FormatSigFigs.h"
 #include "reports/ReportTables.h"
 
 /// What to print: the usual sections in their order, then the others as they were named.

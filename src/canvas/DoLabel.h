@@ -52,6 +52,6 @@ void PlaceNames(Drawing& drawing, const Truss& truss, const TextMeasure& measure
 /// and their names in place, when CheckJoints refuses.
 [[nodiscard]] bool RefreshJoints(Drawing& drawing, Truss& truss, const TextMeasure& measure);
 
-/// The arrows of a support's reactions as they stand beside its picture, in pixels: two for a clamp, one for a
-/// roller. (x, y) is the supported point.
+/// The arrows of a support's reactions as they stand beside its picture, in pixels: two for a clamp, one for
+/// a roller. (x, y) is the supported point.
 std::vector<PixelLine> ReactionArrows(float x, float y, std::int16_t type);

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "analysis/FormatSigFigs.h"
 #include "explanation/TrussGraph.h"
-#include "reports/FormatSigFigs.h"
 
 /// "A", "A and B", "A, B and C"; of more than `most` the first ones "and 7 more".
 std::string ListOf(const std::vector<std::string>& items, std::size_t most = 12);

@@ -10,6 +10,7 @@
 #include "canvas/DoLabel.h"
 #include "document/JointList.h"
 #include "explanation/Directions.h"
+#include "explanation/RigidityMatrix.h"
 
 namespace {
 
@@ -53,17 +54,22 @@ class Checker {
   }
 
  private:
-  void Tell(CheckKind kind, float x, float y, const std::string& text) { checks_.push_back({kind, x, y, text}); }
+  void Tell(CheckKind kind, float x, float y, const std::string& text) {
+    checks_.push_back({kind, x, y, text});
+  }
 
   int JointAt(float x, float y) const {
     const auto found = jointAt_.find(PositionKey(x, y));
     return found == jointAt_.end() ? 0 : found->second;
   }
   std::string JointName(int joint) const { return "joint " + truss_.Name(truss_.Joints[joint].NameLabel); }
-  std::string MemberName(int member) const { return "member " + truss_.Name(truss_.Members[member].NameLabel1); }
+  std::string MemberName(int member) const {
+    return "member " + truss_.Name(truss_.Members[member].NameLabel1);
+  }
   std::string At(float x, float y) const { return " at " + PairText(x, y, format_); }
 
-  // Joints in cells as large as the distance looked for: what is near stands in the same or a neighbouring cell.
+  // Joints in cells as large as the distance looked for: what is near stands in the same or a neighbouring
+  // cell.
   void FindNearEnds() {
     const double reachX = std::max(double{where_.SnapX}, thousandth_);
     const double reachY = std::max(double{where_.SnapY}, thousandth_);
@@ -79,25 +85,27 @@ class Checker {
         for (int dy = -1; dy <= 1; ++dy) {
           const auto found = cells.find({column + dx, row + dy});
           if (found == cells.end()) continue;
-          std::ranges::copy_if(found->second, std::back_inserter(near), [&](int other) { return NearlyMeet(other, j); });
+          std::ranges::copy_if(found->second, std::back_inserter(near),
+                               [&](int other) { return NearlyMeet(other, j); });
         }
       }
       std::ranges::sort(near);
       for (const int other : near) {
         Tell(CheckKind::NearEnds, joint.X, joint.Y,
-             "Joints " + truss_.Name(truss_.Joints[other].NameLabel) + At(truss_.Joints[other].X, truss_.Joints[other].Y) +
-                 " and " + truss_.Name(joint.NameLabel) + At(joint.X, joint.Y) +
-                 " nearly meet, but they are two joints.");
+             "Joints " + truss_.Name(truss_.Joints[other].NameLabel) +
+                 At(truss_.Joints[other].X, truss_.Joints[other].Y) + " and " + truss_.Name(joint.NameLabel) +
+                 At(joint.X, joint.Y) + " nearly meet, but they are two joints.");
       }
       cells[{column, row}].push_back(j);
     }
   }
 
   bool NearlyMeet(int a, int b) const {
-    const double dx = std::abs(double{truss_.Joints[a].X} - double{truss_.Joints[b].X});
-    const double dy = std::abs(double{truss_.Joints[a].Y} - double{truss_.Joints[b].Y});
+    const double dx = std::abs(WrittenDifference(truss_.Joints[a].X, truss_.Joints[b].X));
+    const double dy = std::abs(WrittenDifference(truss_.Joints[a].Y, truss_.Joints[b].Y));
     // A thousandth that is written in decimals counts as one: 0.02 of 20.
-    return (dx < where_.SnapX && dy < where_.SnapY) || std::sqrt(dx * dx + dy * dy) <= thousandth_ * (1 + 1e-6);
+    return (dx < where_.SnapX && dy < where_.SnapY) ||
+           std::sqrt(dx * dx + dy * dy) <= thousandth_ * (1 + 1e-6);
   }
 
   void FindMembersThroughJoints() {
@@ -168,12 +176,14 @@ class Checker {
     for (const SupportRec& support : truss_.SupportsInUse()) {
       if (!support.Live || places.insert({support.X, support.Y}).second) continue;
       Tell(CheckKind::CoincidentSupports, support.X, support.Y,
-           "More than one support stands at " + JointName(JointAt(support.X, support.Y)) + At(support.X, support.Y) +
-               ".");
+           "More than one support stands at " + JointName(JointAt(support.X, support.Y)) +
+               At(support.X, support.Y) + ".");
     }
   }
 
-  bool HasMember(float x, float y) const { return numMembersAt_[static_cast<std::size_t>(JointAt(x, y))] > 0; }
+  bool HasMember(float x, float y) const {
+    return numMembersAt_[static_cast<std::size_t>(JointAt(x, y))] > 0;
+  }
 
   void FindWhatIsApart() {
     for (const SupportRec& support : truss_.SupportsInUse()) {
@@ -185,7 +195,8 @@ class Checker {
     for (const ForceRec& force : truss_.ForcesInUse()) {
       if (!force.Active || HasMember(force.X, force.Y)) continue;
       Tell(CheckKind::Apart, force.X, force.Y,
-           "The force " + PairText(force.Fx, force.Fy, format_) + At(force.X, force.Y) + " acts on no member.");
+           "The force " + PairText(force.Fx, force.Fy, format_) + At(force.X, force.Y) +
+               " acts on no member.");
     }
   }
 
@@ -205,18 +216,20 @@ class Checker {
   void FindReactionsOutside() {
     Graph graph;
     const CanvasBounds& bounds = where_.Bounds;
-    graph.SetMapping(bounds.PixL, bounds.PixR, bounds.PixB, bounds.PixT, truss_.Settings.XMin, truss_.Settings.XMax,
-                     truss_.Settings.YMin, truss_.View.YMax);
+    graph.SetMapping(bounds.PixL, bounds.PixR, bounds.PixB, bounds.PixT, truss_.Settings.XMin,
+                     truss_.Settings.XMax, truss_.Settings.YMin, truss_.View.YMax);
     if (graph.IsEmpty()) return;
     for (const SupportRec& support : truss_.SupportsInUse()) {
       if (!support.Live) continue;
-      const std::vector<PixelLine> arrows = ReactionArrows(graph.XPixel(support.X), graph.YPixel(support.Y), support.TypeIndex);
+      const std::vector<PixelLine> arrows =
+          ReactionArrows(graph.XPixel(support.X), graph.YPixel(support.Y), support.TypeIndex);
       const bool outside = std::ranges::any_of(arrows, [&](const PixelLine& arrow) {
         return !IsOnCanvas(arrow.X1, arrow.Y1) || !IsOnCanvas(arrow.X2, arrow.Y2);
       });
       if (!outside) continue;
       Tell(CheckKind::OutsideDrawing, support.X, support.Y,
-           std::string("A reaction of the ") + (support.IsClamp() ? "clamp" : "roller") + At(support.X, support.Y) +
+           std::string("A reaction of the ") + (support.IsClamp() ? "clamp" : "roller") +
+               At(support.X, support.Y) +
                " is drawn outside the canvas; larger ranges in Settings bring it into sight.");
     }
   }
@@ -257,6 +270,7 @@ const char* KindWord(CheckKind kind) {
   return "outside-drawing";
 }
 
-std::vector<DrawingCheck> CheckDrawing(const Truss& truss, const DrawnWhere& where, const ReportFormat& format) {
+std::vector<DrawingCheck> CheckDrawing(const Truss& truss, const DrawnWhere& where,
+                                       const ReportFormat& format) {
   return Checker(truss, where, format).All();
 }

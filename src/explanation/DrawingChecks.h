@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "analysis/FormatSigFigs.h"
 #include "canvas/Graph.h"
 #include "document/Truss.h"
-#include "reports/FormatSigFigs.h"
 
 enum class CheckKind {
   NearEnds,            ///< two joints nearly meet
@@ -35,7 +35,8 @@ struct DrawnWhere {
   float SnapX = 0, SnapY = 0;  ///< world units: closer than this on both axes the mouse joins two points
 };
 
-/// All findings, by kind in the order of CheckKind. Joints nearly meet when the mouse would join them, or when
-/// they are not farther apart than a thousandth of the drawing's width; a joint is on a member within that
-/// thousandth. The joint list and the view must be up to date.
-std::vector<DrawingCheck> CheckDrawing(const Truss& truss, const DrawnWhere& where, const ReportFormat& format);
+/// All findings, by kind in the order of CheckKind. Joints nearly meet when the mouse would join them, or
+/// when they are not farther apart than a thousandth of the drawing's width; a joint is on a member within
+/// that thousandth. The joint list and the view must be up to date.
+std::vector<DrawingCheck> CheckDrawing(const Truss& truss, const DrawnWhere& where,
+                                       const ReportFormat& format);

@@ -121,8 +121,9 @@ Motion NearlyFreeMotion(const TrussGraph& graph, const std::vector<double>& forc
     at.Dy /= longest;
   }
   // What hardly moves beside the others is left out.
+  constexpr double hardly = 1e-3;
   std::erase_if(motion.Joints, [](const JointDisplacement& at) {
-    return std::abs(at.Dx) < NothingWithinFigures && std::abs(at.Dy) < NothingWithinFigures;
+    return std::abs(at.Dx) < hardly && std::abs(at.Dy) < hardly;
   });
   for (const JointDisplacement& at : motion.Joints) {
     for (const PlacedLoad& load : graph.Loads) {

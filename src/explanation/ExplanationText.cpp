@@ -70,14 +70,16 @@ class Writer {
           "move at one place, and has a member or support too many at another.";
     }
     if (N == R && motions > 0 && KeepsItsShape()) {
-      counting += "  The truss keeps its shape; it is its supports that let it move as a whole.  That triangles are "
-                  "enough is true of the shape only.";
+      counting +=
+          "  The truss keeps its shape; it is its supports that let it move as a whole.  That triangles are "
+          "enough is true of the shape only.";
     }
     return {"This truss has " + Motions(motions) + " and " + States(states) + ".", counting};
   }
 
   bool KeepsItsShape() const {
-    return std::ranges::all_of(on_.Exact.Motions, [](const Motion& motion) { return motion.Kind == MotionKind::Rigid; });
+    return std::ranges::all_of(on_.Exact.Motions,
+                               [](const Motion& motion) { return motion.Kind == MotionKind::Rigid; });
   }
 
   std::vector<std::string> VerdictParagraphs() const {
@@ -312,7 +314,8 @@ std::string RoundingNotice(const Explanation& explanation, const ReportFormat& f
     }
     sentences.push_back(text + ".");
     if (explanation.ShownMagnification > NearlyAMechanism) {
-      sentences.push_back("The forces that it shows, up to " + FormatSigFigs(explanation.ShownMagnification, format) +
+      sentences.push_back("The forces that it shows, up to " +
+                          FormatSigFigs(explanation.ShownMagnification, format) +
                           " times the largest load, come from dividing by a remnant of rounding.");
     }
   }

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "analysis/FormatSigFigs.h"
 #include "explanation/Explanation.h"
-#include "reports/FormatSigFigs.h"
 
 /// Single-byte texts without line breaks.
 struct ExplanationSection {

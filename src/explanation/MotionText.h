@@ -3,9 +3,9 @@
 
 #include <string>
 
+#include "analysis/FormatSigFigs.h"
 #include "explanation/Motions.h"
 #include "explanation/TrussGraph.h"
-#include "reports/FormatSigFigs.h"
 
 /// Which joints move and where to, which members turn or slide as one piece, what becomes of it, and whether
 /// the loads drive it. A single-byte text of a few sentences.

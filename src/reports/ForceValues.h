@@ -3,9 +3,9 @@
 
 #include <string>
 
+#include "analysis/FormatSigFigs.h"
 #include "canvas/Drawing.h"
 #include "platform/Surface.h"
-#include "reports/FormatSigFigs.h"
 
 /// Dark red: the colour of the arrows, as far as it can be read in small letters on white.
 inline constexpr int ForceValueColour = 4;

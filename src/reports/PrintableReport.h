@@ -5,10 +5,10 @@
 #include <functional>
 
 #include "analysis/Analysis.h"
+#include "analysis/FormatSigFigs.h"
 #include "document/Truss.h"
 #include "platform/RichText.h"
 #include "platform/TextMeasure.h"
-#include "reports/FormatSigFigs.h"
 #include "reports/RTBPicture.h"
 
 /// Told of the work that is done, in parts of the whole (0 .. 1, never less than before, 1 when all is done):

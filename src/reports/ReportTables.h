@@ -8,7 +8,7 @@
 #include <string>
 
 #include "analysis/Analysis.h"
-#include "reports/FormatSigFigs.h"
+#include "analysis/FormatSigFigs.h"
 
 /// Rows and columns run from 0; row 0 and column 0 are the fixed header row and column. Texts are in the
 /// single-byte code page. What a table refers to must outlive it.

@@ -5,9 +5,9 @@
 #include <memory>
 
 #include "analysis/Analysis.h"
+#include "analysis/FormatSigFigs.h"
 #include "platform/NumberFormat.h"
 #include "reports/CountingReport.h"
-#include "reports/FormatSigFigs.h"
 
 class QLabel;
 class QPlainTextEdit;

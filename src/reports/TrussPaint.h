@@ -2,11 +2,11 @@
 // files. It is drawn by the canvas's own routines.
 #pragma once
 
+#include "analysis/FormatSigFigs.h"
 #include "document/Truss.h"
 #include "platform/Page.h"
 #include "platform/Picture.h"
 #include "platform/TextMeasure.h"
-#include "reports/FormatSigFigs.h"
 
 /// What a picture shows beside members, pins, supports and force arrows.
 struct PictureContent {

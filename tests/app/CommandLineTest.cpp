@@ -99,7 +99,8 @@ TEST(CommandLineJson, TakesFiles) {
 
 TEST(CommandLineJson, HasMatricesWhenAsked) {
   EXPECT_TRUE(Call({"--json", "--matrices", "a"}).Json.Matrices);
-  EXPECT_TRUE(Call({"--matrices", "a", "--json"}).Json.Matrices) << "options stand in any order, also after files";
+  EXPECT_TRUE(Call({"--matrices", "a", "--json"}).Json.Matrices)
+      << "options stand in any order, also after files";
 }
 
 TEST(CommandLineJson, ExplainsWhenAsked) {

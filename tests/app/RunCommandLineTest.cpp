@@ -48,7 +48,8 @@ class FullDisk final : public std::streambuf {
 };
 
 std::string FakeJson(const AnalysedFile& file, const JsonExtras& extras, const ReportFormat&) {
-  return "{" + file.Argument + (file.IsComplete() ? "" : "|" + file.Error) + (extras.Matrices ? "|matrices}" : "}");
+  return "{" + file.Argument + (file.IsComplete() ? "" : "|" + file.Error) +
+         (extras.Matrices ? "|matrices}" : "}");
 }
 
 // A picture that says how it was asked for; an empty truss has none.
@@ -114,7 +115,7 @@ class RunCommandLineTest : public testing::Test {
   std::ostringstream Err;
   bool ErrIsTerminal = false;
   std::chrono::steady_clock::time_point Now;
-  std::function<std::string(const AnalysedFile&, bool, const ReportFormat&)> Json = FakeJson;
+  std::function<std::string(const AnalysedFile&, const JsonExtras&, const ReportFormat&)> Json = FakeJson;
   std::function<std::optional<std::string>(const AnalysedFile&, bool, PictureFileFormat, const ReportFormat&)>
       Picture = FakePicture;
   std::function<std::string(const AnalysedFile&, DocumentFileFormat, const NumberFormat&)> Document =
@@ -431,7 +432,7 @@ TEST_F(RunCommandLineTest, NoFurtherFileIsReadOnceResultsCannotBeWritten) {
 
 TEST_F(RunCommandLineTest, AFileThatNeedsTooMuchMemoryDoesNotEndTheRun) {
   const std::string large = File("large.trs", TriangleText);
-  Json = [&](const AnalysedFile& file, bool, const ReportFormat&) {
+  Json = [&](const AnalysedFile& file, const JsonExtras&, const ReportFormat&) {
     if (file.Argument == large) throw std::bad_alloc();
     return std::string("{}");
   };
@@ -444,7 +445,7 @@ class SlowRun : public RunCommandLineTest {
  protected:
   void SetUp() override {
     RunCommandLineTest::SetUp();
-    Json = [this](const AnalysedFile&, bool, const ReportFormat&) {
+    Json = [this](const AnalysedFile&, const JsonExtras&, const ReportFormat&) {
       Now += std::chrono::milliseconds(550);
       return std::string("{}");
     };

@@ -331,7 +331,8 @@ TEST(TextReports, WhyOpensWithTheKindOfTheTruss) {
 
 TEST(TextReports, ExplanationsFollowInTheOrderNamed) {
   std::ostringstream out;
-  WriteReport(out, Analysed(Triangle()), {OnlySolutions, {ExplainedSection::Checks, ExplainedSection::Why}}, {});
+  WriteReport(out, Analysed(Triangle()), {OnlySolutions, {ExplainedSection::Checks, ExplainedSection::Why}},
+              {});
   const std::string text = out.str();
   const std::size_t checks = text.find("\n\nChecks of the drawing:\nNothing was found.\n\n");
   EXPECT_LT(text.find("The solutions:"), checks);
@@ -340,9 +341,10 @@ TEST(TextReports, ExplanationsFollowInTheOrderNamed) {
 
 TEST(TextReports, WithoutAnUnknownForceThereIsNothingToExplain) {
   std::ostringstream out;
-  WriteReport(out, Analysed(TrussBuilder().Force(1, 1, 0, 5)), {{}, {ExplainedSection::Why, ExplainedSection::Checks}},
-              {});
-  EXPECT_THAT(out.str(), testing::StartsWith("Checks of the drawing:\nThe force (0, 5) at (1, 1) acts on no member."));
+  WriteReport(out, Analysed(TrussBuilder().Force(1, 1, 0, 5)),
+              {{}, {ExplainedSection::Why, ExplainedSection::Checks}}, {});
+  EXPECT_THAT(out.str(),
+              testing::StartsWith("Checks of the drawing:\nThe force (0, 5) at (1, 1) acts on no member."));
 }
 
 }  // namespace

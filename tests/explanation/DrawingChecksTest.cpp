@@ -42,8 +42,9 @@ TEST(DrawingChecks, EndsThatNearlyMeetAreTwoJoints) {
   const auto apart = [](float gap) {
     return Sound().Member(8 + gap, 4, 9, 6, "X").Member(9, 6, 6, 6, "Y").Joint(8 + gap, 4, "D");
   };
-  EXPECT_THAT(Check(apart(0.02F)), ElementsAre(Found(CheckKind::NearEnds, "Joints B at (8, 4) and D at (8.02, 4)"),
-                                               Found(CheckKind::SingleMemberJoint, "Joint D")));
+  EXPECT_THAT(Check(apart(0.02F)),
+              ElementsAre(Found(CheckKind::NearEnds, "Joints B at (8, 4) and D at (8.02, 4)"),
+                          Found(CheckKind::SingleMemberJoint, "Joint D")));
   EXPECT_THAT(Check(apart(0.03F)), ElementsAre(Found(CheckKind::SingleMemberJoint, "Joint D")));
   EXPECT_THAT(Check(apart(0.3F), 0.43F),
               ElementsAre(Found(CheckKind::NearEnds, "D"), Found(CheckKind::SingleMemberJoint, "Joint D")));
@@ -51,13 +52,15 @@ TEST(DrawingChecks, EndsThatNearlyMeetAreTwoJoints) {
 
 TEST(DrawingChecks, AMemberThroughAJointIsNotConnectedThere) {
   const auto truss = Sound().Member(6, 4, 6, 6, "post").Joint(6, 4, "foot");
-  EXPECT_THAT(Check(truss), ElementsAre(Found(CheckKind::ThroughJoint, "Member AB passes through joint foot at (6, 4)"),
-                                        Found(CheckKind::SingleMemberJoint, "Joint foot")));
+  EXPECT_THAT(Check(truss),
+              ElementsAre(Found(CheckKind::ThroughJoint, "Member AB passes through joint foot at (6, 4)"),
+                          Found(CheckKind::SingleMemberJoint, "Joint foot")));
 }
 
 TEST(DrawingChecks, MembersOnOneAnotherAreFoundAlsoWhenTheyOverlapInPart) {
-  EXPECT_THAT(Check(Sound().Member(8, 4, 4, 4, "twin")),
-              ElementsAre(Found(CheckKind::CoincidentMembers, "Member AB and member twin lie on one another")));
+  EXPECT_THAT(
+      Check(Sound().Member(8, 4, 4, 4, "twin")),
+      ElementsAre(Found(CheckKind::CoincidentMembers, "Member AB and member twin lie on one another")));
   EXPECT_THAT(Check(Sound().Member(6, 4, 10, 4, "long").Member(10, 4, 6, 6, "stay")),
               testing::Contains(Found(CheckKind::CoincidentMembers, "Member AB and member long")));
   EXPECT_THAT(Check(Sound().Member(8, 4, 10, 4, "on").Member(10, 4, 6, 6, "stay")), IsEmpty())
@@ -75,7 +78,8 @@ TEST(DrawingChecks, WhatTouchesNoMemberStandsApart) {
   EXPECT_THAT(Check(Sound().Clamp(12, 8, "u", "v").Force(10, 9, 0, -5)),
               ElementsAre(Found(CheckKind::Apart, "The clamp at (12, 8) touches no member."),
                           Found(CheckKind::Apart, "The force (0, -5) at (10, 9) acts on no member.")));
-  EXPECT_THAT(Check(Sound().Clamp(12, 8, "u", "v").ThenErased()), IsEmpty()) << "what is erased is not looked at";
+  EXPECT_THAT(Check(Sound().Clamp(12, 8, "u", "v").ThenErased()), IsEmpty())
+      << "what is erased is not looked at";
 }
 
 TEST(DrawingChecks, AReactionOutsideTheCanvasIsTold) {

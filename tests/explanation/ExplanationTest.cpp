@@ -35,8 +35,12 @@ std::string TextOf(const Explanation& explanation) {
 
 // A rope that hangs straight, whose reduced matrix contradicts itself by a remnant of rounding.
 Truss ObliqueTie() {
-  return TrussBuilder().Member(0, 0, 1, 3, "AB").Clamp(0, 0, "Ax", "Ay").Force(1, 3, 100, 300).Joint(0, 0, "A").Joint(
-      1, 3, "B");
+  return TrussBuilder()
+      .Member(0, 0, 1, 3, "AB")
+      .Clamp(0, 0, "Ax", "Ay")
+      .Force(1, 3, 100, 300)
+      .Joint(0, 0, "A")
+      .Joint(1, 3, "B");
 }
 
 // A parallelogram on two clamps under a load to the right.
@@ -118,7 +122,8 @@ TEST(ExplanationAdvice, IsFollowedBeforeItIsGiven) {
       }
       ++additions;
       graph.Unknowns.Resize(graph.NumUnknowns() + 1);
-      graph.Unknowns[graph.NumUnknowns()] = {.JointA = advice.JointA, .JointB = advice.JointB, .Along = advice.Along};
+      graph.Unknowns[graph.NumUnknowns()] = {
+          .JointA = advice.JointA, .JointB = advice.JointB, .Along = advice.Along};
       EXPECT_EQ(JudgeExactly(graph).Mechanisms(), verdict.Mechanisms() - 1);
     }
     EXPECT_LE(additions, MostAdvice);
@@ -192,20 +197,26 @@ TEST(DrawnFigures, AnOrdinaryTrussIsSureInAllFiguresAndNothingIsSaid) {
 }
 
 TEST(DrawnFigures, WithoutADeterminedForceNoFigureIsCounted) {
-  const Explanation explanation = Explain(TrussBuilder().Member(0, 0, 1, 0).Clamp(0, 0).Clamp(1, 0, "c", "d"));
+  const Explanation explanation =
+      Explain(TrussBuilder().Member(0, 0, 1, 0).Clamp(0, 0).Clamp(1, 0, "c", "d"));
   EXPECT_FALSE(Explain(TrussBuilder().Member(0, 0, 1, 0).Force(0, 0, 1, 0)).Figures.CertainFigures);
   EXPECT_TRUE(explanation.Figures.CertainFigures);  // the reactions across the member
 }
 
 TEST(ExplanationText, OpensWithTheKindAndHowCountingRelatesToIt) {
   // As many equations as unknowns, one motion and one state of self-stress.
-  const Explanation explanation = Explain(
-      TrussBuilder().Member(0, 0, 2, 0, "a").Member(2, 0, 4, 0, "b").Clamp(0, 0).Clamp(4, 0).Joint(2, 0, "M"));
+  const Explanation explanation = Explain(TrussBuilder()
+                                              .Member(0, 0, 2, 0, "a")
+                                              .Member(2, 0, 4, 0, "b")
+                                              .Clamp(0, 0)
+                                              .Clamp(4, 0)
+                                              .Joint(2, 0, "M"));
   const std::vector<ExplanationSection> sections = ExplanationText(explanation, {});
   ASSERT_FALSE(sections.empty());
   EXPECT_THAT(sections[0].Paragraphs[0],
               HasSubstr("This truss has 1 independent motion and 1 state of self-stress."));
-  EXPECT_THAT(sections[0].Paragraphs[1], HasSubstr("6 - 6 = 0, are states of self-stress less motions, 1 - 1 = 0"));
+  EXPECT_THAT(sections[0].Paragraphs[1],
+              HasSubstr("6 - 6 = 0, are states of self-stress less motions, 1 - 1 = 0"));
   EXPECT_THAT(sections[0].Paragraphs[1], HasSubstr("what is missing at one place is too much at another"));
   const std::vector<std::string> table = KindTable(explanation.Exact.Verdict);
   EXPECT_THAT(table[2], HasSubstr("[x] movable and self-stressed"));
@@ -227,8 +238,9 @@ TEST(ExplanationText, NamesWhichMembersTurnTogether) {
 TEST(ExplanationText, SelfStressNamesItsForcesInProportion) {
   const Explanation explanation =
       Explain(TrussBuilder().Member(0, 0, 4, 0, "a").Member(0, 0, 4, 0, "b").Clamp(0, 0).Roller(4, 0));
-  EXPECT_THAT(TextOf(explanation),
-              HasSubstr("a and b hang together: forces in the proportions a = 1 and b = -1 (compression positive)"));
+  EXPECT_THAT(
+      TextOf(explanation),
+      HasSubstr("a and b hang together: forces in the proportions a = 1 and b = -1 (compression positive)"));
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // See the header.
-#include "reports/FormatSigFigs.h"
+#include "analysis/FormatSigFigs.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,5 +1,5 @@
 // The one rule for values: three ranges, their exact bounds, and rounding on the digits that are seen.
-#include "reports/FormatSigFigs.h"
+#include "analysis/FormatSigFigs.h"
 
 #include <gtest/gtest.h>
 
