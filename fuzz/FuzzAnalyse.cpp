@@ -13,8 +13,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Analyse(file);
   const ReportFormat format{file.Document.Settings.SigFigs, {}};
   std::ostringstream output;
-  WriteReport(output, file,
-              {ReportSections{true, true, true, true, true}, {ExplainedSection::Why, ExplainedSection::Checks}}, format);
+  WriteReport(
+      output, file,
+      {ReportSections{true, true, true, true, true}, {ExplainedSection::Why, ExplainedSection::Checks}},
+      format);
   WriteCsv(output, file, CsvTable::Solutions, format);
   return 0;
 }
