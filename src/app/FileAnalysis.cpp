@@ -18,7 +18,9 @@ std::optional<ReadError> Read(AnalysedFile& file, std::istream& standardInput) {
   const FileBytes input =
       isStandardInput ? ReadWholeStream(standardInput) : ReadWholeFile(file.Argument, PipesAndDevices::Taken);
   if (!input.Problem.empty()) return ReadError{0, input.Problem};
-  return ReadTrussText(file.Document, bounds, input.Bytes);
+  const TrussReading reading = ReadTrussWithRest(file.Document, bounds, input.Bytes);
+  file.UnreadLine = reading.UnreadLine;
+  return reading.Error;
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 struct AnalysedFile {
   std::string Argument;  ///< the file as the user named it; "-" is standard input
   std::string Error;     ///< UTF-8, e.g. "line 3: why"; empty when the file was read whole
+  int UnreadLine = 0;    ///< line from 1 of a text that is no part of the truss and was passed over; 0: none
   Truss Document;
   TrussAnalysis Analysis;
 

@@ -99,6 +99,10 @@ void MainForm::Layout() {
   tool_->SetRoom(panelRoom);
   jointPanel_->SetRoom(panelRoom);
   Redraw();
+  if (steps_.Current() != 2) return;
+  // Other names may lie outside the drawing now.
+  status_.RenewStep(StepText());
+  ShowStatus();
 }
 
 // They stand in the middle of the inner area, and end above the status bar.

@@ -4,6 +4,7 @@
 #include <new>
 
 #include "app/TextReports.h"
+#include "document/BrokenName.h"
 #include "document/FileWriting.h"
 #include "document/TrussFile.h"
 #include "text/ControlCharacters.h"
@@ -81,8 +82,7 @@ class Run {
     if (!file.IsComplete()) Complain(argument, file.Error);
     switch (commandLine_.What) {
       case CommandLine::Mode::Convert:
-        // A file that was not read whole is not converted: its rest would be lost without a trace.
-        if (file.IsComplete()) WriteOutput(TrussText(file.Document));
+        Convert(file);
         break;
       case CommandLine::Mode::Picture:
         DrawPicture(file);
@@ -91,6 +91,22 @@ class Run {
         Analyse(file);
         for (const std::string& remark : file.Remarks) Say(argument, remark);
         Report(file, first);
+    }
+  }
+
+  // What would be lost without a trace is not written: the rest of a file that was not read whole, and a name
+  // that a file cannot hold.
+  void Convert(AnalysedFile& file) {
+    if (!file.IsComplete()) return;
+    const std::string brokenName = ElementWithBrokenName(file.Document);
+    if (file.UnreadLine > 0) {
+      Complain(file.Argument, "line " + std::to_string(file.UnreadLine) +
+                                  ": this is no part of the truss; the file is not converted");
+    } else if (!brokenName.empty()) {
+      Complain(file.Argument,
+               "the name of " + brokenName + " could not be read back; the file is not converted");
+    } else {
+      WriteOutput(TrussText(file.Document));
     }
   }
 

@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <ctime>
@@ -76,11 +77,15 @@ int PutBack(const SystemFile& file, std::string_view old, std::size_t size) {
   return file.Synchronise();
 }
 
-int Overwrite(const SystemFile& file, std::string_view bytes, std::size_t& written) {
+// `touched` says how many of the old bytes may have to be put back.
+int Overwrite(const SystemFile& file, std::string_view bytes, std::size_t oldSize, std::size_t& touched) {
   if (lseek(file.Descriptor(), 0, SEEK_SET) < 0) return errno;
-  if (const int error = file.Write(bytes, written)) return error;
-  // Not sooner: the old file's room is what there is to put its bytes back.
+  if (const int error = file.Write(bytes, touched)) return error;
+  // What was written stands on the disk before the rest is cut off: until then the old file's room is there
+  // to put its bytes back.
+  if (const int error = file.Synchronise()) return error;
   if (ftruncate(file.Descriptor(), static_cast<off_t>(bytes.size())) != 0) return errno;
+  touched = std::max(touched, oldSize);
   return file.Synchronise();
 }
 
@@ -91,10 +96,10 @@ std::string WriteInPlace(const std::string& path, std::string_view bytes) {
   if (!status || !S_ISREG(status->st_mode)) return WhyFailed(EACCES);
   const FileBytes old = ReadWholeFile(file);
   if (!old.Problem.empty()) return "it could not be put back if writing failed: " + old.Problem;
-  std::size_t written = 0;
-  const int error = Overwrite(file, bytes, written);
+  std::size_t touched = 0;
+  const int error = Overwrite(file, bytes, old.Bytes.size(), touched);
   if (error == 0) return {};
-  const bool isBack = PutBack(file, old.Bytes, written) == 0;
+  const bool isBack = PutBack(file, old.Bytes, touched) == 0;
   return WhyFailed(error) + (isBack ? "" : ", and what the file held before could not be put back");
 }
 

@@ -76,6 +76,17 @@ TEST_F(MainFormFindingsTest, NamesOutsideTheDrawingAreCountedUntilSettingsBringT
   EXPECT_EQ(Status(), Step2);
 }
 
+TEST_F(MainFormFindingsTest, NamesThatAWiderWindowPushesOutAreCountedAtOnce) {
+  Started();
+  form_->resize(600, 700);
+  OpenInStep2(TrussBuilder().Member(4, 2, 4, 15).Clamp(4, 2));
+  EXPECT_EQ(Status(), Step2);
+  form_->resize(1400, 500);
+  EXPECT_THAT(Status().toStdString(), testing::HasSubstr("outside the drawing; Settings can widen it."));
+  form_->resize(600, 700);
+  EXPECT_EQ(Status(), Step2);
+}
+
 TEST_F(MainFormFindingsTest, ANameBehindThePanelIsOutsideToo) {
   Started();
   OpenInStep2(TrussBuilder().Member(4, 2, 8, 2).Roller(4, 2, "R", 6).Member(4, 17.2F, 8, 17.2F));

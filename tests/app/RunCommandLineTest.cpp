@@ -298,6 +298,20 @@ TEST_F(RunCommandLineTest, ConvertRefusesAFileThatWasNotReadWhole) {
   EXPECT_EQ(Err.str(), "orvane: " + broken + ": " + BrokenWhy + "\n");
 }
 
+TEST_F(RunCommandLineTest, ConvertRefusesWhatWouldBeLost) {
+  const std::string notes = File("notes.trs", TriangleText + std::string("my notes\r\n"));
+  EXPECT_EQ(RunWords({"--convert=" + notes, notes}), NotAllDone);
+  EXPECT_THAT(Bytes(notes), testing::EndsWith("my notes\r\n"));
+  EXPECT_THAT(Err.str(), HasSubstr(": this is no part of the truss; the file is not converted\n"));
+}
+
+TEST_F(RunCommandLineTest, ConvertRefusesANameThatAFileCannotHold) {
+  const std::string broken = File("a.trs", Replaced(TriangleText, "\"AC\",\"AC\"", "x\"AC\",\"AC\""));
+  EXPECT_EQ(RunWords({"--convert=" + Path("out.trs"), broken}), NotAllDone);
+  EXPECT_FALSE(std::filesystem::exists(Path("out.trs")));
+  EXPECT_THAT(Err.str(), HasSubstr(" could not be read back; the file is not converted\n"));
+}
+
 TEST_F(RunCommandLineTest, ConvertSaysWhenItCannotWrite) {
   const std::string out = Path("no such directory/out.trs");
   EXPECT_EQ(RunWords({"--convert=" + out, File("a.trs", TriangleText)}), NotAllDone);

@@ -2,6 +2,7 @@
 #include "document/FileWriting.h"
 
 #include <sys/resource.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
@@ -20,6 +21,22 @@
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
+
+namespace {
+
+// Which of the next calls of fsync tells that the disk has failed: 1 the next one, 0 none.
+int failingSync = 0;
+
+}  // namespace
+
+// Takes the place of the system's own in this program.
+extern "C" int fsync(int file) {
+  if (failingSync > 0 && --failingSync == 0) {
+    errno = EIO;
+    return -1;
+  }
+  return static_cast<int>(syscall(SYS_fsync, file));
+}
 
 namespace {
 
@@ -417,6 +434,20 @@ TEST(WriteWholeFile, AFileWithSeveralNamesGetsItsOldBytesBackWhenWritingFails) {
     EXPECT_EQ(WriteLimited(directory / "b", large, 1000), TooLarge);
     EXPECT_TRUE(directory.Bytes("a") == old) << old.size();
     fs::remove(directory / "b");
+  }
+}
+
+TEST(WriteWholeFile, AFileWithSeveralNamesGetsItsOldBytesBackWhenTheDiskFails) {
+  const TemporaryDirectory directory;
+  for (const int sync : {1, 2}) {
+    for (const std::string& old : {std::string(709, 'o'), std::string("o"), std::string()}) {
+      fs::create_hard_link(directory.Put("a", old), directory / "b");
+      failingSync = sync;
+      EXPECT_NE(WriteWholeFile(directory / "b", std::string(218, 'n')), "") << sync;
+      failingSync = 0;
+      EXPECT_TRUE(directory.Bytes("a") == old) << sync << ", " << old.size();
+      fs::remove(directory / "b");
+    }
   }
 }
 
