@@ -25,7 +25,7 @@ std::string Counted(int count, const std::string& singular, const std::string& p
 std::string DirectionText(double dx, double dy) {
   const double size = std::sqrt(dx * dx + dy * dy);
   const std::string sideways = std::abs(dx) < 1e-9 * size ? "" : dx > 0 ? "to the right" : "to the left";
-  const std::string upright = std::abs(dy) < 1e-9 * size ? "" : dy > 0 ? "up" : "down";
+  std::string upright = std::abs(dy) < 1e-9 * size ? "" : dy > 0 ? "up" : "down";
   if (sideways.empty()) return upright;
   return upright.empty() ? sideways : sideways + " and " + upright;
 }

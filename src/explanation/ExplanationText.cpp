@@ -110,7 +110,7 @@ class Writer {
       const bool is = std::ranges::binary_search(verdict_.Determined, k);
       (is ? determined : open).push_back(graph_.Unknowns[k].Name);
     }
-    const std::string left = "Left open by the equations: " + ListOf(open, 24) + ".";
+    std::string left = "Left open by the equations: " + ListOf(open, 24) + ".";
     if (determined.empty()) return left;
     return "Determined whatever the others are: " + ListOf(determined, 24) + ".  " + left;
   }

@@ -267,6 +267,7 @@ std::vector<ModularRow> IndependentOf(const std::vector<ModularRow>& given, std:
   // A vector may stay when it is independent of those before it: then its column in the null space of all of
   // them, taken as columns, has a pivot. That is decided by eliminating them in their order.
   std::vector<ModularRow> columns;
+  columns.reserve(given.size() + vectors.size());
   for (const ModularRow& row : given) columns.push_back(coefficients(row));
   for (const ModularRow& row : vectors) columns.push_back(coefficients(row));
   const std::vector<ModularRow> relations =

@@ -15,6 +15,7 @@ std::string TurnText(const TrussGraph& graph, const MovingPiece& piece, const Re
 
 std::string NamesOf(const TrussGraph& graph, const std::vector<int>& unknowns) {
   std::vector<std::string> names;
+  names.reserve(unknowns.size());
   for (const int k : unknowns) names.push_back(graph.Unknowns[k].Name);
   return ListOf(names);
 }
