@@ -15,7 +15,7 @@ inline constexpr double PageTextHeight = A4.Height - 2 * PageMargin;
 constexpr double PointsOf(double millimetres) { return millimetres / 25.4 * 72; }
 
 /// 1440 to the inch, rounded.
-  // NOLINTNEXTLINE(bugprone-incorrect-roundings): of lengths, which are positive
+// NOLINTNEXTLINE(bugprone-incorrect-roundings): of lengths, which are positive
 constexpr int TwipsOf(double millimetres) { return static_cast<int>(millimetres / 25.4 * 1440 + 0.5); }
 
 /// 96 to the inch.
