@@ -117,7 +117,7 @@ std::optional<SnappedPoint> NearMemberEnd(const Truss& truss, const Drawing& dra
 
 std::optional<SnappedPoint> NearObject(const Truss& truss, const Drawing& drawing, int selfObject,
                                        const Target& target) {
-  if (const auto end = NearMemberEnd(truss, drawing, selfObject, target)) return end;
+  if (auto end = NearMemberEnd(truss, drawing, selfObject, target)) return end;
   for (int i = 1; i <= truss.NumSupports; ++i) {
     const SupportRec& support = truss.Supports[i];
     if (!IsSupportShown(drawing, truss, i) || !target.IsNear(support.X, support.Y)) continue;
@@ -221,7 +221,7 @@ std::optional<SnappedPoint> OKLocation(const Truss& truss, const Drawing& drawin
   if (graph.IsEmpty() || !std::isfinite(x) || !std::isfinite(y)) return std::nullopt;
   const Target target(graph, x, y);
   if (truss.Settings.SnapObject) {
-    if (const auto near = NearObject(truss, drawing, selfObject, target)) return near;
+    if (auto near = NearObject(truss, drawing, selfObject, target)) return near;
   }
   if (truss.Settings.SnapGrid) return NearestGridPoint(truss, graph, target);
   return SnappedPoint{{x, y},
