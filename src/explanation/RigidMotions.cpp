@@ -76,9 +76,8 @@ std::vector<double> Displacements(const RigidMotion& motion, const TrussGraph& g
 
 template <class Field>
 ModularRow ExactDisplacements(const RigidMotion& motion, const TrussGraph& graph) {
-  const std::uint64_t half = Field::Inverse(2);
-  const auto middle = [half](float a, float b) {
-    return Field::Multiply(Field::Add(Field::FromDecimal(a), Field::FromDecimal(b)), half);
+  const auto middle = [](float a, float b) {
+    return Field::Multiply(Field::Add(Field::FromDecimal(a), Field::FromDecimal(b)), Field::Inverse(2));
   };
   const std::uint64_t centreX = middle(motion.CentreX1, motion.CentreX2);
   const std::uint64_t centreY = middle(motion.CentreY1, motion.CentreY2);
