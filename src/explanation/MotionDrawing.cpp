@@ -30,7 +30,7 @@ constexpr int MostNames = 150;
 constexpr std::size_t MostArrowsAnywhere = 100;
 constexpr float CellOfCrowdedArrow = 24;
 
-constexpr double ArrowOverSwing = 2;
+constexpr double ArrowOverSwing = 3;
 
 // A force longer than this share of the drawing is drawn shorter, and all others with it.
 constexpr double LongestForce = 0.4;

@@ -32,8 +32,8 @@ struct MotionDrawing {
   std::vector<PixelLine> AtRest;  ///< where the members that move stand before
   std::vector<PixelLine> Moved;   ///< and where they are drawn
 
-  /// One for each joint that moves, from its place at rest, in the order of the motion. The longest is twice
-  /// the largest swing.
+  /// One for each joint that moves, from its place at rest, in the order of the motion. The longest is three
+  /// times the largest swing, so that its head is clear of the joint.
   std::vector<PixelLine> Arrows;
 
   std::vector<StressMark> Marks;
