@@ -77,26 +77,27 @@ TEST_P(ProgramWrongCall, EndsWithStatusTwoOneLineAndAHint) {
   EXPECT_EQ(run.Err, QByteArray("orvane: ") + GetParam().Why + "; see orvane --help\n");
 }
 
-INSTANTIATE_TEST_SUITE_P(All, ProgramWrongCall,
-                         testing::Values(WrongCall{"--nonsense", "there is no option --nonsense"},
-                                         WrongCall{"-h", "there is no option -h"},
-                                         WrongCall{"--json=1 a", "there is no option --json with a value"},
-                                         WrongCall{"--report", "--report needs a file"},
-                                         WrongCall{"--report=forces a",
-                                                   "there is no report section \"forces\""},
-                                         WrongCall{"--report= a", "there is no report section \"\""},
-                                         WrongCall{"--json", "--json needs a file"},
-                                         WrongCall{"--matrices a", "--matrices goes with --json"},
-                                         WrongCall{"--report --matrices a", "--matrices goes with --json"},
-                                         WrongCall{"--csv a", "--csv needs a value after \"=\""},
-                                         WrongCall{"--csv=joints a", "there is no table \"joints\""},
-                                         WrongCall{"--csv=rref a b", "--csv needs one file"},
-                                         WrongCall{"--convert a", "--convert needs a value after \"=\""},
-                                         WrongCall{"--convert= a", "--convert needs a value after \"=\""},
-                                         WrongCall{"--convert=o", "--convert needs one file"},
-                                         WrongCall{"--json --report a", "--report does not go with --json"},
-                                         WrongCall{"--json - -", "standard input can be read once only"},
-                                         WrongCall{"a b", "the window opens one file"}));
+INSTANTIATE_TEST_SUITE_P(
+    All, ProgramWrongCall,
+    testing::Values(WrongCall{"--nonsense", "there is no option --nonsense"},
+                    WrongCall{"-h", "there is no option -h"},
+                    WrongCall{"--json=1 a", "there is no option --json with a value"},
+                    WrongCall{"--report", "--report needs a file"},
+                    WrongCall{"--report=forces a", "there is no report section \"forces\""},
+                    WrongCall{"--report= a", "there is no report section \"\""},
+                    WrongCall{"--json", "--json needs a file"},
+                    WrongCall{"--matrices a", "--matrices goes with --json"},
+                    WrongCall{"--report --matrices a", "--matrices goes with --json"},
+                    WrongCall{"--csv a", "--csv needs a value after \"=\""},
+                    WrongCall{"--csv=joints a", "there is no table \"joints\""},
+                    WrongCall{"--csv=rref a b", "--csv needs one file"},
+                    WrongCall{"--convert a", "--convert needs a value after \"=\""},
+                    WrongCall{"--convert= a", "--convert needs a value after \"=\""},
+                    WrongCall{"--convert=o.trs", "--convert needs one file"},
+                    WrongCall{"--convert=o.txt a", "a truss is written as .trs, not as \"o.txt\""},
+                    WrongCall{"--json --report a", "--report does not go with --json"},
+                    WrongCall{"--json - -", "standard input can be read once only"},
+                    WrongCall{"a b", "the window opens one file"}));
 
 TEST(Program, HelpsWithoutADisplay) {
   const Ended run = RunProgram(Words("--help"));
