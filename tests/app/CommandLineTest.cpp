@@ -198,7 +198,7 @@ TEST(CommandLinePicture, RefusesWhatIsNoNumberOfAMotion) {
 }
 
 TEST(CommandLinePicture, AloneHasMotions) {
-  for (const char* other : {"--report", "--json", "--csv=rref", "--document=o.rtf", "--convert=o"}) {
+  for (const char* other : {"--report", "--json", "--csv=rref", "--document=o.rtf", "--convert=o.trs"}) {
     EXPECT_EQ(WhyWrong({other, "--motion=1", "a"}), "--motion goes with --picture") << other;
   }
   EXPECT_EQ(WhyWrong({"--motion=1", "a"}), "--motion goes with --picture");
