@@ -25,6 +25,7 @@
 #include "canvas/Paper.h"
 #include "canvas/RedrawTruss.h"
 #include "document/FileMenu.h"
+#include "explanation/RoundingText.h"
 #include "naming/CustomInputBox.h"
 #include "naming/Naming.h"
 #include "platform/qt/QtText.h"
@@ -83,6 +84,7 @@ void MainForm::DocumentEmptied() {
   jointPanel_->hide();
   report_->hide();
   report_->Clear();
+  reasons_.reset();
   shownAnalysis_.reset();
   tools_.Clear();
   steps_.Restart();
@@ -165,7 +167,10 @@ void MainForm::cmdNext2_Click() {
   if (!entered) return;
   // The report window may still show a table of the old analysis, which must not be laid out in another font.
   report_->Clear();
+  reasons_.reset();
   shownAnalysis_ = steps_.Analysis();
+  if (shownAnalysis_ && shownAnalysis_->System.NumUnknowns() > 0)
+    reasons_.emplace(on_.Document, *shownAnalysis_);
   report_->ChooseFontSet(on_.Document.Settings.ReportFontSize);
   ShowStep();
   ShowReport(1);
@@ -253,13 +258,24 @@ void MainForm::ShowReport(int report) {
       report_->LoadGridWithEquations(*shownAnalysis_, sigFigs);
       break;
     case 3:
-      report_->LoadGridWithRREF(*shownAnalysis_, sigFigs);
+      report_->LoadGridWithRREF(*shownAnalysis_, sigFigs, Notice());
       break;
     default:
-      report_->LoadGridWithSolutions(*shownAnalysis_, sigFigs);
+      report_->LoadGridWithSolutions(*shownAnalysis_, sigFigs, Notice());
       break;
   }
   BringUpReport();
+}
+
+// What is to be said below the conclusion of the analysis that is shown.
+std::string MainForm::Notice() {
+  if (!reasons_) return {};
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  const std::string notice =
+      NoticeBelowConclusion(reasons_->Graph(), reasons_->Rounded(),
+                            {.SigFigs = on_.Document.Settings.SigFigs, .Numbers = on_.Numbers});
+  QGuiApplication::restoreOverrideCursor();
+  return notice;
 }
 
 // --- menus

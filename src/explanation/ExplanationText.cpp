@@ -1,12 +1,11 @@
 #include "explanation/ExplanationText.h"
 
 #include <algorithm>
-#include <cmath>
-#include <cstdlib>
 
 #include "explanation/Directions.h"
 #include "explanation/MotionText.h"
 #include "explanation/RigidityMatrix.h"
+#include "explanation/RoundingText.h"
 
 namespace {
 
@@ -36,8 +35,8 @@ class Writer {
     Add("Why no forces balance the loads:", ProofParagraphs());
     Add("Which forces hang together:", StressParagraphs());
     Add("What would help:", AdviceParagraphs());
-    const std::string notice = RoundingNotice(on_, format_);
-    if (!notice.empty()) Add("What rounding has to do with it:", {notice});
+    const std::string notice = RoundingNotice(graph_, on_.Rounded, format_);
+    if (!notice.empty()) Add(RoundingHeading, {notice});
     return std::move(sections_);
   }
 
@@ -244,25 +243,6 @@ class Writer {
   std::vector<ExplanationSection> sections_;
 };
 
-const char* OutcomeText(Outcome outcome) {
-  switch (outcome) {
-    case Outcome::Neither:
-      return "the equations neither contradict nor repeat each other";
-    case Outcome::Redundant:
-      return "the system is redundant: these loads are in balance";
-    case Outcome::Inconsistent:
-      break;
-  }
-  return "the system has no solution";
-}
-
-std::string MagnitudeText(double share) {
-  const double power = std::pow(10.0, std::round(std::log10(share)));
-  ReportFormat plain;
-  plain.SigFigs = 1;
-  return FormatSigFigs(power, plain);
-}
-
 }  // namespace
 
 TrussKinds KindOf(const ExactVerdict& verdict) {
@@ -297,50 +277,4 @@ std::vector<std::string> KindTable(const ExactVerdict& verdict) {
 
 std::vector<ExplanationSection> ExplanationText(const Explanation& explanation, const ReportFormat& format) {
   return Writer(explanation, format).All();
-}
-
-std::string RoundingNotice(const Explanation& explanation, const ReportFormat& format) {
-  const ExactVerdict& verdict = explanation.Exact.Verdict;
-  std::vector<std::string> sentences;
-  if (!explanation.Agrees()) {
-    std::string text =
-        std::string("Exactly, ") + OutcomeText(verdict.Code()) +
-        ".  The reduced matrix says otherwise because directions are rounded to single precision";
-    if (explanation.Remnant > 0) {
-      text += ": " + FormatSigFigs(explanation.Remnant, format) +
-              " on the right of a row without coefficients is a "
-              "remnant of rounding, about " +
-              MagnitudeText(explanation.RemnantShare) + " of the largest load";
-    }
-    sentences.push_back(text + ".");
-    if (explanation.ShownMagnification > NearlyAMechanism) {
-      sentences.push_back("The forces that it shows, up to " +
-                          FormatSigFigs(explanation.ShownMagnification, format) +
-                          " times the largest load, come from dividing by a remnant of rounding.");
-    }
-  }
-  if (explanation.Figures.Within != verdict.Code()) {
-    sentences.push_back(
-        std::string("Within the figures of the drawing, where a millionth counts as nothing, ") +
-        OutcomeText(explanation.Figures.Within) +
-        ".  The exact verdict is about the numbers as they are written; coordinates or loads that "
-        "were rounded to seven figures meet a condition only as nearly as that.");
-  }
-  if (explanation.Figures.NearlyFree) {
-    sentences.push_back("The truss is nearly a mechanism: its largest force is " +
-                        FormatSigFigs(explanation.Figures.Magnification, format) +
-                        " times the largest load.  Nearly free is this motion: " +
-                        MotionText(explanation.Graph, *explanation.Figures.NearlyFree, format));
-  }
-  const std::optional<int>& sure = explanation.Figures.CertainFigures;
-  if (sure && *sure < 4) {
-    sentences.push_back(*sure == 0
-                            ? "No figure of the forces is sure."
-                            : "Only the first " + Counted(*sure, "figure", "figures") +
-                                  " of the largest forces are sure; the others depend on how directions are "
-                                  "rounded.");
-  }
-  std::string notice;
-  for (const std::string& sentence : sentences) notice += (notice.empty() ? "" : "  ") + sentence;
-  return notice;
 }

@@ -33,8 +33,3 @@ std::vector<std::string> KindTable(const ExactVerdict& verdict);
 /// All sections that have something to say, in their order. The first is about the kind of the truss; the
 /// table of kinds stands below its heading.
 std::vector<ExplanationSection> ExplanationText(const Explanation& explanation, const ReportFormat& format);
-
-/// What to say below the conclusion of the RREF and Solutions reports where rounding has a part in it: the
-/// exact outcome differs, or the reading within the drawing's figures does, or the truss is nearly a
-/// mechanism. Empty when there is nothing to say.
-std::string RoundingNotice(const Explanation& explanation, const ReportFormat& format);
