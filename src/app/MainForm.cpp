@@ -170,7 +170,7 @@ void MainForm::cmdNext2_Click() {
   reasons_.reset();
   shownAnalysis_ = steps_.Analysis();
   if (shownAnalysis_ && shownAnalysis_->System.NumUnknowns() > 0)
-    reasons_.emplace(on_.Document, *shownAnalysis_);
+    reasons_ = std::make_shared<ExplanationOnDemand>(on_.Document, *shownAnalysis_);
   report_->ChooseFontSet(on_.Document.Settings.ReportFontSize);
   ShowStep();
   ShowReport(1);
@@ -351,7 +351,11 @@ void MainForm::mnuSettings_Click() {
 void MainForm::mnuFilePrint_Click() {
   if (!shownAnalysis_ || shownAnalysis_->System.NumUnknowns() == 0) return;
   const auto analysis = shownAnalysis_;
-  PrintableReportWindow window({.Subject = {on_.Document, *analysis, on_.Numbers},
+  const auto reasons = reasons_;
+  PrintableReportWindow window({.Subject = {.Document = on_.Document,
+                                            .Analysis = *analysis,
+                                            .Numbers = on_.Numbers,
+                                            .Reasons = reasons.get()},
                                 .Report = *report_,
                                 .Access = {clipboard_, clock_, on_.Messages},
                                 .Bitmap = [this] { return clipboard_.Bitmap(); },
@@ -375,6 +379,12 @@ void MainForm::OfferHelpBeside(QDialog& dialog, const char* topic) {
   dialog.setWindowModality(Qt::WindowModal);
   auto* help = new QShortcut(QKeySequence::HelpContents, &dialog);
   connect(help, &QShortcut::activated, this, [this, topic] { ShowHelp(topic); });
+}
+
+void MainForm::ShowHelpOnReport() {
+  if (!shownAnalysis_) return ShowHelpOnStep();
+  const bool isConclusion = shownReport_ >= 3;
+  ShowHelp(HelpTopicForReport(shownReport_, *shownAnalysis_, isConclusion && !Notice().empty()));
 }
 
 void MainForm::ShowHelpOnStep() { ShowHelp(HelpTopicForStep(steps_.Current(), InstructionsAreShown())); }

@@ -227,7 +227,7 @@ void MainForm::CreateShortcuts() {
     connect(shortcut, &QShortcut::activated, this, &MainForm::SaveByKey);
   }
   auto* helpOnReport = new QShortcut(QKeySequence::HelpContents, report_.get());
-  connect(helpOnReport, &QShortcut::activated, this, [this] { ShowHelp(HelpTopicForReport(shownReport_)); });
+  connect(helpOnReport, &QShortcut::activated, this, [this] { ShowHelpOnReport(); });
   // The access keys of the report buttons, so that a reader goes from report to report without the mouse.
   for (QPushButton* button : picStep3_->findChildren<QPushButton*>()) {
     if (button == navigation_[2].Prev) continue;

@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr std::size_t MostMotions = 12;
 constexpr std::size_t MostStates = 12;
 
 std::string Motions(int count) { return Counted(count, "independent motion", "independent motions"); }
@@ -29,14 +28,12 @@ class Writer {
       : on_(explanation), graph_(explanation.Graph), verdict_(explanation.Exact.Verdict), format_(format) {}
 
   std::vector<ExplanationSection> All() {
-    Add("The kind of this truss:", KindParagraphs());
+    Add(KindHeading, KindParagraphs());
     Add("The exact verdict:", VerdictParagraphs());
-    Add("How it can move:", MotionParagraphs());
+    Add(MotionsHeading, MotionParagraphs());
     Add("Why no forces balance the loads:", ProofParagraphs());
     Add("Which forces hang together:", StressParagraphs());
     Add("What would help:", AdviceParagraphs());
-    const std::string notice = RoundingNotice(graph_, on_.Rounded, format_);
-    if (!notice.empty()) Add(RoundingHeading, {notice});
     return std::move(sections_);
   }
 
@@ -117,12 +114,13 @@ class Writer {
   std::vector<std::string> MotionParagraphs() const {
     std::vector<std::string> paragraphs;
     const std::vector<Motion>& motions = on_.Exact.Motions;
-    for (std::size_t i = 0; i < std::min(motions.size(), MostMotions); ++i) {
+    for (std::size_t i = 0; i < std::min(motions.size(), MostMotionsTold); ++i) {
       paragraphs.push_back("Motion " + std::to_string(i + 1) + ".  " +
                            MotionText(graph_, motions[i], format_));
     }
-    if (motions.size() > MostMotions) {
-      paragraphs.push_back("There are " + std::to_string(motions.size() - MostMotions) + " further motions.");
+    if (motions.size() > MostMotionsTold) {
+      paragraphs.push_back("There are " + std::to_string(motions.size() - MostMotionsTold) +
+                           " further motions.");
     }
     return paragraphs;
   }
@@ -275,6 +273,13 @@ std::vector<std::string> KindTable(const ExactVerdict& verdict) {
   return lines;
 }
 
-std::vector<ExplanationSection> ExplanationText(const Explanation& explanation, const ReportFormat& format) {
+std::vector<ExplanationSection> Reasons(const Explanation& explanation, const ReportFormat& format) {
   return Writer(explanation, format).All();
+}
+
+std::vector<ExplanationSection> ExplanationText(const Explanation& explanation, const ReportFormat& format) {
+  std::vector<ExplanationSection> sections = Reasons(explanation, format);
+  const std::string notice = RoundingNotice(explanation.Graph, explanation.Rounded, format);
+  if (!notice.empty()) sections.push_back({RoundingHeading, {notice}});
+  return sections;
 }

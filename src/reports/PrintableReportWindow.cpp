@@ -2,6 +2,7 @@
 #include "reports/PrintableReportWindow.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -20,6 +21,7 @@
 #include "document/DocumentLifecycle.h"
 #include "document/FileBytes.h"
 #include "document/FileWriting.h"
+#include "explanation/RoundingText.h"
 #include "platform/Page.h"
 #include "platform/qt/DocumentFiles.h"
 #include "platform/qt/FittedText.h"
@@ -86,6 +88,12 @@ void PreparePaper(QPrinter& printer, const std::string& fileName) {
 // The preview records pages as pictures.
 bool IsPreview(const QPrinter& printer) { return printer.paintEngine()->type() == QPaintEngine::Picture; }
 
+int WidthOf(const std::vector<QCheckBox*>& boxes) {
+  int width = 0;
+  for (const QCheckBox* box : boxes) width = std::max(width, box->sizeHint().width());
+  return width;
+}
+
 }  // namespace
 
 PrintableReportWindow::PrintableReportWindow(Partners partners, QWidget* parent)
@@ -95,6 +103,7 @@ PrintableReportWindow::PrintableReportWindow(Partners partners, QWidget* parent)
   setWindowTitle(QStringLiteral("Printable report"));
   MakeTextBox();
   MakeButtons();
+  MakeCheckBoxes();
   MakeActions();
   FitButtons();
   FixSmallestSize();
@@ -132,11 +141,25 @@ void PrintableReportWindow::MakeButtons() {
   connect(cmdCopyToClipboard, &QPushButton::clicked, this, &PrintableReportWindow::cmdCopyToClipboard_Click);
   connect(cmdReportClose, &QPushButton::clicked, this, &QDialog::reject);
   connect(cmdReportSaveAs, &QPushButton::clicked, this, &PrintableReportWindow::cmdReportSaveAs_Click);
-  QWidget* last = RichTextBox1;
-  for (QPushButton* button : {cmdReportPrint, cmdCopyToClipboard, cmdReportClose, cmdReportSaveAs}) {
-    setTabOrder(last, button);
-    last = button;
+}
+
+// What the document has beyond the usual sections; nothing at first.
+void PrintableReportWindow::MakeCheckBoxes() {
+  for (const ReportExtraKind& kind : AllReportExtras) {
+    auto* box = new QCheckBox(QString::fromUtf8(kind.Caption), this);
+    box->setObjectName(QStringLiteral("chkReportWith(%1)").arg(chkReportWith.size() + 1));
+    box->setToolTip(QString::fromUtf8(kind.ToolTip));
+    connect(box, &QCheckBox::toggled, this, &PrintableReportWindow::ChooseExtras);
+    chkReportWith.push_back(box);
   }
+  QWidget* last = RichTextBox1;
+  const auto goOnTo = [&last](QWidget* next) {
+    setTabOrder(last, next);
+    last = next;
+  };
+  goOnTo(cmdReportPrint);
+  for (QCheckBox* box : chkReportWith) goOnTo(box);
+  for (QPushButton* button : {cmdCopyToClipboard, cmdReportClose, cmdReportSaveAs}) goOnTo(button);
 }
 
 void PrintableReportWindow::MakeActions() {
@@ -164,7 +187,8 @@ void PrintableReportWindow::FitButtons() {
 
 void PrintableReportWindow::FixSmallestSize() {
   const int beside = std::max(cmdReportPrint->sizeHint().width(), cmdReportSaveAs->sizeHint().width());
-  const int half = HalfGap + ButtonWidth + ButtonGap + beside + BesideDocument - DocumentLeft;
+  const int boxes = ButtonGap + WidthOf(chkReportWith);
+  const int half = HalfGap + ButtonWidth + ButtonGap + boxes + beside + BesideDocument - DocumentLeft;
   setMinimumSize(2 * half, SmallestHeight);
 }
 
@@ -180,6 +204,13 @@ void PrintableReportWindow::LayOut() {
   cmdCopyToClipboard->setGeometry(middle - HalfGap - ButtonWidth, top, ButtonWidth, height);
   cmdReportClose->setGeometry(middle + HalfGap, top, ButtonWidth, height);
   cmdReportSaveAs->setGeometry(DocumentLeft + document.width() - saveAsWidth, top, saveAsWidth, height);
+  // Beside Print, one below the other.
+  const int boxHeight = height / static_cast<int>(chkReportWith.size());
+  QRect box(DocumentLeft + printWidth + ButtonGap, top, WidthOf(chkReportWith), boxHeight);
+  for (QCheckBox* checkBox : chkReportWith) {
+    checkBox->setGeometry(box);
+    box.translate(0, boxHeight);
+  }
 }
 
 // --- window events
@@ -219,7 +250,16 @@ bool PrintableReportWindow::eventFilter(QObject* watched, QEvent* event) {
 
 PrintableReportWindow::Basis PrintableReportWindow::Present() const {
   const Truss& truss = on_.Subject.Document;
-  return {.FileName = truss.FileName, .Settings = truss.Settings, .View = truss.View};
+  return {
+      .FileName = truss.FileName, .Settings = truss.Settings, .View = truss.View, .With = on_.Subject.With};
+}
+
+void PrintableReportWindow::ChooseExtras() {
+  on_.Subject.With.clear();
+  for (std::size_t i = 0; i < chkReportWith.size(); ++i) {
+    if (chkReportWith[i]->isChecked()) on_.Subject.With.push_back(AllReportExtras[i].Extra);
+  }
+  BuildLater();
 }
 
 // Not at once: the window is still being shown, and could not be closed by a build that is cancelled.
@@ -245,8 +285,15 @@ void PrintableReportWindow::Build() {
   ShowDocument(std::move(report.Text));
   lacksAPicture_ = report.State == BuiltReport::LacksAPicture;
   regainsActivation_ = lacksAPicture_ && !isActiveWindow();
-  on_.Report.LoadGridWithSolutions(on_.Subject.Analysis, on_.Subject.Document.Settings.SigFigs);
+  on_.Report.LoadGridWithSolutions(on_.Subject.Analysis, on_.Subject.Document.Settings.SigFigs, Notice());
   built_ = basis;
+}
+
+std::string PrintableReportWindow::Notice() const {
+  if (on_.Subject.Reasons == nullptr) return {};
+  return NoticeBelowConclusion(
+      on_.Subject.Reasons->Graph(), on_.Subject.Reasons->Rounded(),
+      {.SigFigs = on_.Subject.Document.Settings.SigFigs, .Numbers = on_.Subject.Numbers});
 }
 
 void PrintableReportWindow::ShowDocument(std::unique_ptr<QTextDocument> document) {
