@@ -191,14 +191,18 @@ QRect ReportWindow::Page() const {
   return txtNotice_->isHidden() ? rect() : rect().adjusted(0, 0, 0, -NoticeHeight() - TextBoxMargin);
 }
 
-int ReportWindow::NoticeHeight() const {
+// What its text takes at the window's width. The box reckons in lines, and needs a little air for the last
+// one.
+int ReportWindow::NoticeNeeds() const {
   const int beside = 2 * (TextBoxMargin + NoticeMargin + txtNotice_->frameWidth());
   const QRect room(0, 0, std::max(1, width() - beside), 1 << 20);
-  const int whole = QFontMetrics(txtNotice_->font())
-                        .boundingRect(room, Qt::TextWordWrap, txtNotice_->toPlainText())
-                        .height() +
-                    2 * (NoticeMargin + txtNotice_->frameWidth());
-  return std::min(whole, static_cast<int>(LargestNotice * height()));
+  const QFontMetrics letters(txtNotice_->font());
+  return letters.boundingRect(room, Qt::TextWordWrap, txtNotice_->toPlainText()).height() +
+         letters.height() / 2 + 2 * (NoticeMargin + txtNotice_->frameWidth());
+}
+
+int ReportWindow::NoticeHeight() const {
+  return std::min(NoticeNeeds(), static_cast<int>(LargestNotice * height()));
 }
 
 void ReportWindow::LayOut() {
@@ -208,6 +212,9 @@ void ReportWindow::LayOut() {
                            std::max(0, page.height() - 16));
   txtNotice_->setGeometry(TextBoxMargin, page.height(), std::max(0, width() - 16),
                           std::max(0, height() - page.height() - TextBoxMargin));
+  txtNotice_->setVerticalScrollBarPolicy(NoticeHeight() < NoticeNeeds() ? Qt::ScrollBarAsNeeded
+                                                                        : Qt::ScrollBarAlwaysOff);
+  txtNotice_->ensureCursorVisible();  // which is at its beginning, where nobody has moved it
   PlaceHeading();
   const QSizeF natural = eqnGrid_->NaturalSize();
   eqnGrid_->move(GridLeft, GridTop);

@@ -59,6 +59,7 @@ class ReportWindow final : public QWidget {
   void ShowTable(std::unique_ptr<ReportTable> table, int extraRowHeight, bool redundant);
   void ShowNotice(const std::string& notice);
   int RowHeight() const;
+  int NoticeNeeds() const;
   int NoticeHeight() const;
   QRect Page() const;
   void LayOut();

@@ -582,9 +582,11 @@ struct NoticeInReportWindow : ReportWindowTest {
     EXPECT_GE(notice->y(), above->geometry().bottom()) << "it hides nothing";
     const QFontMetrics letters(notice->font());
     EXPECT_GT(notice->viewport()->height(), letters.height()) << "a line at least";
+    EXPECT_EQ(notice->verticalScrollBar()->value(), 0) << "its beginning is in sight";
     // What does not fit can be scrolled to.
     notice->moveCursor(QTextCursor::End);
     EXPECT_TRUE(notice->viewport()->rect().intersects(notice->cursorRect()));
+    notice->moveCursor(QTextCursor::Start);
   }
 };
 
