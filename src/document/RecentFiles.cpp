@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "text/ControlCharacters.h"
+
 namespace {
 
 constexpr const char* Application = "Orvane";
@@ -18,6 +20,7 @@ void RecentFiles::Load() {
 }
 
 void RecentFiles::AddRecent(const std::string& path) {
+  if (!IsUtf8(path)) return;
   Load();
   // A path that is not in the list takes the place of the oldest entry; then it goes to the head.
   auto place = std::ranges::find(captions_, path);
