@@ -136,7 +136,7 @@ class Writer {
     std::vector<std::string> paragraphs = {
         "These equations, each times its factor, add up to 0 on the left and to " + Number(proof.Sum) +
         " on the right: " + ListOf(terms, 24) + ".  So they contradict each other, whatever the forces are."};
-    if (proof.Equations.size() <= 8) paragraphs.push_back(WrittenOut(proof));
+    if (proof.Equations.size() <= 8) WriteOut(proof, paragraphs);
     paragraphs.push_back(
         "In words of mechanics: on motion " + std::to_string(proof.MotionNumber) +
         " no member changes its length and no support gives way, so their forces do no work; but "
@@ -149,9 +149,9 @@ class Writer {
     return paragraphs;
   }
 
-  // The equations of the proof with force densities as unknowns.
-  std::string WrittenOut(const ContradictionProof& proof) const {
-    std::string text = "Written with force densities:";
+  // The equations of the proof with force densities as unknowns, one below the other.
+  void WriteOut(const ContradictionProof& proof, std::vector<std::string>& paragraphs) const {
+    paragraphs.emplace_back("Written with force densities:");
     const std::vector<double> loads = LoadVector(graph_);
     for (const WeightedEquation& equation : proof.Equations) {
       std::vector<std::string> terms;
@@ -159,11 +159,10 @@ class Writer {
       std::string left;
       for (const std::string& term : terms) left += (left.empty() ? "" : " + ") + term;
       const double load = loads[static_cast<std::size_t>(ColumnOf(equation.Joint, equation.Along))];
-      text += "  " + EquationName(graph_, equation.Joint, equation.Along) + ":  " +
-              (left.empty() ? "0" : left) + " = " + Number(load == 0 ? 0 : -load) + ",  times " +
-              Number(equation.Factor) + ".";
+      paragraphs.push_back(EquationName(graph_, equation.Joint, equation.Along) + ":  " +
+                           (left.empty() ? "0" : left) + " = " + Number(load == 0 ? 0 : -load) + ",  times " +
+                           Number(equation.Factor));
     }
-    return text;
   }
 
   void AddTerm(const WeightedEquation& equation, int k, std::vector<std::string>& terms) const {

@@ -47,6 +47,7 @@ constexpr int HalfGap = 20;       // from the centre to Copy and to Close
 constexpr int ButtonWidth = 73;   // Copy and Close
 constexpr int ButtonHeight = 36;  // at most, so that a margin stays below the buttons
 constexpr int ButtonGap = 8;
+constexpr int CheckBoxWidth = 120;  // at most
 constexpr int SmallestHeight = 200;
 constexpr QSize StartSize(720, 620);
 constexpr QSize PreviewSize(900, 720);
@@ -88,10 +89,10 @@ void PreparePaper(QPrinter& printer, const std::string& fileName) {
 // The preview records pages as pictures.
 bool IsPreview(const QPrinter& printer) { return printer.paintEngine()->type() == QPaintEngine::Picture; }
 
-int WidthOf(const std::vector<QCheckBox*>& boxes) {
-  int width = 0;
-  for (const QCheckBox* box : boxes) width = std::max(width, box->sizeHint().width());
-  return width;
+QSize LargestOf(const std::vector<QCheckBox*>& boxes) {
+  QSize largest(0, 0);
+  for (const QCheckBox* box : boxes) largest = largest.expandedTo(box->sizeHint());
+  return largest;
 }
 
 }  // namespace
@@ -183,11 +184,25 @@ void PrintableReportWindow::FitButtons() {
   for (QPushButton* button : fixed) button->resize(ButtonWidth, ButtonHeight);
   FitCaptions(fixed, font());
   for (QPushButton* button : {cmdReportPrint, cmdReportSaveAs}) button->setFont(fixed.front()->font());
+  FitCheckBoxes();
+}
+
+// All in one font, in which they stand one below the other beside a button.
+void PrintableReportWindow::FitCheckBoxes() {
+  const QSize room(CheckBoxWidth, ButtonHeight / static_cast<int>(chkReportWith.size()));
+  const QFont fitting = LargestFont(font(), [&](const QFont& font) {
+    return std::ranges::all_of(chkReportWith, [&](QCheckBox* box) {
+      box->setFont(font);
+      const QSize needed = box->sizeHint();
+      return needed.width() <= room.width() && needed.height() <= room.height();
+    });
+  });
+  for (QCheckBox* box : chkReportWith) box->setFont(fitting);
 }
 
 void PrintableReportWindow::FixSmallestSize() {
   const int beside = std::max(cmdReportPrint->sizeHint().width(), cmdReportSaveAs->sizeHint().width());
-  const int boxes = ButtonGap + WidthOf(chkReportWith);
+  const int boxes = ButtonGap + LargestOf(chkReportWith).width();
   const int half = HalfGap + ButtonWidth + ButtonGap + boxes + beside + BesideDocument - DocumentLeft;
   setMinimumSize(2 * half, SmallestHeight);
 }
@@ -205,11 +220,12 @@ void PrintableReportWindow::LayOut() {
   cmdReportClose->setGeometry(middle + HalfGap, top, ButtonWidth, height);
   cmdReportSaveAs->setGeometry(DocumentLeft + document.width() - saveAsWidth, top, saveAsWidth, height);
   // Beside Print, one below the other.
-  const int boxHeight = height / static_cast<int>(chkReportWith.size());
-  QRect box(DocumentLeft + printWidth + ButtonGap, top, WidthOf(chkReportWith), boxHeight);
+  const QSize boxSize = LargestOf(chkReportWith);
+  const int boxesHeight = boxSize.height() * static_cast<int>(chkReportWith.size());
+  QRect box(QPoint(DocumentLeft + printWidth + ButtonGap, top + (height - boxesHeight) / 2), boxSize);
   for (QCheckBox* checkBox : chkReportWith) {
     checkBox->setGeometry(box);
-    box.translate(0, boxHeight);
+    box.translate(0, boxSize.height());
   }
 }
 

@@ -66,6 +66,7 @@ class PrintableReportWindow final : public QDialog {
   void MakeActions();
   void MakeCheckBoxes();
   void FitButtons();
+  void FitCheckBoxes();
   void FixSmallestSize();
   void LayOut();
 
