@@ -263,7 +263,7 @@ TEST(CommandLineDocument, RefusesSectionsThatThereAreNot) {
             "there is no section \"forces\" for a document");
   EXPECT_EQ(WhyWrong({"--document=a.rtf", "--with=why,", "a"}), "there is no section \"\" for a document");
   EXPECT_EQ(WhyWrong({"--document=a.rtf", "--with", "a"}), "--with needs a value after \"=\"");
-  for (const char* other : {"--report", "--json", "--csv=rref", "--picture=o.png", "--convert=o"}) {
+  for (const char* other : {"--report", "--json", "--csv=rref", "--picture=o.png", "--convert=o.trs"}) {
     EXPECT_EQ(WhyWrong({other, "--with=why", "a"}), "--with goes with --document") << other;
   }
 }
