@@ -187,7 +187,13 @@ TEST(ExactReasons, ASmallerMotionIsNeverHiddenInALargerOne) {
 
 TEST(ExactReasons, TheWholeTrussComesFirst) {
   const auto triangle = TrussBuilder().Member(0, 0, 4, 0).Member(4, 0, 2, 2).Member(2, 2, 0, 0);
-  EXPECT_EQ(ReasonExactly(GraphOf(triangle)).Motions.size(), 3U);
+  const ExactReasons free = ReasonExactly(GraphOf(triangle));
+  EXPECT_EQ(free.Motions.size(), 3U);
+  for (const Motion& motion : free.Motions) EXPECT_EQ(motion.Kind, MotionKind::Rigid);
+  const ExactReasons upward =
+      ReasonExactly(GraphOf(TrussBuilder(triangle).Roller(0, 0, "a", 8).Roller(2, 2, "b", 7)));
+  ASSERT_EQ(upward.Motions.size(), 1U);
+  EXPECT_EQ(upward.Motions[0].Kind, MotionKind::Rigid);
   const auto parallel = GraphOf(TrussBuilder(triangle).Roller(0, 0).Roller(4, 0).Roller(2, 2));
   const ExactReasons slides = ReasonExactly(parallel);
   ASSERT_EQ(slides.Motions.size(), 1U);

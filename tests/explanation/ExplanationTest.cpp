@@ -219,7 +219,7 @@ TEST(DrawnFigures, AsManyFiguresAreCertainAsRoundedDirectionsLeave) {
       const double force = forces.at(analysis.System.UnknownList[k].Name);
       difference = std::max(difference, std::abs(analysis.Reading.Values[k].value() - force));
     }
-    const int figures = ExplainTruss(truss, analysis).Figures.CertainFigures.value();
+    const int figures = ExplainTruss(truss, analysis).Rounded.Figures.CertainFigures.value();
     EXPECT_LE(difference / push, std::pow(10, -figures)) << height;
     if (figures < 7) {
       EXPECT_GT(difference / push, std::pow(10, -figures - 1)) << height;
