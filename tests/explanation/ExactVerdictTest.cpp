@@ -87,6 +87,10 @@ TEST(ExactVerdict, DecimalsAreTheNumbersThatTheySay) {
                                  .Clamp(0.1F, 0.1F)
                                  .Clamp(0.3F, 0.3F));
   EXPECT_EQ(JudgeExactly(graph).Mechanisms(), 1);
+  // Also where one has more decimals than the other.
+  const auto finer =
+      GraphOf(TrussBuilder().Member(0, 0, 0.75F, 1.5F).Member(0.75F, 1.5F, 1, 2).Clamp(0, 0).Clamp(1, 2));
+  EXPECT_EQ(JudgeExactly(finer).Mechanisms(), 1);
 }
 
 TEST(ExactVerdict, ElementsThatStandApartAndMembersOnOneAnotherHaveAnAnswer) {
