@@ -11,6 +11,8 @@ inline constexpr const char* ProgramHelpTopic = "\\orvane.chm::index.htm";
 inline constexpr const char* TrussHelpTopic = "\\orvane.chm::\\truss help\\truss_theory.htm";
 inline constexpr const char* MathHelpTopic = "\\orvane.chm::\\gauss help\\backgd3.htm";
 inline constexpr const char* SettingsHelpTopic = "\\orvane.chm::\\program\\settings.htm";
+inline constexpr const char* WhyHelpTopic = "\\orvane.chm::\\program\\reports.htm#why";
+inline constexpr const char* ChecksHelpTopic = "\\orvane.chm::\\program\\drawing.htm#check";
 inline constexpr const char* PrintingHelpTopic = "\\orvane.chm::\\program\\printing.htm";
 
 /// The topic path for step 1, 2 or 3; while the instructions of the start are shown, the first page.
