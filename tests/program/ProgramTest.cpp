@@ -96,7 +96,7 @@ INSTANTIATE_TEST_SUITE_P(All, ProgramWrongCall,
                                          WrongCall{"--convert=o", "--convert needs one file"},
                                          WrongCall{"--json --report a", "--report does not go with --json"},
                                          WrongCall{"--json - -", "standard input can be read once only"},
-                                         WrongCall{"a b", "the window opens one file"}));
+                                         WrongCall{"a -", "standard input is opened alone"}));
 
 TEST(Program, HelpsWithoutADisplay) {
   const Ended run = RunProgram(Words("--help"));
