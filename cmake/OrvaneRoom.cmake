@@ -1,8 +1,8 @@
 # orvane_room(NAME
-#   logic A.h A.cpp ...              the rules: library orvane_NAME
 #   logic_links PUBLIC ... PRIVATE ...
-#   windows B.h B.cpp ...            the widgets: library orvane_NAME_windows, which links the logic and Qt
-#   windows_links PUBLIC ... PRIVATE ...)
+#   logic A.h A.cpp ...              the rules: library orvane_NAME
+#   windows_links PUBLIC ... PRIVATE ...
+#   windows B.h B.cpp ...)           the widgets: library orvane_NAME_windows, which links the logic and Qt
 # The furniture of one room (a folder of src/), each file named. A room's files reach the headers of the rooms that it
 # links and no others, so that an include upwards, or of Qt in the logic, does not compile. PUBLIC are those whose
 # headers stand in this room's headers, PRIVATE those that only its .cpp files include.

@@ -2,6 +2,7 @@
 #include "app/CommandLine.h"
 
 #include <algorithm>
+#include <charconv>
 #include <string_view>
 
 namespace {
@@ -35,7 +36,8 @@ class Parser {
     CheckFiles();
     if (result_.Json.Matrices && result_.What != Mode::Json) Fail("--matrices goes with --json");
     if (result_.Json.Explanation && result_.What != Mode::Json) Fail("--explain goes with --json");
-    if (result_.Named && result_.What != Mode::Picture) Fail("--named goes with --picture");
+    if (result_.Picture.Named && result_.What != Mode::Picture) Fail("--named goes with --picture");
+    if (result_.Picture.Motion && result_.What != Mode::Picture) Fail("--motion goes with --picture");
     return result_;
   }
 
@@ -55,6 +57,8 @@ class Parser {
     } else if (name == "--picture") {
       SetMode(Mode::Picture, name);
       TakePictureFile(Needed(option));
+    } else if (name == "--motion") {
+      result_.Picture.Motion = MotionNumber(Needed(option));
     } else if (name == "--document") {
       SetMode(Mode::Document, name);
       TakeDocumentFile(Needed(option));
@@ -79,7 +83,7 @@ class Parser {
     } else if (name == "--explain") {
       result_.Json.Explanation = true;
     } else if (name == "--named") {
-      result_.Named = true;
+      result_.Picture.Named = true;
     } else if (name == "--autoname") {
       result_.AutoName = true;
     } else {
@@ -152,6 +156,15 @@ class Parser {
     result_.OutputPath = path;
   }
 
+  static int MotionNumber(const std::string& text) {
+    int number = 0;
+    const char* end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc() || rest != end || number < 1)
+      Fail("--motion needs the number of a motion, 1 for the first, not \"" + text + '"');
+    return number;
+  }
+
   void TakeDocumentFile(const std::string& path) {
     const auto format = path == "-" ? DocumentFileFormat::Rtf : DocumentFormatOf(path);
     if (!format) Fail("a document is written as .rtf, .pdf, .odt or .html, not as \"" + path + '"');
@@ -208,6 +221,7 @@ orvane --json --explain FILE...             the same with the exact verdict, its
 orvane --csv=equations|rref|solutions FILE  that table as CSV
 orvane --picture=OUT [--named] FILE         the truss with its forces as .png, .svg or .pdf, by the ending of
                                             OUT; --named adds the names of forces and joints
+orvane --picture=OUT --motion=K FILE        the truss with the K-th of the motions that --report=why tells
 orvane --document=OUT FILE                  the printable report as .rtf, .pdf, .odt or .html
 orvane --convert=OUT.trs FILE               write FILE again in the current layout
 orvane --autoname ...                       with any of the above: name the forces and joints first

@@ -30,6 +30,12 @@ struct JsonExtras {
   bool Explanation = false;
 };
 
+/// What --picture shows beyond the truss with its forces.
+struct PictureExtras {
+  bool Named = false;         ///< the names and their arrows
+  std::optional<int> Motion;  ///< swung in this motion, from 1
+};
+
 struct CommandLine {
   enum class Mode { Window, Report, Json, Csv, Picture, Document, Convert, Help, Version };
 
@@ -38,7 +44,7 @@ struct CommandLine {
   std::vector<ExplainedSection> Explained;  ///< of Report
   JsonExtras Json;                          ///< of Json
   CsvTable Table{};                         ///< of Csv
-  bool Named = false;                       ///< of Picture: with the names and their arrows
+  PictureExtras Picture;                    ///< of Picture
   PictureFileFormat PictureFormat{};        ///< of Picture
   DocumentFileFormat DocumentFormat{};      ///< of Document
   std::string OutputPath;                   ///< of Picture, Document and Convert; "-" is standard output

@@ -48,6 +48,13 @@ std::optional<std::string> PictureBytes(const AnalysedFile& file, bool named, Pi
   return PictureFile(picture, fileFormat).toStdString();
 }
 
+std::string MotionPictureBytes(const MotionScene& scene, PictureFileFormat fileFormat) {
+  QtTextMeasure measure;
+  const Picture picture = MotionPicture(
+      scene, [&measure](const TextFont& font, std::string_view text) { return measure.Measure(font, text); });
+  return PictureFile(picture, fileFormat).toStdString();
+}
+
 std::string DocumentBytes(const AnalysedFile& file, DocumentFileFormat fileFormat,
                           const NumberFormat& numbers) {
   const ReportSubject subject{.Document = file.Document, .Analysis = file.Analysis, .Numbers = numbers};

@@ -9,6 +9,7 @@
 
 #include "analysis/FormatSigFigs.h"
 #include "app/FileAnalysis.h"
+#include "explanation/MotionDrawing.h"
 #include "platform/FileFormats.h"
 
 /// The toolkit's application object, without which it has no fonts. To be made before a picture or a report,
@@ -32,5 +33,6 @@ class ScreenlessApplication {
 /// See CommandLineEnvironment, whose parts these are.
 std::optional<std::string> PictureBytes(const AnalysedFile& file, bool named, PictureFileFormat fileFormat,
                                         const ReportFormat& format);
+std::string MotionPictureBytes(const MotionScene& scene, PictureFileFormat fileFormat);
 std::string DocumentBytes(const AnalysedFile& file, DocumentFileFormat fileFormat,
                           const NumberFormat& numbers);

@@ -7,6 +7,8 @@
 #include "document/BrokenName.h"
 #include "document/FileWriting.h"
 #include "document/TrussFile.h"
+#include "explanation/Directions.h"
+#include "explanation/ExactVerdict.h"
 #include "text/ControlCharacters.h"
 
 namespace {
@@ -85,7 +87,11 @@ class Run {
         Convert(file);
         break;
       case CommandLine::Mode::Picture:
-        DrawPicture(file);
+        if (commandLine_.Picture.Motion) {
+          DrawMotionPicture(file, *commandLine_.Picture.Motion);
+        } else {
+          DrawPicture(file);
+        }
         break;
       default:
         Analyse(file);
@@ -113,11 +119,29 @@ class Run {
   // Of a file that was not read whole one message is enough, whatever else becomes of it.
   void DrawPicture(const AnalysedFile& file) {
     const auto bytes =
-        environment_.Picture(file, commandLine_.Named, commandLine_.PictureFormat, FormatOf(file));
+        environment_.Picture(file, commandLine_.Picture.Named, commandLine_.PictureFormat, FormatOf(file));
     if (bytes) {
       WriteOutput(*bytes);
     } else if (file.IsComplete()) {
       Complain(file.Argument, "there is nothing to draw");
+    }
+  }
+
+  void DrawMotionPicture(AnalysedFile& file, int number) {
+    Analyse(file);
+    for (const std::string& remark : file.Remarks) Say(file.Argument, remark);
+    const TrussGraph graph = GraphOf(file.Document, file.Analysis);
+    const std::vector<Motion> motions = ReasonExactly(graph).Motions;
+    const auto count = static_cast<int>(motions.size());
+    if (number <= count) {
+      WriteOutput(environment_.MotionPicture({.Document = file.Document,
+                                              .Graph = graph,
+                                              .Moves = &motions[static_cast<std::size_t>(number - 1)],
+                                              .NamesOfForces = commandLine_.Picture.Named},
+                                             commandLine_.PictureFormat));
+    } else if (file.IsComplete()) {
+      Complain(file.Argument, "there is no motion " + std::to_string(number) + ": the truss has " +
+                                  ::Counted(count, "motion", "motions"));
     }
   }
 

@@ -11,6 +11,7 @@
 #include "analysis/FormatSigFigs.h"
 #include "app/CommandLine.h"
 #include "app/FileAnalysis.h"
+#include "explanation/MotionDrawing.h"
 
 /// The world around one run.
 struct CommandLineEnvironment {
@@ -29,6 +30,9 @@ struct CommandLineEnvironment {
   std::function<std::optional<std::string>(const AnalysedFile& file, bool named, PictureFileFormat,
                                            const ReportFormat& format)>
       Picture;
+
+  /// The bytes of a picture file with a motion.
+  std::function<std::string(const MotionScene& scene, PictureFileFormat)> MotionPicture;
 
   /// The bytes of the printable report of a file with at least one unknown force.
   std::function<std::string(const AnalysedFile& file, DocumentFileFormat, const NumberFormat& numbers)>

@@ -81,6 +81,7 @@ int RunWithoutWindow(const CommandLine& commandLine) {
                                                             .Numbers = SystemNumberFormat(),
                                                             .Json = JsonReport,
                                                             .Picture = PictureBytes,
+                                                            .MotionPicture = MotionPictureBytes,
                                                             .Document = DocumentBytes});
 }
 

@@ -150,7 +150,8 @@ TEST(CommandLinePicture, NamesItsOutput) {
   const CommandLine call = Call({"--picture=out.png", "a"});
   EXPECT_EQ(call.What, Mode::Picture);
   EXPECT_EQ(call.OutputPath, "out.png");
-  EXPECT_FALSE(call.Named);
+  EXPECT_FALSE(call.Picture.Named);
+  EXPECT_EQ(call.Picture.Motion, std::nullopt);
   EXPECT_THAT(call.Files, ElementsAre("a"));
 }
 
@@ -170,8 +171,8 @@ TEST(CommandLinePicture, RefusesAnyOtherEnding) {
 }
 
 TEST(CommandLinePicture, HasNamesWhenAsked) {
-  EXPECT_TRUE(Call({"--picture=a.png", "--named", "a"}).Named);
-  EXPECT_TRUE(Call({"--named", "a", "--picture=a.png"}).Named);
+  EXPECT_TRUE(Call({"--picture=a.png", "--named", "a"}).Picture.Named);
+  EXPECT_TRUE(Call({"--named", "a", "--picture=a.png"}).Picture.Named);
 }
 
 TEST(CommandLinePicture, AloneHasNames) {
@@ -179,6 +180,28 @@ TEST(CommandLinePicture, AloneHasNames) {
     EXPECT_EQ(WhyWrong({other, "--named", "a"}), "--named goes with --picture") << other;
   }
   EXPECT_EQ(WhyWrong({"--named", "a"}), "--named goes with --picture");
+}
+
+TEST(CommandLinePicture, ShowsTheMotionOfANumber) {
+  EXPECT_EQ(Call({"--picture=a.png", "--motion=1", "a"}).Picture.Motion, 1);
+  EXPECT_EQ(Call({"--motion=12", "--named", "--picture=a.png", "a"}).Picture.Motion, 12);
+}
+
+TEST(CommandLinePicture, RefusesWhatIsNoNumberOfAMotion) {
+  for (const std::string number :
+       {"0", "-1", "+1", "1.5", "one", " 1", "1 ", "1,2", "99999999999999999999"}) {
+    EXPECT_EQ(WhyWrong({"--picture=a.png", "--motion=" + number, "a"}),
+              "--motion needs the number of a motion, 1 for the first, not \"" + number + '"');
+  }
+  EXPECT_EQ(WhyWrong({"--picture=a.png", "--motion=", "a"}), "--motion needs a value after \"=\"");
+  EXPECT_EQ(WhyWrong({"--picture=a.png", "--motion", "a"}), "--motion needs a value after \"=\"");
+}
+
+TEST(CommandLinePicture, AloneHasMotions) {
+  for (const char* other : {"--report", "--json", "--csv=rref", "--document=o.rtf", "--convert=o"}) {
+    EXPECT_EQ(WhyWrong({other, "--motion=1", "a"}), "--motion goes with --picture") << other;
+  }
+  EXPECT_EQ(WhyWrong({"--motion=1", "a"}), "--motion goes with --picture");
 }
 
 TEST(CommandLinePicture, NeedsAnOutputAndExactlyOneFile) {

@@ -12,6 +12,9 @@
 #include <random>
 #include <sstream>
 
+#include "document/TrussFile.h"
+#include "support/TrussBuilder.h"
+
 namespace {
 
 using testing::HasSubstr;
@@ -62,6 +65,12 @@ std::optional<std::string> FakePicture(const AnalysedFile& file, bool named, Pic
          file.Document.Name(file.Document.Members[1].NameLabel1) + '"';
 }
 
+std::string FakeMotionPicture(const MotionScene& scene, PictureFileFormat fileFormat) {
+  return std::string(scene.NamesOfForces ? "named" : "plain") + " motion " +
+         std::to_string(static_cast<int>(fileFormat)) + " of " + std::to_string(scene.Moves->Joints.size()) +
+         " joints";
+}
+
 std::string FakeDocument(const AnalysedFile& file, DocumentFileFormat fileFormat, const NumberFormat&) {
   return "document " + std::to_string(static_cast<int>(fileFormat)) + " on " +
          std::to_string(file.Analysis.System.NumUnknowns()) + " forces";
@@ -105,6 +114,7 @@ class RunCommandLineTest : public testing::Test {
                                                  .Numbers = {},
                                                  .Json = Json,
                                                  .Picture = Picture,
+                                                 .MotionPicture = FakeMotionPicture,
                                                  .Document = Document});
   }
 
@@ -354,6 +364,44 @@ TEST_F(RunCommandLineTest, WithNothingToDrawThereIsNoPicture) {
   EXPECT_EQ(RunWords({"--picture=" + kept, "-"}), NotAllDone);
   EXPECT_EQ(Err.str(), "orvane: -: there is nothing to draw\n");
   EXPECT_EQ(Bytes(kept), "kept");
+}
+
+// A bar that hangs on one clamp and turns about it.
+std::string HangingBar() {
+  Truss truss = TrussBuilder().Member(0, 0, 2, 0, "m").Clamp(0, 0, "x", "y").Force(2, 0, 0, -1);
+  return TrussText(truss);
+}
+
+TEST_F(RunCommandLineTest, APictureCanHaveAMotion) {
+  Input = HangingBar();
+  EXPECT_EQ(RunWords({"--picture=-", "--motion=1", "-"}), Done);
+  EXPECT_EQ(Out.str(), "plain motion 0 of 1 joints");
+  Out.str("");
+  EXPECT_EQ(RunWords({"--picture=" + Path("out.svg"), "--motion=1", "--named", "-"}), Done);
+  EXPECT_EQ(Bytes(Path("out.svg")), "named motion 1 of 1 joints");
+  EXPECT_EQ(Out.str() + Err.str(), "");
+}
+
+TEST_F(RunCommandLineTest, AMotionThatTheTrussDoesNotHaveIsOneMessage) {
+  Input = HangingBar();
+  const std::string kept = File("out.png", "kept");
+  EXPECT_EQ(RunWords({"--picture=" + kept, "--motion=2", "-"}), NotAllDone);
+  EXPECT_EQ(Err.str(), "orvane: -: there is no motion 2: the truss has 1 motion\n");
+  for (const std::string& rigid : {std::string(TriangleText), std::string(EmptyTruss)}) {
+    Err.str("");
+    Input = rigid;
+    EXPECT_EQ(RunWords({"--picture=" + kept, "--motion=1", "-"}), NotAllDone);
+    EXPECT_EQ(Err.str(), "orvane: -: there is no motion 1: the truss has no motions\n");
+  }
+  EXPECT_EQ(Bytes(kept), "kept");
+}
+
+// The triangle without its last member moves.
+TEST_F(RunCommandLineTest, AMotionIsThatOfWhatWasReadOfABrokenFile) {
+  Input = BrokenTriangle();
+  EXPECT_EQ(RunWords({"--picture=-", "--motion=1", "-"}), NotAllDone);
+  EXPECT_THAT(Out.str(), HasSubstr("plain motion 0"));
+  EXPECT_EQ(Err.str(), std::string("orvane: -: ") + BrokenWhy + "\n");
 }
 
 TEST_F(RunCommandLineTest, ADocumentIsWrittenIntoItsFile) {

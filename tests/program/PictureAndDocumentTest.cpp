@@ -72,6 +72,36 @@ TEST(ProgramPicture, IsWrittenInEveryFormat) {
   }
 }
 
+TEST(ProgramPicture, ShowsAMotionInEveryFormat) {
+  const QStringList motion{QStringLiteral("--motion=1")};
+  for (const char* ending : PictureEndings) {
+    const QByteArray bytes = Written("--picture=", ending, Example("parallelogram.trs"), motion);
+    EXPECT_TRUE(LooksLike(ending, bytes)) << ending;
+    EXPECT_NE(bytes, Written("--picture=", ending, Example("parallelogram.trs"))) << ending;
+    EXPECT_EQ(bytes, Written("--picture=", ending, Example("parallelogram.trs"), motion, OtherDesktop()))
+        << ending;
+  }
+}
+
+TEST(ProgramPicture, SaysWhenThereIsNoSuchMotion) {
+  const TestFiles files;
+  const auto run = [&files](const char* motion, const char* example) {
+    return RunProgram({.Arguments = {QStringLiteral("--picture=") + files.Path(QStringLiteral("out.png")),
+                                     QString::fromLatin1(motion), Example(example)},
+                       .Input = {},
+                       .OutputFile = {},
+                       .Environment = {}});
+  };
+  const Ended rigid = run("--motion=1", "triangle.trs");
+  EXPECT_EQ(rigid.Status, 1);
+  EXPECT_TRUE(rigid.Err.endsWith(": there is no motion 1: the truss has no motions\n"))
+      << rigid.Err.toStdString();
+  const Ended wrong = run("--motion=0", "parallelogram.trs");
+  EXPECT_EQ(wrong.Status, 2);
+  EXPECT_EQ(wrong.Err.count('\n'), 1) << wrong.Err.toStdString();
+  EXPECT_FALSE(QFileInfo::exists(files.Path(QStringLiteral("out.png"))));
+}
+
 TEST(ProgramPicture, IsTheSameOnEveryDesktop) {
   for (const char* ending : PictureEndings) {
     const QStringList named{QStringLiteral("--named")};

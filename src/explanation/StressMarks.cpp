@@ -1,0 +1,163 @@
+// See the header.
+#include "explanation/StressMarks.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "canvas/Arrow.h"
+#include "canvas/Paper.h"
+#include "document/Truss.h"
+#include "platform/Palette.h"
+
+namespace {
+
+// The bands are light enough for a black line to be seen on them; arrows are dark.
+constexpr int Cyan = 11, Magenta = 13, DarkCyan = 3, DarkMagenta = 5;
+constexpr int BandWidth = 8;  // pixels
+
+// A reaction's arrow ends clear of the support's picture, or begins there when it pulls; pixels.
+constexpr float NearEnd = 20, FarEnd = 46;
+constexpr float TextGap = 3;
+
+// Where along a member its text may stand, the best place first.
+constexpr std::array TextPlaces = {0.5, 0.36, 0.64, 0.24, 0.76};
+
+struct Box {
+  float Left, Top, Right, Bottom;
+
+  bool Meets(const Box& other) const {
+    return Left < other.Right && other.Left < Right && Top < other.Bottom && other.Top < Bottom;
+  }
+};
+
+Box Around(PixelPoint centre, const TextExtent& extent) {
+  return {centre.X - extent.Width / 2, centre.Y - extent.Height / 2, centre.X + extent.Width / 2,
+          centre.Y + extent.Height / 2};
+}
+
+std::string Named(const std::string& name) {
+  return name.empty() || name == UnnamedCaption ? std::string() : name + ' ';
+}
+
+class Marker {
+ public:
+  Marker(const TrussGraph& graph, const Graph& mapping, const ReportFormat& format,
+         const TextMeasure& measure)
+      : graph_(graph), mapping_(mapping), format_(format), measure_(measure) {}
+
+  std::vector<StressMark> All(const SelfStress& stress) {
+    std::vector<StressMark> marks;
+    const bool withTexts = stress.Forces.size() <= MostMarkTexts;
+    for (const UnknownForce& force : stress.Forces) {
+      const PlacedUnknown& unknown = graph_.Unknowns[force.Unknown];
+      if (!unknown.IsMember() && unknown.Sign == 0) continue;
+      marks.push_back(unknown.IsMember() ? OfMember(unknown, force) : OfReaction(unknown, force));
+      if (!withTexts) marks.back().Text.clear();
+    }
+    return marks;
+  }
+
+ private:
+  PixelPoint At(int joint) const {
+    return {mapping_.XPixel(graph_.Joints[joint].X), mapping_.YPixel(graph_.Joints[joint].Y)};
+  }
+
+  StressMark OfMember(const PlacedUnknown& unknown, const UnknownForce& force) {
+    const PixelPoint a = At(unknown.JointA);
+    const PixelPoint b = At(unknown.JointB);
+    const bool pushes = force.Value > 0;
+    StressMark mark{
+        .Unknown = force.Unknown,
+        .IsCompression = pushes,
+        .Line = {a.X, a.Y, b.X, b.Y},
+        .Text = Named(unknown.Name) + FormatSigFigs(std::abs(force.Value), format_) + (pushes ? " C" : " T"),
+        .TextTopLeft = {}};
+    mark.TextTopLeft = PlaceOn(mark.Line, measure_(TextFont{}, mark.Text));
+    return mark;
+  }
+
+  // In the middle of the member, or where no other text stands: of two members that cross, say.
+  PixelPoint PlaceOn(const PixelLine& line, const TextExtent& extent) {
+    const auto boxAt = [&](double share) {
+      return Around({static_cast<float>((1 - share) * double{line.X1} + share * double{line.X2}),
+                     static_cast<float>((1 - share) * double{line.Y1} + share * double{line.Y2})},
+                    extent);
+    };
+    Box place = boxAt(TextPlaces.front());
+    if (taken_.size() > MostMarkTexts) return {place.Left, place.Top};
+    for (const double share : TextPlaces) {
+      const Box box = boxAt(share);
+      if (std::ranges::any_of(taken_, [&](const Box& other) { return box.Meets(other); })) continue;
+      place = box;
+      break;
+    }
+    return Take(place);
+  }
+
+  // The arrow points in the direction of the force, and stands on the side from which a positive one comes;
+  // the text stands behind it.
+  StressMark OfReaction(const PlacedUnknown& unknown, const UnknownForce& force) {
+    const PixelPoint joint = At(unknown.JointA);
+    const float dx = unknown.Along == Axis::X ? static_cast<float>(unknown.Sign) : 0;
+    const float dy = unknown.Along == Axis::Y ? static_cast<float>(-unknown.Sign) : 0;
+    const PixelPoint nearEnd{joint.X - NearEnd * dx, joint.Y - NearEnd * dy};
+    const PixelPoint farEnd{joint.X - FarEnd * dx, joint.Y - FarEnd * dy};
+    const bool pushes = force.Value > 0;
+    const PixelPoint from = pushes ? farEnd : nearEnd;
+    const PixelPoint to = pushes ? nearEnd : farEnd;
+    StressMark mark{.Unknown = force.Unknown,
+                    .IsCompression = pushes,
+                    .Line = {from.X, from.Y, to.X, to.Y},
+                    .Text = Named(unknown.Name) + FormatSigFigs(force.Value, format_),
+                    .TextTopLeft = {}};
+    const TextExtent extent = measure_(TextFont{}, mark.Text);
+    mark.TextTopLeft = Take(
+        Around({farEnd.X - dx * (TextGap + extent.Width / 2), farEnd.Y - dy * (TextGap + extent.Height / 2)},
+               extent));
+    return mark;
+  }
+
+  PixelPoint Take(const Box& box) {
+    taken_.push_back(box);
+    return {box.Left, box.Top};
+  }
+
+  const TrussGraph& graph_;
+  const Graph& mapping_;
+  const ReportFormat& format_;
+  const TextMeasure& measure_;
+  std::vector<Box> taken_;
+};
+
+}  // namespace
+
+std::vector<StressMark> MarksOf(const SelfStress& stress, const TrussGraph& graph, const Graph& mapping,
+                                const ReportFormat& format, const TextMeasure& measure) {
+  return Marker(graph, mapping, format, measure).All(stress);
+}
+
+void PaintStressBands(Surface& surface, const std::vector<StressMark>& marks, const TrussGraph& graph) {
+  surface.SetLineWidth(BandWidth);
+  for (const StressMark& mark : marks) {
+    if (!graph.Unknowns[mark.Unknown].IsMember()) continue;
+    surface.SetForeground(mark.IsCompression ? Cyan : Magenta);
+    DrawLine(surface, mark.Line);
+  }
+  surface.SetForeground(Black);
+  surface.SetLineWidth(1);
+}
+
+void PaintStressTexts(Surface& surface, const std::vector<StressMark>& marks, const TrussGraph& graph) {
+  for (const StressMark& mark : marks) {
+    if (graph.Unknowns[mark.Unknown].IsMember()) continue;
+    DrawArrow(surface, mark.Line.X1, mark.Line.Y1, mark.Line.X2, mark.Line.Y2, 2, LabelArrowSize,
+              mark.IsCompression ? DarkCyan : DarkMagenta);
+  }
+  surface.SetFont(TextFont{});
+  for (const StressMark& mark : marks) {
+    if (mark.Text.empty()) continue;
+    surface.PrintTextWithRim(OntoPaper(mark.TextTopLeft.X), OntoPaper(mark.TextTopLeft.Y), mark.Text, Black);
+  }
+  surface.SetForeground(Black);
+}

@@ -1,0 +1,307 @@
+// The drawing of a motion and of a state of self-stress.
+#include "explanation/MotionDrawing.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+
+#include "ExplanationFixture.h"
+#include "canvas/PaintDrawing.h"
+#include "explanation/ExactVerdict.h"
+#include "explanation/SwungTruss.h"
+#include "platform/Palette.h"
+#include "support/RecordingSurface.h"
+
+namespace {
+
+using testing::Contains;
+using testing::IsEmpty;
+using testing::Not;
+using testing::SizeIs;
+
+const PixelRect Room{0, 0, 500, 300};
+
+struct Reasoned {
+  explicit Reasoned(Truss given)
+      : Document(std::move(given)),
+        Analysis(SolveTruss(Document)),
+        Graph(GraphOf(Document, Analysis)),
+        Reasons(ReasonExactly(Graph)) {}
+
+  MotionScene Motion(std::size_t i) const {
+    return {.Document = Document, .Graph = Graph, .Moves = &Reasons.Motions.at(i)};
+  }
+  MotionScene Stress(std::size_t i) const {
+    return {.Document = Document, .Graph = Graph, .Stressed = &Reasons.SelfStresses.at(i)};
+  }
+  MotionDrawing Drawn(const MotionScene& scene, double swing = 1) const {
+    return DrawMotion(scene, Room, swing, RecordingSurface::Measure);
+  }
+
+  Truss Document;
+  TrussAnalysis Analysis;
+  TrussGraph Graph;
+  ExactReasons Reasons;
+};
+
+// Its two upper joints move to the right, its two lower ones are held.
+Reasoned Parallelogram() {
+  return Reasoned(TrussBuilder()
+                      .Member(0, 0, 1, 2, "a")
+                      .Member(4, 0, 5, 2, "b")
+                      .Member(1, 2, 5, 2, "c")
+                      .Clamp(0, 0, "x1", "y1")
+                      .Clamp(4, 0, "x2", "y2")
+                      .Force(1, 2, 1000, 0)
+                      .Joint(1, 2, "P")
+                      .Joint(5, 2, "Q"));
+}
+
+// A square with both diagonals: one state of self-stress, in which the sides push when the diagonals pull.
+Reasoned CrossedSquare() {
+  return Reasoned(TrussBuilder()
+                      .Member(0, 0, 4, 0, "s1")
+                      .Member(4, 0, 4, 4, "s2")
+                      .Member(4, 4, 0, 4, "s3")
+                      .Member(0, 4, 0, 0, "s4")
+                      .Member(0, 0, 4, 4, "d1")
+                      .Member(4, 0, 0, 4, "d2")
+                      .Clamp(0, 0, "x", "y")
+                      .Roller(4, 0, "r"));
+}
+
+double LengthOf(const PixelLine& line) { return std::hypot(line.X2 - line.X1, line.Y2 - line.Y1); }
+
+double PixelsPerUnit(const MotionDrawing& drawing) {
+  return double{drawing.Objects.Mapping.XPixel(1)} - double{drawing.Objects.Mapping.XPixel(0)};
+}
+
+TEST(SwungTruss, NoJointGoesFartherThanATwentiethOfTheDrawing) {
+  std::mt19937 random(8);
+  int numMotions = 0;
+  for (int i = 0; i < 300; ++i) {
+    const Reasoned truss(RandomSmallTruss(random, 7, 6));
+    const double bound = ExtentOf(truss.Graph).Size() / 20;
+    for (const Motion& motion : truss.Reasons.Motions) {
+      ++numMotions;
+      double largest = 0;
+      for (const double swing : {-1.0, -0.3, 0.0, 1.0, 7.0}) {
+        const Truss swung = Swung(truss.Document, truss.Graph, &motion, swing);
+        for (int j = 1; j <= swung.NumJoints; ++j) {
+          largest = std::max(largest, std::hypot(double{swung.Joints[j].X} - truss.Document.Joints[j].X,
+                                                 double{swung.Joints[j].Y} - truss.Document.Joints[j].Y));
+        }
+      }
+      EXPECT_NEAR(largest, bound, 1e-6) << "but for the rounding of a single";
+    }
+  }
+  EXPECT_GT(numMotions, 300);
+}
+
+TEST(SwungTruss, EverythingAtAJointGoesWithIt) {
+  const Reasoned truss = Parallelogram();
+  const Truss swung = Swung(truss.Document, truss.Graph, &truss.Reasons.Motions.front(), 1);
+  EXPECT_FLOAT_EQ(swung.Members[1].X2, 1 + 0.5F / std::sqrt(5.0F));
+  EXPECT_FLOAT_EQ(swung.Members[1].Y2, 2 - 0.25F / std::sqrt(5.0F));
+  EXPECT_FLOAT_EQ(swung.Forces[1].X, 1 + 0.5F / std::sqrt(5.0F));
+  EXPECT_FLOAT_EQ(swung.Forces[1].Y, 2 - 0.25F / std::sqrt(5.0F));
+  EXPECT_EQ(swung.Members[1].X1, 0);
+  EXPECT_EQ(swung.Supports[1].X, 0);
+}
+
+TEST(MotionDrawing, HasArrowsAtMovingJointsOnly) {
+  const Reasoned truss = Parallelogram();
+  ASSERT_THAT(truss.Reasons.Motions, SizeIs(1));
+  const MotionDrawing drawing = truss.Drawn(truss.Motion(0));
+  ASSERT_THAT(drawing.Arrows, SizeIs(2));
+  for (std::size_t i = 0; i < 2; ++i) {
+    const PlacedJoint& joint = truss.Graph.Joints[truss.Reasons.Motions[0].Joints[i].Joint];
+    EXPECT_EQ(drawing.Arrows[i].X1, drawing.Objects.Mapping.XPixel(joint.X));
+    EXPECT_EQ(drawing.Arrows[i].Y1, drawing.Objects.Mapping.YPixel(joint.Y));
+    EXPECT_GT(drawing.Arrows[i].X2, drawing.Arrows[i].X1) << "to the right";
+    EXPECT_GT(drawing.Arrows[i].Y2, drawing.Arrows[i].Y1) << "and down";
+  }
+}
+
+TEST(MotionDrawing, ShowsTheMembersThatMoveBeforeAndAfter) {
+  const Reasoned truss = Parallelogram();
+  const MotionDrawing drawing = truss.Drawn(truss.Motion(0));
+  ASSERT_THAT(drawing.AtRest, SizeIs(3));
+  ASSERT_THAT(drawing.Moved, SizeIs(3));
+  const double unit = PixelsPerUnit(drawing);
+  EXPECT_NEAR(drawing.Moved[2].X1 - drawing.AtRest[2].X1, 0.25 * 2 / std::sqrt(5) * unit, 0.01)
+      << "together a twentieth of 5";
+  EXPECT_NEAR(drawing.Moved[2].Y1 - drawing.AtRest[2].Y1, 0.25 / std::sqrt(5) * unit, 0.01);
+}
+
+TEST(MotionDrawing, SwingsToBothSidesWhileArrowsAndMappingStandStill) {
+  const Reasoned truss = Parallelogram();
+  const MotionDrawing there = truss.Drawn(truss.Motion(0), 1);
+  const MotionDrawing back = truss.Drawn(truss.Motion(0), -1);
+  const MotionDrawing still = truss.Drawn(truss.Motion(0), 0);
+  EXPECT_EQ(there.Arrows, back.Arrows);
+  EXPECT_EQ(there.AtRest, back.AtRest);
+  EXPECT_EQ(still.AtRest, still.Moved);
+  EXPECT_NEAR(there.Moved[2].X1 + back.Moved[2].X1, 2 * still.Moved[2].X1, 0.01);
+}
+
+// Members and supports that stand still, and members that share one joint with what moves.
+TEST(MotionDrawing, LeavesAloneWhatStandsStill) {
+  const Reasoned truss(TrussBuilder()
+                           .Member(0, 0, 2, 0)
+                           .Member(0, 0, 1, 2)
+                           .Member(2, 0, 1, 2)
+                           .Member(2, 0, 4, 1)
+                           .Clamp(0, 0)
+                           .Roller(2, 0));
+  ASSERT_THAT(truss.Reasons.Motions, SizeIs(1));
+  const MotionDrawing drawing = truss.Drawn(truss.Motion(0));
+  EXPECT_THAT(drawing.Arrows, SizeIs(1));
+  EXPECT_THAT(drawing.AtRest, SizeIs(1)) << "the member that hangs on the triangle";
+}
+
+TEST(MotionDrawing, AnArrowIsNeverTooShortToPoint) {
+  Reasoned truss = Parallelogram();
+  truss.Reasons.Motions[0].Joints[1].Dx *= 1e-6;
+  truss.Reasons.Motions[0].Joints[1].Dy *= 1e-6;
+  const MotionDrawing drawing = truss.Drawn(truss.Motion(0));
+  EXPECT_NEAR(LengthOf(drawing.Arrows[1]), ShortestMotionArrow, 0.01);
+  EXPECT_GT(LengthOf(drawing.Arrows[0]), LengthOf(drawing.Arrows[1]));
+}
+
+TEST(MotionDrawing, StaysInItsRoom) {
+  std::mt19937 random(3);
+  for (int i = 0; i < 200; ++i) {
+    const Reasoned truss(RandomSmallTruss(random, 7, 6));
+    for (std::size_t m = 0; m < truss.Reasons.Motions.size(); ++m) {
+      for (const PixelRect& room : {Room, PixelRect{10, 20, 90, 400}}) {
+        const MotionDrawing drawing = DrawMotion(truss.Motion(m), room, 1, RecordingSurface::Measure);
+        for (const std::vector<PixelLine>* lines : {&drawing.AtRest, &drawing.Moved, &drawing.Arrows}) {
+          for (const PixelLine& line : *lines) {
+            EXPECT_TRUE(line.X1 >= room.Left && line.X2 >= room.Left && line.X1 <= room.Right &&
+                        line.X2 <= room.Right && line.Y1 >= room.Top && line.Y1 <= room.Bottom &&
+                        line.Y2 >= room.Top && line.Y2 <= room.Bottom);
+          }
+        }
+      }
+    }
+  }
+}
+
+TEST(MotionDrawing, PaintsTheMembersAtRestThinAndGreyUnderTheTruss) {
+  const Reasoned truss = Parallelogram();
+  const MotionDrawing drawing = truss.Drawn(truss.Motion(0));
+  RecordingSurface surface;
+  PaintMotion(surface, drawing, truss.Graph);
+  const PixelLine& rest = drawing.AtRest[2];
+  const PixelLine& moved = drawing.Moved[2];
+  const auto grey =
+      std::ranges::find(surface.Lines, DrawnLine{rest.X1, rest.Y1, rest.X2, rest.Y2, 1, DarkGrey});
+  const auto black = std::ranges::find(
+      surface.Lines, DrawnLine{moved.X1, moved.Y1, moved.X2, moved.Y2, RodLineWidth, Black});
+  ASSERT_NE(grey, surface.Lines.end());
+  ASSERT_NE(black, surface.Lines.end());
+  EXPECT_LT(grey, black);
+  EXPECT_THAT(surface.Texts, Contains(testing::Field(&DrawnText::Text, "P"))) << "joints have their names";
+  EXPECT_EQ(surface.Colour, Black);
+  EXPECT_EQ(surface.Width, 1);
+}
+
+TEST(MotionDrawing, AForceLongerThanTheDrawingIsDrawnShorter) {
+  Reasoned truss = Parallelogram();
+  truss.Document.Forces[1].Fx = 1e9F;
+  const MotionDrawing drawing = truss.Drawn(truss.Motion(0));
+  EXPECT_NEAR(LengthOf(drawing.Objects.Force[1]), 0.4 * 5 * PixelsPerUnit(drawing), 0.1);
+}
+
+TEST(MotionDrawing, SelfStressIsToldByLetters) {
+  const Reasoned truss = CrossedSquare();
+  ASSERT_THAT(truss.Reasons.SelfStresses, SizeIs(1));
+  const MotionDrawing drawing = truss.Drawn(truss.Stress(0));
+  EXPECT_THAT(drawing.Arrows, IsEmpty());
+  ASSERT_THAT(drawing.Marks, SizeIs(6));
+  for (const StressMark& mark : drawing.Marks) {
+    const double value =
+        truss.Reasons.SelfStresses[0].Forces[static_cast<std::size_t>(&mark - drawing.Marks.data())].Value;
+    EXPECT_EQ(mark.IsCompression, value > 0);
+    const std::string& name = truss.Graph.Unknowns[mark.Unknown].Name;
+    const std::string size = name[0] == 'd' ? "1" : "0.7071";
+    EXPECT_EQ(mark.Text, name + ' ' + size + (value > 0 ? " C" : " T"));
+  }
+}
+
+// The two diagonals have their middles at one place.
+TEST(MotionDrawing, TextsOfASelfStressDoNotCoverEachOther) {
+  const Reasoned truss = CrossedSquare();
+  const MotionDrawing drawing = truss.Drawn(truss.Stress(0));
+  for (const StressMark& a : drawing.Marks) {
+    for (const StressMark& b : drawing.Marks) {
+      if (&a == &b) continue;
+      const TextExtent extent = RecordingSurface::Measure(TextFont{}, a.Text);
+      EXPECT_TRUE(std::abs(a.TextTopLeft.X - b.TextTopLeft.X) >= extent.Width - 0.01F ||
+                  std::abs(a.TextTopLeft.Y - b.TextTopLeft.Y) >= extent.Height - 0.01F)
+          << a.Text << " and " << b.Text;
+    }
+  }
+}
+
+// Two clamps and a bar between them push against each other.
+TEST(MotionDrawing, AReactionOfASelfStressIsAnArrowInItsDirection) {
+  const Reasoned truss(
+      TrussBuilder().Member(0, 0, 4, 0, "m").Clamp(0, 0, "ax", "ay").Clamp(4, 0, "bx", "by"));
+  ASSERT_THAT(truss.Reasons.SelfStresses, SizeIs(1));
+  const MotionDrawing drawing = truss.Drawn(truss.Stress(0));
+  int numArrows = 0;
+  for (const StressMark& mark : drawing.Marks) {
+    const PlacedUnknown& unknown = truss.Graph.Unknowns[mark.Unknown];
+    if (unknown.IsMember()) continue;
+    ++numArrows;
+    const double value = mark.IsCompression ? 1 : -1;
+    EXPECT_GT(value * (mark.Line.X2 - mark.Line.X1), 0) << mark.Text;
+    EXPECT_EQ(mark.Text, unknown.Name + (mark.IsCompression ? " 1" : " -1"));
+  }
+  EXPECT_EQ(numArrows, 2);
+}
+
+TEST(MotionDrawing, WithoutAChoiceTheTrussStandsAsItIs) {
+  const Reasoned truss = Parallelogram();
+  const MotionDrawing drawing = truss.Drawn({.Document = truss.Document, .Graph = truss.Graph});
+  EXPECT_THAT(drawing.AtRest, IsEmpty());
+  EXPECT_THAT(drawing.Arrows, IsEmpty());
+  EXPECT_THAT(drawing.Marks, IsEmpty());
+  EXPECT_EQ(drawing.Shown.Members[3].X1, 1);
+  EXPECT_FALSE(drawing.Objects.Mapping.IsEmpty());
+}
+
+// Coordinates from a file may be anything.
+TEST(MotionDrawing, DrawsAnythingThatAFileCanHold) {
+  for (const float size : {1e-30F, 1e-3F, 1e7F, 3e38F}) {
+    for (const float at : {0.0F, 1.0F, 1e7F, -3e38F}) {
+      const Reasoned truss(TrussBuilder()
+                               .Member(at, 0, size, size)
+                               .Member(at, 0, at, 0)
+                               .Clamp(at, 0)
+                               .Force(size, size, 3e38F, -3e38F));
+      for (std::size_t i = 0; i < truss.Reasons.Motions.size(); ++i) {
+        RecordingSurface surface;
+        PaintMotion(surface, truss.Drawn(truss.Motion(i)), truss.Graph);
+        EXPECT_THAT(surface.Lines, Not(IsEmpty()));
+      }
+    }
+  }
+}
+
+TEST(MotionPicture, IsNoLargerThanItsRoom) {
+  std::mt19937 random(5);
+  for (int i = 0; i < 60; ++i) {
+    const Reasoned truss(RandomSmallTruss(random, 7, 6));
+    for (std::size_t m = 0; m < truss.Reasons.Motions.size(); ++m) {
+      const PixelRect frame = MotionPicture(truss.Motion(m), RecordingSurface::Measure).Frame();
+      EXPECT_LE(frame.Width(), 640);
+      EXPECT_LE(frame.Height(), 340);
+      EXPECT_GT(frame.Width(), 0);
+    }
+  }
+}
+
+}  // namespace
