@@ -9,7 +9,7 @@
 
 #include "analysis/Analysis.h"
 #include "benchmarks/ShapeDocument.h"
-#include "platform/Page.h"
+#include "paper/Page.h"
 #include "reports/PrintableReportFiles.h"
 
 namespace {

@@ -3,7 +3,7 @@
 
 #include <cstdio>
 
-#include "platform/qt/QtPicture.h"
+#include "paper/qt/PictureFiles.h"
 #include "platform/qt/QtTextMeasure.h"
 #include "reports/PrintableReportFiles.h"
 #include "reports/TrussPaint.h"

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "document/FileBytes.h"
-#include "platform/qt/DocumentFiles.h"
+#include "paper/qt/DocumentFiles.h"
 #include "support/PrintableReportWindowFixture.h"
 
 namespace {

@@ -13,7 +13,7 @@ for room in "$@"; do path[${room%%=*}]=${room#*=}; done
 
 # A small header of each room.
 declare -A header=(
-  [text]=text/Sentence.h [platform]=platform/Clock.h [document]=document/Table.h [canvas]=canvas/Polar.h
+  [text]=text/Sentence.h [platform]=platform/Clock.h [paper]=paper/Page.h [document]=document/Table.h [canvas]=canvas/Polar.h
   [analysis]=analysis/FormatSigFigs.h [explanation]=explanation/Directions.h [naming]=naming/Naming.h
   [editing]=editing/PanelPlace.h [reports]=reports/GridFitting.h [app]=app/ReportPlace.h)
 
@@ -21,14 +21,15 @@ declare -A header=(
 declare -A below=(
   [text]=""
   [platform]="text"
+  [paper]="platform"
   [document]="text platform"
   [canvas]="text platform document"
   [analysis]="text platform document"
   [explanation]="text platform document canvas analysis"
   [naming]="platform document"
   [editing]="text platform document canvas"
-  [reports]="text platform document canvas analysis"
-  [app]="text platform document canvas analysis explanation naming editing reports")
+  [reports]="text platform paper document canvas analysis"
+  [app]="text platform paper document canvas analysis explanation naming editing reports")
 
 # compile ROOM HEADER...: whether a file of the room that includes the headers compiles; in $said, what the compiler
 # says.
