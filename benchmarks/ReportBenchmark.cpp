@@ -1,4 +1,4 @@
-// See the header. Each benchmark says how large its file is and the most memory that the program held from
+// Each benchmark says how large its file is and the most memory that the program held from
 // its beginning to the end of that benchmark; run one alone (--benchmark_filter) for a figure of its own.
 #include "benchmarks/ReportBenchmark.h"
 

@@ -1,4 +1,3 @@
-// See the header.
 #include "benchmarks/ShapeDocument.h"
 
 #include <stdexcept>

@@ -1,4 +1,3 @@
-// See the header.
 #include "app/Icons.h"
 
 #include <QPainter>
@@ -76,7 +75,7 @@ QPixmap ApplicationPicture(int side, qreal devicePixelRatio) {
   painter.setPen(RoundPen(steel, side < 24 ? 2.6 : 2.2));
   painter.drawPolyline(QPolygonF{{left, highLeft, middle, highRight, right, left}});
   painter.drawLine(highLeft, highRight);
-  // The supports carry the accent.
+  // The supports are orange.
   painter.setPen(Qt::NoPen);
   painter.setBrush(QColor(0xFF, 0x8F, 0x5E));
   for (const QPointF& foot : {left, right}) {

@@ -1,4 +1,3 @@
-// See the header.
 #include "document/FileBytes.h"
 
 #include <fcntl.h>

@@ -1,4 +1,3 @@
-// See the header.
 #include "document/FileMenu.h"
 
 FileMenu FileMenuState(int step, const std::string& fileName) {

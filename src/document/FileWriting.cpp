@@ -1,4 +1,3 @@
-// See the header.
 #include "document/FileWriting.h"
 
 #include <fcntl.h>

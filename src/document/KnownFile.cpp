@@ -1,4 +1,3 @@
-// See the header.
 #include "document/KnownFile.h"
 
 #include <utility>

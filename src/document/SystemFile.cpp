@@ -1,4 +1,3 @@
-// See the header.
 #include "document/SystemFile.h"
 
 #include <fcntl.h>

@@ -1,4 +1,3 @@
-// See the header.
 #include "editing/Erasing.h"
 
 #include "canvas/DoLabel.h"

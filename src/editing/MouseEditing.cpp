@@ -44,7 +44,7 @@ void MouseEditing::MouseDown(MouseButton button, float x, float y) {
 }
 
 void MouseEditing::MouseDoubleClick(MouseButton button, float x, float y) {
-  // A drag hears of every press, but one that is done only waits for a release, which was lost.
+  // Every press goes to the drag; but a drag that is done only waits for a release, which was lost.
   const bool isDragEnded = !IsDragging() || (drag_->IsDone() && !heldByKey_);
   if (button == MouseButton::Left && isDragEnded && ActsByClick(on_.Tools.Selected())) return;
   MouseDown(button, x, y);

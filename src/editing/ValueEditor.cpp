@@ -144,7 +144,7 @@ RectangularVector ValueEditor::NewValues(int editingKind, double first, double s
 }
 
 // The text of the first rule that the input breaks, or null. The order of the rules is part of what they say:
-// a polar member of no length hears of its magnitude, not of erasing.
+// for a polar member of no length the text is that about the magnitude, not that about erasing.
 const char* ValueEditor::Refusal(int editingKind) const {
   const Panel& panel = PanelOf(editingKind);
   const auto first = Number(panel, 0);

@@ -1,4 +1,3 @@
-// See the header.
 #include "paper/FileFormats.h"
 
 #include <algorithm>

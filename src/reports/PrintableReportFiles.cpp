@@ -1,4 +1,3 @@
-// See the header.
 #include "reports/PrintableReportFiles.h"
 
 #include <QBuffer>

@@ -1,4 +1,4 @@
-// See the header. A paragraph has family and size of its first letters; what differs from that stands around
+// A paragraph has family and size of its first letters; what differs from that stands around
 // the runs. Preformatted lines of one kind that follow one another are one element.
 #include "paper/qt/HtmlWriter.h"
 

@@ -1,4 +1,4 @@
-// See the header. Everything happens inside edit blocks: outside of one a cursor asks for the layout of its
+// Everything happens inside edit blocks: outside of one a cursor asks for the layout of its
 // line after every step.
 #include "paper/qt/QtRichText.h"
 

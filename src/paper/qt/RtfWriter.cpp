@@ -1,4 +1,4 @@
-// See the header. The body is written first, because the tables of fonts and colours that stand before it
+// The body is written first, because the tables of fonts and colours that stand before it
 // hold what was met in it.
 #include "paper/qt/RtfWriter.h"
 

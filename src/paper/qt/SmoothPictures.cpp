@@ -1,4 +1,3 @@
-// See the header.
 #include "paper/qt/SmoothPictures.h"
 
 #include <QAbstractTextDocumentLayout>
