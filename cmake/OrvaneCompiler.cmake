@@ -24,6 +24,9 @@ else()
     -ffp-contract=off $<$<BOOL:${ORVANE_WARNINGS_AS_ERRORS}>:-Werror> -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast
     -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wcast-qual -Wunused
     -Wimplicit-fallthrough -Wextra-semi)
+  # An index outside a table ends the program with a message in every build; what it would do otherwise is anyone's
+  # guess.
+  target_compile_options(orvane_compiler INTERFACE -UNDEBUG)
 endif()
 
 if(ORVANE_SANITIZE)
