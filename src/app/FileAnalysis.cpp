@@ -2,10 +2,10 @@
 
 #include <optional>
 
-#include "document/FileBytes.h"
 #include "document/JointList.h"
 #include "document/TrussFile.h"
 #include "naming/Naming.h"
+#include "platform/FileBytes.h"
 #include "text/CodePage.h"
 
 namespace {

@@ -7,6 +7,7 @@
 
 #include "document/Truss.h"
 #include "editing/ToolGlyphs.h"
+#include "platform/qt/RoundPen.h"
 
 namespace {
 
@@ -15,10 +16,6 @@ QPixmap EmptyPicture(QSize size, qreal devicePixelRatio) {
   picture.setDevicePixelRatio(devicePixelRatio);
   picture.fill(Qt::transparent);
   return picture;
-}
-
-QPen RoundPen(const QColor& colour, qreal width) {
-  return QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
 }
 
 using Segment = std::pair<QPointF, QPointF>;

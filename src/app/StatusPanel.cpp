@@ -4,8 +4,8 @@
 #include <QStyle>
 #include <algorithm>
 
+#include "app/FileMenu.h"
 #include "app/StepTexts.h"
-#include "document/FileMenu.h"
 #include "editing/ToolPalette.h"
 #include "platform/qt/FittedText.h"
 

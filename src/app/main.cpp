@@ -15,7 +15,7 @@
 #include "app/MainForm.h"
 #include "app/PaperOutput.h"
 #include "app/RunCommandLine.h"
-#include "document/FileBytes.h"
+#include "platform/FileBytes.h"
 #include "platform/qt/QtFileChooser.h"
 #include "platform/qt/QtMessageBox.h"
 #include "platform/qt/QtNumberFormat.h"

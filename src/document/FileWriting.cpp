@@ -12,7 +12,7 @@
 
 #include "document/FileAttributes.h"
 #include "document/FileBeside.h"
-#include "document/FileBytes.h"
+#include "platform/FileBytes.h"
 
 namespace fs = std::filesystem;
 

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "document/FileBytes.h"
 #include "document/FilePaths.h"
+#include "platform/FileBytes.h"
 
 void KnownFile::Remember(const std::string& path, std::optional<std::string> bytes, bool whole) {
   path_ = path;

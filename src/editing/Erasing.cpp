@@ -18,9 +18,3 @@ void EraseSupport(const EditingContext& on, int support) {
   RemoveLabels(on.Picture, on.Document, LabelClass::Support, support);
   on.Redraw();
 }
-
-void Deselect(const EditingContext& on) {
-  on.ValueEditor.Close();
-  HidePanelAndHandles(on.Picture);
-  on.Picture.SupportsEnabled = true;
-}

@@ -109,7 +109,7 @@ void MouseEditing::Press(PixelPoint mouse) {
 
 void MouseEditing::PressOnCanvas(PixelPoint mouse) {
   const bool wasShown = IsSelectionShown(on_.Picture) || on_.Picture.OpenPanel != ValuePanel::None;
-  Deselect(on_);
+  Deselect(on_.Picture);
   if (wasShown) on_.ShowDrawing();
   const auto point = LocationOf(mouse);
   if (!point) return;
@@ -197,7 +197,7 @@ void MouseEditing::SelectTool(int tool) {
   Cancel();
   on_.Tools.Select(tool);
   selection_ = {};
-  Deselect(on_);
+  Deselect(on_.Picture);
   on_.ShowDrawing();
   UpdatePointer(latest_);
 }

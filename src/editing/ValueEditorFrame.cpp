@@ -51,7 +51,7 @@ PixelPoint PixelsOf(const QPointF& point) {
 
 }  // namespace
 
-ValueEditorFrame::ValueEditorFrame(int editingKind, ValueEditor& editor, QWidget* canvas)
+ValueEditorFrame::ValueEditorFrame(EditingKind editingKind, ValueEditor& editor, QWidget* canvas)
     : QFrame(canvas), editingKind_(editingKind), editor_(editor) {
   const QString caption = editingKind == MemberKind ? QStringLiteral("new components for the big endpoint")
                                                     : QStringLiteral("new components for this force");
@@ -83,7 +83,7 @@ ValueEditorFrame::ValueEditorFrame(int editingKind, ValueEditor& editor, QWidget
 }
 
 QString ValueEditorFrame::ControlName(const char* name) const {
-  return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(editingKind_);
+  return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(int{editingKind_});
 }
 
 QRadioButton* ValueEditorFrame::AddOption(const char* name, Notation notation, const char* toolTip) {

@@ -17,11 +17,11 @@
 #include <utility>
 
 #include "document/DocumentLifecycle.h"
-#include "document/FileBytes.h"
 #include "document/FileWriting.h"
 #include "paper/qt/DocumentFiles.h"
 #include "paper/qt/PaperPages.h"
 #include "paper/qt/SmoothPictures.h"
+#include "platform/FileBytes.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/ScreenRoom.h"

@@ -1,4 +1,4 @@
-#include "document/SystemFile.h"
+#include "platform/SystemFile.h"
 
 #include <fcntl.h>
 #include <unistd.h>

@@ -1,4 +1,4 @@
-#include "document/FileBytes.h"
+#include "platform/FileBytes.h"
 
 #include <fcntl.h>
 

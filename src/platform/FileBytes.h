@@ -5,7 +5,7 @@
 #include <istream>
 #include <string>
 
-#include "document/SystemFile.h"
+#include "platform/SystemFile.h"
 
 /// Paths are UTF-8 everywhere in the program.
 struct FileBytes {

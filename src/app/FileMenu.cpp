@@ -1,4 +1,4 @@
-#include "document/FileMenu.h"
+#include "app/FileMenu.h"
 
 FileMenu FileMenuState(int step, const std::string& fileName) {
   const bool canSave = step > 1;

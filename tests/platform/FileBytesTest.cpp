@@ -1,5 +1,5 @@
 // What is read of a path, whatever it leads to.
-#include "document/FileBytes.h"
+#include "platform/FileBytes.h"
 
 #include <sys/socket.h>
 #include <sys/un.h>

@@ -1,5 +1,5 @@
 // Which entries of the File menu are enabled in which step, and what they are called.
-#include "document/FileMenu.h"
+#include "app/FileMenu.h"
 
 namespace {
 
