@@ -162,6 +162,37 @@ TEST(Elimination, AMagnitudeBelowTheToleranceStopsTheEliminationAndIsCleaned) {
   EXPECT_EQ(RowsOf(reduced.Equations), (std::vector<std::vector<double>>{{0, 0, 3}, {0, 1, -2}}));
 }
 
+TEST(Elimination, TheSmallestPivotIsTheSameInEveryPhase) {
+  for (const auto& [name, tuning] : AllWays()) {
+    const auto rows = [&](double smallest) {
+      return RowsOf(Solve(MatrixOf({{smallest, 0, 3}, {0, -1, 2}}), tuning).Equations);
+    };
+    EXPECT_EQ(rows(1e-10), (std::vector<std::vector<double>>{{1, 0, 3 / 1e-10}, {0, 1, -2}})) << name;
+    EXPECT_EQ(rows(-1e-10), (std::vector<std::vector<double>>{{1, 0, -3 / 1e-10}, {0, 1, -2}})) << name;
+    EXPECT_EQ(rows(9.99e-11), (std::vector<std::vector<double>>{{0, 0, 3}, {0, 1, -2}})) << name;
+  }
+}
+
+TEST(Elimination, TiesGoToTheFirstRowAndThenTheFirstColumnInEveryPhase) {
+  for (const auto& [name, tuning] : AllWays()) {
+    const auto order = [&](const std::vector<std::vector<double>>& rows) {
+      return OrderOf(Solve(MatrixOf(rows), tuning));
+    };
+    EXPECT_EQ(order({{0, 2, -2, 1, 0}, {2, 0, 0, 1, 0}}), (std::vector<int>{2, 1, 3, 4})) << name;
+    EXPECT_EQ(order({{1, 0, -2, 2, 0}, {0, 2, 0, 0, 0}}), (std::vector<int>{3, 2, 1, 4})) << name;
+  }
+}
+
+TEST(Elimination, WhatIsJustTheToleranceIsNotCleanedAway) {
+  for (const auto& [name, tuning] : AllWays()) {
+    const Reduced reduced = Solve(MatrixOf({{1, 1e-10}, {0, 1e-10}, {0, 9.99e-11}}), tuning);
+    EXPECT_EQ(RowsOf(reduced.Equations), (std::vector<std::vector<double>>{{1, 1e-10}, {0, 1e-10}, {0, 0}}))
+        << name;
+    const Reduced tied = Solve(MatrixOf({{1, 1e-10, 9.99e-11, 5}}), tuning);
+    EXPECT_EQ(RowsOf(tied.Equations).front()[1], 1e-10) << name;
+  }
+}
+
 TEST(Elimination, RightHandSidesBelowTheToleranceAreCleaned) {
   const Reduced reduced = Solve(MatrixOf({{2, 0, 1.9e-10}, {0, 4, 4e-10}}));
   EXPECT_EQ(RowsOf(reduced.Equations), (std::vector<std::vector<double>>{{1, 0, 0}, {0, 1, 1e-10}}));

@@ -1,4 +1,5 @@
 // The hints of the tools in the status bar, and choosing tools with digits.
+#include "editing/ToolPicture.h"
 #include "support/RealMouse.h"
 
 namespace {
@@ -10,6 +11,19 @@ class ToolHints : public RealMouse {
   }
   void Over(int tool) { MouseTo(Button(tool), QPoint(16, 16)); }
   void OverTheCanvas() { MouseTo(Canvas(), QPoint(300, 300)); }
+
+  // Of all buttons the one of this tool shows the pressed picture, and the others show theirs raised.
+  void ExpectPressed(int pressed) const {
+    for (int tool = 1; tool <= NumTools; ++tool) {
+      const QToolButton* button = Button(tool);
+      const QImage shown = button->icon().pixmap(button->iconSize(), button->devicePixelRatioF()).toImage();
+      const auto picture = [&](bool isDown) {
+        return ToolPicture(tool, isDown, button->devicePixelRatioF(), button->palette()).toImage();
+      };
+      ASSERT_NE(picture(true), picture(false)) << tool;
+      EXPECT_EQ(shown, picture(tool == pressed)) << "tool " << tool << " while " << pressed << " is chosen";
+    }
+  }
 
   static QString Hint(int tool) { return QString::fromLatin1(ToolHint(tool)); }
 };
@@ -27,6 +41,20 @@ TEST_F(ToolHints, LeavingThePaletteShowsTheHintOfTheChosenTool) {
   EXPECT_EQ(Status(), Hint(6));
   OverTheCanvas();
   EXPECT_EQ(Status(), Hint(4));
+}
+
+TEST_F(ToolHints, OnlyTheChosenToolHasItsPressedPicture) {
+  Start();
+  ExpectPressed(0);
+  for (int tool = 1; tool <= NumTools; ++tool) {
+    ChooseTool(static_cast<Tool>(tool));
+    ExpectPressed(tool);
+  }
+  ChooseTool(Tool::Erase);  // again
+  ExpectPressed(8);
+  Canvas()->setFocus();
+  Key(Qt::Key_3);
+  ExpectPressed(3);
 }
 
 TEST_F(ToolHints, LeavingThePaletteWithoutAToolShowsTheStep) {

@@ -111,6 +111,43 @@ TEST(IdentifyObject, TheToleranceIsMeasuredAlongTheMinorAxisNotAcrossTheLine) {
   EXPECT_EQ(editor.Hit(148, 175), Nothing);
 }
 
+TEST(IdentifyObject, AtFortyFiveDegreesAMemberCountsAsFlat) {
+  // 4 pixels below the line: halfway from left to right, but not from top to bottom.
+  const Editor editor(TrussBuilder().Member(0, 0, 10, 10));
+  EXPECT_EQ(editor.Hit(148, 174), (Selection{ObjectType::Member, 1, 0.5F}));
+}
+
+TEST(IdentifyObject, OnASlopeTheLongerAxisTellsHowFarAlongAndTheShorterOneHowFarBeside) {
+  const Editor flat(TrussBuilder().Member(0, 0, 10, 5));  // (48, 270) to (248, 170)
+  EXPECT_EQ(flat.Hit(148, 224), (Selection{ObjectType::Member, 1, 0.5F}));
+  EXPECT_EQ(flat.Hit(148, 224.9F).Type, ObjectType::Member);
+  EXPECT_EQ(flat.Hit(148, 225), Nothing);
+  EXPECT_EQ(flat.Hit(148, 215), Nothing);
+  const Editor steep(TrussBuilder().Member(0, 0, 5, 10));  // (48, 270) to (148, 70)
+  EXPECT_EQ(steep.Hit(102, 170), (Selection{ObjectType::Member, 1, 0.5F}));
+  EXPECT_EQ(steep.Hit(102.9F, 170).Type, ObjectType::Member);
+  EXPECT_EQ(steep.Hit(103, 170), Nothing);
+  EXPECT_EQ(steep.Hit(93, 170), Nothing);
+}
+
+TEST(IdentifyObject, JustAtTheEndsOfALineIsOnIt) {
+  // Four pixels beside the line no pin is met.
+  const Editor flat(Flat());
+  EXPECT_EQ(flat.Hit(108, 214), (Selection{ObjectType::Member, 1, 0}));
+  EXPECT_EQ(flat.Hit(308, 206), (Selection{ObjectType::Member, 1, 1}));
+  EXPECT_EQ(flat.Hit(107, 214), Nothing);
+  EXPECT_EQ(flat.Hit(309, 206), Nothing);
+  const Editor steep(TrussBuilder().Member(3, 1, 3, 9));  // (108, 250) to (108, 90)
+  EXPECT_EQ(steep.Hit(112, 250), (Selection{ObjectType::Member, 1, 0}));
+  EXPECT_EQ(steep.Hit(104, 90), (Selection{ObjectType::Member, 1, 1}));
+  EXPECT_EQ(steep.Hit(112, 251), Nothing);
+  EXPECT_EQ(steep.Hit(104, 89), Nothing);
+  const Editor force(TrussBuilder().Force(3, 3, 5000, 0));  // (108, 210) to (208, 210)
+  EXPECT_EQ(force.Hit(108, 214), (Selection{ObjectType::Force, 1, 0}));
+  EXPECT_EQ(force.Hit(208, 206), (Selection{ObjectType::Force, 1, 0}));
+  EXPECT_EQ(force.Hit(107, 210), Nothing);
+}
+
 TEST(IdentifyObject, AMemberDrawnBackwardsCountsFromItsOwnEnd1) {
   const Editor editor(TrussBuilder().Member(13, 3, 3, 3));
   EXPECT_FLOAT_EQ(editor.Hit(258, 210).T, 0.25F);
@@ -144,6 +181,23 @@ TEST(IdentifyObject, ExactlyTheMiddleMakesEnd1Big) {
   IdentifyObject(editor.Document, editor.Picture, 208, 210);
   EXPECT_EQ(editor.BigHandle(), (PixelPoint{108, 210}));
   EXPECT_EQ(editor.SmallHandle(), (PixelPoint{308, 210}));
+}
+
+TEST(IdentifyObject, OfASteepMemberTooTheMiddleMakesEnd1Big) {
+  Editor editor(TrussBuilder().Member(3, 1, 3, 9));
+  IdentifyObject(editor.Document, editor.Picture, 108, 170);
+  EXPECT_EQ(editor.BigHandle(), (PixelPoint{108, 250}));
+  IdentifyObject(editor.Document, editor.Picture, 108, 169);
+  EXPECT_EQ(editor.BigHandle(), (PixelPoint{108, 90}));
+}
+
+TEST(IdentifyObject, TheHandlesAreSquaresOfEightAndOfSixPixels) {
+  Editor editor(Flat());
+  IdentifyObject(editor.Document, editor.Picture, 110, 210);
+  EXPECT_EQ(editor.Picture.MoveHandleB.Left, 108 - 4);
+  EXPECT_EQ(editor.Picture.MoveHandleB.Top, 210 - 4);
+  EXPECT_EQ(editor.Picture.MoveHandleS.Left, 308 - 3);
+  EXPECT_EQ(editor.Picture.MoveHandleS.Top, 210 - 3);
 }
 
 TEST(IdentifyObject, TheNearerEndIsBig) {
@@ -181,6 +235,58 @@ TEST(OKLocation, TheToleranceIsTenPixelsOnEachAxisOfItsOwn) {
   EXPECT_EQ(editor.Snap(end.X + 9.9F, end.Y + 9.9F)->X, 3);
   EXPECT_NE(editor.Snap(end.X + 10.1F, end.Y)->X, 3);
   EXPECT_NE(editor.Snap(end.X, end.Y - 10.1F)->Y, 3);
+}
+
+TEST(OKLocation, WhatIsJustTenPixelsAwayIsNotNear) {
+  Truss truss = TrussBuilder().Member(4, 4, 13, 3);
+  truss.Settings.SnapGrid = false;
+  truss.Settings.XMax = 25;  // 16 pixels to the unit: all of it is exact
+  const Editor editor(truss);
+  for (const float away : {-10.0F, 10.0F}) {
+    EXPECT_EQ(editor.Snap(112 + away, 206), (SnappedPoint{{112 + away, 206}, 4 + away / 16, 4}));
+    EXPECT_EQ(editor.Snap(112, 206 + away), (SnappedPoint{{112, 206 + away}, 4, 4 - away / 16}));
+    const float near = away * 0.99F;
+    EXPECT_EQ(editor.Snap(112 + near, 206)->X, 4);
+    EXPECT_EQ(editor.Snap(112, 206 + near)->Y, 4);
+  }
+}
+
+TEST(OKLocation, WhereTheAxesDifferInScaleEachHasItsOwnTolerance) {
+  // 10 pixels are 0.5 along one axis and 0.25 along the other.
+  for (const bool isWide : {true, false}) {
+    Truss truss = TrussBuilder().Clamp(4, 4);
+    truss.Settings.SnapGrid = false;
+    Editor editor(truss);
+    editor.Picture.Mapping.SetMapping(0, isWide ? 200.0F : 400.0F, isWide ? 400.0F : 200.0F, 0, 0, 10, 0, 10);
+    const PixelPoint clamp{editor.Picture.Mapping.XPixel(4), editor.Picture.Mapping.YPixel(4)};
+    const auto isSnapped = [&](float dx, float dy) {
+      const auto point = editor.Snap(clamp.X + dx, clamp.Y + dy);
+      return point->X == 4 && point->Y == 4;
+    };
+    for (const float sign : {-1.0F, 1.0F}) {
+      EXPECT_TRUE(isSnapped(sign * 9, 0));
+      EXPECT_TRUE(isSnapped(0, sign * 9));
+      EXPECT_TRUE(isSnapped(sign * 9, sign * 9));
+      EXPECT_FALSE(isSnapped(sign * 11, 0));
+      EXPECT_FALSE(isSnapped(0, sign * 11));
+    }
+  }
+}
+
+TEST(OKLocation, ASnappedPixelIsThatOfTheDrawnEnd) {
+  Editor editor(Flat());
+  editor.Picture.Rod[1] = {109, 212, 310, 207};  // drawn a little beside its coordinates
+  EXPECT_EQ(editor.Snap(112, 210)->Pixel, (PixelPoint{109, 212}));
+  EXPECT_EQ(editor.Snap(304, 210)->Pixel, (PixelPoint{310, 207}));
+}
+
+TEST(OKLocation, RowsAndColumnsOfTheGridHaveTheirOwnSpacing) {
+  Truss truss = TrussBuilder();
+  truss.Settings.GridX = 2;
+  truss.Settings.GridY = 0.5F;
+  const Editor editor(truss);
+  EXPECT_EQ(editor.Snap(48 + 20 * 2.9F, 270 - 20 * 2.7F)->X, 2);
+  EXPECT_EQ(editor.Snap(48 + 20 * 2.9F, 270 - 20 * 2.7F)->Y, 2.5F);
 }
 
 TEST(OKLocation, MembersComeBeforeSupportsAndSupportsBeforeForces) {

@@ -9,6 +9,16 @@ TEST(ToolPalette, NoToolIsSelectedAtStart) {
   for (int tool = 1; tool <= NumTools; ++tool) EXPECT_FALSE(palette.IsDown(tool));
 }
 
+TEST(ToolPalette, OfAllToolsOnlyTheSelectedOneIsDown) {
+  ToolPalette palette;
+  for (int selected = 1; selected <= NumTools; ++selected) {
+    palette.Select(selected);
+    for (int tool = 1; tool <= NumTools; ++tool) EXPECT_EQ(palette.IsDown(tool), tool == selected);
+  }
+  palette.Clear();
+  for (int tool = 1; tool <= NumTools; ++tool) EXPECT_FALSE(palette.IsDown(tool));
+}
+
 TEST(ToolPalette, SelectingAToolRaisesTheOneBefore) {
   ToolPalette palette;
   palette.Select(3);
@@ -58,6 +68,24 @@ TEST(ToolPalette, LeavingItWithoutASelectedToolShowsNoHintAndTheNextOneIsShownAg
   palette.Select(7);
   palette.Clear();
   EXPECT_EQ(palette.MouseMove(7), ToolHint(7));
+}
+
+TEST(ToolPalette, EachToolHasItsHint) {
+  EXPECT_STREQ(
+      ToolHint(1),
+      " When the Truss Member Tool is selected, click and drag the mouse to create a new truss member ");
+  EXPECT_STREQ(ToolHint(2), " When the Clamp Tool is selected, click to place a new clamp ");
+  EXPECT_STREQ(ToolHint(3), " When the Roller Tool is selected, click to place a new roller ");
+  EXPECT_STREQ(ToolHint(4),
+               " When the Force Tool is selected, click on a joint and drag in the direction of the force ");
+  EXPECT_STREQ(
+      ToolHint(5),
+      " When the Numerical Value Tool is selected, click on a truss member or a force to change its value ");
+  EXPECT_STREQ(
+      ToolHint(6),
+      " When the Re-orientation Tool is selected, click on a roller or clamp to change its orientation ");
+  EXPECT_STREQ(ToolHint(7), " When the Move Tool is selected, click on an object to move it ");
+  EXPECT_STREQ(ToolHint(8), " When the Erase Tool is selected, click on an object to erase it ");
 }
 
 TEST(ToolPalette, EveryHintBeginsAndEndsWithABlankAndNamesItsTool) {

@@ -43,6 +43,7 @@ TEST(ExactDecimal, WhatCancelsIsZeroAndHasNoSign) {
 TEST(ExactDecimal, ProductsKeepEveryDigit) {
   EXPECT_EQ((Of(0.9F) * Of(1000)).ToSingle(), 900);
   EXPECT_EQ((Of(-1.25F) * Of(0.8F)).ToSingle(), -1);
+  EXPECT_EQ((Of(-1.25F) * Of(-0.8F)).ToSingle(), 1);
   // Nines carry through every place.
   const ExactDecimal nines = ExactDecimal::Of(999999999999999.0);
   EXPECT_EQ((nines * nines - ExactDecimal::Of(999999999999998e15)).ToSingle(), 1);
