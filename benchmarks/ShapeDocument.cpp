@@ -1,4 +1,4 @@
-#include "benchmarks/ShapeDocument.h"
+#include "ShapeDocument.h"
 
 #include <stdexcept>
 

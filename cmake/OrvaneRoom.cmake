@@ -1,3 +1,13 @@
+# orvane_include_folder(TARGET NAME): who links the target includes the files of the current folder as "NAME/...". The
+# include path gets a folder that holds nothing but a link of this name.
+function(orvane_include_folder target name)
+  set(include ${CMAKE_CURRENT_BINARY_DIR}/include)
+  file(MAKE_DIRECTORY ${include})
+  file(RELATIVE_PATH folder ${include} ${CMAKE_CURRENT_SOURCE_DIR})
+  file(CREATE_LINK ${folder} ${include}/${name} SYMBOLIC)
+  target_include_directories(${target} PUBLIC ${include})
+endfunction()
+
 # orvane_room(NAME
 #   logic_links PUBLIC ... PRIVATE ...
 #   logic A.h A.cpp ...              the rules: library orvane_NAME
@@ -9,14 +19,8 @@
 function(orvane_room name)
   cmake_parse_arguments(ROOM "" "" "logic;logic_links;windows;windows_links" ${ARGN})
 
-  # A folder of its own on the include path, that holds this room and nothing else.
-  set(include ${CMAKE_CURRENT_BINARY_DIR}/include)
-  file(MAKE_DIRECTORY ${include})
-  file(RELATIVE_PATH folder ${include} ${CMAKE_CURRENT_SOURCE_DIR})
-  file(CREATE_LINK ${folder} ${include}/${name} SYMBOLIC)
-
   add_library(orvane_${name} STATIC ${ROOM_logic})
-  target_include_directories(orvane_${name} PUBLIC ${include})
+  orvane_include_folder(orvane_${name} ${name})
   target_link_libraries(orvane_${name} PUBLIC orvane_compiler ${ROOM_logic_links})
   target_link_libraries(orvane_logic INTERFACE orvane_${name})
 

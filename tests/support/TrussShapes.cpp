@@ -1,5 +1,5 @@
 // The generators of trusses, and their equations.
-#include "benchmarks/TrussShapes.h"
+#include "support/TrussShapes.h"
 
 #include <algorithm>
 #include <cmath>
