@@ -10,9 +10,9 @@
 #include <fstream>
 #include <memory>
 
+#include "ReportBenchmark.h"
+#include "ShapeDocument.h"
 #include "app/MainForm.h"
-#include "benchmarks/ReportBenchmark.h"
-#include "benchmarks/ShapeDocument.h"
 #include "support/FakeFileChooser.h"
 #include "support/FakeMessageBox.h"
 #include "support/MemorySettingsStore.h"

@@ -1,4 +1,3 @@
-// See the header.
 #include "app/CommandLine.h"
 
 #include <algorithm>

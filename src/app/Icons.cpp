@@ -1,4 +1,3 @@
-// See the header.
 #include "app/Icons.h"
 
 #include <QPainter>
@@ -8,6 +7,7 @@
 
 #include "document/Truss.h"
 #include "editing/ToolGlyphs.h"
+#include "platform/qt/RoundPen.h"
 
 namespace {
 
@@ -16,10 +16,6 @@ QPixmap EmptyPicture(QSize size, qreal devicePixelRatio) {
   picture.setDevicePixelRatio(devicePixelRatio);
   picture.fill(Qt::transparent);
   return picture;
-}
-
-QPen RoundPen(const QColor& colour, qreal width) {
-  return QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
 }
 
 using Segment = std::pair<QPointF, QPointF>;
@@ -76,7 +72,7 @@ QPixmap ApplicationPicture(int side, qreal devicePixelRatio) {
   painter.setPen(RoundPen(steel, side < 24 ? 2.6 : 2.2));
   painter.drawPolyline(QPolygonF{{left, highLeft, middle, highRight, right, left}});
   painter.drawLine(highLeft, highRight);
-  // The supports carry the accent.
+  // The supports are orange.
   painter.setPen(Qt::NoPen);
   painter.setBrush(QColor(0xFF, 0x8F, 0x5E));
   for (const QPointF& foot : {left, right}) {

@@ -14,6 +14,7 @@
 #include "analysis/JointEquations.h"
 #include "app/AboutForm.h"
 #include "app/DeferredMessages.h"
+#include "app/FileMenu.h"
 #include "app/HelpTopics.h"
 #include "app/HelpViewer.h"
 #include "app/InstructionFrame.h"
@@ -24,7 +25,6 @@
 #include "canvas/DoLabel.h"
 #include "canvas/Paper.h"
 #include "canvas/RedrawTruss.h"
-#include "document/FileMenu.h"
 #include "naming/CustomInputBox.h"
 #include "naming/Naming.h"
 #include "platform/qt/QtText.h"
@@ -146,7 +146,7 @@ void MainForm::cmdNext1_Click() {
     return;
   }
   tools_.Clear();
-  HidePanelAndHandles(drawing_);
+  Deselect(drawing_);
   ShowLabels(drawing_, on_.Document);
   Redraw();
   ShowStep();

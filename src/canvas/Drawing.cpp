@@ -108,8 +108,9 @@ int NumLabelsOutside(const Drawing& drawing, PixelPoint topLeft, PixelPoint bott
   return static_cast<int>(std::ranges::count_if(labels, isOutside));
 }
 
-void HidePanelAndHandles(Drawing& drawing) {
+void Deselect(Drawing& drawing) {
   drawing.OpenPanel = ValuePanel::None;
   drawing.MoveHandleB.Visible = false;
   drawing.MoveHandleS.Visible = false;
+  drawing.SupportsEnabled = true;
 }

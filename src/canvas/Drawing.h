@@ -77,5 +77,5 @@ LabelIndex LabelAt(const Drawing& drawing, float x, float y);
 /// How many of the visible labels have their middle outside a part of the canvas, edges included in it.
 int NumLabelsOutside(const Drawing& drawing, PixelPoint topLeft, PixelPoint bottomRight);
 
-/// Hides what an unfinished edit shows: the value panel and both handles.
-void HidePanelAndHandles(Drawing& drawing);
+/// Nothing is selected any more: hides the value panel and both handles; supports answer the mouse again.
+void Deselect(Drawing& drawing);

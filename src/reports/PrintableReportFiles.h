@@ -10,7 +10,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/FileFormats.h"
+#include "paper/FileFormats.h"
 #include "reports/PrintableReport.h"
 
 /// What is reported on. Both must outlive the calls.

@@ -227,19 +227,11 @@ TEST_F(ValueEditorTest, ARefreshShowsTheStoredValuesAnew) {
 
 TEST_F(ValueEditorTest, ARefreshOfAClosedPanelDoesNothing) {
   OpenMember(Notation::Absolute);
-  editor.Close();
+  Deselect(drawing);
   truss.Members[1].X2 = 6;
   editor.Refresh();
   ExpectShown(MemberKind, "abs. x", "3", "abs. y", "4");
   EXPECT_FALSE(editor.IsOpen(MemberKind));
-}
-
-TEST_F(ValueEditorTest, ClosingForTheMouseLeavesHandlesAndSupportsToIt) {
-  OpenMember(Notation::Absolute);
-  editor.Close();
-  EXPECT_EQ(drawing.OpenPanel, ValuePanel::None);
-  EXPECT_TRUE(drawing.MoveHandleB.Visible);
-  EXPECT_FALSE(drawing.SupportsEnabled);
 }
 
 TEST_F(ValueEditorTest, KnowsTheLineThatItsPanelKeepsOff) {
@@ -452,7 +444,7 @@ TEST_F(ValueEditorTest, CancelClosesWithoutAChange) {
 TEST_F(ValueEditorTest, AClosedPanelCannotBeConfirmed) {
   OpenMember(Notation::Absolute);
   Type(MemberKind, "7", "7");
-  HidePanelAndHandles(drawing);  // as a redraw or another tool does
+  Deselect(drawing);  // as a redraw or another tool does
   editor.cmdNewCoordsOK_Click(MemberKind);
   ExpectMember(0, 0, 3, 4);
   EXPECT_EQ(redraws, 0);

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/qt/QtRichText.h"
+#include "paper/qt/QtRichText.h"
 
 /// 200 x 100 pixels on the screen at three dots to the pixel, with something on it.
 inline QImage SampleImage(int width = 600, int height = 300) {
