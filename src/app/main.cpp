@@ -61,6 +61,7 @@ int RunWindow(int argc, char** argv, const CommandLine& commandLine) {
   const QApplication application(argc, argv);
   guard.reset();
   OpenFurtherWindows(commandLine);
+  KeepNoSettingsOfTheToolkit();
   QApplication::setApplicationName(QStringLiteral("Orvane"));
   QApplication::setApplicationVersion(QStringLiteral(ORVANE_VERSION));
   QApplication::setDesktopFileName(QStringLiteral("orvane"));
