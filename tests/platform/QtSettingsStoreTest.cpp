@@ -15,7 +15,11 @@ class Profile : public testing::Test {
  protected:
   Profile() { qputenv("XDG_CONFIG_HOME", directory_.path().toLocal8Bit()); }
   ~Profile() override {
-    before_.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", before_);
+    if (before_.isNull()) {
+      qunsetenv("XDG_CONFIG_HOME");
+    } else {
+      qputenv("XDG_CONFIG_HOME", before_);
+    }
   }
 
   QStringList Kept() const {
