@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDesktopServices>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -44,6 +45,11 @@ class Desktop final : public QObject {
 
 class HelpViewerTest : public testing::Test {
  protected:
+  void SetUp() override {
+    ASSERT_TRUE(QFileInfo::exists(QString::fromStdString(HelpFilePath())))
+        << HelpFilePath() << " is not built";
+  }
+
   void Open(const char* topic = ProgramHelpTopic) {
     ASSERT_TRUE(viewer_.ShowTopic(ProgramDirectory() + topic));
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&viewer_));
