@@ -67,7 +67,7 @@ class Parser {
       TakeDocumentFile(Needed(option));
     } else if (name == "--convert") {
       SetMode(Mode::Convert, name);
-      result_.OutputPath = Needed(option);
+      TakeTrussFile(Needed(option));
     } else {
       if (option.Value) Fail("there is no option " + name + " with a value");
       TakeSwitch(name);
@@ -172,6 +172,11 @@ class Parser {
     const auto format = path == "-" ? DocumentFileFormat::Rtf : DocumentFormatOf(path);
     if (!format) Fail("a document is written as .rtf, .pdf, .odt or .html, not as \"" + path + '"');
     result_.DocumentFormat = *format;
+    result_.OutputPath = path;
+  }
+
+  void TakeTrussFile(const std::string& path) {
+    if (path != "-" && !IsTrussFileName(path)) Fail("a truss is written as .trs, not as \"" + path + '"');
     result_.OutputPath = path;
   }
 

@@ -14,6 +14,7 @@
 #include "analysis/JointEquations.h"
 #include "app/AboutForm.h"
 #include "app/DeferredMessages.h"
+#include "app/DrawingNote.h"
 #include "app/FileMenu.h"
 #include "app/HelpTopics.h"
 #include "app/HelpViewer.h"
@@ -25,6 +26,7 @@
 #include "canvas/DoLabel.h"
 #include "canvas/Paper.h"
 #include "canvas/RedrawTruss.h"
+#include "canvas/Rulers.h"
 #include "naming/CustomInputBox.h"
 #include "naming/Naming.h"
 #include "platform/qt/QtText.h"
@@ -81,9 +83,7 @@ void MainForm::NameAtStart() {
 void MainForm::DocumentEmptied() {
   frInstruct1_->hide();
   jointPanel_->hide();
-  report_->hide();
-  report_->Clear();
-  shownAnalysis_.reset();
+  CloseReport();
   tools_.Clear();
   steps_.Restart();
   HideLabels(drawing_);
@@ -100,7 +100,7 @@ void MainForm::Redraw() {
   picDraw_->PaintBacking(
       [&](Surface& surface) { joined = RedrawTruss(on_.Document, drawing_, surface, context, messages); });
   tool_->ShowState();
-  Note(StatusNote::Drawing, joined ? std::string() : std::string(" ") + TooManyJointsText + " ");
+  NoteDrawing(joined);
   // A message waits for its answer in an event loop of its own, which may redraw again; that must not ask
   // twice.
   if (showingMessages_) return;
@@ -117,6 +117,7 @@ TextMeasure MainForm::Measure() {
 void MainForm::ShowNames() {
   PlaceNames(drawing_, on_.Document, Measure());
   picDraw_->ShowDrawing();
+  if (lifecycle_->NamesChanged()) Note(StatusNote::File, lifecycle_->FileNote());
 }
 
 // --- the three steps
@@ -163,8 +164,6 @@ void MainForm::cmdNext2_Click() {
   const bool entered = steps_.Next2(on_.Document);
   QGuiApplication::restoreOverrideCursor();
   if (!entered) return;
-  // The report window may still show a table of the old analysis, which must not be laid out in another font.
-  report_->Clear();
   shownAnalysis_ = steps_.Analysis();
   report_->ChooseFontSet(on_.Document.Settings.ReportFontSize);
   ShowStep();
@@ -174,7 +173,16 @@ void MainForm::cmdNext2_Click() {
 void MainForm::cmdPrev3_Click() {
   if (!steps_.Prev3()) return;
   jointPanel_->hide();
+  CloseReport();
   ShowStep();
+}
+
+// A report is of the truss as it was analysed, and outside Step 3 that may change.
+void MainForm::CloseReport() {
+  if (report_->isActiveWindow()) activateWindow();
+  report_->hide();
+  report_->Clear();
+  shownAnalysis_.reset();
 }
 
 void MainForm::ShowStep() {
@@ -187,15 +195,32 @@ void MainForm::ShowStep() {
   picDraw_->ShowDrawing();
   tool_->SetActive(step == 1 && picDraw_->isEnabled());
   status_.EnterStep(StepText());
-  ShowStatus();
+  NoteDrawing(true);
   UpdateFileMenu();
 }
 
 std::string MainForm::StepText() const {
   if (steps_.Current() == 2) {
-    return ToUtf8(steps_.StatusText() + Step2Findings(on_.Document, NumNamesOutOfReach(), on_.Numbers));
+    return ToUtf8(steps_.StatusText() + Step2Findings(on_.Document, NumNamesOutOfReach(), on_.Numbers)) +
+           DrawingNote({.TicksAreLeftOut = TicksAreLeftOut()});
   }
   return steps_.StatusText().empty() ? Step1StatusText : ToUtf8(steps_.StatusText());
+}
+
+// In Step 2 the text of the step itself tells what was found.
+void MainForm::NoteDrawing(bool jointsAreNumbered) {
+  const bool isStep1 = steps_.Current() == 1;
+  const bool isOutside =
+      isStep1 &&
+      IsTrussOutside(drawing_, on_.Document, {0, static_cast<float>(StepPanelHeight)},
+                     {static_cast<float>(picDraw_->width()), static_cast<float>(picDraw_->height())});
+  Note(StatusNote::Drawing, DrawingNote({.JointsAreNumbered = jointsAreNumbered,
+                                         .TrussIsOutside = isOutside,
+                                         .TicksAreLeftOut = isStep1 && TicksAreLeftOut()}));
+}
+
+bool MainForm::TicksAreLeftOut() const {
+  return on_.Document.Settings.RulersOn && ::TicksAreLeftOut(drawing_.Mapping, on_.Document.View);
 }
 
 // Names under the panel of the step cannot be clicked either.
@@ -370,7 +395,6 @@ void MainForm::ShowStatus() {
   // Every redraw comes here, and choosing the font that fits takes time.
   if (text == statusPanels_[0]->text()) return;
   statusPanels_[0]->ShowText(text);
-  statusPanels_[0]->setToolTip(PlainToolTip(text.trimmed()));
 }
 
 void MainForm::ShowHint(StatusHint from, const std::string& hint) {

@@ -78,6 +78,9 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void CreateFileMenu();
   void CreateHelpMenu();
   void CreateShortcuts();
+  void AddStepKey(const QKeySequence& keys, bool forward);
+  void CreateReportShortcuts();
+  void CloseReport();
   void PlaceOnScreen();
   void PlaceReport();
   void BringUpReport();
@@ -108,6 +111,8 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void ShowStep();
   std::string StepText() const;
   int NumNamesOutOfReach() const;
+  bool TicksAreLeftOut() const;
+  void NoteDrawing(bool jointsAreNumbered);
   void UpdateFileMenu();
   void ShowStatus();
   void ShowHint(StatusHint from, const std::string& hint);

@@ -11,6 +11,7 @@
 #include "app/InstructionFrame.h"
 #include "app/MainForm.h"
 #include "app/StatusPanel.h"
+#include "platform/qt/WindowInFront.h"
 #include "reports/JointEquationsPanel.h"
 #include "reports/ReportWindow.h"
 
@@ -21,6 +22,7 @@ MainForm::MainForm(const Partners& partners) : on_(partners), recent_(partners.S
   CreateStatusBar();
   CreateMenus();
   report_ = std::make_unique<ReportWindow>(on_.Numbers);
+  ShowMessagesOver(*this, *report_);
   CreateShortcuts();
   lifecycle_ = std::make_unique<DocumentLifecycle>(
       DocumentLifecycle::Partners{on_.Document, bounds_, recent_, on_.Messages, on_.Chooser, *this},
@@ -216,29 +218,34 @@ void MainForm::CreateHelpMenu() {
 }
 
 void MainForm::CreateShortcuts() {
-  const auto addStep = [this](const QKeySequence& keys, bool forward) {
-    auto* shortcut = new QShortcut(keys, this);
+  AddStepKey(QKeySequence(Qt::ALT | Qt::Key_Right), true);
+  AddStepKey(QKeySequence(Qt::ALT | Qt::Key_Left), false);
+  saveKey_ = new QShortcut(QKeySequence::Save, this);
+  connect(saveKey_, &QShortcut::activated, this, &MainForm::SaveByKey);
+  CreateReportShortcuts();
+}
+
+// In the report window too, which is the active one once a report is shown.
+void MainForm::AddStepKey(const QKeySequence& keys, bool forward) {
+  for (QWidget* window : std::initializer_list<QWidget*>{this, report_.get()}) {
+    auto* shortcut = new QShortcut(keys, window);
     connect(shortcut, &QShortcut::activated, this, [this, forward] {
       const StepNavigation& navigation = navigation_[static_cast<std::size_t>(steps_.Current() - 1)];
       QPushButton* button = forward ? navigation.Next : navigation.Prev;
       if (button != nullptr && button->isEnabled()) button->click();
     });
-  };
-  addStep(QKeySequence(Qt::ALT | Qt::Key_Right), true);
-  addStep(QKeySequence(Qt::ALT | Qt::Key_Left), false);
-  saveKey_ = new QShortcut(QKeySequence::Save, this);
-  auto* saveInReport = new QShortcut(QKeySequence::Save, report_.get());
-  for (QShortcut* shortcut : {saveKey_, saveInReport}) {
-    connect(shortcut, &QShortcut::activated, this, &MainForm::SaveByKey);
   }
-  auto* helpOnReport = new QShortcut(QKeySequence::HelpContents, report_.get());
-  connect(helpOnReport, &QShortcut::activated, this, [this] { ShowHelp(HelpTopicForReport(shownReport_)); });
-  // The access keys of the report buttons, so that a reader goes from report to report without the mouse.
+}
+
+void MainForm::CreateReportShortcuts() {
+  const auto add = [this](const QKeySequence& keys, auto handler) {
+    connect(new QShortcut(keys, report_.get()), &QShortcut::activated, this, handler);
+  };
+  add(QKeySequence::Save, [this] { SaveByKey(); });
+  add(QKeySequence::Print, [this] { mnuFilePrint_->trigger(); });
+  add(QKeySequence::HelpContents, [this] { ShowHelp(HelpTopicForReport(shownReport_)); });
+  // The access keys of the panel, so that a reader goes from report to report, and back, without the mouse.
   for (QPushButton* button : picStep3_->findChildren<QPushButton*>()) {
-    if (button == navigation_[2].Prev) continue;
-    auto* shortcut = new QShortcut(QKeySequence::mnemonic(button->text()), report_.get());
-    connect(shortcut, &QShortcut::activated, this, [this, button] {
-      if (steps_.Current() == 3) button->click();
-    });
+    add(QKeySequence::mnemonic(button->text()), [button] { button->click(); });
   }
 }

@@ -176,12 +176,16 @@ class Run {
   // Bytes that could not even be made cannot be written.
   void WriteOutput(const std::string& bytes) {
     const std::string& path = commandLine_.OutputPath;
+    std::string doubt;
     if (bytes.empty()) {
       Complain(path == "-" ? "standard output" : path, "the file could not be written");
     } else if (path == "-") {
       environment_.Out << bytes;
-    } else if (const std::string why = WriteWholeFile(path, bytes, PipesAndDevices::Taken); !why.empty()) {
+    } else if (const std::string why = WriteWholeFile(path, bytes, PipesAndDevices::Taken, &doubt);
+               !why.empty()) {
       Complain(path, "the file could not be written: " + why);
+    } else if (!doubt.empty()) {
+      Say(path, "the file is written, but " + doubt);
     }
   }
 

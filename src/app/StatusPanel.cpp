@@ -8,11 +8,13 @@
 #include "app/StepTexts.h"
 #include "editing/ToolPalette.h"
 #include "platform/qt/FittedText.h"
+#include "platform/qt/QtText.h"
 
 namespace {
 
 constexpr int SideMargin = 8;
 constexpr int AirAboveAndBelow = 6;  // together
+constexpr double SmallestStatusPoints = 8;
 
 // The read-out keeps its font while the mouse moves, so it is chosen for more digits than most places have.
 QString WideReadOut() { return QStringLiteral("(-00.00, -00.00)"); }
@@ -40,12 +42,20 @@ int StatusPanel::Flags() const {
 
 void StatusPanel::Fit(const QFont& wanted, const QString& text) {
   const QSize room = contentsRect().size();
-  setFont(LargestFont(wanted, [&](const QFont& font) { return TextFits(font, text, room, Flags()); }));
+  setFont(LargestFont(
+      wanted, [&](const QFont& font) { return TextFits(font, text, room, Flags()); }, SmallestStatusPoints));
+}
+
+QString StatusPanel::Shown() const {
+  return ShortenedText(font(), text().trimmed(), contentsRect().size(), Flags());
 }
 
 void StatusPanel::ShowText(const QString& text) {
   setText(text);
   Fit(wraps_ ? parentWidget()->font() : font(), text.trimmed());
+  if (!wraps_) return;
+  setToolTip(PlainToolTip(text.trimmed()));
+  setAccessibleDescription(Shown() == text.trimmed() ? QString() : text.trimmed());
 }
 
 void StatusPanel::Place(int left, int width) {
@@ -56,8 +66,7 @@ void StatusPanel::Place(int left, int width) {
 
 void StatusPanel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  const QString shown = ShortenedText(font(), text().trimmed(), contentsRect().size(), Flags());
-  style()->drawItemText(&painter, contentsRect(), Flags(), palette(), isEnabled(), shown, foregroundRole());
+  style()->drawItemText(&painter, contentsRect(), Flags(), palette(), isEnabled(), Shown(), foregroundRole());
 }
 
 int StatusBarHeight(const QFont& font, int firstPanelWidth, int windowHeight) {

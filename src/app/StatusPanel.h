@@ -4,8 +4,9 @@
 #include <QLabel>
 
 /// Panel 1 wraps its text, panel 2 has one line. Both show their text without the blanks around it, which
-/// would push the first of two lines out of line, in the largest font in which all of it fits. Only what does
-/// not fit even in the smallest one ends with an ellipsis.
+/// would push the first of two lines out of line, in the largest font in which all of it fits, but in none
+/// smaller than can be read at a glance. What does not fit even then ends with an ellipsis; the tool tip and
+/// the description for screen readers have all of it.
 class StatusPanel final : public QLabel {
  public:
   /// Panel 1 or 2.
@@ -21,6 +22,7 @@ class StatusPanel final : public QLabel {
 
  private:
   void Fit(const QFont& wanted, const QString& text);
+  QString Shown() const;
   int Flags() const;
 
   const bool wraps_;

@@ -29,7 +29,7 @@ class Steps {
   /// 2 -> 3: analyses the truss.
   bool Next2(Truss& truss);
 
-  /// 3 -> 2. The analysis stays for a report that is still open.
+  /// 3 -> 2. The analysis stays until the next one.
   bool Prev3();
 
   /// To Step 1 from anywhere, as emptying the document does. The analysis is given up.

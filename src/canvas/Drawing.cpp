@@ -26,6 +26,10 @@ void ShowArrow(Drawing& drawing, const Truss& truss, int lastSegment) {
   }
 }
 
+bool IsWithin(PixelPoint point, PixelPoint topLeft, PixelPoint bottomRight) {
+  return point.X >= topLeft.X && point.X <= bottomRight.X && point.Y >= topLeft.Y && point.Y <= bottomRight.Y;
+}
+
 }  // namespace
 
 void FitTables(Drawing& drawing, const Truss& truss) {
@@ -99,13 +103,31 @@ LabelIndex LabelAt(const Drawing& drawing, float x, float y) {
 
 int NumLabelsOutside(const Drawing& drawing, PixelPoint topLeft, PixelPoint bottomRight) {
   const auto isOutside = [&](const LabelPlace& label) {
-    const float x = label.Left + label.Width / 2;
-    const float y = label.Top + label.Height / 2;
-    const bool isInside = x >= topLeft.X && x <= bottomRight.X && y >= topLeft.Y && y <= bottomRight.Y;
-    return label.Visible && !isInside;
+    const PixelPoint middle{label.Left + label.Width / 2, label.Top + label.Height / 2};
+    return label.Visible && !IsWithin(middle, topLeft, bottomRight);
   };
   const auto labels = drawing.lblRodJoint.First(drawing.lblRodJoint.Size());
   return static_cast<int>(std::ranges::count_if(labels, isOutside));
+}
+
+bool IsTrussOutside(const Drawing& drawing, const Truss& truss, PixelPoint topLeft, PixelPoint bottomRight) {
+  const auto isOutside = [&](PixelPoint point) { return !IsWithin(point, topLeft, bottomRight); };
+  const auto reachesOut = [&](const PixelLine& line) {
+    return isOutside(line.End1()) || isOutside(line.End2());
+  };
+  const auto drawn = [](const auto& table, int count) { return std::min<int>(count, table.Size()); };
+  constexpr float half = SupportPictureSize / 2;
+  for (int i = 1; i <= drawn(drawing.Rod, truss.NumMembers); ++i) {
+    if (truss.Members[i].Live && reachesOut(drawing.Rod[i])) return true;
+  }
+  for (int i = 1; i <= drawn(drawing.Support, truss.NumSupports); ++i) {
+    const PixelPoint picture = drawing.Support[i];
+    if (truss.Supports[i].Live && isOutside({picture.X + half, picture.Y + half})) return true;
+  }
+  for (int i = 1; i <= drawn(drawing.Force, truss.NumForces); ++i) {
+    if (truss.Forces[i].Active && reachesOut(drawing.Force[i])) return true;
+  }
+  return false;
 }
 
 void Deselect(Drawing& drawing) {

@@ -77,5 +77,9 @@ LabelIndex LabelAt(const Drawing& drawing, float x, float y);
 /// How many of the visible labels have their middle outside a part of the canvas, edges included in it.
 int NumLabelsOutside(const Drawing& drawing, PixelPoint topLeft, PixelPoint bottomRight);
 
+/// Whether an end of a live member or force, or the point of a live support, lies outside a part of the
+/// canvas, edges included in it.
+bool IsTrussOutside(const Drawing& drawing, const Truss& truss, PixelPoint topLeft, PixelPoint bottomRight);
+
 /// Nothing is selected any more: hides the value panel and both handles; supports answer the mouse again.
 void Deselect(Drawing& drawing);

@@ -64,11 +64,38 @@ double RoomForNumber(Surface& surface, const RulerAxis& axis, std::int16_t side,
   return std::max(first.Width, last.Width) + 0.25 * first.Height;
 }
 
-// Every how many ticks a number has room: 1, 2, 5, 10, 20, 50 ...
+// 1, 2, 5, 10, 20, 50 ... ; `place` from 0, below it fractions of one.
+double RoundNumber(int place) {
+  const int inDecade = (place % 3 + 3) % 3;
+  return (inDecade == 0 ? 1 : inDecade == 1 ? 2 : 5) * std::pow(10, (place - inDecade) / 3);
+}
+
+constexpr double RoundingError = 1e-3;  // of a number of ticks
+
+bool IsWhole(double ticks) { return std::abs(ticks - std::round(ticks)) < RoundingError; }
+
+// The fewest ticks from one number to the next that need no less than `fewest` and lead from one round value
+// to another. 0 when the spacing meets no round values.
+int TicksToRoundValue(double spacing, double fewest) {
+  if (!(spacing > 0) || !std::isfinite(spacing)) return 0;
+  constexpr int placesOfMostTicks = 20;
+  const int first = 3 * static_cast<int>(std::floor(std::log10(spacing)));
+  for (int place = first; place < first + placesOfMostTicks; ++place) {
+    const double ticks = RoundNumber(place) / spacing;
+    if (ticks >= fewest && ticks > 1 - RoundingError && ticks < MostTicks && IsWhole(ticks)) {
+      return static_cast<int>(std::round(ticks));
+    }
+  }
+  return 0;
+}
+
+// Every how many ticks a number stands.
 int TicksPerNumber(Surface& surface, const RulerAxis& axis, std::int16_t side, const RulerStyle& style,
                    int lastTick) {
   const double room = RoomForNumber(surface, axis, side, style, lastTick);
   const double pixelsPerTick = std::abs(double{axis.Length} / double{style.NumIntervals});
+  if (pixelsPerTick >= room) return 1;
+  if (const int ticks = TicksToRoundValue(axis.Spacing, room / pixelsPerTick)) return ticks;
   for (int decade = 1; decade < MostTicks; decade *= 10) {
     for (const int step : {1, 2, 5}) {
       if (step * decade * pixelsPerTick >= room) return step * decade;
@@ -81,10 +108,12 @@ int TicksPerNumber(Surface& surface, const RulerAxis& axis, std::int16_t side, c
 // when no tick stands at 0.
 int TicksFromZero(const RulerAxis& axis) {
   const double ticks = double{axis.FirstValue} / double{axis.Spacing};
-  constexpr double roundingError = 1e-3;
-  const bool tickAtZero = std::abs(ticks) <= MostTicks && std::abs(ticks - std::round(ticks)) < roundingError;
+  const bool tickAtZero = std::abs(ticks) <= MostTicks && IsWhole(ticks);
   return tickAtZero ? static_cast<int>(std::round(ticks)) : 0;
 }
+
+// Not closer than a pixel.
+bool TicksCanBeSeen(float numIntervals, float length) { return numIntervals <= std::abs(length); }
 
 void PrintCaption(Surface& surface, const RulerAxis& axis, std::int16_t side, const RulerStyle& style) {
   const std::string& caption = style.Caption;
@@ -150,7 +179,7 @@ void DrawRuler(Surface& surface, const RulerAxis& axis, std::int16_t side, const
   DrawLine(surface, IsHorizontal(side) ? PixelLine{axis.X, axis.Y, axis.X + axis.Length, axis.Y}
                                        : PixelLine{axis.X, axis.Y, axis.X, axis.Y - axis.Length});
 
-  const bool ticksCanBeSeen = style.NumIntervals != 0 && style.NumIntervals <= std::abs(axis.Length);
+  const bool ticksCanBeSeen = style.NumIntervals != 0 && TicksCanBeSeen(style.NumIntervals, axis.Length);
   const int last = ticksCanBeSeen ? static_cast<int>(std::floor(std::max(style.NumIntervals, -1.0F))) : -1;
   const bool hasNumbers = last >= 0 && style.Decimals >= 0;
   const int ticksPerNumber = hasNumbers ? TicksPerNumber(surface, axis, side, style, last) : 1;
@@ -163,4 +192,12 @@ void DrawRuler(Surface& surface, const RulerAxis& axis, std::int16_t side, const
     if (!text.empty()) PrintNumber(surface, axis, side, offset, text);
   }
   PrintCaption(surface, axis, side, style);
+}
+
+bool TicksAreLeftOut(const Graph& graph, const DerivedView& view) {
+  const auto areLeftOut = [](float numIntervals, float length) {
+    return length != 0 && !TicksCanBeSeen(numIntervals, length);
+  };
+  return areLeftOut(view.HatchCountX, graph.PixelX2 - graph.PixelX1) ||
+         areLeftOut(view.HatchCountY, graph.PixelY1 - graph.PixelY2);
 }

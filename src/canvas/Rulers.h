@@ -39,6 +39,12 @@ void ShowRulers(Surface& surface, const Graph& graph, const DocumentSettings& se
 void RulerOnSide(Surface& surface, const Graph& graph, std::int16_t side, const RulerStyle& style);
 
 /// Draws one ruler in the foreground colour and the current font. Where numbers would run into each other
-/// only every 2nd, 5th, 10th ... tick, counted from 0 if there is one, keeps its number. With ticks closer
-/// than a pixel (or without a number of intervals to divide by) there is the axis line and the caption only.
+/// only those at multiples of a round distance (1, 2 or 5 times a power of ten) keep theirs, or, where ticks
+/// meet no such distance, every 2nd, 5th, 10th ... one; both counted from 0 if a tick stands there. With
+/// ticks closer than a pixel (or without a number of intervals to divide by) there is the axis line and the
+/// caption only.
 void DrawRuler(Surface& surface, const RulerAxis& axis, std::int16_t side, const RulerStyle& style);
+
+/// Whether ticks are left out of the four rulers because they would be closer than a pixel. False
+/// before the mapping is set.
+bool TicksAreLeftOut(const Graph& graph, const DerivedView& view);

@@ -2,14 +2,18 @@
 // truss is saved or given up.
 #include "document/DocumentLifecycle.h"
 
+#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <utility>
 
 #include "document/BrokenName.h"
 #include "document/FilePaths.h"
+#include "document/FileWriting.h"
+#include "document/SideCopy.h"
 #include "document/TrussChanged.h"
 #include "text/CodePage.h"
+#include "text/ControlCharacters.h"
 #include "text/Sentence.h"
 
 namespace {
@@ -23,20 +27,35 @@ constexpr const char* ReplaceUnreadText =
     "This file was not read to its end, and what was not read is lost when it is replaced:\n%1\n\n"
     "Do you want to replace it?";
 constexpr const char* ReplaceChangedText =
-    "This file was changed by someone else after it was opened or saved here:\n%1\n\n"
+    "This file has changed on disk since it was opened or saved here:\n%1\n\n"
     "Do you want to replace it?";
+constexpr const char* ReplaceInterruptedText =
+    "A save of this file was interrupted:\n%1\n\nWhat it held before is kept in\n%2\n\n"
+    "That copy is removed when the file is replaced.  Do you want to replace it?";
+constexpr const char* PutBackText =
+    "A save of this file was interrupted, so it may be neither the old truss nor the new one:\n%1\n\n"
+    "What it held before is kept in\n%2\n\nDo you want to put that back?";
+constexpr const char* NotPutBackText = "The file could not be put back.  Its copy is still there.";
 
 constexpr bool PathsHaveDrives = std::filesystem::path::preferred_separator == '\\';
 constexpr const char* PathSeparators = PathsHaveDrives ? "\\/" : "/";
 
-std::string WithPath(std::string text, const std::string& path) {
-  return text.replace(text.find("%1"), 2, path);
+std::string WithPaths(std::string text, const std::string& path, const std::string& copy = {}) {
+  text.replace(text.find("%1"), 2, VisibleText(path));
+  return copy.empty() ? text : text.replace(text.find("%2"), 2, VisibleText(copy));
 }
 
-// What the status bar says of a file that was read; nothing when it was read whole.
-std::string NoteOnReading(const TrussReading& reading, bool hasFile) {
+// What the status bar says of a file that was read; nothing when it was read whole. Standard input has no
+// path.
+std::string NoteOnReading(const TrussReading& reading, const std::string& path) {
   if (reading.IsWhole()) return "";
-  const std::string saving = hasFile ? ".  Save will ask for another name. " : " ";
+  const std::string saving = path.empty() ? " " : ".  Save will ask for another name. ";
+  if (reading.Error && reading.Error->Line == 0) {
+    const std::string from = path.empty() ? "standard input" : VisibleText(FileNameOf(path));
+    const bool isGone = !path.empty() && !IsTaken(path);
+    return " Nothing was read from " + from + ": " +
+           (isGone ? "there is no such file" : ToUtf8(reading.Error->Why)) + saving;
+  }
   if (reading.Error) {
     return " The file could not be read to its end: " + ToUtf8(reading.Error->Text()) + saving;
   }
@@ -44,13 +63,26 @@ std::string NoteOnReading(const TrussReading& reading, bool hasFile) {
          " of the file is no part of the truss and was left out" + saving;
 }
 
-// Nothing when the file reads back as the truss that was just written to it.
-std::string NoteOnWriting(Truss& truss) {
-  if (!TrussChanged(truss)) return "";
-  const std::string element = ElementWithBrokenName(truss);
-  if (element.empty()) return " The file that was saved does not read back as this truss. ";
+// `element` as ElementWithBrokenName names it.
+std::string NoteOnBrokenName(const std::string& element) {
+  if (element.empty()) return "";
   return " The name of " + element +
          " cannot be read back from the file because of its double quote: rename it and save again. ";
+}
+
+// Nothing when the file reads back as the truss that was just written to it, and stands safely on the disk.
+std::string NoteOnWriting(Truss& truss, const std::string& doubt) {
+  const std::string kept = doubt.empty() ? "" : " The file is saved, but " + doubt + ". ";
+  if (!TrussChanged(truss)) return kept;
+  const std::string broken = NoteOnBrokenName(ElementWithBrokenName(truss));
+  return kept + (broken.empty() ? " The file that was saved does not read back as this truss. " : broken);
+}
+
+// "bridge (copy).trs" for "bridge.trs".
+std::string NameOfCopy(const std::string& path) {
+  const std::string name = FileNameOf(path);
+  const std::size_t ending = std::min(name.rfind('.'), name.size());
+  return name.substr(0, ending) + " (copy)" + name.substr(ending);
 }
 
 }  // namespace
@@ -99,7 +131,7 @@ void DocumentLifecycle::OpenPath(const std::string& path) {
 void DocumentLifecycle::OpenInput(const FileBytes& input) {
   SaveChangesFirst();
   EmptyDocument();
-  fileNote_ = NoteOnReading(Read(input), false);
+  fileNote_ = NoteOnReading(Read(input), "");
 }
 
 void DocumentLifecycle::OpenRecentFile(int entry) {
@@ -124,7 +156,7 @@ bool DocumentLifecycle::SaveFileAs() {
   bool saved = false;
   try {
     FileChooserRequest request = ChooserRequest();
-    request.ProposedName = oldName.empty() ? UntitledFileName : FileNameOf(oldName);
+    request.ProposedName = ProposedName();
     const std::optional<std::string> path = on_.Chooser.ChooseForSaving(request);
     if (!path || !MayReplace(AbsolutePath(*path))) return false;
     saved = SaveUnder(AbsolutePath(*path));
@@ -133,6 +165,13 @@ bool DocumentLifecycle::SaveFileAs() {
   }
   if (!saved) NameDocument(oldName);
   return saved;
+}
+
+// A file that holds more than the truss is not proposed to be replaced.
+std::string DocumentLifecycle::ProposedName() const {
+  const std::string& path = on_.Document.FileName;
+  if (path.empty()) return UntitledFileName;
+  return known_.WasReadWhole(path) || !IsTaken(path) ? FileNameOf(path) : NameOfCopy(path);
 }
 
 bool DocumentLifecycle::SaveUnder(const std::string& path) {
@@ -144,23 +183,55 @@ bool DocumentLifecycle::SaveUnder(const std::string& path) {
 
 bool DocumentLifecycle::MayReplace(const std::string& path) {
   const KnownFile::State state = known_.StateOf(path);
-  if (state == KnownFile::State::AsKnown) return true;
   const bool changed = state == KnownFile::State::Changed;
-  return on_.Messages.Show({.Text = WithPath(changed ? ReplaceChangedText : ReplaceUnreadText, path),
+  const bool mayGo = state == KnownFile::State::AsKnown ||
+                     AskToReplace(WithPaths(changed ? ReplaceChangedText : ReplaceUnreadText, path));
+  if (!mayGo) return false;
+  const std::string copy = LeftCopyOf(path);
+  if (copy.empty()) return true;
+  if (!AskToReplace(WithPaths(ReplaceInterruptedText, path, copy))) return false;
+  DiscardLeftCopy(path);
+  return true;
+}
+
+bool DocumentLifecycle::AskToReplace(const std::string& question) {
+  return on_.Messages.Show({.Text = question,
                             .Buttons = MessageButtons::YesNo,
                             .Icon = MessageIcon::Exclamation,
                             .Default = MessageAnswer::No}) == MessageAnswer::Yes;
 }
 
+// A No leaves both as they are.
+void DocumentLifecycle::OfferLeftCopy(const std::string& path) {
+  const std::string copy = LeftCopyOf(path);
+  if (copy.empty()) return;
+  const MessageAnswer answer = on_.Messages.Show({.Text = WithPaths(PutBackText, path, copy),
+                                                  .Buttons = MessageButtons::YesNo,
+                                                  .Icon = MessageIcon::Exclamation});
+  if (answer != MessageAnswer::Yes) return;
+  const std::string problem = PutLeftCopyBack(path);
+  if (!problem.empty()) on_.Messages.Show({.Text = NotPutBackText, .Details = AsSentence(problem)});
+}
+
 bool DocumentLifecycle::WriteFile() {
   const std::string& path = on_.Document.FileName;
-  const std::string problem = WriteTruss(on_.Document);
+  std::string doubt;
+  const std::string problem = WriteTruss(on_.Document, &doubt);
   if (!problem.empty()) {
     on_.Messages.Show({.Text = SaveErrorText + path, .Details = AsSentence(problem)});
     return false;
   }
   known_.Remember(path, TrussText(on_.Document), true);
-  fileNote_ = NoteOnWriting(on_.Document);
+  fileNote_ = NoteOnWriting(on_.Document, doubt);
+  nameIsBroken_ = !ElementWithBrokenName(on_.Document).empty();
+  return true;
+}
+
+// What the file holds is still the old name, but saving again is all there is to do.
+bool DocumentLifecycle::NamesChanged() {
+  if (!nameIsBroken_) return false;
+  fileNote_ = NoteOnBrokenName(ElementWithBrokenName(on_.Document));
+  nameIsBroken_ = !fileNote_.empty();
   return true;
 }
 
@@ -185,6 +256,7 @@ void DocumentLifecycle::EmptyDocument() {
   readError_.reset();
   known_.Forget();
   fileNote_.clear();
+  nameIsBroken_ = false;
   ResetAll(on_.Document);
   on_.Window.ShowCaption(MainWindowCaption(""));
   on_.Window.DocumentEmptied();
@@ -192,11 +264,12 @@ void DocumentLifecycle::EmptyDocument() {
 
 // The path must not be the document's own FileName, which goes when the document is emptied.
 void DocumentLifecycle::ReadFile(const std::string& path) {
+  OfferLeftCopy(path);
   EmptyDocument();
   NameDocument(path);
   FileBytes file = ReadWholeFile(path);
   const TrussReading reading = Read(file);
-  fileNote_ = NoteOnReading(reading, true);
+  fileNote_ = NoteOnReading(reading, path);
   const bool couldBeRead = file.Problem.empty();
   known_.Remember(path, couldBeRead ? std::optional(std::move(file.Bytes)) : std::nullopt, reading.IsWhole());
   if (!readError_) on_.Recent.AddRecent(path);

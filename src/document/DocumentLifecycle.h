@@ -64,7 +64,8 @@ class DocumentLifecycle {
   void OpenFile();
 
   /// Opens a file as File, Open does, without the chooser: a dropped file or one of the command line. The
-  /// path may be relative to the working directory.
+  /// path may be relative to the working directory. Every command that opens a file offers to put back what
+  /// it held when its last save was interrupted.
   void OpenPath(const std::string& path);
 
   /// Opens what came through standard input. The truss has no file then.
@@ -74,12 +75,17 @@ class DocumentLifecycle {
   void OpenRecentFile(int entry);
 
   /// File, Save. A truss without a file, or whose file holds more than what was read of it, goes to Save As.
-  /// Asks before a file is replaced that somebody else has changed. Returns whether the truss was saved; a
+  /// Asks before a file is replaced that has changed since, or that a copy of an interrupted save is left of.
+  /// Returns whether the truss was saved; a
   /// file that cannot be written gives a message.
   bool SaveFile();
 
   /// File, Save As. When nothing is saved, the truss keeps the name it had. Returns whether it was saved.
   bool SaveFileAs();
+
+  /// The user has changed names: a note on one that a file cannot hold ends when it is mended. Returns
+  /// whether there was such a note.
+  bool NamesChanged();
 
   /// Before the main window closes. Returns when nothing is left that the user wants to be saved.
   void Unload();
@@ -102,7 +108,10 @@ class DocumentLifecycle {
   TrussReading Read(const FileBytes& file);
   void NameDocument(const std::string& path);
   bool SaveUnder(const std::string& path);
+  std::string ProposedName() const;
   bool MayReplace(const std::string& path);
+  bool AskToReplace(const std::string& question);
+  void OfferLeftCopy(const std::string& path);
   bool WriteFile();
   FileChooserRequest ChooserRequest() const;
 
@@ -111,4 +120,5 @@ class DocumentLifecycle {
   std::optional<ReadError> readError_;
   KnownFile known_;
   std::string fileNote_;
+  bool nameIsBroken_ = false;  // and the note says so
 };

@@ -28,16 +28,10 @@ bool StandsUnder(const std::string& path, const SystemFile& file) {
 
 bool IsLocked(const SystemFile& file) { return flock(file.Descriptor(), LOCK_EX | LOCK_NB) == 0; }
 
-// The name is anybody's in a folder that all may write, so whatever is not surely a save of this user stays.
-bool MayBeOurs(const SystemFile& file) {
-  const std::optional<struct stat> status = file.Status();
-  return status && S_ISREG(status->st_mode) && status->st_nlink == 1 &&
-         (status->st_uid == geteuid() || geteuid() == 0);
-}
-
+// Whatever is not surely a save of this user stays.
 void RemoveIfLeftOver(const std::string& path) {
   const SystemFile file(path, O_RDWR | O_NOFOLLOW | O_NONBLOCK);
-  if (MayBeOurs(file) && IsLocked(file) && StandsUnder(path, file)) unlink(path.c_str());
+  if (IsFileOfThisUser(file) && IsLocked(file) && StandsUnder(path, file)) unlink(path.c_str());
 }
 
 void RemoveLeftovers(const std::string& folder) {
@@ -84,5 +78,12 @@ int FileBeside::TakePlaceOf(const std::string& target) {
   path_.clear();
   // A folder that may be written but not read cannot be asked to.
   const SystemFile folder(folder_.empty() ? "." : folder_, O_RDONLY | O_DIRECTORY);
-  return folder.IsOpen() ? folder.Synchronise() : 0;
+  mayBeUndone_ = folder.IsOpen() && folder.Synchronise() != 0;
+  return 0;
+}
+
+bool IsFileOfThisUser(const SystemFile& file) {
+  const std::optional<struct stat> status = file.Status();
+  return status && S_ISREG(status->st_mode) && status->st_nlink == 1 &&
+         (status->st_uid == geteuid() || geteuid() == 0);
 }

@@ -22,12 +22,20 @@ class FileBeside {
   const SystemFile& File() const { return file_; }
 
   /// Puts it in the target's place, so that a power failure leaves the one or the other there. Returns 0 or
-  /// the error's number.
+  /// the number of the error because of which the target is what it was.
   int TakePlaceOf(const std::string& target);
+
+  /// Whether the disk has failed to keep that it took the target's place: it has, but a power failure may
+  /// bring the old one back.
+  bool MayBeUndone() const { return mayBeUndone_; }
 
  private:
   std::string folder_;
   std::string path_;
   SystemFile file_;
   int error_ = 0;
+  bool mayBeUndone_ = false;
 };
+
+/// Whether it is surely no file of somebody else: in a folder that all may write, a name is anybody's.
+bool IsFileOfThisUser(const SystemFile& file);

@@ -12,6 +12,7 @@
 
 #include "document/FileAttributes.h"
 #include "document/FileBeside.h"
+#include "document/SideCopy.h"
 #include "platform/FileBytes.h"
 
 namespace fs = std::filesystem;
@@ -88,18 +89,33 @@ int Overwrite(const SystemFile& file, std::string_view bytes, std::size_t oldSiz
   return file.Synchronise();
 }
 
-std::string WriteInPlace(const std::string& path, std::string_view bytes) {
-  const SystemFile file(path, O_RDWR | O_NONBLOCK);
-  if (!file.IsOpen()) return WhyFailed(file.Error());
+// Nothing else, such as a pipe, is opened.
+SystemFile OpenInPlace(const std::string& path, std::string& why) {
+  SystemFile file(path, O_RDWR | O_NONBLOCK);
   const std::optional<struct stat> status = file.Status();
-  if (!status || !S_ISREG(status->st_mode)) return WhyFailed(EACCES);
+  if (!file.IsOpen()) {
+    why = WhyFailed(file.Error());
+  } else if (!status || !S_ISREG(status->st_mode)) {
+    why = WhyFailed(EACCES);
+  }
+  return file;
+}
+
+std::string WriteInPlace(const std::string& path, std::string_view bytes) {
+  std::string why;
+  const SystemFile file = OpenInPlace(path, why);
+  if (!why.empty()) return why;
   const FileBytes old = ReadWholeFile(file);
   if (!old.Problem.empty()) return "it could not be put back if writing failed: " + old.Problem;
+  SideCopy copy(path, old.Bytes);
   std::size_t touched = 0;
   const int error = Overwrite(file, bytes, old.Bytes.size(), touched);
-  if (error == 0) return {};
-  const bool isBack = PutBack(file, old.Bytes, touched) == 0;
-  return WhyFailed(error) + (isBack ? "" : ", and what the file held before could not be put back");
+  const bool isWhole = error == 0 || PutBack(file, old.Bytes, touched) == 0;
+  if (error != 0) why = WhyFailed(error);
+  if (!isWhole) why += ", and what the file held before could not be put back";
+  if (!isWhole && !copy.Path().empty()) why += "; it is kept in " + copy.Path();
+  if (isWhole) copy.Remove();
+  return why;
 }
 
 // Pipes and devices have no old content to protect, and nothing can take their place.
@@ -109,12 +125,18 @@ std::string WriteInto(const std::string& path, std::string_view bytes) {
   return error == 0 ? std::string() : WhyFailed(error);
 }
 
+std::string DoubtAbout(const FileBeside& file) {
+  return file.MayBeUndone() ? "the disk reports an error: after a power failure the old file may be back"
+                            : "";
+}
+
 // There is nothing to keep secret or to keep: the file is what a new file is in this folder.
-std::string Create(const std::string& target, std::string_view bytes) {
+std::string Create(const std::string& target, std::string_view bytes, std::string& doubt) {
   FileBeside beside(FolderOf(target), NewFileMode);
   int error = beside.Error();
   if (error == 0) error = WriteBytes(beside.File(), bytes);
   if (error == 0) error = beside.TakePlaceOf(target);
+  doubt = DoubtAbout(beside);
   return error == 0 ? std::string() : WhyFailed(error);
 }
 
@@ -123,7 +145,7 @@ std::string Create(const std::string& target, std::string_view bytes) {
 bool OnlyInPlace(int error) { return error == EACCES || error == EPERM || error == EROFS || error == EBUSY; }
 
 std::string Replace(const std::string& target, std::string_view bytes, const SystemFile& existing,
-                    const struct stat& old) {
+                    const struct stat& old, std::string& doubt) {
   FileBeside beside(FolderOf(target), PrivateMode);
   if (OnlyInPlace(beside.Error())) return WriteInPlace(target, bytes);
   if (beside.Error() != 0) return WhyFailed(beside.Error());
@@ -133,30 +155,51 @@ std::string Replace(const std::string& target, std::string_view bytes, const Sys
   int error = WriteBytes(beside.File(), bytes);
   if (error != 0) return WhyFailed(error);
   error = beside.TakePlaceOf(target);
+  doubt = DoubtAbout(beside);
   if (OnlyInPlace(error)) return WriteInPlace(target, bytes);
   return error == 0 ? std::string() : WhyFailed(error);
 }
 
-std::string WriteOver(const std::string& path, std::string_view bytes) {
+std::string WriteOver(const std::string& path, std::string_view bytes, std::string& doubt) {
   const SystemFile existing(path, O_WRONLY | O_NONBLOCK);
   if (!existing.IsOpen()) return WhyFailed(existing.Error());
   const std::optional<struct stat> old = existing.Status();
   // Also for root, who may write everything.
   if (!old || (old->st_mode & AnyWrite) == 0) return WhyFailed(EACCES);
+  if (const std::string copy = LeftCopyOf(path); !copy.empty()) {
+    return "a save of it was interrupted, and what it held before is kept in " + copy;
+  }
   const std::string target = BehindLinks(path);
   const bool hasItsNameAlone = old->st_nlink == 1 && LeadsTo(*old, target);
-  return hasItsNameAlone ? Replace(target, bytes, existing, *old) : WriteInPlace(path, bytes);
+  return hasItsNameAlone ? Replace(target, bytes, existing, *old, doubt) : WriteInPlace(path, bytes);
 }
 
 }  // namespace
 
-std::string WriteWholeFile(const std::string& path, std::string_view bytes, PipesAndDevices others) {
+std::string WriteWholeFile(const std::string& path, std::string_view bytes, PipesAndDevices others,
+                           std::string* doubt) {
   const SizeSignalHeld held;
+  std::string untold;
+  std::string& told = doubt != nullptr ? *doubt : untold;
+  told.clear();
   struct stat status {};
   if (stat(path.c_str(), &status) == 0) {
     if (const char* why = WhyNoFile(status.st_mode, others)) return why;
-    return S_ISREG(status.st_mode) ? WriteOver(path, bytes) : WriteInto(path, bytes);
+    return S_ISREG(status.st_mode) ? WriteOver(path, bytes, told) : WriteInto(path, bytes);
   }
   if (errno != ENOENT) return WhyFailed(errno);
-  return Create(BehindLinks(path), bytes);
+  return Create(BehindLinks(path), bytes, told);
+}
+
+std::string PutLeftCopyBack(const std::string& path) {
+  const SizeSignalHeld held;
+  const FileBytes before = ReadWholeFile(LeftCopyOf(path));
+  if (!before.Problem.empty()) return before.Problem;
+  std::string why;
+  const SystemFile file = OpenInPlace(path, why);
+  if (!why.empty()) return why;
+  std::size_t touched = 0;
+  if (const int error = Overwrite(file, before.Bytes, before.Bytes.size(), touched)) return WhyFailed(error);
+  DiscardLeftCopy(path);
+  return {};
 }

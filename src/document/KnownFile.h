@@ -11,7 +11,7 @@ class KnownFile {
   enum class State {
     AsKnown,       ///< it holds what was read or written, or is gone, or is another file
     NotReadWhole,  ///< it holds more than the document
-    Changed,       ///< somebody else has written it since
+    Changed,       ///< it holds something else since
   };
 
   /// The document has no file.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "text/ControlCharacters.h"
+
 namespace {
 
 constexpr const char* Application = "Orvane";
@@ -17,6 +19,7 @@ void RecentFiles::Load() {
 }
 
 void RecentFiles::AddRecent(const std::string& path) {
+  if (!IsUtf8(path)) return;
   Load();
   // A path that is not in the list takes the place of the oldest entry; then it goes to the head.
   auto place = std::ranges::find(captions_, path);

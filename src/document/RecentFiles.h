@@ -17,7 +17,8 @@ class RecentFiles {
   void Load();
 
   /// Moves the path to the head of the list, or inserts it there (the oldest entry then falls off), and
-  /// stores the list. Paths are told apart by their exact text, letter case included.
+  /// stores the list. Paths are told apart by their exact text, letter case included. One that is not UTF-8
+  /// is left out: no store gives it back as it is.
   void AddRecent(const std::string& path);
 
   /// Entry 1 .. 4: the path as it was stored, empty when there is none.

@@ -235,4 +235,6 @@ std::string TrussText(Truss& truss) {
   return text;
 }
 
-std::string WriteTruss(Truss& truss) { return WriteWholeFile(truss.FileName, TrussText(truss)); }
+std::string WriteTruss(Truss& truss, std::string* doubt) {
+  return WriteWholeFile(truss.FileName, TrussText(truss), PipesAndDevices::Refused, doubt);
+}

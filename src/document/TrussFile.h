@@ -37,5 +37,5 @@ TrussReading ReadTrussWithRest(Truss& truss, const CanvasBounds& bounds, std::st
 std::string TrussText(Truss& truss);
 
 /// Writes the truss to its FileName. Returns why that failed, as WriteWholeFile does; empty when it is
-/// written.
-[[nodiscard]] std::string WriteTruss(Truss& truss);
+/// written, and `doubt` then says what is uncertain about it.
+[[nodiscard]] std::string WriteTruss(Truss& truss, std::string* doubt = nullptr);

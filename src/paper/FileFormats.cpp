@@ -24,6 +24,8 @@ std::optional<Format> Find(const std::array<std::pair<std::string_view, Format>,
 
 }  // namespace
 
+bool IsTrussFileName(std::string_view path) { return EndsWith(path, ".trs"); }
+
 std::optional<PictureFileFormat> PictureFormatOf(std::string_view path) {
   using enum PictureFileFormat;
   static constexpr std::array<std::pair<std::string_view, PictureFileFormat>, 3> endings = {

@@ -313,7 +313,8 @@ void PrintableReportWindow::cmdReportSaveAs_Click() {
     path = on_.Chooser.ChooseForSaving(
         {.Filter = FileFilter,
          .FilterIndex = 1,
-         .InitialDirectory = ChooserDirectory(on_.Subject.Document.FileName, on_.Directory)});
+         .InitialDirectory = ChooserDirectory(on_.Subject.Document.FileName, on_.Directory),
+         .ProposedName = DocumentName(on_.Subject.Document.FileName).toStdString() + ".rtf"});
   } catch (const std::exception&) {
     on_.Access.Messages.Show({.Text = "A file for the report cannot be chosen on this desktop.",
                               .Icon = MessageIcon::Exclamation});

@@ -61,7 +61,8 @@ std::string VisibleText(std::string_view utf8Text) {
     if (IsC0OrDel(code)) {
       visible += PictureOf(code);
     } else {
-      visible += character.empty() || IsC1(character) ? ReplacementCharacter : character;
+      const bool isSeen = !character.empty() && !IsC1(character) && !IsDirectionMark(character);
+      visible += isSeen ? character : ReplacementCharacter;
     }
   });
   return visible;
@@ -75,6 +76,22 @@ std::string WithoutControls(std::string_view utf8Text) {
     kept += character.empty() ? std::string_view(&first, 1) : character;
   });
   return kept;
+}
+
+bool IsDirectionMark(std::string_view character) {
+  const auto isFrom = [&](std::string_view lead, std::uint8_t first, std::uint8_t last) {
+    return character.size() == lead.size() + 1 && character.starts_with(lead) &&
+           ByteAt(character, lead.size()) >= first && ByteAt(character, lead.size()) <= last;
+  };
+  return isFrom("\xD8", 0x9C, 0x9C) || isFrom("\xE2\x80", 0x8E, 0x8F) || isFrom("\xE2\x80", 0xAA, 0xAE) ||
+         isFrom("\xE2\x81", 0xA6, 0xA9);
+}
+
+bool IsUtf8(std::string_view text) {
+  bool isUtf8 = true;
+  ForEachCharacter(text,
+                   [&isUtf8](std::string_view character, char) { isUtf8 = isUtf8 && !character.empty(); });
+  return isUtf8;
 }
 
 bool IsControl(char singleByte) {

@@ -127,8 +127,8 @@ TEST(CommandLineReport, TakesTheExplanationsInTheOrderNamed) {
 TEST(CommandLineJson, NeedsAFile) { EXPECT_EQ(WhyWrong({"--json"}), "--json needs a file"); }
 
 TEST(CommandLineJson, AloneHasMatrices) {
-  for (const char* other : {"--report", "--csv=rref", "--picture=o.png", "--document=o.rtf", "--convert=o",
-                            "--help", "--version"}) {
+  for (const char* other : {"--report", "--csv=rref", "--picture=o.png", "--document=o.rtf",
+                            "--convert=o.trs", "--help", "--version"}) {
     EXPECT_EQ(WhyWrong({other, "--matrices", "a"}), "--matrices goes with --json") << other;
   }
   EXPECT_EQ(WhyWrong({"--matrices", "a"}), "--matrices goes with --json");
@@ -183,7 +183,7 @@ TEST(CommandLinePicture, HasNamesWhenAsked) {
 }
 
 TEST(CommandLinePicture, AloneHasNames) {
-  for (const char* other : {"--report", "--json", "--csv=rref", "--document=o.rtf", "--convert=o"}) {
+  for (const char* other : {"--report", "--json", "--csv=rref", "--document=o.rtf", "--convert=o.trs"}) {
     EXPECT_EQ(WhyWrong({other, "--named", "a"}), "--named goes with --picture") << other;
   }
   EXPECT_EQ(WhyWrong({"--named", "a"}), "--named goes with --picture");
@@ -205,7 +205,7 @@ TEST(CommandLinePicture, RefusesWhatIsNoNumberOfAMotion) {
 }
 
 TEST(CommandLinePicture, AloneHasMotions) {
-  for (const char* other : {"--report", "--json", "--csv=rref", "--document=o.rtf", "--convert=o"}) {
+  for (const char* other : {"--report", "--json", "--csv=rref", "--document=o.rtf", "--convert=o.trs"}) {
     EXPECT_EQ(WhyWrong({other, "--motion=1", "a"}), "--motion goes with --picture") << other;
   }
   EXPECT_EQ(WhyWrong({"--motion=1", "a"}), "--motion goes with --picture");
@@ -262,13 +262,20 @@ TEST(CommandLineConvert, OutputMayHoldEqualsSignsAndBeStandardOutput) {
 TEST(CommandLineConvert, NeedsAnOutputAndExactlyOneFile) {
   EXPECT_EQ(WhyWrong({"--convert", "a"}), "--convert needs a value after \"=\"");
   EXPECT_EQ(WhyWrong({"--convert=", "a"}), "--convert needs a value after \"=\"");
-  EXPECT_EQ(WhyWrong({"--convert=o"}), "--convert needs one file");
-  EXPECT_EQ(WhyWrong({"--convert=o", "a", "b"}), "--convert needs one file");
+  EXPECT_EQ(WhyWrong({"--convert=o.trs"}), "--convert needs one file");
+  EXPECT_EQ(WhyWrong({"--convert=o.trs", "a", "b"}), "--convert needs one file");
+}
+
+// A picture's name after the wrong option would get a truss.
+TEST(CommandLineConvert, RefusesAnyOtherEnding) {
+  EXPECT_EQ(WhyWrong({"--convert=o.rtf", "a"}), "a truss is written as .trs, not as \"o.rtf\"");
+  EXPECT_EQ(WhyWrong({"--convert=trs", "a"}), "a truss is written as .trs, not as \"trs\"");
+  EXPECT_EQ(Call({"--convert=O.TRS", "a"}).OutputPath, "O.TRS");
 }
 
 TEST(CommandLineAutoName, GoesWithEverything) {
   for (const char* mode :
-       {"--report", "--json", "--csv=rref", "--picture=o.png", "--document=o.rtf", "--convert=o"}) {
+       {"--report", "--json", "--csv=rref", "--picture=o.png", "--document=o.rtf", "--convert=o.trs"}) {
     EXPECT_TRUE(Call({"--autoname", mode, "a"}).AutoName) << mode;
     EXPECT_TRUE(Call({mode, "a", "--autoname"}).AutoName) << mode;
   }
@@ -296,9 +303,9 @@ TEST(CommandLineHelp, ShowsEveryOptionThatThereIs) {
 TEST(CommandLineModes, DoNotGoTogether) {
   EXPECT_EQ(WhyWrong({"--report", "--json", "a"}), "--json does not go with --report");
   EXPECT_EQ(WhyWrong({"--json", "--csv=rref", "a"}), "--csv does not go with --json");
-  EXPECT_EQ(WhyWrong({"--csv=rref", "--convert=o", "a"}), "--convert does not go with --csv");
-  EXPECT_EQ(WhyWrong({"--convert=o", "--report=rref", "a"}), "--report does not go with --convert");
-  EXPECT_EQ(WhyWrong({"--convert=o", "--picture=o.png", "a"}), "--picture does not go with --convert");
+  EXPECT_EQ(WhyWrong({"--csv=rref", "--convert=o.trs", "a"}), "--convert does not go with --csv");
+  EXPECT_EQ(WhyWrong({"--convert=o.trs", "--report=rref", "a"}), "--report does not go with --convert");
+  EXPECT_EQ(WhyWrong({"--convert=o.trs", "--picture=o.png", "a"}), "--picture does not go with --convert");
   EXPECT_EQ(WhyWrong({"--picture=o.png", "--document=o.rtf", "a"}), "--document does not go with --picture");
   EXPECT_EQ(WhyWrong({"--help", "--version"}), "--version does not go with --help");
   EXPECT_EQ(WhyWrong({"--report", "--help"}), "--help does not go with --report");

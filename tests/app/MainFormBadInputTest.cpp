@@ -119,7 +119,7 @@ TEST_F(MainFormBadInput, ADirectoryCannotBeRead) {
   const std::string directory = directory_ / "directory.trs";
   std::filesystem::create_directory(directory);
   OpenPath(directory);
-  EXPECT_THAT(Status().toStdString(), testing::StartsWith(" The file could not be read"));
+  EXPECT_THAT(Status().toStdString(), testing::StartsWith(" Nothing was read from directory.trs"));
   WalkThroughTheSteps();
 }
 
@@ -155,7 +155,7 @@ TEST_F(MainFormBadInput, AFileThatMayNotBeReadSaysSo) {
   std::filesystem::permissions(path, std::filesystem::perms::none);
   if (std::ifstream(path).is_open()) GTEST_SKIP() << "this user may read every file";
   OpenPath(path);
-  EXPECT_THAT(Status().toStdString(), testing::StartsWith(" The file could not be read"));
+  EXPECT_THAT(Status().toStdString(), testing::StartsWith(" Nothing was read from"));
 }
 
 TEST_F(MainFormBadInput, RandomBytesNeverHurt) {
@@ -245,7 +245,9 @@ TEST_P(MainFormOddSettings, EverythingStillWorks) {
   EXPECT_EQ(truss_.NumMembers, 3);
   WalkThroughTheSteps();
   ResizeInside(700, 500);
-  EXPECT_EQ(Status(), QStringLiteral(" Step 1: Design the truss. "));
+  EXPECT_TRUE(Widget("picToolBox")->isVisible());
+  EXPECT_THAT(Status().toStdString(),
+              testing::AnyOf(" Step 1: Design the truss. ", testing::HasSubstr("; Settings can ")));
 }
 
 // --- sizes

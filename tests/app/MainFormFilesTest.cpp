@@ -279,7 +279,7 @@ TEST_F(MainFormFiles, AFileThatSomebodyElseHasChangedIsNotReplacedWithoutAQuesti
   OpenInStep2(LoadedTriangle());
   directory_.Put("a.trs", "theirs");
   PressSave();
-  EXPECT_THAT(MessageTexts(), testing::ElementsAre(testing::HasSubstr("changed by someone else")));
+  EXPECT_THAT(MessageTexts(), testing::ElementsAre(testing::HasSubstr("has changed on disk")));
   EXPECT_EQ(directory_.Bytes("a.trs"), "theirs");
 }
 

@@ -87,6 +87,65 @@ TEST_F(MainFormFindingsTest, NamesThatAWiderWindowPushesOutAreCountedAtOnce) {
   EXPECT_EQ(Status(), Step2);
 }
 
+TEST_F(MainFormFindingsTest, ATallTrussThatTheWindowCutsIsToldInStep1Too) {
+  const auto isTold = [this] {
+    return Status().contains(
+        QStringLiteral("A part of the truss lies outside the drawing; Settings can widen it"));
+  };
+  Started();
+  form_->resize(1400, 500);
+  OpenTruss(TrussBuilder().Member(4, 2, 4, 15).Clamp(4, 2));
+  EXPECT_TRUE(isTold()) << "after opening it";
+  form_->resize(600, 700);
+  EXPECT_EQ(Status(), QString::fromLatin1(Step1StatusText));
+  form_->resize(1400, 500);
+  EXPECT_TRUE(isTold()) << "after a change of the window's size";
+  Click("cmdNext1");
+  EXPECT_FALSE(isTold()) << "there the names are counted";
+  Click("cmdPrev2");
+  EXPECT_TRUE(isTold());
+  InModalWindow([](QWidget& dialog) {
+    dialog.findChild<QLineEdit*>(QStringLiteral("txtDim(2)"))->setText(QStringLiteral("80"));
+    QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("cmdClose")), Qt::LeftButton);
+  });
+  Trigger("mnuSettings");
+  EXPECT_EQ(Status(), QString::fromLatin1(Step1StatusText)) << "the remedy helps";
+}
+
+TEST_F(MainFormFindingsTest, ForcesAndSupportsOutsideAreToldLikeMembers) {
+  for (const Truss& truss :
+       {Truss(TrussBuilder().Member(4, 4, 8, 4).Force(4, 4, -20000, 0)),
+        Truss(TrussBuilder().Member(4, 4, 8, 4).Roller(25, 4)), Truss(TrussBuilder().Member(4, 4, 8, 60))}) {
+    Started();
+    OpenTruss(truss);
+    EXPECT_TRUE(Status().contains(QStringLiteral("lies outside the drawing"))) << Status().toStdString();
+  }
+}
+
+TEST_F(MainFormFindingsTest, HatchMarksThatAreTooCloseAreNotLeftOutWithoutAWord) {
+  Started();
+  const auto setHatchSpacing = [this](const char* spacing) {
+    InModalWindow([spacing](QWidget& dialog) {
+      dialog.findChild<QLineEdit*>(QStringLiteral("txtDim(3)"))->setText(QString::fromLatin1(spacing));
+      QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("cmdClose")), Qt::LeftButton);
+    });
+    Trigger("mnuSettings");
+  };
+  const QString said =
+      QStringLiteral(" The hatch marks are too close to be drawn; Settings can space them wider. ");
+  setHatchSpacing("0.01");
+  EXPECT_EQ(Status(), said);
+  Click("cmdNext1");
+  EXPECT_EQ(Status(), Step2 + said);
+  setHatchSpacing("1");
+  EXPECT_EQ(Status(), Step2);
+  setHatchSpacing("0.01");
+  EXPECT_EQ(Status(), Step2 + said);
+  truss_.Settings.RulersOn = false;
+  Click("cmdPrev2");
+  EXPECT_EQ(Status(), QString::fromLatin1(Step1StatusText)) << "there are no rulers";
+}
+
 TEST_F(MainFormFindingsTest, ANameBehindThePanelIsOutsideToo) {
   Started();
   OpenInStep2(TrussBuilder().Member(4, 2, 8, 2).Roller(4, 2, "R", 6).Member(4, 17.2F, 8, 17.2F));

@@ -194,6 +194,25 @@ TEST_F(MainFormNames, NamingReordersNoJoints) {
   }
 }
 
+TEST_F(MainFormNames, TheNoteOnANameThatBreaksTheFileEndsWithANewName) {
+  const auto isTold = [this] {
+    return Status().contains(QStringLiteral("cannot be read back from the file"));
+  };
+  Started();
+  OpenInStep2(LoadedTriangle());
+  const LabelIndex label = JointLabel(truss_.Name(truss_.Joints[1].NameLabel));
+  AnswerInputBox(QStringLiteral("a\"b"));
+  ClickLabel(label);
+  EXPECT_FALSE(isTold());
+  Trigger("mnuFileSave");
+  EXPECT_TRUE(isTold());
+  AnswerInputBox(QStringLiteral("c\"d"));
+  ClickLabel(label);
+  EXPECT_TRUE(isTold()) << "the new one is no better";
+  Click("cmdAutoName(1)");
+  EXPECT_FALSE(isTold());
+}
+
 TEST_F(MainFormNames, NamingAsksNothingAboutTheGridAgain) {
   Truss dense = LoadedTriangle();
   dense.Settings.GridX = 0.01F;

@@ -81,7 +81,8 @@ TEST_F(MainFormTest, AFileOnTheCommandLineCanBeNamedAtOnce) {
 
 TEST_F(MainFormTest, AFileOnTheCommandLineThatIsNotThereIsReportedInTheStatusBar) {
   Shown().OpenAtStart(directory_ / "none.trs", false);
-  EXPECT_THAT(Status().toStdString(), testing::StartsWith(" The file could not be read to its end: "));
+  EXPECT_THAT(Status().toStdString(),
+              testing::StartsWith(" Nothing was read from none.trs: there is no such"));
   EXPECT_FALSE(Widget("frInstruct1")->isVisible());
 }
 

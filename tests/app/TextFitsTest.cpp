@@ -228,6 +228,27 @@ TEST_F(StatusBarLetters, ChangeWhileTheWindowIsOpen) {
   EXPECT_THAT(CutTexts::In(*form_), testing::IsEmpty());
 }
 
+// Many findings in a narrow window.
+TEST_F(StatusBarLetters, StayReadableWhateverThereIsToSay) {
+  TrussBuilder crowded;
+  for (int i = 0; i < 6; ++i) {
+    const auto x = static_cast<float>(2 * i);
+    crowded.Member(x, 2.25F, x, 6.25F, "m").Member(x, 2.25F, x, 6.25F, "n");
+    crowded.Clamp(x, 2.25F, "p", "q").Roller(x, 2.25F, "r");
+  }
+  for (const int points : {6, 9, 12, 18}) {
+    WithLetters(points);
+    Started(566, 420);
+    OpenInStep2(crowded);
+    const auto* panel = Widget("StatusBar1(1)");
+    const QString all = Status().trimmed();
+    EXPECT_GE(panel->font().pointSizeF(), std::min(8, points));
+    EXPECT_TRUE(panel->toolTip().contains(QStringLiteral("Members lie on one another")));
+    const bool isWhole = CutTexts::In(*form_).empty();
+    EXPECT_EQ(panel->accessibleDescription(), isWhole ? QString() : all) << points;
+  }
+}
+
 TEST_F(StatusBarLetters, TheReadOutKeepsItsSizeWhileTheMouseMoves) {
   WithLetters(18);
   Started(900, 640);

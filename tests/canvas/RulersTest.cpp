@@ -179,11 +179,51 @@ TEST(Rulers, NumbersThatWouldRunIntoEachOtherAreThinnedAndTicksStay) {
   Rulers rulers;
   rulers.Settings.HatchSpacing = 0.5F;  // 10 pixels from tick to tick; "20.0" takes 24 and a gap of 2.5
   rulers.Show();
-  EXPECT_THAT(rulers.BottomNumbers(5), testing::ElementsAre("0.0", "2.5", "5.0", "7.5", "10.0"));
-  EXPECT_EQ(rulers.Paper.Texts[9].Text, "");  // the caption follows 0.0 .. 20.0
+  EXPECT_THAT(rulers.BottomNumbers(5), testing::ElementsAre("0.0", "2.0", "4.0", "6.0", "8.0"));
+  EXPECT_EQ(rulers.Paper.Texts[11].Text, "");  // the caption follows 0.0 .. 20.0
   EXPECT_EQ(rulers.Paper.Lines[41], (DrawnLine{448, 270, 448, 265}));
   // Upright, the numbers of 10 pixels just have room.
-  EXPECT_EQ(rulers.Paper.Texts[21].Text, "0.5");
+  EXPECT_EQ(rulers.Paper.Texts[25].Text, "0.5");
+}
+
+TEST(Rulers, TheNumbersThatStayAreRound) {
+  const struct {
+    float Spacing;
+    std::vector<std::string> Numbers;
+  } rulers[] = {
+      {0.25F, {"0.00", "2.00", "4.00"}},  // not 0.00, 1.25, 2.50
+      {0.125F, {"0.000", "2.000", "4.000"}}, {0.1F, {"0.0", "2.0", "4.0"}}, {0.4F, {"0.0", "2.0", "4.0"}},
+      {0.3F, {"0.0", "1.5", "3.0"}},  // no multiple of it is 1, 2 or 5 times a power of ten
+      {0.05F, {"0.00", "2.00", "4.00"}},
+  };
+  for (const auto& expected : rulers) {
+    Rulers drawn;
+    drawn.Settings.HatchSpacing = expected.Spacing;
+    drawn.Show();
+    EXPECT_EQ(drawn.BottomNumbers(3), expected.Numbers) << expected.Spacing;
+  }
+}
+
+TEST(Rulers, RoundNumbersStayRoundFromAnyMinimum) {
+  Rulers rulers;
+  rulers.Settings.XMin = -1.25F;
+  rulers.Settings.XMax = 18.75F;
+  rulers.Settings.HatchSpacing = 0.25F;
+  rulers.Show();
+  EXPECT_THAT(rulers.BottomNumbers(3), testing::ElementsAre("0.00", "2.00", "4.00"));
+}
+
+TEST(Rulers, SayWhetherTicksAreLeftOut) {
+  for (const auto& [spacing, leftOut] :
+       {std::pair(2.0F, false), {0.05F, false}, {0.049F, true}, {0.01F, true}}) {
+    DocumentSettings settings;
+    settings.HatchSpacing = spacing;
+    const DerivedView view = DeriveView(settings, EasyBounds);
+    Graph graph;
+    graph.SetMapping(EasyBounds.PixL, EasyBounds.PixR, EasyBounds.PixB, EasyBounds.PixT, settings.XMin,
+                     settings.XMax, settings.YMin, view.YMax);
+    EXPECT_EQ(TicksAreLeftOut(graph, view), leftOut) << spacing;
+  }
 }
 
 TEST(Rulers, NumbersOnTheSidesAreThinnedByTheirHeight) {

@@ -11,12 +11,14 @@
 #include <array>
 #include <csignal>
 #include <cstdint>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <optional>
 
 #include "document/FileBeside.h"
+#include "document/SideCopy.h"
 #include "support/TemporaryDirectory.h"
 
 namespace fs = std::filesystem;
@@ -24,13 +26,18 @@ using testing::ElementsAre;
 
 namespace {
 
-// Which of the next calls of fsync tells that the disk has failed: 1 the next one, 0 none.
+// Which of the next calls of fsync tells that the disk has failed, and at which the process ends as a killed
+// one does: 1 the next one, 0 none.
 int failingSync = 0;
+int killingSync = 0;
+int numSyncs = 0;
 
 }  // namespace
 
 // Takes the place of the system's own in this program.
 extern "C" int fsync(int file) {
+  ++numSyncs;
+  if (killingSync > 0 && --killingSync == 0) _exit(0);
   if (failingSync > 0 && --failingSync == 0) {
     errno = EIO;
     return -1;
@@ -437,18 +444,149 @@ TEST(WriteWholeFile, AFileWithSeveralNamesGetsItsOldBytesBackWhenWritingFails) {
   }
 }
 
-TEST(WriteWholeFile, AFileWithSeveralNamesGetsItsOldBytesBackWhenTheDiskFails) {
-  const TemporaryDirectory directory;
-  for (const int sync : {1, 2}) {
-    for (const std::string& old : {std::string(709, 'o'), std::string("o"), std::string()}) {
+TEST(WriteWholeFile, AFileWithSeveralNamesIsTheOldOneOrTheNewOneWhenTheDiskFails) {
+  const std::string changed(218, 'n');
+  for (const std::string& old : {std::string(709, 'o'), std::string("o"), std::string()}) {
+    bool failed = false;
+    int syncs = 1;
+    for (int sync = 1; sync <= syncs; ++sync) {
+      const TemporaryDirectory directory;
       fs::create_hard_link(directory.Put("a", old), directory / "b");
       failingSync = sync;
-      EXPECT_NE(WriteWholeFile(directory / "b", std::string(218, 'n')), "") << sync;
+      numSyncs = 0;
+      const std::string why = WriteWholeFile(directory / "b", changed);
+      syncs = std::max(syncs, numSyncs);
       failingSync = 0;
-      EXPECT_TRUE(directory.Bytes("a") == old) << sync << ", " << old.size();
-      fs::remove(directory / "b");
+      EXPECT_TRUE(directory.Bytes("a") == (why.empty() ? changed : old)) << sync << ", " << old.size();
+      EXPECT_THAT(directory.Names(), ElementsAre("a", "b")) << sync;
+      failed = failed || !why.empty();
     }
+    EXPECT_TRUE(failed) << old.size();
   }
+}
+
+// Whenever it is killed, the old file or the new one still stands whole somewhere; and the next save does not
+// write over the only copy of it.
+TEST(WriteWholeFile, ASaveInPlaceThatIsKilledLosesNeitherTheOldFileNorTheNewOne) {
+  const std::string old(709, 'o');
+  const std::string changed(218, 'n');
+  bool left = false;
+  for (int sync = 1; sync < 20; ++sync) {
+    const TemporaryDirectory directory;
+    const std::string path = directory / "b.trs";
+    fs::create_hard_link(directory.Put("a", old), path);
+    const bool ended = InAnotherProcess([&]() -> std::string {
+                         killingSync = sync;
+                         return WriteWholeFile(path, changed) + "ended";
+                       }) == "ended";
+    const std::string copy = LeftCopyOf(path);
+    const bool isWhole = directory.Bytes("a") == old || directory.Bytes("a") == changed;
+    EXPECT_TRUE(isWhole || !copy.empty()) << sync;
+    if (!copy.empty()) {
+      left = true;
+      EXPECT_TRUE(copy.ends_with("b.trs")) << copy;
+      EXPECT_EQ(ModeOf(copy), 0600U);
+      EXPECT_THAT(WriteWholeFile(path, "another"), testing::HasSubstr("is kept in " + copy));
+      EXPECT_EQ(PutLeftCopyBack(path), "");
+      EXPECT_TRUE(directory.Bytes("a") == old);
+      EXPECT_EQ(LeftCopyOf(path), "");
+    }
+    EXPECT_EQ(WriteWholeFile(path, "another"), "");
+    EXPECT_EQ(directory.Bytes("a"), "another");
+    EXPECT_THAT(directory.Names(), ElementsAre("a", "b.trs")) << sync;
+    if (ended) break;
+  }
+  EXPECT_TRUE(left);
+}
+
+TEST(WriteWholeFile, TheCopyStandsElsewhereWhereNothingCanBeCreatedBesideTheFile) {
+  const TemporaryDirectory directory;
+  const TemporaryDirectory state;
+  fs::permissions(state / "", fs::perms(0777));
+  const std::string path = directory.Put("a.trs", std::string(709, 'o'));
+  fs::permissions(path, fs::perms(0666));
+  const char* before = std::getenv("XDG_STATE_HOME");
+  const std::string home = before != nullptr ? before : "";
+  setenv("XDG_STATE_HOME", (state / "").c_str(), 1);
+  killingSync = 3;  // the copy and its folder come first
+  WriteWhereNothingCanBeCreated(directory, path, "new");
+  killingSync = 0;
+  EXPECT_TRUE(directory.Bytes("a.trs") != std::string(709, 'o'));
+  const std::string copy = LeftCopyOf(path);
+  EXPECT_TRUE(copy.starts_with(state / "")) << copy;
+  EXPECT_EQ(PutLeftCopyBack(path), "");
+  EXPECT_EQ(directory.Bytes("a.trs"), std::string(709, 'o'));
+  EXPECT_EQ(LeftCopyOf(path), "");
+  if (before != nullptr) {
+    setenv("XDG_STATE_HOME", home.c_str(), 1);
+  } else {
+    unsetenv("XDG_STATE_HOME");
+  }
+}
+
+TEST(SideCopy, OfARunningSaveIsNoLeftOne) {
+  const TemporaryDirectory directory;
+  const std::string path = directory.Put("a", "old");
+  SideCopy copy(path, "old");
+  directory.Put("a", "half");
+  EXPECT_EQ(InAnotherProcess([&] { return LeftCopyOf(path); }), "");
+  copy.Remove();
+  EXPECT_THAT(directory.Names(), ElementsAre("a"));
+}
+
+TEST(SideCopy, ThatHoldsWhatTheFileHoldsIsRemovedWithoutAWord) {
+  const TemporaryDirectory directory;
+  const std::string path = directory.Put("a", "old");
+  { const SideCopy copy(path, "old"); }
+  EXPECT_EQ(directory.Names().size(), 2U);
+  EXPECT_EQ(LeftCopyOf(path), "");
+  EXPECT_THAT(directory.Names(), ElementsAre("a"));
+}
+
+TEST(SideCopy, IsNotTakenFromSomebodyElse) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root can become another user";
+  const TemporaryDirectory directory;
+  const std::string path = directory.Put("a", "old");
+  { const SideCopy copy(path, "planted"); }
+  const std::string planted = LeftCopyOf(path);
+  fs::permissions(planted, fs::perms(0644));
+  fs::permissions(directory / "", fs::perms(0777));
+  EXPECT_EQ(InAnotherProcess([&]() -> std::string {
+              if (seteuid(Nobody) != 0) return "this test could not become another user";
+              return LeftCopyOf(path);
+            }),
+            "");
+  fs::remove(planted);
+  fs::create_symlink(directory.Put("trap", "planted"), planted);
+  EXPECT_EQ(LeftCopyOf(path), "") << "nor is a link followed";
+}
+
+TEST(SideCopy, OfAFileWithTheLongestNameThatThereIs) {
+  const TemporaryDirectory directory;
+  std::string name(251, 'n');
+  name += ".trs";
+  const std::string path = directory.Put(name, "old");
+  const SideCopy copy(path, "old");
+  EXPECT_TRUE(copy.Path().ends_with("n.trs"));
+  EXPECT_EQ(copy.Path().find(directory / ""), 0U);
+}
+
+// --- a folder that does not keep the change
+
+TEST(WriteWholeFile, IsToldTheTruthWhenOnlyTheFolderCouldNotBeKept) {
+  const TemporaryDirectory directory;
+  directory.Put("a", "old");
+  for (const char* name : {"a", "b"}) {
+    std::string doubt;
+    failingSync = 2;  // the file comes before its folder
+    EXPECT_EQ(WriteWholeFile(directory / name, "new", PipesAndDevices::Refused, &doubt), "") << name;
+    failingSync = 0;
+    EXPECT_EQ(doubt, "the disk reports an error: after a power failure the old file may be back");
+    EXPECT_EQ(directory.Bytes(name), "new");
+    EXPECT_EQ(WriteWholeFile(directory / name, "newer", PipesAndDevices::Refused, &doubt), "");
+    EXPECT_EQ(doubt, "");
+  }
+  EXPECT_THAT(directory.Names(), ElementsAre("a", "b"));
 }
 
 TEST(WriteWholeFile, WritesInPlaceWhereNothingCanBeCreated) {

@@ -228,6 +228,16 @@ TEST_F(DocumentLifecycleTest, AnErrorInStandardInputIsNotedLikeAnyOther) {
   lifecycle_.OpenInput({"", "the file could not be read to its end"});
   ASSERT_TRUE(lifecycle_.LastReadError());
   EXPECT_EQ(lifecycle_.LastReadError()->Line, 0);
+  EXPECT_EQ(lifecycle_.FileNote(),
+            " Nothing was read from standard input: the file could not be read to its end ");
+}
+
+TEST_F(DocumentLifecycleTest, TheNoteSaysPlainlyThatThereIsNoSuchFile) {
+  lifecycle_.OpenPath(directory_ / "gone.trs");
+  EXPECT_EQ(lifecycle_.FileNote(),
+            " Nothing was read from gone.trs: there is no such file.  Save will ask for another name. ");
+  lifecycle_.OpenPath(directory_ / "");
+  EXPECT_THAT(lifecycle_.FileNote(), testing::HasSubstr(": it is a directory, not a file.  Save"));
 }
 
 // Recent files

@@ -95,6 +95,14 @@ TEST_F(RecentFilesTest, AreLoadedAtStartUpWithEmptyEntriesHidden) {
   EXPECT_THAT(Shown(later), ElementsAre(true, true, true, false, false));
 }
 
+TEST_F(RecentFilesTest, APathThatNoStoreGivesBackAsItIsIsLeftOut) {
+  Fill({"b", "a"});
+  files_.AddRecent("/home/\xE4.trs");
+  EXPECT_THAT(Captions(files_), ElementsAre("b", "a", "", ""));
+  files_.AddRecent("/home/\xC3\xA4.trs");
+  EXPECT_THAT(Captions(files_), ElementsAre("/home/\xC3\xA4.trs", "b", "a", ""));
+}
+
 TEST_F(RecentFilesTest, AddingStartsFromWhatIsStored) {
   Fill({"b", "a"});
   RecentFiles other(store_);

@@ -1,7 +1,8 @@
-// What saving never destroys without a question: what was not read of a file, and what somebody else has
-// written there. And what it says when a file does not give back what was saved.
+// What saving never destroys without a question: what was not read of a file, and what has been
+// written there since. And what it says when a file does not give back what was saved.
 #include <filesystem>
 
+#include "document/SideCopy.h"
 #include "support/DocumentLifecycleFixture.h"
 
 namespace {
@@ -86,6 +87,23 @@ TEST_F(SavingTest, AFailedSaveElsewhereLeavesTheRuleToo) {
   EXPECT_EQ(directory_.Bytes("half.trs"), half_);
 }
 
+// The chooser's own question whether to replace is too easily answered with Yes.
+TEST_F(SavingTest, TheChooserProposesAnotherNameForAFileThatWasNotReadWhole) {
+  OpenHalf();
+  lifecycle_.SaveFile();
+  lifecycle_.SaveFileAs();
+  ASSERT_EQ(chooser_.Saved.size(), 2U);
+  for (const FileChooserRequest& request : chooser_.Saved) {
+    EXPECT_EQ(request.ProposedName, "half (copy).trs");
+  }
+  lifecycle_.OpenPath(directory_.Put("no ending", half_));
+  lifecycle_.SaveFile();
+  EXPECT_EQ(chooser_.Saved.back().ProposedName, "no ending (copy)");
+  lifecycle_.OpenPath(directory_ / "not there.trs");
+  lifecycle_.SaveFileAs();
+  EXPECT_EQ(chooser_.Saved.back().ProposedName, "not there.trs") << "nothing can be lost there";
+}
+
 TEST_F(SavingTest, TheSameGoesForYesAtTheSaveQuestion) {
   OpenHalf();
   RenameMember("C");
@@ -161,14 +179,15 @@ TEST_F(SavingTest, AFileThatDidNotExistCanBeMadeWithoutAQuestion) {
   EXPECT_EQ(MemberNameIn("new.trs"), "B");
 }
 
-// A file that somebody else has changed
+// A file that has changed on disk
 
-TEST_F(SavingTest, AFileThatSomebodyElseHasChangedIsNotReplacedWithoutAQuestion) {
+TEST_F(SavingTest, AFileThatHasChangedOnDiskIsNotReplacedWithoutAQuestion) {
   OpenSaved("a.trs");
   RenameMember("B");
   ChangeOnDisk("a.trs", "C");
   EXPECT_FALSE(lifecycle_.SaveFile()) << "No is the default";
-  EXPECT_THAT(messages_.Shown, ElementsAre(ReplaceQuestion(directory_ / "a.trs", "changed by someone else")));
+  EXPECT_THAT(messages_.Shown,
+              ElementsAre(ReplaceQuestion(directory_ / "a.trs", "has changed on disk since")));
   EXPECT_EQ(MemberNameIn("a.trs"), "C");
   EXPECT_EQ(MemberName(), "B");
 
@@ -246,6 +265,55 @@ TEST_F(SavingTest, ANoThereBringsTheSaveQuestionBack) {
   EXPECT_EQ(MemberNameIn("a.trs"), "B");
 }
 
+// A file whose save was interrupted
+
+class InterruptedSaveTest : public SavingTest {
+ protected:
+  // The file is half old and half new, and what it held before stands in a copy.
+  void SetUp() override {
+    OpenSaved("a.trs");
+    whole_ = directory_.Bytes("a.trs");
+    { const SideCopy left(directory_ / "a.trs", whole_); }
+    directory_.Put("a.trs", "half" + whole_.substr(4));
+    copy_ = LeftCopyOf(directory_ / "a.trs");
+    ASSERT_NE(copy_, "");
+  }
+
+  std::string whole_, copy_;
+};
+
+TEST_F(InterruptedSaveTest, OpeningOffersToPutBackWhatTheFileHeld) {
+  messages_.Answers = {MessageAnswer::Yes};
+  lifecycle_.OpenPath(directory_ / "a.trs");
+  ASSERT_EQ(messages_.Shown.size(), 1U);
+  EXPECT_THAT(messages_.Shown[0].Text, AllOf(HasSubstr(directory_ / "a.trs"), HasSubstr(copy_)));
+  EXPECT_EQ(MemberName(), "A");
+  EXPECT_EQ(directory_.Bytes("a.trs"), whole_);
+  EXPECT_FALSE(std::filesystem::exists(copy_));
+}
+
+TEST_F(InterruptedSaveTest, ANoLeavesBothAndTheNextOpeningAsksAgain) {
+  const std::string mixed = directory_.Bytes("a.trs");
+  lifecycle_.OpenPath(directory_ / "a.trs");
+  lifecycle_.OpenRecentFile(1);
+  EXPECT_EQ(messages_.Shown.size(), 2U);
+  EXPECT_EQ(directory_.Bytes("a.trs"), mixed);
+  EXPECT_TRUE(std::filesystem::exists(copy_));
+}
+
+TEST_F(InterruptedSaveTest, SavingThereAsksBeforeTheCopyGoes) {
+  lifecycle_.EmptyDocument();
+  truss_ = OneMember("B");
+  chooser_.Choice = directory_ / "a.trs";
+  EXPECT_FALSE(lifecycle_.SaveFileAs()) << "No is the default";
+  EXPECT_THAT(messages_.Shown, ElementsAre(ReplaceQuestion(directory_ / "a.trs", copy_)));
+  EXPECT_TRUE(std::filesystem::exists(copy_));
+  messages_.Answers = {MessageAnswer::Yes};
+  EXPECT_TRUE(lifecycle_.SaveFileAs());
+  EXPECT_EQ(MemberNameIn("a.trs"), "B");
+  EXPECT_FALSE(std::filesystem::exists(copy_));
+}
+
 // A file that does not give back what was saved
 
 TEST_F(SavingTest, TheNoteNamesTheMemberWhoseNameBreaksTheFile) {
@@ -265,6 +333,29 @@ TEST_F(SavingTest, TheSameGoesForSaveAs) {
   chooser_.Choice = directory_ / "new.trs";
   EXPECT_TRUE(lifecycle_.SaveFileAs());
   EXPECT_THAT(lifecycle_.FileNote(), HasSubstr("member \"p\"q,r\""));
+}
+
+TEST_F(SavingTest, TheNoteOnANameEndsWhenTheNameIsMended) {
+  truss_ = TrussBuilder().Member(0, 0, 4, 0, "a\"b").Member(4, 0, 4, 3, "c\"d");
+  chooser_.Choice = directory_ / "new.trs";
+  ASSERT_TRUE(lifecycle_.SaveFileAs());
+  EXPECT_TRUE(lifecycle_.NamesChanged());
+  EXPECT_THAT(lifecycle_.FileNote(), HasSubstr("a\"b")) << "another name was changed";
+  RenameMember("ab");
+  EXPECT_TRUE(lifecycle_.NamesChanged());
+  EXPECT_THAT(lifecycle_.FileNote(), HasSubstr("c\"d")) << "the next one";
+  truss_.Labels[truss_.Members[2].NameLabel1].Caption = "cd";
+  truss_.Labels[truss_.Members[2].NameLabel2].Caption = "cd";
+  EXPECT_TRUE(lifecycle_.NamesChanged());
+  EXPECT_EQ(lifecycle_.FileNote(), "");
+  EXPECT_FALSE(lifecycle_.NamesChanged());
+}
+
+TEST_F(SavingTest, ANewNameLeavesANoteOnReadingAlone) {
+  OpenHalf();
+  RenameMember("C");
+  EXPECT_FALSE(lifecycle_.NamesChanged());
+  EXPECT_THAT(lifecycle_.FileNote(), HasSubstr("Save will ask for another name"));
 }
 
 TEST_F(SavingTest, OddNamesThatAFileCanHoldNeedNoNote) {

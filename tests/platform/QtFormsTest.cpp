@@ -11,6 +11,7 @@
 
 #include "platform/qt/QtFileChooser.h"
 #include "platform/qt/QtMessageBox.h"
+#include "platform/qt/WindowInFront.h"
 #include "support/ModalDialog.h"
 #include "support/TemporaryDirectory.h"
 
@@ -35,6 +36,27 @@ TEST(QtMessageBox, ShowsTextTitleAndIcon) {
       EXPECT_EQ(box.standardButtons(), QMessageBox::Ok);
     });
   }
+}
+
+TEST(QtMessageBox, StandsOverTheWindowThatACompanionBelongsTo) {
+  QWidget window;
+  QWidget companion;
+  window.setGeometry(100, 100, 600, 400);
+  companion.setGeometry(900, 300, 300, 200);
+  ShowMessagesOver(window, companion);
+  window.show();
+  companion.show();
+  companion.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&companion));
+  Answer({.Text = "Text"}, [&](QMessageBox& box) {
+    EXPECT_EQ(box.parentWidget(), &window);
+    box.accept();
+  });
+  window.hide();
+  Answer({.Text = "Text"}, [&](QMessageBox& box) {
+    EXPECT_EQ(box.parentWidget(), &companion);
+    box.accept();
+  });
 }
 
 TEST(QtMessageBox, MarkupIsShownAsItIs) {

@@ -249,6 +249,14 @@ TEST(JsonOutput, EscapesEveryControlCharacter) {
       << json.toStdString();
 }
 
+TEST(JsonOutput, EscapesMarksOfDirectionInNamesOfFiles) {
+  const TestFiles files;
+  const Ended run = RunProgram(
+      {QStringLiteral("--json"), files.File(QStringLiteral("a\u202Eb\u2066c\u061Cd\u200Fe\u2010.trs"), "")});
+  EXPECT_TRUE(run.Out.contains("a\\u202eb\\u2066c\\u061cd\\u200fe\u2010.trs")) << run.Out.toStdString();
+  EXPECT_TRUE(run.Err.contains("a\uFFFDb\uFFFDc\uFFFDd\uFFFDe\u2010.trs: ")) << run.Err.toStdString();
+}
+
 TEST(JsonOutput, HasOneLineForEachArgumentInTheirOrder) {
   const TestFiles files;
   const QString broken = files.File(QStringLiteral("Br\u00fccke \"2\".trs"), BrokenTriangleText());

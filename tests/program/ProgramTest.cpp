@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QVector>
@@ -77,26 +78,27 @@ TEST_P(ProgramWrongCall, EndsWithStatusTwoOneLineAndAHint) {
   EXPECT_EQ(run.Err, QByteArray("orvane: ") + GetParam().Why + "; see orvane --help\n");
 }
 
-INSTANTIATE_TEST_SUITE_P(All, ProgramWrongCall,
-                         testing::Values(WrongCall{"--nonsense", "there is no option --nonsense"},
-                                         WrongCall{"-h", "there is no option -h"},
-                                         WrongCall{"--json=1 a", "there is no option --json with a value"},
-                                         WrongCall{"--report", "--report needs a file"},
-                                         WrongCall{"--report=forces a",
-                                                   "there is no report section \"forces\""},
-                                         WrongCall{"--report= a", "there is no report section \"\""},
-                                         WrongCall{"--json", "--json needs a file"},
-                                         WrongCall{"--matrices a", "--matrices goes with --json"},
-                                         WrongCall{"--report --matrices a", "--matrices goes with --json"},
-                                         WrongCall{"--csv a", "--csv needs a value after \"=\""},
-                                         WrongCall{"--csv=joints a", "there is no table \"joints\""},
-                                         WrongCall{"--csv=rref a b", "--csv needs one file"},
-                                         WrongCall{"--convert a", "--convert needs a value after \"=\""},
-                                         WrongCall{"--convert= a", "--convert needs a value after \"=\""},
-                                         WrongCall{"--convert=o", "--convert needs one file"},
-                                         WrongCall{"--json --report a", "--report does not go with --json"},
-                                         WrongCall{"--json - -", "standard input can be read once only"},
-                                         WrongCall{"a -", "standard input is opened alone"}));
+INSTANTIATE_TEST_SUITE_P(
+    All, ProgramWrongCall,
+    testing::Values(WrongCall{"--nonsense", "there is no option --nonsense"},
+                    WrongCall{"-x", "there is no option -x"},
+                    WrongCall{"--json=1 a", "there is no option --json with a value"},
+                    WrongCall{"--report", "--report needs a file"},
+                    WrongCall{"--report=forces a", "there is no report section \"forces\""},
+                    WrongCall{"--report= a", "there is no report section \"\""},
+                    WrongCall{"--json", "--json needs a file"},
+                    WrongCall{"--matrices a", "--matrices goes with --json"},
+                    WrongCall{"--report --matrices a", "--matrices goes with --json"},
+                    WrongCall{"--csv a", "--csv needs a value after \"=\""},
+                    WrongCall{"--csv=joints a", "there is no table \"joints\""},
+                    WrongCall{"--csv=rref a b", "--csv needs one file"},
+                    WrongCall{"--convert a", "--convert needs a value after \"=\""},
+                    WrongCall{"--convert= a", "--convert needs a value after \"=\""},
+                    WrongCall{"--convert=o.trs", "--convert needs one file"},
+                    WrongCall{"--convert=o.txt a", "a truss is written as .trs, not as \"o.txt\""},
+                    WrongCall{"--json --report a", "--report does not go with --json"},
+                    WrongCall{"--json - -", "standard input can be read once only"},
+                    WrongCall{"a -", "standard input is opened alone"}));
 
 TEST(Program, HelpsWithoutADisplay) {
   const Ended run = RunProgram(Words("--help"));
@@ -380,9 +382,12 @@ TEST(ProgramFiles, APipeIsReadLikeAFile) {
   EXPECT_EQ(run.Out, RunProgram(Words("--csv=solutions -"), TriangleText()).Out);
 }
 
+// By a link, as what a truss is written into ends with .trs.
 TEST(ProgramFiles, StandardOutputCanBeNamedAsADevice) {
-  const Ended run =
-      RunShell(QStringLiteral("cat | \"$0\" --convert=/dev/stdout - | cat"), {}, TriangleText());
+  const TestFiles files;
+  const QString link = files.Path(QStringLiteral("out.trs"));
+  ASSERT_TRUE(QFile::link(QStringLiteral("/dev/stdout"), link));
+  const Ended run = RunShell(QStringLiteral("cat | \"$0\" --convert=\"$1\" - | cat"), {link}, TriangleText());
   EXPECT_EQ(run.Status, 0) << run.Err.toStdString();
   EXPECT_EQ(run.Out, RunProgram(Words("--convert=- -"), TriangleText()).Out);
 }

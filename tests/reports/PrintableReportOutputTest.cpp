@@ -107,6 +107,21 @@ TEST_F(PrintableReportOutput, TheChooserOffersTheKindsOfFilesBesideTheTruss) {
   EXPECT_EQ(chooser_.Saved[0].InitialDirectory + "/a.trs", truss_.FileName);
 }
 
+TEST_F(PrintableReportOutput, TheChooserProposesTheNameOfTheTruss) {
+  for (const auto& [file, proposed] : {std::pair("bridge.trs", "bridge.rtf"),
+                                       {"v1.2.trs", "v1.2.rtf"},
+                                       {"no ending", "no ending.rtf"},
+                                       {"", "Orvane report.rtf"}}) {
+    Truss truss = LoadedTriangle();
+    if (*file != 0) truss.FileName = directory_ / file;
+    Opened(truss);
+    chooser_.Saved.clear();
+    QTest::keyClick(&Box(), Qt::Key_S, Qt::ControlModifier);
+    ASSERT_EQ(chooser_.Saved.size(), 1U);
+    EXPECT_EQ(chooser_.Saved[0].ProposedName, proposed);
+  }
+}
+
 TEST_F(PrintableReportOutput, ANameWithoutAKnownEndingGetsThatOfRichText) {
   Opened();
   chooser_.Choice = directory_ / "report.v2";

@@ -29,6 +29,24 @@ TEST(VisibleText, ShowsWhatIsNotUtf8AsReplacementCharacters) {
   EXPECT_EQ(VisibleText("\xF4\x90\x80\x80\xFF"), "\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD");
 }
 
+// "a<U+202E>srt.exe" would read "aexe.trs".
+TEST(VisibleText, ShowsMarksOfDirectionAsReplacementCharacters) {
+  for (const char* mark : {"\u061C", "\u200E", "\u200F", "\u202A", "\u202B", "\u202C", "\u202D", "\u202E",
+                           "\u2066", "\u2067", "\u2068", "\u2069"}) {
+    EXPECT_EQ(VisibleText(std::string("a") + mark + "b"), "a\uFFFDb");
+    EXPECT_TRUE(IsDirectionMark(mark));
+  }
+  for (const char* neighbour : {"\u061B", "\u200D", "\u2010", "\u2029", "\u202F", "\u2065", "\u206A"}) {
+    EXPECT_EQ(VisibleText(neighbour), neighbour);
+  }
+}
+
+TEST(IsUtf8, SaysWhetherEveryByteBelongsToACharacter) {
+  for (const char* text : {"", "a.trs", "\u00C4 \u65E5 \U0001F6A7"}) EXPECT_TRUE(IsUtf8(text)) << text;
+  for (const char* text : {"\xE4.trs", "a\xC3", "\xC1\x9B", "\xED\xA0\x80"})
+    EXPECT_FALSE(IsUtf8(text)) << text;
+}
+
 TEST(VisibleText, LeavesWhatIsSeenAlone) {
   const std::string seen = "AB [ ] \u00C4rmel \u2013 \u20AC \u65E5\u672C \U0001F6A7 \u241B";
   EXPECT_EQ(VisibleText(seen), seen);

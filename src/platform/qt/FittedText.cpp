@@ -41,10 +41,10 @@ QFont ScaledFont(QFont font, double factor) {
   return font;
 }
 
-QFont LargestFont(const QFont& wanted, const std::function<bool(const QFont&)>& fits) {
+QFont LargestFont(const QFont& wanted, const std::function<bool(const QFont&)>& fits, double smallest) {
   if (fits(wanted)) return wanted;
   QFont font = wanted;
-  for (double points = std::ceil(2 * PointsOf(wanted)) / 2 - 0.5; points >= SmallestPoints; points -= 0.5) {
+  for (double points = std::ceil(2 * PointsOf(wanted)) / 2 - 0.5; points >= smallest; points -= 0.5) {
     font.setPointSizeF(points);
     if (fits(font)) return font;
   }

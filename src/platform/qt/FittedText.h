@@ -20,9 +20,10 @@ double PointsOf(const QFont& font);
 /// The font in another size, its own times `factor`.
 QFont ScaledFont(QFont font, double factor);
 
-/// `wanted`, or else that font in the largest size below (whole and half points, down to SmallestPoints) that
+/// `wanted`, or else that font in the largest size below (whole and half points, down to `smallest`) that
 /// `fits` says yes to; in the smallest size when it never does. A wanted font that is already smaller stays.
-QFont LargestFont(const QFont& wanted, const std::function<bool(const QFont&)>& fits);
+QFont LargestFont(const QFont& wanted, const std::function<bool(const QFont&)>& fits,
+                  double smallest = SmallestPoints);
 
 /// Whether the text, set with these flags of Qt::AlignmentFlag and Qt::TextFlag, needs no more than `room`
 /// (pixels).
