@@ -317,7 +317,7 @@ TEST(CommandLineModes, AreNamedOnce) {
 
 TEST(CommandLineOptions, UnknownOnesAreRefused) {
   EXPECT_EQ(WhyWrong({"--jason", "a"}), "there is no option --jason");
-  EXPECT_EQ(WhyWrong({"-h"}), "there is no option -h");
+  EXPECT_EQ(WhyWrong({"-x"}), "there is no option -x");
   EXPECT_EQ(WhyWrong({"--JSON", "a"}), "there is no option --JSON");
   EXPECT_EQ(WhyWrong({"--out=x", "a"}), "there is no option --out with a value");
 }
