@@ -27,6 +27,7 @@
 #include "canvas/Paper.h"
 #include "canvas/RedrawTruss.h"
 #include "canvas/Rulers.h"
+#include "explanation/RoundingText.h"
 #include "naming/CustomInputBox.h"
 #include "naming/Naming.h"
 #include "platform/qt/QtText.h"
@@ -165,6 +166,8 @@ void MainForm::cmdNext2_Click() {
   QGuiApplication::restoreOverrideCursor();
   if (!entered) return;
   shownAnalysis_ = steps_.Analysis();
+  if (shownAnalysis_ && shownAnalysis_->System.NumUnknowns() > 0)
+    reasons_ = std::make_shared<ExplanationOnDemand>(on_.Document, *shownAnalysis_);
   report_->ChooseFontSet(on_.Document.Settings.ReportFontSize);
   ShowStep();
   ShowReport(1);
@@ -182,6 +185,7 @@ void MainForm::CloseReport() {
   if (report_->isActiveWindow()) activateWindow();
   report_->hide();
   report_->Clear();
+  reasons_.reset();
   shownAnalysis_.reset();
 }
 
@@ -278,13 +282,24 @@ void MainForm::ShowReport(int report) {
       report_->LoadGridWithEquations(*shownAnalysis_, sigFigs);
       break;
     case 3:
-      report_->LoadGridWithRREF(*shownAnalysis_, sigFigs);
+      report_->LoadGridWithRREF(*shownAnalysis_, sigFigs, Notice());
       break;
     default:
-      report_->LoadGridWithSolutions(*shownAnalysis_, sigFigs);
+      report_->LoadGridWithSolutions(*shownAnalysis_, sigFigs, Notice());
       break;
   }
   BringUpReport();
+}
+
+// What is to be said below the conclusion of the analysis that is shown.
+std::string MainForm::Notice() {
+  if (!reasons_) return {};
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  const std::string notice =
+      NoticeBelowConclusion(reasons_->Graph(), reasons_->Rounded(),
+                            {.SigFigs = on_.Document.Settings.SigFigs, .Numbers = on_.Numbers});
+  QGuiApplication::restoreOverrideCursor();
+  return notice;
 }
 
 // --- menus
@@ -360,7 +375,11 @@ void MainForm::mnuSettings_Click() {
 void MainForm::mnuFilePrint_Click() {
   if (!shownAnalysis_ || shownAnalysis_->System.NumUnknowns() == 0) return;
   const auto analysis = shownAnalysis_;
-  PrintableReportWindow window({.Subject = {on_.Document, *analysis, on_.Numbers},
+  const auto reasons = reasons_;
+  PrintableReportWindow window({.Subject = {.Document = on_.Document,
+                                            .Analysis = *analysis,
+                                            .Numbers = on_.Numbers,
+                                            .Reasons = reasons.get()},
                                 .Report = *report_,
                                 .Access = {clipboard_, clock_, on_.Messages},
                                 .Bitmap = [this] { return clipboard_.Bitmap(); },
@@ -384,6 +403,12 @@ void MainForm::OfferHelpBeside(QDialog& dialog, const char* topic) {
   dialog.setWindowModality(Qt::WindowModal);
   auto* help = new QShortcut(QKeySequence::HelpContents, &dialog);
   connect(help, &QShortcut::activated, this, [this, topic] { ShowHelp(topic); });
+}
+
+void MainForm::ShowHelpOnReport() {
+  if (!shownAnalysis_) return ShowHelpOnStep();
+  const bool isConclusion = shownReport_ >= 3;
+  ShowHelp(HelpTopicForReport(shownReport_, *shownAnalysis_, isConclusion && !Notice().empty()));
 }
 
 void MainForm::ShowHelpOnStep() { ShowHelp(HelpTopicForStep(steps_.Current(), InstructionsAreShown())); }

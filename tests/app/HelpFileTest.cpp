@@ -17,7 +17,7 @@ std::string BuiltBytes() {
   return file.readAll().toStdString();
 }
 
-class HelpFileTest : public testing::Test {
+class HelpFileTest : public BuiltHelpTest {
  protected:
   // Why a file with these bytes is refused.
   std::string ProblemWith(const std::string& bytes) { return Problem(directory_.Put("orvane.chm", bytes)); }

@@ -6,7 +6,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QDesktopServices>
-#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -43,13 +42,8 @@ class Desktop final : public QObject {
   QList<QUrl> Opened;
 };
 
-class HelpViewerTest : public testing::Test {
+class HelpViewerTest : public BuiltHelpTest {
  protected:
-  void SetUp() override {
-    ASSERT_TRUE(QFileInfo::exists(QString::fromStdString(HelpFilePath())))
-        << HelpFilePath() << " is not built";
-  }
-
   void Open(const char* topic = ProgramHelpTopic) {
     ASSERT_TRUE(viewer_.ShowTopic(ProgramDirectory() + topic));
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&viewer_));

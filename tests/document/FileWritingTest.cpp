@@ -3,22 +3,20 @@
 
 #include <sys/resource.h>
 #include <sys/syscall.h>
-#include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <csignal>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <optional>
 
 #include "document/FileBeside.h"
 #include "document/SideCopy.h"
+#include "support/AnotherProcess.h"
 #include "support/TemporaryDirectory.h"
 
 namespace fs = std::filesystem;
@@ -51,7 +49,6 @@ constexpr const char* NoFile = "it is a pipe or a device, not a file";
 constexpr const char* NoPermission = "there is no permission to write it";
 constexpr const char* TooLarge = "the file would be larger than the system allows";
 constexpr const char* AccessList = "system.posix_acl_access";
-constexpr uid_t Nobody = 65534;
 
 struct stat StatusOf(const std::string& path) {
   struct stat status {};
@@ -109,25 +106,6 @@ class FileSizeLimit {
 std::string WriteLimited(const std::string& path, const std::string& bytes, rlim_t limit) {
   const FileSizeLimit small(limit);
   return WriteWholeFile(path, bytes);
-}
-
-// What `act` says in a process of its own, which ends without any cleaning up.
-std::string InAnotherProcess(const std::function<std::string()>& act) {
-  std::array<int, 2> ends{};
-  EXPECT_EQ(pipe(ends.data()), 0);
-  const pid_t child = fork();
-  if (child == 0) {
-    const std::string answer = act();
-    _exit(write(ends[1], answer.data(), answer.size()) == static_cast<ssize_t>(answer.size()) ? 0 : 1);
-  }
-  close(ends[1]);
-  std::string answer(1000, '\0');
-  answer.resize(static_cast<std::size_t>(std::max<ssize_t>(read(ends[0], answer.data(), answer.size()), 0)));
-  close(ends[0]);
-  int status = -1;
-  waitpid(child, &status, 0);
-  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "the process did not end by itself";
-  return answer;
 }
 
 // What writing says for a user who may write the files of this folder but create none there. Permissions mean
@@ -522,53 +500,6 @@ TEST(WriteWholeFile, TheCopyStandsElsewhereWhereNothingCanBeCreatedBesideTheFile
   } else {
     unsetenv("XDG_STATE_HOME");
   }
-}
-
-TEST(SideCopy, OfARunningSaveIsNoLeftOne) {
-  const TemporaryDirectory directory;
-  const std::string path = directory.Put("a", "old");
-  SideCopy copy(path, "old");
-  directory.Put("a", "half");
-  EXPECT_EQ(InAnotherProcess([&] { return LeftCopyOf(path); }), "");
-  copy.Remove();
-  EXPECT_THAT(directory.Names(), ElementsAre("a"));
-}
-
-TEST(SideCopy, ThatHoldsWhatTheFileHoldsIsRemovedWithoutAWord) {
-  const TemporaryDirectory directory;
-  const std::string path = directory.Put("a", "old");
-  { const SideCopy copy(path, "old"); }
-  EXPECT_EQ(directory.Names().size(), 2U);
-  EXPECT_EQ(LeftCopyOf(path), "");
-  EXPECT_THAT(directory.Names(), ElementsAre("a"));
-}
-
-TEST(SideCopy, IsNotTakenFromSomebodyElse) {
-  if (geteuid() != 0) GTEST_SKIP() << "only root can become another user";
-  const TemporaryDirectory directory;
-  const std::string path = directory.Put("a", "old");
-  { const SideCopy copy(path, "planted"); }
-  const std::string planted = LeftCopyOf(path);
-  fs::permissions(planted, fs::perms(0644));
-  fs::permissions(directory / "", fs::perms(0777));
-  EXPECT_EQ(InAnotherProcess([&]() -> std::string {
-              if (seteuid(Nobody) != 0) return "this test could not become another user";
-              return LeftCopyOf(path);
-            }),
-            "");
-  fs::remove(planted);
-  fs::create_symlink(directory.Put("trap", "planted"), planted);
-  EXPECT_EQ(LeftCopyOf(path), "") << "nor is a link followed";
-}
-
-TEST(SideCopy, OfAFileWithTheLongestNameThatThereIs) {
-  const TemporaryDirectory directory;
-  std::string name(251, 'n');
-  name += ".trs";
-  const std::string path = directory.Put(name, "old");
-  const SideCopy copy(path, "old");
-  EXPECT_TRUE(copy.Path().ends_with("n.trs"));
-  EXPECT_EQ(copy.Path().find(directory / ""), 0U);
 }
 
 // --- a folder that does not keep the change

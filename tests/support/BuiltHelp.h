@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTextBlock>
@@ -15,6 +16,15 @@
 /// Where the program and its help file were built; UTF-8.
 inline std::string ProgramDirectory() { return ORVANE_PROGRAM_DIRECTORY; }
 inline std::string HelpFilePath() { return ProgramDirectory() + "/orvane.chm"; }
+
+/// Tests whose fixture is this one fail at once, and say why, when the help was not built.
+class BuiltHelpTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(QFileInfo::exists(QString::fromStdString(HelpFilePath())))
+        << HelpFilePath() << " is not built";
+  }
+};
 
 inline const HelpFile& BuiltHelp() {
   static const HelpFile help = [] {
