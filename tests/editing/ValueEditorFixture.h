@@ -62,18 +62,18 @@ struct ValueEditorTest : testing::Test {
     editor.optNotation_Click(ForceKind, notation);
   }
 
-  void Type(int kind, const std::string& first, const std::string& second) {
+  void Type(EditingKind kind, const std::string& first, const std::string& second) {
     editor.txtNewCoords_Change(kind, 1, first);
     editor.txtNewCoords_Change(kind, 2, second);
   }
 
-  void Enter(int kind, const std::string& first, const std::string& second) {
+  void Enter(EditingKind kind, const std::string& first, const std::string& second) {
     messages.Shown.clear();
     Type(kind, first, second);
     editor.cmdNewCoordsOK_Click(kind);
   }
 
-  void ExpectShown(int kind, const char* label1, const char* text1, const char* label2,
+  void ExpectShown(EditingKind kind, const char* label1, const char* text1, const char* label2,
                    const char* text2) const {
     EXPECT_EQ(editor.Label(kind, 1), label1);
     EXPECT_EQ(editor.Text(kind, 1), text1);
@@ -82,7 +82,8 @@ struct ValueEditorTest : testing::Test {
   }
 
   // Enters two texts and expects this message, and everything else as it was.
-  void ExpectRefused(int kind, const std::string& first, const std::string& second, const char* text) {
+  void ExpectRefused(EditingKind kind, const std::string& first, const std::string& second,
+                     const char* text) {
     SCOPED_TRACE(testing::Message() << "\"" << first << "\", \"" << second << "\"");
     const MemberRec member = truss.Members[1];
     const PixelLine rod = drawing.Rod[1];

@@ -1,4 +1,4 @@
-// What the report window tells below a conclusion, where the exact verdict differs.
+// What the report window tells below the conclusion.
 #include "ReportWindowFixture.h"
 
 namespace {

@@ -28,7 +28,7 @@ declare -A below=(
   [explanation]="text platform document canvas analysis"
   [naming]="platform document"
   [editing]="text platform document canvas"
-  [reports]="text platform paper document canvas analysis"
+  [reports]="text platform paper document canvas analysis explanation"
   [app]="text platform paper document canvas analysis explanation naming editing reports")
 
 # compile ROOM HEADER...: whether a file of the room that includes the headers compiles; in $said, what the compiler
