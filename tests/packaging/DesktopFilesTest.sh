@@ -31,7 +31,8 @@ export XDG_DATA_HOME=$scratch/share XDG_DATA_DIRS=/usr/local/share:/usr/share
 mkdir -p "$XDG_DATA_HOME/mime/packages"
 cp "$desktop/application-x-orvane-truss.xml" "$XDG_DATA_HOME/mime/packages/"
 silent update-mime-database "$XDG_DATA_HOME/mime"
-is_truss() { [ "$(xdg-mime query filetype "$1")" = application/x-orvane-truss ]; }
+# On a named desktop the question goes to the database of types, otherwise to "file", which knows no types of ours.
+is_truss() { [ "$(XDG_CURRENT_DESKTOP=GNOME xdg-mime query filetype "$1")" = application/x-orvane-truss ]; }
 for example in "$sources"/examples/*.trs; do
   is_truss "$example" || fail "$example is not known as a truss"
 done
