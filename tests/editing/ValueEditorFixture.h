@@ -88,7 +88,7 @@ struct ValueEditorTest : testing::Test {
     const MemberRec member = truss.Members[1];
     const PixelLine rod = drawing.Rod[1];
     Enter(kind, first, second);
-    EXPECT_THAT(messages.Shown, ElementsAre(Message{.Text = text, .Icon = MessageIcon::Critical}));
+    EXPECT_THAT(messages.Shown, testing::ElementsAre(Message{.Text = text, .Icon = MessageIcon::Critical}));
     EXPECT_TRUE(editor.IsOpen(kind));
     EXPECT_TRUE(drawing.MoveHandleB.Visible);
     EXPECT_TRUE(drawing.MoveHandleS.Visible);

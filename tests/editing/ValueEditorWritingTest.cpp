@@ -1,8 +1,6 @@
 // What the numerical value editor writes into the truss.
 #include "ValueEditorFixture.h"
 
-using testing::ElementsAre;
-
 TEST_F(ValueEditorTest, AbsoluteStoresTheTypedPointAndItsLine) {
   OpenMember(Notation::Absolute);
   Enter(MemberKind, "6", "-2.5");
