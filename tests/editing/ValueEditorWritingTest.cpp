@@ -1,8 +1,6 @@
 // What the numerical value editor writes into the truss.
 #include "ValueEditorFixture.h"
 
-using testing::ElementsAre;
-
 TEST_F(ValueEditorTest, AbsoluteStoresTheTypedPointAndItsLine) {
   OpenMember(Notation::Absolute);
   Enter(MemberKind, "6", "-2.5");
@@ -82,7 +80,8 @@ TEST_F(ValueEditorTest, TextsFollowTheLocalesSeparator) {
   comma.txtNewCoords_Change(ForceKind, 1, "1,5");
   comma.txtNewCoords_Change(ForceKind, 2, "1.500");
   comma.cmdNewCoordsOK_Click(ForceKind);
-  EXPECT_THAT(messages.Shown, ElementsAre(Message{.Text = NotNumbers, .Icon = MessageIcon::Critical}));
+  EXPECT_THAT(messages.Shown,
+              testing::ElementsAre(Message{.Text = NotNumbers, .Icon = MessageIcon::Critical}));
   comma.txtNewCoords_Change(ForceKind, 2, "-2");
   comma.cmdNewCoordsOK_Click(ForceKind);
   ExpectForce(1.5F, -2);
