@@ -38,6 +38,7 @@ class Parser {
     if (result_.Json.Explanation && result_.What != Mode::Json) Fail("--explain goes with --json");
     if (result_.Picture.Named && result_.What != Mode::Picture) Fail("--named goes with --picture");
     if (result_.Picture.Motion && result_.What != Mode::Picture) Fail("--motion goes with --picture");
+    if (!result_.DocumentWith.empty() && result_.What != Mode::Document) Fail("--with goes with --document");
     return result_;
   }
 
@@ -62,6 +63,8 @@ class Parser {
     } else if (name == "--document") {
       SetMode(Mode::Document, name);
       TakeDocumentFile(Needed(option));
+    } else if (name == "--with") {
+      TakeExtras(Needed(option));
     } else if (name == "--convert") {
       SetMode(Mode::Convert, name);
       TakeTrussFile(Needed(option));
@@ -102,12 +105,26 @@ class Parser {
     return std::string(*option.Value);
   }
 
-  void TakeSections(std::string_view list) {
+  template <class Take>
+  static void ForEachOf(std::string_view list, Take take) {
     for (std::size_t first = 0; first <= list.size();) {
       const std::size_t comma = std::min(list.find(',', first), list.size());
-      TakeSection(list.substr(first, comma - first));
+      take(list.substr(first, comma - first));
       first = comma + 1;
     }
+  }
+
+  void TakeSections(std::string_view list) {
+    ForEachOf(list, [this](std::string_view section) { TakeSection(section); });
+  }
+
+  // A section named twice is written once.
+  void TakeExtras(std::string_view list) {
+    ForEachOf(list, [this](std::string_view word) {
+      const std::optional<ReportExtra> extra = ReportExtraNamed(word);
+      if (!extra) Fail("there is no section \"" + std::string(word) + "\" for a document");
+      if (std::ranges::count(result_.DocumentWith, *extra) == 0) result_.DocumentWith.push_back(*extra);
+    });
   }
 
   void TakeSection(std::string_view section) {
@@ -228,6 +245,7 @@ orvane --picture=OUT [--named] FILE         the truss with its forces as .png, .
                                             OUT; --named adds the names of forces and joints
 orvane --picture=OUT --motion=K FILE        the truss with the K-th of the motions that --report=why tells
 orvane --document=OUT FILE                  the printable report as .rtf, .pdf, .odt or .html
+orvane --document=OUT --with=why FILE       the same with a section that tells why this conclusion
 orvane --convert=OUT.trs FILE               write FILE again in the current layout
 orvane --autoname ...                       with any of the above: name the forces and joints first
 orvane --help | --version

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/FileFormats.h"
+#include "reports/ReportExtras.h"
 
 /// The tables that can be written as CSV.
 enum class CsvTable { Equations, RREF, Solutions };
@@ -47,6 +48,7 @@ struct CommandLine {
   PictureExtras Picture;                    ///< of Picture
   PictureFileFormat PictureFormat{};        ///< of Picture
   DocumentFileFormat DocumentFormat{};      ///< of Document
+  std::vector<ReportExtra> DocumentWith;    ///< of Document: sections beyond the usual ones
   std::string OutputPath;                   ///< of Picture, Document and Convert; "-" is standard output
   bool AutoName = false;                    ///< name everything before the analysis
   std::vector<std::string> Files;           ///< UTF-8 paths; "-" is standard input

@@ -18,8 +18,8 @@ std::string ExactJson(const Explanation& explanation) {
       .Key("selfStresses", verdict.SelfStresses())
       .Key("outcome", static_cast<int>(verdict.Code()))
       .Key("determined", determined.Text())
-      .Key("agrees", explanation.Agrees())
-      .Key("within", static_cast<int>(explanation.Figures.Within))
+      .Key("agrees", explanation.Rounded.Agrees())
+      .Key("within", static_cast<int>(explanation.Rounded.Figures.Within))
       .Key("word", JsonText(VerdictWord(verdict)))
       .Text();
 }
@@ -138,7 +138,7 @@ std::string ChecksJson(const AnalysedFile& file, const ReportFormat& format) {
 void AddExplanation(JsonList& object, const AnalysedFile& file, const ReportFormat& format) {
   if (file.Analysis.System.NumUnknowns() > 0) {
     const Explanation explanation = ExplainTruss(file.Document, file.Analysis);
-    const std::optional<int>& figures = explanation.Figures.CertainFigures;
+    const std::optional<int>& figures = explanation.Rounded.Figures.CertainFigures;
     object.Key("exact", ExactJson(explanation))
         .Key("unknownsAt", UnknownsAtJson(explanation.Graph))
         .Key("motions", MotionsJson(explanation, format))

@@ -63,6 +63,23 @@ struct ContentsReader {
   }
 };
 
+// Each has its place on the page of the conclusions.
+const char* TopicOfConclusion(const Classification& reading) {
+  if (reading.Code == Outcome::Inconsistent) {
+    return "\\orvane.chm::\\truss help\\conclusions.htm#inconsistent";
+  }
+  bool isDetermined = true;
+  for (const std::optional<double>& value : reading.Values.First(reading.Values.Size())) {
+    isDetermined = isDetermined && value.has_value();
+  }
+  if (reading.Code == Outcome::Redundant) {
+    return isDetermined ? "\\orvane.chm::\\truss help\\conclusions.htm#redundant"
+                        : "\\orvane.chm::\\truss help\\conclusions.htm#mixed";
+  }
+  return isDetermined ? "\\orvane.chm::\\truss help\\conclusions.htm#unique"
+                      : "\\orvane.chm::\\truss help\\conclusions.htm#undetermined";
+}
+
 }  // namespace
 
 const char* HelpTopicForStep(int step, bool instructionsShown) {
@@ -77,8 +94,11 @@ const char* HelpTopicForStep(int step, bool instructionsShown) {
   }
 }
 
-const char* HelpTopicForReport(int report) {
-  return report == 2 || report == 3 ? MathHelpTopic : HelpTopicForStep(3, false);
+const char* HelpTopicForReport(int report, const TrussAnalysis& analysis, bool owesToRounding) {
+  if (analysis.System.NumUnknowns() == 0) return HelpTopicForStep(3, false);
+  if (report == 1) return "\\orvane.chm::\\truss help\\determinacy.htm#count";
+  if (report == 2) return MathHelpTopic;
+  return owesToRounding ? RoundingHelpTopic : TopicOfConclusion(analysis.Reading);
 }
 
 std::optional<HelpTopicPlace> PlaceOfHelpTopic(std::string_view topicPath) {

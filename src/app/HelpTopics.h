@@ -6,21 +6,25 @@
 #include <string_view>
 #include <vector>
 
+#include "analysis/Analysis.h"
+
 // Topic paths: the program's directory goes before them, a place on the page may follow after "#".
 inline constexpr const char* ProgramHelpTopic = "\\orvane.chm::index.htm";
 inline constexpr const char* TrussHelpTopic = "\\orvane.chm::\\truss help\\truss_theory.htm";
 inline constexpr const char* MathHelpTopic = "\\orvane.chm::\\gauss help\\backgd3.htm";
 inline constexpr const char* SettingsHelpTopic = "\\orvane.chm::\\program\\settings.htm";
-inline constexpr const char* WhyHelpTopic = "\\orvane.chm::\\program\\reports.htm#why";
-inline constexpr const char* ChecksHelpTopic = "\\orvane.chm::\\program\\drawing.htm#check";
 inline constexpr const char* PrintingHelpTopic = "\\orvane.chm::\\program\\printing.htm";
+inline constexpr const char* WhyHelpTopic = "\\orvane.chm::\\program\\learn.htm#why";
+inline constexpr const char* ChecksHelpTopic = "\\orvane.chm::\\program\\learn.htm#checks";
+inline constexpr const char* RoundingHelpTopic = "\\orvane.chm::\\truss help\\exact.htm";
 
 /// The topic path for step 1, 2 or 3; while the instructions of the start are shown, the first page.
 const char* HelpTopicForStep(int step, bool instructionsShown);
 
-/// The topic path for report 1 Counting, 2 Equations, 3 RREF or 4 Solutions. The matrices lead to the
-/// mathematics.
-const char* HelpTopicForReport(int report);
+/// The topic path for report 1 Counting, 2 Equations, 3 RREF or 4 Solutions: the page of what the report
+/// concludes, and of rounding where that has a part in the conclusion. The equations conclude nothing and
+/// lead to the mathematics.
+const char* HelpTopicForReport(int report, const TrussAnalysis& analysis, bool owesToRounding);
 
 struct HelpTopicPlace {
   std::string File;  ///< the path of the help file

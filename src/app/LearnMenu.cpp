@@ -21,11 +21,10 @@ constexpr int RecheckDelay = 150;
 
 }  // namespace
 
-const char* LearnMenuStatusText(int step, int numUnknowns) {
+const char* LearnMenuStatusText(int step, bool hasUnknowns) {
   if (step != 3)
     return " Why this conclusion: only in Step 3, where the reports are. Check the drawing: always ";
-  if (numUnknowns == 0)
-    return " Why this conclusion: only for a truss with an unknown force, and this has none ";
+  if (!hasUnknowns) return " Why this conclusion: only for a truss with an unknown force, and this has none ";
   return " Learn why the conclusion is what it is, or check the drawing for oversights ";
 }
 
@@ -43,7 +42,7 @@ LearnMenu::LearnMenu(const Partners& partners, QMenuBar& bar)
   check->setObjectName(QStringLiteral("mnuLearnCheck"));
   check->setToolTip(tr("What may be an oversight: ends that nearly meet, members on one another ..."));
   connect(mnuLearn_, &QMenu::aboutToShow, this,
-          [this] { Q_EMIT HintShown(LearnMenuStatusText(step_, NumUnknowns())); });
+          [this] { Q_EMIT HintShown(LearnMenuStatusText(step_, reasons_ != nullptr)); });
   connect(mnuLearn_, &QMenu::aboutToHide, this, &LearnMenu::HintGone);
 
   connect(checks_.get(), &ChecksWindow::PlaceChosen, this, [this](float x, float y) {
@@ -64,21 +63,19 @@ LearnMenu::LearnMenu(const Partners& partners, QMenuBar& bar)
 
 LearnMenu::~LearnMenu() = default;
 
-int LearnMenu::NumUnknowns() const { return analysis_ ? analysis_->System.NumUnknowns() : 0; }
-
-void LearnMenu::EnterStep(int step, std::shared_ptr<const TrussAnalysis> analysis) {
+void LearnMenu::EnterStep(int step, std::shared_ptr<ExplanationOnDemand> reasons) {
   step_ = step;
-  if (analysis != analysis_) {
-    analysis_ = std::move(analysis);
-    explanation_.reset();
+  if (reasons != reasons_) {
+    reasons_ = std::move(reasons);
+    whyIsWritten_ = false;
     if (why_->isActiveWindow()) on_.Canvas.window()->activateWindow();
     why_->hide();
     why_->Clear();
   }
   // Its letter must be that of no button of the step: Step 3 has Solutions, the others Next.
   mnuLearn_->setTitle(step == 3 ? tr("Lear&n") : tr("&Learn"));
-  mnuLearnWhy_->setEnabled(step == 3 && NumUnknowns() > 0);
-  const QString hint = QString::fromLatin1(LearnMenuStatusText(step, NumUnknowns())).trimmed();
+  mnuLearnWhy_->setEnabled(step == 3 && reasons_ != nullptr);
+  const QString hint = QString::fromLatin1(LearnMenuStatusText(step, reasons_ != nullptr)).trimmed();
   mnuLearnWhy_->setStatusTip(hint);
   mnuLearnWhy_->setToolTip(mnuLearnWhy_->isEnabled()
                                ? tr("The exact verdict and its reasons, with the motions of the truss")
@@ -96,14 +93,14 @@ void LearnMenu::Close() {
 }
 
 void LearnMenu::ShowWhy() {
-  if (NumUnknowns() == 0) return;
-  if (!explanation_) {
+  if (!reasons_) return;
+  if (!whyIsWritten_) {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    explanation_ = std::make_shared<const Explanation>(ExplainTruss(on_.Document, *analysis_));
-    const ReportFormat format{on_.Document.Settings.SigFigs, on_.Numbers};
-    why_->ShowExplanation(std::make_shared<const Truss>(on_.Document), explanation_, format,
-                          on_.Document.Settings.ReportFontSize);
+    why_->ShowExplanation(std::make_shared<const Truss>(on_.Document),
+                          std::shared_ptr<const Explanation>(reasons_, &reasons_->Whole()),
+                          {on_.Document.Settings.SigFigs, on_.Numbers}, on_.Document.Settings.ReportFontSize);
     QGuiApplication::restoreOverrideCursor();
+    whyIsWritten_ = true;
   }
   whyPlace_.BringUp(
       *why_, [this] { on_.PlaceBeside(*why_, ExplanationSizes); }, [this] { why_->BringUp(); });

@@ -7,7 +7,6 @@
 #include <functional>
 #include <memory>
 
-#include "analysis/Analysis.h"
 #include "app/KeptPlace.h"
 #include "app/ReportPlace.h"
 #include "canvas/Graph.h"
@@ -23,7 +22,7 @@ class QMenuBar;
 class WhyWindow;
 
 /// The status bar while the menu is open; it also says why the first entry is not offered.
-const char* LearnMenuStatusText(int step, int numUnknowns);
+const char* LearnMenuStatusText(int step, bool hasUnknowns);
 
 class LearnMenu final : public QObject {
   Q_OBJECT
@@ -45,8 +44,9 @@ class LearnMenu final : public QObject {
   LearnMenu(const Partners& partners, QMenuBar& bar);
   ~LearnMenu() override;
 
-  /// 1, 2 or 3; `analysis` is that of Step 3, otherwise empty. The explanation of another analysis is closed.
-  void EnterStep(int step, std::shared_ptr<const TrussAnalysis> analysis);
+  /// 1, 2 or 3; `reasons` are those of Step 3, empty without unknown forces and in other steps. The window
+  /// with other reasons is closed.
+  void EnterStep(int step, std::shared_ptr<ExplanationOnDemand> reasons);
 
   /// The truss, its names or its place on the canvas have changed: checks that are shown are made anew, as
   /// soon as there is a moment.
@@ -65,12 +65,11 @@ class LearnMenu final : public QObject {
   void ShowChecks();
   void Check();
   void OfferHelp(QWidget& window, const char* topic);
-  int NumUnknowns() const;
 
   Partners on_;
   int step_ = 1;
-  std::shared_ptr<const TrussAnalysis> analysis_;
-  std::shared_ptr<const Explanation> explanation_;  // of that analysis, once it was asked for
+  std::shared_ptr<ExplanationOnDemand> reasons_;
+  bool whyIsWritten_ = false;  // the window shows these reasons
   std::unique_ptr<WhyWindow> why_;
   std::unique_ptr<ChecksWindow> checks_;
   KeptPlace whyPlace_, checksPlace_;

@@ -16,6 +16,7 @@
 #include "canvas/DoLabel.h"
 #include "canvas/Paper.h"
 #include "canvas/RedrawTruss.h"
+#include "explanation/RoundingText.h"
 #include "naming/CustomInputBox.h"
 #include "naming/Naming.h"
 #include "platform/qt/QtText.h"
@@ -139,6 +140,8 @@ void MainForm::cmdNext2_Click() {
   QGuiApplication::restoreOverrideCursor();
   if (!entered) return;
   shownAnalysis_ = steps_.Analysis();
+  if (shownAnalysis_ && shownAnalysis_->System.NumUnknowns() > 0)
+    reasons_ = std::make_shared<ExplanationOnDemand>(on_.Document, *shownAnalysis_);
   report_->ChooseFontSet(on_.Document.Settings.ReportFontSize);
   ShowStep();
   ShowReport(1);
@@ -156,6 +159,7 @@ void MainForm::CloseReport() {
   if (report_->isActiveWindow()) activateWindow();
   report_->hide();
   report_->Clear();
+  reasons_.reset();
   shownAnalysis_.reset();
 }
 
@@ -168,7 +172,7 @@ void MainForm::ShowStep() {
   picDraw_->SetLabelsActive(steps_.NamesAreShown());
   picDraw_->ShowDrawing();
   tool_->SetActive(step == 1 && picDraw_->isEnabled());
-  learn_->EnterStep(step, step == 3 ? shownAnalysis_ : nullptr);
+  learn_->EnterStep(step, step == 3 ? reasons_ : nullptr);
   status_.EnterStep(StepText());
   NoteDrawing(true);
   fileMenu_->Update();
@@ -223,13 +227,24 @@ void MainForm::ShowReport(int report) {
       report_->LoadGridWithEquations(*shownAnalysis_, sigFigs);
       break;
     case 3:
-      report_->LoadGridWithRREF(*shownAnalysis_, sigFigs);
+      report_->LoadGridWithRREF(*shownAnalysis_, sigFigs, Notice());
       break;
     default:
-      report_->LoadGridWithSolutions(*shownAnalysis_, sigFigs);
+      report_->LoadGridWithSolutions(*shownAnalysis_, sigFigs, Notice());
       break;
   }
   BringUpReport();
+}
+
+// What is to be said below the conclusion of the analysis that is shown.
+std::string MainForm::Notice() {
+  if (!reasons_) return {};
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  const std::string notice =
+      NoticeBelowConclusion(reasons_->Graph(), reasons_->Rounded(),
+                            {.SigFigs = on_.Document.Settings.SigFigs, .Numbers = on_.Numbers});
+  QGuiApplication::restoreOverrideCursor();
+  return notice;
 }
 
 // --- menus
@@ -256,7 +271,11 @@ void MainForm::mnuSettings_Click() {
 void MainForm::mnuFilePrint_Click() {
   if (!shownAnalysis_ || shownAnalysis_->System.NumUnknowns() == 0) return;
   const auto analysis = shownAnalysis_;
-  PrintableReportWindow window({.Subject = {on_.Document, *analysis, on_.Numbers},
+  const auto reasons = reasons_;
+  PrintableReportWindow window({.Subject = {.Document = on_.Document,
+                                            .Analysis = *analysis,
+                                            .Numbers = on_.Numbers,
+                                            .Reasons = reasons.get()},
                                 .Report = *report_,
                                 .Access = {clipboard_, clock_, on_.Messages},
                                 .Bitmap = [this] { return clipboard_.Bitmap(); },
@@ -280,6 +299,12 @@ void MainForm::OfferHelpBeside(QDialog& dialog, const char* topic) {
   dialog.setWindowModality(Qt::WindowModal);
   auto* help = new QShortcut(QKeySequence::HelpContents, &dialog);
   connect(help, &QShortcut::activated, this, [this, topic] { ShowHelp(topic); });
+}
+
+void MainForm::ShowHelpOnReport() {
+  if (!shownAnalysis_) return ShowHelpOnStep();
+  const bool isConclusion = shownReport_ >= 3;
+  ShowHelp(HelpTopicForReport(shownReport_, *shownAnalysis_, isConclusion && !Notice().empty()));
 }
 
 void MainForm::ShowHelpOnStep() { ShowHelp(HelpTopicForStep(steps_.Current(), InstructionsAreShown())); }

@@ -18,6 +18,7 @@
 #include "editing/CanvasTools.h"
 #include "editing/ToolBox.h"
 #include "editing/ToolPalette.h"
+#include "explanation/Explanation.h"
 #include "platform/NumberFormat.h"
 #include "platform/qt/QtAnimationWish.h"
 #include "platform/qt/QtClipboard.h"
@@ -104,8 +105,10 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void mnuFilePrint_Click();
   void ShowHelp(const char* topic);
   void ShowHelpOnStep();
+  void ShowHelpOnReport();
   void OfferHelpBeside(QDialog& dialog, const char* topic);
   void ShowReport(int report);
+  std::string Notice();
 
   void RenameLabel(LabelIndex label);
   void ShowJointEquations(LabelIndex label);
@@ -144,6 +147,7 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   InstructionFrame* frInstruct1_ = nullptr;
   JointEquationsPanel* jointPanel_ = nullptr;
   std::shared_ptr<const TrussAnalysis> shownAnalysis_;  // what the report window shows
+  std::shared_ptr<ExplanationOnDemand> reasons_;        // of that analysis; empty without unknown forces
   std::unique_ptr<ReportWindow> report_;
   KeptPlace reportPlace_;
   QSize printableReportSize_;  // as the user left it; invalid before

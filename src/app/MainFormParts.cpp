@@ -232,7 +232,7 @@ void MainForm::CreateReportShortcuts() {
     connect(new QShortcut(keys, report_.get()), &QShortcut::activated, this, handler);
   };
   fileMenu_->AddKeys(*report_);
-  add(QKeySequence::HelpContents, [this] { ShowHelp(HelpTopicForReport(shownReport_)); });
+  add(QKeySequence::HelpContents, [this] { ShowHelpOnReport(); });
   // The access keys of the panel, so that a reader goes from report to report, and back, without the mouse.
   for (QPushButton* button : picStep3_->findChildren<QPushButton*>()) {
     add(QKeySequence::mnemonic(button->text()), [button] { button->click(); });

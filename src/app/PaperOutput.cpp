@@ -56,7 +56,8 @@ std::string MotionPictureBytes(const MotionScene& scene, PictureFileFormat fileF
 }
 
 std::string DocumentBytes(const AnalysedFile& file, DocumentFileFormat fileFormat,
-                          const NumberFormat& numbers) {
-  const ReportSubject subject{.Document = file.Document, .Analysis = file.Analysis, .Numbers = numbers};
+                          const std::vector<ReportExtra>& with, const NumberFormat& numbers) {
+  const ReportSubject subject{
+      .Document = file.Document, .Analysis = file.Analysis, .Numbers = numbers, .With = with};
   return ReportFile(subject, fileFormat).value_or(QByteArray()).toStdString();
 }

@@ -11,6 +11,7 @@
 #include "app/FileAnalysis.h"
 #include "explanation/MotionDrawing.h"
 #include "platform/FileFormats.h"
+#include "reports/ReportExtras.h"
 
 /// The toolkit's application object, without which it has no fonts. To be made before a picture or a report,
 /// and to live until the last one is written; other work does not need it.
@@ -35,4 +36,4 @@ std::optional<std::string> PictureBytes(const AnalysedFile& file, bool named, Pi
                                         const ReportFormat& format);
 std::string MotionPictureBytes(const MotionScene& scene, PictureFileFormat fileFormat);
 std::string DocumentBytes(const AnalysedFile& file, DocumentFileFormat fileFormat,
-                          const NumberFormat& numbers);
+                          const std::vector<ReportExtra>& with, const NumberFormat& numbers);

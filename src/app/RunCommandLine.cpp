@@ -147,7 +147,8 @@ class Run {
 
   void WriteDocument(const AnalysedFile& file) {
     if (file.Analysis.System.NumUnknowns() > 0) {
-      WriteOutput(environment_.Document(file, commandLine_.DocumentFormat, environment_.Numbers));
+      WriteOutput(environment_.Document(file, commandLine_.DocumentFormat, commandLine_.DocumentWith,
+                                        environment_.Numbers));
     } else if (file.IsComplete()) {
       Complain(file.Argument, "the truss has no unknown forces, so there is no report to write");
     }

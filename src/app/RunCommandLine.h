@@ -34,8 +34,10 @@ struct CommandLineEnvironment {
   /// The bytes of a picture file with a motion.
   std::function<std::string(const MotionScene& scene, PictureFileFormat)> MotionPicture;
 
-  /// The bytes of the printable report of a file with at least one unknown force.
-  std::function<std::string(const AnalysedFile& file, DocumentFileFormat, const NumberFormat& numbers)>
+  /// The bytes of the printable report of a file with at least one unknown force, with these sections beyond
+  /// the usual ones.
+  std::function<std::string(const AnalysedFile& file, DocumentFileFormat,
+                            const std::vector<ReportExtra>& with, const NumberFormat& numbers)>
       Document;
 };
 

@@ -6,6 +6,7 @@
 
 #include "analysis/JointEquations.h"
 #include "app/ExplanationReport.h"
+#include "explanation/RoundingText.h"
 #include "reports/CountingReport.h"
 #include "text/CodePage.h"
 #include "text/ControlCharacters.h"
@@ -74,6 +75,15 @@ void WriteSolutions(std::ostream& out, const AnalysedFile& file, const ReportFor
   for (const char* line : RedundantLines) out << line << '\n';
 }
 
+// Below the conclusion, set off by a blank line; nothing where rounding has no part in it.
+void WriteNotice(std::ostream& out, ExplanationOnDemand& reasons, const ReportFormat& format) {
+  const std::string notice = RoundingNotice(reasons.Graph(), reasons.Rounded(), format);
+  if (notice.empty()) return;
+  out << '\n'
+      << Shown(notice) << '\n'
+      << "Read on with --report=why, and in the help under \"" << RoundingHelpTitle << "\".\n";
+}
+
 // Everything right of the first column and below the heading is a number or a word, and who computes with it
 // reads no en dash as a minus sign.
 std::string CsvText(const ReportTable& table, int row, int column) {
@@ -113,18 +123,28 @@ void WriteReport(std::ostream& out, const AnalysedFile& file, const WantedSectio
     first = false;
     write();
   };
+  const bool hasUnknowns = file.Analysis.System.NumUnknowns() > 0;
+  ExplanationOnDemand reasons(file.Document, file.Analysis);
+  const auto notice = [&] {
+    if (hasUnknowns) WriteNotice(out, reasons, format);
+  };
   // A truss without unknown forces has no Counting report, and one without joints no equations.
-  section(sections.Counting && file.Analysis.System.NumUnknowns() > 0,
+  section(sections.Counting && hasUnknowns,
           [&] { out << ShownInLines(ReportCounting(file.Analysis.Counted).Text()) << '\n'; });
   section(sections.Joints && file.Analysis.Counted.Joints.Size() > 0,
           [&] { WriteJointEquations(out, file, format); });
   section(sections.Equations, [&] { WriteTable(out, *LoadGridWithEquations(file.Analysis, format)); });
-  section(sections.RREF, [&] { WriteTable(out, *LoadGridWithRREF(file.Analysis, format)); });
-  section(sections.Solutions, [&] { WriteSolutions(out, file, format); });
+  section(sections.RREF, [&] {
+    WriteTable(out, *LoadGridWithRREF(file.Analysis, format));
+    notice();
+  });
+  section(sections.Solutions, [&] {
+    WriteSolutions(out, file, format);
+    notice();
+  });
   for (const ExplainedSection explained : wanted.Explained) {
     const bool isWhy = explained == ExplainedSection::Why;
-    section(isWhy && file.Analysis.System.NumUnknowns() > 0,
-            [&] { WriteWhy(out, ExplainTruss(file.Document, file.Analysis), format); });
+    section(isWhy && hasUnknowns, [&] { WriteWhy(out, reasons.Whole(), format); });
     section(!isWhy, [&] { WriteChecks(out, file, format); });
   }
 }

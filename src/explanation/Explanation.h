@@ -8,8 +8,8 @@
 #include "analysis/Analysis.h"
 #include "explanation/Advice.h"
 #include "explanation/Contradiction.h"
-#include "explanation/DrawnFigures.h"
 #include "explanation/ExactVerdict.h"
+#include "explanation/Rounding.h"
 #include "explanation/TrussGraph.h"
 
 struct Explanation {
@@ -17,20 +17,28 @@ struct Explanation {
   ExactReasons Exact;
   std::optional<ContradictionProof> Proof;  ///< when the exact outcome is Inconsistent
   std::vector<Advice> Suggestions;
-  DrawnFigures Figures;
-  Outcome Shown = Outcome::Neither;  ///< what the reduced matrix says
-
-  /// What stands on the right of the first row without coefficients, when the reduced matrix says that there
-  /// is no solution: its magnitude in force units, and as a share of the largest load. 0 otherwise.
-  double Remnant = 0;
-  double RemnantShare = 0;
-
-  /// The largest force that the reduced matrix shows by the largest component of a load; 0 without either.
-  double ShownMagnification = 0;
-
-  /// Whether the exact outcome is the one that the reduced matrix shows.
-  bool Agrees() const { return Exact.Verdict.Code() == Shown; }
+  Rounding Rounded;
 };
 
 /// Of a truss with at least one unknown force.
 Explanation ExplainTruss(const Truss& truss, const TrussAnalysis& analysis);
+
+/// The explanation of one analysis, each part worked out when it is first asked for and kept from then on:
+/// what rounding has to do with it costs as much as the analysis, and the whole up to several times that.
+class ExplanationOnDemand {
+ public:
+  /// Both must outlive it and stay as they are; there must be at least one unknown force.
+  ExplanationOnDemand(const Truss& truss, const TrussAnalysis& analysis)
+      : truss_(truss), analysis_(analysis) {}
+
+  const TrussGraph& Graph();
+  const Rounding& Rounded();
+  const Explanation& Whole();
+
+ private:
+  const Truss& truss_;
+  const TrussAnalysis& analysis_;
+  std::optional<TrussGraph> graph_;
+  std::optional<Rounding> rounded_;
+  std::optional<Explanation> whole_;
+};

@@ -1,16 +1,14 @@
 #include "explanation/ExplanationText.h"
 
 #include <algorithm>
-#include <cmath>
-#include <cstdlib>
 
 #include "explanation/Directions.h"
 #include "explanation/MotionText.h"
 #include "explanation/RigidityMatrix.h"
+#include "explanation/RoundingText.h"
 
 namespace {
 
-constexpr std::size_t MostMotions = 12;
 constexpr std::size_t MostStates = 12;
 
 std::string Motions(int count) { return Counted(count, "independent motion", "independent motions"); }
@@ -30,14 +28,12 @@ class Writer {
       : on_(explanation), graph_(explanation.Graph), verdict_(explanation.Exact.Verdict), format_(format) {}
 
   std::vector<ExplanationSection> All() {
-    Add("The kind of this truss:", KindParagraphs());
+    Add(KindHeading, KindParagraphs());
     Add("The exact verdict:", VerdictParagraphs());
-    Add("How it can move:", MotionParagraphs());
+    Add(MotionsHeading, MotionParagraphs());
     Add("Why no forces balance the loads:", ProofParagraphs());
     Add("Which forces hang together:", StressParagraphs());
     Add("What would help:", AdviceParagraphs());
-    const std::string notice = RoundingNotice(on_, format_);
-    if (!notice.empty()) Add("What rounding has to do with it:", {notice});
     return std::move(sections_);
   }
 
@@ -118,12 +114,13 @@ class Writer {
   std::vector<std::string> MotionParagraphs() const {
     std::vector<std::string> paragraphs;
     const std::vector<Motion>& motions = on_.Exact.Motions;
-    for (std::size_t i = 0; i < std::min(motions.size(), MostMotions); ++i) {
+    for (std::size_t i = 0; i < std::min(motions.size(), MostMotionsTold); ++i) {
       paragraphs.push_back("Motion " + std::to_string(i + 1) + ".  " +
                            MotionText(graph_, motions[i], format_));
     }
-    if (motions.size() > MostMotions) {
-      paragraphs.push_back("There are " + std::to_string(motions.size() - MostMotions) + " further motions.");
+    if (motions.size() > MostMotionsTold) {
+      paragraphs.push_back("There are " + std::to_string(motions.size() - MostMotionsTold) +
+                           " further motions.");
     }
     return paragraphs;
   }
@@ -139,7 +136,7 @@ class Writer {
     std::vector<std::string> paragraphs = {
         "These equations, each times its factor, add up to 0 on the left and to " + Number(proof.Sum) +
         " on the right: " + ListOf(terms, 24) + ".  So they contradict each other, whatever the forces are."};
-    if (proof.Equations.size() <= 8) paragraphs.push_back(WrittenOut(proof));
+    if (proof.Equations.size() <= 8) WriteOut(proof, paragraphs);
     paragraphs.push_back(
         "In words of mechanics: on motion " + std::to_string(proof.MotionNumber) +
         " no member changes its length and no support gives way, so their forces do no work; but "
@@ -152,9 +149,9 @@ class Writer {
     return paragraphs;
   }
 
-  // The equations of the proof with force densities as unknowns.
-  std::string WrittenOut(const ContradictionProof& proof) const {
-    std::string text = "Written with force densities:";
+  // The equations of the proof with force densities as unknowns, one below the other.
+  void WriteOut(const ContradictionProof& proof, std::vector<std::string>& paragraphs) const {
+    paragraphs.emplace_back("Written with force densities:");
     const std::vector<double> loads = LoadVector(graph_);
     for (const WeightedEquation& equation : proof.Equations) {
       std::vector<std::string> terms;
@@ -162,11 +159,10 @@ class Writer {
       std::string left;
       for (const std::string& term : terms) left += (left.empty() ? "" : " + ") + term;
       const double load = loads[static_cast<std::size_t>(ColumnOf(equation.Joint, equation.Along))];
-      text += "  " + EquationName(graph_, equation.Joint, equation.Along) + ":  " +
-              (left.empty() ? "0" : left) + " = " + Number(load == 0 ? 0 : -load) + ",  times " +
-              Number(equation.Factor) + ".";
+      paragraphs.push_back(EquationName(graph_, equation.Joint, equation.Along) + ":  " +
+                           (left.empty() ? "0" : left) + " = " + Number(load == 0 ? 0 : -load) + ",  times " +
+                           Number(equation.Factor));
     }
-    return text;
   }
 
   void AddTerm(const WeightedEquation& equation, int k, std::vector<std::string>& terms) const {
@@ -244,25 +240,6 @@ class Writer {
   std::vector<ExplanationSection> sections_;
 };
 
-const char* OutcomeText(Outcome outcome) {
-  switch (outcome) {
-    case Outcome::Neither:
-      return "the equations neither contradict nor repeat each other";
-    case Outcome::Redundant:
-      return "the system is redundant: these loads are in balance";
-    case Outcome::Inconsistent:
-      break;
-  }
-  return "the system has no solution";
-}
-
-std::string MagnitudeText(double share) {
-  const double power = std::pow(10.0, std::round(std::log10(share)));
-  ReportFormat plain;
-  plain.SigFigs = 1;
-  return FormatSigFigs(power, plain);
-}
-
 }  // namespace
 
 TrussKinds KindOf(const ExactVerdict& verdict) {
@@ -295,52 +272,13 @@ std::vector<std::string> KindTable(const ExactVerdict& verdict) {
   return lines;
 }
 
-std::vector<ExplanationSection> ExplanationText(const Explanation& explanation, const ReportFormat& format) {
+std::vector<ExplanationSection> Reasons(const Explanation& explanation, const ReportFormat& format) {
   return Writer(explanation, format).All();
 }
 
-std::string RoundingNotice(const Explanation& explanation, const ReportFormat& format) {
-  const ExactVerdict& verdict = explanation.Exact.Verdict;
-  std::vector<std::string> sentences;
-  if (!explanation.Agrees()) {
-    std::string text =
-        std::string("Exactly, ") + OutcomeText(verdict.Code()) +
-        ".  The reduced matrix says otherwise because directions are rounded to single precision";
-    if (explanation.Remnant > 0) {
-      text += ": " + FormatSigFigs(explanation.Remnant, format) +
-              " on the right of a row without coefficients is a "
-              "remnant of rounding, about " +
-              MagnitudeText(explanation.RemnantShare) + " of the largest load";
-    }
-    sentences.push_back(text + ".");
-    if (explanation.ShownMagnification > NearlyAMechanism) {
-      sentences.push_back("The forces that it shows, up to " +
-                          FormatSigFigs(explanation.ShownMagnification, format) +
-                          " times the largest load, come from dividing by a remnant of rounding.");
-    }
-  }
-  if (explanation.Figures.Within != verdict.Code()) {
-    sentences.push_back(
-        std::string("Within the figures of the drawing, where a millionth counts as nothing, ") +
-        OutcomeText(explanation.Figures.Within) +
-        ".  The exact verdict is about the numbers as they are written; coordinates or loads that "
-        "were rounded to seven figures meet a condition only as nearly as that.");
-  }
-  if (explanation.Figures.NearlyFree) {
-    sentences.push_back("The truss is nearly a mechanism: its largest force is " +
-                        FormatSigFigs(explanation.Figures.Magnification, format) +
-                        " times the largest load.  Nearly free is this motion: " +
-                        MotionText(explanation.Graph, *explanation.Figures.NearlyFree, format));
-  }
-  const std::optional<int>& sure = explanation.Figures.CertainFigures;
-  if (sure && *sure < 4) {
-    sentences.push_back(*sure == 0
-                            ? "No figure of the forces is sure."
-                            : "Only the first " + Counted(*sure, "figure", "figures") +
-                                  " of the largest forces are sure; the others depend on how directions are "
-                                  "rounded.");
-  }
-  std::string notice;
-  for (const std::string& sentence : sentences) notice += (notice.empty() ? "" : "  ") + sentence;
-  return notice;
+std::vector<ExplanationSection> ExplanationText(const Explanation& explanation, const ReportFormat& format) {
+  std::vector<ExplanationSection> sections = Reasons(explanation, format);
+  const std::string notice = RoundingNotice(explanation.Graph, explanation.Rounded, format);
+  if (!notice.empty()) sections.push_back({RoundingHeading, {notice}});
+  return sections;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,13 @@ struct ExplanationSection {
   std::string Heading;
   std::vector<std::string> Paragraphs;
 };
+
+inline constexpr const char* KindHeading = "The kind of this truss:";
+inline constexpr const char* MotionsHeading = "How it can move:";
+
+/// Under MotionsHeading each of the first motions has a paragraph of its own, in their order; of more than
+/// these it is only said how many there are.
+inline constexpr std::size_t MostMotionsTold = 12;
 
 /// The four kinds of trusses: whether there are motions, and whether there is self-stress.
 struct TrussKinds {
@@ -30,11 +38,9 @@ TrussKinds KindOf(const ExactVerdict& verdict);
 /// The table of kinds, line by line in columns; this truss's kind is marked.
 std::vector<std::string> KindTable(const ExactVerdict& verdict);
 
-/// All sections that have something to say, in their order. The first is about the kind of the truss; the
+/// The sections that have something to say, in their order. The first is about the kind of the truss; the
 /// table of kinds stands below its heading.
-std::vector<ExplanationSection> ExplanationText(const Explanation& explanation, const ReportFormat& format);
+std::vector<ExplanationSection> Reasons(const Explanation& explanation, const ReportFormat& format);
 
-/// What to say below the conclusion of the RREF and Solutions reports where rounding has a part in it: the
-/// exact outcome differs, or the reading within the drawing's figures does, or the truss is nearly a
-/// mechanism. Empty when there is nothing to say.
-std::string RoundingNotice(const Explanation& explanation, const ReportFormat& format);
+/// The same, and last what rounding has to do with it.
+std::vector<ExplanationSection> ExplanationText(const Explanation& explanation, const ReportFormat& format);

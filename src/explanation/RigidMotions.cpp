@@ -18,6 +18,12 @@ void Meet(Line& line, float at) {
   line.At = at;
 }
 
+// How far a coordinate lies beyond the middle of two others, all as they are written: the doubles of singles
+// would leave a ten millionth of a lengthening in the members.
+double FromMiddle(float at, float a, float b) {
+  return (WrittenDifference(at, a) + WrittenDifference(at, b)) / 2;
+}
+
 double Middle(float a, float b) { return a == b ? double{a} : WrittenDifference(a, -b) / 2; }
 
 // The turning centre: on the reactions' lines, and in the middle of the drawing where these leave it open.
@@ -66,10 +72,8 @@ std::vector<double> Displacements(const RigidMotion& motion, const TrussGraph& g
     const PlacedJoint& joint = graph.Joints[j];
     double& dx = displacements[static_cast<std::size_t>(ColumnOf(j, Axis::X))];
     double& dy = displacements[static_cast<std::size_t>(ColumnOf(j, Axis::Y))];
-    dx = motion.Turns ? motion.CentreY - double{joint.Y} : motion.Ux;
-    dy = motion.Turns ? double{joint.X} - motion.CentreX : motion.Uy;
-    if (motion.Turns && motion.CentreX1 == motion.CentreX2) dy = WrittenDifference(joint.X, motion.CentreX1);
-    if (motion.Turns && motion.CentreY1 == motion.CentreY2) dx = WrittenDifference(motion.CentreY1, joint.Y);
+    dx = motion.Turns ? -FromMiddle(joint.Y, motion.CentreY1, motion.CentreY2) : motion.Ux;
+    dy = motion.Turns ? FromMiddle(joint.X, motion.CentreX1, motion.CentreX2) : motion.Uy;
   }
   return displacements;
 }

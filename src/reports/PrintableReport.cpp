@@ -10,6 +10,7 @@
 
 #include "analysis/Classification.h"
 #include "analysis/JointEquations.h"
+#include "explanation/RoundingText.h"
 #include "reports/CountingReport.h"
 #include "reports/DescribePicture.h"
 #include "reports/RTBTable.h"
@@ -26,6 +27,7 @@ constexpr int BreaksBeforeText = 2;
 constexpr double WorkOfPicture = 5000;
 constexpr double WorkOfMemberInPicture = 50;
 constexpr double WorkOfJoint = 40;
+constexpr double PicturesOfExtra = 4;  // an extra section takes about as long as so many pictures
 
 Truss WithPrintableNames(Truss truss) {
   for (NameLabel& label : truss.Labels.First(truss.NumLabels)) {
@@ -54,6 +56,7 @@ class ReportBuilder {
       : truss_(WithPrintableNames(truss)),
         counted_(WithPrintableNames(analysis.Counted)),
         outcome_(analysis.Reading.Code),
+        hasUnknowns_(analysis.System.NumUnknowns() > 0),
         context_(context),
         report_{context.Document, truss.Settings.ReportFontSize},
         format_{truss.Settings.SigFigs, context.Numbers},
@@ -61,7 +64,9 @@ class ReportBuilder {
         rref_(LoadGridWithRREF(analysis, format_)),
         solutions_(LoadGridWithSolutions(analysis, format_)),
         wholeWork_(2 * WorkOfOnePicture() + WorkOfJoint * counted_.Joints.Size() + WorkOf(*equations_) +
-                   WorkOf(*rref_) + WorkOf(*solutions_)) {}
+                   WorkOf(*rref_) + WorkOf(*solutions_) +
+                   static_cast<double>(context.With.size()) * WorkOfExtra()),
+        reasons_(truss, analysis) {}
 
   BuiltReport Build() {
     if (!AppendAll()) return BuiltReport::Ended;
@@ -79,7 +84,10 @@ class ReportBuilder {
     AppendHeading("The augmented matrix in RREF form:");
     if (!AppendTable(*rref_, TableKind::HeaderRow)) return false;
     AppendHeading("The solution:");
-    return AppendSolution();
+    if (!AppendSolution()) return false;
+    if (!hasUnknowns_) return true;
+    AppendNotice();
+    return std::ranges::all_of(context_.With, [this](ReportExtra extra) { return AppendExtra(extra); });
   }
 
   void AppendTitle() {
@@ -162,6 +170,31 @@ class ReportBuilder {
     return true;
   }
 
+  ExplanationOnDemand& Reasons() { return context_.Reasons != nullptr ? *context_.Reasons : reasons_; }
+
+  void AppendNotice() {
+    std::string notice = NoticeBelowConclusion(Reasons().Graph(), Reasons().Rounded(), format_);
+    if (notice.empty()) return;
+    std::erase_if(notice, IsControl);
+    AppendText(ToUtf8(notice));
+  }
+
+  bool AppendExtra(ReportExtra extra) {
+    const AppendedExtra appended = KindOf(extra).Append(
+        {.Report = report_,
+         .Format = format_,
+         .Document = truss_,
+         .Reasons = Reasons(),
+         .Clipboard = context_.Clipboard,
+         .Measure = context_.Measure,
+         .TableRoom = context_.TableRoom,
+         .Progress = [this](double part) { return GoesOn(workDone_ + part * WorkOfExtra()); }});
+    if (appended == AppendedExtra::LacksAPicture) hasAllPictures_ = false;
+    return appended != AppendedExtra::Ended && HasDone(WorkOfExtra());
+  }
+
+  double WorkOfExtra() const { return PicturesOfExtra * WorkOfOnePicture(); }
+
   double WorkOfOnePicture() const { return WorkOfPicture + WorkOfMemberInPicture * truss_.NumMembers; }
 
   bool GoesOn(double workDone) const {
@@ -176,11 +209,13 @@ class ReportBuilder {
   const Truss truss_;
   const CountedTruss counted_;
   const Outcome outcome_;
+  const bool hasUnknowns_;
   const PrintableReportContext& context_;
   const ReportText report_;
   const ReportFormat format_;
   const std::unique_ptr<ReportTable> equations_, rref_, solutions_;
   const double wholeWork_;
+  ExplanationOnDemand reasons_;
   double workDone_ = 0;
   bool hasAllPictures_ = true;
 };

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 #include "analysis/Analysis.h"
 #include "analysis/FormatSigFigs.h"
@@ -10,6 +11,7 @@
 #include "platform/RichText.h"
 #include "platform/TextMeasure.h"
 #include "reports/RTBPicture.h"
+#include "reports/ReportExtras.h"
 
 /// Told of the work that is done, in parts of the whole (0 .. 1, never less than before, 1 when all is done):
 /// after each picture, each joint and each row of a table, and while tables are measured. Returns false when
@@ -23,6 +25,8 @@ struct PrintableReportContext {
   NumberFormat Numbers;
   float TableRoom = 0;  ///< width of the paper's text in points, for the tables; 0: they may be of any width
   ReportProgress Progress;
+  std::vector<ReportExtra> With{};         ///< sections behind the solution, in this order
+  ExplanationOnDemand* Reasons = nullptr;  ///< of this analysis; null: it is worked out here
 };
 
 enum class BuiltReport {
@@ -31,7 +35,8 @@ enum class BuiltReport {
   Whole
 };
 
-/// Appends the report of a truss as SolveTruss left it, in the report font size of its settings. A name stays
-/// on its line: control characters in it are blanks.
+/// Appends the report of a truss as SolveTruss left it, in the report font size of its settings. Where
+/// rounding has a part in the conclusion a paragraph below it says so. A name stays on its line:
+/// control characters in it are blanks.
 BuiltReport BuildPrintableReport(const Truss& truss, const TrussAnalysis& analysis,
                                  const PrintableReportContext& context);

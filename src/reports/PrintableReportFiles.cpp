@@ -56,7 +56,9 @@ BuiltReport BuildReport(const ReportSubject& subject, RichText& document, const 
                                .Measure = measureText,
                                .Numbers = subject.Numbers,
                                .TableRoom = tableRoom,
-                               .Progress = progress});
+                               .Progress = progress,
+                               .With = subject.With,
+                               .Reasons = subject.Reasons});
 }
 
 std::optional<QByteArray> PdfFile(const ReportSubject& subject, const ReportProgress& progress) {

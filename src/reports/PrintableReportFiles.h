@@ -9,15 +9,18 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/FileFormats.h"
 #include "reports/PrintableReport.h"
 
-/// What is reported on. Both must outlive the calls.
+/// What is reported on, and with which sections beyond the usual ones. All of it must outlive the calls.
 struct ReportSubject {
   const Truss& Document;
   const TrussAnalysis& Analysis;
   NumberFormat Numbers;
+  std::vector<ReportExtra> With{};
+  ExplanationOnDemand* Reasons = nullptr;  ///< as in PrintableReportContext
 };
 
 struct ReportDocument {

@@ -2,6 +2,7 @@
 #include "reports/PrintableReportWindow.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -20,6 +21,7 @@
 #include "document/DocumentLifecycle.h"
 #include "document/FileBytes.h"
 #include "document/FileWriting.h"
+#include "explanation/RoundingText.h"
 #include "platform/Page.h"
 #include "platform/qt/DocumentFiles.h"
 #include "platform/qt/FittedText.h"
@@ -45,6 +47,7 @@ constexpr int HalfGap = 20;       // from the centre to Copy and to Close
 constexpr int ButtonWidth = 73;   // Copy and Close
 constexpr int ButtonHeight = 36;  // at most, so that a margin stays below the buttons
 constexpr int ButtonGap = 8;
+constexpr int CheckBoxWidth = 120;  // at most
 constexpr int SmallestHeight = 200;
 constexpr QSize StartSize(720, 620);
 constexpr QSize PreviewSize(900, 720);
@@ -86,6 +89,12 @@ void PreparePaper(QPrinter& printer, const std::string& fileName) {
 // The preview records pages as pictures.
 bool IsPreview(const QPrinter& printer) { return printer.paintEngine()->type() == QPaintEngine::Picture; }
 
+QSize LargestOf(const std::vector<QCheckBox*>& boxes) {
+  QSize largest(0, 0);
+  for (const QCheckBox* box : boxes) largest = largest.expandedTo(box->sizeHint());
+  return largest;
+}
+
 }  // namespace
 
 PrintableReportWindow::PrintableReportWindow(Partners partners, QWidget* parent)
@@ -95,6 +104,7 @@ PrintableReportWindow::PrintableReportWindow(Partners partners, QWidget* parent)
   setWindowTitle(QStringLiteral("Printable report"));
   MakeTextBox();
   MakeButtons();
+  MakeCheckBoxes();
   MakeActions();
   FitButtons();
   FixSmallestSize();
@@ -132,11 +142,25 @@ void PrintableReportWindow::MakeButtons() {
   connect(cmdCopyToClipboard, &QPushButton::clicked, this, &PrintableReportWindow::cmdCopyToClipboard_Click);
   connect(cmdReportClose, &QPushButton::clicked, this, &QDialog::reject);
   connect(cmdReportSaveAs, &QPushButton::clicked, this, &PrintableReportWindow::cmdReportSaveAs_Click);
-  QWidget* last = RichTextBox1;
-  for (QPushButton* button : {cmdReportPrint, cmdCopyToClipboard, cmdReportClose, cmdReportSaveAs}) {
-    setTabOrder(last, button);
-    last = button;
+}
+
+// What the document has beyond the usual sections; nothing at first.
+void PrintableReportWindow::MakeCheckBoxes() {
+  for (const ReportExtraKind& kind : AllReportExtras) {
+    auto* box = new QCheckBox(QString::fromUtf8(kind.Caption), this);
+    box->setObjectName(QStringLiteral("chkReportWith(%1)").arg(chkReportWith.size() + 1));
+    box->setToolTip(QString::fromUtf8(kind.ToolTip));
+    connect(box, &QCheckBox::toggled, this, &PrintableReportWindow::ChooseExtras);
+    chkReportWith.push_back(box);
   }
+  QWidget* last = RichTextBox1;
+  const auto goOnTo = [&last](QWidget* next) {
+    setTabOrder(last, next);
+    last = next;
+  };
+  goOnTo(cmdReportPrint);
+  for (QCheckBox* box : chkReportWith) goOnTo(box);
+  for (QPushButton* button : {cmdCopyToClipboard, cmdReportClose, cmdReportSaveAs}) goOnTo(button);
 }
 
 void PrintableReportWindow::MakeActions() {
@@ -160,11 +184,26 @@ void PrintableReportWindow::FitButtons() {
   for (QPushButton* button : fixed) button->resize(ButtonWidth, ButtonHeight);
   FitCaptions(fixed, font());
   for (QPushButton* button : {cmdReportPrint, cmdReportSaveAs}) button->setFont(fixed.front()->font());
+  FitCheckBoxes();
+}
+
+// All in one font, in which they stand one below the other beside a button.
+void PrintableReportWindow::FitCheckBoxes() {
+  const QSize room(CheckBoxWidth, ButtonHeight / static_cast<int>(chkReportWith.size()));
+  const QFont fitting = LargestFont(font(), [&](const QFont& font) {
+    return std::ranges::all_of(chkReportWith, [&](QCheckBox* box) {
+      box->setFont(font);
+      const QSize needed = box->sizeHint();
+      return needed.width() <= room.width() && needed.height() <= room.height();
+    });
+  });
+  for (QCheckBox* box : chkReportWith) box->setFont(fitting);
 }
 
 void PrintableReportWindow::FixSmallestSize() {
   const int beside = std::max(cmdReportPrint->sizeHint().width(), cmdReportSaveAs->sizeHint().width());
-  const int half = HalfGap + ButtonWidth + ButtonGap + beside + BesideDocument - DocumentLeft;
+  const int boxes = ButtonGap + LargestOf(chkReportWith).width();
+  const int half = HalfGap + ButtonWidth + ButtonGap + boxes + beside + BesideDocument - DocumentLeft;
   setMinimumSize(2 * half, SmallestHeight);
 }
 
@@ -180,6 +219,14 @@ void PrintableReportWindow::LayOut() {
   cmdCopyToClipboard->setGeometry(middle - HalfGap - ButtonWidth, top, ButtonWidth, height);
   cmdReportClose->setGeometry(middle + HalfGap, top, ButtonWidth, height);
   cmdReportSaveAs->setGeometry(DocumentLeft + document.width() - saveAsWidth, top, saveAsWidth, height);
+  // Beside Print, one below the other.
+  const QSize boxSize = LargestOf(chkReportWith);
+  const int boxesHeight = boxSize.height() * static_cast<int>(chkReportWith.size());
+  QRect box(QPoint(DocumentLeft + printWidth + ButtonGap, top + (height - boxesHeight) / 2), boxSize);
+  for (QCheckBox* checkBox : chkReportWith) {
+    checkBox->setGeometry(box);
+    box.translate(0, boxSize.height());
+  }
 }
 
 // --- window events
@@ -219,7 +266,16 @@ bool PrintableReportWindow::eventFilter(QObject* watched, QEvent* event) {
 
 PrintableReportWindow::Basis PrintableReportWindow::Present() const {
   const Truss& truss = on_.Subject.Document;
-  return {.FileName = truss.FileName, .Settings = truss.Settings, .View = truss.View};
+  return {
+      .FileName = truss.FileName, .Settings = truss.Settings, .View = truss.View, .With = on_.Subject.With};
+}
+
+void PrintableReportWindow::ChooseExtras() {
+  on_.Subject.With.clear();
+  for (std::size_t i = 0; i < chkReportWith.size(); ++i) {
+    if (chkReportWith[i]->isChecked()) on_.Subject.With.push_back(AllReportExtras[i].Extra);
+  }
+  BuildLater();
 }
 
 // Not at once: the window is still being shown, and could not be closed by a build that is cancelled.
@@ -245,8 +301,15 @@ void PrintableReportWindow::Build() {
   ShowDocument(std::move(report.Text));
   lacksAPicture_ = report.State == BuiltReport::LacksAPicture;
   regainsActivation_ = lacksAPicture_ && !isActiveWindow();
-  on_.Report.LoadGridWithSolutions(on_.Subject.Analysis, on_.Subject.Document.Settings.SigFigs);
+  on_.Report.LoadGridWithSolutions(on_.Subject.Analysis, on_.Subject.Document.Settings.SigFigs, Notice());
   built_ = basis;
+}
+
+std::string PrintableReportWindow::Notice() const {
+  if (on_.Subject.Reasons == nullptr) return {};
+  return NoticeBelowConclusion(
+      on_.Subject.Reasons->Graph(), on_.Subject.Reasons->Rounded(),
+      {.SigFigs = on_.Subject.Document.Settings.SigFigs, .Numbers = on_.Subject.Numbers});
 }
 
 void PrintableReportWindow::ShowDocument(std::unique_ptr<QTextDocument> document) {

@@ -6,10 +6,12 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/FileChooser.h"
 #include "reports/PrintableReportFiles.h"
 
+class QCheckBox;
 class QPrinter;
 class QPushButton;
 class QTextEdit;
@@ -25,8 +27,8 @@ class PrintableReportWindow final : public QDialog {
  public:
   /// All of it must outlive the window.
   struct Partners {
-    ReportSubject Subject;
-    ReportWindow& Report;  ///< shows the solutions once the document is built
+    ReportSubject Subject;  ///< what it is reported with is chosen in the window
+    ReportWindow& Report;   ///< shows the solutions once the document is built
     ClipboardAccess Access;
     std::function<QImage()> Bitmap;  ///< what the clipboard holds; null when it holds none
     FileChooser& Chooser;
@@ -54,6 +56,7 @@ class PrintableReportWindow final : public QDialog {
     std::string FileName;
     DocumentSettings Settings;
     DerivedView View;
+    std::vector<ReportExtra> With;
 
     friend bool operator==(const Basis&, const Basis&) = default;
   };
@@ -61,13 +64,16 @@ class PrintableReportWindow final : public QDialog {
   void MakeTextBox();
   void MakeButtons();
   void MakeActions();
+  void MakeCheckBoxes();
   void FitButtons();
+  void FitCheckBoxes();
   void FixSmallestSize();
   void LayOut();
 
   Basis Present() const;
   void BuildLater();
   void Build();
+  std::string Notice() const;
   void ShowDocument(std::unique_ptr<QTextDocument> document);
 
   void cmdCopyToClipboard_Click();
@@ -75,6 +81,7 @@ class PrintableReportWindow final : public QDialog {
   void cmdReportSaveAs_Click();
   bool PrintOn(QPrinter& printer);
   void SaveAs(const std::string& path, DocumentFileFormat format);
+  void ChooseExtras();
 
   Partners on_;
   std::optional<Basis> built_;
@@ -88,4 +95,5 @@ class PrintableReportWindow final : public QDialog {
   QPushButton* cmdCopyToClipboard = nullptr;
   QPushButton* cmdReportClose = nullptr;
   QPushButton* cmdReportSaveAs = nullptr;
+  std::vector<QCheckBox*> chkReportWith;  // one for each of AllReportExtras
 };

@@ -76,6 +76,10 @@ struct Block {
   int FirstColumn, LastColumn;
 };
 
+int CharactersIn(float roomPoints, float points) {
+  return static_cast<int>(std::floor(double{roomPoints} / (MonospacedAdvance * double{points})));
+}
+
 class TableWriter {
  public:
   TableWriter(const ReportTable& table, const ReportText& report, TableKind kind,
@@ -90,7 +94,7 @@ class TableWriter {
   bool Write(float roomPoints) {
     if (numColumns_ == 0) return true;
     if (!MeasureColumns()) return false;
-    const float points = FittingPoints(roomPoints);
+    const float points = TablePoints(WidthOfWholeRow(), report_.Points, roomPoints);
     cell_ = CharacterFormat{.Family = FontFamily::Monospaced, .Points = points};
     const std::vector<Block> blocks = BlocksFor(roomPoints, points);
     rowsToWrite_ = static_cast<double>(table_.NumRows()) * static_cast<double>(blocks.size());
@@ -131,21 +135,6 @@ class TableWriter {
     int width = (numColumns_ - 1) * BlanksBetweenColumns;
     for (const int column : widths_) width += column;
     return width;
-  }
-
-  static int CharactersIn(float roomPoints, float points) {
-    return static_cast<int>(std::floor(double{roomPoints} / (MonospacedAdvance * double{points})));
-  }
-
-  // The report's size, or the largest one below it at which a whole row fits, or the smallest of all.
-  float FittingPoints(float roomPoints) const {
-    if (roomPoints <= 0) return report_.Points;
-    const int width = WidthOfWholeRow();
-    float points = report_.Points;
-    while (points > SmallestTablePoints && CharactersIn(roomPoints, points) < width) {
-      points = std::max(points - 0.5F, SmallestTablePoints);
-    }
-    return points;
   }
 
   std::vector<Block> BlocksFor(float roomPoints, float points) const {
@@ -237,6 +226,14 @@ void FillUp(std::string& text, int width) {
   } else {
     text.resize(length, ' ');
   }
+}
+
+float TablePoints(int characters, float points, float roomPoints) {
+  if (roomPoints <= 0) return points;
+  while (points > SmallestTablePoints && CharactersIn(roomPoints, points) < characters) {
+    points = std::max(points - 0.5F, SmallestTablePoints);
+  }
+  return points;
 }
 
 bool RTBTable(const ReportTable& table, const ReportText& report, TableKind kind, float roomPoints,

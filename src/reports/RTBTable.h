@@ -30,6 +30,10 @@ void StripBlanks(std::string& text);
 /// an exponent or none) is padded on its left; everything else is a name and padded on its right.
 void FillUp(std::string& text, int width);
 
+/// The size of the letters of a row of so many characters: `points`, or what is needed to get the row into
+/// `roomPoints` (0: any width), in steps of half a point, but not less than SmallestTablePoints.
+float TablePoints(int characters, float points, float roomPoints);
+
 /// Told, while widths are measured and for each row that was written, which part of the table is done (0 ..
 /// 1, never less than before); returns false when the user wants no more.
 using TableProgress = std::function<bool(double done)>;

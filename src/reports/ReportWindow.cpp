@@ -22,11 +22,26 @@ constexpr int GridTop = 44;
 constexpr int HeadingTop = 12;
 constexpr int TextBoxMargin = 8;
 constexpr int RedundantLinesOffset = 60;  // below the height of the grid, from the top of the window
+constexpr int NoticeMargin = 6;           // of its text
+constexpr double LargestNotice = 0.4;     // of the window's height; beyond that the notice is scrolled
 
 QString RedundantConclusion() {
   QStringList lines;
   for (const char* line : RedundantLines) lines.append(QString::fromLatin1(line));
   return lines.join(QLatin1Char('\n'));
+}
+
+// Text to be read, selected and copied, with the mouse and with the keyboard.
+QPlainTextEdit* ReadOnlyText(const QString& name, const QString& accessibleName, int margin,
+                             QWidget* parent) {
+  auto* text = new QPlainTextEdit(parent);
+  text->setObjectName(name);
+  text->setAccessibleName(accessibleName);
+  text->setReadOnly(true);
+  text->setTabChangesFocus(true);
+  text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  text->document()->setDocumentMargin(margin);
+  return text;
 }
 
 QLabel* PlainLabel(const QString& name, QWidget* parent) {
@@ -41,21 +56,16 @@ QLabel* PlainLabel(const QString& name, QWidget* parent) {
 ReportWindow::ReportWindow(NumberFormat numbers, QWidget* parent)
     : QWidget(parent, Qt::Window),
       numbers_(std::move(numbers)),
-      txtReport1_(new QPlainTextEdit(this)),
+      txtReport1_(ReadOnlyText(QStringLiteral("txtReport1"), QStringLiteral("Report text"), 10, this)),
       label17_(PlainLabel(QStringLiteral("Label17"), this)),
       eqnGrid_(new ReportGrid(this)),
-      redundantLines_(PlainLabel(QStringLiteral("lblRedundant"), this)) {
+      redundantLines_(PlainLabel(QStringLiteral("lblRedundant"), this)),
+      txtNotice_(ReadOnlyText(QStringLiteral("txtNotice"), QStringLiteral("Below the conclusion"),
+                              NoticeMargin, this)) {
   setObjectName(QStringLiteral("Report"));
   setWindowTitle(QStringLiteral("Report"));
   setMinimumSize(320, 200);
   resize(760, 540);
-
-  txtReport1_->setObjectName(QStringLiteral("txtReport1"));
-  txtReport1_->setReadOnly(true);
-  txtReport1_->setTabChangesFocus(true);
-  txtReport1_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  txtReport1_->setAccessibleName(QStringLiteral("Report text"));
-  txtReport1_->document()->setDocumentMargin(10);
 
   eqnGrid_->setObjectName(QStringLiteral("EqnGrid"));
   eqnGrid_->setToolTip(
@@ -79,6 +89,7 @@ void ReportWindow::ChooseFontSet(float pointSize) {
   font.setPointSizeF(static_cast<double>(pointSize) * 96 / std::max(1, logicalDpiY()));
   setFont(font);
   txtReport1_->setFont(font);
+  txtNotice_->setFont(font);
   eqnGrid_->setFont(font);
   eqnGrid_->SetRowHeight(RowHeight());
   LayOut();
@@ -100,11 +111,13 @@ void ReportWindow::LoadGridWithEquations(const TrussAnalysis& analysis, int sigF
   ShowTable(::LoadGridWithEquations(analysis, Format(sigFigs)), 0, false);
 }
 
-void ReportWindow::LoadGridWithRREF(const TrussAnalysis& analysis, int sigFigs) {
+void ReportWindow::LoadGridWithRREF(const TrussAnalysis& analysis, int sigFigs, const std::string& notice) {
   ShowTable(::LoadGridWithRREF(analysis, Format(sigFigs)), 0, false);
+  ShowNotice(notice);
 }
 
-Outcome ReportWindow::LoadGridWithSolutions(const TrussAnalysis& analysis, int sigFigs) {
+Outcome ReportWindow::LoadGridWithSolutions(const TrussAnalysis& analysis, int sigFigs,
+                                            const std::string& notice) {
   const Outcome outcome = analysis.Reading.Code;
   std::unique_ptr<ReportTable> table = ::LoadGridWithSolutions(analysis, Format(sigFigs));
   if (outcome == Outcome::Inconsistent) {
@@ -113,6 +126,7 @@ Outcome ReportWindow::LoadGridWithSolutions(const TrussAnalysis& analysis, int s
   } else {
     ShowTable(std::move(table), 3, outcome == Outcome::Redundant);
   }
+  ShowNotice(notice);
   return outcome;
 }
 
@@ -124,6 +138,7 @@ void ReportWindow::ShowText(const QString& text) {
   txtReport1_->setPlainText(text);
   txtReport1_->show();
   setFocusProxy(txtReport1_);
+  ShowNotice({});
 }
 
 void ReportWindow::ShowTable(std::unique_ptr<ReportTable> table, int extraRowHeight, bool redundant) {
@@ -139,6 +154,12 @@ void ReportWindow::ShowTable(std::unique_ptr<ReportTable> table, int extraRowHei
   label17_->show();
   eqnGrid_->show();
   setFocusProxy(eqnGrid_);
+  ShowNotice({});
+}
+
+void ReportWindow::ShowNotice(const std::string& notice) {
+  txtNotice_->setPlainText(ToQt(notice));
+  txtNotice_->setVisible(!notice.empty());
   LayOut();
 }
 
@@ -165,15 +186,40 @@ void ReportWindow::changeEvent(QEvent* event) {
   if (event->type() == QEvent::WindowStateChange) LayOut();
 }
 
+// What the notice leaves of the window. Without a notice it is all of it.
+QRect ReportWindow::Page() const {
+  return txtNotice_->isHidden() ? rect() : rect().adjusted(0, 0, 0, -NoticeHeight() - TextBoxMargin);
+}
+
+// What its text takes at the window's width. The box reckons in lines, and needs a little air for the last
+// one.
+int ReportWindow::NoticeNeeds() const {
+  const int beside = 2 * (TextBoxMargin + NoticeMargin + txtNotice_->frameWidth());
+  const QRect room(0, 0, std::max(1, width() - beside), 1 << 20);
+  const QFontMetrics letters(txtNotice_->font());
+  return letters.boundingRect(room, Qt::TextWordWrap, txtNotice_->toPlainText()).height() +
+         letters.height() / 2 + 2 * (NoticeMargin + txtNotice_->frameWidth());
+}
+
+int ReportWindow::NoticeHeight() const {
+  return std::min(NoticeNeeds(), static_cast<int>(LargestNotice * height()));
+}
+
 void ReportWindow::LayOut() {
   if (isMinimized()) return;
-  txtReport1_->setGeometry(TextBoxMargin, TextBoxMargin, std::max(0, width() - 16),
-                           std::max(0, height() - 16));
+  const QRect page = Page();
+  txtReport1_->setGeometry(TextBoxMargin, TextBoxMargin, std::max(0, page.width() - 16),
+                           std::max(0, page.height() - 16));
+  txtNotice_->setGeometry(TextBoxMargin, page.height(), std::max(0, width() - 16),
+                          std::max(0, height() - page.height() - TextBoxMargin));
+  txtNotice_->setVerticalScrollBarPolicy(NoticeHeight() < NoticeNeeds() ? Qt::ScrollBarAsNeeded
+                                                                        : Qt::ScrollBarAlwaysOff);
+  txtNotice_->ensureCursorVisible();  // which is at its beginning, where nobody has moved it
   PlaceHeading();
   const QSizeF natural = eqnGrid_->NaturalSize();
   eqnGrid_->move(GridLeft, GridTop);
   eqnGrid_->Fit(LimitGridSize(static_cast<float>(natural.width()), static_cast<float>(natural.height()),
-                              static_cast<float>(width() - 32), static_cast<float>(height() - 64)));
+                              static_cast<float>(page.width() - 32), static_cast<float>(page.height() - 64)));
   PlaceRedundantLines();
 }
 
@@ -192,9 +238,10 @@ void ReportWindow::PlaceRedundantLines() {
   const QRect below(QPoint(GridLeft - indent, eqnGrid_->height() + RedundantLinesOffset),
                     redundantLines_->size());
   const QRect beside(QPoint(GridLeft + eqnGrid_->width(), GridTop), redundantLines_->size());
-  if (rect().contains(below)) {
+  const QRect page = Page();
+  if (page.contains(below)) {
     redundantLines_->move(below.topLeft());
-  } else if (rect().contains(beside)) {
+  } else if (page.contains(beside)) {
     // A table as high as the window leaves no room below it; the conclusion must still be read.
     redundantLines_->move(beside.topLeft());
   } else {

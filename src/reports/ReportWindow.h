@@ -3,6 +3,7 @@
 
 #include <QWidget>
 #include <memory>
+#include <string>
 
 #include "analysis/Analysis.h"
 #include "analysis/FormatSigFigs.h"
@@ -31,11 +32,14 @@ class ReportWindow final : public QWidget {
   void ReportCounting(const CountedTruss& counted);
 
   void LoadGridWithEquations(const TrussAnalysis& analysis, int sigFigs);
-  void LoadGridWithRREF(const TrussAnalysis& analysis, int sigFigs);
+
+  /// `notice` is what is to be said below the conclusion, in the single-byte code page; without one the
+  /// report has the whole window.
+  void LoadGridWithRREF(const TrussAnalysis& analysis, int sigFigs, const std::string& notice = {});
 
   /// An inconsistent system shows its conclusion in the text box and no table; a redundant one has its
-  /// conclusion below the table.
-  Outcome LoadGridWithSolutions(const TrussAnalysis& analysis, int sigFigs);
+  /// conclusion below the table. `notice` as above.
+  Outcome LoadGridWithSolutions(const TrussAnalysis& analysis, int sigFigs, const std::string& notice = {});
 
   /// The paragraphs of the Counting report last built.
   const CountingReport& Counting() const { return counting_; }
@@ -53,7 +57,11 @@ class ReportWindow final : public QWidget {
  private:
   void ShowText(const QString& text);
   void ShowTable(std::unique_ptr<ReportTable> table, int extraRowHeight, bool redundant);
+  void ShowNotice(const std::string& notice);
   int RowHeight() const;
+  int NoticeNeeds() const;
+  int NoticeHeight() const;
+  QRect Page() const;
   void LayOut();
   void PlaceHeading();
   void PlaceRedundantLines();
@@ -68,4 +76,5 @@ class ReportWindow final : public QWidget {
   QLabel* label17_;
   ReportGrid* eqnGrid_;
   QLabel* redundantLines_;
+  QPlainTextEdit* txtNotice_;
 };

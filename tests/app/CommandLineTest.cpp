@@ -252,6 +252,22 @@ TEST(CommandLineConvert, OutputMayHoldEqualsSignsAndBeStandardOutput) {
   EXPECT_EQ(Call({"--convert=-", "a"}).OutputPath, "-");
 }
 
+TEST(CommandLineDocument, HasTheSectionsThatAreAskedFor) {
+  EXPECT_THAT(Call({"--document=a.rtf", "a"}).DocumentWith, IsEmpty());
+  EXPECT_THAT(Call({"--document=a.rtf", "--with=why", "a"}).DocumentWith, ElementsAre(ReportExtra::Why));
+  EXPECT_THAT(Call({"--with=why,why", "--document=-", "a"}).DocumentWith, ElementsAre(ReportExtra::Why));
+}
+
+TEST(CommandLineDocument, RefusesSectionsThatThereAreNot) {
+  EXPECT_EQ(WhyWrong({"--document=a.rtf", "--with=forces", "a"}),
+            "there is no section \"forces\" for a document");
+  EXPECT_EQ(WhyWrong({"--document=a.rtf", "--with=why,", "a"}), "there is no section \"\" for a document");
+  EXPECT_EQ(WhyWrong({"--document=a.rtf", "--with", "a"}), "--with needs a value after \"=\"");
+  for (const char* other : {"--report", "--json", "--csv=rref", "--picture=o.png", "--convert=o.trs"}) {
+    EXPECT_EQ(WhyWrong({other, "--with=why", "a"}), "--with goes with --document") << other;
+  }
+}
+
 TEST(CommandLineConvert, NeedsAnOutputAndExactlyOneFile) {
   EXPECT_EQ(WhyWrong({"--convert", "a"}), "--convert needs a value after \"=\"");
   EXPECT_EQ(WhyWrong({"--convert=", "a"}), "--convert needs a value after \"=\"");
@@ -284,8 +300,9 @@ TEST(CommandLineHelp, ShowsEveryOptionThatThereIs) {
   for (const char* option :
        {"orvane [FILE]", "--report[=SECTION,...] FILE...", "--json [--matrices] FILE...",
         "--csv=equations|rref|solutions FILE", "--picture=OUT [--named] FILE", ".png, .svg or .pdf",
-        "--document=OUT FILE", ".rtf, .pdf, .odt or .html", "--convert=OUT.trs FILE", "--autoname ...",
-        "--help | --version", "Exit status: 0", "counting, joints, equations, rref, solutions"}) {
+        "--document=OUT FILE", "--document=OUT --with=why FILE", ".rtf, .pdf, .odt or .html",
+        "--convert=OUT.trs FILE", "--autoname ...", "--help | --version", "Exit status: 0",
+        "counting, joints, equations, rref, solutions"}) {
     EXPECT_THAT(help, HasSubstr(option));
   }
   EXPECT_TRUE(help.ends_with('\n'));

@@ -4,6 +4,7 @@
 
 #include "app/HelpTopics.h"
 #include "support/BuiltHelp.h"
+#include "support/TrussBuilder.h"
 
 namespace {
 
@@ -123,11 +124,29 @@ TEST(HelpContent, TheThreeTopicsOfTheMenuAreLinkedToEachOther) {
 
 TEST(HelpContent, EveryTopicThatKeysLeadToIsThere) {
   for (const char* topic : {HelpTopicForStep(1, true), HelpTopicForStep(1, false), HelpTopicForStep(2, false),
-                            HelpTopicForStep(3, false), HelpTopicForReport(2), HelpTopicForReport(4),
-                            TrussHelpTopic, SettingsHelpTopic}) {
+                            HelpTopicForStep(3, false), TrussHelpTopic, SettingsHelpTopic, PrintingHelpTopic,
+                            WhyHelpTopic, ChecksHelpTopic, RoundingHelpTopic}) {
     ExpectThere(QString::fromStdString(PlaceOfHelpTopic(ProgramDirectory() + topic)->Page),
                 QString::fromLatin1(topic));
   }
+}
+
+TEST(HelpContent, EveryConclusionOfAReportHasItsPlace) {
+  const auto expectThere = [](Truss truss) {
+    const TrussAnalysis analysis = SolveTruss(truss);
+    for (int report = 1; report <= 4; ++report) {
+      const char* topic = HelpTopicForReport(report, analysis, false);
+      ExpectThere(QString::fromStdString(PlaceOfHelpTopic(ProgramDirectory() + topic)->Page),
+                  QString::fromLatin1(topic));
+    }
+  };
+  const TrussBuilder inLine = TrussBuilder().Member(0, 0, 2, 0).Member(2, 0, 4, 0).Clamp(0, 0).Clamp(4, 0);
+  expectThere(TrussBuilder(inLine).Force(2, 0, 0, -1));
+  expectThere(TrussBuilder(inLine).Force(2, 0, 1, 0));
+  expectThere(TrussBuilder().Member(0, 0, 4, 0).Clamp(0, 0).Clamp(4, 0));
+  expectThere(TrussBuilder().Member(0, 0, 4, 0).Clamp(0, 0).Roller(4, 0));
+  expectThere(TrussBuilder().Member(0, 0, 4, 0).Clamp(0, 0));
+  expectThere(TrussBuilder());
 }
 
 TEST(HelpContent, EveryPageHasATitleAHeadingAndTheCommonStyle) {

@@ -233,6 +233,7 @@ class HelpPictures : Photographer {
   void TakeOutcomes() {
     TakeSolutions("redundant.trs", "report-redundant", 420, 285);
     TakeSolutions("inconsistent.trs", "report-inconsistent", 420, 140);
+    TakeSolutions("tie.trs", "report-notice", 560, 310);
     TakeSolutions("undetermined.trs", "report-undetermined", 300, 275);
   }
 

@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/TrussBuilder.h"
+
 namespace {
 
 using testing::ElementsAre;
@@ -26,11 +28,29 @@ TEST(HelpTopics, TheInstructionsLeadToTheFirstPage) {
   EXPECT_EQ(PageOf(HelpTopicForStep(1, true)), "index.htm");
 }
 
-TEST(HelpTopics, MatricesLeadToTheMathematics) {
-  EXPECT_EQ(PageOf(HelpTopicForReport(1)), "program/reports.htm");
-  EXPECT_EQ(PageOf(HelpTopicForReport(2)), "gauss help/backgd3.htm");
-  EXPECT_EQ(PageOf(HelpTopicForReport(3)), "gauss help/backgd3.htm");
-  EXPECT_EQ(PageOf(HelpTopicForReport(4)), "program/reports.htm");
+std::string PageOfReport(int report, Truss truss, bool owesToRounding = false) {
+  return PageOf(HelpTopicForReport(report, SolveTruss(truss), owesToRounding));
+}
+
+TrussBuilder InLine() { return TrussBuilder().Member(0, 0, 2, 0).Member(2, 0, 4, 0).Clamp(0, 0).Clamp(4, 0); }
+
+TEST(HelpTopics, AReportLeadsToWhatItConcludes) {
+  const TrussBuilder unique = TrussBuilder().Member(0, 0, 4, 0).Clamp(0, 0).Roller(4, 0);
+  const TrussBuilder redundant = TrussBuilder().Member(0, 0, 4, 0).Clamp(0, 0);
+  const TrussBuilder undetermined = TrussBuilder().Member(0, 0, 4, 0).Clamp(0, 0).Clamp(4, 0);
+  for (const int report : {3, 4}) {
+    EXPECT_EQ(PageOfReport(report, unique), "truss help/conclusions.htm#unique");
+    EXPECT_EQ(PageOfReport(report, redundant), "truss help/conclusions.htm#redundant");
+    EXPECT_EQ(PageOfReport(report, InLine().Force(2, 0, 0, -1)), "truss help/conclusions.htm#inconsistent");
+    EXPECT_EQ(PageOfReport(report, undetermined), "truss help/conclusions.htm#undetermined");
+    EXPECT_EQ(PageOfReport(report, InLine().Force(2, 0, 1, 0)), "truss help/conclusions.htm#mixed");
+    EXPECT_EQ(PageOfReport(report, unique, true), "truss help/exact.htm");
+    EXPECT_EQ(PageOfReport(report, TrussBuilder()), "program/reports.htm");
+  }
+  for (const TrussBuilder& any : {unique, redundant, undetermined}) {
+    EXPECT_EQ(PageOfReport(1, any), "truss help/determinacy.htm#count");
+    EXPECT_EQ(PageOfReport(2, any), "gauss help/backgd3.htm") << "how to read a matrix";
+  }
 }
 
 TEST(PlaceOfHelpTopic, TakesTheFileAndThePageApart) {

@@ -59,20 +59,30 @@ TEST_F(MainFormHelpTest, F1OpensTheTopicOfTheStep) {
   EXPECT_EQ(Page(), "program/reports.htm");
 }
 
-TEST_F(MainFormHelpTest, F1InTheReportWindowOpensTheTopicOfTheReport) {
+TEST_F(MainFormHelpTest, F1InTheReportWindowOpensThePageOfItsConclusion) {
   Started();
   OpenInStep3(LoadedTriangle());
   PressF1(*Report());
-  EXPECT_EQ(Page(), "program/reports.htm");
+  EXPECT_EQ(Page(), "truss help/determinacy.htm");
   Click("cmdReportSystemEqs");
   PressF1(*Report());
   EXPECT_EQ(Page(), "gauss help/backgd3.htm");
+  for (const char* button : {"cmdReportSolutions", "cmdReportRREF"}) {
+    Click(button);
+    PressF1(*Report());
+    EXPECT_EQ(Page(), "truss help/conclusions.htm") << button;
+  }
+}
+
+TEST_F(MainFormHelpTest, F1WhereRoundingHasMisledOpensThePageAboutIt) {
+  Started();
+  OpenInStep3(TrussBuilder().Member(0, 0, 1, 3, "AB").Clamp(0, 0, "Ax", "Ay").Force(1, 3, 100, 300));
   Click("cmdReportSolutions");
   PressF1(*Report());
-  EXPECT_EQ(Page(), "program/reports.htm");
-  Click("cmdReportRREF");
+  EXPECT_EQ(Page(), "truss help/exact.htm");
+  Click("cmdReportCounting");
   PressF1(*Report());
-  EXPECT_EQ(Page(), "gauss help/backgd3.htm");
+  EXPECT_EQ(Page(), "truss help/determinacy.htm");
 }
 
 TEST_F(MainFormHelpTest, F1InTheSettingsOpensATopicThatCanBeReadBesideThem) {

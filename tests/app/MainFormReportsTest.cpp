@@ -1,4 +1,5 @@
 // Step 3 says the same whatever is done to the window, and what it says is about one truss.
+#include <QPlainTextEdit>
 #include <QTextEdit>
 
 #include "reports/PrintableReportWindow.h"
@@ -161,6 +162,46 @@ TEST_F(MainFormReports, TheOldReportIsGoneBeforeItsFontChanges) {
   EXPECT_THAT(watcher.Rows, testing::Each(0));
   EXPECT_FALSE(watcher.Rows.empty());
   EXPECT_EQ(Equations().rowCount(), 6);
+}
+
+// A rope that hangs straight; rounded directions contradict each other.
+Truss ObliqueTie() {
+  return TrussBuilder()
+      .Member(2, 2, 3, 5, "AB")
+      .Clamp(2, 2, "Ax", "Ay")
+      .Force(3, 5, 100, 300)
+      .Joint(2, 2, "A")
+      .Joint(3, 5, "B");
+}
+
+TEST_F(MainFormReports, WhereRoundingHasMisledItIsToldBelowTheConclusion) {
+  Started();
+  OpenInStep3(ObliqueTie());
+  const auto* notice = Report()->findChild<QPlainTextEdit*>(QStringLiteral("txtNotice"));
+  EXPECT_TRUE(notice->isHidden()) << "Counting concludes from the numbers alone";
+  for (const char* button : {"cmdReportRREF", "cmdReportSolutions"}) {
+    Click(button);
+    EXPECT_TRUE(notice->isVisible()) << button;
+    EXPECT_TRUE(notice->toPlainText().startsWith(QStringLiteral("Exactly, the system is redundant")));
+    EXPECT_TRUE(notice->toPlainText().contains(QStringLiteral("\"Why this conclusion\"")));
+  }
+  Click("cmdReportSystemEqs");
+  EXPECT_TRUE(notice->isHidden());
+  EXPECT_TRUE(PrintableReport().contains(QStringLiteral("Exactly, the system is redundant")));
+  EXPECT_FALSE(notice->isHidden()) << "the solutions are shown after the printable report";
+}
+
+TEST_F(MainFormReports, WhereTheVerdictsAgreeNothingIsAdded) {
+  Started();
+  OpenInStep3(TriangleNamedFromTheTop());
+  const auto* notice = Report()->findChild<QPlainTextEdit*>(QStringLiteral("txtNotice"));
+  for (const char* button : {"cmdReportRREF", "cmdReportSolutions"}) {
+    Click(button);
+    EXPECT_TRUE(notice->isHidden()) << button;
+  }
+  OpenInStep3(ObliqueTie());
+  Click("cmdReportSolutions");
+  EXPECT_FALSE(notice->isHidden()) << "it is about the truss that is open";
 }
 
 }  // namespace

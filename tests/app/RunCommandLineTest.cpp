@@ -71,9 +71,10 @@ std::string FakeMotionPicture(const MotionScene& scene, PictureFileFormat fileFo
          " joints";
 }
 
-std::string FakeDocument(const AnalysedFile& file, DocumentFileFormat fileFormat, const NumberFormat&) {
+std::string FakeDocument(const AnalysedFile& file, DocumentFileFormat fileFormat,
+                         const std::vector<ReportExtra>& with, const NumberFormat&) {
   return "document " + std::to_string(static_cast<int>(fileFormat)) + " on " +
-         std::to_string(file.Analysis.System.NumUnknowns()) + " forces";
+         std::to_string(file.Analysis.System.NumUnknowns()) + " forces" + (with.empty() ? "" : " with why");
 }
 
 class RunCommandLineTest : public testing::Test {
@@ -128,8 +129,9 @@ class RunCommandLineTest : public testing::Test {
   std::function<std::string(const AnalysedFile&, const JsonExtras&, const ReportFormat&)> Json = FakeJson;
   std::function<std::optional<std::string>(const AnalysedFile&, bool, PictureFileFormat, const ReportFormat&)>
       Picture = FakePicture;
-  std::function<std::string(const AnalysedFile&, DocumentFileFormat, const NumberFormat&)> Document =
-      FakeDocument;
+  std::function<std::string(const AnalysedFile&, DocumentFileFormat, const std::vector<ReportExtra>&,
+                            const NumberFormat&)>
+      Document = FakeDocument;
 
  private:
   fs::path directory_;
@@ -416,6 +418,12 @@ TEST_F(RunCommandLineTest, ADocumentCanBeAResult) {
   EXPECT_EQ(Out.str(), "document 0 on 6 forces");
 }
 
+TEST_F(RunCommandLineTest, ADocumentHasTheSectionsThatAreAskedFor) {
+  Input = TriangleText;
+  EXPECT_EQ(RunWords({"--document=-", "--with=why", "-"}), Done);
+  EXPECT_EQ(Out.str(), "document 0 on 6 forces with why");
+}
+
 TEST_F(RunCommandLineTest, ADocumentReportsWhatWasReadOfABrokenFile) {
   Input = BrokenTriangle();
   EXPECT_EQ(RunWords({"--document=-", "-"}), NotAllDone);
@@ -452,7 +460,7 @@ TEST_F(RunCommandLineTest, PicturesAndDocumentsSayWhenTheyCannotBeWritten) {
 TEST_F(RunCommandLineTest, BytesThatCannotBeMadeAreNotWritten) {
   Input = TriangleText;
   Picture = [](const auto&, bool, auto, const auto&) { return std::string(); };
-  Document = [](const auto&, auto, const auto&) { return std::string(); };
+  Document = [](const auto&, auto, const auto&, const auto&) { return std::string(); };
   const std::string kept = File("out.pdf", "kept");
   EXPECT_EQ(RunWords({"--picture=" + kept, "-"}), NotAllDone);
   EXPECT_EQ(RunWords({"--document=" + kept, "-"}), NotAllDone);

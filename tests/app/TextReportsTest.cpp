@@ -4,8 +4,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <sstream>
 
+#include "explanation/Explanation.h"
 #include "support/TrussBuilder.h"
 
 namespace {
@@ -345,6 +347,63 @@ TEST(TextReports, WithoutAnUnknownForceThereIsNothingToExplain) {
               {{}, {ExplainedSection::Why, ExplainedSection::Checks}}, {});
   EXPECT_THAT(out.str(),
               testing::StartsWith("Checks of the drawing:\nThe force (0, 5) at (1, 1) acts on no member."));
+}
+
+// A rope that hangs straight; rounded directions contradict each other.
+TrussBuilder ObliqueTie() {
+  return TrussBuilder()
+      .Clamp(0, 0, "Ax", "Ay")
+      .Member(0, 0, 1, 3, "AB")
+      .Force(1, 3, 100, 300)
+      .Joint(0, 0, "A")
+      .Joint(1, 3, "B");
+}
+
+constexpr auto TieNotice =
+    "\nExactly, the system is redundant: these loads are in balance.  The reduced matrix says otherwise "
+    "because "
+    "directions are rounded to single precision: 3.141E-6 on the right of a row without coefficients is a "
+    "remnant of rounding, about 1E-8 of the largest load.\n"
+    "Read on with --report=why, and in the help under \"Exact and rounded verdicts\".\n";
+
+TEST(TextReports, ARemnantOfRoundingIsToldBelowTheConclusion) {
+  EXPECT_EQ(Report(ObliqueTie(), OnlySolutions), std::string(InconsistentText) + '\n' + TieNotice);
+  const std::string rref = Report(ObliqueTie(), OnlyRREF);
+  EXPECT_THAT(rref, HasSubstr("3.141E-6\n"));
+  EXPECT_TRUE(rref.ends_with(TieNotice)) << rref;
+  for (const ReportSections& others : {OnlyCounting, OnlyJoints, OnlyEquations}) {
+    EXPECT_THAT(Report(ObliqueTie(), others), Not(HasSubstr("Read on")));
+  }
+}
+
+// What is told of the example beyond its table.
+std::string BelowTable(const std::string& report, int numLines) {
+  std::size_t end = 0;
+  for (int line = 0; line < numLines; ++line) end = report.find('\n', end) + 1;
+  return report.substr(end);
+}
+
+TEST(TextReports, NothingIsAddedToAnExampleWhoseVerdictIsTheExactOne) {
+  int numAgreeing = 0;
+  int numOthers = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(ORVANE_EXAMPLES_DIR)) {
+    if (entry.path().extension() != ".trs") continue;
+    SCOPED_TRACE(entry.path().filename().string());
+    std::istringstream noInput;
+    AnalysedFile file = ReadForAnalysis(entry.path().string(), false, noInput);
+    Analyse(file);
+    const Rounding rounding = ExplainTruss(file.Document, file.Analysis).Rounded;
+    const bool tells = !rounding.Agrees() || rounding.Figures.Within != rounding.Shown ||
+                       rounding.Figures.NearlyFree || rounding.Figures.CertainFigures.value_or(7) < 4;
+    ++(tells ? numOthers : numAgreeing);
+    std::ostringstream out;
+    WriteReport(out, file, {OnlyRREF, {}}, {});
+    const std::string below = BelowTable(out.str(), file.Analysis.System.EquationMatrix.NumRows() + 2);
+    EXPECT_EQ(below.empty(), !tells) << below;
+    EXPECT_EQ(below.find("Read on") == std::string::npos, !tells);
+  }
+  EXPECT_GT(numAgreeing, 20);
+  EXPECT_GE(numOthers, 3);
 }
 
 }  // namespace

@@ -14,18 +14,17 @@ inline TrussGraph GraphOf(Truss truss) {
   return GraphOf(truss, analysis);
 }
 
-/// Few joints on a small grid of whole numbers (so that three often stand on a line, four on a circle),
-/// joined at random, with supports of all types and whole loads.
-inline Truss RandomSmallTruss(std::mt19937& random, int mostJoints, int gridSize) {
-  const auto below = [&random](int count) {
-    return static_cast<int>(random() % static_cast<unsigned>(count));
-  };
-  std::vector<std::pair<float, float>> at;
-  const int numJoints = 2 + below(mostJoints - 1);
-  while (static_cast<int>(at.size()) < numJoints) {
-    const auto place = std::pair(static_cast<float>(below(gridSize)), static_cast<float>(below(gridSize)));
-    if (std::find(at.begin(), at.end(), place) == at.end()) at.push_back(place);
-  }
+using Places = std::vector<std::pair<float, float>>;
+
+/// 0 .. count - 1, the same on every machine for the same seed.
+inline int Below(std::mt19937& random, int count) {
+  return static_cast<int>(random() % static_cast<unsigned>(count));
+}
+
+/// Joints at these places, joined at random, with supports of all types and whole loads.
+inline Truss JoinedAtRandom(std::mt19937& random, const Places& at) {
+  const auto below = [&random](int count) { return Below(random, count); };
+  const int numJoints = static_cast<int>(at.size());
   TrussBuilder builder;
   const int density = 1 + below(3);
   for (int a = 0; a < numJoints; ++a) {
@@ -50,4 +49,17 @@ inline Truss RandomSmallTruss(std::mt19937& random, int mostJoints, int gridSize
     builder.Force(x, y, static_cast<float>(below(9) - 4), static_cast<float>(below(9) - 4));
   }
   return builder;
+}
+
+/// Few joints on a small grid of whole numbers (so that three often stand on a line, four on a circle).
+inline Truss RandomSmallTruss(std::mt19937& random, int mostJoints, int gridSize) {
+  Places at;
+  const int numJoints = 2 + Below(random, mostJoints - 1);
+  while (static_cast<int>(at.size()) < numJoints) {
+    const int x = Below(random, gridSize);
+    const int y = Below(random, gridSize);
+    const auto place = std::pair(static_cast<float>(x), static_cast<float>(y));
+    if (std::find(at.begin(), at.end(), place) == at.end()) at.push_back(place);
+  }
+  return JoinedAtRandom(random, at);
 }

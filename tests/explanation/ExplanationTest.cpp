@@ -7,6 +7,7 @@
 #include "ExplanationFixture.h"
 #include "explanation/ExplanationText.h"
 #include "explanation/RigidityMatrix.h"
+#include "explanation/RoundingText.h"
 
 namespace {
 
@@ -139,12 +140,12 @@ TEST(ExplanationAdvice, ForAParallelogramIsADiagonal) {
 
 TEST(DrawnFigures, AnObliqueTieHoldsThoughItsMatrixContradicts) {
   const Explanation explanation = Explain(ObliqueTie());
-  EXPECT_EQ(explanation.Shown, Outcome::Inconsistent);
+  EXPECT_EQ(explanation.Rounded.Shown, Outcome::Inconsistent);
   EXPECT_EQ(explanation.Exact.Verdict.Code(), Outcome::Redundant);
-  EXPECT_EQ(explanation.Figures.Within, Outcome::Redundant);
-  EXPECT_FALSE(explanation.Agrees());
-  EXPECT_NEAR(explanation.Remnant, 3.141e-6, 1e-9);
-  EXPECT_THAT(RoundingNotice(explanation, {}), HasSubstr("3.141E-6"));
+  EXPECT_EQ(explanation.Rounded.Figures.Within, Outcome::Redundant);
+  EXPECT_FALSE(explanation.Rounded.Agrees());
+  EXPECT_NEAR(explanation.Rounded.Remnant, 3.141e-6, 1e-9);
+  EXPECT_THAT(RoundingNotice(explanation.Graph, explanation.Rounded, {}), HasSubstr("3.141E-6"));
 }
 
 TEST(DrawnFigures, ATieTypedInPolarFormContradictsOnlyBeyondItsFigures) {
@@ -153,18 +154,20 @@ TEST(DrawnFigures, ATieTypedInPolarFormContradictsOnlyBeyondItsFigures) {
   const Explanation explanation =
       Explain(TrussBuilder().Member(0, 0, x, y).Clamp(0, 0).Force(x, y, 200 * x, 200 * y));
   EXPECT_EQ(explanation.Exact.Verdict.Code(), Outcome::Inconsistent);
-  EXPECT_EQ(explanation.Figures.Within, Outcome::Redundant);
-  EXPECT_THAT(RoundingNotice(explanation, {}), HasSubstr("a millionth counts as nothing"));
+  EXPECT_EQ(explanation.Rounded.Figures.Within, Outcome::Redundant);
+  EXPECT_THAT(RoundingNotice(explanation.Graph, explanation.Rounded, {}),
+              HasSubstr("a millionth counts as nothing"));
 }
 
 TEST(DrawnFigures, AHiddenMechanismIsFoundBehindGiantForces) {
   // The joint (1, 3) lies on the line of the clamps; rounded directions let it seem to be off it.
   const Explanation explanation = Explain(
       TrussBuilder().Member(0, 0, 1, 3).Member(1, 3, 4, 12).Clamp(0, 0).Clamp(4, 12).Force(1, 3, 0, -1000));
-  EXPECT_EQ(explanation.Shown, Outcome::Neither);
+  EXPECT_EQ(explanation.Rounded.Shown, Outcome::Neither);
   EXPECT_EQ(explanation.Exact.Verdict.Code(), Outcome::Inconsistent);
-  EXPECT_EQ(explanation.Figures.Within, Outcome::Inconsistent);
-  EXPECT_THAT(RoundingNotice(explanation, {}), HasSubstr("Exactly, the system has no solution"));
+  EXPECT_EQ(explanation.Rounded.Figures.Within, Outcome::Inconsistent);
+  EXPECT_THAT(RoundingNotice(explanation.Graph, explanation.Rounded, {}),
+              HasSubstr("Exactly, the system has no solution"));
 }
 
 TEST(DrawnFigures, NearlyAMechanismIsSaidWithTheMotionThatIsNearlyFree) {
@@ -175,13 +178,13 @@ TEST(DrawnFigures, NearlyAMechanismIsSaidWithTheMotionThatIsNearlyFree) {
                                               .Clamp(4, 0)
                                               .Force(2, 0.0001F, 0, -1000)
                                               .Joint(2, 0.0001F, "top"));
-  EXPECT_GT(explanation.Figures.Magnification, NearlyAMechanism);
-  ASSERT_TRUE(explanation.Figures.NearlyFree);
-  const std::vector<JointDisplacement>& joints = explanation.Figures.NearlyFree->Joints;
+  EXPECT_GT(explanation.Rounded.Figures.Magnification, NearlyAMechanism);
+  ASSERT_TRUE(explanation.Rounded.Figures.NearlyFree);
+  const std::vector<JointDisplacement>& joints = explanation.Rounded.Figures.NearlyFree->Joints;
   ASSERT_EQ(joints.size(), 1U);
   EXPECT_EQ(explanation.Graph.Joints[joints[0].Joint].Name, "top");
   EXPECT_NEAR(joints[0].Dy, -1, 1e-6);
-  EXPECT_THAT(RoundingNotice(explanation, {}), HasSubstr("nearly a mechanism"));
+  EXPECT_THAT(RoundingNotice(explanation.Graph, explanation.Rounded, {}), HasSubstr("nearly a mechanism"));
 }
 
 TEST(DrawnFigures, AnOrdinaryTrussIsSureInAllFiguresAndNothingIsSaid) {
@@ -192,15 +195,15 @@ TEST(DrawnFigures, AnOrdinaryTrussIsSureInAllFiguresAndNothingIsSaid) {
                                               .Clamp(0, 0)
                                               .Roller(4, 0)
                                               .Force(2, 2, 0, -1000));
-  EXPECT_THAT(explanation.Figures.CertainFigures, Optional(testing::Ge(6)));
-  EXPECT_EQ(RoundingNotice(explanation, {}), "");
+  EXPECT_THAT(explanation.Rounded.Figures.CertainFigures, Optional(testing::Ge(6)));
+  EXPECT_EQ(RoundingNotice(explanation.Graph, explanation.Rounded, {}), "");
 }
 
 TEST(DrawnFigures, WithoutADeterminedForceNoFigureIsCounted) {
   const Explanation explanation =
       Explain(TrussBuilder().Member(0, 0, 1, 0).Clamp(0, 0).Clamp(1, 0, "c", "d"));
-  EXPECT_FALSE(Explain(TrussBuilder().Member(0, 0, 1, 0).Force(0, 0, 1, 0)).Figures.CertainFigures);
-  EXPECT_TRUE(explanation.Figures.CertainFigures);  // the reactions across the member
+  EXPECT_FALSE(Explain(TrussBuilder().Member(0, 0, 1, 0).Force(0, 0, 1, 0)).Rounded.Figures.CertainFigures);
+  EXPECT_TRUE(explanation.Rounded.Figures.CertainFigures);  // the reactions across the member
 }
 
 TEST(ExplanationText, OpensWithTheKindAndHowCountingRelatesToIt) {

@@ -443,4 +443,46 @@ TEST(PrintReport, APrinterThatCannotBeginIsAFailure) {
   EXPECT_FALSE(PrintReport(Solved(Triangle()).Subject(), printer));
 }
 
+// --- why this conclusion
+
+TEST(ReportFile, WhyStandsInEveryKindOfFileWithItsPicture) {
+  const Solved solved = Example("wrong-roller.trs");
+  ReportSubject subject = solved.Subject();
+  subject.With = {ReportExtra::Why};
+  const auto file = [&subject](DocumentFileFormat format) {
+    return ReportFile(subject, format).value_or(QByteArray());
+  };
+  const std::string picture = "Drawing of the truss in motion 1";
+  const RtfDocument rtf = ScanRtf(file(DocumentFileFormat::Rtf));
+  const auto isMotionHeading = [](const RtfParagraph& paragraph) {
+    return paragraph.Layout.OutlineLevel == 1 &&
+           paragraph.Runs.front().Text == QStringLiteral("How it can move:");
+  };
+  EXPECT_EQ(std::ranges::count_if(rtf.Paragraphs, isMotionHeading), 1);
+  ASSERT_EQ(rtf.Pictures.size(), 3U);
+  EXPECT_THAT(rtf.Pictures[2].Description.toStdString(), HasSubstr(picture));
+  const OdtReading odt(file(DocumentFileFormat::Odt));
+  EXPECT_GT(odt.Headings.size(), 1 + std::size(ReportHeadings));
+  ASSERT_EQ(odt.Descriptions.size(), 3U);
+  EXPECT_THAT(odt.Descriptions[2], HasSubstr(picture));
+  const QByteArray html = file(DocumentFileFormat::Html);
+  EXPECT_THAT(html.toStdString(), HasSubstr("alt=\"" + picture));
+  EXPECT_THAT(TextOfHtml(html), HasSubstr("The whole truss turns"));
+  const std::string pdf = PdfUnderTest(file(DocumentFileFormat::Pdf)).Text();
+  EXPECT_THAT(pdf, HasSubstr("How it can move:"));
+  EXPECT_THAT(pdf, HasSubstr("movable and self-stressed"));
+}
+
+TEST(ReportFile, IsTheSameBytesWhetherItsReasonsAreKnownOrNot) {
+  for (const char* name : {"triangle.trs", "tie.trs"}) {
+    const Solved solved = Example(name);
+    ExplanationOnDemand reasons(solved.Document, solved.Analysis);
+    reasons.Whole();
+    ReportSubject subject = solved.Subject();
+    subject.Reasons = &reasons;
+    EXPECT_EQ(ReportFile(subject, DocumentFileFormat::Rtf).value_or(QByteArray()),
+              solved.File(DocumentFileFormat::Rtf));
+  }
+}
+
 }  // namespace

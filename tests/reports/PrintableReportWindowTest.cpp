@@ -1,5 +1,7 @@
 // The window of the printable report: its places, its document, its keys.
+#include <QCheckBox>
 #include <QClipboard>
+#include <QFile>
 #include <vector>
 
 #include "platform/qt/QtClipboard.h"
@@ -45,8 +47,12 @@ TEST_F(PrintableReportWindowTest, NothingOverlapsInTheSmallestWindow) {
   Opened();
   window_->resize(1, 1);
   QApplication::processEvents();
-  const std::vector<QWidget*> parts = {&Box(), &Button("cmdReportPrint"), &Button("cmdCopyToClipboard"),
-                                       &Button("cmdReportClose"), &Button("cmdReportSaveAs")};
+  const std::vector<QWidget*> parts = {&Box(),
+                                       &Button("cmdReportPrint"),
+                                       &Child<QCheckBox>(*window_, "chkReportWith(1)"),
+                                       &Button("cmdCopyToClipboard"),
+                                       &Button("cmdReportClose"),
+                                       &Button("cmdReportSaveAs")};
   for (const QWidget* part : parts) {
     EXPECT_TRUE(window_->rect().contains(part->geometry())) << part->objectName().toStdString();
     for (const QWidget* other : parts) {
@@ -309,12 +315,40 @@ TEST_F(PrintableReportWindowTest, EscapeAndEnterCloseTheWindow) {
 TEST_F(PrintableReportWindowTest, TabGoesFromTheTextThroughTheButtonsFromLeftToRight) {
   Opened();
   EXPECT_EQ(window_->focusWidget(), &Box());
-  for (const char* name : {"cmdReportPrint", "cmdCopyToClipboard", "cmdReportClose", "cmdReportSaveAs"}) {
+  for (const char* name :
+       {"cmdReportPrint", "chkReportWith(1)", "cmdCopyToClipboard", "cmdReportClose", "cmdReportSaveAs"}) {
     QTest::keyClick(window_->focusWidget(), Qt::Key_Tab);
-    EXPECT_EQ(window_->focusWidget(), &Button(name)) << name;
+    EXPECT_EQ(window_->focusWidget(), &Child<QWidget>(*window_, name)) << name;
   }
   QTest::keyClick(window_->focusWidget(), Qt::Key_Tab);
   EXPECT_EQ(window_->focusWidget(), &Box());
+}
+
+// --- sections beyond the usual ones
+
+TEST_F(PrintableReportWindowTest, AddsWhyWhenItsBoxIsChecked) {
+  Opened();
+  const std::string usual = Text();
+  auto& why = Child<QCheckBox>(*window_, "chkReportWith(1)");
+  EXPECT_FALSE(why.isChecked()) << "the usual report at first";
+  EXPECT_EQ(usual.find("Why this conclusion:"), std::string::npos);
+  QTest::mouseClick(&why, Qt::LeftButton, {}, QPoint(8, why.height() / 2));
+  ASSERT_TRUE(why.isChecked());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return Text().find("Why this conclusion:") != std::string::npos; }));
+  EXPECT_TRUE(Text().starts_with(usual));
+  QTest::keyClick(&why, Qt::Key_Space);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Text() == usual; }));
+}
+
+TEST_F(PrintableReportWindowTest, SavesTheSectionsThatItShows) {
+  Opened();
+  Child<QCheckBox>(*window_, "chkReportWith(1)").click();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return Text().find("Why this conclusion:") != std::string::npos; }));
+  chooser_.Choice = directory_ / "report.html";
+  Click("cmdReportSaveAs");
+  QFile file(QString::fromStdString(directory_ / "report.html"));
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  EXPECT_TRUE(file.readAll().contains("Why this conclusion:"));
 }
 
 }  // namespace

@@ -57,7 +57,8 @@ class PrintableReportTest : public ::testing::Test {
                                    .Measure = RecordingSurface::Measure,
                                    .Numbers = numbers_,
                                    .TableRoom = tableRoom_,
-                                   .Progress = progress_});
+                                   .Progress = progress_,
+                                   .With = with_});
     return state_ != BuiltReport::Ended;
   }
 
@@ -93,5 +94,6 @@ class PrintableReportTest : public ::testing::Test {
   NumberFormat numbers_;
   float tableRoom_ = 0;
   ReportProgress progress_;
+  std::vector<ReportExtra> with_;
   BuiltReport state_ = BuiltReport::Ended;  // what the last one has become
 };

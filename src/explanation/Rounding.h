@@ -1,0 +1,27 @@
+// What rounding has to do with the answer: the exact verdict beside what the reduced matrix shows.
+#pragma once
+
+#include "analysis/Analysis.h"
+#include "explanation/DrawnFigures.h"
+#include "explanation/ExactVerdict.h"
+#include "explanation/TrussGraph.h"
+
+struct Rounding {
+  ExactVerdict Verdict;
+  DrawnFigures Figures;
+  Outcome Shown = Outcome::Neither;  ///< what the reduced matrix says
+
+  /// What stands on the right of the first row without coefficients, when the reduced matrix says that there
+  /// is no solution and is wrong: its magnitude in force units, and as a share of the largest load. 0
+  /// otherwise.
+  double Remnant = 0;
+  double RemnantShare = 0;
+
+  /// The largest force that the reduced matrix shows by the largest component of a load; 0 without either.
+  double ShownMagnification = 0;
+
+  /// Whether the exact outcome is the one that the reduced matrix shows.
+  bool Agrees() const { return Verdict.Code() == Shown; }
+};
+
+Rounding RoundingOf(const TrussGraph& graph, const TrussAnalysis& analysis, ExactVerdict verdict);

@@ -1,0 +1,26 @@
+// What rounding has to do with the answer, in words.
+#pragma once
+
+#include <string>
+
+#include "analysis/FormatSigFigs.h"
+#include "explanation/Rounding.h"
+
+inline constexpr const char* RoundingHeading = "What rounding has to do with it:";
+
+/// The page of the help to read on.
+inline constexpr const char* RoundingHelpTitle = "Exact and rounded verdicts";
+
+/// Where to read on, for whoever has the notice below a conclusion before him.
+inline constexpr const char* ReadOnText =
+    "Read on under Learn, \"Why this conclusion\", and in the help under \"Exact and rounded verdicts\".";
+
+/// What to say below the conclusion of the RREF and Solutions reports where rounding has a part in it: the
+/// exact outcome differs, or the reading within the drawing's figures does, or the truss is nearly a
+/// mechanism, or few figures are sure. A single-byte text without line breaks; empty when there is nothing to
+/// say.
+std::string RoundingNotice(const TrussGraph& graph, const Rounding& rounding, const ReportFormat& format);
+
+/// The notice and where to read on; empty when there is nothing to say.
+std::string NoticeBelowConclusion(const TrussGraph& graph, const Rounding& rounding,
+                                  const ReportFormat& format);

@@ -1,0 +1,50 @@
+// Sections that stand in the printable report when they are asked for, behind the solution.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <optional>
+#include <string_view>
+
+#include "analysis/FormatSigFigs.h"
+#include "explanation/Explanation.h"
+#include "platform/TextMeasure.h"
+#include "reports/RTBPicture.h"
+#include "reports/RTBText.h"
+
+enum class ReportExtra { Why };
+
+/// What a section is made from, and what it is appended to.
+struct ReportExtraContext {
+  const ReportText& Report;
+  const ReportFormat& Format;
+  const Truss& Document;  ///< with names that can be printed
+  ExplanationOnDemand& Reasons;
+  const ClipboardAccess& Clipboard;  ///< for pictures
+  const TextMeasure& Measure;        ///< for the texts in pictures
+  float TableRoom = 0;               ///< as in PrintableReportContext
+
+  /// Told which part of the section is done, 0 .. 1; returns false when the user wants no more.
+  std::function<bool(double part)> Progress;
+};
+
+enum class AppendedExtra { Ended, LacksAPicture, Whole };
+
+struct ReportExtraKind {
+  ReportExtra Extra;
+  std::string_view Word;  ///< on the command line
+  const char* Caption;    ///< of its check box, with its access key
+  const char* ToolTip;
+  AppendedExtra (*Append)(const ReportExtraContext&);
+};
+
+AppendedExtra AppendWhy(const ReportExtraContext& context);
+
+/// All of them: who adds another section adds its line here.
+inline constexpr std::array AllReportExtras = {
+    ReportExtraKind{ReportExtra::Why, "why", "Add &reasons",
+                    "adds a section behind the solution: why this conclusion", &AppendWhy},
+};
+
+std::optional<ReportExtra> ReportExtraNamed(std::string_view word);
+const ReportExtraKind& KindOf(ReportExtra extra);

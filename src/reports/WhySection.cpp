@@ -1,0 +1,93 @@
+// The explanation as a section of the printable report, with a picture of each motion.
+#include <algorithm>
+#include <string>
+
+#include "explanation/ExplanationText.h"
+#include "explanation/MotionDrawing.h"
+#include "explanation/MotionText.h"
+#include "reports/RTBTable.h"
+#include "reports/ReportExtras.h"
+#include "text/CodePage.h"
+#include "text/ControlCharacters.h"
+
+namespace {
+
+constexpr int BreaksBefore = 2;
+
+class WhySection {
+ public:
+  explicit WhySection(const ReportExtraContext& context)
+      : on_(context), explanation_(context.Reasons.Whole()) {}
+
+  AppendedExtra Append() {
+    AppendHeading("Why this conclusion:");
+    AppendText(
+        "Here nothing is rounded: every coordinate and every load is the number that its shortest decimal "
+        "form "
+        "says.");
+    for (const ExplanationSection& section : Reasons(explanation_, on_.Format)) {
+      AppendHeading(section.Heading);
+      if (section.Heading == KindHeading) AppendKinds();
+      const bool isOfMotions = section.Heading == MotionsHeading;
+      for (std::size_t i = 0; i < section.Paragraphs.size(); ++i) {
+        AppendText(section.Paragraphs[i]);
+        if (isOfMotions && i < NumMotionsTold() && !AppendMotion(i)) return AppendedExtra::Ended;
+      }
+    }
+    if (!on_.Progress(1)) return AppendedExtra::Ended;
+    return hasAllPictures_ ? AppendedExtra::Whole : AppendedExtra::LacksAPicture;
+  }
+
+ private:
+  std::size_t NumMotionsTold() const { return std::min(explanation_.Exact.Motions.size(), MostMotionsTold); }
+
+  void AppendHeading(std::string_view heading) {
+    RTBText(on_.Report, heading, BreaksBefore, 0, SectionHeading, LineRole::Heading);
+  }
+
+  // A name stays on its line.
+  void AppendText(std::string text) {
+    std::erase_if(text, IsControl);
+    RTBText(on_.Report, ToUtf8(text), BreaksBefore, 0, PlainBlack);
+  }
+
+  // Set smaller where the paper is too narrow for it.
+  void AppendKinds() {
+    const std::vector<std::string> lines = KindTable(explanation_.Exact.Verdict);
+    std::size_t width = 0;
+    for (const std::string& line : lines) width = std::max(width, line.size());
+    CharacterFormat format{.Family = FontFamily::Monospaced,
+                           .Points = TablePoints(static_cast<int>(width), on_.Report.Points, on_.TableRoom)};
+    RTBText(on_.Report, "", BreaksBefore, 0, PlainBlack);
+    for (const std::string& line : lines) {
+      const bool isHeader = &line == &lines.front();
+      format.Colour = isHeader ? LightBlue : Black;
+      on_.Report.Document.Append(line, format, isHeader ? LineRole::TableHeader : LineRole::TableRow);
+      format.Colour = Black;
+      on_.Report.Document.Append(LineBreak, format, isHeader ? LineRole::TableHeader : LineRole::TableRow);
+    }
+  }
+
+  bool AppendMotion(std::size_t index) {
+    const Motion& motion = explanation_.Exact.Motions[index];
+    std::string text = "Drawing of the truss in motion " + std::to_string(index + 1) +
+                       ", with an arrow at each joint that moves. " +
+                       MotionText(explanation_.Graph, motion, on_.Format);
+    std::erase_if(text, IsControl);
+    const Picture picture = MotionPicture(
+        {.Document = on_.Document, .Graph = explanation_.Graph, .Moves = &motion, .Format = on_.Format},
+        on_.Measure);
+    if (!RTBPicture(picture, on_.Report, on_.Clipboard, BreaksBefore, 0, ToUtf8(text))) {
+      hasAllPictures_ = false;
+    }
+    return on_.Progress(static_cast<double>(index + 1) / static_cast<double>(NumMotionsTold() + 1));
+  }
+
+  const ReportExtraContext& on_;
+  const Explanation& explanation_;
+  bool hasAllPictures_ = true;
+};
+
+}  // namespace
+
+AppendedExtra AppendWhy(const ReportExtraContext& context) { return WhySection(context).Append(); }

@@ -1,0 +1,94 @@
+// Whether motions and states of self-stress are what they claim to be.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include "explanation/ExactVerdict.h"
+#include "explanation/RigidityMatrix.h"
+
+inline double LargestLengthening(const TrussGraph& graph, const Motion& motion) {
+  const SparseMatrix<double> rigidity = RigidityRows(graph);
+  const std::vector<double> displacements = DisplacementsByColumn(graph, motion);
+  double largest = 0;
+  for (int k = 1; k <= graph.NumUnknowns(); ++k) {
+    double lengthening = 0;
+    for (const auto& [column, value] : rigidity.Row(k)) {
+      lengthening += value * displacements[static_cast<std::size_t>(column - 1)];
+    }
+    largest = std::max(largest, std::abs(lengthening));
+  }
+  return largest;
+}
+
+inline double LargestImbalance(const TrussGraph& graph, const SelfStress& stress) {
+  const SparseMatrix<double> rigidity = RigidityRows(graph);
+  std::vector<double> sums(static_cast<std::size_t>(graph.NumEquations()) + 1);
+  for (const UnknownForce& force : stress.Forces) {
+    for (const auto& [column, value] : rigidity.Row(force.Unknown)) {
+      sums[static_cast<std::size_t>(column)] += force.Value * value;
+    }
+  }
+  return std::abs(*std::ranges::max_element(sums, {}, [](double sum) { return std::abs(sum); }));
+}
+
+/// Independent vectors, by elimination with complete pivoting in double precision.
+inline int NumericRank(std::vector<std::vector<double>> rows) {
+  int rank = 0;
+  for (std::size_t done = 0; done < rows.size(); ++done) {
+    std::size_t row = done;
+    std::size_t column = 0;
+    for (std::size_t r = done; r < rows.size(); ++r) {
+      for (std::size_t c = 0; c < rows[r].size(); ++c) {
+        if (std::abs(rows[r][c]) > std::abs(rows[row][column])) std::tie(row, column) = std::pair(r, c);
+      }
+    }
+    if (std::abs(rows[row][column]) < 1e-7) break;
+    std::swap(rows[row], rows[done]);
+    ++rank;
+    for (std::size_t r = done + 1; r < rows.size(); ++r) {
+      const double factor = rows[r][column] / rows[done][column];
+      for (std::size_t c = 0; c < rows[r].size(); ++c) rows[r][c] -= factor * rows[done][c];
+    }
+  }
+  return rank;
+}
+
+inline int RankOf(const TrussGraph& graph, const std::vector<Motion>& motions) {
+  std::vector<std::vector<double>> rows;
+  for (const Motion& motion : motions) rows.push_back(DisplacementsByColumn(graph, motion));
+  return NumericRank(rows);
+}
+
+inline int RankOf(const TrussGraph& graph, const std::vector<SelfStress>& stresses) {
+  std::vector<std::vector<double>> rows;
+  for (const SelfStress& stress : stresses) {
+    rows.emplace_back(static_cast<std::size_t>(graph.NumUnknowns()));
+    for (const UnknownForce& force : stress.Forces)
+      rows.back()[static_cast<std::size_t>(force.Unknown - 1)] = force.Value;
+  }
+  return NumericRank(rows);
+}
+
+inline void ExpectReasonsToHold(const TrussGraph& graph, const ExactReasons& reasons) {
+  ASSERT_EQ(static_cast<int>(reasons.Motions.size()), reasons.Verdict.Mechanisms());
+  ASSERT_EQ(static_cast<int>(reasons.SelfStresses.size()), reasons.Verdict.SelfStresses());
+  bool works = false;
+  for (const Motion& motion : reasons.Motions) {
+    EXPECT_LT(LargestLengthening(graph, motion), 1e-9);
+    EXPECT_GE(motion.Work, 0);
+    works = works || motion.Work > 0;
+    double largest = 0;
+    for (const JointDisplacement& at : motion.Joints) largest = std::max(largest, std::hypot(at.Dx, at.Dy));
+    EXPECT_NEAR(largest, 1, 1e-12);
+  }
+  EXPECT_EQ(works, reasons.Verdict.Code() == Outcome::Inconsistent);
+  for (const SelfStress& stress : reasons.SelfStresses) EXPECT_LT(LargestImbalance(graph, stress), 1e-9);
+  EXPECT_EQ(RankOf(graph, reasons.Motions), reasons.Verdict.Mechanisms());
+  EXPECT_EQ(RankOf(graph, reasons.SelfStresses), reasons.Verdict.SelfStresses());
+}

@@ -1,0 +1,123 @@
+// What the printable report says beyond its usual sections: what rounding has to do with the conclusion, and,
+// where it is asked for, why the conclusion is what it is.
+#include <gmock/gmock.h>
+
+#include "reports/RTBTable.h"
+#include "support/PrintableReportFixture.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+// A rope that hangs straight; rounded directions contradict each other.
+TrussBuilder ObliqueTie() {
+  return TrussBuilder()
+      .Member(0, 0, 1, 3, "AB")
+      .Clamp(0, 0, "Ax", "Ay")
+      .Force(1, 3, 100, 300)
+      .Joint(0, 0, "A")
+      .Joint(1, 3, "B");
+}
+
+class WhySectionTest : public PrintableReportTest {
+ protected:
+  std::string TextWithWhy(const Truss& truss) {
+    document_ = RecordingRichText(clipboard_);
+    with_ = {ReportExtra::Why};
+    return TextOf(truss);
+  }
+};
+
+TEST_F(WhySectionTest, ARemnantOfRoundingIsToldBehindTheConclusionUnasked) {
+  const std::string text = TextOf(ObliqueTie());
+  const std::size_t conclusion = text.find("unstable and will move.\n\nExactly, the system is redundant");
+  ASSERT_NE(conclusion, std::string::npos) << text;
+  EXPECT_THAT(text, EndsWith("and in the help under \"Exact and rounded verdicts\"."));
+  EXPECT_EQ(document_.LinesThatAre(LineRole::Heading).back(), "The solution:");
+}
+
+TEST_F(WhySectionTest, StandsThereOnlyWhereItIsAskedFor) {
+  const Truss truss = RollingTriangle().Force(4, 3, 100, 0);
+  const std::string usual = TextOf(truss);
+  EXPECT_THAT(usual, Not(HasSubstr("Why this conclusion:")));
+  const std::string text = TextWithWhy(truss);
+  ASSERT_TRUE(text.starts_with(usual)) << "what stood there before is the same";
+  std::size_t from = usual.size();
+  for (const char* part : {"Why this conclusion:", "The kind of this truss:", "[x] movable",
+                           "This truss has 1 independent motion", "The exact verdict:", "How it can move:",
+                           "Motion 1.  The whole truss", "Why no forces balance", "What would help:"}) {
+    const std::size_t at = text.find(part, from);
+    EXPECT_NE(at, std::string::npos) << part;
+    if (at != std::string::npos) from = at;
+  }
+}
+
+TEST_F(WhySectionTest, SaysItsHeadingsItsTableAndItsPictures) {
+  TextWithWhy(RollingTriangle().Force(4, 3, 100, 0));
+  const std::vector<std::string> headings = document_.LinesThatAre(LineRole::Heading);
+  EXPECT_THAT(std::vector(headings.begin() + std::size(ReportHeadings), headings.end()),
+              ElementsAre("Why this conclusion:", "The kind of this truss:", "The exact verdict:",
+                          "How it can move:", "Why no forces balance the loads:", "What would help:"));
+  EXPECT_THAT(document_.LinesThatAre(LineRole::TableHeader).back(), HasSubstr("self-stress"));
+  EXPECT_THAT(document_.LinesThatAre(LineRole::TableRow).back(), HasSubstr("[x] movable"));
+  ASSERT_EQ(document_.Descriptions.size(), 3U) << "two of the truss, one of its motion";
+  EXPECT_THAT(document_.Descriptions[2], StartsWith("Drawing of the truss in motion 1, with an arrow"));
+  EXPECT_THAT(document_.Descriptions[2], HasSubstr("The whole truss"));
+}
+
+TEST_F(WhySectionTest, HasNoPictureWithoutAMotion) {
+  EXPECT_THAT(TextWithWhy(Triangle()), EndsWith("for these loads and for all others: the truss is stable."));
+  EXPECT_EQ(document_.Pictures.size(), 2U);
+}
+
+TEST_F(WhySectionTest, IsEndedByTheUserAtEveryStep) {
+  int calls = 0;
+  double done = 0;
+  progress_ = [&](double part) {
+    EXPECT_GE(part, done);
+    done = part;
+    return ++calls > 0;
+  };
+  TextWithWhy(RollingTriangle());
+  EXPECT_EQ(done, 1);
+  for (int last = 1; last < calls; ++last) {
+    int left = last;
+    progress_ = [&left](double) { return left-- > 1; };
+    EXPECT_FALSE(Build(RollingTriangle())) << last;
+  }
+}
+
+TEST_F(WhySectionTest, KeepsNamesOnTheirLines) {
+  EXPECT_THAT(TextWithWhy(RollingTriangle().Member(8, 0, 12, 0, "C\rD\nE")), HasSubstr("CDE"));
+}
+
+TEST_F(WhySectionTest, ItsTableIsNoWiderThanThePaper) {
+  for (const float room : {350.0F, 482.0F, 2000.0F}) {
+    tableRoom_ = room;
+    TextWithWhy(RollingTriangle());
+    int found = 0;
+    for (const TextRun& run : document_.Runs) {
+      if (run.Text.find("[x]") == std::string::npos) continue;
+      ++found;
+      const std::string line = document_.LinesThatAre(LineRole::TableRow).back();
+      const double width = static_cast<double>(line.size()) * double{run.Format.Points} * MonospacedAdvance;
+      EXPECT_TRUE(width <= double{room} || run.Format.Points <= SmallestTablePoints);
+    }
+    EXPECT_EQ(found, 1);
+  }
+}
+
+TEST(ReportExtras, EachHasAWordOfItsOwn) {
+  for (const ReportExtraKind& kind : AllReportExtras) {
+    EXPECT_EQ(ReportExtraNamed(kind.Word), kind.Extra);
+    EXPECT_EQ(KindOf(kind.Extra).Word, kind.Word);
+  }
+  EXPECT_EQ(ReportExtraNamed("forces"), std::nullopt);
+  EXPECT_EQ(ReportExtraNamed(""), std::nullopt);
+}
+
+}  // namespace
