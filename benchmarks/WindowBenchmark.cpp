@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QLocale>
 #include <QMouseEvent>
@@ -13,6 +14,7 @@
 #include "ReportBenchmark.h"
 #include "ShapeDocument.h"
 #include "app/MainForm.h"
+#include "explanation/MotionView.h"
 #include "support/FakeFileChooser.h"
 #include "support/FakeMessageBox.h"
 #include "support/MemorySettingsStore.h"
@@ -21,11 +23,12 @@ namespace {
 
 using benchmark::State;
 
-// A file of the largest Warren strip; removed at the end.
+// A file of a truss of the largest size; removed at the end.
 class LargestFile {
  public:
-  LargestFile() : path_(std::filesystem::temp_directory_path() / "orvane-window-benchmark.trs") {
-    std::ofstream(path_, std::ios::binary) << FileTextOf(WarrenStrip(LargestNumUnknowns));
+  explicit LargestFile(const TrussShape& shape = WarrenStrip(LargestNumUnknowns))
+      : path_(std::filesystem::temp_directory_path() / "orvane-window-benchmark.trs") {
+    std::ofstream(path_, std::ios::binary) << FileTextOf(shape);
   }
   LargestFile(const LargestFile&) = delete;
   LargestFile& operator=(const LargestFile&) = delete;
@@ -68,6 +71,11 @@ class Window {
     QApplication::processEvents();
   }
 
+  void Choose(const char* entry) {
+    form_->findChild<QAction*>(QString::fromLatin1(entry))->trigger();
+    QApplication::processEvents();
+  }
+
   void Send(QEvent::Type type, QPointF at, bool held) {
     const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
     QMouseEvent event(type, at, Canvas()->mapToGlobal(at), button, held ? Qt::LeftButton : Qt::NoButton,
@@ -95,6 +103,14 @@ class Window {
   std::unique_ptr<MainForm> form_;
   bool wide_ = false;
 };
+
+MotionView* MotionViewOnScreen() {
+  for (QWidget* widget : QApplication::allWidgets()) {
+    auto* view = qobject_cast<MotionView*>(widget);
+    if (view != nullptr && view->isVisible()) return view;
+  }
+  return nullptr;
+}
 
 void StartUp(State& state) {
   for (auto unused : state) {
@@ -137,6 +153,46 @@ void OpenReport(State& state, const char* button) {
   window.Click("cmdNext1");
   window.Click("cmdNext2");
   for (auto unused : state) window.Click(button);
+}
+
+// Of a triangulated grid whose last joints hang in the air, so that there is something to tell.
+void ExplainInWindow(State& state) {
+  const LargestFile file(TriangulatedGrid(LargestNumUnknowns));
+  Window window;
+  window.Open(file.Path());
+  window.Click("cmdNext1");
+  for (auto unused : state) {
+    state.PauseTiming();
+    window.Click("cmdNext2");  // the explanation of the analysis before is forgotten
+    state.ResumeTiming();
+    window.Choose("mnuLearnWhy");
+    state.PauseTiming();
+    window.Click("cmdPrev3");
+    state.ResumeTiming();
+  }
+}
+
+void SwingInWindow(State& state) {
+  const LargestFile file(TriangulatedGrid(LargestNumUnknowns));
+  Window window;
+  window.Open(file.Path());
+  window.Click("cmdNext1");
+  window.Click("cmdNext2");
+  window.Choose("mnuLearnWhy");
+  MotionView* view = MotionViewOnScreen();
+  double swing = 0;
+  for (auto unused : state) {
+    swing = swing > 1 ? -1 : swing + 0.1;
+    view->Swing(swing);
+    view->repaint();
+  }
+}
+
+void CheckInWindow(State& state) {
+  const LargestFile file;
+  Window window;
+  window.Open(file.Path());
+  for (auto unused : state) window.Choose("mnuLearnCheck");
 }
 
 void FindLabel(State& state) {
@@ -216,6 +272,9 @@ int main(int argc, char** argv) {
   Register("open the Equations report", OpenReport, "cmdReportSystemEqs");
   Register("open the RREF report", OpenReport, "cmdReportRREF");
   Register("open the Solutions report", OpenReport, "cmdReportSolutions");
+  Register("open Why this conclusion of the largest grid", ExplainInWindow);
+  Register("a frame of a motion of the largest grid", SwingInWindow);
+  Register("check the drawing", CheckInWindow);
   Register("find the label under the mouse", FindLabel);
   Register("mouse move with read-out and snapping", MoveMouse);
   Register("mouse press that picks", PressThatPicks);

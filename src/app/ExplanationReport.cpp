@@ -2,22 +2,21 @@
 
 #include <cmath>
 
-#include "canvas/Graph.h"
 #include "editing/Picking.h"
+#include "explanation/WhyText.h"
 #include "text/CodePage.h"
 #include "text/ControlCharacters.h"
 
 void WriteWhy(std::ostream& out, const Explanation& explanation, const ReportFormat& format) {
-  bool first = true;
-  for (const ExplanationSection& section : ExplanationText(explanation, format)) {
-    if (!first) out << '\n';
-    out << section.Heading << '\n';
-    if (first) {
-      for (const std::string& line : KindTable(explanation.Exact.Verdict)) out << line << '\n';
-    }
-    first = false;
-    for (const std::string& paragraph : section.Paragraphs) out << VisibleText(ToUtf8(paragraph)) << '\n';
-  }
+  for (const WhyLine& line : WhyText(explanation, format)) out << line.Text << '\n';
+}
+
+DrawnWhere DrawnOn(const CanvasBounds& bounds, const Graph& mapping, float width, float height) {
+  return {.Bounds = bounds,
+          .CanvasWidth = width,
+          .CanvasHeight = height,
+          .SnapX = std::abs(mapping.XWorld(SnapTolerance) - mapping.XWorld(0)),
+          .SnapY = std::abs(mapping.YWorld(SnapTolerance) - mapping.YWorld(0))};
 }
 
 std::vector<DrawingCheck> ChecksOf(const AnalysedFile& file, const ReportFormat& format) {
@@ -26,11 +25,8 @@ std::vector<DrawingCheck> ChecksOf(const AnalysedFile& file, const ReportFormat&
   Graph graph;
   graph.SetMapping(bounds.PixL, bounds.PixR, bounds.PixB, bounds.PixT, settings.XMin, settings.XMax,
                    settings.YMin, file.Document.View.YMax);
-  return CheckDrawing(file.Document,
-                      {.Bounds = bounds,
-                       .SnapX = std::abs(graph.XWorld(SnapTolerance) - graph.XWorld(0)),
-                       .SnapY = std::abs(graph.YWorld(SnapTolerance) - graph.YWorld(0))},
-                      format);
+  const DrawnWhere usual;
+  return CheckDrawing(file.Document, DrawnOn(bounds, graph, usual.CanvasWidth, usual.CanvasHeight), format);
 }
 
 void WriteChecks(std::ostream& out, const AnalysedFile& file, const ReportFormat& format) {

@@ -2,27 +2,18 @@
 #include "app/MainForm.h"
 
 #include <QCloseEvent>
-#include <QDragEnterEvent>
-#include <QDropEvent>
 #include <QGuiApplication>
-#include <QMenu>
-#include <QMimeData>
 #include <QShortcut>
-#include <QStatusBar>
-#include <QUrl>
 
 #include "analysis/JointEquations.h"
-#include "app/AboutForm.h"
 #include "app/DeferredMessages.h"
 #include "app/DrawingNote.h"
-#include "app/FileMenu.h"
+#include "app/FileMenuView.h"
 #include "app/HelpTopics.h"
 #include "app/HelpViewer.h"
 #include "app/InstructionFrame.h"
+#include "app/LearnMenu.h"
 #include "app/OptionsDialog.h"
-#include "app/StatusPanel.h"
-#include "app/Step2Findings.h"
-#include "app/StepTexts.h"
 #include "canvas/DoLabel.h"
 #include "canvas/Paper.h"
 #include "canvas/RedrawTruss.h"
@@ -38,23 +29,6 @@
 
 namespace {
 
-// The only file of a drop, if there is one and it is a truss file.
-QString DroppedTruss(const QMimeData* data) {
-  const QList<QUrl> urls = data->urls();
-  if (urls.size() != 1 || !urls.front().isLocalFile()) return {};
-  const QString path = urls.front().toLocalFile();
-  return path.endsWith(QStringLiteral(".trs"), Qt::CaseInsensitive) ? path : QString();
-}
-
-// A file manager may propose to move the file, and who moves deletes what was taken. Opening takes a copy,
-// and a drop that allows none is refused.
-bool TakesACopy(QDropEvent* event) {
-  const bool allowed = event->possibleActions().testFlag(Qt::CopyAction);
-  if (allowed) event->setDropAction(Qt::CopyAction);
-  event->setAccepted(allowed);
-  return allowed;
-}
-
 // A position on the canvas in twips; names may stand far outside it.
 int InTwips(float pixels) { return static_cast<int>(OntoPaper(pixels) * TwipsPerPixel); }
 
@@ -63,14 +37,14 @@ int InTwips(float pixels) { return static_cast<int>(OntoPaper(pixels) * TwipsPer
 void MainForm::OpenAtStart(const std::string& path, bool autoName) {
   LeaveInstructions();
   lifecycle_->OpenPath(path);
-  AfterFileCommand();
+  NoteOnFile();
   if (autoName) NameAtStart();
 }
 
 void MainForm::OpenAtStart(const FileBytes& input, bool autoName) {
   LeaveInstructions();
   lifecycle_->OpenInput(input);
-  AfterFileCommand();
+  NoteOnFile();
   if (autoName) NameAtStart();
 }
 
@@ -101,6 +75,7 @@ void MainForm::Redraw() {
   picDraw_->PaintBacking(
       [&](Surface& surface) { joined = RedrawTruss(on_.Document, drawing_, surface, context, messages); });
   tool_->ShowState();
+  learn_->FollowDrawing();
   NoteDrawing(joined);
   // A message waits for its answer in an event loop of its own, which may redraw again; that must not ask
   // twice.
@@ -118,6 +93,7 @@ TextMeasure MainForm::Measure() {
 void MainForm::ShowNames() {
   PlaceNames(drawing_, on_.Document, Measure());
   picDraw_->ShowDrawing();
+  learn_->FollowDrawing();
   if (lifecycle_->NamesChanged()) Note(StatusNote::File, lifecycle_->FileNote());
 }
 
@@ -130,13 +106,13 @@ void MainForm::cmdOKInstruct1_Click() {
 
 void MainForm::LeaveInstructions() {
   frInstruct1_->hide();
-  mnuFile_->menuAction()->setEnabled(true);
+  fileMenu_->Enable();
   mnuSettings_->setEnabled(true);
   for (QWidget* widget : std::initializer_list<QWidget*>{picDraw_, picToolBox_, picStep2_, picStep3_}) {
     widget->setEnabled(true);
   }
   picDraw_->setFocus();
-  UpdateFileMenu();
+  fileMenu_->Update();
 }
 
 bool MainForm::InstructionsAreShown() const { return frInstruct1_->isVisibleTo(this); }
@@ -198,39 +174,10 @@ void MainForm::ShowStep() {
   picDraw_->SetLabelsActive(steps_.NamesAreShown());
   picDraw_->ShowDrawing();
   tool_->SetActive(step == 1 && picDraw_->isEnabled());
+  learn_->EnterStep(step, step == 3 ? reasons_ : nullptr);
   status_.EnterStep(StepText());
   NoteDrawing(true);
-  UpdateFileMenu();
-}
-
-std::string MainForm::StepText() const {
-  if (steps_.Current() == 2) {
-    return ToUtf8(steps_.StatusText() + Step2Findings(on_.Document, NumNamesOutOfReach(), on_.Numbers)) +
-           DrawingNote({.TicksAreLeftOut = TicksAreLeftOut()});
-  }
-  return steps_.StatusText().empty() ? Step1StatusText : ToUtf8(steps_.StatusText());
-}
-
-// In Step 2 the text of the step itself tells what was found.
-void MainForm::NoteDrawing(bool jointsAreNumbered) {
-  const bool isStep1 = steps_.Current() == 1;
-  const bool isOutside =
-      isStep1 &&
-      IsTrussOutside(drawing_, on_.Document, {0, static_cast<float>(StepPanelHeight)},
-                     {static_cast<float>(picDraw_->width()), static_cast<float>(picDraw_->height())});
-  Note(StatusNote::Drawing, DrawingNote({.JointsAreNumbered = jointsAreNumbered,
-                                         .TrussIsOutside = isOutside,
-                                         .TicksAreLeftOut = isStep1 && TicksAreLeftOut()}));
-}
-
-bool MainForm::TicksAreLeftOut() const {
-  return on_.Document.Settings.RulersOn && ::TicksAreLeftOut(drawing_.Mapping, on_.Document.View);
-}
-
-// Names under the panel of the step cannot be clicked either.
-int MainForm::NumNamesOutOfReach() const {
-  return NumLabelsOutside(drawing_, {0, static_cast<float>(StepPanelHeight)},
-                          {static_cast<float>(picDraw_->width()), static_cast<float>(picDraw_->height())});
+  fileMenu_->Update();
 }
 
 // --- names and joint equations
@@ -304,58 +251,9 @@ std::string MainForm::Notice() {
 
 // --- menus
 
-void MainForm::mnuFile_Click() {
-  UpdateFileMenu();
-  ShowHint(StatusHint::Menu, FileMenuStatusText);
-}
-
-void MainForm::UpdateFileMenu() {
-  const FileMenu state = FileMenuState(steps_.Current(), on_.Document.FileName);
-  const bool started = !InstructionsAreShown();
-  mnuFileSaveAs_->setText(QString::fromLatin1(state.SaveAs.Caption.c_str()));
-  mnuFileSaveAs_->setEnabled(started && state.SaveAs.Enabled);
-  mnuFileSave_->setText(QString::fromLatin1(state.Save.Caption.c_str()));
-  mnuFileSave_->setEnabled(started && state.Save.Enabled);
-  // Two with the same key would cancel each other out.
-  saveKey_->setEnabled(!mnuFileSave_->isEnabled());
-  mnuFilePrint_->setEnabled(started && state.PrintEnabled);
-  for (int entry = 0; entry <= RecentFiles::Count; ++entry) {
-    QAction* action = mnuRecentFile_[static_cast<std::size_t>(entry)];
-    action->setVisible(recent_.IsShown(entry));
-    if (entry == 0) continue;
-    // An ampersand in a path is no access key.
-    action->setText(QString::fromStdString(recent_.Caption(entry)).replace(u'&', QStringLiteral("&&")));
-  }
-}
-
-void MainForm::AfterFileCommand() {
+void MainForm::NoteOnFile() {
   Note(StatusNote::File, lifecycle_->FileNote());
-  UpdateFileMenu();
-}
-
-void MainForm::mnuFileSave_Click() {
-  lifecycle_->SaveFile();
-  AfterFileCommand();
-}
-
-void MainForm::mnuFileSaveAs_Click() {
-  lifecycle_->SaveFileAs();
-  AfterFileCommand();
-}
-
-void MainForm::SaveByKey() {
-  const bool instructed = InstructionsAreShown();
-  switch (SaveKeyCommand(steps_.Current(), on_.Document.FileName, instructed)) {
-    case SaveKey::Save:
-      mnuFileSave_->trigger();
-      break;
-    case SaveKey::SaveAs:
-      mnuFileSaveAs_->trigger();
-      break;
-    case SaveKey::Refused:
-      ShowHint(StatusHint::Key, SaveRefusedText(instructed));
-      break;
-  }
+  fileMenu_->Update();
 }
 
 void MainForm::mnuSettings_Click() {
@@ -413,55 +311,13 @@ void MainForm::ShowHelpOnReport() {
 
 void MainForm::ShowHelpOnStep() { ShowHelp(HelpTopicForStep(steps_.Current(), InstructionsAreShown())); }
 
-// --- the status bar
-
-void MainForm::ShowStatus() {
-  const QString text = QString::fromStdString(status_.Shown());
-  // Every redraw comes here, and choosing the font that fits takes time.
-  if (text == statusPanels_[0]->text()) return;
-  statusPanels_[0]->ShowText(text);
-}
-
-void MainForm::ShowHint(StatusHint from, const std::string& hint) {
-  status_.ShowHint(from, hint);
-  ShowStatus();
-}
-
-void MainForm::EndHint(StatusHint from) {
-  status_.EndHint(from);
-  ShowStatus();
-}
-
-void MainForm::Note(StatusNote about, const std::string& text) {
-  status_.Note(about, text);
-  ShowStatus();
-}
-
 // --- window events
 
 void MainForm::closeEvent(QCloseEvent* event) {
   tool_->Cancel();
   lifecycle_->Unload();
   report_->close();
+  learn_->Close();
   if (help_) help_->close();
   event->accept();
-}
-
-void MainForm::dragEnterEvent(QDragEnterEvent* event) {
-  if (mnuFile_->menuAction()->isEnabled() && !DroppedTruss(event->mimeData()).isEmpty()) TakesACopy(event);
-}
-
-// Keys held down change what is proposed while the file is on its way.
-void MainForm::dragMoveEvent(QDragMoveEvent* event) { TakesACopy(event); }
-
-void MainForm::dropEvent(QDropEvent* event) {
-  const QString path = DroppedTruss(event->mimeData());
-  if (path.isEmpty() || !TakesACopy(event)) return;
-  // The program that the file comes from waits until this event is done; a question must not hold it up.
-  const auto open = [this, path] {
-    tool_->Cancel();
-    lifecycle_->OpenPath(path.toStdString());
-    AfterFileCommand();
-  };
-  QMetaObject::invokeMethod(this, open, Qt::QueuedConnection);
 }

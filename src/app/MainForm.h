@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 
+#include "app/KeptPlace.h"
 #include "app/StatusTexts.h"
 #include "app/StepPanels.h"
 #include "app/Steps.h"
@@ -19,15 +20,18 @@
 #include "editing/ToolPalette.h"
 #include "explanation/Explanation.h"
 #include "platform/NumberFormat.h"
+#include "platform/qt/QtAnimationWish.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtTextMeasure.h"
 
+class FileMenuView;
 class HelpViewer;
 class InstructionFrame;
 class JointEquationsPanel;
-class QShortcut;
+class LearnMenu;
 class ReportWindow;
 class StatusPanel;
+struct ReportSizes;
 
 class MainForm final : public QMainWindow, private DocumentWindow {
   Q_OBJECT
@@ -57,9 +61,6 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
-  void dragEnterEvent(QDragEnterEvent* event) override;
-  void dragMoveEvent(QDragMoveEvent* event) override;
-  void dropEvent(QDropEvent* event) override;
 
  private:
   // DocumentWindow
@@ -77,13 +78,17 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void CreateStatusBar();
   void CreateMenus();
   void CreateFileMenu();
+  void CreateLearnMenu();
   void CreateHelpMenu();
   void CreateShortcuts();
   void AddStepKey(const QKeySequence& keys, bool forward);
   void CreateReportShortcuts();
   void CloseReport();
   void PlaceOnScreen();
+  QRect InnerPlace() const;
+  int PanelBottom() const;
   void PlaceReport();
+  void PlaceBesideReport(QWidget& window, const ReportSizes& sizes);
   void BringUpReport();
   void PlaceInstructions(QSize inner);
   void FollowLetters();
@@ -96,10 +101,6 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void cmdPrev3_Click();
   void cmdAutoName_Click(int index);
   void lblRodJoint_Click(int label);
-  void mnuFile_Click();
-  void mnuFileSave_Click();
-  void mnuFileSaveAs_Click();
-  void SaveByKey();
   void mnuSettings_Click();
   void mnuFilePrint_Click();
   void ShowHelp(const char* topic);
@@ -116,12 +117,11 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   int NumNamesOutOfReach() const;
   bool TicksAreLeftOut() const;
   void NoteDrawing(bool jointsAreNumbered);
-  void UpdateFileMenu();
   void ShowStatus();
   void ShowHint(StatusHint from, const std::string& hint);
   void EndHint(StatusHint from);
   void Note(StatusNote about, const std::string& text);
-  void AfterFileCommand();
+  void NoteOnFile();
   void NameAtStart();
   void LeaveInstructions();
   bool InstructionsAreShown() const;
@@ -149,17 +149,14 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   std::shared_ptr<const TrussAnalysis> shownAnalysis_;  // what the report window shows
   std::shared_ptr<ExplanationOnDemand> reasons_;        // of that analysis; empty without unknown forces
   std::unique_ptr<ReportWindow> report_;
-  QRect placedReport_;         // where this window has put it; elsewhere the user has moved it
+  KeptPlace reportPlace_;
   QSize printableReportSize_;  // as the user left it; invalid before
   int shownReport_ = 1;        // 1 Counting, 2 Equations, 3 RREF, 4 Solutions
   std::unique_ptr<HelpViewer> help_;
   std::array<StatusPanel*, 2> statusPanels_{};
-  QMenu* mnuFile_ = nullptr;
+  std::unique_ptr<FileMenuView> fileMenu_;
+  QtAnimationWish animation_;
+  std::unique_ptr<LearnMenu> learn_;
   QAction* mnuSettings_ = nullptr;
-  QAction* mnuFileSave_ = nullptr;
-  QAction* mnuFileSaveAs_ = nullptr;
-  QShortcut* saveKey_ = nullptr;  // the key of Save where the menu does not offer it
-  QAction* mnuFilePrint_ = nullptr;
-  std::array<QAction*, RecentFiles::Count + 1> mnuRecentFile_{};
   bool showingMessages_ = false;
 };

@@ -33,23 +33,36 @@ void MainForm::PlaceOnScreen() {
   PlaceReport();
 }
 
-void MainForm::PlaceReport() {
+QRect MainForm::InnerPlace() const {
   const QMargins frame = FrameMargins(*this);
-  const QRect inner(pos() + QPoint(frame.left(), frame.top()), size());
-  const int panelBottom = inner.top() + menuBar()->sizeHint().height() + StepPanelHeight;
-  const ScreenBox place =
-      PlaceOfReport(BoxOf(FrameRoom(*this)), BoxOf(inner.marginsAdded(frame)), panelBottom);
-  report_->resize(place.Width - frame.left() - frame.right(), place.Height - frame.top() - frame.bottom());
-  report_->move(place.Left, place.Top);
-  placedReport_ = report_->geometry();
+  return {pos() + QPoint(frame.left(), frame.top()), size()};
 }
 
-// Where the user has put the report window it stays.
+int MainForm::PanelBottom() const {
+  return InnerPlace().top() + menuBar()->sizeHint().height() + StepPanelHeight;
+}
+
+void MainForm::PlaceReport() {
+  const QMargins frame = FrameMargins(*this);
+  const ScreenBox place =
+      PlaceOfReport(BoxOf(FrameRoom(*this)), BoxOf(InnerPlace().marginsAdded(frame)), PanelBottom());
+  report_->resize(place.Width - frame.left() - frame.right(), place.Height - frame.top() - frame.bottom());
+  report_->move(place.Left, place.Top);
+  reportPlace_.Placed(*report_);
+}
+
 void MainForm::BringUpReport() {
-  const bool opens = !report_->isVisible() && report_->geometry() == placedReport_;
-  if (opens) PlaceReport();
-  report_->BringUp();
-  if (opens) placedReport_ = report_->geometry();
+  reportPlace_.BringUp(
+      *report_, [this] { PlaceReport(); }, [this] { report_->BringUp(); });
+}
+
+void MainForm::PlaceBesideReport(QWidget& window, const ReportSizes& sizes) {
+  const QMargins frame = FrameMargins(*this);
+  const ScreenBox report = report_->isVisible() ? BoxOf(report_->frameGeometry()) : ScreenBox{};
+  const ScreenBox place = PlaceOfExplanation(BoxOf(FrameRoom(*this)), BoxOf(InnerPlace().marginsAdded(frame)),
+                                             report, PanelBottom(), sizes);
+  window.resize(place.Width - frame.left() - frame.right(), place.Height - frame.top() - frame.bottom());
+  window.move(place.Left, place.Top);
 }
 
 void MainForm::resizeEvent(QResizeEvent* event) {

@@ -6,27 +6,29 @@
 #include <QStatusBar>
 
 #include "app/AboutForm.h"
+#include "app/FileMenuView.h"
 #include "app/HelpTopics.h"
 #include "app/HelpViewer.h"
 #include "app/InstructionFrame.h"
+#include "app/LearnMenu.h"
 #include "app/MainForm.h"
 #include "app/StatusPanel.h"
+#include "app/TrussDrop.h"
 #include "platform/qt/WindowInFront.h"
 #include "reports/JointEquationsPanel.h"
 #include "reports/ReportWindow.h"
 
 MainForm::MainForm(const Partners& partners) : on_(partners), recent_(partners.Store) {
   setObjectName(QStringLiteral("MainForm"));
-  setAcceptDrops(true);
   CreateCanvasAndPanels();
   CreateStatusBar();
+  lifecycle_ = std::make_unique<DocumentLifecycle>(
+      DocumentLifecycle::Partners{on_.Document, bounds_, recent_, on_.Messages, on_.Chooser, *this},
+      on_.ProgramDirectory);
   CreateMenus();
   report_ = std::make_unique<ReportWindow>(on_.Numbers);
   ShowMessagesOver(*this, *report_);
   CreateShortcuts();
-  lifecycle_ = std::make_unique<DocumentLifecycle>(
-      DocumentLifecycle::Partners{on_.Document, bounds_, recent_, on_.Messages, on_.Chooser, *this},
-      on_.ProgramDirectory);
   ShowCaption(MainWindowCaption(on_.Document.FileName));
   ShowStep();
   PlaceOnScreen();
@@ -151,51 +153,46 @@ void MainForm::CreateMenus() {
   CreateFileMenu();
   mnuSettings_ = menuBar()->addAction(QStringLiteral("&Settings"), this, &MainForm::mnuSettings_Click);
   mnuSettings_->setObjectName(QStringLiteral("mnuSettings"));
+  CreateLearnMenu();
   CreateHelpMenu();
-  mnuFile_->menuAction()->setEnabled(false);
   mnuSettings_->setEnabled(false);
 }
 
 void MainForm::CreateFileMenu() {
-  mnuFile_ = menuBar()->addMenu(QStringLiteral("&File"));
-  mnuFile_->setObjectName(QStringLiteral("mnuFile"));
-  connect(mnuFile_, &QMenu::aboutToShow, this, &MainForm::mnuFile_Click);
-  connect(mnuFile_, &QMenu::aboutToHide, this, [this] { EndHint(StatusHint::Menu); });
-  const auto add = [this](const char* name, const QString& text, const QKeySequence& keys, auto handler) {
-    QAction* action = mnuFile_->addAction(text);
-    action->setObjectName(QString::fromLatin1(name));
-    action->setShortcut(keys);
-    connect(action, &QAction::triggered, this, [this, handler] {
-      tool_->Cancel();
-      handler();
-    });
-    return action;
-  };
-  add("mnuFileNew", QStringLiteral("&New truss"), QKeySequence::New, [this] {
-    lifecycle_->NewFile();
-    AfterFileCommand();
-  });
-  add("mnuFileOpen", QStringLiteral("&Open an existing truss ..."), QKeySequence::Open, [this] {
-    lifecycle_->OpenFile();
-    AfterFileCommand();
-  });
-  mnuFileSave_ = add("mnuFileSave", QString(), QKeySequence::Save, [this] { mnuFileSave_Click(); });
-  mnuFileSaveAs_ = add("mnuFileSaveAs", QString(), QKeySequence(), [this] { mnuFileSaveAs_Click(); });
-  mnuFilePrint_ = add("mnuFilePrint", QStringLiteral("&Print the report ..."), QKeySequence::Print,
-                      [this] { mnuFilePrint_Click(); });
-  mnuRecentFile_[0] = mnuFile_->addSeparator();
-  mnuRecentFile_[0]->setObjectName(QStringLiteral("mnuRecentFile(0)"));
-  for (int entry = 1; entry <= RecentFiles::Count; ++entry) {
-    QAction* action = mnuFile_->addAction(QString(), this, [this, entry] {
-      tool_->Cancel();
-      lifecycle_->OpenRecentFile(entry);
-      AfterFileCommand();
-    });
-    action->setObjectName(QStringLiteral("mnuRecentFile(%1)").arg(entry));
-    mnuRecentFile_[static_cast<std::size_t>(entry)] = action;
-  }
-  mnuFile_->addSeparator();
-  add("mnuFileExit", QStringLiteral("E&xit"), QKeySequence::Quit, [this] { close(); });
+  fileMenu_ = std::make_unique<FileMenuView>(
+      FileMenuView::Partners{.Lifecycle = *lifecycle_,
+                             .Recent = recent_,
+                             .Document = on_.Document,
+                             .Step = steps_,
+                             .Instructed = [this] { return InstructionsAreShown(); },
+                             .BeforeEntry = [this] { tool_->Cancel(); },
+                             .Print = [this] { mnuFilePrint_Click(); }},
+      *this);
+  connect(fileMenu_.get(), &FileMenuView::HintShown, this,
+          [this](const char* hint) { ShowHint(StatusHint::Menu, hint); });
+  connect(fileMenu_.get(), &FileMenuView::HintGone, this, [this] { EndHint(StatusHint::Menu); });
+  connect(fileMenu_.get(), &FileMenuView::SaveRefused, this,
+          [this](const char* why) { ShowHint(StatusHint::Key, why); });
+  connect(fileMenu_.get(), &FileMenuView::CommandDone, this, &MainForm::NoteOnFile);
+  auto* drop = new TrussDrop(*this, [this] { return fileMenu_->IsEnabled(); });
+  connect(drop, &TrussDrop::Dropped, fileMenu_.get(), &FileMenuView::OpenDropped);
+}
+
+void MainForm::CreateLearnMenu() {
+  learn_ = std::make_unique<LearnMenu>(
+      LearnMenu::Partners{
+          .Document = on_.Document,
+          .Bounds = bounds_,
+          .Canvas = *picDraw_,
+          .Animation = animation_,
+          .Numbers = on_.Numbers,
+          .PlaceBeside = [this](QWidget& window,
+                                const ReportSizes& sizes) { PlaceBesideReport(window, sizes); },
+          .ShowHelp = [this](const char* topic) { ShowHelp(topic); }},
+      *menuBar());
+  connect(learn_.get(), &LearnMenu::HintShown, this,
+          [this](const char* hint) { ShowHint(StatusHint::Menu, hint); });
+  connect(learn_.get(), &LearnMenu::HintGone, this, [this] { EndHint(StatusHint::Menu); });
 }
 
 void MainForm::CreateHelpMenu() {
@@ -220,8 +217,6 @@ void MainForm::CreateHelpMenu() {
 void MainForm::CreateShortcuts() {
   AddStepKey(QKeySequence(Qt::ALT | Qt::Key_Right), true);
   AddStepKey(QKeySequence(Qt::ALT | Qt::Key_Left), false);
-  saveKey_ = new QShortcut(QKeySequence::Save, this);
-  connect(saveKey_, &QShortcut::activated, this, &MainForm::SaveByKey);
   CreateReportShortcuts();
 }
 
@@ -241,8 +236,7 @@ void MainForm::CreateReportShortcuts() {
   const auto add = [this](const QKeySequence& keys, auto handler) {
     connect(new QShortcut(keys, report_.get()), &QShortcut::activated, this, handler);
   };
-  add(QKeySequence::Save, [this] { SaveByKey(); });
-  add(QKeySequence::Print, [this] { mnuFilePrint_->trigger(); });
+  fileMenu_->AddKeys(*report_);
   add(QKeySequence::HelpContents, [this] { ShowHelpOnReport(); });
   // The access keys of the panel, so that a reader goes from report to report, and back, without the mouse.
   for (QPushButton* button : picStep3_->findChildren<QPushButton*>()) {

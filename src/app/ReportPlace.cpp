@@ -4,16 +4,21 @@
 
 namespace {
 
-ScreenBox Beside(const ScreenBox& screen, const ScreenBox& mainWindow, const ReportSizes& sizes) {
-  const int rightRoom = screen.Right() - mainWindow.Right();
-  const int leftRoom = mainWindow.Left - screen.Left;
-  const bool onTheRight = rightRoom >= std::min(leftRoom, sizes.Width);
-  const int width = std::min(onTheRight ? rightRoom : leftRoom, sizes.Width);
+// Left or right of the main window, as wide as there is room.
+ScreenBox OnSide(const ScreenBox& screen, const ScreenBox& mainWindow, bool right, const ReportSizes& sizes) {
+  const int room = right ? screen.Right() - mainWindow.Right() : mainWindow.Left - screen.Left;
+  const int width = std::min(room, sizes.Width);
   const int height = std::min(sizes.Height, screen.Height);
-  return {.Left = onTheRight ? mainWindow.Right() : mainWindow.Left - width,
+  return {.Left = right ? mainWindow.Right() : mainWindow.Left - width,
           .Top = std::clamp(mainWindow.Top, screen.Top, screen.Bottom() - height),
           .Width = width,
           .Height = height};
+}
+
+ScreenBox Beside(const ScreenBox& screen, const ScreenBox& mainWindow, const ReportSizes& sizes) {
+  const int rightRoom = screen.Right() - mainWindow.Right();
+  const int leftRoom = mainWindow.Left - screen.Left;
+  return OnSide(screen, mainWindow, rightRoom >= std::min(leftRoom, sizes.Width), sizes);
 }
 
 // At the right edge of the screen, between two heights.
@@ -24,6 +29,13 @@ ScreenBox Between(const ScreenBox& screen, int top, int bottom, const ReportSize
           .Width = width,
           .Height = std::min(sizes.Height, bottom - top)};
 }
+
+bool Meet(const ScreenBox& a, const ScreenBox& b) {
+  return a.Left < b.Right() && b.Left < a.Right() && a.Top < b.Bottom() && b.Top < a.Bottom();
+}
+
+// Pixels of a window that stay free above and to the left of one that covers it.
+constexpr int FreeOfCovered = 40;
 
 }  // namespace
 
@@ -37,4 +49,21 @@ ScreenBox PlaceOfReport(const ScreenBox& screen, const ScreenBox& mainWindow, in
   if (above - screen.Top >= sizes.SmallestHeight) return Between(screen, screen.Top, above, sizes);
   const int height = std::min(sizes.Height, screen.Height);
   return Between(screen, screen.Bottom() - height, screen.Bottom(), sizes);
+}
+
+ScreenBox PlaceOfExplanation(const ScreenBox& screen, const ScreenBox& mainWindow, const ScreenBox& report,
+                             int panelBottom, const ReportSizes& sizes) {
+  for (const bool right : {true, false}) {
+    const ScreenBox place = OnSide(screen, mainWindow, right, sizes);
+    if (place.Width >= sizes.SmallestWidth && !Meet(place, report)) return place;
+  }
+  ScreenBox place = PlaceOfReport(screen, mainWindow, panelBottom, sizes);
+  if (!Meet(place, report)) return place;
+  const int left = std::min(report.Left + FreeOfCovered, screen.Right() - sizes.SmallestWidth);
+  const int top = std::min(report.Top + FreeOfCovered, screen.Bottom() - sizes.SmallestHeight);
+  place.Left = std::clamp(left, screen.Left, std::max(screen.Left, screen.Right() - 1));
+  place.Top = std::clamp(top, screen.Top, std::max(screen.Top, screen.Bottom() - 1));
+  place.Width = std::min(sizes.Width, screen.Right() - place.Left);
+  place.Height = std::min(sizes.Height, screen.Bottom() - place.Top);
+  return place;
 }

@@ -23,3 +23,16 @@ struct ReportSizes {
 /// does; else above the main window. Where the screen has room for none of this, in the lower right corner.
 ScreenBox PlaceOfReport(const ScreenBox& screen, const ScreenBox& mainWindow, int panelBottom,
                         const ReportSizes& sizes = {});
+
+/// What the window that explains asks for, and the one with the checks: less width than a report.
+inline constexpr ReportSizes ExplanationSizes{
+    .Width = 600, .Height = 700, .SmallestWidth = 340, .SmallestHeight = 200};
+inline constexpr ReportSizes ChecksSizes{
+    .Width = 480, .Height = 320, .SmallestWidth = 300, .SmallestHeight = 160};
+
+/// The place of a window that is read beside the main window and the report window, with its frame, inside
+/// `screen`: on the side of the main window where the report (an empty box: it is not shown) is not, if there
+/// is enough width; else as the report would stand, but so that the report's title bar and left edge can
+/// still be got at.
+ScreenBox PlaceOfExplanation(const ScreenBox& screen, const ScreenBox& mainWindow, const ScreenBox& report,
+                             int panelBottom, const ReportSizes& sizes);

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "canvas/PaintDrawing.h"
+#include "canvas/Paper.h"
 #include "platform/qt/QtSurface.h"
 #include "platform/qt/QtText.h"
 
@@ -84,6 +85,7 @@ void CanvasWidget::paintEvent(QPaintEvent* /*event*/) {
   painter.drawImage(QPointF(0, 0), scene_);
   PaintFocus(painter);
   PaintKeyboardCursor(painter);
+  PaintPointer(painter);
 }
 
 void CanvasWidget::PaintFocus(QPainter& painter) const {
@@ -108,6 +110,26 @@ void CanvasWidget::PaintKeyboardCursor(QPainter& painter) const {
   for (const QPointF direction : {QPointF(1, 0), QPointF(-1, 0), QPointF(0, 1), QPointF(0, -1)}) {
     painter.drawLine(*keyboardCursor_ + gap * direction, *keyboardCursor_ + reach * direction);
   }
+}
+
+void CanvasWidget::PointAt(std::optional<PixelPoint> world) {
+  if (world == pointedAt_) return;
+  pointedAt_ = world;
+  update();
+}
+
+// A light ring inside a dark one can be seen on paper and on lines.
+void CanvasWidget::PaintPointer(QPainter& painter) const {
+  if (!pointedAt_) return;
+  const QPointF centre(double{OntoPaper(drawing_.Mapping.XPixel(pointedAt_->X))} + 0.5,
+                       double{OntoPaper(drawing_.Mapping.YPixel(pointedAt_->Y))} + 0.5);
+  constexpr double radius = 18;
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(Qt::white, 6));
+  painter.drawEllipse(centre, radius, radius);
+  painter.setPen(QPen(QColor(0, 90, 200), 3));
+  painter.drawEllipse(centre, radius, radius);
 }
 
 LabelIndex CanvasWidget::LabelUnder(const QPointF& position) const {

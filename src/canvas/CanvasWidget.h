@@ -37,6 +37,10 @@ class CanvasWidget final : public QWidget {
   /// Where the keyboard's cursor stands (pixels); nothing hides it.
   void ShowKeyboardCursor(std::optional<QPointF> place);
 
+  /// A ring around a place (world coordinates), until it is taken away; nothing of the document changes.
+  void PointAt(std::optional<PixelPoint> world);
+  const std::optional<PixelPoint>& PointedAt() const { return pointedAt_; }
+
   const QImage& Backing() const { return backing_; }
 
   /// The drawing that the widget shows.
@@ -65,6 +69,7 @@ class CanvasWidget final : public QWidget {
   void RenderScene();
   void PaintFocus(QPainter& painter) const;
   void PaintKeyboardCursor(QPainter& painter) const;
+  void PaintPointer(QPainter& painter) const;
   LabelIndex LabelUnder(const QPointF& position) const;
   bool ShowToolTip(QHelpEvent* event);
   bool CanHoldFocus(int label) const;
@@ -76,6 +81,7 @@ class CanvasWidget final : public QWidget {
   QImage scene_;  // the backing image with the drawing on it, as last rendered
   bool sceneIsCurrent_ = false;
   std::optional<QPointF> keyboardCursor_;
+  std::optional<PixelPoint> pointedAt_;  // world coordinates
   bool labelsActive_ = false;
   LabelIndex focusLabel_ = 0;
   LabelIndex pressedLabel_ = 0;  // 0 but between press and release of the mouse on a label

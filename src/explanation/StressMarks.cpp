@@ -94,27 +94,51 @@ class Marker {
     return Take(place);
   }
 
-  // The arrow points in the direction of the force, and stands on the side from which a positive one comes;
-  // the text stands behind it.
+  // The arrow points in the direction of the force, and its text stands beyond it.
   StressMark OfReaction(const PlacedUnknown& unknown, const UnknownForce& force) {
     const PixelPoint joint = At(unknown.JointA);
-    const float dx = unknown.Along == Axis::X ? static_cast<float>(unknown.Sign) : 0;
-    const float dy = unknown.Along == Axis::Y ? static_cast<float>(-unknown.Sign) : 0;
-    const PixelPoint nearEnd{joint.X - NearEnd * dx, joint.Y - NearEnd * dy};
-    const PixelPoint farEnd{joint.X - FarEnd * dx, joint.Y - FarEnd * dy};
+    const PixelPoint side = FreeSide(unknown);
+    const PixelPoint nearEnd{joint.X + NearEnd * side.X, joint.Y + NearEnd * side.Y};
+    const PixelPoint farEnd{joint.X + FarEnd * side.X, joint.Y + FarEnd * side.Y};
+    const PixelPoint positive = PositiveDirection(unknown);
     const bool pushes = force.Value > 0;
-    const PixelPoint from = pushes ? farEnd : nearEnd;
-    const PixelPoint to = pushes ? nearEnd : farEnd;
+    const bool outwards = (positive.X * side.X + positive.Y * side.Y > 0) == pushes;
+    const PixelPoint from = outwards ? nearEnd : farEnd;
+    const PixelPoint to = outwards ? farEnd : nearEnd;
     StressMark mark{.Unknown = force.Unknown,
                     .IsCompression = pushes,
                     .Line = {from.X, from.Y, to.X, to.Y},
                     .Text = Named(unknown.Name) + FormatSigFigs(force.Value, format_),
                     .TextTopLeft = {}};
     const TextExtent extent = measure_(TextFont{}, mark.Text);
-    mark.TextTopLeft = Take(
-        Around({farEnd.X - dx * (TextGap + extent.Width / 2), farEnd.Y - dy * (TextGap + extent.Height / 2)},
-               extent));
+    mark.TextTopLeft = Take(Around(
+        {farEnd.X + side.X * (TextGap + extent.Width / 2), farEnd.Y + side.Y * (TextGap + extent.Height / 2)},
+        extent));
     return mark;
+  }
+
+  static PixelPoint PositiveDirection(const PlacedUnknown& unknown) {
+    const auto sign = static_cast<float>(unknown.Sign);
+    return unknown.Along == Axis::X ? PixelPoint{sign, 0} : PixelPoint{0, -sign};
+  }
+
+  // The side from which a positive force comes, unless a member runs there and none on the other side.
+  PixelPoint FreeSide(const PlacedUnknown& unknown) const {
+    const PixelPoint positive = PositiveDirection(unknown);
+    const PixelPoint usual{-positive.X, -positive.Y};
+    return RunsAMember(unknown.JointA, usual) && !RunsAMember(unknown.JointA, positive) ? positive : usual;
+  }
+
+  bool RunsAMember(int joint, PixelPoint direction) const {
+    constexpr double nearly = 0.9;  // the cosine of some 25 degrees
+    const PixelPoint from = At(joint);
+    return std::ranges::any_of(graph_.Unknowns.First(graph_.NumUnknowns()), [&](const PlacedUnknown& other) {
+      if (!other.IsMember() || (other.JointA != joint && other.JointB != joint)) return false;
+      const PixelPoint to = At(other.JointA == joint ? other.JointB : other.JointA);
+      const double dx = double{to.X} - double{from.X};
+      const double dy = double{to.Y} - double{from.Y};
+      return dx * double{direction.X} + dy * double{direction.Y} > nearly * std::hypot(dx, dy);
+    });
   }
 
   PixelPoint Take(const Box& box) {

@@ -69,6 +69,7 @@ class RandomUser : public WindowEditingFixture {
   void SaveToFailingDisk();
   void ReportWindowEvent();
   void UseShownReport(QWidget& report);
+  void UseLearning();
 
   // Checks (RandomUserChecks.cpp).
   bool InStep1() const { return Widget("picToolBox")->isVisible(); }

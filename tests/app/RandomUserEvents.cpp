@@ -119,9 +119,10 @@ void RandomUser::ButtonEvent() {
 }
 
 void RandomUser::MenuEvent() {
-  static constexpr std::array names = {
-      "mnuFileSave", "mnuFileSaveAs", "mnuFileOpen",  "mnuRecentFile(1)", "mnuRecentFile(2)",
-      "mnuSettings", "mnuHelpAbout",  "mnuFilePrint", "mnuFileNew",       "mnuHelpProgram"};
+  static constexpr std::array names = {"mnuFileSave",      "mnuFileSaveAs",    "mnuFileOpen",
+                                       "mnuRecentFile(1)", "mnuRecentFile(2)", "mnuSettings",
+                                       "mnuHelpAbout",     "mnuFilePrint",     "mnuFileNew",
+                                       "mnuHelpProgram",   "mnuLearnWhy",      "mnuLearnCheck"};
   const char* name = OneOf(names);
   // Now and then only: a new truss, so that there is something to work on, and the printable report, whose
   // files take longest and which has a test of its own.
@@ -130,6 +131,7 @@ void RandomUser::MenuEvent() {
   messages_.Answers = {YesOrNo(), YesOrNo()};
   QAction* entry = Entry(name);
   if (entry->isEnabled() && entry->isVisible()) entry->trigger();
+  UseLearning();
 }
 
 // A button or a key of the printable report, for its text or its window; the printer's own dialogs are not

@@ -153,6 +153,19 @@ void RandomUser::ReportWindowEvent() {
   }
 }
 
+// The windows of the menu Learn that are open: text and list as in a report, the slider and the play button.
+void RandomUser::UseLearning() {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    const bool isOfLearn =
+        window->objectName() == QStringLiteral("Why") || window->objectName() == QStringLiteral("Checks");
+    if (!isOfLearn || !window->isVisible()) continue;
+    for (int i = Below(4); i > 0; --i) UseShownReport(*window);
+    if (Below(3) == 0) WindowEvent(*window);
+    if (auto* play = window->findChild<QPushButton*>(QStringLiteral("cmdPlay")))
+      QTest::mouseClick(play, Qt::LeftButton);
+  }
+}
+
 // Mouse and keys in the text or the table, with the keys that copy and close.
 void RandomUser::UseShownReport(QWidget& report) {
   const QList<QAbstractScrollArea*> areas = report.findChildren<QAbstractScrollArea*>();

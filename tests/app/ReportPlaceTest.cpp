@@ -77,4 +77,49 @@ TEST(ReportPlace, AScreenWithoutRoomStillShowsIt) {
   EXPECT_EQ(report, (ScreenBox{0, 0, 320, 240}));
 }
 
+// --- the windows that explain
+
+ScreenBox PlaceOfWhy(const ScreenBox& screen, const ScreenBox& mainWindow, const ScreenBox& report) {
+  return PlaceOfExplanation(screen, mainWindow, report, PanelBottom(mainWindow), ExplanationSizes);
+}
+
+TEST(ExplanationPlace, OnTheOtherSideOfTheMainWindow) {
+  for (const ScreenBox& screen : {Notebook, LargeScreen}) {
+    const ScreenBox mainWindow = MainWindowOn(screen);
+    const ScreenBox report = PlaceBeside(screen, mainWindow);
+    const ScreenBox why = PlaceOfWhy(screen, mainWindow, report);
+    EXPECT_EQ(why.Right(), mainWindow.Left);
+    EXPECT_FALSE(Overlap(why, report));
+    EXPECT_FALSE(Overlap(why, mainWindow));
+    EXPECT_TRUE(IsInside(why, screen));
+  }
+}
+
+TEST(ExplanationPlace, WhereTheReportWouldStandWhenItIsNotShown) {
+  const ScreenBox mainWindow = MainWindowOn(LargeScreen);
+  EXPECT_EQ(PlaceOfWhy(LargeScreen, mainWindow, {}), (ScreenBox{1243, 54, 600, 700}));
+}
+
+TEST(ExplanationPlace, AlwaysOnTheScreenAndNeverRightOverTheReport) {
+  for (const ScreenBox& screen : {Notebook, LargeScreen, SmallScreen, ScreenBox{1920, 200, 1280, 720}}) {
+    for (int left = -300; left < screen.Width; left += 137) {
+      for (int top = -50; top < screen.Height; top += 61) {
+        const ScreenBox mainWindow{screen.Left + left, screen.Top + top, 566, 500};
+        const ScreenBox report = PlaceBeside(screen, mainWindow);
+        const ScreenBox why = PlaceOfWhy(screen, mainWindow, report);
+        ASSERT_TRUE(IsInside(why, screen)) << left << ", " << top;
+        ASSERT_FALSE(why.Left <= report.Left && why.Top <= report.Top && why.Right() > report.Left &&
+                     why.Bottom() > report.Top)
+            << "its title bar can be got at: " << left << ", " << top;
+      }
+    }
+  }
+}
+
+TEST(ExplanationPlace, AScreenWithoutRoomStillShowsIt) {
+  const ScreenBox tiny{0, 0, 320, 240};
+  const ScreenBox report = PlaceOfReport(tiny, {0, 12, 320, 228}, 122);
+  EXPECT_TRUE(IsInside(PlaceOfWhy(tiny, {0, 12, 320, 228}, report), tiny));
+}
+
 }  // namespace

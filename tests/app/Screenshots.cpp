@@ -2,8 +2,11 @@
 //   orvane_screenshots DIRECTORY TRUSS light|dark POINTS
 // POINTS is the size of the desktop's letters. The scale comes from QT_SCALE_FACTOR. It proves nothing by
 // itself and is no test.
+#include <QComboBox>
+#include <QListWidget>
 #include <QStyleFactory>
 #include <QTextEdit>
+#include <algorithm>
 #include <iostream>
 
 #include "app/HelpTopics.h"
@@ -63,6 +66,7 @@ class Walk : Photographer {
       Take(ReportWindow(), QStringLiteral("10-report%1").arg(++number));
     }
     ReportWindow().hide();
+    TakeLearning();
     ClickLabel(truss_.Joints[2].NameLabel);
     Take(form_, "11-joint");
     form_.resize(900, 700);
@@ -82,6 +86,27 @@ class Walk : Photographer {
     QTest::mouseClick(&Canvas(), Qt::LeftButton, Qt::NoModifier, nearItsEnd.toPoint());
     Take(form_, "3-value-panel");
     Click("cmdNewCoordsCancel(1)");
+  }
+
+  // Of motions and states of self-stress the first few.
+  void TakeLearning() {
+    TakeMenu("mnuLearn", "16-learn-menu");
+    Trigger("mnuLearnWhy");
+    QWidget& why = WindowNamed("Why");
+    auto* choice = why.findChild<QComboBox*>(Named("cmbMotion"));
+    for (int i = 0; i < std::clamp(choice->count(), 1, 4); ++i) {
+      choice->setCurrentIndex(i);
+      Take(why, QStringLiteral("16-why%1").arg(i + 1));
+    }
+    why.resize(380, 400);
+    Take(why, "16-why-narrow");
+    why.close();
+    Trigger("mnuLearnCheck");
+    QWidget& checks = WindowNamed("Checks");
+    checks.findChild<QListWidget*>()->setCurrentRow(0);
+    Take(checks, "17-checks");
+    Take(form_, "17-checks-place");
+    checks.close();
   }
 
   void TakeHelp() {

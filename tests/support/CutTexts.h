@@ -31,7 +31,8 @@ class CutTexts {
 
   void LookAtText(const QWidget& widget) {
     if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
-      const int flags = static_cast<int>(label->alignment()) | (label->wordWrap() ? Qt::TextWordWrap : 0);
+      const int flags = static_cast<int>(label->alignment()) | (label->wordWrap() ? Qt::TextWordWrap : 0) |
+                        (label->buddy() != nullptr ? Qt::TextShowMnemonic : 0);
       Compare(widget, label->text().trimmed(), flags, label->contentsRect().size());
     } else if (const auto* push = qobject_cast<const QPushButton*>(&widget)) {
       QStyleOptionButton option;

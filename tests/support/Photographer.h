@@ -97,12 +97,14 @@ class Photographer {
 
   CanvasWidget& Canvas() { return Find<CanvasWidget>("picDraw"); }
 
-  static QWidget& ReportWindow() {
+  static QWidget& WindowNamed(const char* name) {
     for (QWidget* window : QApplication::topLevelWidgets()) {
-      if (window->objectName() == QStringLiteral("Report")) return *window;
+      if (window->objectName() == Named(name)) return *window;
     }
-    throw std::runtime_error("no report window");
+    throw std::runtime_error(std::string("there is no window ") + name);
   }
+
+  static QWidget& ReportWindow() { return WindowNamed("Report"); }
 
   QDir directory_;
   Truss truss_;

@@ -1,0 +1,273 @@
+// The menu Learn in the main window: where it stands, what it offers in which step, and that its windows
+// never show another truss than the one on the canvas.
+#include <QLabel>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <sstream>
+
+#include "app/ExplanationReport.h"
+#include "explanation/ChecksWindow.h"
+#include "explanation/MotionView.h"
+#include "explanation/WhyWindow.h"
+#include "naming/Naming.h"
+#include "support/MainFormFixture.h"
+
+namespace {
+
+Truss Parallelogram() {
+  return TrussBuilder()
+      .Member(2, 2, 3, 6, "AC")
+      .Member(10, 2, 11, 6, "BD")
+      .Member(3, 6, 11, 6, "CD")
+      .Clamp(2, 2, "Ax", "Ay")
+      .Clamp(10, 2, "Bx", "By")
+      .Force(3, 6, 1000, 0)
+      .Joint(2, 2, "A")
+      .Joint(10, 2, "B")
+      .Joint(3, 6, "C")
+      .Joint(11, 6, "D");
+}
+
+// Two ends that nearly meet.
+Truss NearJoints() {
+  return TrussBuilder().Member(2, 2, 10, 2).Member(10.02F, 2, 10, 8).Clamp(2, 2).Roller(10, 8);
+}
+
+class MainFormLearn : public MainFormTest {
+ protected:
+  template <class Window>
+  static Window* WindowOf() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (auto* found = qobject_cast<Window*>(window)) return found;
+    }
+    ADD_FAILURE() << "there is no such window";
+    return nullptr;
+  }
+  static WhyWindow& Why() { return *WindowOf<WhyWindow>(); }
+  static ChecksWindow& Checks() { return *WindowOf<ChecksWindow>(); }
+  static QString WhyText() { return Why().findChild<QPlainTextEdit*>()->toPlainText(); }
+  static QListWidget& List() { return *Checks().findChild<QListWidget*>(); }
+
+  // Keys go where the user is.
+  static void Press(QWidget& window, Qt::Key key) {
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    QTest::keyClick(window.focusWidget() != nullptr ? window.focusWidget() : &window, key);
+  }
+
+  QMenu* LearnMenuOf() const { return Find<QMenu>("mnuLearn"); }
+
+  // The texts of the menu bar without their marks.
+  QStringList MenuBar() const {
+    QStringList texts;
+    for (const QAction* action : form_->menuBar()->actions()) texts.append(action->text().remove(u'&'));
+    return texts;
+  }
+
+  QString ReportOnWhy() {
+    const TrussAnalysis analysis = SolveTruss(truss_);
+    std::ostringstream report;
+    WriteWhy(report, ExplainTruss(truss_, analysis), {truss_.Settings.SigFigs, {}});
+    return QString::fromStdString(report.str());
+  }
+};
+
+TEST_F(MainFormLearn, StandsBetweenSettingsAndHelp) {
+  Started();
+  EXPECT_EQ(MenuBar(), (QStringList{QStringLiteral("File"), QStringLiteral("Settings"),
+                                    QStringLiteral("Learn"), QStringLiteral("Help")}));
+  QStringList entries;
+  for (const QAction* action : LearnMenuOf()->actions()) entries.append(action->text().remove(u'&'));
+  EXPECT_EQ(entries,
+            (QStringList{QStringLiteral("Why this conclusion"), QStringLiteral("Check the drawing")}));
+}
+
+TEST_F(MainFormLearn, ExplainsInStep3OnlyAndChecksInEveryStep) {
+  Started();
+  OpenTruss(Parallelogram());
+  EXPECT_FALSE(Entry("mnuLearnWhy")->isEnabled());
+  EXPECT_TRUE(Entry("mnuLearnWhy")->statusTip().contains(QStringLiteral("only in Step 3")));
+  EXPECT_TRUE(Entry("mnuLearnCheck")->isEnabled());
+  Click("cmdNext1");
+  EXPECT_FALSE(Entry("mnuLearnWhy")->isEnabled());
+  EXPECT_TRUE(Entry("mnuLearnCheck")->isEnabled());
+  Click("cmdNext2");
+  EXPECT_TRUE(Entry("mnuLearnWhy")->isEnabled());
+  EXPECT_FALSE(Entry("mnuLearnWhy")->statusTip().contains(QStringLiteral("only")));
+  EXPECT_TRUE(Entry("mnuLearnCheck")->isEnabled());
+  Click("cmdPrev3");
+  EXPECT_FALSE(Entry("mnuLearnWhy")->isEnabled());
+}
+
+TEST_F(MainFormLearn, HasNothingToExplainWithoutUnknownForces) {
+  Started();
+  OpenInStep3(TrussBuilder().Force(3, 3, 100, 0));
+  EXPECT_FALSE(Entry("mnuLearnWhy")->isEnabled());
+  EXPECT_TRUE(Entry("mnuLearnWhy")->statusTip().contains(QStringLiteral("unknown force")));
+}
+
+TEST_F(MainFormLearn, TheOpenMenuSaysInTheStatusBarWhyAnEntryIsNotOffered) {
+  Started();
+  const QString before = Status();
+  LearnMenuOf()->popup(form_->mapToGlobal(QPoint(0, 30)));
+  EXPECT_TRUE(Status().contains(QStringLiteral("only in Step 3"))) << Status().toStdString();
+  LearnMenuOf()->hide();
+  EXPECT_EQ(Status(), before);
+}
+
+// A letter that a button of the step has too would open neither.
+TEST_F(MainFormLearn, ItsLetterIsThatOfNoButtonOfTheStep) {
+  Started();
+  OpenTruss(Parallelogram());
+  const auto expectFree = [this](int step) {
+    const QKeySequence letter = QKeySequence::mnemonic(LearnMenuOf()->title());
+    ASSERT_FALSE(letter.isEmpty());
+    for (const QAbstractButton* button : form_->findChildren<QAbstractButton*>()) {
+      if (!button->isVisible()) continue;
+      EXPECT_NE(QKeySequence::mnemonic(button->text()), letter) << step;
+    }
+    for (const QAction* action : form_->menuBar()->actions()) {
+      if (action == LearnMenuOf()->menuAction()) continue;
+      EXPECT_NE(QKeySequence::mnemonic(action->text()), letter) << step;
+    }
+  };
+  expectFree(1);
+  Click("cmdNext1");
+  expectFree(2);
+  Click("cmdNext2");
+  expectFree(3);
+}
+
+TEST_F(MainFormLearn, ShowsTheExplanationOfTheTruss) {
+  Started();
+  OpenInStep3(Parallelogram());
+  Trigger("mnuLearnWhy");
+  ASSERT_TRUE(Why().isVisible());
+  EXPECT_EQ(WhyText() + QLatin1Char('\n'), ReportOnWhy());
+  EXPECT_EQ(Why().findChild<QComboBox*>()->currentText(), QStringLiteral("Motion 1: C and D move"));
+  Press(Why(), Qt::Key_Escape);
+  EXPECT_FALSE(Why().isVisible());
+  Trigger("mnuLearnWhy");
+  EXPECT_TRUE(Why().isVisible()) << "as often as one likes";
+}
+
+TEST_F(MainFormLearn, AnExplanationNeverOutlivesItsStep) {
+  Started();
+  OpenInStep3(Parallelogram());
+  Trigger("mnuLearnWhy");
+  Click("cmdPrev3");
+  EXPECT_FALSE(Why().isVisible());
+  EXPECT_EQ(WhyText(), QString());
+  Trigger("mnuLearnWhy");
+  EXPECT_FALSE(Why().isVisible());
+  Rename(truss_, truss_.Members[1].NameLabel1, "renamed");
+  Click("cmdNext2");
+  EXPECT_FALSE(Why().isVisible());
+  Trigger("mnuLearnWhy");
+  EXPECT_TRUE(WhyText().contains(QStringLiteral("renamed")));
+}
+
+TEST_F(MainFormLearn, ANewTrussClosesTheExplanationOfTheOld) {
+  Started();
+  OpenInStep3(Parallelogram());
+  Trigger("mnuLearnWhy");
+  Trigger("mnuFileNew");
+  EXPECT_FALSE(Why().isVisible());
+  EXPECT_EQ(WhyText(), QString());
+  EXPECT_FALSE(Why().findChild<MotionView*>()->Drawn().has_value());
+  OpenInStep3(LoadedTriangle());
+  Trigger("mnuLearnWhy");
+  EXPECT_EQ(WhyText() + QLatin1Char('\n'), ReportOnWhy());
+}
+
+TEST_F(MainFormLearn, OpensBesideTheOtherWindowsOnTheScreen) {
+  Started();
+  OpenInStep3(Parallelogram());
+  for (const char* entry : {"mnuLearnWhy", "mnuLearnCheck"}) Trigger(entry);
+  for (const QWidget* window : {static_cast<QWidget*>(&Why()), static_cast<QWidget*>(&Checks())}) {
+    EXPECT_TRUE(window->screen()->availableGeometry().contains(window->frameGeometry()));
+    EXPECT_NE(window->frameGeometry().topLeft(), Report()->frameGeometry().topLeft());
+  }
+}
+
+TEST_F(MainFormLearn, AWindowStaysWhereTheUserHasPutIt) {
+  Started();
+  OpenInStep3(Parallelogram());
+  Trigger("mnuLearnWhy");
+  const QRect chosen(13, 27, 555, 505);
+  Why().setGeometry(chosen);
+  Why().close();
+  Trigger("mnuLearnWhy");
+  EXPECT_EQ(Why().geometry(), chosen);
+}
+
+TEST_F(MainFormLearn, TheChecksAreThoseOfTheDrawingAsItIsNow) {
+  Started();
+  OpenTruss(NearJoints());
+  Trigger("mnuLearnCheck");
+  ASSERT_TRUE(Checks().isVisible());
+  ASSERT_GE(List().count(), 1);
+  EXPECT_TRUE(List().item(0)->text().contains(QStringLiteral("nearly meet")));
+  Trigger("mnuFileNew");
+  EXPECT_TRUE(QTest::qWaitFor([] { return List().count() == 0; }));
+  EXPECT_EQ(Checks().findChild<QLabel*>()->text(), QStringLiteral("Nothing was found."));
+  Draw(NearJoints());
+  ResizeInside(600, 520);  // draws it
+  EXPECT_TRUE(QTest::qWaitFor([] { return List().count() > 0; }));
+}
+
+// What is drawn with the mouse while the list is open.
+TEST_F(MainFormLearn, TheChecksFollowTheMouse) {
+  Started();
+  Trigger("mnuLearnCheck");
+  EXPECT_EQ(List().count(), 0);
+  QTest::mouseClick(Find<QToolButton>("imgTool(1)"), Qt::LeftButton);
+  const QPoint from(150, 200);
+  const QPoint to(250, 300);
+  QTest::mousePress(Canvas(), Qt::LeftButton, Qt::NoModifier, from);
+  QMouseEvent move(QEvent::MouseMove, QPointF(to), Canvas()->mapToGlobal(QPointF(to)), Qt::NoButton,
+                   Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(Canvas(), &move);
+  QTest::mouseRelease(Canvas(), Qt::LeftButton, Qt::NoModifier, to);
+  ASSERT_EQ(truss_.NumMembers, 1);
+  EXPECT_TRUE(QTest::qWaitFor([] { return List().count() == 2; })) << "two ends with one member each";
+}
+
+TEST_F(MainFormLearn, PointsAtTheFindingThatIsChosenAndChangesNothing) {
+  Started();
+  OpenTruss(NearJoints());
+  const std::string before = TrussText(truss_);
+  const QImage plain = Picture();
+  Trigger("mnuLearnCheck");
+  EXPECT_FALSE(Canvas()->PointedAt().has_value());
+  List().setFocus();
+  QTest::keyClick(&List(), Qt::Key_Home);
+  ASSERT_TRUE(Canvas()->PointedAt().has_value());
+  EXPECT_NEAR(Canvas()->PointedAt()->X, 10, 0.03);
+  EXPECT_NE(Picture(), plain);
+  EXPECT_EQ(TrussText(truss_), before);
+  Press(Checks(), Qt::Key_Escape);
+  EXPECT_FALSE(Canvas()->PointedAt().has_value());
+  EXPECT_EQ(Picture(), plain);
+}
+
+TEST_F(MainFormLearn, BothWindowsCloseWithTheMainWindow) {
+  Started();
+  OpenInStep3(Parallelogram());
+  Trigger("mnuLearnWhy");
+  Trigger("mnuLearnCheck");
+  form_->close();
+  EXPECT_FALSE(Why().isVisible());
+  EXPECT_FALSE(Checks().isVisible());
+}
+
+TEST_F(MainFormLearn, ADrawingOfTheLargestFontFitsANotebook) {
+  Started();
+  truss_.Settings.ReportFontSize = 16;
+  OpenInStep3(Parallelogram());
+  Trigger("mnuLearnWhy");
+  EXPECT_LE(Why().minimumSizeHint().width(), 392);
+  EXPECT_LE(Why().minimumSizeHint().height(), 500);
+}
+
+}  // namespace

@@ -1,0 +1,311 @@
+// The window that explains, by itself: what it shows, plays and says, with a desktop that wants animation and
+// one that does not.
+#include "explanation/WhyWindow.h"
+
+#include <cmath>
+#include <sstream>
+
+#include "app/ExplanationReport.h"
+#include "explanation/MotionPlayer.h"
+#include "explanation/MotionView.h"
+#include "explanation/SwungTruss.h"
+#include "support/CutTexts.h"
+#include "support/TrussBuilder.h"
+
+namespace {
+
+using testing::Each;
+using testing::StartsWith;
+
+class FakeAnimationWish final : public AnimationWish {
+ public:
+  bool IsWanted() const override { return Wanted; }
+  bool Wanted = true;
+};
+
+// Two clamps hold the lower bar from both ends; the other three are a parallelogram upon it.
+Truss ParallelogramOnABar() {
+  return TrussBuilder()
+      .Member(0, 0, 4, 0, "bar")
+      .Member(0, 0, 1, 2, "a")
+      .Member(4, 0, 5, 2, "b")
+      .Member(1, 2, 5, 2, "c")
+      .Clamp(0, 0, "x1", "y1")
+      .Clamp(4, 0, "x2", "y2")
+      .Force(1, 2, 1000, 0)
+      .Joint(1, 2, "P")
+      .Joint(5, 2, "Q");
+}
+
+Truss RigidTriangle() {
+  return TrussBuilder()
+      .Member(0, 0, 4, 0, "AB")
+      .Member(0, 0, 2, 3, "AC")
+      .Member(4, 0, 2, 3, "BC")
+      .Clamp(0, 0, "Ax", "Ay")
+      .Roller(4, 0, "B")
+      .Force(2, 3, 0, -1000);
+}
+
+class WhyWindowTest : public testing::Test {
+ protected:
+  void Show(Truss given, float points = 10) {
+    auto truss = std::make_shared<Truss>(std::move(given));
+    const TrussAnalysis analysis = SolveTruss(*truss);
+    explanation_ = std::make_shared<const Explanation>(ExplainTruss(*truss, analysis));
+    window_.ShowExplanation(truss, explanation_, {}, points);
+    window_.resize(600, 640);
+    window_.BringUp();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
+  }
+
+  template <class Widget>
+  Widget& Find(const char* name) {
+    auto* found = window_.findChild<Widget*>(QString::fromLatin1(name));
+    if (found == nullptr) throw std::runtime_error(name);
+    return *found;
+  }
+
+  QComboBox& Choice() { return Find<QComboBox>("cmbMotion"); }
+  QSlider& Slider() { return Find<QSlider>("sldSwing"); }
+  QPushButton& Play() { return Find<QPushButton>("cmdPlay"); }
+  MotionView& View() { return Find<MotionView>("picMotion"); }
+  QPlainTextEdit& Text() { return Find<QPlainTextEdit>("txtWhy"); }
+
+  // Where the picture has joint P, world coordinates.
+  double XOfP() { return double{View().Drawn()->Shown.Members[2].X2}; }
+  double FullX() const { return 1 + 0.25 * 2 / std::sqrt(5.0); }
+
+  FakeAnimationWish wish_;
+  std::shared_ptr<const Explanation> explanation_;
+  WhyWindow window_{wish_};
+};
+
+TEST_F(WhyWindowTest, HasTheTextOfTheReport) {
+  Show(ParallelogramOnABar());
+  std::ostringstream report;
+  WriteWhy(report, *explanation_, {});
+  EXPECT_EQ(Text().toPlainText() + QLatin1Char('\n'), QString::fromStdString(report.str()));
+  EXPECT_TRUE(Text().isReadOnly());
+}
+
+TEST_F(WhyWindowTest, IsCopiedAsText) {
+  Show(ParallelogramOnABar());
+  Text().setFocus();
+  QTest::keyClick(&Text(), Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(&Text(), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), Text().toPlainText());
+  Text().moveCursor(QTextCursor::Start);
+  QTest::keyClick(&Text(), Qt::Key_End, Qt::ShiftModifier);
+  QTest::keyClick(&Text(), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("The kind of this truss:"));
+}
+
+TEST_F(WhyWindowTest, ChoosesWhatIsDrawn) {
+  Show(ParallelogramOnABar());
+  ASSERT_EQ(Choice().count(), 2);
+  EXPECT_EQ(Choice().itemText(0), QStringLiteral("Motion 1: P and Q move"));
+  EXPECT_EQ(View().Drawn()->Arrows.size(), 2U);
+  EXPECT_EQ(View().Drawn()->Moved.size(), 3U);
+  Choice().setFocus();
+  QTest::keyClick(&Choice(), Qt::Key_Down);
+  EXPECT_EQ(Choice().currentText(), QStringLiteral("Self-stress 1: x1, x2 and bar"));
+  EXPECT_EQ(View().Drawn()->Arrows.size(), 0U);
+  EXPECT_EQ(View().Drawn()->Marks.size(), 3U);
+  EXPECT_FALSE(Slider().isEnabled()) << "a self-stress moves nothing";
+  EXPECT_FALSE(Play().isEnabled());
+}
+
+TEST_F(WhyWindowTest, SwingsByNoMoreThanATwentiethToEitherSide) {
+  Show(ParallelogramOnABar());
+  EXPECT_NEAR(XOfP(), FullX(), 1e-5) << "the still picture swings as far as it goes";
+  Slider().setFocus();
+  QTest::keyClick(&Slider(), Qt::Key_Home);
+  EXPECT_NEAR(XOfP(), 2 - FullX(), 1e-5);
+  for (int i = 0; i < 10; ++i) QTest::keyClick(&Slider(), Qt::Key_Right);
+  EXPECT_NEAR(XOfP(), 1, 1e-5) << "in the middle the truss stands as it is";
+  QTest::keyClick(&Slider(), Qt::Key_End);
+  QTest::keyClick(&Slider(), Qt::Key_Right);
+  EXPECT_NEAR(XOfP(), FullX(), 1e-5);
+}
+
+TEST_F(WhyWindowTest, PlaysAndStopsWithOneKeyAndSaysSo) {
+  Show(ParallelogramOnABar());
+  EXPECT_EQ(Play().text(), QStringLiteral("&Play"));
+  auto* player = window_.findChild<MotionPlayer*>();
+  QTest::keyClick(&window_, Qt::Key_P, Qt::AltModifier);
+  ASSERT_TRUE(QTest::qWaitFor([player] { return player->IsPlaying(); }));
+  EXPECT_EQ(Play().text(), QStringLiteral("Sto&p"));
+  EXPECT_EQ(Play().accessibleDescription(), QStringLiteral("The motion is being played"));
+  double least = XOfP();
+  double most = XOfP();
+  const int numFrames = 8;
+  for (int i = 0; i < numFrames; ++i) {
+    QSignalSpy frame(player, &MotionPlayer::Swung);
+    ASSERT_TRUE(frame.wait(2000));
+    least = std::min(least, XOfP());
+    most = std::max(most, XOfP());
+  }
+  EXPECT_LT(least, most) << "it moves";
+  EXPECT_LE(most, FullX() + 1e-5);
+  EXPECT_EQ(Slider().value(), 100) << "a screen reader is not told of every frame";
+  QTest::keyClick(&window_, Qt::Key_P, Qt::AltModifier);
+  ASSERT_TRUE(QTest::qWaitFor([player] { return !player->IsPlaying(); }));
+  EXPECT_EQ(Play().text(), QStringLiteral("&Play"));
+  EXPECT_EQ(Play().accessibleDescription(), QStringLiteral("The motion stands still"));
+  EXPECT_NEAR(XOfP(), FullX(), 1e-5) << "where the slider is";
+}
+
+TEST_F(WhyWindowTest, StopsWhenTheSliderIsMovedAnotherIsChosenOrTheWindowIsClosed) {
+  Show(ParallelogramOnABar());
+  auto* player = window_.findChild<MotionPlayer*>();
+  const auto start = [&] {
+    QTest::mouseClick(&Play(), Qt::LeftButton);
+    ASSERT_TRUE(player->IsPlaying());
+  };
+  start();
+  QTest::keyClick(&Slider(), Qt::Key_Left);
+  EXPECT_FALSE(player->IsPlaying());
+  start();
+  QTest::keyClick(&Choice(), Qt::Key_Down);
+  EXPECT_FALSE(player->IsPlaying());
+  QTest::keyClick(&Choice(), Qt::Key_Up);
+  start();
+  QTest::keyClick(&window_, Qt::Key_Escape);
+  EXPECT_FALSE(window_.isVisible());
+  EXPECT_FALSE(player->IsPlaying());
+}
+
+TEST_F(WhyWindowTest, StandsStillWithArrowsWhereTheDesktopAsksForLessMotion) {
+  wish_.Wanted = false;
+  Show(ParallelogramOnABar());
+  EXPECT_FALSE(Play().isEnabled());
+  EXPECT_TRUE(Play().toolTip().contains(QStringLiteral("less motion")));
+  QTest::mouseClick(&Play(), Qt::LeftButton);
+  QTest::keyClick(&window_, Qt::Key_P, Qt::AltModifier);
+  EXPECT_FALSE(window_.findChild<MotionPlayer*>()->IsPlaying());
+  EXPECT_EQ(View().Drawn()->Arrows.size(), 2U);
+  EXPECT_NEAR(XOfP(), FullX(), 1e-5);
+  Slider().setFocus();
+  QTest::keyClick(&Slider(), Qt::Key_Home);
+  EXPECT_NEAR(XOfP(), 2 - FullX(), 1e-5) << "what the user moves himself";
+}
+
+TEST_F(WhyWindowTest, StopsWhenTheDesktopBeginsToAskForLessMotion) {
+  Show(ParallelogramOnABar());
+  QTest::mouseClick(&Play(), Qt::LeftButton);
+  wish_.Wanted = false;
+  QEvent change(QEvent::StyleChange);
+  QApplication::sendEvent(&window_, &change);
+  EXPECT_FALSE(window_.findChild<MotionPlayer*>()->IsPlaying());
+  EXPECT_FALSE(Play().isEnabled());
+}
+
+TEST_F(WhyWindowTest, WithoutMotionAndSelfStressTheTrussIsDrawnAsItIs) {
+  Show(RigidTriangle());
+  for (const char* name : {"cmbMotion", "sldSwing", "cmdPlay"})
+    EXPECT_FALSE(Find<QWidget>(name).isVisible()) << name;
+  EXPECT_TRUE(View().Drawn()->Arrows.empty());
+  EXPECT_EQ(View().Drawn()->Shown.Members[2].X2, 2);
+  EXPECT_TRUE(View().accessibleDescription().contains(QStringLiteral("as it stands")));
+  EXPECT_TRUE(Text().hasFocus());
+}
+
+TEST_F(WhyWindowTest, ShowsNothingOfTheTrussBefore) {
+  Show(ParallelogramOnABar());
+  Slider().setValue(-40);
+  Show(RigidTriangle());
+  EXPECT_EQ(Choice().count(), 0);
+  EXPECT_FALSE(Text().toPlainText().contains(QStringLiteral("Motion 1")));
+  Show(ParallelogramOnABar());
+  EXPECT_EQ(Choice().count(), 2);
+  EXPECT_EQ(Slider().value(), 100);
+  window_.Clear();
+  EXPECT_EQ(Text().toPlainText(), QString());
+  EXPECT_EQ(Choice().count(), 0);
+  EXPECT_FALSE(View().Drawn().has_value());
+  EXPECT_EQ(View().accessibleDescription(), QString());
+}
+
+TEST_F(WhyWindowTest, EveryControlIsReachedWithTabAndHasAName) {
+  Show(ParallelogramOnABar());
+  window_.activateWindow();
+  ASSERT_TRUE(Choice().hasFocus());
+  QStringList reached;
+  for (int i = 0; i < 5; ++i) {
+    const QWidget* at = window_.focusWidget();
+    reached.append(at->objectName());
+    const QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(window_.focusWidget());
+    EXPECT_FALSE(spoken->text(QAccessible::Name).isEmpty()) << at->objectName().toStdString();
+    QTest::keyClick(window_.focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_EQ(reached,
+            (QStringList{QStringLiteral("cmbMotion"), QStringLiteral("sldSwing"), QStringLiteral("cmdPlay"),
+                         QStringLiteral("picMotion"), QStringLiteral("txtWhy")}));
+  EXPECT_TRUE(Choice().hasFocus()) << "round again";
+}
+
+TEST_F(WhyWindowTest, ThePictureIsToldInWords) {
+  Show(ParallelogramOnABar());
+  const QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&View());
+  EXPECT_EQ(spoken->text(QAccessible::Name), QStringLiteral("Drawing of the truss"));
+  EXPECT_TRUE(spoken->text(QAccessible::Description).contains(QStringLiteral("P to the right and down")));
+  QTest::keyClick(&Choice(), Qt::Key_Down);
+  EXPECT_TRUE(spoken->text(QAccessible::Description).contains(QStringLiteral("hang together")));
+}
+
+// The focus can be seen on the picture too, and it is white in a dark theme.
+TEST_F(WhyWindowTest, ThePictureIsWhitePaperWithAFrameWhenItHasTheFocus) {
+  QPalette dark;
+  dark.setColor(QPalette::Window, QColor(30, 30, 30));
+  dark.setColor(QPalette::Base, QColor(20, 20, 20));
+  window_.setPalette(dark);
+  Show(ParallelogramOnABar());
+  window_.activateWindow();
+  EXPECT_EQ(View().grab().toImage().pixelColor(0, 0), QColor(Qt::white));
+  View().setFocus();
+  QCoreApplication::processEvents();
+  ASSERT_TRUE(View().hasFocus());
+  EXPECT_NE(View().grab().toImage().pixelColor(1, 1), QColor(Qt::white));
+}
+
+TEST_F(WhyWindowTest, NoTextIsCutWithLettersOfAnySize) {
+  const QFont usual = QApplication::font();
+  for (const int points : {8, 9, 12, 18, 24}) {
+    QFont font = usual;
+    font.setPointSize(points);
+    QApplication::setFont(font);
+    for (const auto& make : {ParallelogramOnABar, RigidTriangle}) {
+      WhyWindow window(wish_);
+      auto truss = std::make_shared<Truss>(make());
+      const TrussAnalysis analysis = SolveTruss(*truss);
+      window.ShowExplanation(truss, std::make_shared<const Explanation>(ExplainTruss(*truss, analysis)), {},
+                             16);
+      for (const QSize size : {QSize(600, 640), QSize(392, 498), QSize(900, 400)}) {
+        window.resize(size);
+        window.BringUp();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+        QCoreApplication::processEvents();
+        // A long choice ends with an ellipsis, and its tool tip has all of it.
+        EXPECT_THAT(CutTexts::In(window), Each(StartsWith("cmbMotion: "))) << points << " points";
+        EXPECT_LE(window.width(), std::max(size.width(), 500));
+        EXPECT_LE(window.height(), std::max(size.height(), 560));
+      }
+    }
+  }
+  QApplication::setFont(usual);
+}
+
+// Columns of the table stand below each other in every width.
+TEST_F(WhyWindowTest, TheTableKeepsItsLines) {
+  Show(ParallelogramOnABar());
+  for (const int width : {392, 600, 1000}) {
+    window_.resize(width, 600);
+    QCoreApplication::processEvents();
+    for (int line = 1; line <= 3; ++line) {
+      EXPECT_EQ(Text().document()->findBlockByNumber(line).layout()->lineCount(), 1) << width;
+    }
+  }
+}
+
+}  // namespace
