@@ -16,12 +16,14 @@ FileMenuView::FileMenuView(const Partners& partners, QMainWindow& window)
     Q_EMIT HintShown(FileMenuStatusText);
   });
   connect(mnuFile_, &QMenu::aboutToHide, this, &FileMenuView::HintGone);
-  AddCommand("mnuFileNew", QStringLiteral("&New truss"), QKeySequence::New, [this] { on_.Lifecycle.NewFile(); });
+  AddCommand("mnuFileNew", QStringLiteral("&New truss"), QKeySequence::New,
+             [this] { on_.Lifecycle.NewFile(); });
   AddCommand("mnuFileOpen", QStringLiteral("&Open an existing truss ..."), QKeySequence::Open,
              [this] { on_.Lifecycle.OpenFile(); });
   mnuFileSave_ = AddCommand("mnuFileSave", {}, QKeySequence::Save, [this] { on_.Lifecycle.SaveFile(); });
   mnuFileSaveAs_ = AddCommand("mnuFileSaveAs", {}, {}, [this] { on_.Lifecycle.SaveFileAs(); });
-  mnuFilePrint_ = Add("mnuFilePrint", QStringLiteral("&Print the report ..."), QKeySequence::Print, on_.Print);
+  mnuFilePrint_ =
+      Add("mnuFilePrint", QStringLiteral("&Print the report ..."), QKeySequence::Print, on_.Print);
   AddRecentFiles();
   mnuFile_->addSeparator();
   Add("mnuFileExit", QStringLiteral("E&xit"), QKeySequence::Quit, [&window] { window.close(); });

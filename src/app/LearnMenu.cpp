@@ -40,7 +40,8 @@ LearnMenu::LearnMenu(const Partners& partners, QMenuBar& bar)
   mnuLearnWhy_->setObjectName(QStringLiteral("mnuLearnWhy"));
   QAction* check = mnuLearn_->addAction(QStringLiteral("&Check the drawing"), this, &LearnMenu::ShowChecks);
   check->setObjectName(QStringLiteral("mnuLearnCheck"));
-  check->setToolTip(QStringLiteral("What may be an oversight: ends that nearly meet, members on one another ..."));
+  check->setToolTip(
+      QStringLiteral("What may be an oversight: ends that nearly meet, members on one another ..."));
   connect(mnuLearn_, &QMenu::aboutToShow, this,
           [this] { Q_EMIT HintShown(LearnMenuStatusText(step_, reasons_ != nullptr)); });
   connect(mnuLearn_, &QMenu::aboutToHide, this, &LearnMenu::HintGone);
@@ -77,9 +78,10 @@ void LearnMenu::EnterStep(int step, std::shared_ptr<ExplanationOnDemand> reasons
   mnuLearnWhy_->setEnabled(step == 3 && reasons_ != nullptr);
   const QString hint = QString::fromLatin1(LearnMenuStatusText(step, reasons_ != nullptr)).trimmed();
   mnuLearnWhy_->setStatusTip(hint);
-  mnuLearnWhy_->setToolTip(mnuLearnWhy_->isEnabled()
-                               ? QStringLiteral("The exact verdict and its reasons, with the motions of the truss")
-                               : hint);
+  mnuLearnWhy_->setToolTip(
+      mnuLearnWhy_->isEnabled()
+          ? QStringLiteral("The exact verdict and its reasons, with the motions of the truss")
+          : hint);
   FollowDrawing();
 }
 
