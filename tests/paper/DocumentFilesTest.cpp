@@ -9,7 +9,7 @@
 #include <QTextFragment>
 #include <QXmlStreamReader>
 
-#include "SampleRichText.h"
+#include "support/SampleRichText.h"
 #include "support/OdtReading.h"
 #include "support/RtfScan.h"
 

@@ -9,7 +9,7 @@
 #include <QTextLayout>
 #include <QUrl>
 
-#include "SampleRichText.h"
+#include "support/SampleRichText.h"
 #include "platform/qt/QtPicture.h"
 
 namespace {

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "SampleRichText.h"
+#include "support/SampleRichText.h"
 #include "support/RtfScan.h"
 #include "support/Unrtf.h"
 

@@ -5,7 +5,7 @@
 
 #include <QPainter>
 
-#include "SampleRichText.h"
+#include "support/SampleRichText.h"
 
 namespace {
 
