@@ -72,6 +72,7 @@ std::string PathOfAddress(const std::string& address) {
   for (const std::string_view here : {"file://localhost/", "file:///", "file:/"}) {
     if (!rest.starts_with(here)) continue;
     rest.remove_prefix(here.size() - 1);
+    if (rest.starts_with("//")) break;  // another machine's name
     std::string path;
     while (!rest.empty()) {
       const std::optional<char> byte = rest.front() == '%' ? ByteOf(rest.substr(1, 2)) : std::nullopt;

@@ -377,7 +377,7 @@ TEST(CommandLineFiles, KeepTheirBytes) {
 }
 
 TEST(CommandLineWrong, IsOneLineWithoutAFullStop) {
-  for (const Words& words : {Words{"--jason"}, Words{"--json"}, Words{"a", "b"}, Words{"--csv=x", "a"}}) {
+  for (const Words& words : {Words{"--jason"}, Words{"--json"}, Words{"a", "-"}, Words{"--csv=x", "a"}}) {
     const std::string why = WhyWrong(words);
     EXPECT_EQ(why.find('\n'), std::string::npos);
     EXPECT_FALSE(why.ends_with('.'));
