@@ -2,11 +2,11 @@
 // unknowns and assembly, classification, the tables' cells, writing.
 #include <benchmark/benchmark.h>
 
+#include "ShapeDocument.h"
 #include "analysis/Analysis.h"
 #include "analysis/Classification.h"
 #include "analysis/Equations.h"
 #include "analysis/Unknowns.h"
-#include "benchmarks/ShapeDocument.h"
 #include "document/JointList.h"
 #include "document/TrussFile.h"
 #include "reports/ReportTables.h"

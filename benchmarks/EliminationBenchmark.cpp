@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "PlainElimination.h"
 #include "analysis/Elimination.h"
 #include "analysis/EliminationTuning.h"
-#include "benchmarks/TrussShapes.h"
+#include "support/PlainElimination.h"
+#include "support/TrussShapes.h"
 #if defined(ORVANE_HAVE_EIGEN)
 #include <Eigen/Dense>
 #endif

@@ -1,8 +1,8 @@
 // The exact verdict, alone and with its reasons, on trusses of all shapes.
 #include <benchmark/benchmark.h>
 
-#include "benchmarks/TrussShapes.h"
 #include "explanation/ExactVerdict.h"
+#include "support/TrussShapes.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <random>
 #include <string>
 
-#include "benchmarks/ShapeDocument.h"
+#include "ShapeDocument.h"
 
 namespace {
 

@@ -1,15 +1,15 @@
-// See the header. Each benchmark says how large its file is and the most memory that the program held from
+// Each benchmark says how large its file is and the most memory that the program held from
 // its beginning to the end of that benchmark; run one alone (--benchmark_filter) for a figure of its own.
-#include "benchmarks/ReportBenchmark.h"
+#include "ReportBenchmark.h"
 
 #include <benchmark/benchmark.h>
 
 #include <fstream>
 #include <string>
 
+#include "ShapeDocument.h"
 #include "analysis/Analysis.h"
-#include "benchmarks/ShapeDocument.h"
-#include "platform/Page.h"
+#include "paper/Page.h"
 #include "reports/PrintableReportFiles.h"
 
 namespace {

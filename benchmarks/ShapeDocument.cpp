@@ -1,5 +1,4 @@
-// See the header.
-#include "benchmarks/ShapeDocument.h"
+#include "ShapeDocument.h"
 
 #include <stdexcept>
 

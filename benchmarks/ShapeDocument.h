@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "benchmarks/TrussShapes.h"
 #include "document/Truss.h"
+#include "support/TrussShapes.h"
 
 /// 2048 joints and 4093 members; their labels and arrow lines just fit 16-bit counters.
 inline constexpr int LargestNumUnknowns = 4096;

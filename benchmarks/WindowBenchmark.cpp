@@ -11,9 +11,9 @@
 #include <fstream>
 #include <memory>
 
+#include "ReportBenchmark.h"
+#include "ShapeDocument.h"
 #include "app/MainForm.h"
-#include "benchmarks/ReportBenchmark.h"
-#include "benchmarks/ShapeDocument.h"
 #include "explanation/MotionView.h"
 #include "support/FakeFileChooser.h"
 #include "support/FakeMessageBox.h"

@@ -1,13 +1,39 @@
-# orvane_room(logic A.h A.cpp ... windows B.h B.cpp ...): the furniture of one room (a folder of src/),
-# each file named, in the library it belongs to.
-function(orvane_room)
-  cmake_parse_arguments(ROOM "" "" "logic;windows" ${ARGN})
-  foreach(file IN LISTS ROOM_logic)
-    target_sources(orvane_logic PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/${file})
-  endforeach()
-  if(TARGET orvane_windows)
-    foreach(file IN LISTS ROOM_windows)
-      target_sources(orvane_windows PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/${file})
-    endforeach()
+# orvane_include_folder(TARGET NAME): who links the target includes the files of the current folder as "NAME/...". The
+# include path gets a folder that holds nothing but a link of this name.
+function(orvane_include_folder target name)
+  set(include ${CMAKE_CURRENT_BINARY_DIR}/include)
+  file(MAKE_DIRECTORY ${include})
+  file(RELATIVE_PATH folder ${include} ${CMAKE_CURRENT_SOURCE_DIR})
+  file(CREATE_LINK ${folder} ${include}/${name} SYMBOLIC)
+  target_include_directories(${target} PUBLIC ${include})
+endfunction()
+
+# orvane_room(NAME
+#   logic_links PUBLIC ... PRIVATE ...
+#   logic A.h A.cpp ...              the rules: library orvane_NAME
+#   windows_links PUBLIC ... PRIVATE ...
+#   windows B.h B.cpp ...)           the widgets: library orvane_NAME_windows, which links the logic and Qt
+# The furniture of one room (a folder of src/), each file named. A room's files reach the headers of the rooms that it
+# links and no others, so that an include upwards, or of Qt in the logic, does not compile. PUBLIC are those whose
+# headers stand in this room's headers, PRIVATE those that only its .cpp files include.
+function(orvane_room name)
+  cmake_parse_arguments(ROOM "" "" "logic;logic_links;windows;windows_links" ${ARGN})
+
+  add_library(orvane_${name} STATIC ${ROOM_logic})
+  orvane_include_folder(orvane_${name} ${name})
+  target_link_libraries(orvane_${name} PUBLIC orvane_compiler ${ROOM_logic_links})
+  target_link_libraries(orvane_logic INTERFACE orvane_${name})
+
+  if(ORVANE_WINDOWS AND ROOM_windows)
+    add_library(orvane_${name}_windows STATIC ${ROOM_windows})
+    target_link_libraries(orvane_${name}_windows PUBLIC orvane_${name} orvane_qt ${ROOM_windows_links})
+    set_target_properties(orvane_${name}_windows PROPERTIES AUTOMOC ON)
+    target_link_libraries(orvane_windows INTERFACE orvane_${name}_windows)
+    # The toolkit's headers take longer to read than the room's own files; the lowest room reads them for all.
+    if(name STREQUAL platform)
+      target_precompile_headers(orvane_platform_windows PRIVATE <QtWidgets>)
+    else()
+      target_precompile_headers(orvane_${name}_windows REUSE_FROM orvane_platform_windows)
+    endif()
   endif()
 endfunction()

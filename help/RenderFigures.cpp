@@ -1,6 +1,9 @@
 // Turns a vector figure of the help into the picture that its pages show:
 //   orvane_render_figure FIGURE.svg PICTURE.png
 // Two dots of the picture are one pixel of the page, so that it is crisp on fine screens and when enlarged.
+//
+// Or a vector icon into one of the sizes that a desktop asks for, with nothing behind it:
+//   orvane_render_figure ICON.svg PICTURE.png SIDE
 #include <QGuiApplication>
 #include <QImage>
 #include <QLoggingCategory>
@@ -23,16 +26,29 @@ void HearWarnings(QtMsgType type, const QMessageLogContext& context, const QStri
   somethingIsNotDrawn = somethingIsNotDrawn || isAboutFigures;
 }
 
-int Render(const QString& figure, const QString& picture) {
+// An empty image in the size of a page's figure, on the paper of the pages.
+QImage PaperFor(QSize size) {
+  QImage image(size * DotsPerPixel, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  image.setDotsPerMeterX(qRound(DotsPerPixel * PixelsPerMetre));
+  image.setDotsPerMeterY(qRound(DotsPerPixel * PixelsPerMetre));
+  return image;
+}
+
+QImage EmptyIcon(int side) {
+  QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  return image;
+}
+
+// `side` is that of an icon, 0 for a figure.
+int Render(const QString& figure, const QString& picture, int side) {
   QSvgRenderer renderer(figure);
   if (!renderer.isValid() || somethingIsNotDrawn) {
     std::cerr << figure.toStdString() << ": it cannot be drawn whole\n";
     return 1;
   }
-  QImage image(renderer.defaultSize() * DotsPerPixel, QImage::Format_RGB32);
-  image.fill(Qt::white);  // the paper of the pages
-  image.setDotsPerMeterX(qRound(DotsPerPixel * PixelsPerMetre));
-  image.setDotsPerMeterY(qRound(DotsPerPixel * PixelsPerMetre));
+  QImage image = side > 0 ? EmptyIcon(side) : PaperFor(renderer.defaultSize());
   QPainter painter(&image);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
                          QPainter::SmoothPixmapTransform);
@@ -55,9 +71,10 @@ int main(int argc, char** argv) {
   qInstallMessageHandler(HearWarnings);
   const QGuiApplication application(argc, argv);
   const QStringList arguments = QGuiApplication::arguments();
-  if (arguments.size() != 3) {
-    std::cerr << "usage: orvane_render_figure FIGURE.svg PICTURE.png\n";
+  const int side = arguments.size() == 4 ? arguments[3].toInt() : 0;
+  if (arguments.size() != 3 && side <= 0) {
+    std::cerr << "usage: orvane_render_figure FIGURE.svg PICTURE.png [SIDE]\n";
     return 2;
   }
-  return Render(arguments[1], arguments[2]);
+  return Render(arguments[1], arguments[2], side);
 }

@@ -1,4 +1,3 @@
-// See the header.
 #include "analysis/Analysis.h"
 
 #include "analysis/Elimination.h"

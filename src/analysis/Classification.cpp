@@ -1,4 +1,3 @@
-// See the header.
 #include "analysis/Classification.h"
 
 Classification ClassifyRREF(const EquationSystem& system) {

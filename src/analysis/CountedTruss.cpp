@@ -1,4 +1,3 @@
-// See the header.
 #include "analysis/CountedTruss.h"
 
 #include <algorithm>

@@ -12,7 +12,7 @@
 #include <functional>
 #include <utility>
 
-#include "analysis/Elimination.h"
+#include "analysis/EliminationLimits.h"
 #include "analysis/Parallel.h"
 #include "analysis/VectorUpdate.h"
 

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "analysis/Elimination.h"
+#include "analysis/EliminationLimits.h"
 
 using Index = std::uint32_t;
 

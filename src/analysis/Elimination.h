@@ -2,13 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
 
+#include "analysis/EliminationLimits.h"
 #include "analysis/SparseMatrix.h"
 #include "document/Table.h"
-
-/// An entry smaller than this (in magnitude) is no pivot, and is set to 0 in the reduced matrix.
-inline constexpr double PivotTolerance = 1e-10;
 
 /// Reduces the augmented matrix (R rows; N coefficient columns and the right-hand side in column N + 1) in
 /// place. Pivots are exactly 1, eliminated entries exactly 0.
@@ -21,13 +18,6 @@ inline constexpr double PivotTolerance = 1e-10;
 /// largest magnitude, the first one met wins; swap; divide; clear the column above and below), but for the
 /// sign of zeros; cells that are 0 are not stored.
 void SolveToRREF(int R, int N, SparseMatrix<double>& EquationMatrix, Table<std::int16_t>& ColumnOrder);
-
-/// Where an elimination stops looking for pivots, for whoever knows more about its matrix than the matrix
-/// says: no pivot is smaller than `SmallestPivot` (or 0), and there are no more than `MostPivots`.
-struct EliminationLimits {
-  double SmallestPivot = PivotTolerance;
-  int MostPivots = std::numeric_limits<int>::max();
-};
 
 /// SolveToRREF with other limits. Entries are still set to 0 below PivotTolerance; coefficients that are left
 /// in rows without a pivot are dropped.

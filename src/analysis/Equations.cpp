@@ -10,6 +10,7 @@
 
 #include "analysis/Unknowns.h"
 #include "document/JointList.h"
+#include "document/SupportReactions.h"
 
 namespace {
 
@@ -58,30 +59,11 @@ void LoadMemberEnd(SparseMatrix<double>& matrix, const MemberRec& member, int en
 void LoadSupport(SparseMatrix<double>& matrix, const SupportRec& support, int xRow,
                  const ColumnMap& columns) {
   if (xRow == 0) return;
-  const int yRow = xRow + 1;
-  const int column = columns.Column(support.NameLabel1);
-  switch (support.TypeIndex) {
-    case 1:
-    case 2:
-    case 3:
-    case 4:
-      matrix.Set(xRow, column, 1);
-      matrix.Set(yRow, columns.Column(support.NameLabel2), 1);
-      break;
-    case 5:
-      matrix.Set(yRow, column, 1);
-      break;
-    case 6:
-      matrix.Set(yRow, column, -1);
-      break;
-    case 7:
-      matrix.Set(xRow, column, -1);
-      break;
-    case 8:
-      matrix.Set(xRow, column, 1);
-      break;
-    default:
-      break;
+  for (const auto& [component, label] :
+       {std::pair(1, support.NameLabel1), std::pair(2, support.NameLabel2)}) {
+    const ReactionDirection direction = DirectionOf(support.TypeIndex, component);
+    if (!direction.Exists()) continue;
+    matrix.Set(direction.IsAlongX() ? xRow : xRow + 1, columns.Column(label), direction.Sign());
   }
 }
 

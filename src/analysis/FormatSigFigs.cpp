@@ -1,4 +1,3 @@
-// See the header.
 #include "analysis/FormatSigFigs.h"
 
 #include <algorithm>

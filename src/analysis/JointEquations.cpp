@@ -5,12 +5,11 @@
 #include <utility>
 
 #include "analysis/Equations.h"
+#include "document/Angles.h"
+#include "document/SupportReactions.h"
 #include "text/NumberText.h"
 
 namespace {
-
-// Pi as the program uses it for angles, everywhere.
-constexpr double Pi = 3.141592654;
 
 // One equation in the making.
 struct Sides {
@@ -33,7 +32,7 @@ struct Sides {
 // The angle that a member makes with the horizontal, 0 to 90 degrees, with one decimal.
 std::string AngleText(float dx, float dy, const NumberFormat& format) {
   const double angle = std::abs(std::atan(double{dy} / double{dx}));
-  return FixedText(angle * 180 / Pi, 1, format.DecimalSeparator);
+  return FixedText(angle * 180 / HalfTurn, 1, format.DecimalSeparator);
 }
 
 // A member that pushes into the pin in the direction (dx, dy). "0" stands for no term wherever it comes from,
@@ -47,29 +46,10 @@ void AddMember(Sides& x, Sides& y, const std::string& name, float dx, float dy, 
 }
 
 void AddSupport(Sides& x, Sides& y, const SupportRec& support, const Truss& truss) {
-  const std::string& name = truss.Name(support.NameLabel1);
-  switch (support.TypeIndex) {
-    case 1:
-    case 2:
-    case 3:
-    case 4:
-      x.Add(true, name);
-      y.Add(true, truss.Name(support.NameLabel2));
-      break;
-    case 5:
-      y.Add(true, name);
-      break;
-    case 6:
-      y.Add(false, name);
-      break;
-    case 7:
-      x.Add(false, name);
-      break;
-    case 8:
-      x.Add(true, name);
-      break;
-    default:
-      break;
+  for (const auto& [component, label] :
+       {std::pair(1, support.NameLabel1), std::pair(2, support.NameLabel2)}) {
+    const ReactionDirection direction = DirectionOf(support.TypeIndex, component);
+    if (direction.Exists()) (direction.IsAlongX() ? x : y).Add(direction.Sign() > 0, truss.Name(label));
   }
 }
 

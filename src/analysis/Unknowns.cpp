@@ -1,4 +1,3 @@
-// See the header.
 #include "analysis/Unknowns.h"
 
 #include <algorithm>

@@ -11,7 +11,7 @@
 #include <cstdint>
 #include <utility>
 
-#include "analysis/Elimination.h"
+#include "analysis/EliminationLimits.h"
 #include "analysis/Parallel.h"
 #include "analysis/VectorUpdate.h"
 

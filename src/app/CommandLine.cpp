@@ -1,9 +1,10 @@
-// See the header.
 #include "app/CommandLine.h"
 
 #include <algorithm>
 #include <charconv>
 #include <string_view>
+
+#include "document/FilePaths.h"
 
 namespace {
 
@@ -34,6 +35,8 @@ class Parser {
       }
     }
     CheckFiles();
+    if (result_.What == Mode::Window)
+      std::ranges::transform(result_.Files, result_.Files.begin(), PathOfAddress);
     if (result_.Json.Matrices && result_.What != Mode::Json) Fail("--matrices goes with --json");
     if (result_.Json.Explanation && result_.What != Mode::Json) Fail("--explain goes with --json");
     if (result_.Picture.Named && result_.What != Mode::Picture) Fail("--named goes with --picture");
@@ -77,9 +80,9 @@ class Parser {
   void TakeSwitch(const std::string& name) {
     if (name == "--json") {
       SetMode(Mode::Json, name);
-    } else if (name == "--help") {
+    } else if (name == "--help" || name == "-h") {
       SetMode(Mode::Help, name);
-    } else if (name == "--version") {
+    } else if (name == "--version" || name == "-v") {
       SetMode(Mode::Version, name);
     } else if (name == "--matrices") {
       result_.Json.Matrices = true;
@@ -198,7 +201,7 @@ class Parser {
     const std::size_t count = result_.Files.size();
     switch (result_.What) {
       case Mode::Window:
-        if (count > 1) Fail("the window opens one file");
+        if (count > 1 && std::ranges::count(result_.Files, "-") > 0) Fail("standard input is opened alone");
         break;
       case Mode::Report:
       case Mode::Json:
@@ -234,7 +237,7 @@ std::variant<CommandLine, WrongArguments> ParseCommandLine(const std::vector<std
 const char* HelpText() {
   return R"(Orvane teaches and checks the statics of plane, pin-jointed trusses.
 
-orvane [FILE]                               open the window, on FILE when given
+orvane [FILE...]                            open the window, on FILE when given; one for each of several
 orvane --report[=SECTION,...] FILE...       print reports: counting, joints, equations, rref, solutions
                                             (all when none is named); also why: what stands behind the
                                             conclusion, and checks: oversights of the drawing
@@ -248,7 +251,7 @@ orvane --document=OUT FILE                  the printable report as .rtf, .pdf, 
 orvane --document=OUT --with=why FILE       the same with a section that tells why this conclusion
 orvane --convert=OUT.trs FILE               write FILE again in the current layout
 orvane --autoname ...                       with any of the above: name the forces and joints first
-orvane --help | --version
+orvane --help | --version                   print this text, or the version
 
 FILE may be "-" for standard input, OUT "-" for standard output, which gets pictures as PNG and documents
 as RTF. Control characters in names are shown as pictures, such as ␛ for escape.

@@ -7,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-#include "platform/FileFormats.h"
+#include "paper/FileFormats.h"
 #include "reports/ReportExtras.h"
 
 /// The tables that can be written as CSV.

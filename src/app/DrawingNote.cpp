@@ -1,4 +1,3 @@
-// See the header.
 #include "app/DrawingNote.h"
 
 #include "document/JointList.h"

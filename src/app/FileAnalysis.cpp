@@ -1,12 +1,11 @@
-// See the header.
 #include "app/FileAnalysis.h"
 
 #include <optional>
 
-#include "document/FileBytes.h"
 #include "document/JointList.h"
 #include "document/TrussFile.h"
 #include "naming/Naming.h"
+#include "platform/FileBytes.h"
 #include "text/CodePage.h"
 
 namespace {

@@ -6,25 +6,27 @@
 #include <QMenuBar>
 #include <QShortcut>
 
-#include "document/FileMenu.h"
+#include "app/FileMenu.h"
 
 FileMenuView::FileMenuView(const Partners& partners, QMainWindow& window)
-    : on_(partners), mnuFile_(window.menuBar()->addMenu(tr("&File"))) {
+    : on_(partners), mnuFile_(window.menuBar()->addMenu(QStringLiteral("&File"))) {
   mnuFile_->setObjectName(QStringLiteral("mnuFile"));
   connect(mnuFile_, &QMenu::aboutToShow, this, [this] {
     Update();
     Q_EMIT HintShown(FileMenuStatusText);
   });
   connect(mnuFile_, &QMenu::aboutToHide, this, &FileMenuView::HintGone);
-  AddCommand("mnuFileNew", tr("&New truss"), QKeySequence::New, [this] { on_.Lifecycle.NewFile(); });
-  AddCommand("mnuFileOpen", tr("&Open an existing truss ..."), QKeySequence::Open,
+  AddCommand("mnuFileNew", QStringLiteral("&New truss"), QKeySequence::New,
+             [this] { on_.Lifecycle.NewFile(); });
+  AddCommand("mnuFileOpen", QStringLiteral("&Open an existing truss ..."), QKeySequence::Open,
              [this] { on_.Lifecycle.OpenFile(); });
   mnuFileSave_ = AddCommand("mnuFileSave", {}, QKeySequence::Save, [this] { on_.Lifecycle.SaveFile(); });
   mnuFileSaveAs_ = AddCommand("mnuFileSaveAs", {}, {}, [this] { on_.Lifecycle.SaveFileAs(); });
-  mnuFilePrint_ = Add("mnuFilePrint", tr("&Print the report ..."), QKeySequence::Print, on_.Print);
+  mnuFilePrint_ =
+      Add("mnuFilePrint", QStringLiteral("&Print the report ..."), QKeySequence::Print, on_.Print);
   AddRecentFiles();
   mnuFile_->addSeparator();
-  Add("mnuFileExit", tr("E&xit"), QKeySequence::Quit, [&window] { window.close(); });
+  Add("mnuFileExit", QStringLiteral("E&xit"), QKeySequence::Quit, [&window] { window.close(); });
   saveKey_ = new QShortcut(QKeySequence::Save, &window);
   connect(saveKey_, &QShortcut::activated, this, &FileMenuView::SaveByKey);
   mnuFile_->menuAction()->setEnabled(false);

@@ -1,4 +1,3 @@
-// See the header.
 #include "app/HelpBrowser.h"
 
 #include <QAbstractTextDocumentLayout>

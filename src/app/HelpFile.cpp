@@ -1,4 +1,3 @@
-// See the header.
 #include "app/HelpFile.h"
 
 #include <chm_lib.h>

@@ -1,4 +1,3 @@
-// See the header.
 #include "app/HelpFindBar.h"
 
 #include <QHBoxLayout>

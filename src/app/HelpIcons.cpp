@@ -1,5 +1,5 @@
-// See the header.
 #include "app/HelpIcons.h"
+#include "platform/qt/RoundPen.h"
 
 #include <QGuiApplication>
 #include <QIconEngine>
@@ -14,16 +14,12 @@ constexpr qreal Box = 20;
 constexpr QPointF LensCentre(8.5, 8.5);
 constexpr qreal LensRadius = 5;
 
-QPen InkPen(const QColor& ink, qreal width) {
-  return QPen(ink, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-}
-
 void DrawLens(QPainter& painter, const QColor& ink) {
-  painter.setPen(InkPen(ink, 1.7));
+  painter.setPen(RoundPen(ink, 1.7));
   painter.drawEllipse(LensCentre, LensRadius, LensRadius);
-  painter.setPen(InkPen(ink, 2.6));
+  painter.setPen(RoundPen(ink, 2.6));
   painter.drawLine(QPointF(12.8, 12.8), QPointF(16.6, 16.6));
-  painter.setPen(InkPen(ink, 1.6));
+  painter.setPen(RoundPen(ink, 1.6));
 }
 
 void DrawHouse(QPainter& painter) {
@@ -50,7 +46,7 @@ void DrawArrow(QPainter& painter, qreal turned) {
 }
 
 void DrawGlyph(QPainter& painter, HelpGlyph glyph, const QColor& ink) {
-  painter.setPen(InkPen(ink, 1.8));
+  painter.setPen(RoundPen(ink, 1.8));
   switch (glyph) {
     case HelpGlyph::Back:
       return DrawArrow(painter, 0);

@@ -1,4 +1,3 @@
-// See the header.
 #include "app/HelpViewer.h"
 
 #include <QAction>
@@ -66,6 +65,7 @@ HelpViewer::HelpViewer(MessageBox& messages, QWidget* parent)
   splitter->setSizes({contentsWidth, width() - contentsWidth});
 
   CreateActions();
+  CreateKeys();
   connect(browser_, &HelpBrowser::PageShown, this, &HelpViewer::PageChanged);
   connect(browser_, &HelpBrowser::OutwardLink, this, &HelpViewer::LeaveHelp);
   connect(browser_, &HelpBrowser::DeadLink, this,
@@ -130,7 +130,9 @@ void HelpViewer::CreateActions() {
   add("actZoomIn", "Zoom in", "Larger",
       {QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)}, HelpGlyph::ZoomIn,
       [this] { browser_->ZoomBy(1); });
+}
 
+void HelpViewer::CreateKeys() {
   const auto addKeys = [this](const char* name, const QString& text, const QList<QKeySequence>& keys,
                               auto handler) {
     connect(AddAction(name, text, text, keys, HelpGlyph::Find), &QAction::triggered, this, handler);

@@ -28,6 +28,7 @@ class HelpViewer final : public QMainWindow {
 
  private:
   void CreateActions();
+  void CreateKeys();
   QAction* AddAction(const char* name, const QString& text, const QString& toolTip,
                      const QList<QKeySequence>& keys, HelpGlyph glyph);
   void FillContents();

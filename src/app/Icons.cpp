@@ -1,13 +1,14 @@
-// See the header.
 #include "app/Icons.h"
 
 #include <QPainter>
+#include <QSvgRenderer>
 #include <array>
 #include <utility>
 #include <vector>
 
 #include "document/Truss.h"
 #include "editing/ToolGlyphs.h"
+#include "platform/qt/RoundPen.h"
 
 namespace {
 
@@ -16,10 +17,6 @@ QPixmap EmptyPicture(QSize size, qreal devicePixelRatio) {
   picture.setDevicePixelRatio(devicePixelRatio);
   picture.fill(Qt::transparent);
   return picture;
-}
-
-QPen RoundPen(const QColor& colour, qreal width) {
-  return QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
 }
 
 using Segment = std::pair<QPointF, QPointF>;
@@ -59,31 +56,7 @@ QPixmap ApplicationPicture(int side, qreal devicePixelRatio) {
   QPixmap picture = EmptyPicture({side, side}, devicePixelRatio);
   QPainter painter(&picture);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.scale(side / 32.0, side / 32.0);
-
-  const QColor field(0x1F, 0x43, 0x66);
-  const QColor steel(0xF6, 0xF4, 0xEE);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(field);
-  painter.drawRoundedRect(QRectF(0, 0, 32, 32), 7, 7);
-
-  // Some air between the truss and the edge of the field.
-  painter.translate(16, 16);
-  painter.scale(0.88, 0.88);
-  painter.translate(-16, -17.5);
-  // Two panels only: at 16 pixels every line still has to be seen.
-  const QPointF left(5, 21), middle(16, 21), right(27, 21), highLeft(10.5, 10.5), highRight(21.5, 10.5);
-  painter.setPen(RoundPen(steel, side < 24 ? 2.6 : 2.2));
-  painter.drawPolyline(QPolygonF{{left, highLeft, middle, highRight, right, left}});
-  painter.drawLine(highLeft, highRight);
-  // The supports carry the accent.
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(QColor(0xFF, 0x8F, 0x5E));
-  for (const QPointF& foot : {left, right}) {
-    painter.drawPolygon(QPolygonF{{foot, foot + QPointF(3.6, 6), foot + QPointF(-3.6, 6)}});
-  }
-  painter.setBrush(steel);
-  for (const QPointF& joint : {left, middle, right, highLeft, highRight}) painter.drawEllipse(joint, 2, 2);
+  QSvgRenderer(QStringLiteral(":/icons/orvane.svg")).render(&painter, QRectF(0, 0, side, side));
   return picture;
 }
 

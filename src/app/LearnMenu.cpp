@@ -36,11 +36,12 @@ LearnMenu::LearnMenu(const Partners& partners, QMenuBar& bar)
       mnuLearnWhy_(nullptr) {
   mnuLearn_->setObjectName(QStringLiteral("mnuLearn"));
   mnuLearn_->setToolTipsVisible(true);
-  mnuLearnWhy_ = mnuLearn_->addAction(tr("&Why this conclusion"), this, &LearnMenu::ShowWhy);
+  mnuLearnWhy_ = mnuLearn_->addAction(QStringLiteral("&Why this conclusion"), this, &LearnMenu::ShowWhy);
   mnuLearnWhy_->setObjectName(QStringLiteral("mnuLearnWhy"));
-  QAction* check = mnuLearn_->addAction(tr("&Check the drawing"), this, &LearnMenu::ShowChecks);
+  QAction* check = mnuLearn_->addAction(QStringLiteral("&Check the drawing"), this, &LearnMenu::ShowChecks);
   check->setObjectName(QStringLiteral("mnuLearnCheck"));
-  check->setToolTip(tr("What may be an oversight: ends that nearly meet, members on one another ..."));
+  check->setToolTip(
+      QStringLiteral("What may be an oversight: ends that nearly meet, members on one another ..."));
   connect(mnuLearn_, &QMenu::aboutToShow, this,
           [this] { Q_EMIT HintShown(LearnMenuStatusText(step_, reasons_ != nullptr)); });
   connect(mnuLearn_, &QMenu::aboutToHide, this, &LearnMenu::HintGone);
@@ -73,13 +74,14 @@ void LearnMenu::EnterStep(int step, std::shared_ptr<ExplanationOnDemand> reasons
     why_->Clear();
   }
   // Its letter must be that of no button of the step: Step 3 has Solutions, the others Next.
-  mnuLearn_->setTitle(step == 3 ? tr("Lear&n") : tr("&Learn"));
+  mnuLearn_->setTitle(step == 3 ? QStringLiteral("Lear&n") : QStringLiteral("&Learn"));
   mnuLearnWhy_->setEnabled(step == 3 && reasons_ != nullptr);
   const QString hint = QString::fromLatin1(LearnMenuStatusText(step, reasons_ != nullptr)).trimmed();
   mnuLearnWhy_->setStatusTip(hint);
-  mnuLearnWhy_->setToolTip(mnuLearnWhy_->isEnabled()
-                               ? tr("The exact verdict and its reasons, with the motions of the truss")
-                               : hint);
+  mnuLearnWhy_->setToolTip(
+      mnuLearnWhy_->isEnabled()
+          ? QStringLiteral("The exact verdict and its reasons, with the motions of the truss")
+          : hint);
   FollowDrawing();
 }
 

@@ -7,6 +7,7 @@
 
 #include "analysis/JointEquations.h"
 #include "app/DeferredMessages.h"
+#include "app/DrawingNote.h"
 #include "app/FileMenuView.h"
 #include "app/HelpTopics.h"
 #include "app/HelpViewer.h"
@@ -16,6 +17,7 @@
 #include "canvas/DoLabel.h"
 #include "canvas/Paper.h"
 #include "canvas/RedrawTruss.h"
+#include "canvas/Rulers.h"
 #include "explanation/RoundingText.h"
 #include "naming/CustomInputBox.h"
 #include "naming/Naming.h"
@@ -122,7 +124,7 @@ void MainForm::cmdNext1_Click() {
     return;
   }
   tools_.Clear();
-  HidePanelAndHandles(drawing_);
+  Deselect(drawing_);
   ShowLabels(drawing_, on_.Document);
   Redraw();
   ShowStep();

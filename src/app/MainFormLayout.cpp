@@ -73,7 +73,7 @@ void MainForm::resizeEvent(QResizeEvent* event) {
 void MainForm::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
-  // The menu bar and the status bar hear of it in their turn.
+  // The menu bar and the status bar get the event after this.
   QMetaObject::invokeMethod(this, &MainForm::FollowLetters, Qt::QueuedConnection);
 }
 

@@ -80,9 +80,10 @@ void MainForm::CreateToolPanel() {
           [this](const QString& text) { statusPanels_[1]->ShowText(text); });
   StepNavigation& navigation = navigation_[0];
   navigation.CaptionLeft = 264;
-  navigation.Caption = AddStepCaption(picToolBox_, QStringLiteral("Label9"), tr("Step 1\nDesign the truss"));
-  navigation.Next = AddStepButton(picToolBox_, QStringLiteral("cmdNext1"), tr("&Next >"),
-                                  tr("Go to Step 2: name the forces and joints (Alt+Right)"));
+  navigation.Caption =
+      AddStepCaption(picToolBox_, QStringLiteral("Label9"), QStringLiteral("Step 1\nDesign the truss"));
+  navigation.Next = AddStepButton(picToolBox_, QStringLiteral("cmdNext1"), QStringLiteral("&Next >"),
+                                  QStringLiteral("Go to Step 2: name the forces and joints (Alt+Right)"));
   connect(navigation.Next, &QPushButton::clicked, this, &MainForm::cmdNext1_Click);
 }
 
@@ -90,20 +91,22 @@ void MainForm::CreateNamePanel() {
   picStep2_ = new QFrame(centralWidget());
   picStep2_->setObjectName(QStringLiteral("picStep2"));
   picStep2_->setAutoFillBackground(true);
-  QPushButton* autoName = AddPanelButton(picStep2_, QStringLiteral("cmdAutoName(1)"), tr("&AutoName"),
-                                         tr("Let the program name the forces and number the joints"), 8, 98);
-  QPushButton* clearNames = AddPanelButton(picStep2_, QStringLiteral("cmdAutoName(2)"), tr("&Clear Names"),
-                                           tr("Clear all the names"), 110, 98);
+  QPushButton* autoName =
+      AddPanelButton(picStep2_, QStringLiteral("cmdAutoName(1)"), QStringLiteral("&AutoName"),
+                     QStringLiteral("Let the program name the forces and number the joints"), 8, 98);
+  QPushButton* clearNames =
+      AddPanelButton(picStep2_, QStringLiteral("cmdAutoName(2)"), QStringLiteral("&Clear Names"),
+                     QStringLiteral("Clear all the names"), 110, 98);
   connect(autoName, &QPushButton::clicked, this, [this] { cmdAutoName_Click(1); });
   connect(clearNames, &QPushButton::clicked, this, [this] { cmdAutoName_Click(2); });
   StepNavigation& navigation = navigation_[1];
   navigation.CaptionLeft = 217;
   navigation.Caption =
-      AddStepCaption(picStep2_, QStringLiteral("Label10"), tr("Step 2\nName forces and joints"));
-  navigation.Prev = AddStepButton(picStep2_, QStringLiteral("cmdPrev2"), tr("< &Back"),
-                                  tr("Go back to Step 1: design the truss (Alt+Left)"));
-  navigation.Next = AddStepButton(picStep2_, QStringLiteral("cmdNext2"), tr("&Next >"),
-                                  tr("Go to Step 3: view the reports (Alt+Right)"));
+      AddStepCaption(picStep2_, QStringLiteral("Label10"), QStringLiteral("Step 2\nName forces and joints"));
+  navigation.Prev = AddStepButton(picStep2_, QStringLiteral("cmdPrev2"), QStringLiteral("< &Back"),
+                                  QStringLiteral("Go back to Step 1: design the truss (Alt+Left)"));
+  navigation.Next = AddStepButton(picStep2_, QStringLiteral("cmdNext2"), QStringLiteral("&Next >"),
+                                  QStringLiteral("Go to Step 3: view the reports (Alt+Right)"));
   connect(navigation.Prev, &QPushButton::clicked, this, &MainForm::cmdPrev2_Click);
   connect(navigation.Next, &QPushButton::clicked, this, &MainForm::cmdNext2_Click);
 }
@@ -126,15 +129,17 @@ void MainForm::CreateReportPanel() {
   constexpr int width = 76;
   for (int i = 0; i < 4; ++i) {
     const Button& button = buttons[static_cast<std::size_t>(i)];
-    QPushButton* control = AddPanelButton(picStep3_, QString::fromLatin1(button.Name), tr(button.Text),
-                                          tr(button.ToolTip), 8 + i * (width + 2), width);
+    QPushButton* control =
+        AddPanelButton(picStep3_, QString::fromLatin1(button.Name), QString::fromUtf8(button.Text),
+                       QString::fromUtf8(button.ToolTip), 8 + i * (width + 2), width);
     connect(control, &QPushButton::clicked, this, [this, i] { ShowReport(i + 1); });
   }
   StepNavigation& navigation = navigation_[2];
   navigation.CaptionLeft = 321;
-  navigation.Caption = AddStepCaption(picStep3_, QStringLiteral("Label11"), tr("Step 3\nView reports"));
-  navigation.Prev = AddStepButton(picStep3_, QStringLiteral("cmdPrev3"), tr("< &Back"),
-                                  tr("Go back to Step 2: name the forces and joints (Alt+Left)"));
+  navigation.Caption =
+      AddStepCaption(picStep3_, QStringLiteral("Label11"), QStringLiteral("Step 3\nView reports"));
+  navigation.Prev = AddStepButton(picStep3_, QStringLiteral("cmdPrev3"), QStringLiteral("< &Back"),
+                                  QStringLiteral("Go back to Step 2: name the forces and joints (Alt+Left)"));
   connect(navigation.Prev, &QPushButton::clicked, this, &MainForm::cmdPrev3_Click);
 }
 
@@ -146,7 +151,7 @@ void MainForm::CreateStatusBar() {
 
 void MainForm::CreateMenus() {
   CreateFileMenu();
-  mnuSettings_ = menuBar()->addAction(tr("&Settings"), this, &MainForm::mnuSettings_Click);
+  mnuSettings_ = menuBar()->addAction(QStringLiteral("&Settings"), this, &MainForm::mnuSettings_Click);
   mnuSettings_->setObjectName(QStringLiteral("mnuSettings"));
   CreateLearnMenu();
   CreateHelpMenu();
@@ -191,7 +196,7 @@ void MainForm::CreateLearnMenu() {
 }
 
 void MainForm::CreateHelpMenu() {
-  QMenu* menu = menuBar()->addMenu(tr("&Help"));
+  QMenu* menu = menuBar()->addMenu(QStringLiteral("&Help"));
   menu->setObjectName(QStringLiteral("mnuHelp"));
   const auto add = [this, menu](const char* name, const QString& text, auto handler) {
     QAction* action = menu->addAction(text);
@@ -199,14 +204,14 @@ void MainForm::CreateHelpMenu() {
     connect(action, &QAction::triggered, this, handler);
     return action;
   };
-  add("mnuHelpProgram", tr("Help on the &program"), [this] { ShowHelp(ProgramHelpTopic); });
-  add("mnuHelpTrusses", tr("Help on &trusses"), [this] { ShowHelp(TrussHelpTopic); });
-  add("mnuHelpMath", tr("Help on the &mathematics"), [this] { ShowHelp(MathHelpTopic); });
-  add("mnuHelpStep", tr("Help on this &step"), [this] {
+  add("mnuHelpProgram", QStringLiteral("Help on the &program"), [this] { ShowHelp(ProgramHelpTopic); });
+  add("mnuHelpTrusses", QStringLiteral("Help on &trusses"), [this] { ShowHelp(TrussHelpTopic); });
+  add("mnuHelpMath", QStringLiteral("Help on the &mathematics"), [this] { ShowHelp(MathHelpTopic); });
+  add("mnuHelpStep", QStringLiteral("Help on this &step"), [this] {
     ShowHelpOnStep();
   })->setShortcut(QKeySequence::HelpContents);
   menu->addSeparator();
-  add("mnuHelpAbout", tr("&About Orvane"), [this] { AboutForm(this).exec(); });
+  add("mnuHelpAbout", QStringLiteral("&About Orvane"), [this] { AboutForm(this).exec(); });
 }
 
 void MainForm::CreateShortcuts() {

@@ -1,9 +1,8 @@
-// See the header.
 #include "app/PaperOutput.h"
 
 #include <cstdio>
 
-#include "platform/qt/QtPicture.h"
+#include "paper/qt/PictureFiles.h"
 #include "platform/qt/QtTextMeasure.h"
 #include "reports/PrintableReportFiles.h"
 #include "reports/TrussPaint.h"

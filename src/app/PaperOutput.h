@@ -10,7 +10,7 @@
 #include "analysis/FormatSigFigs.h"
 #include "app/FileAnalysis.h"
 #include "explanation/MotionDrawing.h"
-#include "platform/FileFormats.h"
+#include "paper/FileFormats.h"
 #include "reports/ReportExtras.h"
 
 /// The toolkit's application object, without which it has no fonts. To be made before a picture or a report,

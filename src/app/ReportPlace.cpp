@@ -1,4 +1,3 @@
-// See the header.
 #include "app/ReportPlace.h"
 
 #include <algorithm>

@@ -1,12 +1,11 @@
-// See the header.
 #include "app/StatusPanel.h"
 
 #include <QPainter>
 #include <QStyle>
 #include <algorithm>
 
+#include "app/FileMenu.h"
 #include "app/StepTexts.h"
-#include "document/FileMenu.h"
 #include "editing/ToolPalette.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"

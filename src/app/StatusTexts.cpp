@@ -1,4 +1,3 @@
-// See the header.
 #include "app/StatusTexts.h"
 
 void StatusTexts::EnterStep(const std::string& text) {

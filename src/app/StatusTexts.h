@@ -1,4 +1,4 @@
-// Who speaks in the first panel of the status bar. A step's text stands there; a note covers it until the
+// Which text the first panel of the status bar shows. A step's text stands there; a note covers it until the
 // next step or file; a hint covers both, but only for as long as it is meant, so that no hint wipes out a
 // note.
 #pragma once

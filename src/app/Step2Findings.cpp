@@ -1,4 +1,3 @@
-// See the header.
 #include "app/Step2Findings.h"
 
 #include <vector>

@@ -1,4 +1,3 @@
-// See the header.
 #include "app/Steps.h"
 
 #include <array>

@@ -3,6 +3,8 @@
 
 #include <QApplication>
 #include <QHashSeed>
+#include <QProcess>
+#include <algorithm>
 #include <csignal>
 #include <iostream>
 #include <optional>
@@ -15,7 +17,8 @@
 #include "app/MainForm.h"
 #include "app/PaperOutput.h"
 #include "app/RunCommandLine.h"
-#include "document/FileBytes.h"
+#include "document/FilePaths.h"
+#include "platform/FileBytes.h"
 #include "platform/qt/QtFileChooser.h"
 #include "platform/qt/QtMessageBox.h"
 #include "platform/qt/QtNumberFormat.h"
@@ -38,6 +41,18 @@ bool IsTerminalAlone() {
          qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
+// A window shows one truss: each further file gets a program of its own, a file named twice one of both.
+void OpenFurtherWindows(const CommandLine& commandLine) {
+  const std::vector<std::string>& files = commandLine.Files;
+  for (std::size_t i = 1; i < files.size(); ++i) {
+    const auto isThisFile = [&](const std::string& other) { return LeadToOneFile(files[i], other); };
+    if (std::any_of(files.begin(), files.begin() + static_cast<std::ptrdiff_t>(i), isThisFile)) continue;
+    QStringList arguments{QStringLiteral("--"), QString::fromStdString(files[i])};
+    if (commandLine.AutoName) arguments.prepend(QStringLiteral("--autoname"));
+    QProcess::startDetached(QCoreApplication::applicationFilePath(), arguments);
+  }
+}
+
 // Standard input is read to its end before the window comes, which would not answer meanwhile.
 int RunWindow(int argc, char** argv, const CommandLine& commandLine) {
   const bool readsInput = !commandLine.Files.empty() && commandLine.Files.front() == "-";
@@ -45,8 +60,11 @@ int RunWindow(int argc, char** argv, const CommandLine& commandLine) {
   std::optional<DisplayGuard> guard(std::in_place);
   const QApplication application(argc, argv);
   guard.reset();
+  OpenFurtherWindows(commandLine);
+  KeepNoSettingsOfTheToolkit();
   QApplication::setApplicationName(QStringLiteral("Orvane"));
   QApplication::setApplicationVersion(QStringLiteral(ORVANE_VERSION));
+  QApplication::setDesktopFileName(QStringLiteral("orvane"));
   QApplication::setWindowIcon(ApplicationIcon());
 
   Truss truss;

@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "canvas/Polar.h"
+#include "document/Angles.h"
 #include "document/Labels.h"
 
 namespace {

@@ -27,7 +27,7 @@ QSize SizeInDevicePixels(const QSize& size, qreal devicePixelRatio) {
 CanvasWidget::CanvasWidget(const Truss& truss, const Drawing& drawing, QWidget* parent)
     : QWidget(parent), truss_(truss), drawing_(drawing) {
   setObjectName(QStringLiteral("picDraw"));
-  setAccessibleName(tr("Drawing of the truss"));
+  setAccessibleName(QStringLiteral("Drawing of the truss"));
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);

@@ -11,8 +11,9 @@
 
 namespace {
 
-// The side of a support's picture on which an arrow stands. It points at the picture.
-enum class ArrowSide { Left, Below, Above, Right };
+// The side of a support's picture on which an arrow stands. It points at the picture; that of a roller points
+// in the direction in which the roller pushes, so it stands on the side of the ground.
+using ArrowSide = GroundSide;
 
 // Pixels from a support picture's left and top: where an arrow starts and ends.
 struct ArrowOffsets {
@@ -31,20 +32,6 @@ ArrowOffsets OffsetsOf(ArrowSide side) {
       break;
   }
   return {58, 21, 36, 21};
-}
-
-// A roller's arrow points in the direction in which the roller pushes.
-ArrowSide RollerArrowSide(std::int16_t type) {
-  switch (type) {
-    case 6:
-      return ArrowSide::Above;
-    case 7:
-      return ArrowSide::Right;
-    case 8:
-      return ArrowSide::Left;
-    default:
-      return ArrowSide::Below;
-  }
 }
 
 TextExtent ExtentOf(const Truss& truss, LabelIndex label, const TextMeasure& measure) {
@@ -117,7 +104,7 @@ void PlaceSupportLabels(Drawing& drawing, const Truss& truss, const TextMeasure&
     PlaceReaction(drawing, truss, measure, picture, ArrowSide::Left, support.ArrowLine1, support.NameLabel1);
     PlaceReaction(drawing, truss, measure, picture, ArrowSide::Below, support.ArrowLine2, support.NameLabel2);
   } else {
-    PlaceReaction(drawing, truss, measure, picture, RollerArrowSide(support.TypeIndex), support.ArrowLine1,
+    PlaceReaction(drawing, truss, measure, picture, GroundSideOf(support.TypeIndex), support.ArrowLine1,
                   support.NameLabel1);
   }
 }
@@ -166,7 +153,7 @@ PixelPoint ReachToName(std::int16_t type) {
 // the arrow stands on the right.
 PixelPoint InsetBeside(const SupportRec& support) {
   const PixelPoint reach = ReachToName(support.TypeIndex);
-  const bool arrowOnTheRight = !support.IsClamp() && RollerArrowSide(support.TypeIndex) == ArrowSide::Right;
+  const bool arrowOnTheRight = !support.IsClamp() && GroundSideOf(support.TypeIndex) == ArrowSide::Right;
   if (arrowOnTheRight) return {JointNameInset, reach.Y};
   return {std::max(JointNameInset, reach.X + RimWidth + 1), JointNameDrop};
 }
@@ -296,7 +283,7 @@ std::vector<PixelLine> ReactionArrows(float x, float y, std::int16_t type) {
     arrows.push_back({left + offset.FromX, top + offset.FromY, left + offset.HeadX, top + offset.HeadY});
   };
   if (type > LastClampType) {
-    add(RollerArrowSide(type));
+    add(GroundSideOf(type));
   } else {
     add(ArrowSide::Left);
     add(ArrowSide::Below);

@@ -130,8 +130,9 @@ bool IsTrussOutside(const Drawing& drawing, const Truss& truss, PixelPoint topLe
   return false;
 }
 
-void HidePanelAndHandles(Drawing& drawing) {
+void Deselect(Drawing& drawing) {
   drawing.OpenPanel = ValuePanel::None;
   drawing.MoveHandleB.Visible = false;
   drawing.MoveHandleS.Visible = false;
+  drawing.SupportsEnabled = true;
 }

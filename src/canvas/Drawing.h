@@ -81,5 +81,5 @@ int NumLabelsOutside(const Drawing& drawing, PixelPoint topLeft, PixelPoint bott
 /// canvas, edges included in it.
 bool IsTrussOutside(const Drawing& drawing, const Truss& truss, PixelPoint topLeft, PixelPoint bottomRight);
 
-/// Hides what an unfinished edit shows: the value panel and both handles.
-void HidePanelAndHandles(Drawing& drawing);
+/// Nothing is selected any more: hides the value panel and both handles; supports answer the mouse again.
+void Deselect(Drawing& drawing);

@@ -1,4 +1,3 @@
-// See the header.
 #include "canvas/Graph.h"
 
 #include <algorithm>

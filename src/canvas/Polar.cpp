@@ -3,6 +3,8 @@
 
 #include <cmath>
 
+#include "document/Angles.h"
+
 namespace {
 
 double AngleInRadians(double x, double y) {

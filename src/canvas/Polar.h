@@ -4,9 +4,6 @@
 /// Angles are in degrees in the one mode and in radians in any other.
 inline constexpr int DegreeMode = 2;
 
-/// The half turn, in both directions of conversion, so that they undo each other.
-inline constexpr double HalfTurn = 3.141592654;
-
 struct PolarVector {
   double Magnitude = 0;
   double Angle = 0;  ///< from the x axis, counter-clockwise

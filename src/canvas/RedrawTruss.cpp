@@ -33,8 +33,7 @@ void RememberForces(const Drawing& drawing, Truss& truss) {
 bool RedrawTruss(Truss& truss, Drawing& drawing, Surface& surface, const CanvasContext& context,
                  MessageBox& messages) {
   surface.Clear();
-  HidePanelAndHandles(drawing);
-  drawing.SupportsEnabled = true;
+  Deselect(drawing);
   SetMapping(drawing.Mapping, context.Bounds, truss);
   const DocumentSettings& settings = truss.Settings;
   if (settings.RulersOn) ShowRulers(surface, drawing.Mapping, settings, truss.View, context.Numbers);

@@ -6,7 +6,7 @@
 #include <numbers>
 
 #include "canvas/Paper.h"
-#include "document/Truss.h"
+#include "document/SupportReactions.h"
 
 namespace {
 
@@ -106,21 +106,12 @@ void PaintPolygon(Surface& surface, const std::vector<PixelPoint>& corners, int 
 
 }  // namespace
 
-// Clamp type n stands as roller type n + 4 does.
 GroundSide GroundSideOf(std::int16_t type) {
-  switch (type) {
-    case 2:
-    case 6:
-      return GroundSide::Above;  // 6 pushes down
-    case 3:
-    case 7:
-      return GroundSide::Right;  // 7 pushes to the left
-    case 4:
-    case 8:
-      return GroundSide::Left;  // 8 pushes to the right
-    default:
-      return GroundSide::Below;
-  }
+  const bool isClamp = type >= 1 && type <= LastClampType;
+  const auto roller = static_cast<std::int16_t>(isClamp ? type + LastClampType : type);
+  const ReactionDirection push = DirectionOf(roller, 1);
+  if (push.IsAlongX()) return push.Sign() > 0 ? GroundSide::Left : GroundSide::Right;
+  return push.Sign() < 0 ? GroundSide::Above : GroundSide::Below;
 }
 
 const std::vector<PictureShape>& SupportPicture(std::int16_t type) {

@@ -1,4 +1,3 @@
-// See the header.
 #include "document/BrokenName.h"
 
 #include "text/CodePage.h"

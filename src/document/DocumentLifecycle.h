@@ -6,11 +6,11 @@
 #include <string>
 
 #include "document/FieldReader.h"
-#include "document/FileBytes.h"
 #include "document/KnownFile.h"
 #include "document/RecentFiles.h"
 #include "document/Truss.h"
 #include "document/TrussFile.h"
+#include "platform/FileBytes.h"
 #include "platform/FileChooser.h"
 #include "platform/MessageBox.h"
 

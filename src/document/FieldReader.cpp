@@ -1,4 +1,3 @@
-// See the header.
 #include "document/FieldReader.h"
 
 #include <algorithm>

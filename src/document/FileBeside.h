@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "document/SystemFile.h"
+#include "platform/SystemFile.h"
 
 /// Its name begins with ".orvane-save-" and does not depend on the target's, which may already be as long as
 /// names can be. It is locked as long as it is written: an unlocked one is what a killed save has left, and

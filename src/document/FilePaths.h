@@ -15,3 +15,7 @@ bool IsTaken(const std::string& path);
 
 /// Whether both paths lead to one file: they are the same text, or the system says so (links, hard links).
 bool LeadToOneFile(const std::string& path, const std::string& other);
+
+/// The path in an address such as "file:///home/ann/a%20b.trs", as file managers hand it over; any other
+/// text, and an address on another machine, is a path already and comes back as it is.
+std::string PathOfAddress(const std::string& address);

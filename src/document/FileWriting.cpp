@@ -1,4 +1,3 @@
-// See the header.
 #include "document/FileWriting.h"
 
 #include <fcntl.h>
@@ -13,8 +12,8 @@
 
 #include "document/FileAttributes.h"
 #include "document/FileBeside.h"
-#include "document/FileBytes.h"
 #include "document/SideCopy.h"
+#include "platform/FileBytes.h"
 
 namespace fs = std::filesystem;
 

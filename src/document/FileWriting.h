@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "document/SystemFile.h"
+#include "platform/SystemFile.h"
 
 /// Writes a file beside the target and puts it in its place, with the old file's owner, mode, access list and
 /// extended attributes. A file that has several names, or whose owner or place does not allow this, is

@@ -1,10 +1,9 @@
-// See the header.
 #include "document/KnownFile.h"
 
 #include <utility>
 
-#include "document/FileBytes.h"
 #include "document/FilePaths.h"
+#include "platform/FileBytes.h"
 
 void KnownFile::Remember(const std::string& path, std::optional<std::string> bytes, bool whole) {
   path_ = path;

@@ -1,4 +1,3 @@
-// See the header.
 #include "document/RecentFiles.h"
 
 #include <algorithm>

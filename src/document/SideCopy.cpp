@@ -14,7 +14,7 @@
 #include <system_error>
 #include <vector>
 
-#include "document/FileBytes.h"
+#include "platform/FileBytes.h"
 
 namespace fs = std::filesystem;
 

@@ -7,7 +7,8 @@
 #include <span>
 #include <vector>
 
-/// A table with indices 1 .. Size(). Reading or writing outside that range is a programming error.
+/// A table with indices 1 .. Size(). Reading or writing outside that range is a programming
+/// error, which ends the program with a message.
 template <class Record>
 class Table {
  public:
@@ -34,8 +35,12 @@ class Table {
   }
 
   /// The first `count` records in order, for loops and algorithms.
-  std::span<Record> First(int count) { return std::span(records_).first(static_cast<std::size_t>(count)); }
+  std::span<Record> First(int count) {
+    assert(count >= 0 && count <= Size());
+    return std::span(records_).first(static_cast<std::size_t>(count));
+  }
   std::span<const Record> First(int count) const {
+    assert(count >= 0 && count <= Size());
     return std::span(records_).first(static_cast<std::size_t>(count));
   }
 

@@ -2,9 +2,9 @@
 #include "document/TrussChanged.h"
 
 #include "document/FieldReader.h"
-#include "document/FileBytes.h"
 #include "document/JointList.h"
 #include "document/TrussFile.h"
+#include "platform/FileBytes.h"
 
 namespace {
 

@@ -3,10 +3,10 @@
 // Files written that way are in use, so both orders stay.
 #include "document/TrussFile.h"
 
-#include "document/FileBytes.h"
 #include "document/FileWriting.h"
 #include "document/JointList.h"
 #include "document/Labels.h"
+#include "platform/FileBytes.h"
 #include "text/NumberText.h"
 
 namespace {

@@ -1,4 +1,3 @@
-// See the header.
 #include "editing/Erasing.h"
 
 #include "canvas/DoLabel.h"
@@ -18,10 +17,4 @@ void EraseSupport(const EditingContext& on, int support) {
   on.Document.Supports[support].Live = false;
   RemoveLabels(on.Picture, on.Document, LabelClass::Support, support);
   on.Redraw();
-}
-
-void Deselect(const EditingContext& on) {
-  on.ValueEditor.Close();
-  HidePanelAndHandles(on.Picture);
-  on.Picture.SupportsEnabled = true;
 }

@@ -7,6 +7,3 @@
 /// Erases a live member or support, or an active force, and redraws. Supports have no selection of their own.
 void EraseObject(const EditingContext& on, const Selection& object);
 void EraseSupport(const EditingContext& on, int support);
-
-/// Hides the value panel and both handles, and enables the supports.
-void Deselect(const EditingContext& on);

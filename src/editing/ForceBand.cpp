@@ -1,4 +1,3 @@
-// See the header.
 #include "editing/ForceBand.h"
 
 #include "canvas/Arrow.h"

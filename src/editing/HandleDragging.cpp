@@ -146,7 +146,7 @@ class MemberEndDragging final : public HandleDrag {
   void Drop(const SnappedPoint& point) override {
     Restore();
     if (SamePlace(OtherEnd(), point)) {
-      Deselect(on_);
+      Deselect(on_.Picture);
       EraseObject(on_, selection_);
       return;
     }
@@ -198,7 +198,7 @@ class ForceHeadDragging final : public HandleDrag {
   void Drop(const SnappedPoint& point) override {
     Restore();
     if (SamePlace(tail_, point)) {
-      Deselect(on_);
+      Deselect(on_.Picture);
       EraseObject(on_, selection_);
       return;
     }

@@ -3,7 +3,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
+
+#include "editing/GridLines.h"
 
 namespace {
 
@@ -12,14 +13,10 @@ constexpr double Slack = 1e-3;
 
 // The grid line next to a world coordinate in a direction (1, -1; 0: the nearest). Not finite without a grid.
 float NextGridLine(float world, float minimum, float spacing, int direction) {
-  const double step = std::abs(double{spacing});
-  const double lines = (double{world} - double{minimum}) / step;
-  double line = std::round(lines);
-  if (direction > 0) line = std::floor(lines + Slack) + 1;
-  if (direction < 0) line = std::ceil(lines - Slack) - 1;
-  const double next = double{minimum} + line * step;
-  constexpr double largest = std::numeric_limits<float>::max();
-  return std::abs(next) <= largest ? static_cast<float>(next) : std::numeric_limits<float>::quiet_NaN();
+  const GridLines lines(minimum, std::abs(spacing));
+  if (direction > 0) return lines.Stored(std::floor(lines.Position(world) + Slack) + 1);
+  if (direction < 0) return lines.Stored(std::ceil(lines.Position(world) - Slack) - 1);
+  return lines.Stored(lines.Nearest(world));
 }
 
 float XOnGrid(const Graph& graph, const DocumentSettings& settings, float pixel, int direction) {

@@ -69,7 +69,7 @@ class MemberDrawing final : public Drag {
   int index_ = 0;
 };
 
-// Tried on a copy, so that the user hears at the press that there is no room and not after the drag.
+// Tried on a copy, so that the message that there is no room comes at the press and not after the drag.
 bool HasRoom(const Truss& truss) {
   if (truss.NumMembers == MaxCount) return false;
   if (truss.NumLabels + 2 <= MaxCount && truss.NumArrowLines + 2 * SegmentsPerArrow <= MaxCount) return true;

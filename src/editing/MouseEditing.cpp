@@ -44,7 +44,7 @@ void MouseEditing::MouseDown(MouseButton button, float x, float y) {
 }
 
 void MouseEditing::MouseDoubleClick(MouseButton button, float x, float y) {
-  // A drag hears of every press, but one that is done only waits for a release, which was lost.
+  // Every press goes to the drag; but a drag that is done only waits for a release, which was lost.
   const bool isDragEnded = !IsDragging() || (drag_->IsDone() && !heldByKey_);
   if (button == MouseButton::Left && isDragEnded && ActsByClick(on_.Tools.Selected())) return;
   MouseDown(button, x, y);
@@ -109,7 +109,7 @@ void MouseEditing::Press(PixelPoint mouse) {
 
 void MouseEditing::PressOnCanvas(PixelPoint mouse) {
   const bool wasShown = IsSelectionShown(on_.Picture) || on_.Picture.OpenPanel != ValuePanel::None;
-  Deselect(on_);
+  Deselect(on_.Picture);
   if (wasShown) on_.ShowDrawing();
   const auto point = LocationOf(mouse);
   if (!point) return;
@@ -197,7 +197,7 @@ void MouseEditing::SelectTool(int tool) {
   Cancel();
   on_.Tools.Select(tool);
   selection_ = {};
-  Deselect(on_);
+  Deselect(on_.Picture);
   on_.ShowDrawing();
   UpdatePointer(latest_);
 }

@@ -2,7 +2,8 @@
 #include "editing/Picking.h"
 
 #include <cmath>
-#include <limits>
+
+#include "editing/GridLines.h"
 
 namespace {
 
@@ -61,33 +62,6 @@ struct Target {
 
  private:
   double toleranceX_, toleranceY_;
-};
-
-// The lines of the grid along one axis, counted from the minimum coordinate.
-class GridLines {
- public:
-  GridLines(float minimum, float spacing) : minimum_(minimum), spacing_(spacing) {}
-
-  // Which line is the nearest; halves go upward.
-  double Nearest(float value) const {
-    return std::floor((double{value} - double{minimum_}) / double{spacing_} + 0.5);
-  }
-
-  // The coordinate that is stored for a line; what no single can hold is not finite.
-  float Stored(double line) const {
-    const double coordinate = double{minimum_} + line * double{spacing_};
-    constexpr double largest = std::numeric_limits<float>::max();
-    return std::abs(coordinate) <= largest ? static_cast<float>(coordinate)
-                                           : std::numeric_limits<float>::quiet_NaN();
-  }
-
-  // The decimals of a line whose stored coordinate is finite.
-  ExactDecimal Exact(double line) const {
-    return ExactDecimal::Of(minimum_) + ExactDecimal::Of(line) * ExactDecimal::Of(spacing_);
-  }
-
- private:
-  float minimum_, spacing_;
 };
 
 // 9 steps of 0.1 are stored as 0.90000004, and nine tenths are meant.

@@ -18,6 +18,10 @@ inline constexpr float HandleTolerance = 4;
 /// Pixels on both axes: closer than this to an object snaps to it.
 inline constexpr float SnapTolerance = 10;
 
+/// Whether a place on a member, 0 at end 1 and 1 at end 2, stands for end 2; exactly in the middle it is
+/// end 1.
+constexpr bool IsEnd2Nearer(float t) { return t > 0.5F; }
+
 enum class ObjectType : std::int16_t { None = 0, Member = 1, Force = 2 };
 
 /// What was picked last. It counts only while the handles are shown.
@@ -26,8 +30,8 @@ struct Selection {
   int Index = 0;  ///< 1-based, of the member or force
   float T = 0;    ///< for a member: where it was picked, 0 at end 1 and 1 at end 2
 
-  /// Whether end 2 is the one that a move or a typed value changes; exactly in the middle it is end 1.
-  bool IsEnd2Big() const { return T > 0.5F; }
+  /// Whether end 2 is the one that a move or a typed value changes.
+  bool IsEnd2Big() const { return IsEnd2Nearer(T); }
 
   friend bool operator==(const Selection&, const Selection&) = default;
 };

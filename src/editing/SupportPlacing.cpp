@@ -1,4 +1,3 @@
-// See the header.
 #include "editing/SupportPlacing.h"
 
 #include <utility>

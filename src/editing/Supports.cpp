@@ -1,4 +1,3 @@
-// See the header.
 #include "editing/Supports.h"
 
 #include "editing/Erasing.h"

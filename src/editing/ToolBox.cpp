@@ -1,4 +1,3 @@
-// See the header.
 #include "editing/ToolBox.h"
 
 #include <QApplication>
@@ -48,7 +47,7 @@ void ToolBox::ShowPalette() {
     const bool down = palette_.IsDown(tool);
     QToolButton* button = buttons_[static_cast<std::size_t>(tool - 1)];
     button->setIcon(QIcon(ToolPicture(tool, down, devicePixelRatioF(), palette())));
-    button->setAccessibleDescription(down ? tr("selected") : QString());
+    button->setAccessibleDescription(down ? QStringLiteral("selected") : QString());
   }
 }
 

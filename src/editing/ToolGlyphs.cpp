@@ -1,4 +1,3 @@
-// See the header.
 #include "editing/ToolGlyphs.h"
 
 #include <QFont>
@@ -9,6 +8,7 @@
 
 #include "canvas/SupportPicture.h"
 #include "document/Truss.h"
+#include "platform/qt/RoundPen.h"
 
 namespace {
 
@@ -16,12 +16,8 @@ constexpr qreal OutlineWidth = 1.4;
 constexpr qreal ActionWidth = 2.4;
 constexpr qreal PinRadius = 3;
 
-QPen PenOf(const QColor& colour, qreal width) {
-  return QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-}
-
 void DrawPin(QPainter& painter, const QPointF& at, const GlyphColours& colours) {
-  painter.setPen(PenOf(colours.Ink, OutlineWidth));
+  painter.setPen(RoundPen(colours.Ink, OutlineWidth));
   painter.setBrush(colours.Ground);
   painter.drawEllipse(at, PinRadius, PinRadius);
 }
@@ -32,7 +28,7 @@ void DrawHead(QPainter& painter, const QPointF& tip, const QPointF& direction, q
   const QPointF along = direction / std::hypot(direction.x(), direction.y());
   const QPointF across(-along.y(), along.x());
   const QPointF base = tip - along * length;
-  painter.setPen(PenOf(colour, 1));
+  painter.setPen(RoundPen(colour, 1));
   painter.setBrush(colour);
   painter.drawPolygon(QPolygonF{{tip, base + across * length * 0.55, base - across * length * 0.55}});
 }
@@ -40,7 +36,7 @@ void DrawHead(QPainter& painter, const QPointF& tip, const QPointF& direction, q
 void DrawMember(QPainter& painter, const GlyphColours& colours) {
   const QPointF end1(8.5, 23.5);
   const QPointF end2(23.5, 8.5);
-  painter.setPen(PenOf(colours.Accent, 3.2));
+  painter.setPen(RoundPen(colours.Accent, 3.2));
   painter.drawLine(end1, end2);
   DrawPin(painter, end1, colours);
   DrawPin(painter, end2, colours);
@@ -54,10 +50,10 @@ void DrawRaisedSupport(QPainter& painter, std::int16_t type, const GlyphColours&
 
 void DrawForce(QPainter& painter, const GlyphColours& colours) {
   const QPointF joint(9, 21);
-  painter.setPen(PenOf(colours.Ink, 2));
+  painter.setPen(RoundPen(colours.Ink, 2));
   painter.drawLine(joint, QPointF(5.5, 27));
   painter.drawLine(joint, QPointF(15, 27));
-  painter.setPen(PenOf(colours.Accent, ActionWidth));
+  painter.setPen(RoundPen(colours.Accent, ActionWidth));
   painter.drawLine(joint, QPointF(21, 10.5));
   DrawHead(painter, {26, 6}, {12, -10.5}, 8, colours.Accent);
   DrawPin(painter, joint, colours);
@@ -73,7 +69,7 @@ void DrawNumericalValue(QPainter& painter, const GlyphColours& colours) {
   digits.translate(16 - box.center().x(), 16 - box.bottom());
   painter.fillPath(digits, colours.Accent);
   // A dimension line between two ticks.
-  painter.setPen(PenOf(colours.Ink, OutlineWidth));
+  painter.setPen(RoundPen(colours.Ink, OutlineWidth));
   painter.drawLine(QPointF(6, 19), QPointF(6, 27));
   painter.drawLine(QPointF(26, 19), QPointF(26, 27));
   painter.drawLine(QPointF(8, 23), QPointF(24, 23));
@@ -91,13 +87,13 @@ void DrawReOrientation(QPainter& painter, const GlyphColours& colours) {
   QPainterPath arc;
   arc.arcMoveTo(circle, start);
   arc.arcTo(circle, start, sweep);
-  painter.strokePath(arc, PenOf(colours.Accent, ActionWidth));
+  painter.strokePath(arc, RoundPen(colours.Accent, ActionWidth));
   constexpr qreal end = (start + sweep + 360) * std::numbers::pi / 180;
   const QPointF along(std::sin(end), std::cos(end));
   const QPointF last(centre.x() + radius * std::cos(end), centre.y() - radius * std::sin(end));
   DrawHead(painter, last + along * 4, along, 7.5, colours.Accent);
 
-  painter.setPen(PenOf(colours.Ink, OutlineWidth));
+  painter.setPen(RoundPen(colours.Ink, OutlineWidth));
   painter.setBrush(Mixed(colours.Ground, colours.Ink, 0.25));
   painter.drawPolygon(QPolygonF{{{16, 14}, {20.5, 20.5}, {11.5, 20.5}}});
   painter.setBrush(colours.Ground);
@@ -107,7 +103,7 @@ void DrawReOrientation(QPainter& painter, const GlyphColours& colours) {
 void DrawMove(QPainter& painter, const GlyphColours& colours) {
   const QPointF centre(16, 16);
   for (const QPointF direction : {QPointF(1, 0), QPointF(-1, 0), QPointF(0, 1), QPointF(0, -1)}) {
-    painter.setPen(PenOf(colours.Accent, ActionWidth));
+    painter.setPen(RoundPen(colours.Accent, ActionWidth));
     painter.drawLine(centre, centre + direction * 6);
     DrawHead(painter, centre + direction * 11.5, direction, 5.5, colours.Accent);
   }
@@ -116,7 +112,7 @@ void DrawMove(QPainter& painter, const GlyphColours& colours) {
 
 void DrawErase(QPainter& painter, const GlyphColours& colours) {
   // The line that is being rubbed out, with a gap where the rubber has been.
-  painter.setPen(PenOf(colours.Ink, 2));
+  painter.setPen(RoundPen(colours.Ink, 2));
   painter.drawLine(QPointF(5, 26.5), QPointF(8, 26.5));
   painter.drawLine(QPointF(19, 26.5), QPointF(27, 26.5));
   painter.translate(17.5, 15);
@@ -129,8 +125,8 @@ void DrawErase(QPainter& painter, const GlyphColours& colours) {
   painter.setClipRect(QRectF(-10.5, -5, 9, 10));
   painter.fillPath(outline, colours.Accent);
   painter.restore();
-  painter.strokePath(outline, PenOf(colours.Ink, OutlineWidth));
-  painter.setPen(PenOf(colours.Ink, OutlineWidth));
+  painter.strokePath(outline, RoundPen(colours.Ink, OutlineWidth));
+  painter.setPen(RoundPen(colours.Ink, OutlineWidth));
   painter.drawLine(QPointF(-1.5, -5), QPointF(-1.5, 5));
 }
 
@@ -146,7 +142,7 @@ QColor Mixed(const QColor& a, const QColor& b, double partOfB) {
 }
 
 void DrawSupport(QPainter& painter, std::int16_t type, const GlyphColours& colours, qreal lineWidth) {
-  painter.setPen(PenOf(colours.Ink, lineWidth));
+  painter.setPen(RoundPen(colours.Ink, lineWidth));
   for (const PictureShape& shape : SupportPicture(type)) {
     QPolygonF points;
     for (const PixelPoint& point : shape.Points) points << QPointF(double{point.X}, double{point.Y});

@@ -1,4 +1,4 @@
-// What the eight tool buttons show: small drawings in a box of 32 by 32 pixels, in ink and one accent.
+// What the eight tool buttons show: small drawings in a box of 32 by 32 pixels, in a dark colour and one bright one.
 #pragma once
 
 #include <QColor>

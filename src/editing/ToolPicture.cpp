@@ -1,4 +1,3 @@
-// See the header.
 #include "editing/ToolPicture.h"
 
 #include <QPainter>
@@ -7,7 +6,7 @@
 
 namespace {
 
-// A raised button is lit from above; a pressed one lies deeper and wears the accent as its frame.
+// A raised button is lit from above; a pressed one is darker and has a frame in the highlight colour.
 QColor DrawButton(QPainter& painter, bool pressed, const QPalette& palette) {
   const QColor face = palette.color(QPalette::Button);
   const QColor text = palette.color(QPalette::ButtonText);

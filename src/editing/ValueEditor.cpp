@@ -48,29 +48,21 @@ void ValueEditor::Refresh() {
   if (IsOpen(ForceKind)) Update_frNewCoords(ForceKind);
 }
 
-void ValueEditor::Close() { on_.Canvas.OpenPanel = ValuePanel::None; }
-
-// The edit is over, so the object is not selected any more.
-void ValueEditor::CloseAndDeselect() {
-  HidePanelAndHandles(on_.Canvas);
-  on_.Canvas.SupportsEnabled = true;
-}
-
-bool ValueEditor::IsOpen(int editingKind) const {
+bool ValueEditor::IsOpen(EditingKind editingKind) const {
   return on_.Canvas.OpenPanel == (editingKind == MemberKind ? ValuePanel::Member : ValuePanel::Force);
 }
 
 // --- what is shown
 
-const std::string& ValueEditor::Label(int editingKind, int box) const {
+const std::string& ValueEditor::Label(EditingKind editingKind, int box) const {
   return PanelOf(editingKind).Labels[BoxIndex(box)];
 }
 
-const std::string& ValueEditor::Text(int editingKind, int box) const {
+const std::string& ValueEditor::Text(EditingKind editingKind, int box) const {
   return PanelOf(editingKind).Texts[BoxIndex(box)];
 }
 
-PixelLine ValueEditor::EditedObject(int editingKind) const {
+PixelLine ValueEditor::EditedObject(EditingKind editingKind) const {
   if (editingKind == MemberKind) return on_.Canvas.Rod[index_];
   const ForceRec& force = on_.Document.Forces[index_];
   return {force.PixX1, force.PixY1, force.PixX2, force.PixY2};
@@ -91,7 +83,7 @@ void ValueEditor::Fill(Panel& panel, std::array<const char*, 2> labels, double f
   panel.ShownValues = {first, second};
 }
 
-void ValueEditor::Update_frNewCoords(int editingKind) {
+void ValueEditor::Update_frNewCoords(EditingKind editingKind) {
   const bool isMember = editingKind == MemberKind;
   Panel& panel = PanelOf(editingKind);
   RectangularVector vector;
@@ -117,12 +109,12 @@ void ValueEditor::Update_frNewCoords(int editingKind) {
 
 // --- what the user does
 
-void ValueEditor::optNotation_Click(int editingKind, Notation notation) {
+void ValueEditor::optNotation_Click(EditingKind editingKind, Notation notation) {
   PanelOf(editingKind).Chosen = notation;
   if (IsOpen(editingKind)) Update_frNewCoords(editingKind);
 }
 
-void ValueEditor::txtNewCoords_Change(int editingKind, int box, const std::string& text) {
+void ValueEditor::txtNewCoords_Change(EditingKind editingKind, int box, const std::string& text) {
   PanelOf(editingKind).Texts[BoxIndex(box)] = text;
 }
 
@@ -134,7 +126,7 @@ std::optional<double> ValueEditor::Number(const Panel& panel, std::size_t box) c
 }
 
 // The position or force that two typed numbers mean, before it is rounded.
-RectangularVector ValueEditor::NewValues(int editingKind, double first, double second) const {
+RectangularVector ValueEditor::NewValues(EditingKind editingKind, double first, double second) const {
   const Notation notation = PanelOf(editingKind).Chosen;
   RectangularVector values{first, second};
   if (notation == Notation::Polar) values = PolarToRectangular(DegreeMode, first, second);
@@ -144,8 +136,8 @@ RectangularVector ValueEditor::NewValues(int editingKind, double first, double s
 }
 
 // The text of the first rule that the input breaks, or null. The order of the rules is part of what they say:
-// a polar member of no length hears of its magnitude, not of erasing.
-const char* ValueEditor::Refusal(int editingKind) const {
+// for a polar member of no length the text is that about the magnitude, not that about erasing.
+const char* ValueEditor::Refusal(EditingKind editingKind) const {
   const Panel& panel = PanelOf(editingKind);
   const auto first = Number(panel, 0);
   const auto second = Number(panel, 1);
@@ -160,18 +152,18 @@ const char* ValueEditor::Refusal(int editingKind) const {
   return EqualAsSingles(values, {}) ? EraseForceText : nullptr;
 }
 
-bool ValueEditor::BadInput(int editingKind) {
+bool ValueEditor::BadInput(EditingKind editingKind) {
   const char* refusal = Refusal(editingKind);
   if (refusal == nullptr) return false;
   on_.Messages.Show(Message{.Text = refusal, .Icon = MessageIcon::Critical});
   return true;
 }
 
-void ValueEditor::cmdNewCoordsOK_Click(int editingKind) {
+void ValueEditor::cmdNewCoordsOK_Click(EditingKind editingKind) {
   if (!IsOpen(editingKind) || BadInput(editingKind)) return;
   const Panel& panel = PanelOf(editingKind);
   const RectangularVector values = NewValues(editingKind, *Number(panel, 0), *Number(panel, 1));
-  CloseAndDeselect();
+  Deselect(on_.Canvas);
   if (editingKind == MemberKind) {
     StoreEnd(values);
   } else {
@@ -180,8 +172,8 @@ void ValueEditor::cmdNewCoordsOK_Click(int editingKind) {
   on_.Redraw();
 }
 
-void ValueEditor::cmdNewCoordsCancel_Click(int editingKind) {
-  if (IsOpen(editingKind)) CloseAndDeselect();
+void ValueEditor::cmdNewCoordsCancel_Click(EditingKind editingKind) {
+  if (IsOpen(editingKind)) Deselect(on_.Canvas);
 }
 
 void ValueEditor::StoreEnd(RectangularVector end) {

@@ -11,6 +11,7 @@
 #include "canvas/Drawing.h"
 #include "canvas/Polar.h"
 #include "document/Truss.h"
+#include "editing/Picking.h"
 #include "editing/ValueEditorHost.h"
 #include "platform/MessageBox.h"
 #include "platform/NumberFormat.h"
@@ -19,8 +20,7 @@
 enum class Notation { Absolute, Rectangular, Polar };
 
 /// The two variants of the panel; each keeps the notation that was chosen on it last.
-inline constexpr int MemberKind = 1;
-inline constexpr int ForceKind = 2;
+enum EditingKind : int { MemberKind = 1, ForceKind = 2 };
 
 class ValueEditor final : public ValueEditorHost {
  public:
@@ -39,41 +39,40 @@ class ValueEditor final : public ValueEditorHost {
   void OpenForMember(int member, float t) override;
   void OpenForForce(int force) override;
   void Refresh() override;
-  void Close() override;
 
-  // The panel's controls. The editing kind is 1 for a member and anything else for a force.
+  // The panel's controls.
 
   /// Fills labels and boxes with the stored values; what was typed is lost.
-  void Update_frNewCoords(int editingKind);
+  void Update_frNewCoords(EditingKind editingKind);
 
   /// An option was clicked: shows the stored values in that notation.
-  void optNotation_Click(int editingKind, Notation notation);
+  void optNotation_Click(EditingKind editingKind, Notation notation);
 
   /// Box 1 or 2 was typed into. The text is a single-byte text.
-  void txtNewCoords_Change(int editingKind, int box, const std::string& text);
+  void txtNewCoords_Change(EditingKind editingKind, int box, const std::string& text);
 
   /// Whether what stands in the boxes is refused; the user has then been told why.
-  bool BadInput(int editingKind);
+  bool BadInput(EditingKind editingKind);
 
   /// Writes what stands in the boxes into the truss, closes the panel and redraws; when it is refused, all
   /// stays as it was. Nothing while the panel is closed.
-  void cmdNewCoordsOK_Click(int editingKind);
+  void cmdNewCoordsOK_Click(EditingKind editingKind);
 
-  void cmdNewCoordsCancel_Click(int editingKind);
+  void cmdNewCoordsCancel_Click(EditingKind editingKind);
 
   // What the panel shows.
 
-  bool IsOpen(int editingKind) const;
-  Notation ChosenNotation(int editingKind) const { return PanelOf(editingKind).Chosen; }
+  bool IsOpen(EditingKind editingKind) const;
+  Notation ChosenNotation(EditingKind editingKind) const { return PanelOf(editingKind).Chosen; }
   /// Box and label 1 or 2; single-byte texts.
-  const std::string& Label(int editingKind, int box) const;
-  const std::string& Text(int editingKind, int box) const;
+  const std::string& Label(EditingKind editingKind, int box) const;
+  const std::string& Text(EditingKind editingKind, int box) const;
 
   /// The 1-based member or force that is edited.
   int Index() const { return index_; }
 
   /// The line of the member or force that is edited, in pixels, so that the panel can keep off it.
-  PixelLine EditedObject(int editingKind) const;
+  PixelLine EditedObject(EditingKind editingKind) const;
 
  private:
   struct Panel {
@@ -88,17 +87,16 @@ class ValueEditor final : public ValueEditorHost {
     RectangularVector Edited, Other;
   };
 
-  Panel& PanelOf(int editingKind) { return editingKind == MemberKind ? memberPanel_ : forcePanel_; }
-  const Panel& PanelOf(int editingKind) const {
+  Panel& PanelOf(EditingKind editingKind) { return editingKind == MemberKind ? memberPanel_ : forcePanel_; }
+  const Panel& PanelOf(EditingKind editingKind) const {
     return editingKind == MemberKind ? memberPanel_ : forcePanel_;
   }
-  void CloseAndDeselect();
-  bool EditsSecondEnd() const { return t_ > 0.5F; }
+  bool EditsSecondEnd() const { return IsEnd2Nearer(t_); }
   Ends MemberEnds() const;
   void Fill(Panel& panel, std::array<const char*, 2> labels, double first, double second) const;
   std::optional<double> Number(const Panel& panel, std::size_t box) const;
-  const char* Refusal(int editingKind) const;
-  RectangularVector NewValues(int editingKind, double first, double second) const;
+  const char* Refusal(EditingKind editingKind) const;
+  RectangularVector NewValues(EditingKind editingKind, double first, double second) const;
   void StoreEnd(RectangularVector end);
   void StoreForce(RectangularVector components);
 

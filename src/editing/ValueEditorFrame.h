@@ -21,7 +21,7 @@ class ValueEditorFrame final : public QFrame {
 
  public:
   /// The editor must outlive the frame.
-  ValueEditorFrame(int editingKind, ValueEditor& editor, QWidget* canvas);
+  ValueEditorFrame(EditingKind editingKind, ValueEditor& editor, QWidget* canvas);
 
   /// The part of the canvas in which the frame may lie. Until it is set, that is the whole canvas.
   void SetRoom(const QRect& room);
@@ -65,7 +65,7 @@ class ValueEditorFrame final : public QFrame {
   PixelBox Room() const;
   PanelSize Size() const;
 
-  const int editingKind_;
+  const EditingKind editingKind_;
   ValueEditor& editor_;
   QRect room_;
   PanelDrag drag_;

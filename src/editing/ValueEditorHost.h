@@ -1,9 +1,9 @@
-// What the mouse handlers may ask of the numerical value editor: to open on what was picked, to follow a drag
-// and to close. They know nothing else of it.
+// What the mouse handlers may ask of the numerical value editor: to open on what was picked, and to
+// follow a drag. They know nothing else of it.
 #pragma once
 
-/// While the editor is open, Drawing::OpenPanel says which of its panels stands on the canvas. Handles and
-/// supports are the caller's business.
+/// While the editor is open, Drawing::OpenPanel says which of its panels stands on the canvas; Deselect closes
+/// it. Handles and supports are the caller's business.
 class ValueEditorHost {
  public:
   virtual ~ValueEditorHost() = default;
@@ -17,7 +17,4 @@ class ValueEditorHost {
 
   /// The values of the edited element have changed in its record: shows them. Nothing when it is closed.
   virtual void Refresh() = 0;
-
-  /// Closes the panel without a change. Nothing when it is closed.
-  virtual void Close() = 0;
 };

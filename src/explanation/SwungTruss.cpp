@@ -1,4 +1,3 @@
-// See the header.
 #include "explanation/SwungTruss.h"
 
 #include <algorithm>

@@ -5,6 +5,7 @@
 
 #include "analysis/Unknowns.h"
 #include "document/JointList.h"
+#include "document/SupportReactions.h"
 
 namespace {
 
@@ -25,18 +26,13 @@ class JointFinder {
 };
 
 void PlaceReactions(const SupportRec& support, int joint, const ColumnMap& columns, TrussGraph& graph) {
-  const int first = columns.Column(support.NameLabel1);
-  if (support.IsClamp()) {
-    const int sign = support.TypeIndex >= 1 ? 1 : 0;
-    graph.Unknowns[first] = {.JointA = joint, .Along = Axis::X, .Sign = sign};
-    graph.Unknowns[columns.Column(support.NameLabel2)] = {.JointA = joint, .Along = Axis::Y, .Sign = sign};
-    return;
-  }
-  const bool alongY = support.TypeIndex == 5 || support.TypeIndex == 6;
-  const int sign = support.TypeIndex > LastSupportType                ? 0
-                   : support.TypeIndex == 6 || support.TypeIndex == 7 ? -1
-                                                                      : 1;
-  graph.Unknowns[first] = {.JointA = joint, .Along = alongY ? Axis::Y : Axis::X, .Sign = sign};
+  const auto place = [&](int component, LabelIndex label) {
+    const ReactionDirection direction = DirectionOf(support.TypeIndex, component);
+    graph.Unknowns[columns.Column(label)] = {
+        .JointA = joint, .Along = direction.IsAlongX() ? Axis::X : Axis::Y, .Sign = direction.Sign()};
+  };
+  place(1, support.NameLabel1);
+  if (support.IsClamp()) place(2, support.NameLabel2);
 }
 
 }  // namespace

@@ -1,4 +1,3 @@
-// See the header.
 #include "naming/CustomInputBox.h"
 
 #include <QApplication>

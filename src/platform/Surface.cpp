@@ -1,4 +1,3 @@
-// See the header.
 #include "platform/Surface.h"
 
 #include "platform/Palette.h"

@@ -1,4 +1,3 @@
-// See the header.
 #include "reports/DescribePicture.h"
 
 #include <algorithm>

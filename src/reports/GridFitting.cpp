@@ -1,4 +1,3 @@
-// See the header.
 #include "reports/GridFitting.h"
 
 GridFit LimitGridSize(float naturalWidth, float naturalHeight, float availableWidth, float availableHeight) {

@@ -8,7 +8,7 @@
 #include "analysis/Analysis.h"
 #include "analysis/FormatSigFigs.h"
 #include "document/Truss.h"
-#include "platform/RichText.h"
+#include "paper/RichText.h"
 #include "platform/TextMeasure.h"
 #include "reports/RTBPicture.h"
 #include "reports/ReportExtras.h"

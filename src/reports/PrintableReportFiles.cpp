@@ -1,4 +1,3 @@
-// See the header.
 #include "reports/PrintableReportFiles.h"
 
 #include <QBuffer>
@@ -10,16 +9,17 @@
 #include <QPrinter>
 #include <utility>
 
-#include "platform/Page.h"
-#include "platform/PictureShelf.h"
-#include "platform/qt/DocumentFiles.h"
-#include "platform/qt/PagedText.h"
+#include "paper/Page.h"
+#include "paper/PictureShelf.h"
+#include "paper/qt/DocumentFiles.h"
+#include "paper/qt/PagedText.h"
+#include "paper/qt/PaperPages.h"
+#include "paper/qt/QtRichText.h"
+#include "paper/qt/RtfWriter.h"
+#include "paper/qt/SteadyPdf.h"
 #include "platform/qt/QtPicture.h"
-#include "platform/qt/QtRichText.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtTextMeasure.h"
-#include "platform/qt/RtfWriter.h"
-#include "platform/qt/SteadyPdf.h"
 #include "text/ControlCharacters.h"
 
 namespace {
@@ -68,7 +68,7 @@ std::optional<QByteArray> PdfFile(const ReportSubject& subject, const ReportProg
   {
     QPdfWriter writer(&buffer);
     writer.setPageSize(QPageSize(QPageSize::A4));
-    writer.setPageMargins(QMarginsF(PageMargin, PageMargin, PageMargin, PageMargin), QPageLayout::Millimeter);
+    SetPageMargins(writer);
     DescribePdf(writer, Title(subject.Document));
     if (!PrintReport(subject, writer, progress)) return std::nullopt;
   }

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/FileFormats.h"
+#include "paper/FileFormats.h"
 #include "reports/PrintableReport.h"
 
 /// What is reported on, and with which sections beyond the usual ones. All of it must outlive the calls.

@@ -1,4 +1,3 @@
-// See the header.
 #include "reports/PrintableReportWindow.h"
 
 #include <QAction>
@@ -19,15 +18,15 @@
 #include <utility>
 
 #include "document/DocumentLifecycle.h"
-#include "document/FileBytes.h"
 #include "document/FileWriting.h"
 #include "explanation/RoundingText.h"
-#include "platform/Page.h"
-#include "platform/qt/DocumentFiles.h"
+#include "paper/qt/DocumentFiles.h"
+#include "paper/qt/PaperPages.h"
+#include "paper/qt/SmoothPictures.h"
+#include "platform/FileBytes.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/ScreenRoom.h"
-#include "platform/qt/SmoothPictures.h"
 #include "platform/qt/WindowInFront.h"
 #include "reports/ReportProgressDialog.h"
 #include "reports/ReportWindow.h"
@@ -81,7 +80,7 @@ QString DocumentName(const std::string& fileName) {
 
 void PreparePaper(QPrinter& printer, const std::string& fileName) {
   printer.setPageSize(PaperOfThisCountry());
-  printer.setPageMargins(QMarginsF(PageMargin, PageMargin, PageMargin, PageMargin), QPageLayout::Millimeter);
+  SetPageMargins(printer);
   printer.setDocName(DocumentName(fileName));
   printer.setCreator(QStringLiteral("Orvane"));
 }

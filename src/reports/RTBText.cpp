@@ -1,4 +1,3 @@
-// See the header.
 #include "reports/RTBText.h"
 
 #include <string>

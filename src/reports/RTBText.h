@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "platform/RichText.h"
+#include "paper/RichText.h"
 
 /// A format code has four characters: "T" first for bold, second for italic, third for underlined (anything
 /// else is not), and a digit that selects the palette colour.

@@ -1,4 +1,4 @@
-// See the header. A name is shown in one line, so line breaks and tabs in it never split a copied field.
+// A name is shown in one line, so line breaks and tabs in it never split a copied field.
 #include "reports/ReportGrid.h"
 
 #include <QAbstractButton>

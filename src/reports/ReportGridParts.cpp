@@ -1,4 +1,3 @@
-// See the header.
 #include "reports/ReportGridParts.h"
 
 #include <QHBoxLayout>

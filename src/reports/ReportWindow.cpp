@@ -1,4 +1,3 @@
-// See the header.
 #include "reports/ReportWindow.h"
 
 #include <QAction>

@@ -4,7 +4,7 @@
 
 #include "analysis/FormatSigFigs.h"
 #include "document/Truss.h"
-#include "platform/Page.h"
+#include "paper/Page.h"
 #include "platform/Picture.h"
 #include "platform/TextMeasure.h"
 

@@ -1,4 +1,3 @@
-// See the header.
 #include "text/ControlCharacters.h"
 
 #include <cstdint>

@@ -10,10 +10,10 @@
 #include <utility>
 #include <vector>
 
-#include "PlainElimination.h"
 #include "analysis/Elimination.h"
 #include "analysis/EliminationTuning.h"
-#include "benchmarks/TrussShapes.h"
+#include "support/PlainElimination.h"
+#include "support/TrussShapes.h"
 
 namespace {
 

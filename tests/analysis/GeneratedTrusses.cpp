@@ -1,4 +1,3 @@
-// See the header.
 #include "GeneratedTrusses.h"
 
 #include <array>

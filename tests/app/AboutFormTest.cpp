@@ -125,4 +125,15 @@ TEST(ApplicationIcon, ComesInTheSizesOfWindowSystems) {
   EXPECT_EQ(ApplicationPicture(32, 2).size(), QSize(64, 64));
 }
 
+TEST(ApplicationIcon, IsTheMarkOnItsFieldInEverySize) {
+  for (const int side : {16, 32, 256}) {
+    const QImage picture = ApplicationPicture(side, 1).toImage();
+    const QColor field = picture.pixelColor(side / 2, side / 8);
+    EXPECT_EQ(field.name(), QStringLiteral("#1f4366")) << side;
+    EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0) << "the corners are round";
+    const QColor foot = picture.pixelColor(side * 6 / 32, side * 23 / 32);
+    EXPECT_GT(foot.red(), foot.blue() + 40) << "the supports carry the accent";
+  }
+}
+
 }  // namespace

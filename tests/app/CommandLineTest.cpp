@@ -53,8 +53,15 @@ TEST(CommandLineWindow, CanNameEverythingFirst) {
   EXPECT_TRUE(call.AutoName);
 }
 
-TEST(CommandLineWindow, TakesNoSecondFile) {
-  EXPECT_EQ(WhyWrong({"a.trs", "b.trs"}), "the window opens one file");
+TEST(CommandLineWindow, OpensEachFileInAWindowOfItsOwn) {
+  EXPECT_THAT(Call({"a.trs", "b.trs"}).Files, ElementsAre("a.trs", "b.trs")) << "a window each";
+  EXPECT_EQ(WhyWrong({"a.trs", "-"}), "standard input is opened alone");
+}
+
+TEST(CommandLineWindow, TakesAddressesOfFilesAsFileManagersHandThemOver) {
+  EXPECT_THAT(Call({"file:///home/ann/my%20truss.trs"}).Files, ElementsAre("/home/ann/my truss.trs"));
+  EXPECT_THAT(Call({"--json", "file:///a.trs"}).Files, ElementsAre("file:///a.trs"))
+      << "which names the argument";
 }
 
 TEST(CommandLineReport, HasAllSectionsWhenNoneIsNamed) {
@@ -293,12 +300,14 @@ TEST(CommandLineAutoName, GoesWithEverything) {
 TEST(CommandLineHelp, NeedsNoFile) {
   EXPECT_EQ(Call({"--help"}).What, Mode::Help);
   EXPECT_EQ(Call({"--version"}).What, Mode::Version);
+  EXPECT_EQ(Call({"-h"}).What, Mode::Help);
+  EXPECT_EQ(Call({"-v"}).What, Mode::Version);
 }
 
 TEST(CommandLineHelp, ShowsEveryOptionThatThereIs) {
   const std::string help = HelpText();
   for (const char* option :
-       {"orvane [FILE]", "--report[=SECTION,...] FILE...", "--json [--matrices] FILE...",
+       {"orvane [FILE...]", "--report[=SECTION,...] FILE...", "--json [--matrices] FILE...",
         "--csv=equations|rref|solutions FILE", "--picture=OUT [--named] FILE", ".png, .svg or .pdf",
         "--document=OUT FILE", "--document=OUT --with=why FILE", ".rtf, .pdf, .odt or .html",
         "--convert=OUT.trs FILE", "--autoname ...", "--help | --version", "Exit status: 0",
@@ -325,7 +334,7 @@ TEST(CommandLineModes, AreNamedOnce) {
 
 TEST(CommandLineOptions, UnknownOnesAreRefused) {
   EXPECT_EQ(WhyWrong({"--jason", "a"}), "there is no option --jason");
-  EXPECT_EQ(WhyWrong({"-h"}), "there is no option -h");
+  EXPECT_EQ(WhyWrong({"-x"}), "there is no option -x");
   EXPECT_EQ(WhyWrong({"--JSON", "a"}), "there is no option --JSON");
   EXPECT_EQ(WhyWrong({"--out=x", "a"}), "there is no option --out with a value");
 }
@@ -368,7 +377,7 @@ TEST(CommandLineFiles, KeepTheirBytes) {
 }
 
 TEST(CommandLineWrong, IsOneLineWithoutAFullStop) {
-  for (const Words& words : {Words{"--jason"}, Words{"--json"}, Words{"a", "b"}, Words{"--csv=x", "a"}}) {
+  for (const Words& words : {Words{"--jason"}, Words{"--json"}, Words{"a", "-"}, Words{"--csv=x", "a"}}) {
     const std::string why = WhyWrong(words);
     EXPECT_EQ(why.find('\n'), std::string::npos);
     EXPECT_FALSE(why.ends_with('.'));

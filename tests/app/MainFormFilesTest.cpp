@@ -6,7 +6,7 @@
 #include <QUrl>
 #include <filesystem>
 
-#include "document/FileMenu.h"
+#include "app/FileMenu.h"
 #include "platform/qt/QtMessageBox.h"
 #include "support/FullDisk.h"
 #include "support/MainFormFixture.h"

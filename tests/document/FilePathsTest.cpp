@@ -73,4 +73,25 @@ TEST(LeadToOneFile, FollowsLinks) {
   EXPECT_FALSE(LeadToOneFile("/gone.trs", "/lost.trs"));
 }
 
+TEST(PathOfAddress, IsThePathWithItsEscapesTakenOut) {
+  EXPECT_EQ(PathOfAddress("file:///home/ann/a.trs"), "/home/ann/a.trs");
+  EXPECT_EQ(PathOfAddress("file://localhost/a.trs"), "/a.trs");
+  EXPECT_EQ(PathOfAddress("file:/a.trs"), "/a.trs");
+  EXPECT_EQ(PathOfAddress("file:///a%20b/%C3%A4.trs"), "/a b/\xC3\xA4.trs");
+  EXPECT_EQ(PathOfAddress("file:///a%2525"), "/a%25") << "each escape once";
+}
+
+TEST(PathOfAddress, KeepsWhatIsNoEscape) {
+  EXPECT_EQ(PathOfAddress("file:///100%"), "/100%");
+  EXPECT_EQ(PathOfAddress("file:///%zz%4"), "/%zz%4");
+  EXPECT_EQ(PathOfAddress("file:///a%00b"), "/a%00b") << "no path holds a zero byte";
+}
+
+TEST(PathOfAddress, KeepsWhatIsAPathAlready) {
+  for (const char* path : {"", "-", "a.trs", "/home/ann/100%25.trs", "file.trs", "file", "http://host/a.trs",
+                           "file://elsewhere/a.trs"}) {
+    EXPECT_EQ(PathOfAddress(path), path);
+  }
+}
+
 }  // namespace

@@ -52,7 +52,6 @@ class FakeValueEditor : public ValueEditorHost {
     drawing_.OpenPanel = ValuePanel::Force;
   }
   void Refresh() override { ++Refreshed; }
-  void Close() override { drawing_.OpenPanel = ValuePanel::None; }
 
   std::vector<std::string> Calls;
   int Refreshed = 0;

@@ -141,7 +141,7 @@ class RandomUser {
   }
 
   void Type() {
-    for (const int kind : {MemberKind, ForceKind}) {
+    for (const EditingKind kind : {MemberKind, ForceKind}) {
       if (!values_.IsOpen(kind)) continue;
       values_.txtNewCoords_Change(kind, 1, std::to_string(Below(20)));
       values_.txtNewCoords_Change(kind, 2, std::to_string(Below(10)));

@@ -225,7 +225,7 @@ TEST_F(ValueEditorFrameTest, FollowsADragOfTheEditedEnd) {
 
 TEST_F(ValueEditorFrameTest, DisappearsWhenARedrawClosesThePanel) {
   OpenMember();
-  HidePanelAndHandles(drawing);
+  Deselect(drawing);
   ShowBoth();
   EXPECT_TRUE(memberFrame.isHidden());
   EXPECT_TRUE(canvas.hasFocus());

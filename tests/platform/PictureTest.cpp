@@ -3,8 +3,8 @@
 
 #include <array>
 
+#include "paper/PictureShelf.h"
 #include "platform/Palette.h"
-#include "platform/PictureShelf.h"
 #include "support/RecordingSurface.h"
 
 namespace {

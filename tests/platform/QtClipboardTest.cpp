@@ -12,7 +12,7 @@
 #include <optional>
 #include <vector>
 
-#include "SampleRichText.h"
+#include "support/SampleRichText.h"
 #include "platform/Picture.h"
 #include "platform/qt/QtPicture.h"
 

@@ -1,6 +1,8 @@
 // Pictures as bitmaps and files: pixel by pixel what the canvas shows, and the same bytes every time.
 #include "platform/qt/QtPicture.h"
 
+#include "paper/qt/PictureFiles.h"
+
 #include <gtest/gtest.h>
 
 #include <QPainter>

@@ -81,7 +81,7 @@ TEST_P(ProgramWrongCall, EndsWithStatusTwoOneLineAndAHint) {
 INSTANTIATE_TEST_SUITE_P(
     All, ProgramWrongCall,
     testing::Values(WrongCall{"--nonsense", "there is no option --nonsense"},
-                    WrongCall{"-h", "there is no option -h"},
+                    WrongCall{"-x", "there is no option -x"},
                     WrongCall{"--json=1 a", "there is no option --json with a value"},
                     WrongCall{"--report", "--report needs a file"},
                     WrongCall{"--report=forces a", "there is no report section \"forces\""},
@@ -98,7 +98,7 @@ INSTANTIATE_TEST_SUITE_P(
                     WrongCall{"--convert=o.txt a", "a truss is written as .trs, not as \"o.txt\""},
                     WrongCall{"--json --report a", "--report does not go with --json"},
                     WrongCall{"--json - -", "standard input can be read once only"},
-                    WrongCall{"a b", "the window opens one file"}));
+                    WrongCall{"a -", "standard input is opened alone"}));
 
 TEST(Program, HelpsWithoutADisplay) {
   const Ended run = RunProgram(Words("--help"));

@@ -1,4 +1,3 @@
-// See the header.
 #include "program/RunProgram.h"
 
 #include <gtest/gtest.h>

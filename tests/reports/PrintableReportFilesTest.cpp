@@ -11,7 +11,7 @@
 
 #include "analysis/Analysis.h"
 #include "document/TrussFile.h"
-#include "platform/Page.h"
+#include "paper/Page.h"
 #include "platform/qt/QtPicture.h"
 #include "platform/qt/QtTextMeasure.h"
 #include "reports/TrussPaint.h"

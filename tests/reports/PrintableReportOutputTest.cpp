@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "document/FileBytes.h"
-#include "platform/qt/DocumentFiles.h"
+#include "paper/qt/DocumentFiles.h"
+#include "platform/FileBytes.h"
 #include "support/PrintableReportWindowFixture.h"
 
 namespace {

@@ -29,8 +29,6 @@
 #include "support/MemorySettingsStore.h"
 #include "support/TemporaryDirectory.h"
 
-inline void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }
-
 class MainFormTest : public testing::Test {
  protected:
   // The window of this size on the inside, menu bar apart, without the instructions.

@@ -1,4 +1,4 @@
-// See the header. Only raw numbers of the engine are used: the library's distributions differ.
+// Only raw numbers of the engine are used: the library's distributions differ.
 #include "support/RandomTruss.h"
 
 #include <gtest/gtest.h>

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/RichText.h"
+#include "paper/RichText.h"
 #include "support/FakeClipboard.h"
 
 struct TextRun {

@@ -1,4 +1,3 @@
-// See the header.
 #include "support/RtfScan.h"
 
 #include <map>

@@ -1,4 +1,3 @@
-// See the header.
 #include "support/TrussBuilder.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// See the header. The program writes HTML, which the toolkit reads, and the pictures as files beside it.
+// The program writes HTML, which the toolkit reads, and the pictures as files beside it.
 #include "support/Unrtf.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,3 @@
-// See the header.
 #include "platform/qt/QtClipboard.h"
 
 #include <QClipboard>

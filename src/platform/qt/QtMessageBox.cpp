@@ -1,4 +1,3 @@
-// See the header.
 #include "platform/qt/QtMessageBox.h"
 
 #include <QCloseEvent>

@@ -1,4 +1,3 @@
-// See the header.
 #include "platform/qt/QtNumberFormat.h"
 
 #include "text/CodePage.h"

@@ -11,6 +11,7 @@
 
 #include "platform/Palette.h"
 #include "platform/qt/QtTextMeasure.h"
+#include "platform/qt/RoundPen.h"
 
 namespace {
 
@@ -44,13 +45,6 @@ bool KeepsLetters(const QPainter& painter) {
 }
 
 }  // namespace
-
-QFont CanvasFont(const TextFont& font) {
-  QFont qtFont(QStringLiteral("Arial"));
-  qtFont.setPixelSize(static_cast<int>(std::lround(font.Points * 96 / 72)));
-  qtFont.setBold(font.Bold);
-  return qtFont;
-}
 
 QtSurface::QtSurface(QPainter& painter, const QRectF& clearArea)
     : painter_(painter),
@@ -145,9 +139,8 @@ void QtSurface::PrintTextWithRim(float left, float top, std::string_view text, i
   }
   QPainterPath letters;
   letters.addText(BaselineOf(left, top), painter_.font(), CanvasText(text));
-  const QPen rim(Qt::white, 2 * double{RimWidth}, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
   painter_.setRenderHint(QPainter::Antialiasing);
-  painter_.strokePath(letters, rim);
+  painter_.strokePath(letters, RoundPen(Qt::white, 2 * double{RimWidth}));
   SetForeground(paletteIndex);
   PrintText(left, top, text);
 }

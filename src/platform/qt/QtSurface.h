@@ -9,10 +9,6 @@
 
 #include "platform/Surface.h"
 
-/// The drawing's font (Arial) in one of its sizes. Points are those of a 96 dpi screen whatever the screen
-/// is, so that a drawing looks the same everywhere; device pixel ratios are the painter's business.
-QFont CanvasFont(const TextFont& font);
-
 class QtSurface final : public Surface {
  public:
   /// Paints with a painter that is active, and keeps its transformation, as long as this object; `clearArea`

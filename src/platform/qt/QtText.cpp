@@ -1,4 +1,3 @@
-// See the header.
 #include "platform/qt/QtText.h"
 
 #include "text/CodePage.h"

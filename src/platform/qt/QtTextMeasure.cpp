@@ -1,9 +1,8 @@
-// See the header.
 #include "platform/qt/QtTextMeasure.h"
 
 #include <algorithm>
+#include <cmath>
 
-#include "platform/qt/QtSurface.h"
 #include "platform/qt/QtText.h"
 
 namespace {
@@ -15,6 +14,13 @@ constexpr std::size_t MostKept = 50'000;
 std::string Beginning(std::string_view text) { return std::string(text.substr(0, LongestText + 1)); }
 
 }  // namespace
+
+QFont CanvasFont(const TextFont& font) {
+  QFont qtFont(QStringLiteral("Arial"));
+  qtFont.setPixelSize(static_cast<int>(std::lround(font.Points * 96 / 72)));
+  qtFont.setBold(font.Bold);
+  return qtFont;
+}
 
 QString CanvasText(std::string_view singleByteText) {
   QString text = ToQt(Beginning(singleByteText));

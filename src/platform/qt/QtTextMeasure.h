@@ -1,6 +1,7 @@
 // The extents of texts in the drawing's fonts, measured once and kept.
 #pragma once
 
+#include <QFont>
 #include <QFontMetricsF>
 #include <QString>
 #include <string>
@@ -9,6 +10,10 @@
 #include <vector>
 
 #include "platform/TextMeasure.h"
+
+/// The drawing's font (Arial) in one of its sizes. Points are those of a 96 dpi screen whatever the screen
+/// is, so that a drawing looks the same everywhere; device pixel ratios are the painter's business.
+QFont CanvasFont(const TextFont& font);
 
 /// How a single-byte text is shown on one line of the drawing: control characters become blanks, and what is
 /// longer than a drawing can hold is cut and ends in an ellipsis.

@@ -1,0 +1,35 @@
+#include "paper/qt/DocumentImages.h"
+
+#include <QBuffer>
+#include <QPixmap>
+#include <QUrl>
+
+#include "platform/qt/QtPicture.h"
+
+QImage ImageOf(const QTextDocument& document, const QString& name) {
+  const QVariant resource = document.resource(QTextDocument::ImageResource, QUrl(name));
+  switch (resource.typeId()) {
+    case QMetaType::QImage:
+      return resource.value<QImage>();
+    case QMetaType::QPixmap:
+      return resource.value<QPixmap>().toImage();
+    case QMetaType::QByteArray:
+      return QImage::fromData(resource.toByteArray());
+    default:
+      return {};
+  }
+}
+
+QSizeF ShownSize(const QTextImageFormat& format, const QImage& image) {
+  const QSizeF own = SizeOnScreen(image);
+  const bool hasWidth = format.hasProperty(QTextFormat::ImageWidth) && format.width() > 0;
+  const bool hasHeight = format.hasProperty(QTextFormat::ImageHeight) && format.height() > 0;
+  return {hasWidth ? format.width() : own.width(), hasHeight ? format.height() : own.height()};
+}
+
+QByteArray PngBytes(const QImage& image) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  return image.save(&buffer, "PNG") ? bytes : QByteArray();
+}

@@ -1,0 +1,138 @@
+// Everything happens inside edit blocks: outside of one a cursor asks for the layout of its
+// line after every step.
+#include "paper/qt/QtRichText.h"
+
+#include <QTextBlock>
+#include <QTextImageFormat>
+#include <QTextOption>
+#include <QUrl>
+#include <algorithm>
+#include <cmath>
+
+#include "paper/Page.h"
+#include "platform/qt/QtPicture.h"
+#include "platform/qt/QtText.h"
+
+namespace {
+
+constexpr qreal TabStop = 48;  // pixels of 96 to the inch
+
+// The property of a line's format that holds its role.
+constexpr int RoleProperty = QTextFormat::UserProperty + 1;
+
+bool IsLineEnd(QChar character) { return character == u'\r' || character == u'\n'; }
+
+// What is left of the page's width in a line that begins with tabs.
+qreal RoomBehind(const QString& line) {
+  const auto tabs =
+      std::find_if_not(line.cbegin(), line.cend(), [](QChar c) { return c == u'\t'; }) - line.cbegin();
+  return std::max(PagePictureWidth - TabStop * static_cast<qreal>(tabs), TabStop);
+}
+
+QSizeF SizeOnPage(const QImage& image, qreal room) {
+  const QSizeF size = SizeOnScreen(image);
+  const qreal factor = std::min({1.0, room / size.width(), PagePictureHeight / size.height()});
+  return {std::max(1.0, std::round(size.width() * factor)),
+          std::max(1.0, std::round(size.height() * factor))};
+}
+
+}  // namespace
+
+QTextCharFormat ToQt(const CharacterFormat& format) {
+  const PaletteColour& colour = Palette[static_cast<std::size_t>(format.Colour) % Palette.size()];
+  const bool monospaced = format.Family == FontFamily::Monospaced;
+  QTextCharFormat qtFormat;
+  qtFormat.setFontFamilies({monospaced ? QStringLiteral("Courier New") : QStringLiteral("Arial")});
+  if (monospaced) qtFormat.setFontStyleHint(QFont::Monospace);
+  qtFormat.setFontPointSize(double{format.Points});
+  qtFormat.setForeground(QColor(colour.Red, colour.Green, colour.Blue));
+  if (format.Bold) qtFormat.setFontWeight(QFont::Bold);
+  if (format.Italic) qtFormat.setFontItalic(true);
+  if (format.Underlined) qtFormat.setFontUnderline(true);
+  return qtFormat;
+}
+
+LineRole RoleOf(const QTextBlock& line) {
+  return static_cast<LineRole>(line.blockFormat().intProperty(RoleProperty));
+}
+
+QtRichText::QtRichText(QTextDocument& document, std::function<QImage()> clipboard)
+    : document_(document), end_(&document), clipboard_(std::move(clipboard)) {
+  document_.setUndoRedoEnabled(false);
+  document_.setDefaultFont(QFont(QStringLiteral("Arial"), 10));
+  QTextOption option = document_.defaultTextOption();
+  option.setTabStopDistance(TabStop);
+  document_.setDefaultTextOption(option);
+}
+
+void QtRichText::AppendText(std::string_view text, const CharacterFormat& format, LineRole role) {
+  QString characters = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  MakePrintable(characters);
+  const QTextCharFormat& qtFormat = Remembered(format);
+  const bool monospaced = format.Family == FontFamily::Monospaced;
+
+  end_.beginEditBlock();
+  end_.setPosition(document_.characterCount() - 1);
+  const auto end = characters.cend();
+  for (auto at = characters.cbegin(); at != end;) {
+    const auto lineEnd = std::find_if(at, end, IsLineEnd);
+    if (lineEnd != at) {
+      if (end_.atBlockStart()) {
+        SetRole(role);
+        SetWrapping(!monospaced);
+      } else if (!monospaced) {
+        SetWrapping(true);
+      }
+      end_.insertText(characters.mid(at - characters.cbegin(), lineEnd - at), qtFormat);
+    }
+    at = lineEnd;
+    if (at == end) break;
+    const bool pair = *at == u'\r' && at + 1 != end && at[1] == u'\n';
+    at += pair ? 2 : 1;
+    end_.insertBlock(QTextBlockFormat(), qtFormat);
+  }
+  end_.endEditBlock();
+}
+
+void QtRichText::SetRole(LineRole role) {
+  if (role == LineRole::Text) return;
+  QTextBlockFormat line = end_.blockFormat();
+  line.setProperty(RoleProperty, static_cast<int>(role));
+  if (IsHeading(role)) line.setHeadingLevel(role == LineRole::Title ? 1 : 2);
+  end_.setBlockFormat(line);
+}
+
+void QtRichText::SetWrapping(bool wraps) {
+  QTextBlockFormat line = end_.blockFormat();
+  if (line.nonBreakableLines() != wraps) return;
+  line.setNonBreakableLines(!wraps);
+  end_.setBlockFormat(line);
+}
+
+const QTextCharFormat& QtRichText::Remembered(const CharacterFormat& format) {
+  const auto found = std::find_if(formats_.begin(), formats_.end(),
+                                  [&](const auto& known) { return known.first == format; });
+  return found != formats_.end() ? found->second : formats_.emplace_back(format, ToQt(format)).second;
+}
+
+bool QtRichText::PastePicture(std::string_view description) {
+  const QImage image = clipboard_ ? clipboard_() : QImage();
+  if (image.isNull()) return false;
+  const QString name = QStringLiteral("picture%1.png").arg(++numPictures_);
+  document_.addResource(QTextDocument::ImageResource, QUrl(name), image);
+
+  end_.beginEditBlock();
+  end_.setPosition(document_.characterCount() - 1);
+  const QSizeF size = SizeOnPage(image, RoomBehind(end_.block().text()));
+  QTextImageFormat format;
+  format.setName(name);
+  format.setWidth(size.width());
+  format.setHeight(size.height());
+  format.setProperty(QTextFormat::ImageAltText,
+                     QString::fromUtf8(description.data(), static_cast<qsizetype>(description.size())));
+  // In a narrow window a picture behind a tab would move to a line of its own, below one as high as itself.
+  SetWrapping(false);
+  end_.insertImage(format);
+  end_.endEditBlock();
+  return true;
+}

@@ -1,0 +1,26 @@
+// A zip file in memory, without dates.
+#pragma once
+
+#include <QByteArray>
+#include <vector>
+
+class ZipFile {
+ public:
+  enum class Method { Stored, Deflated };
+
+  /// `name` is ASCII; folders are written with "/". Every file is dated 1 January 1980, the first day that
+  /// the format knows.
+  void Add(const QByteArray& name, const QByteArray& contents, Method method) {
+    entries_.push_back({name, contents, method});
+  }
+
+  /// The file's bytes, with its directory; empty when it cannot be made.
+  QByteArray Bytes() const;
+
+ private:
+  struct Entry {
+    QByteArray Name, Contents;
+    Method How;
+  };
+  std::vector<Entry> entries_;
+};
