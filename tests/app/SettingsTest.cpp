@@ -43,6 +43,28 @@ constexpr const char* GridXNotPositive = "The grid spacing in the x direction mu
 constexpr const char* GridYNotPositive = "The grid spacing in the y direction must be a positive number.";
 constexpr const char* ForceNotPositive = "One unit on the ruler must represent a positive force.";
 
+TEST(Settings, EachSwitchIsItsOwn) {
+  using Shown = bool SettingsInput::*;
+  using Stored = bool DocumentSettings::*;
+  const std::vector<std::pair<Shown, Stored>> switches = {
+      {&SettingsInput::ShowRulers, &DocumentSettings::RulersOn},
+      {&SettingsInput::SnapGrid, &DocumentSettings::SnapGrid},
+      {&SettingsInput::ShowGrid, &DocumentSettings::GridOn},
+      {&SettingsInput::SnapObject, &DocumentSettings::SnapObject}};
+  for (const auto& [shown, stored] : switches) {
+    DocumentSettings settings;
+    settings.*stored = false;
+    Typed typed;
+    typed.Input.*shown = false;
+    Truss truss;
+    ASSERT_FALSE(CloseSettings(typed.Input, Period, CanvasBounds{}, truss));
+    for (const auto& [otherShown, otherStored] : switches) {
+      EXPECT_EQ(LoadSettings(settings, Period).*otherShown, otherShown != shown);
+      EXPECT_EQ(truss.Settings.*otherStored, otherStored != stored);
+    }
+  }
+}
+
 TEST(Settings, TextBoxesKeepTheirIndices) {
   EXPECT_THAT(SettingsBoxes, ElementsAre(static_cast<SettingsBox>(1), static_cast<SettingsBox>(2),
                                          static_cast<SettingsBox>(3), static_cast<SettingsBox>(4),

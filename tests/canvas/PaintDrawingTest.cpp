@@ -120,6 +120,13 @@ TEST(PaintDrawing, ArrowsStandBesideTheNames) {
   EXPECT_NEAR(paper.Lines[before].X2, 68, 1e-4);
 }
 
+TEST(PaintDrawing, PinsStandInFrontOfForces) {
+  Truss truss = Bare(TrussBuilder().Member(0, 0, 10, 0).Force(10, 0, 0, 3000));
+  Canvas canvas;
+  EXPECT_TRUE(canvas.Redraw(truss));
+  EXPECT_THAT(Painted(canvas, truss).Order, testing::ElementsAre("line", "fill"));
+}
+
 TEST(PaintDrawing, HandlesStandInFrontOfAll) {
   Truss truss = Bare(TrussBuilder().Member(0, 0, 10, 0));
   Canvas canvas;

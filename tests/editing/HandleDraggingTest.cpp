@@ -37,6 +37,18 @@ TEST(HandleDragging, FourPixelsFromAnEndGrabItFiveDoNot) {
   }
 }
 
+TEST(HandleDragging, WhereBothEndsAreInReachEnd1IsGrabbed) {
+  for (const bool backwards : {false, true}) {
+    // Four pixels long.
+    Editor editor(backwards ? TrussBuilder().Member(8.2F, 3, 8, 3) : TrussBuilder().Member(8, 3, 8.2F, 3));
+    editor.Use(Tool::Move);
+    editor.ClickPixel(210, 210);
+    EXPECT_TRUE(editor.HandlesAreShown());
+    editor.Mouse.MouseDown(MouseButton::Left, 210, 210);
+    EXPECT_EQ(editor.Mouse.ActionCode(), 1);
+  }
+}
+
 TEST(HandleDragging, FourPixelsFromAForcesHeadGrabItFiveStartTheOrdinaryAction) {
   Editor editor(OneForce());
   editor.Use(Tool::Move);

@@ -171,6 +171,14 @@ TEST(IdentifyObject, ErasedElementsAreNeverHit) {
   EXPECT_EQ(editor.Hit(150, 210), Nothing);
 }
 
+TEST(IdentifyObject, AForceThatWasErasedIsNotHitWhereItWasDrawnLast) {
+  Editor editor(TrussBuilder().Force(3, 3, 5000, 0));
+  editor.Use(Tool::Erase);
+  editor.ClickPixel(150, 210);
+  EXPECT_FALSE(editor.Document.Forces[1].Active);
+  EXPECT_EQ(editor.Hit(150, 210), Nothing);
+}
+
 TEST(IdentifyObject, AnArrowOfNoLengthIsNeverHit) {
   const Editor editor(TrussBuilder().Force(3, 3, 0, 0));
   EXPECT_EQ(editor.Hit(108, 210), Nothing);

@@ -48,6 +48,14 @@ TEST(DrawingChecks, EndsThatNearlyMeetAreTwoJoints) {
   EXPECT_THAT(Check(apart(0.03F)), ElementsAre(Found(CheckKind::SingleMemberJoint, "Joint D")));
   EXPECT_THAT(Check(apart(0.3F), 0.43F),
               ElementsAre(Found(CheckKind::NearEnds, "D"), Found(CheckKind::SingleMemberJoint, "Joint D")));
+  EXPECT_THAT(Check(apart(0.5F), 0.43F), ElementsAre(Found(CheckKind::SingleMemberJoint, "Joint D")));
+}
+
+TEST(DrawingChecks, AJointWithOneMemberNeedsASupport) {
+  const auto leg = Sound().Member(6, 6, 6, 8, "leg").Joint(6, 8, "foot");
+  EXPECT_THAT(Check(leg),
+              ElementsAre(Found(CheckKind::SingleMemberJoint, "Joint foot at (6, 8) has one member")));
+  EXPECT_THAT(Check(TrussBuilder(leg).Roller(6, 8, "R")), IsEmpty());
 }
 
 TEST(DrawingChecks, AMemberThroughAJointIsNotConnectedThere) {

@@ -13,6 +13,25 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+TEST(TrussGraph, ItsEquationsAreThoseOfTheReports) {
+  std::mt19937 random(6);
+  for (int i = 0; i < 300; ++i) {
+    Truss truss = RandomSmallTruss(random, 6, 5);
+    const TrussAnalysis analysis = SolveTruss(truss);
+    if (analysis.System.NumUnknowns() == 0) continue;
+    const TrussGraph graph = GraphOf(truss, analysis);
+    const SparseMatrix<float>& equations = analysis.System.DisplayEquations;
+    const SparseMatrix<double> rigidity = RigidityRows(graph);
+    const std::vector<double> loads = LoadVector(graph);
+    for (int row = 1; row <= graph.NumEquations(); ++row) {
+      for (int k = 1; k <= graph.NumUnknowns(); ++k) {
+        ASSERT_NEAR(rigidity(k, row), equations(row, k), 1e-6) << "truss " << i;
+      }
+      ASSERT_EQ(-loads[static_cast<std::size_t>(row - 1)], equations(row, graph.NumUnknowns() + 1));
+    }
+  }
+}
+
 // A hanging rope: a clamp, a member, a load along it.
 TrussGraph Tie(float x, float y) {
   return GraphOf(TrussBuilder().Member(0, 0, x, y).Clamp(0, 0).Force(x, y, 100 * x, 100 * y));
@@ -168,7 +187,13 @@ TEST(ExactReasons, ASmallerMotionIsNeverHiddenInALargerOne) {
 
 TEST(ExactReasons, TheWholeTrussComesFirst) {
   const auto triangle = TrussBuilder().Member(0, 0, 4, 0).Member(4, 0, 2, 2).Member(2, 2, 0, 0);
-  EXPECT_EQ(ReasonExactly(GraphOf(triangle)).Motions.size(), 3U);
+  const ExactReasons free = ReasonExactly(GraphOf(triangle));
+  EXPECT_EQ(free.Motions.size(), 3U);
+  for (const Motion& motion : free.Motions) EXPECT_EQ(motion.Kind, MotionKind::Rigid);
+  const ExactReasons upward =
+      ReasonExactly(GraphOf(TrussBuilder(triangle).Roller(0, 0, "a", 8).Roller(2, 2, "b", 7)));
+  ASSERT_EQ(upward.Motions.size(), 1U);
+  EXPECT_EQ(upward.Motions[0].Kind, MotionKind::Rigid);
   const auto parallel = GraphOf(TrussBuilder(triangle).Roller(0, 0).Roller(4, 0).Roller(2, 2));
   const ExactReasons slides = ReasonExactly(parallel);
   ASSERT_EQ(slides.Motions.size(), 1U);

@@ -82,6 +82,9 @@ inline void ExpectReasonsToHold(const TrussGraph& graph, const ExactReasons& rea
   for (const Motion& motion : reasons.Motions) {
     EXPECT_LT(LargestLengthening(graph, motion), 1e-9);
     EXPECT_GE(motion.Work, 0);
+    const JointDisplacement& first = motion.Joints.front();
+    const bool rightOrUp = first.Dx > 0 || (first.Dx == 0 && first.Dy > 0);
+    EXPECT_TRUE(motion.Work > 0 || rightOrUp) << first.Dx << ", " << first.Dy;
     works = works || motion.Work > 0;
     double largest = 0;
     for (const JointDisplacement& at : motion.Joints) largest = std::max(largest, std::hypot(at.Dx, at.Dy));

@@ -54,6 +54,11 @@ TEST(DescribePicture, WhatIsErasedIsNotToBeSeen) {
   EXPECT_THAT(DescribePicture(truss, WithNames), EndsWith("are named.")) << "the erased member has no name";
 }
 
+TEST(DescribePicture, OfTheSupportsOnlyLiveOnesAreClampsOrRollers) {
+  EXPECT_THAT(DescribePicture(Rod().Roller(4, 0, "R").Clamp(4, 0, "x", "y").ThenErased(), WithForces),
+              HasSubstr("2 supports (1 clamp, 1 roller)"));
+}
+
 TEST(DescribePicture, SaysHowFarItIsNamed) {
   EXPECT_THAT(DescribePicture(Rod(), WithNames),
               EndsWith("forces. Joints, member forces and reaction forces are named."));

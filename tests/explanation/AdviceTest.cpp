@@ -1,0 +1,108 @@
+// What is advised, in which order, and what is not.
+#include "explanation/Advice.h"
+
+#include <gmock/gmock.h>
+
+#include <sstream>
+
+#include "ExplanationFixture.h"
+#include "explanation/Contradiction.h"
+
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::Not;
+
+std::string Place(const TrussGraph& graph, int joint) {
+  std::ostringstream text;
+  text << graph.Joints[joint].X << "," << graph.Joints[joint].Y;
+  return text.str();
+}
+
+std::string Written(const TrussGraph& graph, const Advice& advice) {
+  if (advice.Kind == AdviceKind::RemoveMember) return "without " + graph.Unknowns[advice.Unknown].Name;
+  const std::string first = Place(graph, advice.JointA);
+  if (advice.Kind == AdviceKind::AddRoller)
+    return first + (advice.Along == Axis::X ? " along x" : " along y");
+  const std::string second = Place(graph, advice.JointB);
+  return std::min(first, second) + " to " + std::max(first, second);
+}
+
+std::vector<std::string> AdviceOn(const Truss& truss) {
+  const TrussGraph graph = GraphOf(truss);
+  std::vector<std::string> texts;
+  for (const Advice& advice : AdviceFor(graph, ReasonExactly(graph))) texts.push_back(Written(graph, advice));
+  return texts;
+}
+
+TEST(Advice, ATrussThatTurnsAboutItsClampIsHeldWhereItMovesMostInOneOfTwoWays) {
+  EXPECT_THAT(AdviceOn(TrussBuilder().Member(0, 0, 4, 0).Member(4, 0, 2, 2).Member(2, 2, 0, 0).Clamp(0, 0)),
+              ElementsAre("4,0 along y", "2,2 along x"));
+}
+
+TEST(Advice, TheShortestMemberComesFirst) {
+  EXPECT_THAT(
+      AdviceOn(
+          TrussBuilder().Member(0, 0, 1, 2).Member(4, 0, 5, 2).Member(1, 2, 5, 2).Clamp(0, 0).Clamp(4, 0)),
+      ElementsAre("1,2 to 4,0", "0,0 to 5,2"));
+}
+
+TEST(Advice, NoMemberIsAdvisedThatLiesAcrossAThirdJoint) {
+  // Both diagonals of the square run through the joint in its middle.
+  const std::vector<std::string> advice = AdviceOn(TrussBuilder()
+                                                       .Member(0, 0, 0, 4)
+                                                       .Member(4, 0, 4, 4)
+                                                       .Member(0, 4, 4, 4)
+                                                       .Member(0, 0, 2, 2)
+                                                       .Member(4, 0, 2, 2)
+                                                       .Clamp(0, 0)
+                                                       .Clamp(4, 0));
+  EXPECT_THAT(advice, Contains("0,4 to 2,2"));
+  EXPECT_THAT(advice, Contains("2,2 to 4,4"));
+  EXPECT_THAT(advice, Not(Contains("0,0 to 4,4")));
+  EXPECT_THAT(advice, Not(Contains("0,4 to 4,0")));
+}
+
+TEST(Advice, OfTheMembersThatCanGoTheLongestComeFirst) {
+  EXPECT_THAT(AdviceOn(TrussBuilder()
+                           .Member(0, 0, 4, 0, "s1")
+                           .Member(4, 0, 4, 3, "s2")
+                           .Member(4, 3, 0, 3, "s3")
+                           .Member(0, 3, 0, 0, "s4")
+                           .Member(0, 0, 4, 3, "d1")
+                           .Member(4, 0, 0, 3, "d2")
+                           .Clamp(0, 0, "x", "y")
+                           .Roller(4, 0, "r")),
+              ElementsAre("without d1", "without d2", "without s1", "without s3", "without s2"));
+}
+
+TEST(ContradictionProof, IsFromTheDrivenMotionOfTheFewestJoints) {
+  const auto panel = [](TrussBuilder& builder) {
+    builder.Member(0, 0, 1, 2)
+        .Member(4, 0, 5, 2)
+        .Member(1, 2, 5, 2)
+        .Clamp(0, 0)
+        .Clamp(4, 0)
+        .Force(1, 2, 7, 0);
+  };
+  const auto pendulum = [](TrussBuilder& builder) {
+    builder.Member(9, 4, 9, 2).Clamp(9, 4).Force(9, 2, 3, 0);
+  };
+  const auto still = [](TrussBuilder& builder) { builder.Member(12, 4, 12, 2).Clamp(12, 4); };
+  for (const bool panelFirst : {true, false}) {
+    TrussBuilder builder;
+    still(builder);
+    if (panelFirst) panel(builder);
+    pendulum(builder);
+    if (!panelFirst) panel(builder);
+    const TrussGraph graph = GraphOf(builder);
+    const auto proof = ProveContradiction(graph, ReasonExactly(graph).Motions);
+    ASSERT_TRUE(proof);
+    ASSERT_EQ(proof->Equations.size(), 1U);
+    EXPECT_EQ(Place(graph, proof->Equations[0].Joint), "9,2");
+    EXPECT_EQ(proof->Sum, 3);
+  }
+}
+
+}  // namespace

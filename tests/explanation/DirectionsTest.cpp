@@ -1,0 +1,28 @@
+// Small pieces of sentences.
+#include "explanation/Directions.h"
+
+#include <gtest/gtest.h>
+
+TEST(DirectionText, NamesUpToTwoDirections) {
+  EXPECT_EQ(DirectionText(2, 0), "to the right");
+  EXPECT_EQ(DirectionText(-2, 0), "to the left");
+  EXPECT_EQ(DirectionText(0, 0.5), "up");
+  EXPECT_EQ(DirectionText(0, -0.5), "down");
+  EXPECT_EQ(DirectionText(1, 3), "to the right and up");
+  EXPECT_EQ(DirectionText(-1, -3), "to the left and down");
+  EXPECT_EQ(DirectionText(1, -1e-12), "to the right");
+  EXPECT_EQ(DirectionText(1e-12, -1), "down");
+}
+
+TEST(PairText, PartsItsNumbersByWhatIsNoDecimalSeparator) {
+  EXPECT_EQ(PairText(0.6, -0.8, {}), "(0.6, -0.8)");
+  EXPECT_EQ(PairText(0.6, -0.8, {.SigFigs = 4, .Numbers = {","}}), "(0,6; -0,8)");
+}
+
+TEST(ListOf, EndsWithAndOrTellsHowManyMoreThereAre) {
+  EXPECT_EQ(ListOf({"A"}), "A");
+  EXPECT_EQ(ListOf({"A", "B"}), "A and B");
+  EXPECT_EQ(ListOf({"A", "B", "C"}), "A, B and C");
+  EXPECT_EQ(ListOf({"A", "B", "C"}, 3), "A, B and C");
+  EXPECT_EQ(ListOf({"A", "B", "C", "D"}, 2), "A, B and 2 more");
+}
