@@ -93,10 +93,10 @@ const char* HelpTopicForStep(int step, bool instructionsShown) {
   }
 }
 
-const char* HelpTopicForReport(int report, const TrussAnalysis& analysis, bool owesToRounding) {
+const char* HelpTopicForReport(ReportKind report, const TrussAnalysis& analysis, bool owesToRounding) {
   if (analysis.System.NumUnknowns() == 0) return HelpTopicForStep(3, false);
-  if (report == 1) return "\\orvane.chm::\\truss help\\determinacy.htm#count";
-  if (report == 2) return MathHelpTopic;
+  if (report == ReportKind::Counting) return "\\orvane.chm::\\truss help\\determinacy.htm#count";
+  if (report == ReportKind::Equations) return MathHelpTopic;
   return owesToRounding ? RoundingHelpTopic : TopicOfConclusion(analysis.Reading);
 }
 

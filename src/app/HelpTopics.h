@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "analysis/Analysis.h"
+#include "reports/ReportKind.h"
 
 // Topic paths: the program's directory goes before them, a place on the page may follow after "#".
 inline constexpr const char* ProgramHelpTopic = "\\orvane.chm::index.htm";
@@ -21,10 +22,9 @@ inline constexpr const char* RoundingHelpTopic = "\\orvane.chm::\\truss help\\ex
 /// The topic path for step 1, 2 or 3; while the instructions of the start are shown, the first page.
 const char* HelpTopicForStep(int step, bool instructionsShown);
 
-/// The topic path for report 1 Counting, 2 Equations, 3 RREF or 4 Solutions: the page of what the report
-/// concludes, and of rounding where that has a part in the conclusion. The equations conclude nothing and
-/// lead to the mathematics.
-const char* HelpTopicForReport(int report, const TrussAnalysis& analysis, bool owesToRounding);
+/// The topic path for a report: the page of what it concludes, and of rounding where that has a part in the
+/// conclusion. The equations conclude nothing and lead to the mathematics.
+const char* HelpTopicForReport(ReportKind report, const TrussAnalysis& analysis, bool owesToRounding);
 
 struct HelpTopicPlace {
   std::string File;  ///< the path of the help file

@@ -146,7 +146,7 @@ void MainForm::cmdNext2_Click() {
     reasons_ = std::make_shared<ExplanationOnDemand>(on_.Document, *shownAnalysis_);
   report_->ChooseFontSet(on_.Document.Settings.ReportFontSize);
   ShowStep();
-  ShowReport(1);
+  ShowReport(ReportKind::Counting);
 }
 
 void MainForm::cmdPrev3_Click() {
@@ -217,21 +217,21 @@ void MainForm::ShowJointEquations(LabelIndex label) {
 
 // --- reports
 
-void MainForm::ShowReport(int report) {
+void MainForm::ShowReport(ReportKind report) {
   if (!shownAnalysis_) return;
   const int sigFigs = on_.Document.Settings.SigFigs;
   shownReport_ = report;
   switch (report) {
-    case 1:
+    case ReportKind::Counting:
       report_->ReportCounting(shownAnalysis_->Counted);
       break;
-    case 2:
+    case ReportKind::Equations:
       report_->LoadGridWithEquations(*shownAnalysis_, sigFigs);
       break;
-    case 3:
+    case ReportKind::RREF:
       report_->LoadGridWithRREF(*shownAnalysis_, sigFigs, Notice());
       break;
-    default:
+    case ReportKind::Solutions:
       report_->LoadGridWithSolutions(*shownAnalysis_, sigFigs, Notice());
       break;
   }
@@ -288,7 +288,7 @@ void MainForm::mnuFilePrint_Click() {
   if (printableReportSize_.isValid()) window.resize(printableReportSize_);
   window.exec();
   printableReportSize_ = window.size();
-  if (window.HasDocument()) shownReport_ = 4;
+  if (window.HasDocument()) shownReport_ = ReportKind::Solutions;
 }
 
 void MainForm::ShowHelp(const char* topic) {
@@ -305,8 +305,8 @@ void MainForm::OfferHelpBeside(QDialog& dialog, const char* topic) {
 
 void MainForm::ShowHelpOnReport() {
   if (!shownAnalysis_) return ShowHelpOnStep();
-  const bool isConclusion = shownReport_ >= 3;
-  ShowHelp(HelpTopicForReport(shownReport_, *shownAnalysis_, isConclusion && !Notice().empty()));
+  const bool owesToRounding = IsConclusion(shownReport_) && !Notice().empty();
+  ShowHelp(HelpTopicForReport(shownReport_, *shownAnalysis_, owesToRounding));
 }
 
 void MainForm::ShowHelpOnStep() { ShowHelp(HelpTopicForStep(steps_.Current(), InstructionsAreShown())); }

@@ -23,6 +23,7 @@
 #include "platform/qt/QtAnimationWish.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtTextMeasure.h"
+#include "reports/ReportKind.h"
 
 class FileMenuView;
 class HelpViewer;
@@ -107,7 +108,7 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void ShowHelpOnStep();
   void ShowHelpOnReport();
   void OfferHelpBeside(QDialog& dialog, const char* topic);
-  void ShowReport(int report);
+  void ShowReport(ReportKind report);
   std::string Notice();
 
   void RenameLabel(LabelIndex label);
@@ -151,7 +152,7 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   std::unique_ptr<ReportWindow> report_;
   KeptPlace reportPlace_;
   QSize printableReportSize_;  // as the user left it; invalid before
-  int shownReport_ = 1;        // 1 Counting, 2 Equations, 3 RREF, 4 Solutions
+  ReportKind shownReport_ = ReportKind::Counting;
   std::unique_ptr<HelpViewer> help_;
   std::array<StatusPanel*, 2> statusPanels_{};
   std::unique_ptr<FileMenuView> fileMenu_;

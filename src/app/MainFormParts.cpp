@@ -116,15 +116,19 @@ void MainForm::CreateReportPanel() {
   picStep3_->setObjectName(QStringLiteral("picStep3"));
   picStep3_->setAutoFillBackground(true);
   struct Button {
+    ReportKind Report;
     const char* Name;
     const char* Text;
     const char* ToolTip;
   };
   static constexpr std::array<Button, 4> buttons = {{
-      {"cmdReportCounting", "&Counting", "How many unknown forces and how many equations there are"},
-      {"cmdReportSystemEqs", "&Equations", "The augmented matrix of the equilibrium equations"},
-      {"cmdReportRREF", "&RREF", "The matrix in reduced row echelon form"},
-      {"cmdReportSolutions", "So&lutions", "The values of the forces, and what they mean"},
+      {ReportKind::Counting, "cmdReportCounting", "&Counting",
+       "How many unknown forces and how many equations there are"},
+      {ReportKind::Equations, "cmdReportSystemEqs", "&Equations",
+       "The augmented matrix of the equilibrium equations"},
+      {ReportKind::RREF, "cmdReportRREF", "&RREF", "The matrix in reduced row echelon form"},
+      {ReportKind::Solutions, "cmdReportSolutions", "So&lutions",
+       "The values of the forces, and what they mean"},
   }};
   constexpr int width = 76;
   for (int i = 0; i < 4; ++i) {
@@ -132,7 +136,7 @@ void MainForm::CreateReportPanel() {
     QPushButton* control =
         AddPanelButton(picStep3_, QString::fromLatin1(button.Name), QString::fromUtf8(button.Text),
                        QString::fromUtf8(button.ToolTip), 8 + i * (width + 2), width);
-    connect(control, &QPushButton::clicked, this, [this, i] { ShowReport(i + 1); });
+    connect(control, &QPushButton::clicked, this, [this, report = button.Report] { ShowReport(report); });
   }
   StepNavigation& navigation = navigation_[2];
   navigation.CaptionLeft = 321;

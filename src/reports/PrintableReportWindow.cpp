@@ -1,6 +1,5 @@
 #include "reports/PrintableReportWindow.h"
 
-#include <QAction>
 #include <QCheckBox>
 #include <QEvent>
 #include <QFileInfo>
@@ -14,7 +13,6 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTextEdit>
-#include <algorithm>
 #include <utility>
 
 #include "document/DocumentLifecycle.h"
@@ -24,7 +22,6 @@
 #include "paper/qt/PaperPages.h"
 #include "paper/qt/SmoothPictures.h"
 #include "platform/FileBytes.h"
-#include "platform/qt/FittedText.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/ScreenRoom.h"
 #include "platform/qt/WindowInFront.h"
@@ -35,19 +32,8 @@
 
 namespace {
 
-// Pixels. The document leaves 31 beside it and 62 above and below it.
-constexpr int DocumentLeft = 15;
-constexpr int DocumentTop = 10;
-constexpr int BesideDocument = 31;
-constexpr int BelowDocument = 62;
+// Pixels.
 constexpr int DocumentMargin = 10;
-constexpr int ButtonTop = 20;     // below the document's height, from the top of the window
-constexpr int HalfGap = 20;       // from the centre to Copy and to Close
-constexpr int ButtonWidth = 73;   // Copy and Close
-constexpr int ButtonHeight = 36;  // at most, so that a margin stays below the buttons
-constexpr int ButtonGap = 8;
-constexpr int CheckBoxWidth = 120;  // at most
-constexpr int SmallestHeight = 200;
 constexpr QSize StartSize(720, 620);
 constexpr QSize PreviewSize(900, 720);
 
@@ -55,18 +41,8 @@ constexpr QSize PreviewSize(900, 720);
 // size does not lay out millions of characters again.
 constexpr int LongDocument = 1'000'000;
 
-constexpr auto CopyToolTip =
-    "copies the selected text or (if nothing selected) the entire report to the clipboard";
 constexpr auto FileFilter =
     "Rich Text (*.rtf)|*.rtf|PDF (*.pdf)|*.pdf|OpenDocument Text (*.odt)|*.odt|Web Page (*.html)|*.html";
-
-QPushButton* MakeButton(const char* name, const char* text, const QString& toolTip, QWidget* parent) {
-  auto* button = new QPushButton(QString::fromUtf8(text), parent);
-  button->setObjectName(QString::fromUtf8(name));
-  button->setToolTip(toolTip);
-  button->setAutoDefault(false);
-  return button;
-}
 
 QPageSize PaperOfThisCountry() {
   return QPageSize(QLocale::system().measurementSystem() == QLocale::ImperialUSSystem ? QPageSize::Letter
@@ -88,12 +64,6 @@ void PreparePaper(QPrinter& printer, const std::string& fileName) {
 // The preview records pages as pictures.
 bool IsPreview(const QPrinter& printer) { return printer.paintEngine()->type() == QPaintEngine::Picture; }
 
-QSize LargestOf(const std::vector<QCheckBox*>& boxes) {
-  QSize largest(0, 0);
-  for (const QCheckBox* box : boxes) largest = largest.expandedTo(box->sizeHint());
-  return largest;
-}
-
 }  // namespace
 
 PrintableReportWindow::PrintableReportWindow(Partners partners, QWidget* parent)
@@ -109,123 +79,6 @@ PrintableReportWindow::PrintableReportWindow(Partners partners, QWidget* parent)
   FixSmallestSize();
   resize(StartSize.boundedTo(WindowRoom(*this)));
   LayOut();
-}
-
-// --- how it is put together
-
-void PrintableReportWindow::MakeTextBox() {
-  RichTextBox1 = new QTextEdit(this);
-  RichTextBox1->setObjectName(QStringLiteral("RichTextBox1"));
-  RichTextBox1->setAccessibleName(QStringLiteral("The report"));
-  RichTextBox1->setReadOnly(true);
-  RichTextBox1->setTabChangesFocus(true);
-  // With a caret, from which the keyboard selects.
-  RichTextBox1->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  // The letters are black, so the paper is white in every style of the desktop.
-  QPalette paper = RichTextBox1->palette();
-  paper.setColor(QPalette::Base, Qt::white);
-  paper.setColor(QPalette::Text, Qt::black);
-  RichTextBox1->setPalette(paper);
-  RichTextBox1->installEventFilter(this);
-}
-
-void PrintableReportWindow::MakeButtons() {
-  cmdReportPrint = MakeButton("cmdReportPrint", "&Print ...",
-                              QStringLiteral("shows the pages and prints them (Ctrl+P)"), this);
-  cmdCopyToClipboard = MakeButton("cmdCopyToClipboard", "&Copy", QString::fromUtf8(CopyToolTip), this);
-  cmdReportClose = MakeButton("cmdReportClose", "Close", QStringLiteral("closes this window (Esc)"), this);
-  cmdReportSaveAs = MakeButton("cmdReportSaveAs", "&Save as ...",
-                               QStringLiteral("saves the report in a file (Ctrl+S)"), this);
-  cmdReportClose->setDefault(true);
-  connect(cmdReportPrint, &QPushButton::clicked, this, &PrintableReportWindow::cmdReportPrint_Click);
-  connect(cmdCopyToClipboard, &QPushButton::clicked, this, &PrintableReportWindow::cmdCopyToClipboard_Click);
-  connect(cmdReportClose, &QPushButton::clicked, this, &QDialog::reject);
-  connect(cmdReportSaveAs, &QPushButton::clicked, this, &PrintableReportWindow::cmdReportSaveAs_Click);
-}
-
-// What the document has beyond the usual sections; nothing at first.
-void PrintableReportWindow::MakeCheckBoxes() {
-  for (const ReportExtraKind& kind : AllReportExtras) {
-    auto* box = new QCheckBox(QString::fromUtf8(kind.Caption), this);
-    box->setObjectName(QStringLiteral("chkReportWith(%1)").arg(chkReportWith.size() + 1));
-    box->setToolTip(QString::fromUtf8(kind.ToolTip));
-    connect(box, &QCheckBox::toggled, this, &PrintableReportWindow::ChooseExtras);
-    chkReportWith.push_back(box);
-  }
-  QWidget* last = RichTextBox1;
-  const auto goOnTo = [&last](QWidget* next) {
-    setTabOrder(last, next);
-    last = next;
-  };
-  goOnTo(cmdReportPrint);
-  for (QCheckBox* box : chkReportWith) goOnTo(box);
-  for (QPushButton* button : {cmdCopyToClipboard, cmdReportClose, cmdReportSaveAs}) goOnTo(button);
-}
-
-void PrintableReportWindow::MakeActions() {
-  const auto add = [this](QWidget* to, const char* text, QKeySequence::StandardKey keys, auto handler) {
-    auto* action = new QAction(QString::fromUtf8(text), to);
-    action->setShortcuts(keys);
-    connect(action, &QAction::triggered, this, handler);
-    to->addAction(action);
-  };
-  add(RichTextBox1, "&Copy", QKeySequence::Copy, [this] { cmdCopyToClipboard_Click(); });
-  add(RichTextBox1, "Select &All", QKeySequence::SelectAll, [this] { RichTextBox1->selectAll(); });
-  RichTextBox1->setContextMenuPolicy(Qt::ActionsContextMenu);
-  add(this, "Print", QKeySequence::Print, [this] { cmdReportPrint_Click(); });
-  add(this, "Save as", QKeySequence::Save, [this] { cmdReportSaveAs_Click(); });
-  add(this, "Close", QKeySequence::Close, [this] { reject(); });
-}
-
-// Copy and Close have a fixed width, and all four a height that leaves a margin below them.
-void PrintableReportWindow::FitButtons() {
-  const QList<QPushButton*> fixed = {cmdCopyToClipboard, cmdReportClose};
-  for (QPushButton* button : fixed) button->resize(ButtonWidth, ButtonHeight);
-  FitCaptions(fixed, font());
-  for (QPushButton* button : {cmdReportPrint, cmdReportSaveAs}) button->setFont(fixed.front()->font());
-  FitCheckBoxes();
-}
-
-// All in one font, in which they stand one below the other beside a button.
-void PrintableReportWindow::FitCheckBoxes() {
-  const QSize room(CheckBoxWidth, ButtonHeight / static_cast<int>(chkReportWith.size()));
-  const QFont fitting = LargestFont(font(), [&](const QFont& font) {
-    return std::ranges::all_of(chkReportWith, [&](QCheckBox* box) {
-      box->setFont(font);
-      const QSize needed = box->sizeHint();
-      return needed.width() <= room.width() && needed.height() <= room.height();
-    });
-  });
-  for (QCheckBox* box : chkReportWith) box->setFont(fitting);
-}
-
-void PrintableReportWindow::FixSmallestSize() {
-  const int beside = std::max(cmdReportPrint->sizeHint().width(), cmdReportSaveAs->sizeHint().width());
-  const int boxes = ButtonGap + LargestOf(chkReportWith).width();
-  const int half = HalfGap + ButtonWidth + ButtonGap + boxes + beside + BesideDocument - DocumentLeft;
-  setMinimumSize(2 * half, SmallestHeight);
-}
-
-void PrintableReportWindow::LayOut() {
-  const QSize document(std::max(0, width() - BesideDocument), std::max(0, height() - BelowDocument));
-  RichTextBox1->setGeometry(QRect(QPoint(DocumentLeft, DocumentTop), document));
-  const int top = document.height() + ButtonTop;
-  const int height = std::min(cmdReportSaveAs->sizeHint().height(), ButtonHeight);
-  const int middle = width() / 2;
-  const int printWidth = cmdReportPrint->sizeHint().width();
-  const int saveAsWidth = cmdReportSaveAs->sizeHint().width();
-  cmdReportPrint->setGeometry(DocumentLeft, top, printWidth, height);
-  cmdCopyToClipboard->setGeometry(middle - HalfGap - ButtonWidth, top, ButtonWidth, height);
-  cmdReportClose->setGeometry(middle + HalfGap, top, ButtonWidth, height);
-  cmdReportSaveAs->setGeometry(DocumentLeft + document.width() - saveAsWidth, top, saveAsWidth, height);
-  // Beside Print, one below the other.
-  const QSize boxSize = LargestOf(chkReportWith);
-  const int boxesHeight = boxSize.height() * static_cast<int>(chkReportWith.size());
-  QRect box(QPoint(DocumentLeft + printWidth + ButtonGap, top + (height - boxesHeight) / 2), boxSize);
-  for (QCheckBox* checkBox : chkReportWith) {
-    checkBox->setGeometry(box);
-    box.translate(0, boxSize.height());
-  }
 }
 
 // --- window events

@@ -134,7 +134,8 @@ TEST(HelpContent, EveryTopicThatKeysLeadToIsThere) {
 TEST(HelpContent, EveryConclusionOfAReportHasItsPlace) {
   const auto expectThere = [](Truss truss) {
     const TrussAnalysis analysis = SolveTruss(truss);
-    for (int report = 1; report <= 4; ++report) {
+    using enum ReportKind;
+    for (const ReportKind report : {Counting, Equations, RREF, Solutions}) {
       const char* topic = HelpTopicForReport(report, analysis, false);
       ExpectThere(QString::fromStdString(PlaceOfHelpTopic(ProgramDirectory() + topic)->Page),
                   QString::fromLatin1(topic));

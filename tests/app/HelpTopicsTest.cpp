@@ -28,7 +28,7 @@ TEST(HelpTopics, TheInstructionsLeadToTheFirstPage) {
   EXPECT_EQ(PageOf(HelpTopicForStep(1, true)), "index.htm");
 }
 
-std::string PageOfReport(int report, Truss truss, bool owesToRounding = false) {
+std::string PageOfReport(ReportKind report, Truss truss, bool owesToRounding = false) {
   return PageOf(HelpTopicForReport(report, SolveTruss(truss), owesToRounding));
 }
 
@@ -38,7 +38,7 @@ TEST(HelpTopics, AReportLeadsToWhatItConcludes) {
   const TrussBuilder unique = TrussBuilder().Member(0, 0, 4, 0).Clamp(0, 0).Roller(4, 0);
   const TrussBuilder redundant = TrussBuilder().Member(0, 0, 4, 0).Clamp(0, 0);
   const TrussBuilder undetermined = TrussBuilder().Member(0, 0, 4, 0).Clamp(0, 0).Clamp(4, 0);
-  for (const int report : {3, 4}) {
+  for (const ReportKind report : {ReportKind::RREF, ReportKind::Solutions}) {
     EXPECT_EQ(PageOfReport(report, unique), "truss help/conclusions.htm#unique");
     EXPECT_EQ(PageOfReport(report, redundant), "truss help/conclusions.htm#redundant");
     EXPECT_EQ(PageOfReport(report, InLine().Force(2, 0, 0, -1)), "truss help/conclusions.htm#inconsistent");
@@ -48,8 +48,8 @@ TEST(HelpTopics, AReportLeadsToWhatItConcludes) {
     EXPECT_EQ(PageOfReport(report, TrussBuilder()), "program/reports.htm");
   }
   for (const TrussBuilder& any : {unique, redundant, undetermined}) {
-    EXPECT_EQ(PageOfReport(1, any), "truss help/determinacy.htm#count");
-    EXPECT_EQ(PageOfReport(2, any), "gauss help/backgd3.htm") << "how to read a matrix";
+    EXPECT_EQ(PageOfReport(ReportKind::Counting, any), "truss help/determinacy.htm#count");
+    EXPECT_EQ(PageOfReport(ReportKind::Equations, any), "gauss help/backgd3.htm") << "how to read a matrix";
   }
 }
 
