@@ -1,4 +1,5 @@
-// What the eight tool buttons show: small drawings in a box of 32 by 32 pixels, in a dark colour and one bright one.
+// What the eight tool buttons show: small drawings in a box of 32 by 32 pixels, in a dark colour and one
+// bright one.
 #pragma once
 
 #include <QColor>

@@ -2,8 +2,8 @@
 // follow a drag. They know nothing else of it.
 #pragma once
 
-/// While the editor is open, Drawing::OpenPanel says which of its panels stands on the canvas; Deselect closes
-/// it. Handles and supports are the caller's business.
+/// While the editor is open, Drawing::OpenPanel says which of its panels stands on the canvas; Deselect
+/// closes it. Handles and supports are the caller's business.
 class ValueEditorHost {
  public:
   virtual ~ValueEditorHost() = default;

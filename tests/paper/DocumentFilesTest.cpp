@@ -9,9 +9,9 @@
 #include <QTextFragment>
 #include <QXmlStreamReader>
 
-#include "support/SampleRichText.h"
 #include "support/OdtReading.h"
 #include "support/RtfScan.h"
+#include "support/SampleRichText.h"
 
 namespace {
 

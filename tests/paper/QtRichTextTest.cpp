@@ -9,8 +9,8 @@
 #include <QTextLayout>
 #include <QUrl>
 
-#include "support/SampleRichText.h"
 #include "platform/qt/QtPicture.h"
+#include "support/SampleRichText.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "support/SampleRichText.h"
 #include "support/RtfScan.h"
+#include "support/SampleRichText.h"
 #include "support/Unrtf.h"
 
 namespace {

@@ -12,9 +12,9 @@
 #include <optional>
 #include <vector>
 
-#include "support/SampleRichText.h"
 #include "platform/Picture.h"
 #include "platform/qt/QtPicture.h"
+#include "support/SampleRichText.h"
 
 namespace {
 
