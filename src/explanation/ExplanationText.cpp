@@ -142,10 +142,10 @@ class Writer {
         " no member changes its length and no support gives way, so their forces do no work; but "
         "the loads do.  Nothing is there to balance them.");
     paragraphs.push_back(
-        "In the table of the equations the sum on the left is only nearly 0, because its directions are "
-        "rounded to "
-        "single precision.  With force densities (force divided by length, written q) every coefficient is a "
-        "difference of coordinates, and the sum is exactly 0.");
+        "In the table of the equations directions are rounded to single precision, so that there the sum on "
+        "the left may be only nearly 0.  With force densities (force divided by length, written q) every "
+        "coefficient is a difference of coordinates, and the sum is exactly 0" +
+        std::string(proof.IsWhole ? "." : ", when the factors are not rounded as they are here."));
     return paragraphs;
   }
 
@@ -216,15 +216,22 @@ class Writer {
     }
     std::vector<std::string> paragraphs;
     if (!additions.empty()) {
-      paragraphs.push_back("Each of these, added alone, stops one motion: " + Joined(additions) + ".");
+      paragraphs.push_back("Each of these, added alone, stops one motion" + OthersOf(additions) + ": " +
+                           Joined(additions) + ".");
     }
     if (!removals.empty()) {
       paragraphs.push_back(
-          "Each of these, left out alone, lets nothing move that did not move before: " + ListOf(removals) +
+          "Each of these, left out alone, lets nothing move that did not move before" + OthersOf(removals) +
+          ": " + ListOf(removals) +
           ".  They are part of a self-stress.  A member is not superfluous because its force is 0: "
           "under another load it may be needed.");
     }
     return paragraphs;
+  }
+
+  // The search ends when it has enough.
+  static std::string OthersOf(const std::vector<std::string>& found) {
+    return found.size() < static_cast<std::size_t>(MostAdvice) ? "" : " (there may be others)";
   }
 
   static std::string Joined(const std::vector<std::string>& items) {

@@ -176,6 +176,9 @@ void WhyWindow::BringUp() {
 
 void WhyWindow::WriteText(const std::vector<WhyLine>& lines) {
   lines_ = lines;
+  // A new text takes the letters of the old one's last place, which may be bold.
+  txtWhy_->clear();
+  txtWhy_->setCurrentCharFormat(QTextCharFormat());
   txtWhy_->setPlainText(PlainTextOf(lines));
   QTextCursor cursor(txtWhy_->document());
   QTextCharFormat bold;

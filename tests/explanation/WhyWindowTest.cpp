@@ -227,6 +227,26 @@ TEST_F(WhyWindowTest, ShowsNothingOfTheTrussBefore) {
   EXPECT_EQ(View().accessibleDescription(), QString());
 }
 
+TEST_F(WhyWindowTest, OnlyHeadingsAreBoldHoweverOftenATextIsShown) {
+  for (const Truss& truss : {ParallelogramOnABar(), RigidTriangle(), ParallelogramOnABar()}) {
+    Show(truss);
+    QStringList bold;
+    int plain = 0;
+    for (QTextBlock block = Text().document()->begin(); block.isValid(); block = block.next()) {
+      if (block.text().isEmpty()) continue;
+      if (block.begin().fragment().charFormat().fontWeight() < QFont::Bold) {
+        ++plain;
+      } else {
+        bold.append(block.text());
+      }
+    }
+    EXPECT_EQ(bold.value(0), QStringLiteral("The kind of this truss:"));
+    EXPECT_EQ(bold.value(1), QStringLiteral("The exact verdict:"));
+    EXPECT_GT(plain, static_cast<int>(bold.size()));
+    for (const QString& heading : bold) EXPECT_TRUE(heading.endsWith(u':')) << heading.toStdString();
+  }
+}
+
 TEST_F(WhyWindowTest, EveryControlIsReachedWithTabAndHasAName) {
   Show(ParallelogramOnABar());
   window_.activateWindow();
