@@ -242,7 +242,7 @@ void MainForm::ShowReport(ReportKind report) {
 std::string MainForm::Notice() {
   if (!reasons_) return {};
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-  const std::string notice =
+  std::string notice =
       NoticeBelowConclusion(reasons_->Graph(), reasons_->Rounded(),
                             {.SigFigs = on_.Document.Settings.SigFigs, .Numbers = on_.Numbers});
   QGuiApplication::restoreOverrideCursor();

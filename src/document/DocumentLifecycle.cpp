@@ -72,7 +72,7 @@ std::string NoteOnBrokenName(const std::string& element) {
 
 // Nothing when the file reads back as the truss that was just written to it, and stands safely on the disk.
 std::string NoteOnWriting(Truss& truss, const std::string& doubt) {
-  const std::string kept = doubt.empty() ? "" : " The file is saved, but " + doubt + ". ";
+  std::string kept = doubt.empty() ? "" : " The file is saved, but " + doubt + ". ";
   if (!TrussChanged(truss)) return kept;
   const std::string broken = NoteOnBrokenName(ElementWithBrokenName(truss));
   return kept + (broken.empty() ? " The file that was saved does not read back as this truss. " : broken);

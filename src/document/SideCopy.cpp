@@ -111,7 +111,7 @@ std::string LeftCopyOf(const std::string& path) {
   const std::string realPath = RealPath(path);
   if (realPath.empty()) return {};
   for (const std::string& folder : FoldersFor(realPath)) {
-    const std::string copy = folder + NameOfCopy(realPath);
+    std::string copy = folder + NameOfCopy(realPath);
     const std::optional<std::string> before = BytesOfLeftCopy(copy);
     if (!before) continue;
     const FileBytes now = ReadWholeFile(realPath);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 
 #include "canvas/Arrow.h"
 #include "canvas/Paper.h"
@@ -12,7 +13,7 @@
 namespace {
 
 // The bands are light enough for a black line to be seen on them; arrows are dark.
-constexpr int Cyan = 11, Magenta = 13, DarkCyan = 3, DarkMagenta = 5;
+constexpr std::int16_t Cyan = 11, Magenta = 13, DarkCyan = 3, DarkMagenta = 5;
 constexpr int BandWidth = 8;  // pixels
 
 // A reaction's arrow ends clear of the support's picture, or begins there when it pulls; pixels.
@@ -111,10 +112,20 @@ class Marker {
                     .Text = Named(unknown.Name) + FormatSigFigs(force.Value, format_),
                     .TextTopLeft = {}};
     const TextExtent extent = measure_(TextFont{}, mark.Text);
-    mark.TextTopLeft = Take(Around(
+    mark.TextTopLeft = Take(IntoTheRoom(Around(
         {farEnd.X + side.X * (TextGap + extent.Width / 2), farEnd.Y + side.Y * (TextGap + extent.Height / 2)},
-        extent));
+        extent)));
     return mark;
+  }
+
+  // Beside the edge a text stands over its arrow's tail rather than being cut.
+  Box IntoTheRoom(Box box) const {
+    const auto moved = [](float from, float to, float least, float most) {
+      return from < least ? least - from : to > most ? std::max(most - to, least - from) : 0.0F;
+    };
+    const float x = moved(box.Left, box.Right, mapping_.PixelX1 + 1, mapping_.PixelX2 - 1);
+    const float y = moved(box.Top, box.Bottom, mapping_.PixelY2 + 1, mapping_.PixelY1 - 1);
+    return {box.Left + x, box.Top + y, box.Right + x, box.Bottom + y};
   }
 
   static PixelPoint PositiveDirection(const PlacedUnknown& unknown) {

@@ -263,6 +263,21 @@ TEST(MotionDrawing, AReactionOfASelfStressIsAnArrowInItsDirection) {
   EXPECT_EQ(numArrows, 2);
 }
 
+TEST(MotionDrawing, TheTextOfAReactionIsNotCutBesideTheEdge) {
+  const Reasoned truss(TrussBuilder()
+                           .Member(0, 0, 4, 0, "m")
+                           .Clamp(0, 0, "a long name", "ay")
+                           .Clamp(4, 0, "another name", "by"));
+  for (const float width : {240.0F, 320.0F, 900.0F}) {
+    const PixelRect room{.Left = 0, .Top = 0, .Right = width, .Bottom = 200};
+    for (const StressMark& mark : DrawMotion(truss.Stress(0), room, 0, RecordingSurface::Measure).Marks) {
+      const TextExtent extent = RecordingSurface::Measure(TextFont{}, mark.Text);
+      EXPECT_GE(mark.TextTopLeft.X, room.Left) << mark.Text << " in " << width;
+      EXPECT_LE(mark.TextTopLeft.X + extent.Width, room.Right) << mark.Text << " in " << width;
+    }
+  }
+}
+
 TEST(MotionDrawing, WithoutAChoiceTheTrussStandsAsItIs) {
   const Reasoned truss = Parallelogram();
   const MotionDrawing drawing = truss.Drawn({.Document = truss.Document, .Graph = truss.Graph});
