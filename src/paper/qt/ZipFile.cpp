@@ -22,7 +22,7 @@ bool AddTo(zip_t& archive, const QByteArray& name, const QByteArray& contents, Z
   if (source == nullptr) return false;
   const zip_int64_t added = zip_file_add(&archive, name.constData(), source.get(), ZIP_FL_ENC_GUESS);
   if (added < 0) return false;
-  source.release();  // the archive's from here on
+  static_cast<void>(source.release());  // the archive's from here on
   const auto index = static_cast<zip_uint64_t>(added);
   const zip_int32_t compression = method == ZipFile::Method::Deflated ? ZIP_CM_DEFLATE : ZIP_CM_STORE;
   return zip_set_file_compression(&archive, index, compression, 0) == 0 &&
@@ -51,6 +51,6 @@ QByteArray ZipFile::Bytes() const {
     if (!AddTo(*archive, entry.Name, entry.Contents, entry.How)) return {};
   }
   if (zip_close(archive.get()) != 0) return {};
-  archive.release();
+  static_cast<void>(archive.release());
   return AllOf(*written);
 }
