@@ -1,7 +1,6 @@
 // See the header.
 #include "explanation/WhyWindow.h"
 
-#include <QAction>
 #include <QComboBox>
 #include <QEvent>
 #include <QFontDatabase>
@@ -41,18 +40,13 @@ QString PlainTextOf(const std::vector<WhyLine>& lines) {
 }  // namespace
 
 WhyWindow::WhyWindow(const AnimationWish& animation, QWidget* parent)
-    : QWidget(parent, Qt::Window), animation_(animation), player_(new MotionPlayer(this)) {
-  setObjectName(QStringLiteral("Why"));
-  setWindowTitle(QStringLiteral("Why this conclusion"));
+    : LearnWindow(QStringLiteral("Why"), QStringLiteral("Why this conclusion"), parent),
+      animation_(animation),
+      player_(new MotionPlayer(this)) {
   CreateControls();
   CreateText();
   LayOut();
   connect(player_, &MotionPlayer::Swung, picMotion_, &MotionView::Swing);
-
-  auto* close = new QAction(QStringLiteral("Close"), this);
-  close->setShortcuts({QKeySequence(Qt::Key_Escape), QKeySequence(QKeySequence::Close)});
-  connect(close, &QAction::triggered, this, &QWidget::close);
-  addAction(close);
   Clear();
 }
 
@@ -130,6 +124,12 @@ void WhyWindow::LayOut() {
   layout->addWidget(splitter, 1);
 }
 
+void WhyWindow::ShowSubject(const LearnSubject& subject) {
+  ShowExplanation(subject.Document,
+                  std::shared_ptr<const Explanation>(subject.Reasons, &subject.Reasons->Whole()),
+                  subject.Format, subject.Points);
+}
+
 void WhyWindow::ShowExplanation(std::shared_ptr<const Truss> truss,
                                 std::shared_ptr<const Explanation> explanation, const ReportFormat& format,
                                 float points) {
@@ -138,10 +138,7 @@ void WhyWindow::ShowExplanation(std::shared_ptr<const Truss> truss,
   explanation_ = std::move(explanation);
   format_ = format;
   choices_ = MotionChoices(explanation_->Graph, explanation_->Exact);
-  // Letters of the reports' size, which is meant for a screen of 96 to the inch.
-  QFont font = this->font();
-  font.setPointSizeF(static_cast<double>(points) * 96 / std::max(1, logicalDpiY()));
-  txtWhy_->setFont(font);
+  txtWhy_->setFont(LettersOf(points));
   WriteText(WhyText(*explanation_, format_));
   {
     const QSignalBlocker silent(cmbMotion_);
@@ -166,12 +163,8 @@ void WhyWindow::Clear() {
   ShowControls();
 }
 
-void WhyWindow::BringUp() {
-  setWindowState(windowState() & ~Qt::WindowMinimized);
-  show();
-  raise();
-  activateWindow();
-  (choices_.empty() ? static_cast<QWidget*>(txtWhy_) : cmbMotion_)->setFocus();
+QWidget& WhyWindow::FirstControl() {
+  return choices_.empty() ? static_cast<QWidget&>(*txtWhy_) : *cmbMotion_;
 }
 
 void WhyWindow::WriteText(const std::vector<WhyLine>& lines) {

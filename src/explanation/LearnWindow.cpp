@@ -1,0 +1,29 @@
+// See the header.
+#include "explanation/LearnWindow.h"
+
+#include <QAction>
+#include <algorithm>
+
+LearnWindow::LearnWindow(const QString& name, const QString& title, QWidget* parent)
+    : QWidget(parent, Qt::Window) {
+  setObjectName(name);
+  setWindowTitle(title);
+  auto* close = new QAction(QStringLiteral("Close"), this);
+  close->setShortcuts({QKeySequence(Qt::Key_Escape), QKeySequence(QKeySequence::Close)});
+  connect(close, &QAction::triggered, this, &QWidget::close);
+  addAction(close);
+}
+
+void LearnWindow::BringUp() {
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  show();
+  raise();
+  activateWindow();
+  FirstControl().setFocus();
+}
+
+QFont LearnWindow::LettersOf(float points) const {
+  QFont font = this->font();
+  font.setPointSizeF(static_cast<double>(points) * 96 / std::max(1, logicalDpiY()));
+  return font;
+}
