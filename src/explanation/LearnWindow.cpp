@@ -1,8 +1,6 @@
-// See the header.
 #include "explanation/LearnWindow.h"
 
 #include <QAction>
-#include <algorithm>
 
 LearnWindow::LearnWindow(const QString& name, const QString& title, QWidget* parent)
     : QWidget(parent, Qt::Window) {
@@ -20,10 +18,4 @@ void LearnWindow::BringUp() {
   raise();
   activateWindow();
   FirstControl().setFocus();
-}
-
-QFont LearnWindow::LettersOf(float points) const {
-  QFont font = this->font();
-  font.setPointSizeF(static_cast<double>(points) * 96 / std::max(1, logicalDpiY()));
-  return font;
 }

@@ -35,7 +35,4 @@ class LearnWindow : public QWidget {
 
  protected:
   virtual QWidget& FirstControl() = 0;
-
-  /// Letters of the reports' size, which is meant for a screen of 96 to the inch.
-  QFont LettersOf(float points) const;
 };

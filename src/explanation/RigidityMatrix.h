@@ -39,3 +39,6 @@ SparseMatrix<double> RigidityRows(const TrussGraph& graph);
 
 /// The loads' components by column, in double precision.
 std::vector<double> LoadVector(const TrussGraph& graph);
+
+/// The magnitude of what acts on the joint that is loaded most, in force units; 0 without loads.
+double LargestLoad(const TrussGraph& graph);

@@ -1,4 +1,3 @@
-// See the header.
 #include "explanation/WhyWindow.h"
 
 #include <QComboBox>
@@ -20,6 +19,7 @@
 #include "explanation/MotionView.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/ReadOnlyText.h"
 
 namespace {
 
@@ -89,17 +89,11 @@ void WhyWindow::CreateText() {
   picMotion_ = new MotionView(this);
   picMotion_->setObjectName(QStringLiteral("picMotion"));
   picMotion_->setAccessibleName(QStringLiteral("Drawing of the truss"));
-  txtWhy_ = new QPlainTextEdit(this);
-  txtWhy_->setObjectName(QStringLiteral("txtWhy"));
-  txtWhy_->setAccessibleName(QStringLiteral("Explanation"));
-  txtWhy_->setReadOnly(true);
-  txtWhy_->setTabChangesFocus(true);
-  txtWhy_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  txtWhy_ = MakeReadOnlyText(QStringLiteral("txtWhy"), QStringLiteral("Explanation"), 10, this);
   txtWhy_->setToolTip(QStringLiteral("Ctrl+A and Ctrl+C copy the text"));
   txtWhy_->setUndoRedoEnabled(false);
   txtWhy_->setVerticalScrollBarPolicy(
       Qt::ScrollBarAlwaysOn);  // so that the width is known before the text is
-  txtWhy_->document()->setDocumentMargin(10);
   txtWhy_->setMinimumSize(120, 60);
   txtWhy_->viewport()->installEventFilter(this);
 }
@@ -138,7 +132,7 @@ void WhyWindow::ShowExplanation(std::shared_ptr<const Truss> truss,
   explanation_ = std::move(explanation);
   format_ = format;
   choices_ = MotionChoices(explanation_->Graph, explanation_->Exact);
-  txtWhy_->setFont(LettersOf(points));
+  txtWhy_->setFont(LettersAt96(*this, points));
   WriteText(WhyText(*explanation_, format_));
   {
     const QSignalBlocker silent(cmbMotion_);
