@@ -251,7 +251,8 @@ orvane --picture=OUT [--named] FILE         the truss with its forces as .png, .
                                             OUT; --named adds the names of forces and joints
 orvane --picture=OUT --motion=K FILE        the truss with the K-th of the motions that --report=why tells
 orvane --document=OUT FILE                  the printable report as .rtf, .pdf, .odt or .html
-orvane --document=OUT --with=why FILE       the same with a section that tells why this conclusion
+orvane --document=OUT --with=why,byjoint FILE   the same with sections behind the solution: why this conclusion,
+                                            and the forces joint by joint
 orvane --convert=OUT.trs FILE               write FILE again in the current layout
 orvane --autoname ...                       with any of the above: name the forces and joints first
 orvane --help | --version                   print this text, or the version

@@ -12,6 +12,7 @@
 #include "explanation/ChecksWindow.h"
 #include "explanation/LearnWindow.h"
 #include "explanation/WhyWindow.h"
+#include "explanation/byjoint/ByJointWindow.h"
 #include "platform/qt/WindowInFront.h"
 
 namespace {
@@ -38,7 +39,23 @@ std::vector<LearnMenu::Entry> LearnMenu::AllEntries() const {
                      .HelpTopic = WhyHelpTopic,
                      .Sizes = ExplanationSizes,
                      .Make = [this] { return std::make_unique<WhyWindow>(on_.Animation); }});
+  entries.push_back({.Name = "mnuLearnByJoint",
+                     .Caption = "&Joint by joint",
+                     .ToolTip = "The forces as they are found by hand: reactions, joints, sections",
+                     .HelpTopic = ByJointHelpTopic,
+                     .Sizes = ByJointSizes,
+                     .Make = [this] { return MakeByJoint(); }});
   return entries;
+}
+
+// A step lights up its joint on the drawing.
+std::unique_ptr<LearnWindow> LearnMenu::MakeByJoint() const {
+  auto window = std::make_unique<ByJointWindow>();
+  connect(window.get(), &ByJointWindow::PlaceChosen, this, [this](float x, float y) {
+    on_.Canvas.PointAt(PixelPoint{x, y});
+  });
+  connect(window.get(), &ByJointWindow::PlaceLeft, this, [this] { on_.Canvas.PointAt(std::nullopt); });
+  return window;
 }
 
 LearnMenu::LearnMenu(const Partners& partners, QMenuBar& bar)

@@ -77,6 +77,7 @@ class LearnMenu final : public QObject {
   };
 
   std::vector<Entry> AllEntries() const;
+  std::unique_ptr<LearnWindow> MakeByJoint() const;
   void AddEntry(Entry& entry);
   void Forget(Entry& entry) const;
   void Show(Entry& entry);

@@ -27,6 +27,8 @@ ScreenBox PlaceOfReport(const ScreenBox& screen, const ScreenBox& mainWindow, in
 /// What the window that explains asks for, and the one with the checks: less width than a report.
 inline constexpr ReportSizes ExplanationSizes{
     .Width = 600, .Height = 700, .SmallestWidth = 340, .SmallestHeight = 200};
+inline constexpr ReportSizes ByJointSizes{
+    .Width = 700, .Height = 640, .SmallestWidth = 420, .SmallestHeight = 260};
 inline constexpr ReportSizes ChecksSizes{
     .Width = 480, .Height = 320, .SmallestWidth = 300, .SmallestHeight = 160};
 

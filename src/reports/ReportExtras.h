@@ -12,7 +12,7 @@
 #include "reports/RTBPicture.h"
 #include "reports/RTBText.h"
 
-enum class ReportExtra { Why };
+enum class ReportExtra { Why, ByJoint };
 
 /// What a section is made from, and what it is appended to.
 struct ReportExtraContext {
@@ -39,11 +39,16 @@ struct ReportExtraKind {
 };
 
 AppendedExtra AppendWhy(const ReportExtraContext& context);
+AppendedExtra AppendByJoint(const ReportExtraContext& context);
 
 /// All of them: who adds another section adds its line here.
 inline constexpr std::array AllReportExtras = {
     ReportExtraKind{ReportExtra::Why, "why", "Add &reasons",
                     "adds a section behind the solution: why this conclusion", &AppendWhy},
+    ReportExtraKind{
+        ReportExtra::ByJoint, "byjoint", "Add &joints",
+        "adds a section behind the solution: the forces as they are found by hand, joint by joint",
+        &AppendByJoint},
 };
 
 std::optional<ReportExtra> ReportExtraNamed(std::string_view word);

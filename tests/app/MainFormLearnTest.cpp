@@ -9,6 +9,7 @@
 #include "explanation/ChecksWindow.h"
 #include "explanation/MotionView.h"
 #include "explanation/WhyWindow.h"
+#include "explanation/byjoint/ByJointWindow.h"
 #include "naming/Naming.h"
 #include "support/MainFormFixture.h"
 
@@ -78,8 +79,8 @@ TEST_F(MainFormLearn, StandsBetweenSettingsAndHelp) {
                                     QStringLiteral("Learn"), QStringLiteral("Help")}));
   QStringList entries;
   for (const QAction* action : LearnMenuOf()->actions()) entries.append(action->text().remove(u'&'));
-  EXPECT_EQ(entries,
-            (QStringList{QStringLiteral("Why this conclusion"), QStringLiteral("Check the drawing")}));
+  EXPECT_EQ(entries, (QStringList{QStringLiteral("Why this conclusion"), QStringLiteral("Joint by joint"),
+                                  QStringLiteral("Check the drawing")}));
 }
 
 TEST_F(MainFormLearn, ExplainsInStep3OnlyAndChecksInEveryStep) {
@@ -97,6 +98,25 @@ TEST_F(MainFormLearn, ExplainsInStep3OnlyAndChecksInEveryStep) {
   EXPECT_TRUE(Entry("mnuLearnCheck")->isEnabled());
   Click("cmdPrev3");
   EXPECT_FALSE(Entry("mnuLearnWhy")->isEnabled());
+}
+
+TEST_F(MainFormLearn, JointByJointLightsUpTheJointOnTheDrawing) {
+  Started();
+  OpenInStep3(Parallelogram());
+  Entry("mnuLearnByJoint")->trigger();
+  auto& window = *WindowOf<ByJointWindow>();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+  auto& next = *window.findChild<QPushButton*>(QStringLiteral("cmdNextStep"));
+  const auto& steps = *window.findChild<QListWidget*>();
+  const CanvasWidget& canvas = *Canvas();
+  while (next.isEnabled() && !steps.currentItem()->text().contains(QStringLiteral("Joint")))
+    QTest::mouseClick(&next, Qt::LeftButton);
+  ASSERT_TRUE(steps.currentItem()->text().contains(QStringLiteral("Joint")));
+  EXPECT_TRUE(canvas.PointedAt());
+  Press(window, Qt::Key_Escape);
+  EXPECT_FALSE(canvas.PointedAt());
+  Click("cmdPrev3");
+  EXPECT_EQ(steps.count(), 0) << "the window forgets a truss that may change";
 }
 
 TEST_F(MainFormLearn, HasNothingToExplainWithoutUnknownForces) {

@@ -18,7 +18,7 @@ constexpr double Pi = 3.141592654;
 
 constexpr float GapAtJoint = 12;       // pixels, between a joint and the arrows at it
 constexpr float ArrowOnPart = 34;      // of a part of the truss, whose joints stand close to each other
-constexpr float BorderOfPart = 72;     // for the arrows and their texts
+constexpr float BorderOfPart = 88;     // for the arrows and their texts
 constexpr std::size_t MostNames = 60;  // of joints; more would cover everything
 constexpr std::size_t MostTexts = 80;
 constexpr float TextGap = 4;

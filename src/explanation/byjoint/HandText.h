@@ -6,6 +6,7 @@
 
 #include "analysis/Classification.h"
 #include "explanation/byjoint/EquationText.h"
+#include "explanation/byjoint/HandSolution.h"
 
 /// Single-byte texts without line breaks of their own.
 struct HandStepText {

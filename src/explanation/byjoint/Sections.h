@@ -59,8 +59,8 @@ class SectionSearch {
 
   const TrussBalance& balance_;
   const Table<char>& isOut_;
-  std::int64_t left_ = 30'000'000;  // members to look at, in all searches
-  std::int64_t leftForThis_ = 0;    // and in this one once a cut is found
+  std::int64_t left_ = 6'000'000;  // members to look at, in all searches
+  std::int64_t leftForThis_ = 0;   // and in this one once a cut is found
   double leastShare_ = 0;
   bool seeksFalse_ = false;
   std::optional<SectionCut> best_;

@@ -1,0 +1,207 @@
+#include "explanation/byjoint/ByJointWindow.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHBoxLayout>
+#include <QHideEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSplitter>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "explanation/byjoint/HandSolution.h"
+#include "explanation/byjoint/HandView.h"
+#include "platform/qt/QtText.h"
+#include "platform/qt/ReadOnlyText.h"
+#include "text/CodePage.h"
+#include "text/ControlCharacters.h"
+
+namespace {
+
+QString Shown(const std::string& text) { return QString::fromStdString(VisibleText(ToUtf8(text))); }
+
+QString Shown(const std::vector<std::string>& lines) {
+  QStringList shown;
+  for (const std::string& line : lines) shown.append(Shown(line));
+  return shown.join(QLatin1Char('\n'));
+}
+
+}  // namespace
+
+ByJointWindow::ByJointWindow(QWidget* parent)
+    : LearnWindow(QStringLiteral("ByJoint"), QStringLiteral("Joint by joint"), parent) {
+  CreateControls();
+  LayOut();
+  Clear();
+}
+
+void ByJointWindow::CreateControls() {
+  lstSteps_ = new QListWidget(this);
+  lstSteps_->setObjectName(QStringLiteral("lstSteps"));
+  lstSteps_->setAccessibleName(QStringLiteral("Steps"));
+  lstSteps_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  lstSteps_->setWordWrap(true);
+  lstSteps_->setTextElideMode(Qt::ElideNone);
+  lstSteps_->setResizeMode(QListView::Adjust);
+  lstSteps_->setMinimumSize(120, 80);
+  connect(lstSteps_, &QListWidget::currentRowChanged, this, &ByJointWindow::ShowStep);
+  picStep_ = new HandView(this);
+  picStep_->setObjectName(QStringLiteral("picStep"));
+  picStep_->setAccessibleName(QStringLiteral("Picture of the step"));
+  txtStep_ = MakeReadOnlyText(QStringLiteral("txtStep"), QStringLiteral("Equations of the step"), 10, this);
+  txtStep_->setMinimumSize(160, 80);
+  lblStep_ = new QLabel(this);
+  lblStep_->setObjectName(QStringLiteral("lblStep"));
+  lblStep_->setAlignment(Qt::AlignCenter);
+
+  const auto button = [this](const char* name, const char* caption, const char* tip) {
+    auto* made = new QPushButton(QString::fromLatin1(caption), this);
+    made->setObjectName(QString::fromLatin1(name));
+    made->setToolTip(QString::fromLatin1(tip));
+    return made;
+  };
+  cmdBack_ = button("cmdBack", "&Back", "The step before (Alt+B)");
+  cmdNext_ = button("cmdNextStep", "&Next", "The next step (Alt+N)");
+  cmdCopy_ = button("cmdCopy", "&Copy", "Copies all steps as text (Alt+C)");
+  connect(cmdBack_, &QPushButton::clicked, this, [this] { GoTo(lstSteps_->currentRow() - 1); });
+  connect(cmdNext_, &QPushButton::clicked, this, [this] { GoTo(lstSteps_->currentRow() + 1); });
+  connect(cmdCopy_, &QPushButton::clicked, this,
+          [this] { QApplication::clipboard()->setText(CopiedText()); });
+}
+
+void ByJointWindow::LayOut() {
+  auto* beside = new QSplitter(Qt::Horizontal, this);
+  auto* below = new QSplitter(Qt::Vertical, beside);
+  beside->addWidget(lstSteps_);
+  beside->addWidget(below);
+  below->addWidget(picStep_);
+  below->addWidget(txtStep_);
+  beside->setStretchFactor(0, 1);
+  beside->setStretchFactor(1, 3);
+  below->setStretchFactor(0, 1);
+  below->setStretchFactor(1, 1);
+  auto* buttons = new QHBoxLayout;
+  buttons->addWidget(cmdBack_);
+  buttons->addWidget(lblStep_, 1);
+  buttons->addWidget(cmdNext_);
+  buttons->addSpacing(12);
+  buttons->addWidget(cmdCopy_);
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(beside, 1);
+  layout->addLayout(buttons);
+}
+
+void ByJointWindow::ShowSubject(const LearnSubject& subject) {
+  auto solved = std::make_shared<SolvedByHand>();
+  solved->Graph = subject.Reasons->Graph();
+  solved->Solution = SolveByHand(solved->Graph);
+  solved->Format = subject.Format;
+  report_ =
+      ReportByHand(solved->Graph, solved->Solution, subject.Reasons->Analysis().Reading, solved->Format);
+  solved_ = std::move(solved);
+  lstSteps_->setFont(LettersAt96(*this, subject.Points));
+  txtStep_->setFont(LettersAt96(*this, subject.Points));
+  {
+    const QSignalBlocker silent(lstSteps_);
+    lstSteps_->clear();
+    int number = 0;
+    for (const HandStepText& step : report_.Steps) {
+      auto* item =
+          new QListWidgetItem(QStringLiteral("%1.  ").arg(++number) + Shown(step.Heading), lstSteps_);
+      item->setToolTip(PlainToolTip(Shown(step.Heading)));
+    }
+    lstSteps_->addItem(QStringLiteral("What is found"));
+    lstSteps_->setCurrentRow(0);
+  }
+  ShowStep();
+}
+
+void ByJointWindow::Clear() {
+  {
+    const QSignalBlocker silent(lstSteps_);
+    lstSteps_->clear();
+  }
+  solved_.reset();
+  report_ = {};
+  ShowStep();
+}
+
+QString ByJointWindow::CopiedText() const {
+  QStringList parts = {QString::fromLatin1(HandText::Convention())};
+  int number = 0;
+  for (const HandStepText& step : report_.Steps)
+    parts.append(QStringLiteral("%1.  ").arg(++number) + Shown(step.Heading) + QLatin1Char('\n') +
+                 Shown(step.Lines));
+  parts.append(Shown(report_.Closing));
+  return parts.join(QStringLiteral("\n\n")) + QLatin1Char('\n');
+}
+
+void ByJointWindow::GoTo(int row) {
+  if (row < 0 || row >= lstSteps_->count()) return;
+  lstSteps_->setCurrentRow(row);
+}
+
+// Beyond the last step stands what all of them found.
+void ByJointWindow::ShowStep() {
+  const int row = lstSteps_->currentRow();
+  const auto index = static_cast<std::size_t>(std::max(0, row));
+  const bool isStep = solved_ && row >= 0 && index < report_.Steps.size();
+  picStep_->setVisible(isStep || !solved_);
+  picStep_->Show(isStep ? solved_ : nullptr, index);
+  const QString description =
+      isStep ? Shown(DescribeHandStep(solved_->Graph, solved_->Solution, index, solved_->Format)) : QString();
+  picStep_->setAccessibleDescription(description);
+  picStep_->setToolTip(PlainToolTip(description));
+  QString text;
+  if (isStep) {
+    text = Shown(report_.Steps[index].Lines);
+    if (index == 0) text = QString::fromLatin1(HandText::Convention()) + QStringLiteral("\n\n") + text;
+  } else if (solved_) {
+    text = Shown(report_.Closing);
+  }
+  txtStep_->setPlainText(text);
+  lblStep_->setText(isStep ? QStringLiteral("Step %1 of %2").arg(row + 1).arg(report_.Steps.size())
+                           : QString());
+  // A button that is switched off gives its focus away; the other one is at hand.
+  if (row <= 0 && cmdBack_->hasFocus()) cmdNext_->setFocus();
+  cmdNext_->setEnabled(row + 1 < lstSteps_->count());
+  if (!cmdNext_->isEnabled() && cmdNext_->hasFocus()) cmdBack_->setFocus();
+  cmdBack_->setEnabled(row > 0);
+  cmdCopy_->setEnabled(solved_ != nullptr);
+  TellPlace();
+}
+
+void ByJointWindow::TellPlace() {
+  const int row = lstSteps_->currentRow();
+  const auto index = static_cast<std::size_t>(std::max(0, row));
+  if (!isVisible() || !solved_ || row < 0 || index >= solved_->Solution.Steps.size()) {
+    Q_EMIT PlaceLeft();
+    return;
+  }
+  const HandStep& step = solved_->Solution.Steps[index];
+  if (step.Joint != 0) {
+    const PlacedJoint& joint = solved_->Graph.Joints[step.Joint];
+    Q_EMIT PlaceChosen(joint.X, joint.Y);
+  } else if (!step.Equations.empty() && step.Equations.front().Kind == BalanceKind::Moment) {
+    Q_EMIT PlaceChosen(static_cast<float>(step.Equations.front().AtX),
+                       static_cast<float>(step.Equations.front().AtY));
+  } else {
+    Q_EMIT PlaceLeft();
+  }
+}
+
+QWidget& ByJointWindow::FirstControl() { return *lstSteps_; }
+
+void ByJointWindow::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (!event->spontaneous()) TellPlace();
+}
+
+void ByJointWindow::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  if (!event->spontaneous()) Q_EMIT PlaceLeft();
+}
