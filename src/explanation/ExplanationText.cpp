@@ -260,19 +260,21 @@ std::vector<std::string> KindTable(const ExactVerdict& verdict) {
   const TrussKinds kind = KindOf(verdict);
   constexpr std::size_t firstWidth = 12;
   constexpr std::size_t width = 36;
-  const auto padded = [](std::string text, std::size_t to) {
-    text.resize(std::max(to, text.size()), ' ');
-    return text;
+  const auto fill = [](std::string& line, std::size_t to) {
+    if (line.size() < to) line.append(to - line.size(), ' ');
   };
-  std::vector<std::string> lines = {padded("", firstWidth) +
-                                    padded(std::string("    ") + TrussKinds::Columns[0], width) + "    " +
-                                    TrussKinds::Columns[1]};
+  std::string header(firstWidth, ' ');
+  header.append("    ").append(TrussKinds::Columns[0]);
+  fill(header, firstWidth + width);
+  header.append("    ").append(TrussKinds::Columns[1]);
+  std::vector<std::string> lines = {header};
   for (std::size_t row = 0; row < 2; ++row) {
-    std::string line = padded(TrussKinds::Rows[row], firstWidth);
+    std::string line = TrussKinds::Rows[row];
+    fill(line, firstWidth);
     for (std::size_t column = 0; column < 2; ++column) {
       const bool isThis = static_cast<int>(row) == kind.Row && static_cast<int>(column) == kind.Column;
-      const std::string cell = std::string(isThis ? "[x] " : "[ ] ") + TrussKinds::Names[row][column];
-      line += column == 0 ? padded(cell, width) : cell;
+      line.append(isThis ? "[x] " : "[ ] ").append(TrussKinds::Names[row][column]);
+      if (column == 0) fill(line, firstWidth + width);
     }
     lines.push_back(line);
   }
