@@ -1,7 +1,8 @@
-// The exact verdict, alone and with its reasons, on trusses of all shapes.
+// The exact verdict, alone and with its reasons, and the solution by hand, on trusses of all shapes.
 #include <benchmark/benchmark.h>
 
 #include "explanation/ExactVerdict.h"
+#include "explanation/byjoint/HandSolution.h"
 #include "support/TrussShapes.h"
 
 namespace {
@@ -58,9 +59,18 @@ void ExactVerdictWithReasons(benchmark::State& state) {
   }
 }
 
+void JointByJoint(benchmark::State& state) {
+  const TrussGraph graph = ShapeNumber(state);
+  for (auto unused : state) {
+    const HandSolution solution = SolveByHand(graph);
+    benchmark::DoNotOptimize(solution.Steps.data());
+  }
+}
+
 const std::vector<std::vector<std::int64_t>> ShapesAndSizes = {{0, 1, 2, 3}, {200, 1000, 4096}};
 
 BENCHMARK(ExactVerdictAlone)->ArgsProduct(ShapesAndSizes)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(ExactVerdictWithReasons)->ArgsProduct(ShapesAndSizes)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(JointByJoint)->ArgsProduct(ShapesAndSizes)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace

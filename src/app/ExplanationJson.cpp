@@ -1,5 +1,6 @@
 #include "app/ExplanationJson.h"
 
+#include "app/ByJointJson.h"
 #include "app/ExplanationReport.h"
 #include "explanation/MotionText.h"
 
@@ -136,7 +137,8 @@ std::string ChecksJson(const AnalysedFile& file, const ReportFormat& format) {
 }  // namespace
 
 void AddExplanation(JsonList& object, const AnalysedFile& file, const ReportFormat& format) {
-  if (file.Analysis.System.NumUnknowns() > 0) {
+  const bool hasUnknowns = file.Analysis.System.NumUnknowns() > 0;
+  if (hasUnknowns) {
     const Explanation explanation = ExplainTruss(file.Document, file.Analysis);
     const std::optional<int>& figures = explanation.Rounded.Figures.CertainFigures;
     object.Key("exact", ExactJson(explanation))
@@ -148,4 +150,5 @@ void AddExplanation(JsonList& object, const AnalysedFile& file, const ReportForm
         .Key("certainFigures", figures ? std::to_string(*figures) : "null");
   }
   object.Key("checks", ChecksJson(file, format));
+  if (hasUnknowns) object.Key("byJoint", ByJointJson(file, format));
 }
