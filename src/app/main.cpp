@@ -100,6 +100,7 @@ int RunWithoutWindow(const CommandLine& commandLine) {
                                                             .Json = JsonReport,
                                                             .Picture = PictureBytes,
                                                             .MotionPicture = MotionPictureBytes,
+                                                            .ForcesPicture = ForcesPictureBytes,
                                                             .Document = DocumentBytes});
 }
 
