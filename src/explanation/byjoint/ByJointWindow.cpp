@@ -166,11 +166,15 @@ void ByJointWindow::ShowStep() {
   txtStep_->setPlainText(text);
   lblStep_->setText(isStep ? QStringLiteral("Step %1 of %2").arg(row + 1).arg(report_.Steps.size())
                            : QString());
-  // A button that is switched off gives its focus away; the other one is at hand.
-  if (row <= 0 && cmdBack_->hasFocus()) cmdNext_->setFocus();
-  cmdNext_->setEnabled(row + 1 < lstSteps_->count());
-  if (!cmdNext_->isEnabled() && cmdNext_->hasFocus()) cmdBack_->setFocus();
-  cmdBack_->setEnabled(row > 0);
+  // A button that is switched off gives its focus away; the other one, which is on then, is at hand.
+  const bool mayGoBack = row > 0;
+  const bool mayGoOn = row + 1 < lstSteps_->count();
+  if (mayGoBack) cmdBack_->setEnabled(true);
+  if (mayGoOn) cmdNext_->setEnabled(true);
+  if (!mayGoBack && cmdBack_->hasFocus()) cmdNext_->setFocus();
+  if (!mayGoOn && cmdNext_->hasFocus()) cmdBack_->setFocus();
+  cmdBack_->setEnabled(mayGoBack);
+  cmdNext_->setEnabled(mayGoOn);
   cmdCopy_->setEnabled(solved_ != nullptr);
   TellPlace();
 }

@@ -8,7 +8,7 @@
 
 #include "canvas/Arrow.h"
 #include "canvas/Paper.h"
-#include "explanation/SwungTruss.h"
+#include "explanation/TrussExtent.h"
 #include "explanation/byjoint/ForcesOnPart.h"
 #include "platform/Palette.h"
 
@@ -121,7 +121,9 @@ class Painter {
   }
 
   void DrawForce(const ForceOnPart& force) {
-    const auto [x, y] = SideOf(force);
+    const std::pair<double, double> side = SideOf(force);
+    const double x = side.first;
+    const double y = side.second;
     sides_.push_back({force.Joint, {static_cast<float>(x), static_cast<float>(y)}});
     const PixelPoint joint = At(force.Joint);
     const auto along = [&](double distance) {

@@ -42,18 +42,18 @@ Truss TriangleForPictures() {
       .Force(4, 4, 0, -1000);
 }
 
-const HandArrow& ArrowOf(const HandPicture& picture, const std::string& text) {
+const HandArrow& ArrowWith(const HandPicture& picture, const std::string& text) {
   const auto found = std::ranges::find(picture.Arrows, text, &HandArrow::Text);
   EXPECT_NE(found, picture.Arrows.end()) << text;
   return *found;
 }
 
-double LengthOf(const PixelLine& line) {
+double ArrowLength(const PixelLine& line) {
   return std::hypot(double{line.X2} - double{line.X1}, double{line.Y2} - double{line.Y1});
 }
 
 // How far the arrow's head is from the joint, more than its tail.
-double Away(const HandArrow& arrow, PixelPoint joint) {
+double HeadsAway(const HandArrow& arrow, PixelPoint joint) {
   return std::hypot(double{arrow.Line.X2} - double{joint.X}, double{arrow.Line.Y2} - double{joint.Y}) -
          std::hypot(double{arrow.Line.X1} - double{joint.X}, double{arrow.Line.Y1} - double{joint.Y});
 }
@@ -66,29 +66,29 @@ TEST(HandPicture, ShowsAJointAloneWithArrowsOfOneLength) {
   EXPECT_TRUE(picture.Others.empty());
   ASSERT_EQ(picture.Arrows.size(), 4U);
   for (const HandArrow& arrow : picture.Arrows)
-    EXPECT_NEAR(LengthOf(arrow.Line), LengthOf(picture.Arrows.front().Line), 0.01);
+    EXPECT_NEAR(ArrowLength(arrow.Line), ArrowLength(picture.Arrows.front().Line), 0.01);
 }
 
 TEST(HandPicture, ArrowsAwayFromTheJointArePulling) {
   const PicturedTruss truss(TriangleForPictures());
   const HandPicture picture = truss.Of(truss.StepAt("A"));
   const PixelPoint joint = picture.Pins.front();
-  EXPECT_GT(Away(ArrowOf(picture, "AB 500 T"), joint), 0);
-  EXPECT_LT(Away(ArrowOf(picture, "AC 707.1 C"), joint), 0);
-  EXPECT_LT(Away(ArrowOf(picture, "Ay 500"), joint), 0) << "a reaction pushes into the joint";
+  EXPECT_GT(HeadsAway(ArrowWith(picture, "AB 500 T"), joint), 0);
+  EXPECT_LT(HeadsAway(ArrowWith(picture, "AC 707.1 C"), joint), 0);
+  EXPECT_LT(HeadsAway(ArrowWith(picture, "Ay 500"), joint), 0) << "a reaction pushes into the joint";
   // Each on the side of its member: AB to the right, AC up and to the right.
-  EXPECT_GT(ArrowOf(picture, "AB 500 T").Line.X1, joint.X);
-  EXPECT_LT(ArrowOf(picture, "AC 707.1 C").Line.Y1, joint.Y);
+  EXPECT_GT(ArrowWith(picture, "AB 500 T").Line.X1, joint.X);
+  EXPECT_LT(ArrowWith(picture, "AC 707.1 C").Line.Y1, joint.Y);
 }
 
 TEST(HandPicture, TellsWhatTheStepFindsFromWhatIsKnownOrNothing) {
   const PicturedTruss truss(TriangleForPictures());
   const HandPicture picture = truss.Of(truss.StepAt("A"));
-  EXPECT_EQ(ArrowOf(picture, "AB 500 T").Role, ForceRole::Found);
-  EXPECT_EQ(ArrowOf(picture, "Ay 500").Role, ForceRole::Known);
-  EXPECT_EQ(ArrowOf(picture, "Ax 0").Role, ForceRole::Zero);
+  EXPECT_EQ(ArrowWith(picture, "AB 500 T").Role, ForceRole::Found);
+  EXPECT_EQ(ArrowWith(picture, "Ay 500").Role, ForceRole::Known);
+  EXPECT_EQ(ArrowWith(picture, "Ax 0").Role, ForceRole::Zero);
   const HandPicture top = truss.Of(truss.StepAt("C"));
-  EXPECT_EQ(ArrowOf(top, "1000").Role, ForceRole::Load);
+  EXPECT_EQ(ArrowWith(top, "1000").Role, ForceRole::Load);
 }
 
 TEST(HandPicture, DoesNotKnowWhatLaterStepsFind) {
