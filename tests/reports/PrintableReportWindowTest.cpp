@@ -50,6 +50,7 @@ TEST_F(PrintableReportWindowTest, NothingOverlapsInTheSmallestWindow) {
   const std::vector<QWidget*> parts = {&Box(),
                                        &Button("cmdReportPrint"),
                                        &Child<QCheckBox>(*window_, "chkReportWith(1)"),
+                                       &Child<QCheckBox>(*window_, "chkReportWith(2)"),
                                        &Button("cmdCopyToClipboard"),
                                        &Button("cmdReportClose"),
                                        &Button("cmdReportSaveAs")};
@@ -315,8 +316,8 @@ TEST_F(PrintableReportWindowTest, EscapeAndEnterCloseTheWindow) {
 TEST_F(PrintableReportWindowTest, TabGoesFromTheTextThroughTheButtonsFromLeftToRight) {
   Opened();
   EXPECT_EQ(window_->focusWidget(), &Box());
-  for (const char* name :
-       {"cmdReportPrint", "chkReportWith(1)", "cmdCopyToClipboard", "cmdReportClose", "cmdReportSaveAs"}) {
+  for (const char* name : {"cmdReportPrint", "chkReportWith(1)", "chkReportWith(2)", "cmdCopyToClipboard",
+                           "cmdReportClose", "cmdReportSaveAs"}) {
     QTest::keyClick(window_->focusWidget(), Qt::Key_Tab);
     EXPECT_EQ(window_->focusWidget(), &Child<QWidget>(*window_, name)) << name;
   }
