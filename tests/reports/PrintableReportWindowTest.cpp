@@ -51,6 +51,7 @@ TEST_F(PrintableReportWindowTest, NothingOverlapsInTheSmallestWindow) {
                                        &Button("cmdReportPrint"),
                                        &Child<QCheckBox>(*window_, "chkReportWith(1)"),
                                        &Child<QCheckBox>(*window_, "chkReportWith(2)"),
+                                       &Child<QCheckBox>(*window_, "chkReportWith(3)"),
                                        &Button("cmdCopyToClipboard"),
                                        &Button("cmdReportClose"),
                                        &Button("cmdReportSaveAs")};
@@ -316,8 +317,8 @@ TEST_F(PrintableReportWindowTest, EscapeAndEnterCloseTheWindow) {
 TEST_F(PrintableReportWindowTest, TabGoesFromTheTextThroughTheButtonsFromLeftToRight) {
   Opened();
   EXPECT_EQ(window_->focusWidget(), &Box());
-  for (const char* name : {"cmdReportPrint", "chkReportWith(1)", "chkReportWith(2)", "cmdCopyToClipboard",
-                           "cmdReportClose", "cmdReportSaveAs"}) {
+  for (const char* name : {"cmdReportPrint", "chkReportWith(1)", "chkReportWith(2)", "chkReportWith(3)",
+                           "cmdCopyToClipboard", "cmdReportClose", "cmdReportSaveAs"}) {
     QTest::keyClick(window_->focusWidget(), Qt::Key_Tab);
     EXPECT_EQ(window_->focusWidget(), &Child<QWidget>(*window_, name)) << name;
   }
@@ -330,7 +331,7 @@ TEST_F(PrintableReportWindowTest, TabGoesFromTheTextThroughTheButtonsFromLeftToR
 TEST_F(PrintableReportWindowTest, AddsWhyWhenItsBoxIsChecked) {
   Opened();
   const std::string usual = Text();
-  auto& why = Child<QCheckBox>(*window_, "chkReportWith(1)");
+  auto& why = Child<QCheckBox>(*window_, "chkReportWith(2)");
   EXPECT_FALSE(why.isChecked()) << "the usual report at first";
   EXPECT_EQ(usual.find("Why this conclusion:"), std::string::npos);
   QTest::mouseClick(&why, Qt::LeftButton, {}, QPoint(8, why.height() / 2));
@@ -343,7 +344,7 @@ TEST_F(PrintableReportWindowTest, AddsWhyWhenItsBoxIsChecked) {
 
 TEST_F(PrintableReportWindowTest, SavesTheSectionsThatItShows) {
   Opened();
-  Child<QCheckBox>(*window_, "chkReportWith(1)").click();
+  Child<QCheckBox>(*window_, "chkReportWith(2)").click();
   ASSERT_TRUE(QTest::qWaitFor([&] { return Text().find("Why this conclusion:") != std::string::npos; }));
   chooser_.Choice = directory_ / "report.html";
   Click("cmdReportSaveAs");
