@@ -105,13 +105,13 @@ void LearnMenu::ShowWhy() {
     whyIsWritten_ = true;
   }
   whyPlace_.BringUp(
-      *why_, [this] { on_.PlaceBeside(*why_, ExplanationSizes); }, [this] { why_->BringUp(); });
+      *why_, [this] { on_.PlaceBeside(*why_, ExplanationSizes, *checks_); }, [this] { why_->BringUp(); });
 }
 
 void LearnMenu::ShowChecks() {
   Check();
   checksPlace_.BringUp(
-      *checks_, [this] { on_.PlaceBeside(*checks_, ChecksSizes); }, [this] { checks_->BringUp(); });
+      *checks_, [this] { on_.PlaceBeside(*checks_, ChecksSizes, *why_); }, [this] { checks_->BringUp(); });
 }
 
 void LearnMenu::Check() {

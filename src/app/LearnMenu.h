@@ -35,8 +35,8 @@ class LearnMenu final : public QObject {
     CanvasWidget& Canvas;
     const AnimationWish& Animation;
     NumberFormat Numbers;
-    /// Puts a window that opens beside the others.
-    std::function<void(QWidget& window, const ReportSizes& sizes)> PlaceBeside;
+    /// Puts a window that opens beside those of the program and `another` one, where it is shown.
+    std::function<void(QWidget& window, const ReportSizes& sizes, const QWidget& another)> PlaceBeside;
     std::function<void(const char* topic)> ShowHelp;
   };
 

@@ -89,7 +89,7 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   QRect InnerPlace() const;
   int PanelBottom() const;
   void PlaceReport();
-  void PlaceBesideReport(QWidget& window, const ReportSizes& sizes);
+  void PlaceBesideReport(QWidget& window, const ReportSizes& sizes, const QWidget& another);
   void BringUpReport();
   void PlaceInstructions(QSize inner);
   void FollowLetters();

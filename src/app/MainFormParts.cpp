@@ -190,8 +190,8 @@ void MainForm::CreateLearnMenu() {
           .Canvas = *picDraw_,
           .Animation = animation_,
           .Numbers = on_.Numbers,
-          .PlaceBeside = [this](QWidget& window,
-                                const ReportSizes& sizes) { PlaceBesideReport(window, sizes); },
+          .PlaceBeside = [this](QWidget& window, const ReportSizes& sizes,
+                                const QWidget& another) { PlaceBesideReport(window, sizes, another); },
           .ShowHelp = [this](const char* topic) { ShowHelp(topic); }},
       *menuBar());
   connect(learn_.get(), &LearnMenu::HintShown, this,

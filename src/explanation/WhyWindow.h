@@ -43,6 +43,7 @@ class WhyWindow final : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
   void changeEvent(QEvent* event) override;
   void hideEvent(QHideEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void CreateControls();
@@ -53,6 +54,7 @@ class WhyWindow final : public QWidget {
   void ShowChoice();
   void ShowControls();
   void Play();
+  void FollowPlayer(double swing);
   void StopPlaying();
   const MotionChoice* Chosen() const;
   bool MayPlay() const;

@@ -69,6 +69,19 @@ TEST_F(WhySectionTest, SaysItsHeadingsItsTableAndItsPictures) {
   EXPECT_THAT(document_.Descriptions[2], HasSubstr("The whole truss"));
 }
 
+TEST_F(WhySectionTest, ATextStaysWithItsPicture) {
+  TextWithWhy(RollingTriangle().Force(4, 3, 100, 0));
+  EXPECT_THAT(document_.LinesThatAre(LineRole::Joined).back(), StartsWith("Motion 1.  The whole truss"));
+}
+
+// Who reads on paper has no menu before him.
+TEST_F(WhySectionTest, TheNoticeSaysWhereToReadOnForPaper) {
+  EXPECT_THAT(TextOf(ObliqueTie()), HasSubstr("In the program read on in the menu Learn"));
+  const std::string text = TextWithWhy(ObliqueTie());
+  EXPECT_THAT(text, HasSubstr("Read on further below under \"Why this conclusion\""));
+  EXPECT_THAT(text, Not(HasSubstr("Read on under Learn")));
+}
+
 TEST_F(WhySectionTest, HasNoPictureWithoutAMotion) {
   EXPECT_THAT(TextWithWhy(Triangle()), EndsWith("for these loads and for all others: the truss is stable."));
   EXPECT_EQ(document_.Pictures.size(), 2U);
