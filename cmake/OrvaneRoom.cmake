@@ -23,6 +23,13 @@ function(orvane_room name)
   orvane_include_folder(orvane_${name} ${name})
   target_link_libraries(orvane_${name} PUBLIC orvane_compiler ${ROOM_logic_links})
   target_link_libraries(orvane_logic INTERFACE orvane_${name})
+  # What most files read of the standard library is read once, by the lowest room, for all.
+  if(name STREQUAL text)
+    target_precompile_headers(orvane_text PRIVATE <algorithm> <array> <cmath> <functional> <map> <memory> <optional>
+      <string> <string_view> <utility> <vector>)
+  else()
+    target_precompile_headers(orvane_${name} REUSE_FROM orvane_text)
+  endif()
 
   if(ORVANE_WINDOWS AND ROOM_windows)
     add_library(orvane_${name}_windows STATIC ${ROOM_windows})

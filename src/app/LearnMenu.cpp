@@ -1,4 +1,3 @@
-// See the header.
 #include "app/LearnMenu.h"
 
 #include <QGuiApplication>
@@ -11,6 +10,7 @@
 #include "app/HelpTopics.h"
 #include "canvas/CanvasWidget.h"
 #include "explanation/ChecksWindow.h"
+#include "explanation/LearnWindow.h"
 #include "explanation/WhyWindow.h"
 #include "platform/qt/WindowInFront.h"
 
@@ -23,21 +23,33 @@ constexpr int RecheckDelay = 150;
 
 const char* LearnMenuStatusText(int step, bool hasUnknowns) {
   if (step != 3)
-    return " Why this conclusion: only in Step 3, where the reports are. Check the drawing: always ";
-  if (!hasUnknowns) return " Why this conclusion: only for a truss with an unknown force, and this has none ";
-  return " Learn why the conclusion is what it is, or check the drawing for oversights ";
+    return " What explains the results: only in Step 3, where the reports are. Check the drawing: always ";
+  if (!hasUnknowns)
+    return " What explains the results: only for a truss with an unknown force, and this has none ";
+  return " Learn how the results come about, or check the drawing for oversights ";
+}
+
+// In the order of the menu: who adds a window adds its entry here.
+std::vector<LearnMenu::Entry> LearnMenu::AllEntries() const {
+  std::vector<Entry> entries;
+  entries.push_back({.Name = "mnuLearnWhy",
+                     .Caption = "&Why this conclusion",
+                     .ToolTip = "The exact verdict and its reasons, with the motions of the truss",
+                     .HelpTopic = WhyHelpTopic,
+                     .Sizes = ExplanationSizes,
+                     .Make = [this] { return std::make_unique<WhyWindow>(on_.Animation); }});
+  return entries;
 }
 
 LearnMenu::LearnMenu(const Partners& partners, QMenuBar& bar)
     : on_(partners),
-      why_(std::make_unique<WhyWindow>(on_.Animation)),
+      mainWindow_(*bar.window()),
+      entries_(AllEntries()),
       checks_(std::make_unique<ChecksWindow>()),
-      mnuLearn_(bar.addMenu(QString())),
-      mnuLearnWhy_(nullptr) {
+      mnuLearn_(bar.addMenu(QString())) {
   mnuLearn_->setObjectName(QStringLiteral("mnuLearn"));
   mnuLearn_->setToolTipsVisible(true);
-  mnuLearnWhy_ = mnuLearn_->addAction(QStringLiteral("&Why this conclusion"), this, &LearnMenu::ShowWhy);
-  mnuLearnWhy_->setObjectName(QStringLiteral("mnuLearnWhy"));
+  for (Entry& entry : entries_) AddEntry(entry);
   QAction* check = mnuLearn_->addAction(QStringLiteral("&Check the drawing"), this, &LearnMenu::ShowChecks);
   check->setObjectName(QStringLiteral("mnuLearnCheck"));
   check->setToolTip(
@@ -55,34 +67,44 @@ LearnMenu::LearnMenu(const Partners& partners, QMenuBar& bar)
   connect(&recheck_, &QTimer::timeout, this, [this] {
     if (checks_->isVisible()) Check();
   });
-  OfferHelp(*why_, WhyHelpTopic);
   OfferHelp(*checks_, ChecksHelpTopic);
-  for (QWidget* window : std::initializer_list<QWidget*>{why_.get(), checks_.get()})
-    ShowMessagesOver(*bar.window(), *window);
+  ShowMessagesOver(mainWindow_, *checks_);
   EnterStep(1, {});
 }
 
 LearnMenu::~LearnMenu() = default;
 
+void LearnMenu::AddEntry(Entry& entry) {
+  entry.Action =
+      mnuLearn_->addAction(QString::fromLatin1(entry.Caption), this, [this, &entry] { Show(entry); });
+  entry.Action->setObjectName(QString::fromLatin1(entry.Name));
+}
+
 void LearnMenu::EnterStep(int step, std::shared_ptr<ExplanationOnDemand> reasons) {
   step_ = step;
   if (reasons != reasons_) {
     reasons_ = std::move(reasons);
-    whyIsWritten_ = false;
-    if (why_->isActiveWindow()) on_.Canvas.window()->activateWindow();
-    why_->hide();
-    why_->Clear();
+    for (Entry& entry : entries_) Forget(entry);
   }
   // Its letter must be that of no button of the step: Step 3 has Solutions, the others Next.
   mnuLearn_->setTitle(step == 3 ? QStringLiteral("Lear&n") : QStringLiteral("&Learn"));
-  mnuLearnWhy_->setEnabled(step == 3 && reasons_ != nullptr);
+  const bool explains = step == 3 && reasons_ != nullptr;
   const QString hint = QString::fromLatin1(LearnMenuStatusText(step, reasons_ != nullptr)).trimmed();
-  mnuLearnWhy_->setStatusTip(hint);
-  mnuLearnWhy_->setToolTip(
-      mnuLearnWhy_->isEnabled()
-          ? QStringLiteral("The exact verdict and its reasons, with the motions of the truss")
-          : hint);
+  for (const Entry& entry : entries_) {
+    entry.Action->setEnabled(explains);
+    entry.Action->setStatusTip(hint);
+    entry.Action->setToolTip(explains ? QString::fromLatin1(entry.ToolTip) : hint);
+  }
   FollowDrawing();
+}
+
+// Closes the window and empties it.
+void LearnMenu::Forget(Entry& entry) const {
+  entry.IsWritten = false;
+  if (!entry.Window) return;
+  if (entry.Window->isActiveWindow()) mainWindow_.activateWindow();
+  entry.Window->hide();
+  entry.Window->Clear();
 }
 
 void LearnMenu::FollowDrawing() {
@@ -90,28 +112,47 @@ void LearnMenu::FollowDrawing() {
 }
 
 void LearnMenu::Close() {
-  why_->close();
+  for (const Entry& entry : entries_) {
+    if (entry.Window) entry.Window->close();
+  }
   checks_->close();
 }
 
-void LearnMenu::ShowWhy() {
+void LearnMenu::Show(Entry& entry) {
   if (!reasons_) return;
-  if (!whyIsWritten_) {
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    why_->ShowExplanation(std::make_shared<const Truss>(on_.Document),
-                          std::shared_ptr<const Explanation>(reasons_, &reasons_->Whole()),
-                          {on_.Document.Settings.SigFigs, on_.Numbers}, on_.Document.Settings.ReportFontSize);
-    QGuiApplication::restoreOverrideCursor();
-    whyIsWritten_ = true;
+  if (!entry.Window) {
+    entry.Window = entry.Make();
+    OfferHelp(*entry.Window, entry.HelpTopic);
+    ShowMessagesOver(mainWindow_, *entry.Window);
   }
-  whyPlace_.BringUp(
-      *why_, [this] { on_.PlaceBeside(*why_, ExplanationSizes, *checks_); }, [this] { why_->BringUp(); });
+  if (!entry.IsWritten) {
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    entry.Window->ShowSubject({.Document = std::make_shared<const Truss>(on_.Document),
+                               .Reasons = reasons_,
+                               .Format = {on_.Document.Settings.SigFigs, on_.Numbers},
+                               .Points = on_.Document.Settings.ReportFontSize});
+    QGuiApplication::restoreOverrideCursor();
+    entry.IsWritten = true;
+  }
+  LearnWindow& window = *entry.Window;
+  entry.Place.BringUp(
+      window, [&] { on_.PlaceBeside(window, entry.Sizes, OthersThan(window)); }, [&] { window.BringUp(); });
+}
+
+std::vector<const QWidget*> LearnMenu::OthersThan(const QWidget& window) const {
+  std::vector<const QWidget*> others;
+  for (const Entry& entry : entries_) {
+    if (entry.Window && entry.Window.get() != &window) others.push_back(entry.Window.get());
+  }
+  if (checks_.get() != &window) others.push_back(checks_.get());
+  return others;
 }
 
 void LearnMenu::ShowChecks() {
   Check();
   checksPlace_.BringUp(
-      *checks_, [this] { on_.PlaceBeside(*checks_, ChecksSizes, *why_); }, [this] { checks_->BringUp(); });
+      *checks_, [this] { on_.PlaceBeside(*checks_, ChecksSizes, OthersThan(*checks_)); },
+      [this] { checks_->BringUp(); });
 }
 
 void LearnMenu::Check() {

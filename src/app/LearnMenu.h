@@ -1,11 +1,12 @@
-// The menu Learn and its windows: why a conclusion is what it is, and what may be an oversight of the
-// drawing.
+// The menu Learn and its windows: those that work with the analysis of Step 3, and what may be an oversight
+// of the drawing.
 #pragma once
 
 #include <QObject>
 #include <QTimer>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "app/KeptPlace.h"
 #include "app/ReportPlace.h"
@@ -16,12 +17,12 @@
 
 class CanvasWidget;
 class ChecksWindow;
+class LearnWindow;
 class QAction;
 class QMenu;
 class QMenuBar;
-class WhyWindow;
 
-/// The status bar while the menu is open; it also says why the first entry is not offered.
+/// The status bar while the menu is open; it also says why what needs Step 3 is not offered.
 const char* LearnMenuStatusText(int step, bool hasUnknowns);
 
 class LearnMenu final : public QObject {
@@ -35,8 +36,9 @@ class LearnMenu final : public QObject {
     CanvasWidget& Canvas;
     const AnimationWish& Animation;
     NumberFormat Numbers;
-    /// Puts a window that opens beside those of the program and `another` one, where it is shown.
-    std::function<void(QWidget& window, const ReportSizes& sizes, const QWidget& another)> PlaceBeside;
+    /// Puts a window that opens beside those of the program and those of the menu, as far as they are shown.
+    std::function<void(QWidget& window, const ReportSizes& sizes, const std::vector<const QWidget*>& ofMenu)>
+        PlaceBeside;
     std::function<void(const char* topic)> ShowHelp;
   };
 
@@ -44,15 +46,15 @@ class LearnMenu final : public QObject {
   LearnMenu(const Partners& partners, QMenuBar& bar);
   ~LearnMenu() override;
 
-  /// 1, 2 or 3; `reasons` are those of Step 3, empty without unknown forces and in other steps. The window
-  /// with other reasons is closed.
+  /// 1, 2 or 3; `reasons` are those of Step 3, empty without unknown forces and in other steps. Windows with
+  /// other reasons are closed.
   void EnterStep(int step, std::shared_ptr<ExplanationOnDemand> reasons);
 
   /// The truss, its names or its place on the canvas have changed: checks that are shown are made anew, as
   /// soon as there is a moment.
   void FollowDrawing();
 
-  /// Closes both windows.
+  /// Closes all windows.
   void Close();
 
  Q_SIGNALS:
@@ -61,7 +63,25 @@ class LearnMenu final : public QObject {
   void HintGone();
 
  private:
-  void ShowWhy();
+  // An entry that needs the analysis of Step 3, with its window, which is made when it is first asked for.
+  struct Entry {
+    const char* Name;     // of the action
+    const char* Caption;  // with its access key
+    const char* ToolTip;
+    const char* HelpTopic;
+    ReportSizes Sizes;
+    std::function<std::unique_ptr<LearnWindow>()> Make;
+    std::unique_ptr<LearnWindow> Window{};
+    KeptPlace Place{};
+    QAction* Action = nullptr;
+    bool IsWritten = false;  // the window shows these reasons
+  };
+
+  std::vector<Entry> AllEntries() const;
+  void AddEntry(Entry& entry);
+  void Forget(Entry& entry) const;
+  void Show(Entry& entry);
+  std::vector<const QWidget*> OthersThan(const QWidget& window) const;
   void ShowChecks();
   void Check();
   void OfferHelp(QWidget& window, const char* topic);
@@ -69,11 +89,10 @@ class LearnMenu final : public QObject {
   Partners on_;
   int step_ = 1;
   std::shared_ptr<ExplanationOnDemand> reasons_;
-  bool whyIsWritten_ = false;  // the window shows these reasons
-  std::unique_ptr<WhyWindow> why_;
+  QWidget& mainWindow_;
+  std::vector<Entry> entries_;
   std::unique_ptr<ChecksWindow> checks_;
-  KeptPlace whyPlace_, checksPlace_;
+  KeptPlace checksPlace_;
   QMenu* mnuLearn_;
-  QAction* mnuLearnWhy_;
   QTimer recheck_;
 };

@@ -56,10 +56,12 @@ void MainForm::BringUpReport() {
       *report_, [this] { PlaceReport(); }, [this] { report_->BringUp(); });
 }
 
-void MainForm::PlaceBesideReport(QWidget& window, const ReportSizes& sizes, const QWidget& another) {
+void MainForm::PlaceBesideReport(QWidget& window, const ReportSizes& sizes,
+                                 const std::vector<const QWidget*>& windows) {
   const QMargins frame = FrameMargins(*this);
   std::vector<ScreenBox> others;
-  for (const QWidget* other : std::initializer_list<const QWidget*>{report_.get(), &another}) {
+  if (report_->isVisible()) others.push_back(BoxOf(report_->frameGeometry()));
+  for (const QWidget* other : windows) {
     if (other->isVisible()) others.push_back(BoxOf(other->frameGeometry()));
   }
   const ScreenBox place = PlaceOfExplanation(BoxOf(FrameRoom(*this)), BoxOf(InnerPlace().marginsAdded(frame)),

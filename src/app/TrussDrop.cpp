@@ -1,4 +1,3 @@
-// See the header.
 #include "app/TrussDrop.h"
 
 #include <QDropEvent>

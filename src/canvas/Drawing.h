@@ -81,5 +81,8 @@ int NumLabelsOutside(const Drawing& drawing, PixelPoint topLeft, PixelPoint bott
 /// canvas, edges included in it.
 bool IsTrussOutside(const Drawing& drawing, const Truss& truss, PixelPoint topLeft, PixelPoint bottomRight);
 
+/// Whether a panel of the value editor stands on the canvas.
+inline bool IsPanelOpen(const Drawing& drawing) { return drawing.OpenPanel != ValuePanel::None; }
+
 /// Nothing is selected any more: hides the value panel and both handles; supports answer the mouse again.
 void Deselect(Drawing& drawing);

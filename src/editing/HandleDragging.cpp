@@ -27,8 +27,6 @@ int ActionAt(const EditingContext& on, const Selection& selection, PixelPoint mo
   return IsOnPoint(rod.End2(), mouse) ? 2 : 0;
 }
 
-bool IsPanelOpen(const EditingContext& on) { return on.Picture.OpenPanel != ValuePanel::None; }
-
 // Marks the element again after a redraw, and with the Numerical Value tool opens its panel.
 void SelectAgain(const EditingContext& on, const Selection& selection) {
   if (!IsLive(on.Document, selection)) return;
@@ -57,7 +55,7 @@ class HandleDrag : public Drag {
     moved_ = moved_ || !(mouse == press_);
     if (!moved_) return;
     Follow(point);
-    if (IsPanelOpen(on_)) on_.ValueEditor.Refresh();
+    if (IsPanelOpen(on_.Picture)) on_.ValueEditor.Refresh();
     on_.ShowDrawing();
   }
 
@@ -74,7 +72,7 @@ class HandleDrag : public Drag {
     if (!IsThere()) return;
     Restore();
     ShowMoveHandles(on_.Document, on_.Picture, selection_);
-    if (IsPanelOpen(on_)) on_.ValueEditor.Refresh();
+    if (IsPanelOpen(on_.Picture)) on_.ValueEditor.Refresh();
     on_.ShowDrawing();
   }
 
@@ -106,7 +104,7 @@ class MemberEndDragging final : public HandleDrag {
     if (selection.IsEnd2Big() == (end == 2)) return;
     selection.T = end == 2 ? 1.0F : 0.0F;
     ShowMoveHandles(on.Document, on.Picture, selection);
-    if (IsPanelOpen(on)) on.ValueEditor.OpenForMember(selection.Index, selection.T);
+    if (IsPanelOpen(on.Picture)) on.ValueEditor.OpenForMember(selection.Index, selection.T);
     on.ShowDrawing();
   }
 

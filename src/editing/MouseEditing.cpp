@@ -108,7 +108,7 @@ void MouseEditing::Press(PixelPoint mouse) {
 }
 
 void MouseEditing::PressOnCanvas(PixelPoint mouse) {
-  const bool wasShown = IsSelectionShown(on_.Picture) || on_.Picture.OpenPanel != ValuePanel::None;
+  const bool wasShown = IsSelectionShown(on_.Picture) || IsPanelOpen(on_.Picture);
   Deselect(on_.Picture);
   if (wasShown) on_.ShowDrawing();
   const auto point = LocationOf(mouse);

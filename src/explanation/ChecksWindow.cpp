@@ -1,4 +1,3 @@
-// See the header.
 #include "explanation/ChecksWindow.h"
 
 #include <QAction>
@@ -13,6 +12,7 @@
 #include <algorithm>
 
 #include "platform/qt/FittedText.h"
+#include "platform/qt/ReadOnlyText.h"
 #include "text/CodePage.h"
 #include "text/ControlCharacters.h"
 
@@ -63,9 +63,7 @@ ChecksWindow::ChecksWindow(QWidget* parent)
 }
 
 void ChecksWindow::ShowChecks(const std::vector<DrawingCheck>& checks, float points) {
-  QFont font = this->font();
-  font.setPointSizeF(static_cast<double>(points) * 96 / std::max(1, logicalDpiY()));
-  lstChecks_->setFont(font);
+  lstChecks_->setFont(LettersAt96(*this, points));
   const QListWidgetItem* chosen = lstChecks_->selectedItems().value(0);
   const QString chosenText = chosen == nullptr ? QString() : chosen->text();
   {

@@ -62,12 +62,6 @@ Reduced Reduce(const TrussGraph& graph, double scale, const EliminationLimits& l
   return reduced;
 }
 
-double LargestLoad(const TrussGraph& graph) {
-  double largest = 0;
-  for (const double load : LoadVector(graph)) largest = std::max(largest, std::abs(load));
-  return largest;
-}
-
 std::optional<int> SureFigures(const TrussAnalysis& analysis, const ExactVerdict& verdict,
                                const std::vector<double>& values, double scale) {
   if (analysis.Reading.Code == Outcome::Inconsistent || verdict.Code() == Outcome::Inconsistent)

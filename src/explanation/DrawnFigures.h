@@ -16,7 +16,7 @@ struct DrawnFigures {
   /// change, measured against the largest force. Empty when no force is determined, or none is shown.
   std::optional<int> CertainFigures;
 
-  /// The largest force by the largest component of a load; 0 without loads or forces.
+  /// The largest force by the largest load; 0 without loads or forces.
   double Magnification = 0;
 
   /// Of a truss with a unique solution whose forces are more than NearlyAMechanism times its loads.

@@ -31,6 +31,7 @@ class ExplanationOnDemand {
   ExplanationOnDemand(const Truss& truss, const TrussAnalysis& analysis)
       : truss_(truss), analysis_(analysis) {}
 
+  const TrussAnalysis& Analysis() const { return analysis_; }
   const TrussGraph& Graph();
   const Rounding& Rounded();
   const Explanation& Whole();

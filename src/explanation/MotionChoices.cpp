@@ -1,4 +1,3 @@
-// See the header.
 #include "explanation/MotionChoices.h"
 
 #include "explanation/Directions.h"

@@ -1,4 +1,3 @@
-// See the header.
 #include "explanation/MotionView.h"
 
 #include <QPainter>

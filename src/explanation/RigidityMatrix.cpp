@@ -166,3 +166,11 @@ std::vector<double> LoadVector(const TrussGraph& graph) {
   }
   return loads;
 }
+
+double LargestLoad(const TrussGraph& graph) {
+  const std::vector<double> loads = LoadVector(graph);
+  double largest = 0;
+  for (std::size_t i = 0; i + 1 < loads.size(); i += 2)
+    largest = std::max(largest, std::hypot(loads[i], loads[i + 1]));
+  return largest;
+}

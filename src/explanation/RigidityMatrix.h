@@ -53,3 +53,6 @@ SparseMatrix<double> RigidityRows(const TrussGraph& graph);
 
 /// The loads' components by column as they are written, in double precision.
 std::vector<double> LoadVector(const TrussGraph& graph);
+
+/// The magnitude of what acts on the joint that is loaded most, in force units; 0 without loads.
+double LargestLoad(const TrussGraph& graph);

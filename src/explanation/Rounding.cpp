@@ -34,8 +34,7 @@ Rounding RoundingOf(const TrussGraph& graph, const TrussAnalysis& analysis, Exac
   rounding.Verdict = std::move(verdict);
   rounding.Figures = FiguresOf(graph, analysis, rounding.Verdict);
   rounding.Shown = analysis.Reading.Code;
-  double load = 0;
-  for (const double component : LoadVector(graph)) load = std::max(load, std::abs(component));
+  const double load = LargestLoad(graph);
   if (load == 0) return rounding;
   if (rounding.Shown != Outcome::Inconsistent) {
     rounding.ShownMagnification = LargestShownForce(analysis) / load;

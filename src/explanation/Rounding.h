@@ -17,7 +17,7 @@ struct Rounding {
   double Remnant = 0;
   double RemnantShare = 0;
 
-  /// The largest force that the reduced matrix shows by the largest component of a load; 0 without either.
+  /// The largest force that the reduced matrix shows by the largest load; 0 without either.
   double ShownMagnification = 0;
 
   /// Whether the exact outcome is the one that the reduced matrix shows.

@@ -1,4 +1,3 @@
-// See the header.
 #include "explanation/WhyText.h"
 
 #include "text/CodePage.h"

@@ -1,7 +1,5 @@
-// See the header.
 #include "explanation/WhyWindow.h"
 
-#include <QAction>
 #include <QComboBox>
 #include <QEvent>
 #include <QFontDatabase>
@@ -22,6 +20,7 @@
 #include "explanation/MotionView.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/ReadOnlyText.h"
 
 namespace {
 
@@ -42,18 +41,13 @@ QString PlainTextOf(const std::vector<WhyLine>& lines) {
 }  // namespace
 
 WhyWindow::WhyWindow(const AnimationWish& animation, QWidget* parent)
-    : QWidget(parent, Qt::Window), animation_(animation), player_(new MotionPlayer(this)) {
-  setObjectName(QStringLiteral("Why"));
-  setWindowTitle(QStringLiteral("Why this conclusion"));
+    : LearnWindow(QStringLiteral("Why"), QStringLiteral("Why this conclusion"), parent),
+      animation_(animation),
+      player_(new MotionPlayer(this)) {
   CreateControls();
   CreateText();
   LayOut();
   connect(player_, &MotionPlayer::Swung, this, &WhyWindow::FollowPlayer);
-
-  auto* close = new QAction(QStringLiteral("Close"), this);
-  close->setShortcuts({QKeySequence(Qt::Key_Escape), QKeySequence(QKeySequence::Close)});
-  connect(close, &QAction::triggered, this, &QWidget::close);
-  addAction(close);
   Clear();
 }
 
@@ -98,17 +92,11 @@ void WhyWindow::CreateText() {
   picMotion_ = new MotionView(this);
   picMotion_->setObjectName(QStringLiteral("picMotion"));
   picMotion_->setAccessibleName(QStringLiteral("Drawing of the truss"));
-  txtWhy_ = new QPlainTextEdit(this);
-  txtWhy_->setObjectName(QStringLiteral("txtWhy"));
-  txtWhy_->setAccessibleName(QStringLiteral("Explanation"));
-  txtWhy_->setReadOnly(true);
-  txtWhy_->setTabChangesFocus(true);
-  txtWhy_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  txtWhy_ = MakeReadOnlyText(QStringLiteral("txtWhy"), QStringLiteral("Explanation"), 10, this);
   txtWhy_->setToolTip(QStringLiteral("Ctrl+A and Ctrl+C copy the text"));
   txtWhy_->setUndoRedoEnabled(false);
   txtWhy_->setVerticalScrollBarPolicy(
       Qt::ScrollBarAlwaysOn);  // so that the width is known before the text is
-  txtWhy_->document()->setDocumentMargin(10);
   txtWhy_->setMinimumSize(120, 60);
   txtWhy_->viewport()->installEventFilter(this);
 }
@@ -133,6 +121,12 @@ void WhyWindow::LayOut() {
   layout->addWidget(splitter, 1);
 }
 
+void WhyWindow::ShowSubject(const LearnSubject& subject) {
+  ShowExplanation(subject.Document,
+                  std::shared_ptr<const Explanation>(subject.Reasons, &subject.Reasons->Whole()),
+                  subject.Format, subject.Points);
+}
+
 void WhyWindow::ShowExplanation(std::shared_ptr<const Truss> truss,
                                 std::shared_ptr<const Explanation> explanation, const ReportFormat& format,
                                 float points) {
@@ -141,10 +135,7 @@ void WhyWindow::ShowExplanation(std::shared_ptr<const Truss> truss,
   explanation_ = std::move(explanation);
   format_ = format;
   choices_ = MotionChoices(explanation_->Graph, explanation_->Exact);
-  // Letters of the reports' size, which is meant for a screen of 96 to the inch.
-  QFont font = this->font();
-  font.setPointSizeF(static_cast<double>(points) * 96 / std::max(1, logicalDpiY()));
-  txtWhy_->setFont(font);
+  txtWhy_->setFont(LettersAt96(*this, points));
   WriteText(WhyText(*explanation_, format_));
   {
     const QSignalBlocker silent(cmbMotion_);
@@ -169,12 +160,8 @@ void WhyWindow::Clear() {
   ShowControls();
 }
 
-void WhyWindow::BringUp() {
-  setWindowState(windowState() & ~Qt::WindowMinimized);
-  show();
-  raise();
-  activateWindow();
-  (choices_.empty() ? static_cast<QWidget*>(txtWhy_) : cmbMotion_)->setFocus();
+QWidget& WhyWindow::FirstControl() {
+  return choices_.empty() ? static_cast<QWidget&>(*txtWhy_) : *cmbMotion_;
 }
 
 void WhyWindow::WriteText(const std::vector<WhyLine>& lines) {

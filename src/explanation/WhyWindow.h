@@ -2,12 +2,11 @@
 // one of its motions or states of self-stress.
 #pragma once
 
-#include <QWidget>
 #include <memory>
 #include <vector>
 
-#include "analysis/FormatSigFigs.h"
 #include "explanation/Explanation.h"
+#include "explanation/LearnWindow.h"
 #include "explanation/MotionChoices.h"
 #include "explanation/WhyText.h"
 #include "platform/AnimationWish.h"
@@ -20,26 +19,24 @@ class QPlainTextEdit;
 class QPushButton;
 class QSlider;
 
-/// Created once and kept.
-class WhyWindow final : public QWidget {
+class WhyWindow final : public LearnWindow {
   Q_OBJECT
 
  public:
   /// `animation` must outlive the window.
   explicit WhyWindow(const AnimationWish& animation, QWidget* parent = nullptr);
 
+  void ShowSubject(const LearnSubject& subject) override;
+
   /// Shows the explanation of a truss. Both are kept as long as they are shown. `points` is the size of the
   /// text's letters.
   void ShowExplanation(std::shared_ptr<const Truss> truss, std::shared_ptr<const Explanation> explanation,
                        const ReportFormat& format, float points);
 
-  /// Empties the window and forgets every truss.
-  void Clear();
-
-  /// Shows the window before all others, also when it was minimised.
-  void BringUp();
+  void Clear() override;
 
  protected:
+  QWidget& FirstControl() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void changeEvent(QEvent* event) override;
   void hideEvent(QHideEvent* event) override;

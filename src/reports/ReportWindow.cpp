@@ -10,6 +10,7 @@
 
 #include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/ReadOnlyText.h"
 #include "reports/ReportGrid.h"
 #include "reports/ReportTables.h"
 
@@ -30,19 +31,6 @@ QString RedundantConclusion() {
   return lines.join(QLatin1Char('\n'));
 }
 
-// Text to be read, selected and copied, with the mouse and with the keyboard.
-QPlainTextEdit* ReadOnlyText(const QString& name, const QString& accessibleName, int margin,
-                             QWidget* parent) {
-  auto* text = new QPlainTextEdit(parent);
-  text->setObjectName(name);
-  text->setAccessibleName(accessibleName);
-  text->setReadOnly(true);
-  text->setTabChangesFocus(true);
-  text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  text->document()->setDocumentMargin(margin);
-  return text;
-}
-
 QLabel* PlainLabel(const QString& name, QWidget* parent) {
   auto* label = new QLabel(parent);
   label->setObjectName(name);
@@ -55,12 +43,12 @@ QLabel* PlainLabel(const QString& name, QWidget* parent) {
 ReportWindow::ReportWindow(NumberFormat numbers, QWidget* parent)
     : QWidget(parent, Qt::Window),
       numbers_(std::move(numbers)),
-      txtReport1_(ReadOnlyText(QStringLiteral("txtReport1"), QStringLiteral("Report text"), 10, this)),
+      txtReport1_(MakeReadOnlyText(QStringLiteral("txtReport1"), QStringLiteral("Report text"), 10, this)),
       label17_(PlainLabel(QStringLiteral("Label17"), this)),
       eqnGrid_(new ReportGrid(this)),
       redundantLines_(PlainLabel(QStringLiteral("lblRedundant"), this)),
-      txtNotice_(ReadOnlyText(QStringLiteral("txtNotice"), QStringLiteral("Below the conclusion"),
-                              NoticeMargin, this)) {
+      txtNotice_(MakeReadOnlyText(QStringLiteral("txtNotice"), QStringLiteral("Below the conclusion"),
+                                  NoticeMargin, this)) {
   setObjectName(QStringLiteral("Report"));
   setWindowTitle(QStringLiteral("Report"));
   setMinimumSize(320, 200);
@@ -83,9 +71,8 @@ ReportWindow::ReportWindow(NumberFormat numbers, QWidget* parent)
 
 void ReportWindow::ChooseFontSet(float pointSize) {
   fontSize_ = pointSize;
-  // Row heights are pixels of a screen of 96 to the inch, so the letters are set to the same measure.
-  QFont font = this->font();
-  font.setPointSizeF(static_cast<double>(pointSize) * 96 / std::max(1, logicalDpiY()));
+  // Row heights are pixels of a screen of 96 to the inch.
+  const QFont font = LettersAt96(*this, pointSize);
   setFont(font);
   txtReport1_->setFont(font);
   txtNotice_->setFont(font);

@@ -151,6 +151,24 @@ TEST_F(MainFormLearn, ShowsTheExplanationOfTheTruss) {
   EXPECT_TRUE(Why().isVisible()) << "as often as one likes";
 }
 
+// A window costs its controls; who asks for none pays for none.
+TEST_F(MainFormLearn, MakesAWindowWhenItIsFirstAskedForAndKeepsIt) {
+  const auto numWindows = [] {
+    return std::ranges::count_if(QApplication::topLevelWidgets(),
+                                 [](QWidget* window) { return qobject_cast<WhyWindow*>(window) != nullptr; });
+  };
+  Started();
+  OpenInStep3(Parallelogram());
+  EXPECT_EQ(numWindows(), 0);
+  Trigger("mnuLearnWhy");
+  EXPECT_EQ(numWindows(), 1);
+  const WhyWindow* made = &Why();
+  Why().close();
+  Trigger("mnuLearnWhy");
+  EXPECT_EQ(numWindows(), 1);
+  EXPECT_EQ(&Why(), made);
+}
+
 TEST_F(MainFormLearn, AnExplanationNeverOutlivesItsStep) {
   Started();
   OpenInStep3(Parallelogram());

@@ -23,7 +23,7 @@ ReadResult ReadBroken(const std::string& text) {
   return result;
 }
 
-ReadResult ReadElements(const std::vector<std::string>& lines) {
+ReadResult ReadWithErrors(const std::vector<std::string>& lines) {
   return ReadBroken(SettingsLines() + FileLines(lines));
 }
 
@@ -43,7 +43,7 @@ TEST(ReadError, TellsItsLineIfThereIsOne) {
 TEST(ReadErrors, ATypeOutsideOneToEightEndsTheReadAndIsNamedWithItsLine) {
   for (const int type : {0, 9, -1, 32767}) {
     const ReadResult result =
-        ReadElements({"2", "0,0,5", "\"R\"", "1,1," + std::to_string(type), "\"x\",\"y\"", "0", "0", "0"});
+        ReadWithErrors({"2", "0,0,5", "\"R\"", "1,1," + std::to_string(type), "\"x\",\"y\"", "0", "0", "0"});
     EXPECT_EQ(result.Error,
               "line 14: there is no support of type " + std::to_string(type) + "; types are 1 to 8");
     EXPECT_EQ(result.Document.NumSupports, 1);
@@ -53,46 +53,46 @@ TEST(ReadErrors, ATypeOutsideOneToEightEndsTheReadAndIsNamedWithItsLine) {
 }
 
 TEST(ReadErrors, ASupportStaysOnceItsTypeIsRead) {
-  const ReadResult clamp = ReadElements({"2", "0,0,5", "\"R\"", "1,2,1", "\"Ax\""});
+  const ReadResult clamp = ReadWithErrors({"2", "0,0,5", "\"R\"", "1,2,1", "\"Ax\""});
   EXPECT_EQ(clamp.Error, "line 16: the file ends too early");
   ASSERT_EQ(clamp.Document.NumSupports, 2);
   EXPECT_TRUE(clamp.Document.Supports[2].Live);
   EXPECT_EQ(clamp.Document.Name(clamp.Document.Supports[2].NameLabel1), "Ax");
   EXPECT_EQ(clamp.Document.Name(clamp.Document.Supports[2].NameLabel2), "[ ]");
 
-  const ReadResult unnamed = ReadElements({"1", "1,2,1"});
+  const ReadResult unnamed = ReadWithErrors({"1", "1,2,1"});
   ASSERT_EQ(unnamed.Document.NumSupports, 1);
   EXPECT_EQ(unnamed.Document.Name(1), "[ ]");
   EXPECT_EQ(unnamed.Document.Name(2), "[ ]");
 
-  EXPECT_EQ(ReadElements({"1", "1,2"}).Document.NumSupports, 0);
-  EXPECT_EQ(ReadElements({"1", "1,2,x"}).Document.NumSupports, 0);
+  EXPECT_EQ(ReadWithErrors({"1", "1,2"}).Document.NumSupports, 0);
+  EXPECT_EQ(ReadWithErrors({"1", "1,2,x"}).Document.NumSupports, 0);
 }
 
 TEST(ReadErrors, AMemberStaysOnceBothNamesAreRead) {
-  const ReadResult half = ReadElements({"0", "2", "0,0,4,0,\"S\",\"S\"", "0,0,2,2,\"T\""});
+  const ReadResult half = ReadWithErrors({"0", "2", "0,0,4,0,\"S\",\"S\"", "0,0,2,2,\"T\""});
   EXPECT_EQ(half.Error, "line 15: the file ends too early");
   EXPECT_EQ(half.Document.NumMembers, 1);
   EXPECT_EQ(half.Document.NumLabels, 2);
   EXPECT_EQ(half.Document.NumArrowLines, 8);
 
-  const ReadResult whole = ReadElements({"0", "2", "0,0,4,0,\"S\",\"S\"", "0,0,2,2,\"T\",\"T\""});
+  const ReadResult whole = ReadWithErrors({"0", "2", "0,0,4,0,\"S\",\"S\"", "0,0,2,2,\"T\",\"T\""});
   EXPECT_EQ(whole.Document.NumMembers, 2);
 }
 
 TEST(ReadErrors, AForceStaysOnceItsFourNumbersAreRead) {
-  EXPECT_EQ(ReadElements({"0", "0", "2", "1,2,3,4", "1,2,3"}).Document.NumForces, 1);
-  EXPECT_EQ(ReadElements({"0", "0", "2", "1,2,3,4", "1,2,3,4"}).Document.NumForces, 2);
-  const ReadResult noNumber = ReadElements({"0", "0", "2", "1,2,3,4", "1,2,3,"});
+  EXPECT_EQ(ReadWithErrors({"0", "0", "2", "1,2,3,4", "1,2,3"}).Document.NumForces, 1);
+  EXPECT_EQ(ReadWithErrors({"0", "0", "2", "1,2,3,4", "1,2,3,4"}).Document.NumForces, 2);
+  const ReadResult noNumber = ReadWithErrors({"0", "0", "2", "1,2,3,4", "1,2,3,"});
   EXPECT_EQ(noNumber.Error, "line 15: a number should stand here, not \"\"");
   EXPECT_EQ(noNumber.Document.NumForces, 1);
 }
 
 TEST(ReadErrors, AJointStaysOnceItsNameIsRead) {
-  const ReadResult result = ReadElements({"0", "0", "0", "2", "1,2,\"1\"", "3,4"});
+  const ReadResult result = ReadWithErrors({"0", "0", "0", "2", "1,2,\"1\"", "3,4"});
   EXPECT_EQ(result.Document.NumJoints, 1);
   EXPECT_EQ(result.Document.NumLabels, 1);
-  EXPECT_EQ(ReadElements({"0", "0", "0", "2", "1,2,\"1\"", "3,4,\"2\""}).Error, "no error");
+  EXPECT_EQ(ReadWithErrors({"0", "0", "0", "2", "1,2,\"1\"", "3,4,\"2\""}).Error, "no error");
 }
 
 TEST(ReadErrors, SettingsReadBeforeTheErrorStay) {
@@ -116,22 +116,22 @@ TEST(ReadErrors, AnEmptyFileIsTooShort) {
 
 TEST(ReadErrors, AMissingSectionIsAnError) {
   EXPECT_EQ(ReadBroken(SettingsLines()).Error, "line 11: the file ends too early");
-  EXPECT_EQ(ReadElements({"0", "0", "0"}).Error, "line 14: the file ends too early");
+  EXPECT_EQ(ReadWithErrors({"0", "0", "0"}).Error, "line 14: the file ends too early");
 }
 
 TEST(ReadErrors, ACountThatDoesNotMatchItsRecordsIsAnError) {
-  EXPECT_THAT(ReadElements({"1", "0", "0", "0"}).Error, StartsWith("line "));
-  EXPECT_THAT(ReadElements({"0", "0", "2", "1,2,3,4", "0"}).Error, StartsWith("line "));
+  EXPECT_THAT(ReadWithErrors({"1", "0", "0", "0"}).Error, StartsWith("line "));
+  EXPECT_THAT(ReadWithErrors({"0", "0", "2", "1,2,3,4", "0"}).Error, StartsWith("line "));
 }
 
 TEST(ReadErrors, ANumberBeyondItsTypeIsAnError) {
-  EXPECT_EQ(ReadElements({"40000"}).Error, "line 11: the number \"40000\" does not fit into 16 bits");
-  EXPECT_EQ(ReadElements({"0", "0", "1", "1,2,1E39,0"}).Error,
+  EXPECT_EQ(ReadWithErrors({"40000"}).Error, "line 11: the number \"40000\" does not fit into 16 bits");
+  EXPECT_EQ(ReadWithErrors({"0", "0", "1", "1,2,1E39,0"}).Error,
             "line 14: a number should stand here, not \"1E39\"");
 }
 
 TEST(ReadErrors, AQuoteThatIsNeverClosedIsAnError) {
-  const ReadResult result = ReadElements({"1", "0,0,5", "\"R", "0", "0", "0"});
+  const ReadResult result = ReadWithErrors({"1", "0,0,5", "\"R", "0", "0", "0"});
   EXPECT_EQ(result.Error, "line 13: a quoted text has no closing quote");
   EXPECT_EQ(result.Document.NumSupports, 1);
 }
@@ -139,7 +139,7 @@ TEST(ReadErrors, AQuoteThatIsNeverClosedIsAnError) {
 TEST(ReadErrors, AClaimedCountAllocatesNothing) {
   for (const std::vector<std::string>& lines :
        {std::vector<std::string>{"32767"}, {"0", "32767"}, {"0", "0", "32767"}, {"0", "0", "0", "32767"}}) {
-    const ReadResult result = ReadElements(lines);
+    const ReadResult result = ReadWithErrors(lines);
     EXPECT_THAT(result.Error, EndsWith("the file ends too early"));
     EXPECT_LE(result.Document.Supports.Size(), 1);
     EXPECT_LE(result.Document.Members.Size(), 1);

@@ -111,7 +111,7 @@ TEST(DrawingChecks, TheLargestDocumentIsCheckedInTime) {
   EXPECT_FALSE(Check(builder).empty());  // the outermost joints have one member
 }
 
-int Count(const std::vector<DrawingCheck>& checks, CheckKind kind) {
+int NumOfKind(const std::vector<DrawingCheck>& checks, CheckKind kind) {
   return static_cast<int>(std::ranges::count(checks, kind, &DrawingCheck::Kind));
 }
 
@@ -131,7 +131,7 @@ TEST(DrawingChecks, OfVeryManyPairsOnlyTheFirstAreTold) {
                                     std::pair<Truss, CheckKind>(equal, CheckKind::CoincidentMembers),
                                     std::pair<Truss, CheckKind>(through, CheckKind::ThroughJoint)}) {
     const std::vector<DrawingCheck> checks = Check(truss);
-    EXPECT_EQ(Count(checks, kind), MostPairs);
+    EXPECT_EQ(NumOfKind(checks, kind), MostPairs);
     const auto last = std::ranges::find_if(checks.rbegin(), checks.rend(),
                                            [kind](const DrawingCheck& check) { return check.Kind == kind; });
     EXPECT_THAT(last->Text, HasSubstr("There are more of this kind."));
@@ -139,7 +139,7 @@ TEST(DrawingChecks, OfVeryManyPairsOnlyTheFirstAreTold) {
                                     [](const DrawingCheck& check) {
                                       return check.Text.find("There are more") != std::string::npos;
                                     }),
-              Count(checks, CheckKind::NearEnds) == MostPairs && kind != CheckKind::NearEnds ? 2 : 1);
+              NumOfKind(checks, CheckKind::NearEnds) == MostPairs && kind != CheckKind::NearEnds ? 2 : 1);
   }
 }
 
@@ -147,7 +147,7 @@ TEST(DrawingChecks, OfAsManyPairsAsAreToldNoneIsLeftOut) {
   TrussBuilder truss;
   for (int i = 0; i < 45; ++i) truss.Member(4, 4, 8, 4);  // 990 pairs
   const std::vector<DrawingCheck> checks = Check(truss);
-  EXPECT_EQ(Count(checks, CheckKind::CoincidentMembers), 990);
+  EXPECT_EQ(NumOfKind(checks, CheckKind::CoincidentMembers), 990);
   for (const DrawingCheck& check : checks) EXPECT_EQ(check.Text.find("There are more"), std::string::npos);
 }
 

@@ -186,6 +186,14 @@ TEST(DrawnFigures, NearlyAMechanismIsSaidWithTheMotionThatIsNearlyFree) {
   EXPECT_THAT(RoundingNotice(explanation.Graph, explanation.Rounded, {}), HasSubstr("nearly a mechanism"));
 }
 
+TEST(DrawnFigures, ForcesAreMeasuredAgainstTheMagnitudeOfTheLargestLoad) {
+  // The load of 500 acts along the first member, which takes all of it.
+  const Explanation explanation = Explain(
+      TrussBuilder().Member(0, 0, 3, 4).Member(3, 4, 6, 4).Clamp(0, 0).Clamp(6, 4).Force(3, 4, -300, -400));
+  EXPECT_NEAR(explanation.Rounded.Figures.Magnification, 1, 1e-6);
+  EXPECT_EQ(LargestLoad(explanation.Graph), 500);
+}
+
 TEST(DrawnFigures, AnOrdinaryTrussIsSureInAllFiguresAndNothingIsSaid) {
   const Explanation explanation = Explain(TrussBuilder()
                                               .Member(0, 0, 4, 0)

@@ -46,7 +46,7 @@ struct Reasoned {
 };
 
 // Its two upper joints move to the right, its two lower ones are held.
-Reasoned Parallelogram() {
+Reasoned PushedParallelogram() {
   return Reasoned(TrussBuilder()
                       .Member(0, 0, 1, 2, "a")
                       .Member(4, 0, 5, 2, "b")
@@ -100,7 +100,7 @@ TEST(SwungTruss, NoJointGoesFartherThanATwentiethOfTheDrawing) {
 }
 
 TEST(SwungTruss, EverythingAtAJointGoesWithIt) {
-  const Reasoned truss = Parallelogram();
+  const Reasoned truss = PushedParallelogram();
   const Truss swung = Swung(truss.Document, truss.Graph, &truss.Reasons.Motions.front(), 1);
   EXPECT_FLOAT_EQ(swung.Members[1].X2, 1 + 0.5F / std::sqrt(5.0F));
   EXPECT_FLOAT_EQ(swung.Members[1].Y2, 2 - 0.25F / std::sqrt(5.0F));
@@ -111,7 +111,7 @@ TEST(SwungTruss, EverythingAtAJointGoesWithIt) {
 }
 
 TEST(MotionDrawing, HasArrowsAtMovingJointsOnly) {
-  const Reasoned truss = Parallelogram();
+  const Reasoned truss = PushedParallelogram();
   ASSERT_THAT(truss.Reasons.Motions, SizeIs(1));
   const MotionDrawing drawing = truss.Drawn(truss.Motion(0));
   ASSERT_THAT(drawing.Arrows, SizeIs(2));
@@ -125,7 +125,7 @@ TEST(MotionDrawing, HasArrowsAtMovingJointsOnly) {
 }
 
 TEST(MotionDrawing, ShowsTheMembersThatMoveBeforeAndAfter) {
-  const Reasoned truss = Parallelogram();
+  const Reasoned truss = PushedParallelogram();
   const MotionDrawing drawing = truss.Drawn(truss.Motion(0));
   ASSERT_THAT(drawing.AtRest, SizeIs(3));
   ASSERT_THAT(drawing.Moved, SizeIs(3));
@@ -136,7 +136,7 @@ TEST(MotionDrawing, ShowsTheMembersThatMoveBeforeAndAfter) {
 }
 
 TEST(MotionDrawing, SwingsToBothSidesWhileArrowsAndMappingStandStill) {
-  const Reasoned truss = Parallelogram();
+  const Reasoned truss = PushedParallelogram();
   const MotionDrawing there = truss.Drawn(truss.Motion(0), 1);
   const MotionDrawing back = truss.Drawn(truss.Motion(0), -1);
   const MotionDrawing still = truss.Drawn(truss.Motion(0), 0);
@@ -162,7 +162,7 @@ TEST(MotionDrawing, LeavesAloneWhatStandsStill) {
 }
 
 TEST(MotionDrawing, AnArrowIsNeverTooShortToPoint) {
-  Reasoned truss = Parallelogram();
+  Reasoned truss = PushedParallelogram();
   truss.Reasons.Motions[0].Joints[1].Dx *= 1e-6;
   truss.Reasons.Motions[0].Joints[1].Dy *= 1e-6;
   const MotionDrawing drawing = truss.Drawn(truss.Motion(0));
@@ -190,7 +190,7 @@ TEST(MotionDrawing, StaysInItsRoom) {
 }
 
 TEST(MotionDrawing, PaintsTheMembersAtRestThinAndGreyUnderTheTruss) {
-  const Reasoned truss = Parallelogram();
+  const Reasoned truss = PushedParallelogram();
   const MotionDrawing drawing = truss.Drawn(truss.Motion(0));
   RecordingSurface surface;
   PaintMotion(surface, drawing, truss.Graph);
@@ -209,7 +209,7 @@ TEST(MotionDrawing, PaintsTheMembersAtRestThinAndGreyUnderTheTruss) {
 }
 
 TEST(MotionDrawing, AForceLongerThanTheDrawingIsDrawnShorter) {
-  Reasoned truss = Parallelogram();
+  Reasoned truss = PushedParallelogram();
   truss.Document.Forces[1].Fx = 1e9F;
   const MotionDrawing drawing = truss.Drawn(truss.Motion(0));
   EXPECT_NEAR(LengthOf(drawing.Objects.Force[1]), 0.4 * 5 * PixelsPerUnit(drawing), 0.1);
@@ -280,7 +280,7 @@ TEST(MotionDrawing, TheTextOfAReactionIsNotCutBesideTheEdge) {
 }
 
 TEST(MotionDrawing, WithoutAChoiceTheTrussStandsAsItIs) {
-  const Reasoned truss = Parallelogram();
+  const Reasoned truss = PushedParallelogram();
   const MotionDrawing drawing = truss.Drawn({.Document = truss.Document, .Graph = truss.Graph});
   EXPECT_THAT(drawing.AtRest, IsEmpty());
   EXPECT_THAT(drawing.Arrows, IsEmpty());

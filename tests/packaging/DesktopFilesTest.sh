@@ -63,7 +63,7 @@ told=$("$build/orvane" --help | grep -o -- '--[a-z]*' | sort -u)
 [ "$(wc -l <<<"$told")" -ge 10 ] || fail "the help names hardly any option"
 for option in $told; do
   grep -qF -- "${option//-/\\-}" "$build/packaging/orvane.1" || fail "the manual page leaves out $option"
-  completions "$option" | grep -q -- "^$option=\?$" || fail "$option is not completed"
+  completions "$option" | grep -- "^$option=\?\$" >/dev/null || fail "$option is not completed"
 done
 [ "$(completions --csv = rr)" = rref ] || fail "the tables are not completed"
 [ "$(completions --report = counting,rr)" = counting,rref ] || fail "the second section is not completed"

@@ -26,7 +26,7 @@ constexpr double TextEdge = Paper - Margin;
 
 const CharacterFormat Plain{};
 const CharacterFormat Heading{.Bold = true, .Colour = 4};
-const CharacterFormat Table{.Family = FontFamily::Monospaced};
+const CharacterFormat TableLetters{.Family = FontFamily::Monospaced};
 const CharacterFormat TableHeader{.Colour = 9, .Family = FontFamily::Monospaced};
 
 Picture Rectangle(float width, float height) {
@@ -153,7 +153,7 @@ TEST_F(PagedTextTest, TheSizeOfLettersDoesNotDependOnTheDevice) {
     return Paint([](PagedText& text) {
       text.Append("first and ", Plain);
       text.Append("measured\r\n\r\n", Heading);
-      text.Append("below", Table);
+      text.Append("below", TableLetters);
     });
   };
   const auto fine = paint(1200), coarse = paint(300);
@@ -207,7 +207,7 @@ TEST_F(PagedTextTest, AWordLongerThanTheLineIsBroken) {
 TEST_F(PagedTextTest, MonospacedLinesAreNotWrappedButCutAtThePapersEdge) {
   const auto pdf = Paint([](PagedText& text) {
     text.Append("begin ", TableHeader);
-    text.Append(std::string(100, '7') + "\r\nnext", Table);
+    text.Append(std::string(100, '7') + "\r\nnext", TableLetters);
   });
   const PdfWord next = pdf.Word("next");
   for (const PdfWord& word : pdf.Words()) {
@@ -227,8 +227,8 @@ TEST_F(PagedTextTest, ColumnsOfATableLineUpWhateverTheirFormats) {
     text.Append(
         "\xE2\x80\x93"
         "1 22\r\n",
-        Table);
-    text.Append("\xC3\x84\xE2\x82\xAC.y  33 44", Table);
+        TableLetters);
+    text.Append("\xC3\x84\xE2\x82\xAC.y  33 44", TableLetters);
   });
   constexpr double character = 10 * 0.6;
   EXPECT_NEAR(pdf.Word("F1").Left, Margin + 6 * character, 0.3);
@@ -352,7 +352,7 @@ void AppendRows(PagedText& text, const char* header, int rows) {
   text.Append(std::string(header) + "  F1\r\n", TableHeader, LineRole::TableHeader);
   for (int row = 1; row <= rows; ++row) {
     text.Append(Numbered("row", row), TableHeader, LineRole::TableRow);
-    text.Append("   0\r\n", Table, LineRole::TableRow);
+    text.Append("   0\r\n", TableLetters, LineRole::TableRow);
   }
 }
 
@@ -360,7 +360,7 @@ TEST_F(PagedTextTest, EveryPageOfATableBeginsWithItsHeader) {
   const auto pdf = Paint([](PagedText& text) {
     Lines(text, 3);
     AppendRows(text, "First", 45);
-    text.Append("\r\n", Table);
+    text.Append("\r\n", TableLetters);
     AppendRows(text, "Second", 40);
     text.Append("\r\nafter\r\n", Plain);
     Lines(text, 30);

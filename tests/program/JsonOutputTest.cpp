@@ -54,8 +54,6 @@ QStringList KeysAtDepth(const QByteArray& json, int wantedDepth) {
   return keys;
 }
 
-QStringList Words(const char* words) { return QString::fromUtf8(words).split(u' '); }
-
 TEST(JsonOutput, HasItsKeysInTheirOrder) {
   const char* keys =
       "file complete error settings supports members forces joints NumReactionForces NumMemberForces "

@@ -60,8 +60,6 @@ Records ReadCsv(const QByteArray& bytes) {
   return records;
 }
 
-QStringList Words(const char* words) { return QString::fromUtf8(words).split(u' ', Qt::SkipEmptyParts); }
-
 struct WrongCall {
   const char* Arguments;
   const char* Why;

@@ -67,6 +67,8 @@ Ended RunProgram(const QStringList& arguments, const QByteArray& input) {
   return RunProgram(ProgramCall{.Arguments = arguments, .Input = input, .OutputFile = {}});
 }
 
+QStringList Words(const char* words) { return QString::fromUtf8(words).split(u' ', Qt::SkipEmptyParts); }
+
 QString Example(const char* name) {
   return QStringLiteral(ORVANE_EXAMPLES_DIR "/") + QString::fromLatin1(name);
 }

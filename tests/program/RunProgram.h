@@ -29,6 +29,9 @@ Ended RunProgram(const QStringList& arguments, const QByteArray& input = {});
 /// on.
 Ended RunShell(const QString& script, const QStringList& arguments, const QByteArray& input);
 
+/// The arguments of a call, written with blanks between them.
+QStringList Words(const char* words);
+
 /// The path of one of the example trusses.
 QString Example(const char* name);
 

@@ -42,7 +42,7 @@ std::vector<std::string> ValuesIn(const ReportTable& solutions) {
 ReportFormat Figures(int figures) { return ReportFormat{figures, NumberFormat{}}; }
 
 // A 3-4-5 triangle, 8 wide and 3 high, with 600 down at its top.
-TrussBuilder Triangle() {
+TrussBuilder LoadedTriangle() {
   return TrussBuilder()
       .Member(0, 0, 8, 0, "AB")
       .Member(0, 0, 4, 3, "AC")
@@ -79,7 +79,7 @@ void ExpectVisitsAllButZeros(const ReportTable& table) {
 }  // namespace
 
 TEST(EquationsTable, OfATriangle) {
-  Truss truss = Triangle();
+  Truss truss = LoadedTriangle();
   const TrussAnalysis analysis = SolveTruss(truss);
   const auto table = LoadGridWithEquations(analysis, Figures(4));
   EXPECT_EQ(ContentsOf(*table), (Contents{{"Equation", "Ax", "Ay", "B", "AB", "AC", "BC", "RHS"},
@@ -106,7 +106,7 @@ TEST(EquationsTable, OfATriangle) {
 }
 
 TEST(EquationsTable, HasItsCaptionAndHeading) {
-  Truss truss = Triangle();
+  Truss truss = LoadedTriangle();
   const TrussAnalysis analysis = SolveTruss(truss);
   const auto table = LoadGridWithEquations(analysis, Figures(4));
   EXPECT_STREQ(table->Caption(), "Report - The system of equations for the unknown forces");
@@ -131,7 +131,7 @@ TEST(EquationsTable, ShowsTheEquationsInSinglePrecision) {
 }
 
 TEST(RREFTable, OfATriangle) {
-  Truss truss = Triangle();
+  Truss truss = LoadedTriangle();
   const TrussAnalysis analysis = SolveTruss(truss);
   const auto table = LoadGridWithRREF(analysis, Figures(4));
   EXPECT_EQ(ContentsOf(*table), (Contents{{"Equation", "Ax", "Ay", "B", "AB", "AC", "BC", "RHS"},
@@ -171,7 +171,7 @@ TEST(RREFTable, ShowsItsCellsInDoublePrecision) {
 }
 
 TEST(SolutionsTable, OfATriangle) {
-  Truss truss = Triangle();
+  Truss truss = LoadedTriangle();
   const TrussAnalysis analysis = SolveTruss(truss);
   const auto table = LoadGridWithSolutions(analysis, Figures(4));
   EXPECT_EQ(ContentsOf(*table), (Contents{{"Force", "Value"},
@@ -221,7 +221,7 @@ TEST(SolutionsTable, BelowARedundantSystemStandThreeLines) {
 }
 
 TEST(ReportTables, VisitAllCellsButZeros) {
-  Truss truss = Triangle();
+  Truss truss = LoadedTriangle();
   const TrussAnalysis analysis = SolveTruss(truss);
   ExpectVisitsAllButZeros(*LoadGridWithEquations(analysis, Figures(4)));
   ExpectVisitsAllButZeros(*LoadGridWithRREF(analysis, Figures(4)));

@@ -1,4 +1,3 @@
-// See the header.
 #include "platform/qt/QtAnimationWish.h"
 
 #include <QApplication>

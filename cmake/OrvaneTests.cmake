@@ -1,0 +1,24 @@
+# orvane_discover_tests(TARGET [ENVIRONMENT NAME=VALUE ...])
+# CTest runs each suite of this test program as one process: starting a process takes longer than most tests. What the
+# suites are is asked of the program itself whenever it has been linked.
+function(orvane_discover_tests target)
+  cmake_parse_arguments(DISCOVER "" "" "ENVIRONMENT" ${ARGN})
+  set(suites ${CMAKE_CURRENT_BINARY_DIR}/${target}_suites.cmake)
+  add_custom_command(TARGET ${target} POST_BUILD BYPRODUCTS ${suites} VERBATIM
+    COMMAND ${CMAKE_COMMAND} -E env ${DISCOVER_ENVIRONMENT}
+      ${CMAKE_COMMAND} -D PROGRAM=$<TARGET_FILE:${target}> -D "ENVIRONMENT=${DISCOVER_ENVIRONMENT}" -D SUITES=${suites}
+        -P ${CMAKE_SOURCE_DIR}/cmake/ListSuites.cmake)
+  # Until it has been built CTest says so by a test that fails.
+  if(NOT EXISTS ${suites})
+    file(WRITE ${suites} "add_test(${target}_is_not_built ${CMAKE_COMMAND} -E false)\n")
+  endif()
+  set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${suites})
+endfunction()
+
+# orvane_join_sources(TARGET): compiles several of its files as one. Most of the time that a test takes to compile goes
+# into templates which its neighbours use as well. Names in unnamed namespaces must then differ within a folder.
+function(orvane_join_sources target)
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 6)
+  # The compiler takes the joined files for headers.
+  target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+endfunction()
