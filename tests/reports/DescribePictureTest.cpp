@@ -10,8 +10,8 @@ using ::testing::HasSubstr;
 
 namespace {
 
-constexpr PictureContent WithForces{.ForceValues = true, .Names = false};
-constexpr PictureContent WithNames{.ForceValues = false, .Names = true};
+constexpr PictureContent DescribedForces{.ForceValues = true, .Names = false};
+constexpr PictureContent DescribedNames{.ForceValues = false, .Names = true};
 
 TrussBuilder Rod() {
   return TrussBuilder().Member(0, 0, 4, 0, "AB").Clamp(0, 0, "Ax", "Ay").Joint(0, 0, "A").Joint(4, 0, "B");
@@ -28,19 +28,19 @@ TEST(DescribePicture, CountsWhatIsToBeSeen) {
                           .Force(4, 0, 2, 0)
                           .Joint(4, 3, "C");
   EXPECT_EQ(
-      DescribePicture(truss, WithForces),
+      DescribePicture(truss, DescribedForces),
       "Drawing of a truss with 2 members, 3 joints, 3 supports (1 clamp, 2 rollers) and 2 applied forces "
       "(its size beside each arrow). Names are not shown.");
 }
 
 TEST(DescribePicture, OneOfAKindAndNone) {
   EXPECT_EQ(
-      DescribePicture(TrussBuilder().Roller(0, 0, "R").Force(0, 0, 1, 0), WithForces),
+      DescribePicture(TrussBuilder().Roller(0, 0, "R").Force(0, 0, 1, 0), DescribedForces),
       "Drawing of a truss with no members, 1 joint, 1 support (no clamps, 1 roller) and 1 applied force "
       "(its size beside each arrow). Names are not shown.");
-  EXPECT_THAT(DescribePicture(Rod(), WithForces),
+  EXPECT_THAT(DescribePicture(Rod(), DescribedForces),
               HasSubstr("1 member, 2 joints, 1 support (1 clamp, no rollers) and no applied forces. "));
-  EXPECT_THAT(DescribePicture(TrussBuilder(), WithForces),
+  EXPECT_THAT(DescribePicture(TrussBuilder(), DescribedForces),
               HasSubstr("no members, no joints, no supports and no applied forces. "));
 }
 
@@ -49,21 +49,22 @@ TEST(DescribePicture, WhatIsErasedIsNotToBeSeen) {
   truss.Members[2].Live = false;
   truss.Supports[1].Live = false;
   truss.Forces[1].Active = false;
-  EXPECT_THAT(DescribePicture(truss, WithNames),
+  EXPECT_THAT(DescribePicture(truss, DescribedNames),
               HasSubstr("1 member, 2 joints, no supports and 1 applied force. "));
-  EXPECT_THAT(DescribePicture(truss, WithNames), EndsWith("are named.")) << "the erased member has no name";
+  EXPECT_THAT(DescribePicture(truss, DescribedNames), EndsWith("are named."))
+      << "the erased member has no name";
 }
 
 TEST(DescribePicture, OfTheSupportsOnlyLiveOnesAreClampsOrRollers) {
-  EXPECT_THAT(DescribePicture(Rod().Roller(4, 0, "R").Clamp(4, 0, "x", "y").ThenErased(), WithForces),
+  EXPECT_THAT(DescribePicture(Rod().Roller(4, 0, "R").Clamp(4, 0, "x", "y").ThenErased(), DescribedForces),
               HasSubstr("2 supports (1 clamp, 1 roller)"));
 }
 
 TEST(DescribePicture, SaysHowFarItIsNamed) {
-  EXPECT_THAT(DescribePicture(Rod(), WithNames),
+  EXPECT_THAT(DescribePicture(Rod(), DescribedNames),
               EndsWith("forces. Joints, member forces and reaction forces are named."));
-  EXPECT_THAT(DescribePicture(Rod().Member(4, 0, 4, 3).Roller(4, 0), WithNames),
+  EXPECT_THAT(DescribePicture(Rod().Member(4, 0, 4, 3).Roller(4, 0), DescribedNames),
               EndsWith("are named, but for 3 of 8."));
-  EXPECT_THAT(DescribePicture(TrussBuilder().Member(0, 0, 4, 0).Roller(0, 0), WithNames),
+  EXPECT_THAT(DescribePicture(TrussBuilder().Member(0, 0, 4, 0).Roller(0, 0), DescribedNames),
               EndsWith("Nothing is named yet."));
 }
