@@ -1,8 +1,9 @@
-// The exact verdict, alone and with its reasons, on trusses of all shapes.
+// The exact verdict, alone and with its reasons, and the solution by hand, on trusses of all shapes.
 #include <benchmark/benchmark.h>
 
 #include "explanation/ExactVerdict.h"
 #include "explanation/MotionText.h"
+#include "explanation/byjoint/HandSolution.h"
 #include "support/TrussShapes.h"
 
 namespace {
@@ -83,10 +84,19 @@ void EveryMotionOfAStarTold(benchmark::State& state) {
   }
 }
 
+void JointByJoint(benchmark::State& state) {
+  const TrussGraph graph = ShapeNumber(state);
+  for (auto unused : state) {
+    const HandSolution solution = SolveByHand(graph);
+    benchmark::DoNotOptimize(solution.Steps.data());
+  }
+}
+
 const std::vector<std::vector<std::int64_t>> ShapesAndSizes = {{0, 1, 2, 3}, {200, 1000, 4096}};
 
 BENCHMARK(ExactVerdictAlone)->ArgsProduct(ShapesAndSizes)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(ExactVerdictWithReasons)->ArgsProduct(ShapesAndSizes)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(JointByJoint)->ArgsProduct(ShapesAndSizes)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 BENCHMARK(EveryMotionOfAStarTold)
     ->Arg(200)

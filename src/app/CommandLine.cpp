@@ -146,6 +146,8 @@ class Parser {
       TakeExplained(ExplainedSection::Why);
     } else if (section == "checks") {
       TakeExplained(ExplainedSection::Checks);
+    } else if (section == "byjoint") {
+      TakeExplained(ExplainedSection::ByJoint);
     } else {
       Fail("there is no report section \"" + std::string(section) + '"');
     }
@@ -240,7 +242,8 @@ const char* HelpText() {
 orvane [FILE...]                            open the window, on FILE when given; one for each of several
 orvane --report[=SECTION,...] FILE...       print reports: counting, joints, equations, rref, solutions
                                             (all when none is named); also why: what stands behind the
-                                            conclusion, and checks: oversights of the drawing
+                                            conclusion, checks: oversights of the drawing, and
+                                            byjoint: the method of joints, as it is done by hand
 orvane --json [--matrices] FILE...          one JSON object per file and line
 orvane --json --explain FILE...             the same with the exact verdict, its reasons, and the checks
 orvane --csv=equations|rref|solutions FILE  that table as CSV

@@ -1,5 +1,6 @@
 #include "app/ExplanationJson.h"
 
+#include "app/ByJointJson.h"
 #include "app/ExplanationReport.h"
 #include "explanation/MotionText.h"
 
@@ -139,4 +140,5 @@ void AddExplanation(JsonStream& object, const AnalysedFile& file,
         .Key("certainFigures", figures ? std::to_string(*figures) : "null");
   }
   object.Array("checks", [&](JsonStream& list) { WriteFindings(list, file, format); });
+  if (explanation) object.Key("byJoint", ByJointJson(file, format));
 }

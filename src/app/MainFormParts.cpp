@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
+#include <QRegularExpression>
 #include <QShortcut>
 #include <QStatusBar>
 
@@ -14,6 +15,7 @@
 #include "app/MainForm.h"
 #include "app/StatusPanel.h"
 #include "app/TrussDrop.h"
+#include "platform/qt/FittedText.h"
 #include "platform/qt/WindowInFront.h"
 #include "reports/JointEquationsPanel.h"
 #include "reports/ReportWindow.h"
@@ -159,6 +161,8 @@ void MainForm::CreateMenus() {
   mnuSettings_->setObjectName(QStringLiteral("mnuSettings"));
   CreateLearnMenu();
   CreateHelpMenu();
+  for (QMenu* menu : menuBar()->findChildren<QMenu*>(QRegularExpression(QStringLiteral("^mnu"))))
+    connect(menu, &QMenu::aboutToShow, menu, [menu] { FitMenu(*menu); });
   mnuSettings_->setEnabled(false);
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "analysis/JointEquations.h"
+#include "app/ByJointReport.h"
 #include "app/ExplanationReport.h"
 #include "explanation/RoundingText.h"
 #include "reports/CountingReport.h"
@@ -143,9 +144,10 @@ void WriteReport(std::ostream& out, const AnalysedFile& file, const WantedSectio
     notice();
   });
   for (const ExplainedSection explained : wanted.Explained) {
-    const bool isWhy = explained == ExplainedSection::Why;
-    section(isWhy && hasUnknowns, [&] { WriteWhy(out, reasons.Whole(), format); });
-    section(!isWhy, [&] { WriteChecks(out, file, format); });
+    const auto wants = [&](ExplainedSection which) { return explained == which; };
+    section(wants(ExplainedSection::Why) && hasUnknowns, [&] { WriteWhy(out, reasons.Whole(), format); });
+    section(wants(ExplainedSection::Checks), [&] { WriteChecks(out, file, format); });
+    section(wants(ExplainedSection::ByJoint) && hasUnknowns, [&] { WriteByJoint(out, file, format); });
   }
 }
 

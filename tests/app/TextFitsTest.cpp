@@ -137,6 +137,41 @@ TEST_P(TextFits, OfTheDialogs) {
   EXPECT_EQ(dialogs, 3);
 }
 
+// A menu as it is painted, without its frame and the keys on its right.
+QImage TextsOf(QMenu& menu) {
+  int keys = 0;
+  for (const QAction* action : menu.actions()) {
+    const QString key = action->shortcut().toString(QKeySequence::NativeText);
+    if (!key.isEmpty()) keys = std::max(keys, menu.fontMetrics().horizontalAdvance(key) + 40);
+  }
+  const QImage image = menu.grab().toImage();
+  const auto pixels = [&](int width) { return static_cast<int>(width * image.devicePixelRatio()); };
+  return image.copy(pixels(4), 0, image.width() - pixels(keys + 8), image.height());
+}
+
+TEST_P(TextFits, OfTheMenus) {
+  Started();
+  for (const int step : {1, 3}) {
+    if (step == 3) OpenInStep3(LongNames());
+    for (const QAction* entry : form_->menuBar()->actions()) {
+      QMenu* menu = entry->menu();
+      if (menu == nullptr) continue;
+      menu->popup(form_->mapToGlobal(QPoint(0, 40)));
+      QApplication::processEvents();
+      const QImage shown = TextsOf(*menu);
+      menu->setMinimumWidth(menu->width() + 200);
+      QEvent measureAgain(QEvent::FontChange);
+      QApplication::sendEvent(menu, &measureAgain);
+      QApplication::processEvents();
+      const QImage withMoreRoom = TextsOf(*menu);
+      EXPECT_GT(withMoreRoom.width(), shown.width());
+      EXPECT_EQ(shown, withMoreRoom.copy(shown.rect()))
+          << menu->objectName().toStdString() << " in Step " << step;
+      menu->close();
+    }
+  }
+}
+
 TEST_P(TextFits, OfTheReportWindow) {
   Started();
   Truss redundant = LongNames();

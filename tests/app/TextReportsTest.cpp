@@ -331,6 +331,22 @@ TEST(TextReports, WhyOpensWithTheKindOfTheTruss) {
   EXPECT_THAT(out.str(), testing::HasSubstr("\n\nThe exact verdict:\nEvery force is determined"));
 }
 
+TEST(TextReports, SolvesJointByJointWhenAsked) {
+  std::ostringstream out;
+  WriteReport(out, Analysed(Triangle()), {{}, {ExplainedSection::ByJoint}}, {});
+  const std::string text = out.str();
+  EXPECT_TRUE(
+      text.starts_with("Joint by joint:\nEvery member is assumed to push into the joints at its ends."));
+  EXPECT_NE(text.find("\n\n1.  Reactions\n    The balance of the whole truss.\n"), std::string::npos);
+  EXPECT_NE(text.find("\n\n2.  Joint A\n    Sought:  "), std::string::npos);
+  EXPECT_TRUE(
+      text.ends_with("\n\nEvery force is found.\nThe values agree with the solutions that the reduced "
+                     "matrix gives.\n"));
+  std::ostringstream none;
+  WriteReport(none, Analysed(TrussBuilder().Force(1, 1, 0, 5)), {{}, {ExplainedSection::ByJoint}}, {});
+  EXPECT_EQ(none.str(), "") << "without unknown forces there is nothing to solve";
+}
+
 TEST(TextReports, ExplanationsFollowInTheOrderNamed) {
   std::ostringstream out;
   WriteReport(out, Analysed(Triangle()), {OnlySolutions, {ExplainedSection::Checks, ExplainedSection::Why}},

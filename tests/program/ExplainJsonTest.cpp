@@ -40,8 +40,8 @@ int NumberAt(const QJsonValue& value, const char* key) {
 TEST(ExplainJson, AddsItsKeysAfterTheUsualOnes) {
   const QByteArray json = JsonOf(QStringLiteral("-"), TriangleText());
   qsizetype at = json.indexOf("\"conclusion\":");
-  for (const char* key :
-       {"exact", "unknownsAt", "motions", "selfStresses", "proof", "advice", "certainFigures", "checks"}) {
+  for (const char* key : {"exact", "unknownsAt", "motions", "selfStresses", "proof", "advice",
+                          "certainFigures", "checks", "byJoint"}) {
     const qsizetype next = json.indexOf(QByteArray(",\"") + key + "\":", at);
     EXPECT_GT(next, at) << key;
     at = next;
@@ -128,6 +128,21 @@ TEST(ExplainJson, OfATrussWithoutUnknownForcesOnlyTheChecksAreTold) {
              "0\r\n0\r\n1\r\n4,4,0,-5\r\n1\r\n4,4,\"A\"\r\n");
   EXPECT_FALSE(json.contains("\"exact\":"));
   EXPECT_TRUE(json.contains("\"checks\":[{\"Kind\":\"apart\",\"X\":4,\"Y\":4,"));
+}
+
+TEST(ExplainJson, SolvesJointByJoint) {
+  const QJsonObject object = QJsonDocument::fromJson(JsonOf(QStringLiteral("-"), TriangleText())).object();
+  const QJsonArray steps = ArrayAt(object, "byJoint");
+  ASSERT_EQ(steps.size(), 4);
+  EXPECT_EQ(TextAt(steps[0], "Kind"), QStringLiteral("reactions"));
+  EXPECT_FALSE(steps[0].toObject().contains(QStringLiteral("Joint")));
+  EXPECT_EQ(ArrayAt(steps[0], "solved").size(), 3);
+  EXPECT_EQ(TextAt(steps[1], "Kind"), QStringLiteral("joint"));
+  EXPECT_EQ(NumberAt(steps[1], "Joint"), 1);
+  EXPECT_TRUE(TextAt(steps[1], "text").startsWith(QStringLiteral("Joint A\n")));
+  const QJsonObject solved = ArrayAt(steps[1], "solved").first().toObject();
+  EXPECT_EQ(solved.keys(), (QStringList{QStringLiteral("Unknown"), QStringLiteral("Value")}));
+  EXPECT_EQ(TextAt(ArrayAt(object, "byJoint").last(), "Kind"), QStringLiteral("joint"));
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ CountingReport ReportOn(Truss truss) {
   return ReportCounting(CountTruss(truss));
 }
 
-TrussBuilder Triangle() {
+TrussBuilder CountedTriangle() {
   return TrussBuilder()
       .Member(8, 0, 4, 3, "BC")
       .Member(0, 0, 8, 0, "AB")
@@ -56,7 +56,7 @@ constexpr const char* FewerEquationsCount =
 TEST(CountingReport, OfATriangle) {
   // Members and reactions are listed as they were drawn, joints by name.
   EXPECT_EQ(
-      ReportOn(Triangle()).Text(),
+      ReportOn(CountedTriangle()).Text(),
       std::string("The forces:  This truss contains 6 unknown forces:\r\n"
                   "\r\n"
                   "- the 3 member force(s), labelled BC, AB, AC, \r\n"
@@ -82,7 +82,7 @@ TEST(CountingReport, OfATriangle) {
 }
 
 TEST(CountingReport, KeepsItsThreeParagraphs) {
-  const CountingReport report = ReportOn(Triangle());
+  const CountingReport report = ReportOn(CountedTriangle());
   EXPECT_EQ(report.Text(), "The forces:  " + report.Forces + "The equations:  " + report.Equations +
                                "The count:  " + report.Count);
   EXPECT_THAT(report.Forces, StartsWith("This truss contains 6 unknown forces:"));

@@ -10,8 +10,8 @@ using ::testing::HasSubstr;
 
 namespace {
 
-constexpr PictureContent DescribedForces{.ForceValues = true, .Names = false};
-constexpr PictureContent DescribedNames{.ForceValues = false, .Names = true};
+constexpr PictureContent WithForces{.ForceValues = true, .Names = false};
+constexpr PictureContent NamesAlone{.ForceValues = false, .Names = true};
 
 TrussBuilder Rod() {
   return TrussBuilder().Member(0, 0, 4, 0, "AB").Clamp(0, 0, "Ax", "Ay").Joint(0, 0, "A").Joint(4, 0, "B");
@@ -49,10 +49,9 @@ TEST(DescribePicture, WhatIsErasedIsNotToBeSeen) {
   truss.Members[2].Live = false;
   truss.Supports[1].Live = false;
   truss.Forces[1].Active = false;
-  EXPECT_THAT(DescribePicture(truss, DescribedNames),
+  EXPECT_THAT(DescribePicture(truss, NamesAlone),
               HasSubstr("1 member, 2 joints, no supports and 1 applied force. "));
-  EXPECT_THAT(DescribePicture(truss, DescribedNames), EndsWith("are named."))
-      << "the erased member has no name";
+  EXPECT_THAT(DescribePicture(truss, NamesAlone), EndsWith("are named.")) << "the erased member has no name";
 }
 
 TEST(DescribePicture, OfTheSupportsOnlyLiveOnesAreClampsOrRollers) {
@@ -61,10 +60,10 @@ TEST(DescribePicture, OfTheSupportsOnlyLiveOnesAreClampsOrRollers) {
 }
 
 TEST(DescribePicture, SaysHowFarItIsNamed) {
-  EXPECT_THAT(DescribePicture(Rod(), DescribedNames),
+  EXPECT_THAT(DescribePicture(Rod(), NamesAlone),
               EndsWith("forces. Joints, member forces and reaction forces are named."));
-  EXPECT_THAT(DescribePicture(Rod().Member(4, 0, 4, 3).Roller(4, 0), DescribedNames),
+  EXPECT_THAT(DescribePicture(Rod().Member(4, 0, 4, 3).Roller(4, 0), NamesAlone),
               EndsWith("are named, but for 3 of 8."));
-  EXPECT_THAT(DescribePicture(TrussBuilder().Member(0, 0, 4, 0).Roller(0, 0), DescribedNames),
+  EXPECT_THAT(DescribePicture(TrussBuilder().Member(0, 0, 4, 0).Roller(0, 0), NamesAlone),
               EndsWith("Nothing is named yet."));
 }

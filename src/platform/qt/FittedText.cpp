@@ -1,9 +1,13 @@
 #include "platform/qt/FittedText.h"
 
+#include <QAction>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QLabel>
 #include <QLayout>
+#include <QMenu>
 #include <QPushButton>
 #include <QStyle>
 #include <QStyleOptionButton>
@@ -81,6 +85,22 @@ void FitCaptions(const QList<QPushButton*>& buttons, const QFont& wanted) {
     });
   });
   for (QPushButton* button : buttons) button->setFont(font);
+}
+
+void FitMenu(QMenu& menu) {
+  constexpr int reckonedWith = 20;
+  const auto measureAgain = [&menu] {
+    QEvent change(QEvent::FontChange);
+    QCoreApplication::sendEvent(&menu, &change);
+  };
+  menu.setMinimumWidth(0);
+  measureAgain();
+  int rowHeight = 0;
+  for (QAction* action : menu.actions())
+    rowHeight = std::max(rowHeight, menu.actionGeometry(action).height());
+  if (rowHeight <= reckonedWith) return;
+  menu.setMinimumWidth(menu.sizeHint().width() + rowHeight - reckonedWith);
+  measureAgain();
 }
 
 void ForgetSizes(QWidget& widget) {

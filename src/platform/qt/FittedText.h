@@ -8,6 +8,7 @@
 #include <functional>
 
 class QLabel;
+class QMenu;
 class QPushButton;
 class QWidget;
 
@@ -43,6 +44,11 @@ void FitCaptions(const QList<QPushButton*>& buttons, const QFont& wanted);
 /// itself (larger letters, widths in letters) is set by `adapt`, for each font that is tried.
 void FitWidget(QWidget& widget, const QFont& wanted, QSize room,
                const std::function<void(const QFont&)>& adapt = {});
+
+/// Makes a menu that is about to be shown as wide as its texts. Fusion, the usual style, draws a column for
+/// marks nearly as wide as a row is high, but reckons with 20 pixels: with large letters it would shorten the
+/// longest text.
+void FitMenu(QMenu& menu);
 
 /// Makes the layouts of a widget ask again how large everything is, also of what was never shown.
 void ForgetSizes(QWidget& widget);

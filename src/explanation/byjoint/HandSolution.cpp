@@ -1,0 +1,255 @@
+// See the header.
+#include "explanation/byjoint/HandSolution.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <set>
+#include <utility>
+
+#include "explanation/byjoint/JointBalance.h"
+#include "explanation/byjoint/Sections.h"
+#include "explanation/byjoint/Together.h"
+#include "explanation/byjoint/TrussBalance.h"
+#include "explanation/byjoint/WholeTruss.h"
+#include "explanation/byjoint/ZeroForces.h"
+
+namespace {
+
+class HandSolver {
+ public:
+  explicit HandSolver(const TrussGraph& graph)
+      : graph_(graph),
+        balance_(graph),
+        pieces_(PiecesOf(graph)),
+        isOut_(graph.NumJoints()),
+        isDone_(graph.NumJoints()),
+        sections_(balance_, isOut_) {}
+
+  HandSolution All() {
+    SolveReactions();
+    FindZeroForces();
+    for (int j = 1; j <= graph_.NumJoints(); ++j) LookAt(j);
+    while (NextStep()) {
+    }
+    CheckTheRest();
+    solution_.Values.Resize(graph_.NumUnknowns());
+    for (int k = 1; k <= graph_.NumUnknowns(); ++k) {
+      if (balance_.IsKnown(k)) solution_.Values[k] = balance_.Value(k);
+    }
+    solution_.AllSectionsSought = !sections_.IsExhausted();
+    return std::move(solution_);
+  }
+
+ private:
+  std::vector<int> FarJoints(int unknown) const {
+    const PlacedUnknown& placed = graph_.Unknowns[unknown];
+    if (placed.IsMember()) return {placed.JointA, placed.JointB};
+    return {placed.JointA};
+  }
+
+  void SolveReactions() {
+    std::vector<std::vector<int>> joints(static_cast<std::size_t>(pieces_.Count));
+    for (int j = 1; j <= graph_.NumJoints(); ++j)
+      joints[static_cast<std::size_t>(pieces_.OfJoint[j])].push_back(j);
+    for (const std::vector<int>& piece : joints) {
+      // The equations of a single joint are its own.
+      if (piece.size() < 2) continue;
+      if (auto step = ReactionsOf(balance_, piece)) Take(std::move(*step), piece.front());
+    }
+  }
+
+  // Each member found may tell something at its other end.
+  void FindZeroForces() {
+    std::set<int> waiting;
+    for (int j = 1; j <= graph_.NumJoints(); ++j) waiting.insert(j);
+    while (!waiting.empty()) {
+      const int joint = *waiting.begin();
+      waiting.erase(waiting.begin());
+      if (isOut_[joint] != 0) continue;
+      auto step = ZeroForcesAt(balance_, joint);
+      if (!step) continue;
+      for (const UnknownForce& force : step->Solved) {
+        for (const int end : FarJoints(force.Unknown)) waiting.insert(end);
+      }
+      // Without a load and without a member nothing is left to check.
+      if (balance_.NumSoughtAt(joint) == 0 && step->Rule != ZeroRule::LoadAlongOne) isDone_[joint] = 1;
+      Take(std::move(*step), joint);
+    }
+  }
+
+  // Puts a joint among those that can be solved.
+  void LookAt(int joint) {
+    ready_.erase(joint);
+    poor_.erase(joint);
+    if (isOut_[joint] != 0 || balance_.NumSoughtAt(joint) == 0 || balance_.NumSoughtAt(joint) > 2) return;
+    const double share = SolvableShare(balance_, joint);
+    if (share == 0) {
+      if (ContradictsAcross(balance_, joint)) false_.insert(joint);
+    } else {
+      (share >= NearlyVanishing ? ready_ : poor_).insert(joint);
+    }
+  }
+
+  void Take(HandStep step, int joint) {
+    for (const UnknownForce& force : step.Solved) {
+      for (const int end : FarJoints(force.Unknown)) LookAt(end);
+    }
+    if (step.Contradicts) CloseAround(joint);
+    solution_.Steps.push_back(std::move(step));
+  }
+
+  void CloseAround(int joint) {
+    for (int j = 1; j <= graph_.NumJoints(); ++j) {
+      if (pieces_.OfJoint[j] != pieces_.OfJoint[joint]) continue;
+      isOut_[j] = 1;
+      LookAt(j);
+      false_.erase(j);
+    }
+  }
+
+  bool NextStep() {
+    if (!false_.empty()) {
+      const int joint = *false_.begin();
+      Take(ContradictionAcross(balance_, joint), joint);
+    } else if (!ready_.empty()) {
+      TakeJoint(NextReady());
+    } else if (NothingSought()) {
+      return false;
+    } else if (!TakeSection(NearlyVanishing) && !TakeAcross(NearlyVanishing) && !TakePoorJoint() &&
+               !TakeSection(0) && !TakeAcross(0)) {
+      return TakeTogether();
+    }
+    return true;
+  }
+
+  bool NothingSought() const {
+    for (int j = 1; j <= graph_.NumJoints(); ++j) {
+      if (isOut_[j] == 0 && balance_.NumSoughtAt(j) > 0) return false;
+    }
+    return true;
+  }
+
+  // A neighbour of the last joint, else the first of all.
+  int NextReady() const {
+    int next = *ready_.begin();
+    bool isNeighbour = false;
+    if (last_ == 0) return next;
+    for (const int k : balance_.ActingAt(last_)) {
+      for (const int far : FarJoints(k)) {
+        if (far == last_ || !ready_.contains(far)) continue;
+        if (!isNeighbour || far < next) next = far;
+        isNeighbour = true;
+      }
+    }
+    return next;
+  }
+
+  void TakeJoint(int joint) {
+    isDone_[joint] = 1;
+    last_ = joint;
+    Take(SolveJoint(balance_, joint), joint);
+  }
+
+  bool TakePoorJoint() {
+    int best = 0;
+    double largest = 0;
+    for (const int joint : poor_) {
+      const double share = SolvableShare(balance_, joint);
+      if (share <= largest) continue;
+      largest = share;
+      best = joint;
+    }
+    if (best != 0) TakeJoint(best);
+    return best != 0;
+  }
+
+  bool TakeSection(double leastShare) {
+    const auto cut = sections_.Find(leastShare);
+    if (cut) TakeCut(*cut);
+    return cut.has_value();
+  }
+
+  void TakeCut(const SectionCut& cut) {
+    HandStep step{.Kind = HandStepKind::Section};
+    step.Joints = cut.Joints;
+    for (const int joint : cut.Joints) {
+      for (const int k : balance_.ActingAt(joint)) {
+        const auto isInside = [&](int end) { return std::ranges::binary_search(cut.Joints, end); };
+        if (graph_.Unknowns[k].IsMember() && !std::ranges::all_of(FarJoints(k), isInside))
+          step.Cut.push_back(k);
+      }
+    }
+    std::ranges::sort(step.Cut);
+    Balance sum = balance_.BalanceOf(cut.Joints, cut.Equation);
+    step.PutAside = sum.PutAside;
+    step.Contradicts = cut.Unknown == 0;
+    if (cut.Unknown != 0) step.Solved.push_back(balance_.Solve(sum));
+    step.Equations.push_back(std::move(sum.Equation));
+    Take(std::move(step), cut.Joints.front());
+  }
+
+  bool TakeAcross(double leastShare) {
+    for (int j = 1; j <= graph_.NumJoints(); ++j) {
+      if (isOut_[j] != 0) continue;
+      const AcrossLine across = OneAcross(balance_, j);
+      if (across.Unknown == 0 || across.Share < leastShare) continue;
+      last_ = j;
+      Take(SolveAcross(balance_, j, across), j);
+      return true;
+    }
+    return false;
+  }
+
+  bool TakeTogether() {
+    for (const std::vector<int>& joints : JoinedBySought(balance_, isOut_)) {
+      auto step = SolveTogether(balance_, joints);
+      if (!step) continue;
+      // Better than that they contradict each other is where.
+      const auto cut = step->Contradicts ? sections_.FindFalse() : std::nullopt;
+      if (cut) {
+        TakeCut(*cut);
+        return true;
+      }
+      for (const int joint : joints) isDone_[joint] = 1;
+      Take(std::move(*step), joints.front());
+      return true;
+    }
+    return false;
+  }
+
+  void CheckTheRest() {
+    for (int j = 1; j <= graph_.NumJoints(); ++j) {
+      if (isOut_[j] != 0 || isDone_[j] != 0) continue;
+      if (balance_.NumSoughtAt(j) > 0) {
+        if (ContradictsAcross(balance_, j)) Take(ContradictionAcross(balance_, j), j);
+        continue;
+      }
+      HandStep step = SolveJoint(balance_, j);
+      if (!step.Equations.empty()) Take(std::move(step), j);
+    }
+  }
+
+  const TrussGraph& graph_;
+  TrussBalance balance_;
+  TrussPieces pieces_;
+  Table<char> isOut_;   // of a part that contradicts itself
+  Table<char> isDone_;  // whose equations have been used
+  SectionSearch sections_;
+  std::set<int> ready_, poor_, false_;
+  int last_ = 0;
+  HandSolution solution_;
+};
+
+}  // namespace
+
+const char* KindWord(HandStepKind kind) {
+  constexpr std::array words = {"reactions", "zero-force", "joint", "section", "together"};
+  return words[static_cast<std::size_t>(kind)];
+}
+
+bool HandSolution::Contradicts() const {
+  return std::ranges::any_of(Steps, [](const HandStep& step) { return step.Contradicts; });
+}
+
+HandSolution SolveByHand(const TrussGraph& graph) { return HandSolver(graph).All(); }

@@ -1,0 +1,238 @@
+// See the header.
+#include "explanation/byjoint/HandText.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "explanation/Directions.h"
+
+namespace {
+
+std::vector<int> UnknownsOf(const std::vector<UnknownForce>& forces) {
+  std::vector<int> unknowns;
+  unknowns.reserve(forces.size());
+  for (const UnknownForce& force : forces) unknowns.push_back(force.Unknown);
+  return unknowns;
+}
+
+// "A - x" and "A - y", as the table of the equations calls its rows.
+std::string RowName(const std::string& joint, BalanceKind kind) {
+  if (kind == BalanceKind::X) return joint + " - x, ";
+  return kind == BalanceKind::Y ? joint + " - y, " : "";
+}
+
+std::string Capital(std::string text) {
+  if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
+  return text;
+}
+
+}  // namespace
+
+HandText::HandText(const TrussGraph& graph, const HandSolution& solution, const ReportFormat& format)
+    : graph_(graph),
+      solution_(solution),
+      format_(format),
+      names_(graph),
+      equations_(graph, names_, format_) {}
+
+const char* HandText::Convention() {
+  return "Every member is assumed to push into the joints at its ends.  A positive value is compression (C); "
+         "a negative one says that the member pulls: tension (T).  Reactions are assumed in the directions "
+         "of their arrows.";
+}
+
+HandStepText HandText::Step(const HandStep& step) const {
+  switch (step.Kind) {
+    case HandStepKind::Reactions:
+      return Reactions(step);
+    case HandStepKind::ZeroForce:
+      return ZeroForce(step);
+    case HandStepKind::Joint:
+      return Joint(step);
+    case HandStepKind::Section:
+      return Section(step);
+    case HandStepKind::Together:
+      break;
+  }
+  return Together(step);
+}
+
+void HandText::AddEquations(const HandStep& step, std::vector<std::string>& lines) const {
+  for (const BalanceEquation& equation : step.Equations) {
+    const std::string row =
+        step.Kind == HandStepKind::Joint ? RowName(names_.Joint(step.Joint), equation.Kind) : "";
+    const std::string what = equations_.What(equation);
+    const std::string letters = equations_.InLetters(equation);
+    const std::string numbers = equations_.WithNumbers(equation);
+    lines.push_back((row.empty() ? Capital(what) : row + what) + ":  " + letters);
+    if (numbers != letters) lines.push_back("With numbers:  " + numbers);
+    const std::string result = equations_.Result(equation);
+    if (!result.empty() && result != numbers) lines.push_back("So  " + result + '.');
+  }
+  const bool together = !step.Equations.empty() && step.Equations.front().Use == BalanceUse::SolvesTogether;
+  if (!together) return;
+  lines.push_back("Both together:  " + equations_.Value(step.Solved[0]) + ";  " +
+                  equations_.Value(step.Solved[1]) + '.');
+}
+
+HandStepText HandText::Reactions(const HandStep& step) const {
+  const bool all = static_cast<int>(step.Joints.size()) == graph_.NumJoints();
+  HandStepText text{"Reactions", {}};
+  text.Lines.push_back(all ? "The balance of the whole truss."
+                           : "The balance of the part with " + names_.Joints(step.Joints) + ".");
+  AddEquations(step, text.Lines);
+  return text;
+}
+
+HandStepText HandText::ZeroForce(const HandStep& step) const {
+  const std::string joint = names_.Joint(step.Joint);
+  const std::vector<int> zeros = UnknownsOf(step.Solved);
+  const std::string zero = names_.Forces(zeros);
+  const std::string line = names_.Forces(step.InLine);
+  const bool one = step.InLine.size() == 1;
+  std::string why;
+  switch (step.Rule) {
+    case ZeroRule::Alone:
+      why = "Only " + zero + " is left at joint " + joint + ", and no load acts there: it carries nothing.";
+      break;
+    case ZeroRule::TwoOutOfLine:
+      why = zero + " are alone at joint " + joint +
+            ", not in one line and without a load: neither carries anything.";
+      break;
+    case ZeroRule::ThirdOfThree:
+      why = line + " lie in one line at joint " + joint + ", and no load acts there: " + zero +
+            ", the only other member, carries nothing.";
+      break;
+    case ZeroRule::LoadAlongOne:
+      why = line + (one ? " lies" : " lie") + " in one line with what acts on joint " + joint + ": " + zero +
+            ", the only other member, carries nothing.";
+      break;
+  }
+  return {"Nothing in " + zero, {why}};
+}
+
+HandStepText HandText::Joint(const HandStep& step) const {
+  HandStepText text{"Joint " + names_.Joint(step.Joint), {}};
+  const std::vector<int> found = UnknownsOf(step.Solved);
+  if (found.empty() && step.PutAside.empty()) {
+    text.Lines.emplace_back("No force is sought here any more: a check.");
+  } else if (!found.empty()) {
+    const bool member = std::ranges::any_of(found, [&](int k) { return graph_.Unknowns[k].IsMember(); });
+    text.Lines.push_back("Sought:  " + names_.Forces(found) +
+                         (member ? ", assumed to push into the joint." : ", assumed along its arrow."));
+  }
+  if (!step.LeftOut.empty()) {
+    const bool one = step.LeftOut.size() == 1;
+    text.Lines.push_back("Left out:  " + names_.Forces(step.LeftOut) +
+                         (one ? ", which is 0." : ", which are 0."));
+  }
+  if (!step.PutAside.empty()) text.Lines.push_back(PutAside(step));
+  AddEquations(step, text.Lines);
+  return text;
+}
+
+// Why the equation leaves one force alone.
+std::string HandText::PutAside(const HandStep& step) const {
+  const BalanceEquation& equation = step.Equations.front();
+  const std::string aside = names_.Forces(step.PutAside);
+  const bool one = step.PutAside.size() == 1;
+  const std::string alone =
+      step.Solved.empty() ? "" : ", which leaves " + names_.Force(step.Solved.front().Unknown) + " alone";
+  if (equation.Kind == BalanceKind::Moment) {
+    return aside + (one ? " passes through " : " meet in ") +
+           names_.Point(equation.AtX, equation.AtY, format_) + ", so their moment about it is 0" + alone +
+           '.';
+  }
+  return aside + (one ? " has" : " lie in one direction and have") + " no component across" +
+         (one ? " its line" : " it") + alone + '.';
+}
+
+HandStepText HandText::Section(const HandStep& step) const {
+  HandStepText text{"Section through " + names_.Forces(step.Cut), {}};
+  if (step.Cut.empty()) text.Heading = "Part of the truss";
+  text.Lines.push_back(
+      "The part with " + names_.Joints(step.Joints) + " is looked at." +
+      (step.Cut.empty() ? "" : "  The members that are cut act on it at their joints there."));
+  if (!step.PutAside.empty()) text.Lines.push_back(PutAside(step));
+  AddEquations(step, text.Lines);
+  return text;
+}
+
+HandStepText HandText::Together(const HandStep& step) const {
+  const auto count = static_cast<int>(step.Unknowns.size());
+  HandStepText text{Counted(count, "unknown force", "unknown forces") + " together", {}};
+  text.Lines.push_back("No joint and no section leaves a single unknown force.  The equations of " +
+                       names_.Joints(step.Joints) + " must be solved together for " +
+                       names_.Forces(step.Unknowns) + ", as the matrix does.");
+  if (step.Contradicts) {
+    text.Lines.emplace_back("These equations contradict each other: no forces balance the loads.");
+    return text;
+  }
+  if (step.Solved.size() < step.Unknowns.size()) {
+    text.Lines.push_back("They determine " +
+                         Counted(static_cast<int>(step.Solved.size()), "force", "forces") + ".");
+  }
+  for (const UnknownForce& force : step.Solved) text.Lines.push_back(equations_.Value(force) + '.');
+  return text;
+}
+
+std::vector<std::string> HandText::Closing(const Classification& shown) const {
+  std::vector<std::string> lines;
+  std::vector<int> open;
+  for (int k = 1; k <= solution_.Values.Size(); ++k) {
+    if (!solution_.Values[k]) open.push_back(k);
+  }
+  if (solution_.Contradicts()) {
+    lines.emplace_back(
+        "The equations contradict each other, so no forces balance the loads.  The values found before that "
+        "satisfy only the equations from which they come.");
+    if (!open.empty()) lines.push_back("Not found:  " + names_.Forces(open, 24) + ".");
+    return lines;
+  }
+  if (open.empty()) {
+    lines.emplace_back("Every force is found.");
+  } else {
+    lines.push_back("The equations do not determine " + names_.Forces(open, 24) + ".");
+  }
+  const std::string agreement = Agreement(shown);
+  if (!agreement.empty()) lines.push_back(agreement);
+  if (!solution_.AllSectionsSought)
+    lines.emplace_back("The truss is too large for every section to be tried; there may be more of them.");
+  return lines;
+}
+
+std::string HandText::Agreement(const Classification& shown) const {
+  if (shown.Code == Outcome::Inconsistent) {
+    return "The reduced matrix says that there is no solution, because its directions are rounded to single "
+           "precision.";
+  }
+  double largest = 0;
+  double difference = 0;
+  bool lacks = false;
+  for (int k = 1; k <= solution_.Values.Size(); ++k) {
+    const std::optional<double>& value = solution_.Values[k];
+    lacks = lacks || value.has_value() != shown.Values[k].has_value();
+    if (!value || !shown.Values[k]) continue;
+    largest = std::max(largest, std::abs(*value));
+    difference = std::max(difference, std::abs(*value - *shown.Values[k]));
+  }
+  if (lacks) {
+    return "The reduced matrix determines other forces than these, because its directions are rounded to "
+           "single precision.";
+  }
+  constexpr double close = 1e-4;
+  return difference <= close * largest
+             ? "The values agree with the solutions that the reduced matrix gives."
+             : "The solutions that the reduced matrix gives differ from these values by up to " +
+                   equations_.Number(difference) +
+                   ", because its directions are rounded to single precision.";
+}
+
+HandReport ReportByHand(const TrussGraph& graph, const HandSolution& solution, const Classification& shown,
+                        const ReportFormat& format) {
+  const HandText text(graph, solution, format);
+  HandReport report;
+  for (const HandStep& step : solution.Steps) report.Steps.push_back(text.Step(step));
+  report.Closing = text.Closing(shown);
+  return report;
+}

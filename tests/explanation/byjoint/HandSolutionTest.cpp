@@ -1,0 +1,242 @@
+#include "explanation/byjoint/HandSolution.h"
+
+#include "HandSolutionFixture.h"
+#include "explanation/ExactVerdict.h"
+#include "support/RandomTruss.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::vector<HandStepKind> KindsOf(const HandSolution& solution) {
+  std::vector<HandStepKind> kinds;
+  for (const HandStep& step : solution.Steps) kinds.push_back(step.Kind);
+  return kinds;
+}
+
+// A triangle on a clamp and a roller under a load at its top.
+TrussBuilder LoadedTriangle() {
+  return TrussBuilder()
+      .Member(0, 0, 8, 0, "AB")
+      .Member(0, 0, 4, 4, "AC")
+      .Member(8, 0, 4, 4, "BC")
+      .Clamp(0, 0, "Ax", "Ay")
+      .Roller(8, 0, "B")
+      .Joint(0, 0, "A")
+      .Joint(8, 0, "B")
+      .Joint(4, 4, "C")
+      .Force(4, 4, 0, -1000);
+}
+
+TEST(HandSolution, BeginsWithTheReactionsAndEndsWithACheck) {
+  const TrussGraph graph = GraphOf(LoadedTriangle());
+  const HandSolution solution = SolveByHand(graph);
+  EXPECT_THAT(KindsOf(solution), ElementsAre(HandStepKind::Reactions, HandStepKind::Joint,
+                                             HandStepKind::Joint, HandStepKind::Joint));
+  EXPECT_EQ(solution.Steps[0].Solved.size(), 3U);
+  EXPECT_EQ(solution.Steps[0].Equations[0].Kind, BalanceKind::Moment);
+  EXPECT_EQ(solution.Steps[1].Joint, 1);
+  EXPECT_EQ(solution.Steps[2].Joint, 2);
+  const HandStep& last = solution.Steps[3];
+  EXPECT_EQ(last.Joint, 3);
+  EXPECT_THAT(last.Solved, IsEmpty());
+  EXPECT_EQ(last.Equations.size(), 2U);
+  for (const BalanceEquation& equation : last.Equations) EXPECT_EQ(equation.Use, BalanceUse::Holds);
+  ExpectEquationsHold(solution);
+  EXPECT_NEAR(ByName(graph, solution).at("AC"), 500 * std::sqrt(2.0), 1e-9);
+  EXPECT_NEAR(ByName(graph, solution).at("AB"), -500, 1e-9);
+}
+
+TEST(HandSolution, MomentsAreTakenAboutTheSupportWithTheMostReactions) {
+  const HandSolution solution = SolveByHand(GraphOf(TrussBuilder()
+                                                        .Member(0, 0, 6, 0)
+                                                        .Member(0, 0, 6, 8)
+                                                        .Member(6, 0, 6, 8)
+                                                        .Roller(0, 0)
+                                                        .Clamp(6, 8)
+                                                        .Force(6, 0, 5, 0)));
+  const BalanceEquation& moment = solution.Steps.front().Equations.front();
+  ASSERT_EQ(moment.Kind, BalanceKind::Moment);
+  EXPECT_EQ(moment.AtX, 6);
+  EXPECT_EQ(moment.AtY, 8);
+}
+
+TEST(HandSolution, ReactionsThatMeetWhereNoJointIsAreFoundAboutThatPoint) {
+  // Upright rollers at (0, 0) and (4, 0), a level one at (2, 3).
+  const TrussGraph graph = GraphOf(TrussBuilder()
+                                       .Member(0, 0, 4, 0, "a")
+                                       .Member(0, 0, 2, 3, "b")
+                                       .Member(4, 0, 2, 3, "c")
+                                       .Roller(0, 0, "l")
+                                       .Roller(4, 0, "r")
+                                       .Roller(2, 3, "s", 8)
+                                       .Force(2, 3, -30, -40));
+  const HandSolution solution = SolveByHand(graph);
+  EXPECT_EQ(solution.Steps.front().Solved.size(), 3U);
+  EXPECT_NEAR(ByName(graph, solution).at("s"), 30, 1e-9);
+  EXPECT_NEAR(ByName(graph, solution).at("l"), 20, 1e-9);
+  EXPECT_NEAR(ByName(graph, solution).at("r"), 20, 1e-9);
+}
+
+TEST(HandSolution, AgreesWithTheSolutionsOfEveryExample) {
+  int numCompared = 0;
+  WithEachExample([&](Truss& truss) {
+    const TrussAnalysis analysis = SolveTruss(truss);
+    const TrussGraph graph = GraphOf(truss, analysis);
+    const HandSolution solution = SolveByHand(graph);
+    const ExactVerdict verdict = JudgeExactly(graph);
+    EXPECT_EQ(solution.Contradicts(), verdict.Code() == Outcome::Inconsistent);
+    ExpectEquationsHold(solution);
+    if (solution.Contradicts()) return;
+    EXPECT_EQ(Found(solution), verdict.Determined);
+    ExpectJointsInBalance(graph, solution);
+    if (analysis.Reading.Code != verdict.Code()) return;
+    for (int k = 1; k <= graph.NumUnknowns(); ++k) {
+      if (!solution.Values[k] || !analysis.Reading.Values[k]) continue;
+      EXPECT_NEAR(*solution.Values[k], *analysis.Reading.Values[k], 0.01) << graph.Unknowns[k].Name;
+      ++numCompared;
+    }
+  });
+  EXPECT_GT(numCompared, 200);
+}
+
+TEST(HandSolution, SolvesEverySimpleTrussWithoutTheMatrix) {
+  std::mt19937 random(12);
+  for (int i = 0; i < 1000; ++i) {
+    SCOPED_TRACE(i);
+    Truss truss = RandomSimpleTrussOn(random, 3 + i % 12);
+    const TrussGraph graph = GraphOf(truss);
+    const HandSolution solution = SolveByHand(graph);
+    EXPECT_EQ(CountSteps(solution, HandStepKind::Together), 0);
+    EXPECT_EQ(static_cast<int>(Found(solution).size()), graph.NumUnknowns());
+    EXPECT_FALSE(solution.Contradicts());
+    for (const HandStep& step : solution.Steps) {
+      if (step.Kind == HandStepKind::Joint || step.Kind == HandStepKind::Section) {
+        EXPECT_LE(step.Solved.size(), step.Kind == HandStepKind::Joint ? 2U : 1U);
+      }
+    }
+    ExpectEquationsHold(solution);
+    ExpectJointsInBalance(graph, solution);
+    if (HasFailure()) break;
+  }
+}
+
+TEST(HandSolution, FindsWhatIsDeterminedAndContradictsWhatHasNoSolution) {
+  std::mt19937 random(7);
+  int numContradictions = 0;
+  int numOpen = 0;
+  int numTogether = 0;
+  for (int i = 0; i < 4000; ++i) {
+    SCOPED_TRACE(i);
+    const TrussGraph graph = GraphOf(RandomSmallTruss(random, 8, 6));
+    if (graph.NumUnknowns() == 0) continue;
+    const ExactVerdict verdict = JudgeExactly(graph);
+    const HandSolution solution = SolveByHand(graph);
+    EXPECT_EQ(solution.Contradicts(), verdict.Code() == Outcome::Inconsistent);
+    ExpectEquationsHold(solution);
+    if (!solution.Contradicts()) {
+      EXPECT_EQ(Found(solution), verdict.Determined);
+      ExpectJointsInBalance(graph, solution);
+    }
+    numContradictions += solution.Contradicts() ? 1 : 0;
+    numOpen += verdict.SelfStresses() > 0 ? 1 : 0;
+    numTogether += CountSteps(solution, HandStepKind::Together);
+    if (HasFailure()) break;
+  }
+  EXPECT_GT(numContradictions, 100);
+  EXPECT_GT(numOpen, 100);
+  EXPECT_GT(numTogether, 4);
+}
+
+TEST(HandSolution, HasAnAnswerForEveryDocument) {
+  RandomTruss documents(3);
+  for (int i = 0; i < 500; ++i) {
+    Truss truss = documents.Next();
+    const TrussAnalysis analysis = SolveTruss(truss);
+    const TrussGraph graph = GraphOf(truss, analysis);
+    if (graph.NumUnknowns() == 0) continue;
+    const HandSolution solution = SolveByHand(graph);
+    EXPECT_EQ(solution.Contradicts(), JudgeExactly(graph).Code() == Outcome::Inconsistent);
+  }
+}
+
+TEST(HandSolution, ContradictsWhereTheEquationsDo) {
+  // The square without a diagonal folds under a load from the side; the joint whose equation is false is
+  // told.
+  const TrussGraph graph = GraphOf(TrussBuilder()
+                                       .Member(0, 0, 4, 0)
+                                       .Member(4, 0, 4, 4)
+                                       .Member(4, 4, 0, 4)
+                                       .Member(0, 4, 0, 0)
+                                       .Clamp(0, 0)
+                                       .Roller(4, 0)
+                                       .Force(4, 4, 1000, 0));
+  const HandSolution solution = SolveByHand(graph);
+  const HandStep& last = solution.Steps.back();
+  ASSERT_TRUE(last.Contradicts);
+  EXPECT_EQ(last.Kind, HandStepKind::Joint);
+  EXPECT_EQ(last.Equations.front().Use, BalanceUse::Contradicts);
+}
+
+TEST(HandSolution, APartThatContradictsItselfLeavesTheOthersAlone) {
+  const TrussGraph graph = GraphOf(LoadedTriangle().Force(20, 20, 0, -1));
+  const HandSolution solution = SolveByHand(graph);
+  EXPECT_TRUE(solution.Contradicts());
+  EXPECT_EQ(Found(solution).size(), 6U);
+}
+
+TEST(HandSolution, GoesAroundWhatIsUndetermined) {
+  // The second panel has two diagonals; the first one, the loaded post and the reactions are determined.
+  const TrussGraph graph = GraphOf(TrussBuilder()
+                                       .Member(0, 0, 4, 0, "b1")
+                                       .Member(4, 0, 8, 0, "b2")
+                                       .Member(0, 0, 4, 3, "d1")
+                                       .Member(4, 0, 4, 3, "post")
+                                       .Member(4, 3, 8, 3, "top")
+                                       .Member(8, 0, 8, 3, "end")
+                                       .Member(4, 0, 8, 3, "x1")
+                                       .Member(4, 3, 8, 0, "x2")
+                                       .Clamp(0, 0, "Ax", "Ay")
+                                       .Roller(8, 0, "B")
+                                       .Force(4, 0, 0, -100));
+  const HandSolution solution = SolveByHand(graph);
+  const std::map<std::string, double> values = ByName(graph, solution);
+  EXPECT_EQ(values.size(), 5U);
+  EXPECT_NEAR(values.at("B"), 50, 1e-9);
+  EXPECT_NEAR(values.at("d1"), 50 * 5.0 / 3, 1e-9);
+  EXPECT_NEAR(values.at("b1"), -50 * 4.0 / 3, 1e-9);
+}
+
+TEST(HandSolution, AMemberOfNoLengthHasNoValue) {
+  const TrussGraph graph = GraphOf(LoadedTriangle().Member(4, 4, 4, 4, "dot"));
+  const HandSolution solution = SolveByHand(graph);
+  EXPECT_EQ(Found(solution).size(), 6U);
+  EXPECT_FALSE(ByName(graph, solution).contains("dot"));
+}
+
+TEST(HandSolution, DoesNotDivideByNearlyNothingWhenItCanWait) {
+  // At joint (4, 3) two members meet that are nearly in one line; from the other side their forces follow
+  // from large angles.
+  const TrussGraph graph = GraphOf(TrussBuilder()
+                                       .Member(0, 0, 4, 0.001F, "flat1")
+                                       .Member(4, 0.001F, 8, 0, "flat2")
+                                       .Member(0, 0, 4, -4, "a")
+                                       .Member(8, 0, 4, -4, "b")
+                                       .Clamp(0, 0, "Ax", "Ay")
+                                       .Clamp(8, 0, "Bx", "By")
+                                       .Joint(4, 0.001F, "0")
+                                       .Force(4, -4, 0, -100)
+                                       .Force(4, 0.001F, 7, 0));
+  const HandSolution solution = SolveByHand(graph);
+  // The joint that comes first by name waits for the other.
+  std::vector<int> order;
+  for (const HandStep& step : solution.Steps) {
+    if (step.Kind == HandStepKind::Joint) order.push_back(step.Joint);
+  }
+  ASSERT_GE(order.size(), 2U);
+  EXPECT_NE(order[0], 1);
+  ExpectJointsInBalance(graph, solution);
+}
+
+}  // namespace

@@ -1,0 +1,173 @@
+// What the steps say, read as a student reads it.
+#include "explanation/byjoint/HandText.h"
+
+#include "HandSolutionFixture.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+// A truss with everything that its texts are made from.
+struct ToldByHand {
+  explicit ToldByHand(Truss truss, int sigFigs = 4) : Format{.SigFigs = sigFigs, .Numbers = {}} {
+    const TrussAnalysis analysis = SolveTruss(truss);
+    Graph = GraphOf(truss, analysis);
+    Reading = analysis.Reading;
+    Solution = SolveByHand(Graph);
+  }
+
+  std::vector<HandStepText> Texts() const {
+    const HandText writer(Graph, Solution, Format);
+    std::vector<HandStepText> texts;
+    for (const HandStep& step : Solution.Steps) texts.push_back(writer.Step(step));
+    return texts;
+  }
+  std::vector<std::string> Closing() const { return HandText(Graph, Solution, Format).Closing(Reading); }
+
+  ReportFormat Format;
+  TrussGraph Graph;
+  Classification Reading;
+  HandSolution Solution;
+};
+
+TrussBuilder NamedTriangle() {
+  return TrussBuilder()
+      .Member(0, 0, 8, 0, "AB")
+      .Member(0, 0, 4, 4, "AC")
+      .Member(8, 0, 4, 4, "BC")
+      .Clamp(0, 0, "Ax", "Ay")
+      .Roller(8, 0, "B")
+      .Joint(0, 0, "A")
+      .Joint(8, 0, "B")
+      .Joint(4, 4, "C")
+      .Force(4, 4, 0, -1000);
+}
+
+TEST(HandText, TellsTheTriangleFromTheReactionsToTheCheck) {
+  const std::vector<HandStepText> texts = ToldByHand(NamedTriangle()).Texts();
+  ASSERT_EQ(texts.size(), 4U);
+  EXPECT_EQ(texts[0].Heading, "Reactions");
+  EXPECT_THAT(texts[0].Lines,
+              ElementsAre("The balance of the whole truss.",
+                          "Moments about joint A, anticlockwise = clockwise:  8 \xB7 B = 4 \xB7 1000",
+                          "So  B = 4000 / 8 = 500.", "Forces right = forces left:  Ax = 0",
+                          "Forces up = forces down:  Ay + B = 1000", "With numbers:  Ay + 500 = 1000",
+                          "So  Ay = 500."));
+  EXPECT_EQ(texts[1].Heading, "Joint A");
+  EXPECT_THAT(
+      texts[1].Lines,
+      ElementsAre("Sought:  AC and AB, assumed to push into the joint.", "Left out:  Ax, which is 0.",
+                  "A - y, forces up = forces down:  Ay = AC sin(45.0)", "With numbers:  500 = 0.7071 \xB7 AC",
+                  "So  AC = 500 / 0.7071 = 707.1, that is 707.1 C.",
+                  "A - x, forces right = forces left:  0 = AB + AC cos(45.0)",
+                  "With numbers:  0 = AB + 0.7071 \xB7 707.1", "So  AB = -500, that is 500 T."));
+  EXPECT_EQ(texts[3].Heading, "Joint C");
+  EXPECT_EQ(texts[3].Lines.front(), "No force is sought here any more: a check.");
+  EXPECT_EQ(texts[3].Lines.back(), "So  1000 = 1000, which holds.");
+  EXPECT_THAT(ToldByHand(NamedTriangle()).Closing(),
+              ElementsAre("Every force is found.",
+                          "The values agree with the solutions that the reduced matrix gives."));
+}
+
+TEST(HandText, NamesTheRuleByWhichAMemberCarriesNothing) {
+  // The king post without a load at its foot.
+  const ToldByHand told(TrussBuilder()
+                            .Member(0, 0, 4, 0, "AD")
+                            .Member(4, 0, 8, 0, "BD")
+                            .Member(0, 0, 4, 4, "AC")
+                            .Member(8, 0, 4, 4, "BC")
+                            .Member(4, 0, 4, 4, "CD")
+                            .Clamp(0, 0, "Ax", "Ay")
+                            .Roller(8, 0, "B")
+                            .Joint(4, 0, "D")
+                            .Force(4, 4, 0, -1000));
+  const HandStepText text = told.Texts()[1];
+  EXPECT_EQ(text.Heading, "Nothing in CD");
+  EXPECT_THAT(text.Lines,
+              ElementsAre("AD and BD lie in one line at joint D, and no load acts there: CD, the only "
+                          "other member, carries nothing."));
+}
+
+TEST(HandText, TellsForcesWithoutNamesApartByTheirNumbers) {
+  const ToldByHand told(TrussBuilder()
+                            .Member(0, 0, 8, 0)
+                            .Member(0, 0, 4, 4, "x")
+                            .Member(8, 0, 4, 4, "x")
+                            .Clamp(0, 0)
+                            .Roller(8, 0)
+                            .Force(4, 4, 0, -1000));
+  const HandNames names(told.Graph);
+  EXPECT_EQ(names.Force(1), "[ ]#1");
+  EXPECT_EQ(names.Force(5), "x#5");
+  EXPECT_EQ(names.Force(6), "x#6");
+  EXPECT_EQ(names.Joint(2), "[ ]#2");
+  EXPECT_EQ(told.Texts()[0].Lines[1],
+            "Moments about joint [ ]#1, anticlockwise = clockwise:  8 \xB7 [ ]#3 = 4 \xB7 1000");
+}
+
+TEST(HandText, SaysWhereTheEquationsContradict) {
+  const ToldByHand told(
+      TrussBuilder().Member(0, 0, 4, 0, "AB").Clamp(0, 0, "Ax", "Ay").Joint(4, 0, "B").Force(4, 0, 0, -9));
+  const std::vector<HandStepText> texts = told.Texts();
+  EXPECT_THAT(texts.back().Lines.back(), HasSubstr("which is false: no forces balance the loads here."));
+  EXPECT_THAT(told.Closing().front(), HasSubstr("The equations contradict each other"));
+}
+
+TEST(HandText, SaysWhatIsNotDetermined) {
+  const ToldByHand told(TrussBuilder().Member(0, 0, 4, 0, "a").Clamp(0, 0, "p", "q").Clamp(4, 0, "r", "s"));
+  EXPECT_EQ(told.Closing().front(), "The equations do not determine p, r and a.");
+}
+
+// "0.8 \xB7 3125 + (-1000) + CH", with what is sought put in.
+double ValueOf(const std::string& side, const std::map<std::string, double>& values) {
+  const auto split = [](const std::string& text, const std::string& by) {
+    std::vector<std::string> parts;
+    std::size_t from = 0;
+    for (std::size_t at = text.find(by); at != std::string::npos; at = text.find(by, from)) {
+      parts.push_back(text.substr(from, at - from));
+      from = at + by.size();
+    }
+    parts.push_back(text.substr(from));
+    return parts;
+  };
+  double sum = 0;
+  for (const std::string& term : split(side, " + ")) {
+    double product = 1;
+    for (std::string factor : split(term, " \xB7 ")) {
+      if (factor.starts_with('(')) factor = factor.substr(1, factor.size() - 2);
+      product *= values.contains(factor) ? values.at(factor) : std::stod(factor);
+    }
+    sum += product;
+  }
+  return sum;
+}
+
+TEST(HandText, ItsNumbersHoldWhenTheyArePutIn) {
+  int numRead = 0;
+  WithEachExample([&](Truss& truss) {
+    const ToldByHand told(truss, 7);
+    const HandNames names(told.Graph);
+    std::map<std::string, double> values;
+    for (int k = 1; k <= told.Graph.NumUnknowns(); ++k) {
+      if (told.Solution.Values[k]) values[names.Force(k)] = *told.Solution.Values[k];
+    }
+    for (const HandStepText& text : told.Texts()) {
+      for (std::size_t i = 0; i < text.Lines.size(); ++i) {
+        const std::string start = "With numbers:  ";
+        const std::string& line = text.Lines[i];
+        const bool isFalse =
+            i + 1 < text.Lines.size() && text.Lines[i + 1].find("false") != std::string::npos;
+        if (!line.starts_with(start) || isFalse) continue;
+        const std::size_t equals = line.find(" = ");
+        const double left = ValueOf(line.substr(start.size(), equals - start.size()), values);
+        const double right = ValueOf(line.substr(equals + 3), values);
+        EXPECT_NEAR(left, right, 1e-5 * std::max(1000.0, std::abs(left))) << line;
+        ++numRead;
+      }
+    }
+  });
+  EXPECT_GT(numRead, 250);
+}
+
+}  // namespace
