@@ -28,19 +28,19 @@ TEST(DescribePicture, CountsWhatIsToBeSeen) {
                           .Force(4, 0, 2, 0)
                           .Joint(4, 3, "C");
   EXPECT_EQ(
-      DescribePicture(truss, DescribedForces),
+      DescribePicture(truss, WithForces),
       "Drawing of a truss with 2 members, 3 joints, 3 supports (1 clamp, 2 rollers) and 2 applied forces "
       "(its size beside each arrow). Names are not shown.");
 }
 
 TEST(DescribePicture, OneOfAKindAndNone) {
   EXPECT_EQ(
-      DescribePicture(TrussBuilder().Roller(0, 0, "R").Force(0, 0, 1, 0), DescribedForces),
+      DescribePicture(TrussBuilder().Roller(0, 0, "R").Force(0, 0, 1, 0), WithForces),
       "Drawing of a truss with no members, 1 joint, 1 support (no clamps, 1 roller) and 1 applied force "
       "(its size beside each arrow). Names are not shown.");
-  EXPECT_THAT(DescribePicture(Rod(), DescribedForces),
+  EXPECT_THAT(DescribePicture(Rod(), WithForces),
               HasSubstr("1 member, 2 joints, 1 support (1 clamp, no rollers) and no applied forces. "));
-  EXPECT_THAT(DescribePicture(TrussBuilder(), DescribedForces),
+  EXPECT_THAT(DescribePicture(TrussBuilder(), WithForces),
               HasSubstr("no members, no joints, no supports and no applied forces. "));
 }
 
@@ -55,7 +55,7 @@ TEST(DescribePicture, WhatIsErasedIsNotToBeSeen) {
 }
 
 TEST(DescribePicture, OfTheSupportsOnlyLiveOnesAreClampsOrRollers) {
-  EXPECT_THAT(DescribePicture(Rod().Roller(4, 0, "R").Clamp(4, 0, "x", "y").ThenErased(), DescribedForces),
+  EXPECT_THAT(DescribePicture(Rod().Roller(4, 0, "R").Clamp(4, 0, "x", "y").ThenErased(), WithForces),
               HasSubstr("2 supports (1 clamp, 1 roller)"));
 }
 
