@@ -41,6 +41,8 @@ class Parser {
     if (result_.Json.Explanation && result_.What != Mode::Json) Fail("--explain goes with --json");
     if (result_.Picture.Named && result_.What != Mode::Picture) Fail("--named goes with --picture");
     if (result_.Picture.Motion && result_.What != Mode::Picture) Fail("--motion goes with --picture");
+    if (result_.Picture.Forces && result_.What != Mode::Picture) Fail("--forces goes with --picture");
+    if (result_.Picture.Forces && result_.Picture.Motion) Fail("--forces does not go with --motion");
     if (!result_.DocumentWith.empty() && result_.What != Mode::Document) Fail("--with goes with --document");
     return result_;
   }
@@ -90,6 +92,8 @@ class Parser {
       result_.Json.Explanation = true;
     } else if (name == "--named") {
       result_.Picture.Named = true;
+    } else if (name == "--forces") {
+      result_.Picture.Forces = true;
     } else if (name == "--autoname") {
       result_.AutoName = true;
     } else {
@@ -250,6 +254,7 @@ orvane --csv=equations|rref|solutions FILE  that table as CSV
 orvane --picture=OUT [--named] FILE         the truss with its forces as .png, .svg or .pdf, by the ending of
                                             OUT; --named adds the names of forces and joints
 orvane --picture=OUT --motion=K FILE        the truss with the K-th of the motions that --report=why tells
+orvane --picture=OUT --forces FILE          the truss with the forces that the solutions give, and its legend
 orvane --document=OUT FILE                  the printable report as .rtf, .pdf, .odt or .html
 orvane --document=OUT --with=why FILE       the same with a section that tells why this conclusion
 orvane --convert=OUT.trs FILE               write FILE again in the current layout

@@ -35,6 +35,7 @@ struct JsonExtras {
 struct PictureExtras {
   bool Named = false;         ///< the names and their arrows
   std::optional<int> Motion;  ///< swung in this motion, from 1
+  bool Forces = false;        ///< drawn with the forces that the solutions give
 };
 
 struct CommandLine {

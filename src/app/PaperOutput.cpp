@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "explanation/forces/ForcesPicture.h"
 #include "paper/qt/PictureFiles.h"
 #include "platform/qt/QtTextMeasure.h"
 #include "reports/PrintableReportFiles.h"
@@ -50,6 +51,13 @@ std::optional<std::string> PictureBytes(const AnalysedFile& file, bool named, Pi
 std::string MotionPictureBytes(const MotionScene& scene, PictureFileFormat fileFormat) {
   QtTextMeasure measure;
   const Picture picture = MotionPicture(
+      scene, [&measure](const TextFont& font, std::string_view text) { return measure.Measure(font, text); });
+  return PictureFile(picture, fileFormat).toStdString();
+}
+
+std::string ForcesPictureBytes(const ForcesScene& scene, PictureFileFormat fileFormat) {
+  QtTextMeasure measure;
+  const Picture picture = ForcesPicture(
       scene, [&measure](const TextFont& font, std::string_view text) { return measure.Measure(font, text); });
   return PictureFile(picture, fileFormat).toStdString();
 }

@@ -10,6 +10,7 @@
 #include "analysis/FormatSigFigs.h"
 #include "app/FileAnalysis.h"
 #include "explanation/MotionDrawing.h"
+#include "explanation/forces/ForcesDrawing.h"
 #include "paper/FileFormats.h"
 #include "reports/ReportExtras.h"
 
@@ -35,5 +36,6 @@ class ScreenlessApplication {
 std::optional<std::string> PictureBytes(const AnalysedFile& file, bool named, PictureFileFormat fileFormat,
                                         const ReportFormat& format);
 std::string MotionPictureBytes(const MotionScene& scene, PictureFileFormat fileFormat);
+std::string ForcesPictureBytes(const ForcesScene& scene, PictureFileFormat fileFormat);
 std::string DocumentBytes(const AnalysedFile& file, DocumentFileFormat fileFormat,
                           const std::vector<ReportExtra>& with, const NumberFormat& numbers);

@@ -89,6 +89,8 @@ class Run {
       case CommandLine::Mode::Picture:
         if (commandLine_.Picture.Motion) {
           DrawMotionPicture(file, *commandLine_.Picture.Motion);
+        } else if (commandLine_.Picture.Forces) {
+          DrawForcesPicture(file);
         } else {
           DrawPicture(file);
         }
@@ -142,6 +144,19 @@ class Run {
     } else if (file.IsComplete()) {
       Complain(file.Argument, "there is no motion " + std::to_string(number) + ": the truss has " +
                                   ::Counted(count, "motion", "motions"));
+    }
+  }
+
+  void DrawForcesPicture(AnalysedFile& file) {
+    Analyse(file);
+    for (const std::string& remark : file.Remarks) Say(file.Argument, remark);
+    if (file.Analysis.System.NumUnknowns() > 0) {
+      const TrussForces forces =
+          ForcesOf(GraphOf(file.Document, file.Analysis), file.Analysis, FormatOf(file));
+      WriteOutput(environment_.ForcesPicture({.Document = file.Document, .Forces = forces},
+                                             commandLine_.PictureFormat));
+    } else if (file.IsComplete()) {
+      Complain(file.Argument, "the truss has no unknown forces, so there are none to draw");
     }
   }
 

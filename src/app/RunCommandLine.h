@@ -12,6 +12,7 @@
 #include "app/CommandLine.h"
 #include "app/FileAnalysis.h"
 #include "explanation/MotionDrawing.h"
+#include "explanation/forces/ForcesDrawing.h"
 
 /// The world around one run.
 struct CommandLineEnvironment {
@@ -34,6 +35,9 @@ struct CommandLineEnvironment {
 
   /// The bytes of a picture file with a motion.
   std::function<std::string(const MotionScene& scene, PictureFileFormat)> MotionPicture;
+
+  /// The bytes of a picture file with the forces.
+  std::function<std::string(const ForcesScene& scene, PictureFileFormat)> ForcesPicture;
 
   /// The bytes of the printable report of a file with at least one unknown force, with these sections beyond
   /// the usual ones.

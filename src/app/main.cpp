@@ -100,6 +100,7 @@ int RunWithoutWindow(const CommandLine& commandLine) {
                                                             .Json = WriteJson,
                                                             .Picture = PictureBytes,
                                                             .MotionPicture = MotionPictureBytes,
+                                                            .ForcesPicture = ForcesPictureBytes,
                                                             .Document = DocumentBytes});
 }
 

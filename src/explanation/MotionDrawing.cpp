@@ -23,9 +23,8 @@ constexpr int BandWidth = 8;         // pixels
 constexpr int MotionArrowWidth = 2;  // pixels
 constexpr float MarginOfPicture = 6;
 
-// Air around the truss for supports and names, pixels; a small room keeps some of itself.
+// Air around the truss for supports and names, pixels.
 constexpr float WidestBorder = 56;
-constexpr float BorderShare = 0.2F;
 
 // More names, or arrows closer to each other than this many pixels, would cover everything.
 constexpr int MostNames = 150;
@@ -60,24 +59,6 @@ TrussExtent WantedExtent(const Truss& truss, double forceScale, const TrussGraph
               std::max(extent.Top, y)};
   }
   return extent;
-}
-
-// World units to a pixel are the same on both axes, and the extent stands in the middle.
-Graph MappingOf(const TrussExtent& extent, const PixelRect& room) {
-  const auto border = [](float length) { return std::min(WidestBorder, BorderShare * length); };
-  const double width = std::max(1.0F, room.Width() - 2 * border(room.Width()));
-  const double height = std::max(1.0F, room.Height() - 2 * border(room.Height()));
-  double unit = std::max(extent.Width() / width, extent.Height() / height);
-  const double x = (extent.Left + extent.Right) / 2;
-  const double y = (extent.Bottom + extent.Top) / 2;
-  // A single place has no size; around it anything may be the unit that a single can tell from nothing.
-  if (!(unit > 0)) unit = std::max({1.0, std::abs(x), std::abs(y)}) / 100;
-  const double reachX = room.Width() / 2.0 * unit;
-  const double reachY = room.Height() / 2.0 * unit;
-  Graph graph;
-  graph.SetMapping(room.Left, room.Right, room.Bottom, room.Top, FiniteSingle(x - reachX),
-                   FiniteSingle(x + reachX), FiniteSingle(y - reachY), FiniteSingle(y + reachY));
-  return graph;
 }
 
 void ShowJointNames(Drawing& drawing, const Truss& truss, const TextMeasure& measure) {
@@ -239,9 +220,9 @@ MotionDrawing DrawMotion(const MotionScene& scene, const PixelRect& room, double
   ShortenForces(drawing.Shown, size);
   // The room is the same for every swing, so that nothing else moves with it.
   drawing.Objects.Mapping =
-      MappingOf(WantedExtent(scene.Stressed != nullptr ? drawing.Shown : scene.Document,
-                             drawing.Shown.Settings.ForceScale, scene.Graph, scene.Moves != nullptr),
-                room);
+      MappingInto(WantedExtent(scene.Stressed != nullptr ? drawing.Shown : scene.Document,
+                               drawing.Shown.Settings.ForceScale, scene.Graph, scene.Moves != nullptr),
+                  room, WidestBorder);
   PlaceTruss(drawing.Objects, drawing.Shown, scene.NamesOfForces, measure);
   if (scene.Moves != nullptr) AddMotion(scene, size, held, drawing);
   if (scene.Stressed != nullptr) {

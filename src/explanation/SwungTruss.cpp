@@ -34,20 +34,6 @@ class Displacements {
 
 }  // namespace
 
-double TrussExtent::Size() const { return std::max(Width(), Height()); }
-
-TrussExtent ExtentOf(const TrussGraph& graph) {
-  TrussExtent extent;
-  for (int j = 1; j <= graph.NumJoints(); ++j) {
-    const double x = graph.Joints[j].X;
-    const double y = graph.Joints[j].Y;
-    if (j == 1) extent = {x, y, x, y};
-    extent = {std::min(extent.Left, x), std::min(extent.Bottom, y), std::max(extent.Right, x),
-              std::max(extent.Top, y)};
-  }
-  return extent;
-}
-
 Truss Swung(const Truss& truss, const TrussGraph& graph, const Motion* motion, double swing) {
   Truss moved = truss;
   if (motion == nullptr) return moved;

@@ -3,22 +3,11 @@
 #pragma once
 
 #include "explanation/Motions.h"
+#include "explanation/TrussExtent.h"
 #include "explanation/TrussGraph.h"
 
 /// The largest displacement that is drawn, as a share of the drawing's size.
 inline constexpr double LargestSwing = 1.0 / 20;
-
-/// The rectangle around all joints, world coordinates in double precision.
-struct TrussExtent {
-  double Left = 0, Bottom = 0, Right = 0, Top = 0;
-
-  double Width() const { return Right - Left; }
-  double Height() const { return Top - Bottom; }
-
-  /// The longer side: the drawing's size.
-  double Size() const;
-};
-TrussExtent ExtentOf(const TrussGraph& graph);
 
 /// A copy of the truss with everything that stands at a joint moved with it. `swing` is -1 .. 1; what lies
 /// beyond counts as that. At 1 the largest displacement is LargestSwing of the drawing's size. Without a

@@ -43,7 +43,7 @@ class Surface {
 
   virtual void SetLineWidth(int pixels) = 0;
 
-  /// `paletteIndex` is 0 .. 15, see Palette.h.
+  /// `paletteIndex` is an index into Palette.
   virtual void SetForeground(int paletteIndex) = 0;
 
   virtual void SetPen(Pen pen) = 0;

@@ -9,13 +9,12 @@
 #include "canvas/Arrow.h"
 #include "canvas/ForceArrows.h"
 #include "canvas/PaintDrawing.h"
-#include "canvas/Polar.h"
+#include "canvas/PixelBoxes.h"
+#include "explanation/forces/TrussForces.h"
 #include "platform/Palette.h"
 #include "platform/Picture.h"
 
 namespace {
-
-constexpr char DegreeSign = '\xB0';  // in the single-byte code page
 
 // Pixels between an arrow and its value; the value's rim stays clear of the arrow.
 constexpr double Gap = RimWidth + 2;
@@ -73,31 +72,6 @@ Places PlacesAround(const PixelLine& arrow, const TextExtent& extent) {
   const double shaft = -length / 2;
   return {at(beyond, 0),       at(head, beside),  at(head, -beside), at(beyond, beside),
           at(beyond, -beside), at(shaft, beside), at(shaft, -beside)};
-}
-
-bool Overlap(const PixelRect& a, const PixelRect& b) {
-  return a.Left < b.Right && b.Left < a.Right && a.Top < b.Bottom && b.Top < a.Bottom;
-}
-
-// Narrows the part [from, to] of a line, of which `start` and `step` are one coordinate, to what lies between
-// two bounds.
-void Narrow(double start, double step, double low, double high, double& from, double& to) {
-  if (step == 0) {
-    if (start <= low || start >= high) to = -1;
-    return;
-  }
-  const double a = (low - start) / step;
-  const double b = (high - start) / step;
-  from = std::max(from, std::min(a, b));
-  to = std::min(to, std::max(a, b));
-}
-
-bool Crosses(const PixelLine& line, const PixelRect& box) {
-  double from = 0;
-  double to = 1;
-  Narrow(line.X1, double{line.X2} - double{line.X1}, box.Left, box.Right, from, to);
-  Narrow(line.Y1, double{line.Y2} - double{line.Y1}, box.Top, box.Bottom, from, to);
-  return from < to;
 }
 
 // What a value had better not cover.
@@ -160,10 +134,7 @@ void PrintValue(Surface& surface, const PixelRect& place, const std::string& tex
 }  // namespace
 
 std::string ForceValueText(const ForceRec& force, const ReportFormat& format) {
-  if (force.Fx == 0 && force.Fy == 0) return {};
-  if (force.Fx == 0 || force.Fy == 0) return FormatSigFigs(std::abs(force.Fx + force.Fy), format);
-  const PolarVector polar = RectangularToPolar(DegreeMode, force.Fx, force.Fy);
-  return FormatSigFigs(polar.Magnitude, format) + " at " + TableNumber(polar.Angle, format) + DegreeSign;
+  return LoadText(force.Fx, force.Fy, format);
 }
 
 void PrintForceValues(Surface& surface, const Drawing& drawing, const Truss& truss,

@@ -10,8 +10,7 @@
 /// Dark red: the colour of the arrows, as far as it can be read in small letters on white.
 inline constexpr int ForceValueColour = 4;
 
-/// The magnitude; for a force that slopes also its angle in degrees from the x axis, counter-clockwise:
-/// "500 at 53.13" and a degree sign, with an en dash before a negative angle. Empty for a zero force.
+/// The text of a load, as in the drawing of the forces (LoadText).
 std::string ForceValueText(const ForceRec& force, const ReportFormat& format);
 
 /// Prints the value of each force whose arrow is drawn, over what the surface holds, in the font TextFont{}:

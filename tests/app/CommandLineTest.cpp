@@ -212,6 +212,17 @@ TEST(CommandLinePicture, AloneHasMotions) {
   EXPECT_EQ(WhyWrong({"--motion=1", "a"}), "--motion goes with --picture");
 }
 
+TEST(CommandLinePicture, CanHaveTheForces) {
+  EXPECT_FALSE(Call({"--picture=a.png", "a"}).Picture.Forces);
+  EXPECT_TRUE(Call({"--picture=a.png", "--forces", "a"}).Picture.Forces);
+  EXPECT_TRUE(Call({"--forces", "--named", "--picture=a.png", "a"}).Picture.Forces);
+  EXPECT_EQ(WhyWrong({"--json", "--forces", "a"}), "--forces goes with --picture");
+  EXPECT_EQ(WhyWrong({"--forces", "a"}), "--forces goes with --picture");
+  EXPECT_EQ(WhyWrong({"--picture=a.png", "--forces=1", "a"}), "there is no option --forces with a value");
+  EXPECT_EQ(WhyWrong({"--picture=a.png", "--forces", "--motion=1", "a"}),
+            "--forces does not go with --motion");
+}
+
 TEST(CommandLinePicture, NeedsAnOutputAndExactlyOneFile) {
   EXPECT_EQ(WhyWrong({"--picture", "a"}), "--picture needs a value after \"=\"");
   EXPECT_EQ(WhyWrong({"--picture=", "a"}), "--picture needs a value after \"=\"");

@@ -71,6 +71,12 @@ std::string FakeMotionPicture(const MotionScene& scene, PictureFileFormat fileFo
          " joints";
 }
 
+std::string FakeForcesPicture(const ForcesScene& scene, PictureFileFormat fileFormat) {
+  return "forces " + std::to_string(static_cast<int>(fileFormat)) + " of " +
+         std::to_string(scene.Forces.Graph.NumUnknowns()) + " unknowns, the largest " +
+         std::to_string(static_cast<int>(scene.Forces.Largest));
+}
+
 std::string FakeDocument(const AnalysedFile& file, DocumentFileFormat fileFormat,
                          const std::vector<ReportExtra>& with, const NumberFormat&) {
   return "document " + std::to_string(static_cast<int>(fileFormat)) + " on " +
@@ -116,6 +122,7 @@ class RunCommandLineTest : public testing::Test {
                                                  .Json = Json,
                                                  .Picture = Picture,
                                                  .MotionPicture = FakeMotionPicture,
+                                                 .ForcesPicture = FakeForcesPicture,
                                                  .Document = Document});
   }
 
@@ -405,6 +412,23 @@ TEST_F(RunCommandLineTest, AMotionIsThatOfWhatWasReadOfABrokenFile) {
   EXPECT_EQ(RunWords({"--picture=-", "--motion=1", "-"}), NotAllDone);
   EXPECT_THAT(Out.str(), HasSubstr("plain motion 0"));
   EXPECT_EQ(Err.str(), std::string("orvane: -: ") + BrokenWhy + "\n");
+}
+
+TEST_F(RunCommandLineTest, APictureCanHaveTheForces) {
+  Input = HangingBar();
+  EXPECT_EQ(RunWords({"--picture=" + Path("out.svg"), "--forces", File("a.trs", TriangleText)}), Done);
+  EXPECT_THAT(Bytes(Path("out.svg")), testing::StartsWith("forces 1 of 6 unknowns, the largest "));
+  EXPECT_EQ(RunWords({"--forces", "--picture=-", "-"}), Done);
+  EXPECT_THAT(Out.str(), testing::StartsWith("forces 0 of 3 unknowns"));
+  EXPECT_EQ(Err.str(), "");
+}
+
+TEST_F(RunCommandLineTest, WithoutUnknownForcesThereAreNoneToDraw) {
+  Input = EmptyTruss;
+  const std::string kept = File("out.png", "kept");
+  EXPECT_EQ(RunWords({"--picture=" + kept, "--forces", "-"}), NotAllDone);
+  EXPECT_EQ(Err.str(), "orvane: -: the truss has no unknown forces, so there are none to draw\n");
+  EXPECT_EQ(Bytes(kept), "kept");
 }
 
 TEST_F(RunCommandLineTest, ADocumentIsWrittenIntoItsFile) {

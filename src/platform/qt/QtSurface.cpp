@@ -9,16 +9,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/Palette.h"
 #include "platform/qt/QtTextMeasure.h"
 #include "platform/qt/RoundPen.h"
 
 namespace {
-
-QColor ColourOf(int paletteIndex) {
-  const PaletteColour& colour = Palette[static_cast<std::size_t>(paletteIndex) % Palette.size()];
-  return QColor(colour.Red, colour.Green, colour.Blue);
-}
 
 // A coordinate names the middle of its pixel.
 QPointF MiddleOfPixel(double x, double y) { return QPointF(x + 0.5, y + 0.5); }
@@ -46,9 +40,10 @@ bool KeepsLetters(const QPainter& painter) {
 
 }  // namespace
 
-QtSurface::QtSurface(QPainter& painter, const QRectF& clearArea)
+QtSurface::QtSurface(QPainter& painter, const QRectF& clearArea, const PaletteColours& colours)
     : painter_(painter),
       clearArea_(clearArea),
+      colours_(colours),
       toDevice_(painter.combinedTransform()),
       fromDevice_(toDevice_.inverted()),
       metrics_(painter.font()) {
@@ -56,7 +51,7 @@ QtSurface::QtSurface(QPainter& painter, const QRectF& clearArea)
   SetFont(TextFont{});
 }
 
-void QtSurface::Clear() { painter_.fillRect(clearArea_, Qt::white); }
+void QtSurface::Clear() { painter_.fillRect(clearArea_, ColourOf(White)); }
 
 void QtSurface::SetPixel(float x, float y) {
   const QPointF middle = MiddleOfPixel(double{x}, double{y});
@@ -147,6 +142,11 @@ void QtSurface::PrintTextWithRim(float left, float top, std::string_view text, i
 
 QPointF QtSurface::BaselineOf(float left, float top) const {
   return {double{left}, double{top} + metrics_.ascent()};
+}
+
+QColor QtSurface::ColourOf(int paletteIndex) const {
+  const PaletteColour& colour = colours_[static_cast<std::size_t>(paletteIndex) % colours_.size()];
+  return QColor(colour.Red, colour.Green, colour.Blue);
 }
 
 void QtSurface::ApplyPen() {

@@ -7,13 +7,14 @@
 #include <QPainter>
 #include <QTransform>
 
+#include "platform/Palette.h"
 #include "platform/Surface.h"
 
 class QtSurface final : public Surface {
  public:
   /// Paints with a painter that is active, and keeps its transformation, as long as this object; `clearArea`
-  /// is what Clear fills, in the painter's coordinates.
-  QtSurface(QPainter& painter, const QRectF& clearArea);
+  /// is what Clear fills, in the painter's coordinates. `colours` are those of white paper or of dark paper.
+  QtSurface(QPainter& painter, const QRectF& clearArea, const PaletteColours& colours = Palette);
 
   void Clear() override;
   void SetPixel(float x, float y) override;
@@ -29,6 +30,7 @@ class QtSurface final : public Surface {
   void PrintTextWithRim(float left, float top, std::string_view text, int paletteIndex) override;
 
  private:
+  QColor ColourOf(int paletteIndex) const;
   void ApplyPen();
   QPointF BaselineOf(float left, float top) const;
 
@@ -37,6 +39,7 @@ class QtSurface final : public Surface {
 
   QPainter& painter_;
   QRectF clearArea_;
+  const PaletteColours& colours_;
   QTransform toDevice_;
   QTransform fromDevice_;
   QPointF current_;

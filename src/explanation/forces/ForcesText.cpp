@@ -1,0 +1,89 @@
+#include "explanation/forces/ForcesText.h"
+
+#include <cmath>
+
+#include "document/Truss.h"
+#include "explanation/Directions.h"
+
+namespace {
+
+// More would be listened to for too long; the list beside the drawing has them all.
+constexpr std::size_t MostTold = 24;
+
+std::string JointText(const TrussGraph& graph, int joint, const ReportFormat& format) {
+  const PlacedJoint& at = graph.Joints[joint];
+  const bool isNamed = !at.Name.empty() && at.Name != UnnamedCaption;
+  return isNamed ? at.Name : PairText(at.X, at.Y, format);
+}
+
+// The direction of a reaction that is positive, or of one that is negative.
+std::string DirectionOfReaction(const PlacedUnknown& unknown, double sign) {
+  const double along = sign * unknown.Sign;
+  return unknown.Along == Axis::X ? DirectionText(along, 0) : DirectionText(0, along);
+}
+
+std::string WhereOf(const TrussGraph& graph, const PlacedUnknown& unknown, const ReportFormat& format) {
+  if (unknown.IsMember()) {
+    return "member from " + JointText(graph, unknown.JointA, format) + " to " +
+           JointText(graph, unknown.JointB, format);
+  }
+  std::string where = "reaction at " + JointText(graph, unknown.JointA, format);
+  if (unknown.Sign != 0) where += ", positive " + DirectionOfReaction(unknown, 1);
+  return where;
+}
+
+std::string ForceOf(const PlacedUnknown& unknown, const ForceFound& force, const ReportFormat& format) {
+  if (force.Sense == ForceSense::Undetermined) return "?";
+  if (force.Sense == ForceSense::Zero) return "0";
+  const std::string magnitude = FormatSigFigs(std::abs(force.Value), format);
+  if (unknown.IsMember()) return magnitude + (force.Sense == ForceSense::Pushing ? " C" : " T");
+  if (unknown.Sign == 0) return magnitude;
+  return magnitude + ' ' + DirectionOfReaction(unknown, force.Value > 0 ? 1 : -1);
+}
+
+std::string CountOf(int count, const char* what) {
+  return count == 0 ? std::string() : Counted(count, "member", "members") + what;
+}
+
+}  // namespace
+
+std::vector<ForceRow> ForceRows(const TrussForces& forces, const ReportFormat& format) {
+  std::vector<ForceRow> rows;
+  for (int k = 1; k <= forces.Graph.NumUnknowns(); ++k) {
+    const PlacedUnknown& unknown = forces.Graph.Unknowns[k];
+    const ForceFound& force = forces.Unknowns[k];
+    rows.push_back({.Name = unknown.Name,
+                    .Where = WhereOf(forces.Graph, unknown, format),
+                    .Force = ForceOf(unknown, force, format),
+                    .Number = force.Sense == ForceSense::Undetermined ? "undetermined"
+                                                                      : TableNumber(force.Value, format)});
+  }
+  return rows;
+}
+
+std::string DescribeForces(const TrussForces& forces, const ReportFormat& format) {
+  int pushing = 0, pulling = 0, zero = 0, open = 0;
+  std::vector<std::string> members;
+  const std::vector<ForceRow> rows = ForceRows(forces, format);
+  for (int k = 1; k <= forces.Graph.NumUnknowns(); ++k) {
+    if (!forces.Graph.Unknowns[k].IsMember()) continue;
+    const ForceSense sense = forces.Unknowns[k].Sense;
+    pushing += int{sense == ForceSense::Pushing};
+    pulling += int{sense == ForceSense::Pulling};
+    zero += int{sense == ForceSense::Zero};
+    open += int{sense == ForceSense::Undetermined};
+    const ForceRow& row = rows[static_cast<std::size_t>(k - 1)];
+    members.push_back((row.Name == UnnamedCaption ? row.Where : row.Name) + ' ' + row.Force);
+  }
+  std::vector<std::string> counts;
+  for (const std::string& count : {CountOf(pushing, " in compression"), CountOf(pulling, " in tension"),
+                                   CountOf(zero, " without force"), CountOf(open, " undetermined")}) {
+    if (!count.empty()) counts.push_back(count);
+  }
+  std::string text = "Drawing of the truss with its forces";
+  if (!counts.empty()) text += ": " + ListOf(counts);
+  text += '.';
+  if (forces.HasSolution() && !members.empty()) (text += ' ').append(ListOf(members, MostTold)) += '.';
+  for (const std::string& remark : RemarksOn(forces)) (text += ' ') += remark;
+  return text;
+}

@@ -1,0 +1,98 @@
+#include "explanation/forces/TrussForces.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "canvas/Polar.h"
+#include "document/Truss.h"
+#include "explanation/DrawnFigures.h"
+#include "explanation/RigidityMatrix.h"
+
+namespace {
+
+constexpr char DegreeSign = '\xB0';  // in the single-byte code page
+
+ForceSense SenseOf(double value) {
+  if (FormatSigFigs(value, {}) == "0") return ForceSense::Zero;
+  return value > 0 ? ForceSense::Pushing : ForceSense::Pulling;
+}
+
+std::string NameBefore(const std::string& text, const PlacedUnknown& unknown) {
+  const bool isNamed = !unknown.Name.empty() && unknown.Name != UnnamedCaption;
+  return isNamed ? unknown.Name + ' ' + text : text;
+}
+
+std::vector<std::string> LinesOf(const PlacedUnknown& unknown, const ForceFound& force,
+                                 const ReportFormat& format) {
+  if (force.Sense == ForceSense::Undetermined) return {NameBefore("?", unknown)};
+  if (force.Sense == ForceSense::Zero) return {NameBefore("0", unknown)};
+  const bool pushes = force.Sense == ForceSense::Pushing;
+  const std::string letter = !unknown.IsMember() ? "" : pushes ? " C" : " T";
+  std::vector<std::string> lines = {
+      NameBefore(FormatSigFigs(std::abs(force.Value), format) + letter, unknown)};
+  // The arrow of a reaction that pulls is turned round, so that its number alone tells the program's sign.
+  if (unknown.IsMember() || !pushes) lines.push_back('(' + TableNumber(force.Value, format) + ')');
+  return lines;
+}
+
+bool MayBeRounding(const TrussForces& forces) {
+  return std::ranges::any_of(forces.Unknowns.First(forces.Unknowns.Size()),
+                             [&forces](const ForceFound& force) {
+                               const double magnitude = std::abs(force.Value);
+                               return magnitude > 0 && magnitude < NothingWithinFigures * forces.Largest;
+                             });
+}
+
+}  // namespace
+
+TrussForces ForcesOf(TrussGraph graph, const TrussAnalysis& analysis, const ReportFormat& format) {
+  TrussForces forces{.Graph = std::move(graph), .Code = analysis.Reading.Code};
+  forces.Unknowns.Resize(forces.Graph.NumUnknowns());
+  for (int k = 1; k <= forces.Graph.NumUnknowns(); ++k) {
+    ForceFound& force = forces.Unknowns[k];
+    // What was read before a contradiction is part of no solution.
+    const std::optional<double> value =
+        forces.HasSolution() ? analysis.Reading.Values[k] : std::optional<double>();
+    if (value) force.Sense = SenseOf(*value);
+    if (value && force.Sense != ForceSense::Zero) force.Value = *value;
+    force.Lines = LinesOf(forces.Graph.Unknowns[k], force, format);
+    forces.Largest = std::max(forces.Largest, std::abs(force.Value));
+  }
+  for (const PlacedLoad& load : forces.Graph.Loads)
+    forces.Loads.push_back(LoadText(load.Fx, load.Fy, format));
+  return forces;
+}
+
+std::vector<std::string> RemarksOn(const TrussForces& forces) {
+  if (!forces.HasSolution())
+    return {"There is no solution: no forces hold this truss in balance under these loads."};
+  std::vector<std::string> remarks;
+  if (forces.Code == Outcome::Redundant)
+    remarks.emplace_back("These forces hold for these loads only: under others the truss is unstable.");
+  const bool areAllDetermined =
+      std::ranges::none_of(forces.Unknowns.First(forces.Unknowns.Size()),
+                           [](const ForceFound& force) { return force.Sense == ForceSense::Undetermined; });
+  if (!areAllDetermined)
+    remarks.emplace_back("Forces with \"?\" are undetermined: the equations leave them open.");
+  if (MayBeRounding(forces)) {
+    remarks.emplace_back(
+        "Forces below a millionth of the largest may be remnants of rounding: their sense is not sure.");
+  }
+  // No number can be large against no load.
+  const double load = LargestLoad(forces.Graph);
+  if (load > 0 && forces.Largest > NearlyAMechanism * load) {
+    remarks.emplace_back(
+        "The largest force is more than a thousand times the largest load: the truss is nearly a mechanism, "
+        "or "
+        "a remnant of rounding was divided by.");
+  }
+  return remarks;
+}
+
+std::string LoadText(float fx, float fy, const ReportFormat& format) {
+  if (fx == 0 && fy == 0) return {};
+  if (fx == 0 || fy == 0) return FormatSigFigs(std::abs(fx + fy), format);
+  const PolarVector polar = RectangularToPolar(DegreeMode, fx, fy);
+  return FormatSigFigs(polar.Magnitude, format) + " at " + TableNumber(polar.Angle, format) + DegreeSign;
+}

@@ -1,0 +1,47 @@
+// The forces of a truss as its solutions give them: which members push, which pull, which do neither, and
+// which nobody can tell; each with the texts that stand at it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "analysis/Analysis.h"
+#include "analysis/FormatSigFigs.h"
+#include "document/Table.h"
+#include "explanation/TrussGraph.h"
+
+/// What an unknown force turned out to be. A member that pushes its joints apart is in compression, one that
+/// pulls them together in tension; a reaction that pushes acts in the direction of its support's type, one
+/// that pulls against it.
+enum class ForceSense { Pushing, Pulling, Zero, Undetermined };
+
+struct ForceFound {
+  ForceSense Sense = ForceSense::Undetermined;
+  double Value = 0;  ///< force units, positive when pushing; exactly 0 when zero or undetermined
+  /// Its name (unless it has none) with the magnitude and for a member the letter C or T, then in brackets
+  /// the number of the solutions where that says more: "AB 1875 T" and "(-1875)" with an en dash; "AC 0"; "AD
+  /// ?".
+  std::vector<std::string> Lines;
+};
+
+struct TrussForces {
+  TrussGraph Graph;
+  Outcome Code = Outcome::Neither;
+  Table<ForceFound> Unknowns{};  ///< of the graph's unknowns; none is determined when there is no solution
+  std::vector<std::string> Loads{};  ///< the text of each of the graph's loads, empty for a load of 0
+  double Largest = 0;                ///< magnitude of the largest unknown force, force units
+
+  bool HasSolution() const { return Code != Outcome::Inconsistent; }
+};
+
+/// A force is zero when the solutions show it as 0; everything else keeps its sense, however small.
+TrussForces ForcesOf(TrussGraph graph, const TrussAnalysis& analysis, const ReportFormat& format);
+
+/// What must be known beside the forces, each a sentence: that there are none, that they hold for these loads
+/// only, that some are undetermined or so small that they may be remnants of rounding.
+std::vector<std::string> RemarksOn(const TrussForces& forces);
+
+/// The text of a load: the magnitude, and for one that slopes also its angle in degrees from the x axis,
+/// counter-clockwise: "500 at 53.13" and a degree sign, with an en dash before a negative angle. Empty for a
+/// load of 0.
+std::string LoadText(float fx, float fy, const ReportFormat& format);

@@ -1,0 +1,168 @@
+// Which members push and which pull, and the texts that say so.
+#include "explanation/forces/TrussForces.h"
+
+#include <gmock/gmock.h>
+
+#include "ForcesFixture.h"
+#include "explanation/forces/ForcesText.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+TEST(TrussForces, AMemberInCompressionPushesAndOneInTensionPulls) {
+  const SolvedForces truss = LoadedTriangleForces();
+  EXPECT_EQ(truss.Force("AC").Sense, ForceSense::Pushing);
+  EXPECT_EQ(truss.Force("BC").Sense, ForceSense::Pushing);
+  EXPECT_EQ(truss.Force("AB").Sense, ForceSense::Pulling);
+  EXPECT_NEAR(truss.Force("AB").Value, -500, 1e-3);
+  EXPECT_NEAR(truss.Forces.Largest, 1000 / std::sqrt(2.0), 1e-3);
+}
+
+TEST(TrussForces, TheMagnitudeWithItsLetterComesFirstAndTheProgramsNumberSecond) {
+  const SolvedForces truss = LoadedTriangleForces();
+  EXPECT_THAT(truss.Force("AC").Lines, ElementsAre("AC 707.1 C", "(707.1)"));
+  EXPECT_THAT(truss.Force("AB").Lines, ElementsAre("AB 500 T",
+                                                   "(\x96"
+                                                   "500)"));
+}
+
+TEST(TrussForces, WithoutANameThereIsTheNumberAlone) {
+  const SolvedForces truss(
+      TrussBuilder().Member(0, 0, 4, 0).Clamp(0, 0).Roller(4, 0, "r", 6).Force(4, 0, 8, 0));
+  EXPECT_THAT(truss.Forces.Unknowns[4].Lines, ElementsAre("8 T",
+                                                          "(\x96"
+                                                          "8)"));
+}
+
+TEST(TrussForces, HaveTheDocumentsFiguresAndTheLocalesSeparator) {
+  const SolvedForces triangle = LoadedTriangleForces();
+  const SolvedForces truss(triangle.Document, {.SigFigs = 6, .Numbers = {","}});
+  EXPECT_THAT(truss.Force("AC").Lines, ElementsAre("AC 707,107 C", "(707,107)"));
+}
+
+// An arrow shows which way a reaction acts; only where that is not the way its sign counts it needs a number.
+TEST(TrussForces, AReactionHasItsProgramsNumberOnlyWhenItIsNegative) {
+  const SolvedForces truss(TrussBuilder()
+                               .Member(0, 0, 4, 0, "AB")
+                               .Clamp(0, 0, "Ax", "Ay")
+                               .Roller(4, 0, "By")
+                               .Force(4, 0, 30, -20));
+  EXPECT_THAT(truss.Force("Ax").Lines, ElementsAre("Ax 30",
+                                                   "(\x96"
+                                                   "30)"));
+  EXPECT_THAT(truss.Force("Ay").Lines, ElementsAre("Ay 0"));
+  EXPECT_THAT(truss.Force("By").Lines, ElementsAre("By 20"));
+}
+
+// Zero is what the solutions show as 0, neither more nor less.
+TEST(TrussForces, WhatTheSolutionsShowAsZeroIsZero) {
+  const auto hung = [](float load) {
+    return SolvedForces(TrussBuilder()
+                            .Member(0, 0, 4, 0, "m")
+                            .Clamp(0, 0, "x", "y")
+                            .Roller(4, 0, "r")
+                            .Force(4, 0, load, 0)
+                            .Force(4, 0, 0, -1E6F));
+  };
+  EXPECT_EQ(hung(9E-9F).Force("m").Sense, ForceSense::Zero);
+  EXPECT_EQ(hung(9E-9F).Force("m").Value, 0);
+  EXPECT_THAT(hung(9E-9F).Force("m").Lines, ElementsAre("m 0"));
+  EXPECT_EQ(hung(2E-8F).Force("m").Sense, ForceSense::Pulling);
+  EXPECT_EQ(hung(-2E-8F).Force("m").Sense, ForceSense::Pushing);
+}
+
+TEST(TrussForces, WhatTheEquationsLeaveOpenIsUndetermined) {
+  const SolvedForces truss = CrossedSquareForces();
+  EXPECT_EQ(truss.Force("d1").Sense, ForceSense::Undetermined);
+  EXPECT_THAT(truss.Force("d1").Lines, ElementsAre("d1 ?"));
+  EXPECT_THAT(truss.Force("r").Lines, ElementsAre("r 100"));
+  EXPECT_THAT(RemarksOn(truss.Forces), ElementsAre(HasSubstr("undetermined")));
+}
+
+TEST(TrussForces, WithoutASolutionNoForceIsShown) {
+  const SolvedForces truss = SwayingSquareForces();
+  ASSERT_FALSE(truss.Forces.HasSolution());
+  for (const ForceFound& force : truss.Forces.Unknowns.First(truss.Forces.Unknowns.Size())) {
+    EXPECT_EQ(force.Sense, ForceSense::Undetermined);
+    EXPECT_EQ(force.Value, 0);
+  }
+  EXPECT_THAT(RemarksOn(truss.Forces), ElementsAre(HasSubstr("no solution")));
+}
+
+TEST(TrussForces, OfARedundantSystemHoldForTheseLoadsOnly) {
+  const SolvedForces truss(TrussBuilder().Member(0, 0, 0, 4, "m").Clamp(0, 0, "x", "y").Force(0, 4, 0, -5));
+  EXPECT_THAT(truss.Force("m").Lines, ElementsAre("m 5 C", "(5)"));
+  EXPECT_THAT(RemarksOn(truss.Forces), ElementsAre(HasSubstr("these loads only")));
+  EXPECT_THAT(RemarksOn(LoadedTriangleForces().Forces), IsEmpty());
+}
+
+TEST(TrussForces, ATinyForceBesideALargeOneIsSaidToBeUnsure) {
+  const auto remarks = [](float load) {
+    return RemarksOn(SolvedForces(TrussBuilder()
+                                      .Member(0, 0, 4, 0, "m")
+                                      .Clamp(0, 0, "x", "y")
+                                      .Roller(4, 0, "r")
+                                      .Force(4, 0, load, 0)
+                                      .Force(4, 0, 0, -1000))
+                         .Forces);
+  };
+  EXPECT_THAT(remarks(0.0009F), ElementsAre(HasSubstr("remnants of rounding")));
+  EXPECT_THAT(remarks(0.0011F), IsEmpty());
+}
+
+TEST(TrussForces, ForcesFarLargerThanTheLoadsAreSaidToBeOdd) {
+  const auto remarks = [](float height) {
+    return RemarksOn(SolvedForces(TrussBuilder()
+                                      .Member(0, 0, 4, height, "a")
+                                      .Member(8, 0, 4, height, "b")
+                                      .Clamp(0, 0, "x", "y")
+                                      .Clamp(8, 0, "u", "v")
+                                      .Force(4, height, 0, -10))
+                         .Forces);
+  };
+  EXPECT_THAT(remarks(0.001F), ElementsAre(HasSubstr("nearly a mechanism")));
+  EXPECT_THAT(remarks(0.01F), IsEmpty());
+}
+
+TEST(ForceRows, SayWhereAForceActsAndWhichWay) {
+  const SolvedForces truss = LoadedTriangleForces();
+  const std::vector<ForceRow> rows = ForceRows(truss.Forces, {});
+  ASSERT_EQ(rows.size(), 6U);
+  EXPECT_EQ(rows[0].Where, "reaction at A, positive to the right");
+  EXPECT_EQ(rows[0].Force, "0");
+  EXPECT_EQ(rows[1].Force, "500 up");
+  EXPECT_EQ(rows[1].Number, "500");
+  EXPECT_EQ(rows[3].Name, "AB");
+  EXPECT_EQ(rows[3].Where, "member from A to B");
+  EXPECT_EQ(rows[3].Force, "500 T");
+  EXPECT_EQ(rows[3].Number,
+            "\x96"
+            "500");
+}
+
+TEST(ForceRows, AReactionThatIsNegativeActsTheOtherWay) {
+  const SolvedForces truss(
+      TrussBuilder().Member(0, 0, 4, 0, "m").Clamp(0, 0, "x", "y").Roller(4, 0, "r", 6).Force(4, 0, 0, -7));
+  const std::vector<ForceRow> rows = ForceRows(truss.Forces, {});
+  EXPECT_EQ(rows[0].Name, "r");
+  EXPECT_EQ(rows[0].Where, "reaction at (4, 0), positive down");
+  EXPECT_EQ(rows[0].Force, "7 up");
+  EXPECT_EQ(rows[0].Number,
+            "\x96"
+            "7");
+}
+
+TEST(DescribeForces, CountsTheMembersAndTellsTheirForces) {
+  EXPECT_EQ(
+      DescribeForces(LoadedTriangleForces().Forces, {}),
+      "Drawing of the truss with its forces: 2 members in compression and 1 member in tension. AB 500 T, AC "
+      "707.1 C and BC 707.1 C.");
+  EXPECT_THAT(DescribeForces(SwayingSquareForces().Forces, {}),
+              testing::AllOf(HasSubstr("4 members undetermined"), HasSubstr("no solution"),
+                             testing::Not(HasSubstr("s1"))));
+}
+
+}  // namespace
