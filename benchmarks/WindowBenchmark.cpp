@@ -15,6 +15,7 @@
 #include "ShapeDocument.h"
 #include "app/MainForm.h"
 #include "explanation/MotionView.h"
+#include "explanation/forces/ForcesView.h"
 #include "support/FakeFileChooser.h"
 #include "support/FakeMessageBox.h"
 #include "support/MemorySettingsStore.h"
@@ -104,9 +105,10 @@ class Window {
   bool wide_ = false;
 };
 
-MotionView* MotionViewOnScreen() {
+template <class View>
+View* ViewOnScreen() {
   for (QWidget* widget : QApplication::allWidgets()) {
-    auto* view = qobject_cast<MotionView*>(widget);
+    auto* view = qobject_cast<View*>(widget);
     if (view != nullptr && view->isVisible()) return view;
   }
   return nullptr;
@@ -179,11 +181,33 @@ void SwingInWindow(State& state) {
   window.Click("cmdNext1");
   window.Click("cmdNext2");
   window.Choose("mnuLearnWhy");
-  MotionView* view = MotionViewOnScreen();
+  auto* view = ViewOnScreen<MotionView>();
   double swing = 0;
   for (auto unused : state) {
     swing = swing > 1 ? -1 : swing + 0.1;
     view->Swing(swing);
+    view->repaint();
+  }
+}
+
+// Zooming places all texts anew and paints. `zoom` steps in from the whole.
+void ZoomForces(State& state, TrussShape (*shape)(int), int zoom) {
+  const LargestFile file(shape(LargestNumUnknowns));
+  Window window;
+  window.Open(file.Path());
+  window.Click("cmdNext1");
+  window.Click("cmdNext2");
+  window.Choose("mnuLearnForces");
+  auto* view = ViewOnScreen<ForcesView>();
+  for (int i = 0; i < zoom; ++i) view->ZoomIn();
+  bool in = false;
+  for (auto unused : state) {
+    in = !in;
+    if (in) {
+      view->ZoomIn();
+    } else {
+      view->ZoomOut();
+    }
     view->repaint();
   }
 }
@@ -274,6 +298,10 @@ int main(int argc, char** argv) {
   Register("open the Solutions report", OpenReport, "cmdReportSolutions");
   Register("open Why this conclusion of the largest grid", ExplainInWindow);
   Register("a frame of a motion of the largest grid", SwingInWindow);
+  Register("a zoom of the forces of the whole strip", ZoomForces, &WarrenStrip, 0);
+  Register("a zoom of the forces of a part of the strip", ZoomForces, &WarrenStrip, 20);
+  Register("a zoom of the forces of the whole grid", ZoomForces, &BracedGrid, 0);
+  Register("a zoom of the forces of a part of the grid", ZoomForces, &BracedGrid, 8);
   Register("check the drawing", CheckInWindow);
   Register("find the label under the mouse", FindLabel);
   Register("mouse move with read-out and snapping", MoveMouse);

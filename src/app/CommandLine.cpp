@@ -256,7 +256,8 @@ orvane --picture=OUT [--named] FILE         the truss with its forces as .png, .
 orvane --picture=OUT --motion=K FILE        the truss with the K-th of the motions that --report=why tells
 orvane --picture=OUT --forces FILE          the truss with the forces that the solutions give, and its legend
 orvane --document=OUT FILE                  the printable report as .rtf, .pdf, .odt or .html
-orvane --document=OUT --with=why FILE       the same with a section that tells why this conclusion
+orvane --document=OUT --with=forces,why FILE  the same with sections behind the solution: the drawing of the
+                                            forces, and why this conclusion
 orvane --convert=OUT.trs FILE               write FILE again in the current layout
 orvane --autoname ...                       with any of the above: name the forces and joints first
 orvane --help | --version                   print this text, or the version

@@ -16,6 +16,7 @@ inline constexpr const char* MathHelpTopic = "\\orvane.chm::\\gauss help\\backgd
 inline constexpr const char* SettingsHelpTopic = "\\orvane.chm::\\program\\settings.htm";
 inline constexpr const char* PrintingHelpTopic = "\\orvane.chm::\\program\\printing.htm";
 inline constexpr const char* WhyHelpTopic = "\\orvane.chm::\\program\\learn.htm#why";
+inline constexpr const char* ForcesHelpTopic = "\\orvane.chm::\\program\\forces.htm";
 inline constexpr const char* ChecksHelpTopic = "\\orvane.chm::\\program\\learn.htm#checks";
 inline constexpr const char* RoundingHelpTopic = "\\orvane.chm::\\truss help\\exact.htm";
 

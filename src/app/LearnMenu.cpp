@@ -12,6 +12,7 @@
 #include "explanation/ChecksWindow.h"
 #include "explanation/LearnWindow.h"
 #include "explanation/WhyWindow.h"
+#include "explanation/forces/ForcesWindow.h"
 #include "platform/qt/WindowInFront.h"
 
 namespace {
@@ -38,6 +39,12 @@ std::vector<LearnMenu::Entry> LearnMenu::AllEntries() const {
                      .HelpTopic = WhyHelpTopic,
                      .Sizes = ExplanationSizes,
                      .Make = [this] { return std::make_unique<WhyWindow>(on_.Animation); }});
+  entries.push_back({.Name = "mnuLearnForces",
+                     .Caption = "&Forces on the truss",
+                     .ToolTip = "The truss with compression, tension and the size of each force",
+                     .HelpTopic = ForcesHelpTopic,
+                     .Sizes = ForcesSizes,
+                     .Make = [] { return std::make_unique<ForcesWindow>(); }});
   return entries;
 }
 

@@ -26,9 +26,12 @@ struct ReportSizes {
 ScreenBox PlaceOfReport(const ScreenBox& screen, const ScreenBox& mainWindow, int panelBottom,
                         const ReportSizes& sizes = {});
 
-/// What the window that explains asks for, and the one with the checks: less width than a report.
+/// What the window that explains asks for, the one with the forces, and the one with the checks: less width
+/// than a report.
 inline constexpr ReportSizes ExplanationSizes{
     .Width = 600, .Height = 700, .SmallestWidth = 340, .SmallestHeight = 200};
+inline constexpr ReportSizes ForcesSizes{
+    .Width = 680, .Height = 720, .SmallestWidth = 360, .SmallestHeight = 260};
 inline constexpr ReportSizes ChecksSizes{
     .Width = 480, .Height = 320, .SmallestWidth = 300, .SmallestHeight = 160};
 

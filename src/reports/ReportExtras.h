@@ -12,7 +12,7 @@
 #include "reports/RTBPicture.h"
 #include "reports/RTBText.h"
 
-enum class ReportExtra { Why };
+enum class ReportExtra { Forces, Why };
 
 /// What a section is made from, and what it is appended to.
 struct ReportExtraContext {
@@ -38,10 +38,13 @@ struct ReportExtraKind {
   AppendedExtra (*Append)(const ReportExtraContext&);
 };
 
+AppendedExtra AppendForces(const ReportExtraContext& context);
 AppendedExtra AppendWhy(const ReportExtraContext& context);
 
 /// All of them: who adds another section adds its line here.
 inline constexpr std::array AllReportExtras = {
+    ReportExtraKind{ReportExtra::Forces, "forces", "Add &forces",
+                    "adds a section behind the solution: the forces on the truss, drawn", &AppendForces},
     ReportExtraKind{ReportExtra::Why, "why", "Add &reasons",
                     "adds a section behind the solution: why this conclusion", &AppendWhy},
 };

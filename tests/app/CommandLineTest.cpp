@@ -275,11 +275,13 @@ TEST(CommandLineDocument, HasTheSectionsThatAreAskedFor) {
   EXPECT_THAT(Call({"--document=a.rtf", "a"}).DocumentWith, IsEmpty());
   EXPECT_THAT(Call({"--document=a.rtf", "--with=why", "a"}).DocumentWith, ElementsAre(ReportExtra::Why));
   EXPECT_THAT(Call({"--with=why,why", "--document=-", "a"}).DocumentWith, ElementsAre(ReportExtra::Why));
+  EXPECT_THAT(Call({"--document=-", "--with=why,forces", "a"}).DocumentWith,
+              ElementsAre(ReportExtra::Why, ReportExtra::Forces));
 }
 
 TEST(CommandLineDocument, RefusesSectionsThatThereAreNot) {
-  EXPECT_EQ(WhyWrong({"--document=a.rtf", "--with=forces", "a"}),
-            "there is no section \"forces\" for a document");
+  EXPECT_EQ(WhyWrong({"--document=a.rtf", "--with=nothing", "a"}),
+            "there is no section \"nothing\" for a document");
   EXPECT_EQ(WhyWrong({"--document=a.rtf", "--with=why,", "a"}), "there is no section \"\" for a document");
   EXPECT_EQ(WhyWrong({"--document=a.rtf", "--with", "a"}), "--with needs a value after \"=\"");
   for (const char* other : {"--report", "--json", "--csv=rref", "--picture=o.png", "--convert=o.trs"}) {
@@ -321,9 +323,9 @@ TEST(CommandLineHelp, ShowsEveryOptionThatThereIs) {
   for (const char* option :
        {"orvane [FILE...]", "--report[=SECTION,...] FILE...", "--json [--matrices] FILE...",
         "--csv=equations|rref|solutions FILE", "--picture=OUT [--named] FILE", ".png, .svg or .pdf",
-        "--document=OUT FILE", "--document=OUT --with=why FILE", ".rtf, .pdf, .odt or .html",
-        "--convert=OUT.trs FILE", "--autoname ...", "--help | --version", "Exit status: 0",
-        "counting, joints, equations, rref, solutions"}) {
+        "--document=OUT FILE", "--document=OUT --with=forces,why FILE", "--picture=OUT --forces FILE",
+        ".rtf, .pdf, .odt or .html", "--convert=OUT.trs FILE", "--autoname ...", "--help | --version",
+        "Exit status: 0", "counting, joints, equations, rref, solutions"}) {
     EXPECT_THAT(help, HasSubstr(option));
   }
   EXPECT_TRUE(help.ends_with('\n'));

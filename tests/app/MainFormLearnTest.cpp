@@ -9,7 +9,10 @@
 #include "explanation/ChecksWindow.h"
 #include "explanation/MotionView.h"
 #include "explanation/WhyWindow.h"
+#include "explanation/forces/ForcesWindow.h"
 #include "naming/Naming.h"
+#include "platform/qt/QtText.h"
+#include "support/LoadedTriangle.h"
 #include "support/MainFormFixture.h"
 
 namespace {
@@ -79,7 +82,8 @@ TEST_F(MainFormLearn, StandsBetweenSettingsAndHelp) {
   QStringList entries;
   for (const QAction* action : LearnMenuOf()->actions()) entries.append(action->text().remove(u'&'));
   EXPECT_EQ(entries,
-            (QStringList{QStringLiteral("Why this conclusion"), QStringLiteral("Check the drawing")}));
+            (QStringList{QStringLiteral("Why this conclusion"), QStringLiteral("Forces on the truss"),
+                         QStringLiteral("Check the drawing")}));
 }
 
 TEST_F(MainFormLearn, ExplainsInStep3OnlyAndChecksInEveryStep) {
@@ -149,6 +153,26 @@ TEST_F(MainFormLearn, ShowsTheExplanationOfTheTruss) {
   EXPECT_FALSE(Why().isVisible());
   Trigger("mnuLearnWhy");
   EXPECT_TRUE(Why().isVisible()) << "as often as one likes";
+}
+
+TEST_F(MainFormLearn, ShowsTheForcesOfTheSolutionsInStep3) {
+  Started();
+  OpenTruss(LoadedTriangle());
+  EXPECT_FALSE(Entry("mnuLearnForces")->isEnabled());
+  OpenInStep3(LoadedTriangle());
+  Trigger("mnuLearnForces");
+  auto* window = WindowOf<ForcesWindow>();
+  ASSERT_TRUE(window->isVisible());
+  const auto* list = window->findChild<QTableWidget*>();
+  ASSERT_EQ(list->rowCount(), truss_.NumMembers + 3);
+  const TrussAnalysis analysis = SolveTruss(truss_);
+  for (int k = 1; k <= list->rowCount(); ++k) {
+    EXPECT_EQ(list->item(k - 1, 0)->text().toStdString(), analysis.System.UnknownList[k].Name);
+    EXPECT_EQ(FromQt(list->item(k - 1, 3)->text()), TableNumber(*analysis.Reading.Values[k], {}));
+  }
+  Click("cmdPrev3");
+  EXPECT_FALSE(window->isVisible());
+  EXPECT_EQ(list->rowCount(), 0);
 }
 
 // A window costs its controls; who asks for none pays for none.

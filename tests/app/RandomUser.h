@@ -70,6 +70,7 @@ class RandomUser : public WindowEditingFixture {
   void ReportWindowEvent();
   void UseShownReport(QWidget& report);
   void UseLearning();
+  void UseForces(QWidget& drawing);
 
   // Checks (RandomUserChecks.cpp).
   bool InStep1() const { return Widget("picToolBox")->isVisible(); }

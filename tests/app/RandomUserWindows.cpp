@@ -156,14 +156,35 @@ void RandomUser::ReportWindowEvent() {
 // The windows of the menu Learn that are open: text and list as in a report, the slider and the play button.
 void RandomUser::UseLearning() {
   for (QWidget* window : QApplication::topLevelWidgets()) {
-    const bool isOfLearn =
-        window->objectName() == QStringLiteral("Why") || window->objectName() == QStringLiteral("Checks");
+    static const QStringList windowsOfLearn = {QStringLiteral("Why"), QStringLiteral("Forces"),
+                                               QStringLiteral("Checks")};
+    const bool isOfLearn = windowsOfLearn.contains(window->objectName());
     if (!isOfLearn || !window->isVisible()) continue;
     for (int i = Below(4); i > 0; --i) UseShownReport(*window);
     if (Below(3) == 0) WindowEvent(*window);
     if (auto* play = window->findChild<QPushButton*>(QStringLiteral("cmdPlay")))
       QTest::mouseClick(play, Qt::LeftButton);
+    if (auto* drawing = window->findChild<QWidget*>(QStringLiteral("picForces"))) UseForces(*drawing);
   }
+}
+
+// Wheel, clicks and drags on the drawing of the forces, and its keys.
+void RandomUser::UseForces(QWidget& drawing) {
+  const auto somewhere = [&] { return QPoint(Below(drawing.width() + 1), Below(drawing.height() + 1)); };
+  const QPoint at = somewhere();
+  QWheelEvent wheel(at, drawing.mapToGlobal(at), {}, {0, 120 * (Below(9) - 4)}, Qt::NoButton, Qt::NoModifier,
+                    Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&drawing, &wheel);
+  QTest::mousePress(&drawing, Qt::LeftButton, Qt::NoModifier, at);
+  if (Below(2) == 0) {
+    const QPoint to = somewhere();
+    QMouseEvent move(QEvent::MouseMove, QPointF(to), drawing.mapToGlobal(QPointF(to)), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&drawing, &move);
+  }
+  QTest::mouseRelease(&drawing, Qt::LeftButton, Qt::NoModifier, somewhere());
+  static constexpr std::array keys = {Qt::Key_Plus, Qt::Key_Minus, Qt::Key_0, Qt::Key_C, Qt::Key_Left};
+  QTest::keyClick(&drawing, OneOf(keys), Below(3) == 0 ? Qt::NoModifier : Qt::ControlModifier);
 }
 
 // Mouse and keys in the text or the table, with the keys that copy and close.

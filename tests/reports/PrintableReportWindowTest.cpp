@@ -49,7 +49,7 @@ TEST_F(PrintableReportWindowTest, NothingOverlapsInTheSmallestWindow) {
   QApplication::processEvents();
   const std::vector<QWidget*> parts = {&Box(),
                                        &Button("cmdReportPrint"),
-                                       &Child<QCheckBox>(*window_, "chkReportWith(1)"),
+                                       &Child<QCheckBox>(*window_, "chkReportWith(2)"),
                                        &Button("cmdCopyToClipboard"),
                                        &Button("cmdReportClose"),
                                        &Button("cmdReportSaveAs")};
@@ -315,8 +315,8 @@ TEST_F(PrintableReportWindowTest, EscapeAndEnterCloseTheWindow) {
 TEST_F(PrintableReportWindowTest, TabGoesFromTheTextThroughTheButtonsFromLeftToRight) {
   Opened();
   EXPECT_EQ(window_->focusWidget(), &Box());
-  for (const char* name :
-       {"cmdReportPrint", "chkReportWith(1)", "cmdCopyToClipboard", "cmdReportClose", "cmdReportSaveAs"}) {
+  for (const char* name : {"cmdReportPrint", "chkReportWith(1)", "chkReportWith(2)", "cmdCopyToClipboard",
+                           "cmdReportClose", "cmdReportSaveAs"}) {
     QTest::keyClick(window_->focusWidget(), Qt::Key_Tab);
     EXPECT_EQ(window_->focusWidget(), &Child<QWidget>(*window_, name)) << name;
   }
@@ -329,7 +329,7 @@ TEST_F(PrintableReportWindowTest, TabGoesFromTheTextThroughTheButtonsFromLeftToR
 TEST_F(PrintableReportWindowTest, AddsWhyWhenItsBoxIsChecked) {
   Opened();
   const std::string usual = Text();
-  auto& why = Child<QCheckBox>(*window_, "chkReportWith(1)");
+  auto& why = Child<QCheckBox>(*window_, "chkReportWith(2)");
   EXPECT_FALSE(why.isChecked()) << "the usual report at first";
   EXPECT_EQ(usual.find("Why this conclusion:"), std::string::npos);
   QTest::mouseClick(&why, Qt::LeftButton, {}, QPoint(8, why.height() / 2));
@@ -342,7 +342,7 @@ TEST_F(PrintableReportWindowTest, AddsWhyWhenItsBoxIsChecked) {
 
 TEST_F(PrintableReportWindowTest, SavesTheSectionsThatItShows) {
   Opened();
-  Child<QCheckBox>(*window_, "chkReportWith(1)").click();
+  Child<QCheckBox>(*window_, "chkReportWith(2)").click();
   ASSERT_TRUE(QTest::qWaitFor([&] { return Text().find("Why this conclusion:") != std::string::npos; }));
   chooser_.Choice = directory_ / "report.html";
   Click("cmdReportSaveAs");

@@ -133,7 +133,7 @@ TEST(ReportExtras, EachHasAWordOfItsOwn) {
     EXPECT_EQ(ReportExtraNamed(kind.Word), kind.Extra);
     EXPECT_EQ(KindOf(kind.Extra).Word, kind.Word);
   }
-  EXPECT_EQ(ReportExtraNamed("forces"), std::nullopt);
+  EXPECT_EQ(ReportExtraNamed("nothing"), std::nullopt);
   EXPECT_EQ(ReportExtraNamed(""), std::nullopt);
 }
 

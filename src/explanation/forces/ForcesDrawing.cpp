@@ -14,7 +14,7 @@
 namespace {
 
 // Air around the truss for arrows and texts, pixels.
-constexpr float WidestBorder = 96;
+constexpr float WidestBorder = 84;
 
 // The widest stroke, pixels; where members are short it is that share of the usual member.
 constexpr double WidestStroke = 8, NarrowestStroke = 2;

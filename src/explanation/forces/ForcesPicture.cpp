@@ -53,10 +53,12 @@ ForcesDrawing BestDrawing(const ForcesScene& scene, const TextMeasure& measure, 
 
 }  // namespace
 
-Picture ForcesPicture(const ForcesScene& scene, const TextMeasure& measure, float widest) {
+Picture ForcesPicture(const ForcesScene& scene, const TextMeasure& measure, float widest,
+                      bool huesAreSwapped) {
+  const ForcesLook look{.HuesAreSwapped = huesAreSwapped};
   Picture picture(measure);
   const ForcesDrawing drawing = BestDrawing(scene, measure, widest);
-  PaintForces(picture, drawing, {});
+  PaintForces(picture, drawing, look);
   const PixelRect frame = picture.Frame();
   if (frame == PixelRect{}) return picture;
   std::vector<std::string> remarks = RemarksOn(scene.Forces);
@@ -66,7 +68,7 @@ Picture ForcesPicture(const ForcesScene& scene, const TextMeasure& measure, floa
   }
   const ForcesLegend legend = LayOutLegend(
       remarks, std::max(NarrowForcesPicture - AroundPicture, frame.Width()), scene.Points, measure);
-  PaintLegend(picture, legend, {frame.Left, frame.Bottom + AboveLegend}, {});
+  PaintLegend(picture, legend, {frame.Left, frame.Bottom + AboveLegend}, look);
   picture.Crop(MarginOfPicture);
   return picture;
 }

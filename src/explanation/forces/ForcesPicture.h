@@ -11,4 +11,4 @@ inline constexpr float NarrowForcesPicture = 640, WidestForcesPicture = 2560;
 /// they are about; where even the widest has no room for all, the one with most of them. What had no room is
 /// told below. Empty when there is nothing to draw.
 Picture ForcesPicture(const ForcesScene& scene, const TextMeasure& measure,
-                      float widest = WidestForcesPicture);
+                      float widest = WidestForcesPicture, bool huesAreSwapped = false);
