@@ -2,6 +2,7 @@
 #include <benchmark/benchmark.h>
 
 #include "explanation/ExactVerdict.h"
+#include "explanation/MotionText.h"
 #include "explanation/byjoint/HandSolution.h"
 #include "support/TrussShapes.h"
 
@@ -59,6 +60,30 @@ void ExactVerdictWithReasons(benchmark::State& state) {
   }
 }
 
+// Loose members on one clamp, which has as many motions as members.
+TrussGraph Star(int numUnknowns) {
+  TrussGraph graph;
+  graph.Joints.Resize(numUnknowns - 1);
+  graph.Unknowns.Resize(numUnknowns);
+  graph.Unknowns[1] = {.JointA = 1, .Along = Axis::X};
+  graph.Unknowns[2] = {.JointA = 1, .Along = Axis::Y};
+  for (int j = 2; j <= graph.NumJoints(); ++j) {
+    graph.Joints[j] = {static_cast<float>(1 + j % 64), static_cast<float>(1 + j / 64), ""};
+    graph.Unknowns[j + 1] = {.JointA = 1, .JointB = j};
+  }
+  return graph;
+}
+
+void EveryMotionOfAStarTold(benchmark::State& state) {
+  const TrussGraph graph = Star(static_cast<int>(state.range(0)));
+  for (auto unused : state) {
+    const ExactReasons reasons = ReasonExactly(graph);
+    const ReportFormat format;
+    MotionTeller teller(graph, format);
+    for (const Motion& motion : reasons.Motions) benchmark::DoNotOptimize(teller.Text(motion));
+  }
+}
+
 void JointByJoint(benchmark::State& state) {
   const TrussGraph graph = ShapeNumber(state);
   for (auto unused : state) {
@@ -72,5 +97,12 @@ const std::vector<std::vector<std::int64_t>> ShapesAndSizes = {{0, 1, 2, 3}, {20
 BENCHMARK(ExactVerdictAlone)->ArgsProduct(ShapesAndSizes)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(ExactVerdictWithReasons)->ArgsProduct(ShapesAndSizes)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(JointByJoint)->ArgsProduct(ShapesAndSizes)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+BENCHMARK(EveryMotionOfAStarTold)
+    ->Arg(200)
+    ->Arg(1000)
+    ->Arg(4096)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
 
 }  // namespace

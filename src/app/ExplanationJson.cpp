@@ -25,8 +25,7 @@ std::string ExactJson(const Explanation& explanation) {
       .Text();
 }
 
-std::string UnknownsAtJson(const TrussGraph& graph) {
-  JsonList list('[');
+void WriteUnknownsAt(JsonStream& list, const TrussGraph& graph) {
   for (const PlacedUnknown& unknown : graph.Unknowns.First(graph.NumUnknowns())) {
     JsonList at('{');
     if (unknown.IsMember()) {
@@ -38,7 +37,6 @@ std::string UnknownsAtJson(const TrussGraph& graph) {
     }
     list.Item(at.Text());
   }
-  return list.Text();
 }
 
 const char* KindOf(const Motion& motion) {
@@ -57,8 +55,8 @@ const char* ExtentOf(const Motion& motion) {
   return "\"small\"";
 }
 
-std::string MotionsJson(const Explanation& explanation, const ReportFormat& format) {
-  JsonList list('[');
+void WriteMotions(JsonStream& list, const Explanation& explanation, const ReportFormat& format) {
+  MotionTeller teller(explanation.Graph, format);
   for (const Motion& motion : explanation.Exact.Motions) {
     JsonList joints('[');
     for (const JointDisplacement& at : motion.Joints) {
@@ -69,14 +67,12 @@ std::string MotionsJson(const Explanation& explanation, const ReportFormat& form
                   .Key("extent", ExtentOf(motion))
                   .Key("joints", joints.Text())
                   .Key("work", motion.Work)
-                  .Key("text", JsonName(MotionText(explanation.Graph, motion, format)))
+                  .Key("text", JsonName(teller.Text(motion)))
                   .Text());
   }
-  return list.Text();
 }
 
-std::string SelfStressesJson(const Explanation& explanation, const ReportFormat& format) {
-  JsonList list('[');
+void WriteSelfStresses(JsonStream& list, const Explanation& explanation, const ReportFormat& format) {
   for (const SelfStress& stress : explanation.Exact.SelfStresses) {
     JsonList forces('[');
     for (const UnknownForce& force : stress.Forces) {
@@ -87,7 +83,6 @@ std::string SelfStressesJson(const Explanation& explanation, const ReportFormat&
                   .Key("text", JsonName(SelfStressText(explanation.Graph, stress, format)))
                   .Text());
   }
-  return list.Text();
 }
 
 std::string ProofJson(const std::optional<ContradictionProof>& proof) {
@@ -103,11 +98,10 @@ std::string ProofJson(const std::optional<ContradictionProof>& proof) {
   return JsonList('{').Key("equations", equations.Text()).Key("Sum", proof->Sum).Text();
 }
 
-std::string AdviceJson(const std::vector<Advice>& suggestions) {
-  JsonList list('[');
+void WriteAdvice(JsonStream& list, const std::vector<Advice>& suggestions) {
   for (const Advice& advice : suggestions) {
     JsonList item('{');
-    if (advice.Kind == AdviceKind::RemoveMember) {
+    if (advice.Kind == AdviceKind::Remove) {
       item.Key("Remove", advice.Unknown);
     } else if (advice.Kind == AdviceKind::AddRoller) {
       item.Key("Add", "\"roller\"").Key("Joint", advice.JointA).Key("Axis", AxisWord(advice.Along));
@@ -118,11 +112,9 @@ std::string AdviceJson(const std::vector<Advice>& suggestions) {
     }
     list.Item(item.Text());
   }
-  return list.Text();
 }
 
-std::string ChecksJson(const AnalysedFile& file, const ReportFormat& format) {
-  JsonList list('[');
+void WriteFindings(JsonStream& list, const AnalysedFile& file, const ReportFormat& format) {
   for (const DrawingCheck& check : ChecksOf(file, format)) {
     list.Item(JsonList('{')
                   .Key("Kind", JsonText(KindWord(check.Kind)))
@@ -131,24 +123,22 @@ std::string ChecksJson(const AnalysedFile& file, const ReportFormat& format) {
                   .Key("text", JsonName(check.Text))
                   .Text());
   }
-  return list.Text();
 }
 
 }  // namespace
 
-void AddExplanation(JsonList& object, const AnalysedFile& file, const ReportFormat& format) {
-  const bool hasUnknowns = file.Analysis.System.NumUnknowns() > 0;
-  if (hasUnknowns) {
-    const Explanation explanation = ExplainTruss(file.Document, file.Analysis);
-    const std::optional<int>& figures = explanation.Rounded.Figures.CertainFigures;
-    object.Key("exact", ExactJson(explanation))
-        .Key("unknownsAt", UnknownsAtJson(explanation.Graph))
-        .Key("motions", MotionsJson(explanation, format))
-        .Key("selfStresses", SelfStressesJson(explanation, format))
-        .Key("proof", ProofJson(explanation.Proof))
-        .Key("advice", AdviceJson(explanation.Suggestions))
+void AddExplanation(JsonStream& object, const AnalysedFile& file,
+                    const std::optional<Explanation>& explanation, const ReportFormat& format) {
+  if (explanation) {
+    const std::optional<int>& figures = explanation->Rounded.Figures.CertainFigures;
+    object.Key("exact", ExactJson(*explanation))
+        .Array("unknownsAt", [&](JsonStream& list) { WriteUnknownsAt(list, explanation->Graph); })
+        .Array("motions", [&](JsonStream& list) { WriteMotions(list, *explanation, format); })
+        .Array("selfStresses", [&](JsonStream& list) { WriteSelfStresses(list, *explanation, format); })
+        .Key("proof", ProofJson(explanation->Proof))
+        .Array("advice", [&](JsonStream& list) { WriteAdvice(list, explanation->Suggestions); })
         .Key("certainFigures", figures ? std::to_string(*figures) : "null");
   }
-  object.Key("checks", ChecksJson(file, format));
-  if (hasUnknowns) object.Key("byJoint", ByJointJson(file, format));
+  object.Array("checks", [&](JsonStream& list) { WriteFindings(list, file, format); });
+  if (explanation) object.Key("byJoint", ByJointJson(file, format));
 }

@@ -2,6 +2,7 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <algorithm>
 #include <cmath>
 #include <string_view>
 
@@ -49,6 +50,10 @@ std::string WithHighControlsEscaped(std::string_view json) {
 }  // namespace
 
 std::string JsonText(const std::string& utf8Text) {
+  // Most texts have nothing to escape.
+  const bool isPlain = std::ranges::all_of(
+      utf8Text, [](char byte) { return byte >= ' ' && byte < '\x7F' && byte != '"' && byte != '\\'; });
+  if (isPlain) return '"' + utf8Text + '"';
   const QByteArray array =
       QJsonDocument(QJsonArray{QString::fromStdString(utf8Text)}).toJson(QJsonDocument::Compact);
   return WithHighControlsEscaped(array.mid(1, array.size() - 2).toStdString());
@@ -59,12 +64,28 @@ std::string JsonName(const std::string& singleByteText) { return JsonText(ToUtf8
 std::string JsonNumber(float value) { return std::isfinite(value) ? GeneralText(value) : "null"; }
 std::string JsonNumber(double value) { return std::isfinite(value) ? GeneralText(value) : "null"; }
 
-JsonList& JsonList::Item(const std::string& json) {
+JsonList& JsonList::Item(std::string_view json) {
   if (text_.size() > 1) text_ += ',';
   text_ += json;
   return *this;
 }
 
-JsonList& JsonList::Key(const char* key, const std::string& json) {
-  return Item('"' + std::string(key) + "\":" + json);
+JsonStream::JsonStream(std::ostream& out, char open) : out_(out), close_(open == '[' ? ']' : '}') {
+  out_ << open;
+}
+
+JsonStream& JsonStream::Item(std::string_view json) {
+  BeginItem();
+  out_ << json;
+  return *this;
+}
+
+void JsonStream::BeginItem() {
+  if (!isEmpty_) out_ << ',';
+  isEmpty_ = false;
+}
+
+void JsonStream::BeginKey(const char* key) {
+  BeginItem();
+  out_ << '"' << key << "\":";
 }

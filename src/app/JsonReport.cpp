@@ -1,5 +1,8 @@
 #include "app/JsonReport.h"
 
+#include <new>
+#include <optional>
+
 #include "analysis/JointEquations.h"
 #include "app/ExplanationJson.h"
 #include "app/JsonList.h"
@@ -26,8 +29,7 @@ std::string SettingsJson(const DocumentSettings& settings) {
       .Text();
 }
 
-std::string SupportsJson(const Truss& truss) {
-  JsonList list('[');
+void WriteSupports(JsonStream& list, const Truss& truss) {
   for (const SupportRec& support : truss.SupportsInUse()) {
     if (!support.Live) continue;
     JsonList names('[');
@@ -40,11 +42,9 @@ std::string SupportsJson(const Truss& truss) {
                   .Key("Names", names.Text())
                   .Text());
   }
-  return list.Text();
 }
 
-std::string MembersJson(const Truss& truss) {
-  JsonList list('[');
+void WriteMembers(JsonStream& list, const Truss& truss) {
   for (const MemberRec& member : truss.MembersInUse()) {
     if (!member.Live) continue;
     list.Item(JsonList('{')
@@ -55,23 +55,19 @@ std::string MembersJson(const Truss& truss) {
                   .Key("Name", JsonName(truss.Name(member.NameLabel1)))
                   .Text());
   }
-  return list.Text();
 }
 
-std::string ForcesJson(const Truss& truss) {
-  JsonList list('[');
+void WriteForces(JsonStream& list, const Truss& truss) {
   for (const ForceRec& force : truss.ForcesInUse()) {
     if (!force.Active) continue;
     list.Item(
         JsonList('{').Key("X", force.X).Key("Y", force.Y).Key("Fx", force.Fx).Key("Fy", force.Fy).Text());
   }
-  return list.Text();
 }
 
-std::string JointsJson(const AnalysedFile& file, const NumberFormat& numbers) {
+void WriteJoints(JsonStream& list, const AnalysedFile& file, const NumberFormat& numbers) {
   const JointEquations equations(file.Document, numbers);
   const Table<CountedJoint>& joints = file.Analysis.Counted.Joints;
-  JsonList list('[');
   for (const CountedJoint& joint : joints.First(joints.Size())) {
     const JointEquationTexts texts = equations.ReportOnJoint(joint);
     list.Item(JsonList('{')
@@ -82,13 +78,10 @@ std::string JointsJson(const AnalysedFile& file, const NumberFormat& numbers) {
                   .Key("yEquation", JsonName(texts.Y))
                   .Text());
   }
-  return list.Text();
 }
 
-std::string UnknownsJson(const EquationSystem& system) {
-  JsonList list('[');
+void WriteUnknowns(JsonStream& list, const EquationSystem& system) {
   for (int k = 1; k <= system.UnknownList.Size(); ++k) list.Item(JsonName(system.UnknownList[k].Name));
-  return list.Text();
 }
 
 std::string CountingJson(const AnalysedFile& file) {
@@ -100,15 +93,12 @@ std::string CountingJson(const AnalysedFile& file) {
       .Text();
 }
 
-std::string ColumnOrderJson(const EquationSystem& system) {
-  JsonList list('[');
+void WriteColumnOrder(JsonStream& list, const EquationSystem& system) {
   for (int k = 1; k <= system.ColumnOrder.Size(); ++k) list.Item(std::to_string(system.ColumnOrder[k]));
-  return list.Text();
 }
 
-std::string SolutionsJson(const AnalysedFile& file, const ReportFormat& format) {
-  JsonList list('[');
-  if (file.Analysis.Reading.Code == Outcome::Inconsistent) return list.Text();
+void WriteSolutions(JsonStream& list, const AnalysedFile& file, const ReportFormat& format) {
+  if (file.Analysis.Reading.Code == Outcome::Inconsistent) return;
   const auto table = LoadGridWithSolutions(file.Analysis, format);
   for (int k = 1; k <= file.Analysis.System.UnknownList.Size(); ++k) {
     const std::optional<double>& value = file.Analysis.Reading.Values[k];
@@ -118,12 +108,10 @@ std::string SolutionsJson(const AnalysedFile& file, const ReportFormat& format) 
                   .Key("Text", JsonName(table->Text(k, 1)))
                   .Text());
   }
-  return list.Text();
 }
 
 template <class Number>
-std::string MatrixJson(const SparseMatrix<Number>& matrix) {
-  JsonList rows('[');
+void WriteMatrix(JsonStream& rows, const SparseMatrix<Number>& matrix) {
   for (int row = 1; row <= matrix.NumRows(); ++row) {
     std::string cells = "[";
     int next = 1;
@@ -138,35 +126,50 @@ std::string MatrixJson(const SparseMatrix<Number>& matrix) {
     zerosUpTo(matrix.NumColumns() + 1);
     rows.Item(cells + ']');
   }
-  return rows.Text();
 }
 
-}  // namespace
-
-std::string JsonReport(const AnalysedFile& file, const JsonExtras& extras, const ReportFormat& format) {
+void WriteObject(std::ostream& out, const AnalysedFile& file, const JsonExtras& extras,
+                 const std::optional<Explanation>& explanation, const ReportFormat& format) {
   const EquationSystem& system = file.Analysis.System;
   const bool hasUnknowns = system.NumUnknowns() > 0;
-  JsonList object('{');
+  using List = JsonStream;
+  JsonStream object(out, '{');
   object.Key("file", JsonText(file.Argument))
       .Key("complete", file.IsComplete())
       .Key("error", file.IsComplete() ? std::string("null") : JsonText(file.Error))
       .Key("settings", SettingsJson(file.Document.Settings))
-      .Key("supports", SupportsJson(file.Document))
-      .Key("members", MembersJson(file.Document))
-      .Key("forces", ForcesJson(file.Document))
-      .Key("joints", JointsJson(file, format.Numbers))
+      .Array("supports", [&](List& list) { WriteSupports(list, file.Document); })
+      .Array("members", [&](List& list) { WriteMembers(list, file.Document); })
+      .Array("forces", [&](List& list) { WriteForces(list, file.Document); })
+      .Array("joints", [&](List& list) { WriteJoints(list, file, format.Numbers); })
       .Key("NumReactionForces", int{system.NumReactionForces})
       .Key("NumMemberForces", int{system.NumMemberForces})
-      .Key("unknowns", UnknownsJson(system))
+      .Array("unknowns", [&](List& list) { WriteUnknowns(list, system); })
       .Key("counting", CountingJson(file))
-      .Key("ColumnOrder", ColumnOrderJson(system))
+      .Array("ColumnOrder", [&](List& list) { WriteColumnOrder(list, system); })
       .Key("outcome", hasUnknowns ? std::to_string(static_cast<int>(file.Analysis.Reading.Code)) : "null")
-      .Key("solutions", SolutionsJson(file, format))
+      .Array("solutions", [&](List& list) { WriteSolutions(list, file, format); })
       .Key("conclusion", JsonText(ConclusionText(file.Analysis.Reading.Code)));
   if (extras.Matrices) {
-    object.Key("equations", MatrixJson(system.DisplayEquations))
-        .Key("rref", MatrixJson(system.EquationMatrix));
+    object.Array("equations", [&](List& rows) { WriteMatrix(rows, system.DisplayEquations); })
+        .Array("rref", [&](List& rows) { WriteMatrix(rows, system.EquationMatrix); });
   }
-  if (extras.Explanation) AddExplanation(object, file, format);
-  return object.Text();
+  if (extras.Explanation) AddExplanation(object, file, explanation, format);
+  object.Close();
+}
+
+}  // namespace
+
+void WriteJson(std::ostream& out, const AnalysedFile& file, const JsonExtras& extras,
+               const ReportFormat& format) {
+  // What needs most memory is there before the first character is written.
+  std::optional<Explanation> explanation;
+  if (extras.Explanation && file.Analysis.System.NumUnknowns() > 0)
+    explanation = ExplainTruss(file.Document, file.Analysis);
+  try {
+    WriteObject(out, file, extras, explanation, format);
+  } catch (const std::bad_alloc&) {
+    out << '\n';  // the next file's object stands on a line of its own
+    throw;
+  }
 }

@@ -160,13 +160,23 @@ void LearnMenu::Show(Entry& entry) {
   }
   LearnWindow& window = *entry.Window;
   entry.Place.BringUp(
-      window, [&] { on_.PlaceBeside(window, entry.Sizes); }, [&] { window.BringUp(); });
+      window, [&] { on_.PlaceBeside(window, entry.Sizes, OthersThan(window)); }, [&] { window.BringUp(); });
+}
+
+std::vector<const QWidget*> LearnMenu::OthersThan(const QWidget& window) const {
+  std::vector<const QWidget*> others;
+  for (const Entry& entry : entries_) {
+    if (entry.Window && entry.Window.get() != &window) others.push_back(entry.Window.get());
+  }
+  if (checks_.get() != &window) others.push_back(checks_.get());
+  return others;
 }
 
 void LearnMenu::ShowChecks() {
   Check();
   checksPlace_.BringUp(
-      *checks_, [this] { on_.PlaceBeside(*checks_, ChecksSizes); }, [this] { checks_->BringUp(); });
+      *checks_, [this] { on_.PlaceBeside(*checks_, ChecksSizes, OthersThan(*checks_)); },
+      [this] { checks_->BringUp(); });
 }
 
 void LearnMenu::Check() {

@@ -36,8 +36,9 @@ class LearnMenu final : public QObject {
     CanvasWidget& Canvas;
     const AnimationWish& Animation;
     NumberFormat Numbers;
-    /// Puts a window that opens beside the others.
-    std::function<void(QWidget& window, const ReportSizes& sizes)> PlaceBeside;
+    /// Puts a window that opens beside those of the program and those of the menu, as far as they are shown.
+    std::function<void(QWidget& window, const ReportSizes& sizes, const std::vector<const QWidget*>& ofMenu)>
+        PlaceBeside;
     std::function<void(const char* topic)> ShowHelp;
   };
 
@@ -81,6 +82,7 @@ class LearnMenu final : public QObject {
   void AddEntry(Entry& entry);
   void Forget(Entry& entry) const;
   void Show(Entry& entry);
+  std::vector<const QWidget*> OthersThan(const QWidget& window) const;
   void ShowChecks();
   void Check();
   void OfferHelp(QWidget& window, const char* topic);

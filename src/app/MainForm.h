@@ -6,6 +6,7 @@
 #include <array>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "app/KeptPlace.h"
 #include "app/StatusTexts.h"
@@ -89,7 +90,8 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   QRect InnerPlace() const;
   int PanelBottom() const;
   void PlaceReport();
-  void PlaceBesideReport(QWidget& window, const ReportSizes& sizes);
+  void PlaceBesideReport(QWidget& window, const ReportSizes& sizes,
+                         const std::vector<const QWidget*>& windows);
   void BringUpReport();
   void PlaceInstructions(QSize inner);
   void FollowLetters();

@@ -56,11 +56,16 @@ void MainForm::BringUpReport() {
       *report_, [this] { PlaceReport(); }, [this] { report_->BringUp(); });
 }
 
-void MainForm::PlaceBesideReport(QWidget& window, const ReportSizes& sizes) {
+void MainForm::PlaceBesideReport(QWidget& window, const ReportSizes& sizes,
+                                 const std::vector<const QWidget*>& windows) {
   const QMargins frame = FrameMargins(*this);
-  const ScreenBox report = report_->isVisible() ? BoxOf(report_->frameGeometry()) : ScreenBox{};
+  std::vector<ScreenBox> others;
+  if (report_->isVisible()) others.push_back(BoxOf(report_->frameGeometry()));
+  for (const QWidget* other : windows) {
+    if (other->isVisible()) others.push_back(BoxOf(other->frameGeometry()));
+  }
   const ScreenBox place = PlaceOfExplanation(BoxOf(FrameRoom(*this)), BoxOf(InnerPlace().marginsAdded(frame)),
-                                             report, PanelBottom(), sizes);
+                                             others, PanelBottom(), sizes);
   window.resize(place.Width - frame.left() - frame.right(), place.Height - frame.top() - frame.bottom());
   window.move(place.Left, place.Top);
 }

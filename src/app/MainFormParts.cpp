@@ -194,8 +194,10 @@ void MainForm::CreateLearnMenu() {
           .Canvas = *picDraw_,
           .Animation = animation_,
           .Numbers = on_.Numbers,
-          .PlaceBeside = [this](QWidget& window,
-                                const ReportSizes& sizes) { PlaceBesideReport(window, sizes); },
+          .PlaceBeside =
+              [this](QWidget& window, const ReportSizes& sizes, const std::vector<const QWidget*>& ofMenu) {
+                PlaceBesideReport(window, sizes, ofMenu);
+              },
           .ShowHelp = [this](const char* topic) { ShowHelp(topic); }},
       *menuBar());
   connect(learn_.get(), &LearnMenu::HintShown, this,

@@ -37,6 +37,18 @@ bool Meet(const ScreenBox& a, const ScreenBox& b) {
 // Pixels of a window that stay free above and to the left of one that covers it.
 constexpr int FreeOfCovered = 40;
 
+// Over another window, with its title bar and its left edge free as far as the screen has room.
+ScreenBox OffsetFrom(const ScreenBox& other, const ScreenBox& screen, const ReportSizes& sizes) {
+  const int left = std::min(other.Left + FreeOfCovered, screen.Right() - sizes.SmallestWidth);
+  const int top = std::min(other.Top + FreeOfCovered, screen.Bottom() - sizes.SmallestHeight);
+  ScreenBox place;
+  place.Left = std::clamp(left, screen.Left, std::max(screen.Left, screen.Right() - 1));
+  place.Top = std::clamp(top, screen.Top, std::max(screen.Top, screen.Bottom() - 1));
+  place.Width = std::min(sizes.Width, screen.Right() - place.Left);
+  place.Height = std::min(sizes.Height, screen.Bottom() - place.Top);
+  return place;
+}
+
 }  // namespace
 
 ScreenBox PlaceOfReport(const ScreenBox& screen, const ScreenBox& mainWindow, int panelBottom,
@@ -51,19 +63,32 @@ ScreenBox PlaceOfReport(const ScreenBox& screen, const ScreenBox& mainWindow, in
   return Between(screen, screen.Bottom() - height, screen.Bottom(), sizes);
 }
 
-ScreenBox PlaceOfExplanation(const ScreenBox& screen, const ScreenBox& mainWindow, const ScreenBox& report,
-                             int panelBottom, const ReportSizes& sizes) {
+ScreenBox PlaceOfExplanation(const ScreenBox& screen, const ScreenBox& mainWindow,
+                             const std::vector<ScreenBox>& others, int panelBottom,
+                             const ReportSizes& sizes) {
+  const auto isFree = [&](const ScreenBox& place) {
+    return place.Width >= sizes.SmallestWidth &&
+           std::ranges::none_of(others, [&](const ScreenBox& other) { return Meet(place, other); });
+  };
   for (const bool right : {true, false}) {
     const ScreenBox place = OnSide(screen, mainWindow, right, sizes);
-    if (place.Width >= sizes.SmallestWidth && !Meet(place, report)) return place;
+    if (isFree(place)) return place;
+  }
+  for (const bool right : {true, false}) {
+    for (const ScreenBox& other : others) {
+      ScreenBox place = OnSide(screen, mainWindow, right, sizes);
+      place.Top = other.Bottom();
+      place.Height = std::min(sizes.Height, screen.Bottom() - place.Top);
+      if (place.Height >= sizes.SmallestHeight && place.Top >= screen.Top && isFree(place)) return place;
+    }
   }
   ScreenBox place = PlaceOfReport(screen, mainWindow, panelBottom, sizes);
-  if (!Meet(place, report)) return place;
-  const int left = std::min(report.Left + FreeOfCovered, screen.Right() - sizes.SmallestWidth);
-  const int top = std::min(report.Top + FreeOfCovered, screen.Bottom() - sizes.SmallestHeight);
-  place.Left = std::clamp(left, screen.Left, std::max(screen.Left, screen.Right() - 1));
-  place.Top = std::clamp(top, screen.Top, std::max(screen.Top, screen.Bottom() - 1));
-  place.Width = std::min(sizes.Width, screen.Right() - place.Left);
-  place.Height = std::min(sizes.Height, screen.Bottom() - place.Top);
+  for (std::size_t i = 0; i < others.size(); ++i) {
+    for (const ScreenBox& other : others) {
+      if (Meet(place, other) && place.Left < other.Left + FreeOfCovered &&
+          place.Top < other.Top + FreeOfCovered)
+        place = OffsetFrom(other, screen, sizes);
+    }
+  }
   return place;
 }

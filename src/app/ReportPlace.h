@@ -2,6 +2,8 @@
 // joint in the drawing, and presses the button of the next report.
 #pragma once
 
+#include <vector>
+
 /// A rectangle on the screen, pixels, y downward.
 struct ScreenBox {
   int Left = 0, Top = 0, Width = 0, Height = 0;
@@ -35,9 +37,9 @@ inline constexpr ReportSizes ByJointSizes{
 inline constexpr ReportSizes ChecksSizes{
     .Width = 480, .Height = 320, .SmallestWidth = 300, .SmallestHeight = 160};
 
-/// The place of a window that is read beside the main window and the report window, with its frame, inside
-/// `screen`: on the side of the main window where the report (an empty box: it is not shown) is not, if there
-/// is enough width; else as the report would stand, but so that the report's title bar and left edge can
-/// still be got at.
-ScreenBox PlaceOfExplanation(const ScreenBox& screen, const ScreenBox& mainWindow, const ScreenBox& report,
-                             int panelBottom, const ReportSizes& sizes);
+/// The place of a window that is read beside the main window and `others` (the report window and its like,
+/// those that are shown), with its frame, inside `screen`: on a side of the main window where none of them
+/// stands, if there is enough width; else below one of them; else as the report would stand, but so that the
+/// title bar and the left edge of each can still be got at.
+ScreenBox PlaceOfExplanation(const ScreenBox& screen, const ScreenBox& mainWindow,
+                             const std::vector<ScreenBox>& others, int panelBottom, const ReportSizes& sizes);

@@ -179,7 +179,8 @@ class Run {
     if (commandLine_.What == CommandLine::Mode::Document) {
       WriteDocument(file);
     } else if (commandLine_.What == CommandLine::Mode::Json) {
-      out << environment_.Json(file, commandLine_.Json, format) << '\n';
+      environment_.Json(out, file, commandLine_.Json, format);
+      out << '\n';
     } else if (commandLine_.What == CommandLine::Mode::Csv) {
       WriteCsv(out, file, commandLine_.Table, format);
     } else {

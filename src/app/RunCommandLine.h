@@ -23,8 +23,9 @@ struct CommandLineEnvironment {
   std::function<std::chrono::steady_clock::time_point()> Now = std::chrono::steady_clock::now;
   NumberFormat Numbers;
 
-  /// One JSON object (UTF-8, no line end) for an analysed file.
-  std::function<std::string(const AnalysedFile& file, const JsonExtras& extras, const ReportFormat& format)>
+  /// Writes one JSON object (UTF-8, no line end) for an analysed file.
+  std::function<void(std::ostream& out, const AnalysedFile& file, const JsonExtras& extras,
+                     const ReportFormat& format)>
       Json;
 
   /// The bytes of a picture file, with names when `named`. Nothing when there is nothing to draw.

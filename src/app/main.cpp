@@ -97,7 +97,7 @@ int RunWithoutWindow(const CommandLine& commandLine) {
                                                             .Err = std::cerr,
                                                             .ErrIsTerminal = StandardErrorIsTerminal(),
                                                             .Numbers = SystemNumberFormat(),
-                                                            .Json = JsonReport,
+                                                            .Json = WriteJson,
                                                             .Picture = PictureBytes,
                                                             .MotionPicture = MotionPictureBytes,
                                                             .ForcesPicture = ForcesPictureBytes,

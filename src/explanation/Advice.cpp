@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <set>
+#include <tuple>
 #include <utility>
 
 #include "explanation/RigidityMatrix.h"
@@ -22,7 +23,11 @@ class Adviser {
   Adviser(const TrussGraph& graph, const ExactReasons& reasons) : graph_(graph), reasons_(reasons) {
     for (int k = 1; k <= graph.NumUnknowns(); ++k) {
       const PlacedUnknown& unknown = graph.Unknowns[k];
-      if (unknown.IsMember()) joined_.insert(std::minmax(unknown.JointA, unknown.JointB));
+      if (unknown.IsMember()) {
+        joined_.insert(std::minmax(unknown.JointA, unknown.JointB));
+      } else {
+        held_.insert({unknown.JointA, unknown.Along});
+      }
     }
   }
 
@@ -49,20 +54,30 @@ class Adviser {
     }
   }
 
-  // The two with the largest displacements, so that they hold as well as can be.
-  static std::vector<Advice> Rollers(const Motion& motion) {
-    std::vector<std::pair<double, Advice>> candidates;
+  // The two with the largest displacements, so that they hold as well as can be. A support that stands there
+  // already is in the way.
+  std::vector<Advice> Rollers(const Motion& motion) const {
+    std::vector<std::tuple<bool, double, Advice>> candidates;
     for (const JointDisplacement& at : motion.Joints) {
-      candidates.push_back({-std::abs(at.Dx), {AdviceKind::AddRoller, at.Joint, 0, Axis::X, 0}});
-      candidates.push_back({-std::abs(at.Dy), {AdviceKind::AddRoller, at.Joint, 0, Axis::Y, 0}});
+      for (const auto& [axis, size] :
+           {std::pair(Axis::X, std::abs(at.Dx)), std::pair(Axis::Y, std::abs(at.Dy))}) {
+        const bool standsThere = IsHeld(at.Joint, Axis::X) || IsHeld(at.Joint, Axis::Y);
+        if (size > 1e-3 && !IsHeld(at.Joint, axis))
+          candidates.emplace_back(standsThere, -size, Advice{AdviceKind::AddRoller, at.Joint, 0, axis, 0});
+      }
     }
-    std::ranges::stable_sort(candidates, {}, [](const auto& candidate) { return candidate.first; });
+    std::ranges::stable_sort(candidates, {}, [](const auto& candidate) {
+      return std::pair(std::get<0>(candidate), std::get<1>(candidate));
+    });
     std::vector<Advice> rollers;
-    for (const auto& [size, roller] : candidates) {
-      if (rollers.size() < 2 && size < -1e-3) rollers.push_back(roller);
+    for (const auto& [standsThere, size, roller] : candidates) {
+      if (rollers.size() == 2 || (standsThere && !rollers.empty())) break;
+      rollers.push_back(roller);
     }
     return rollers;
   }
+
+  bool IsHeld(int joint, Axis axis) const { return held_.contains({joint, axis}); }
 
   void AddMembers() {
     std::vector<std::vector<Advice>> byMotion;
@@ -124,22 +139,27 @@ class Adviser {
   void Remove() {
     std::set<int> inSelfStress;
     for (const SelfStress& stress : reasons_.SelfStresses) {
-      for (const UnknownForce& force : stress.Forces) {
-        if (graph_.Unknowns[force.Unknown].IsMember()) inSelfStress.insert(force.Unknown);
-      }
+      for (const UnknownForce& force : stress.Forces) inSelfStress.insert(force.Unknown);
     }
-    std::vector<int> members(inSelfStress.begin(), inSelfStress.end());
-    std::ranges::stable_sort(members, std::greater<>(), [this](int k) {
-      return SquaredLength(graph_, graph_.Unknowns[k].JointA, graph_.Unknowns[k].JointB);
-    });
-    if (members.size() > At(MostAdvice)) members.resize(At(MostAdvice));
-    for (const int k : members) {
+    std::vector<int> unknowns(inSelfStress.begin(), inSelfStress.end());
+    const auto isReaction = [this](int k) { return !graph_.Unknowns[k].IsMember(); };
+    std::erase_if(unknowns, [this](int k) { return graph_.Unknowns[k].Sign == 0; });
+    const auto members = std::ranges::stable_partition(unknowns, isReaction).begin();
+    std::stable_sort(members, unknowns.end(),
+                     [this](int left, int right) { return LengthOf(left) > LengthOf(right); });
+    if (members - unknowns.begin() > MostReactionsAdvised)
+      unknowns.erase(unknowns.begin() + MostReactionsAdvised, members);
+    if (unknowns.size() > At(MostAdvice)) unknowns.resize(At(MostAdvice));
+    for (const int k : unknowns) {
       TrussGraph without = graph_;
       without.Unknowns[k] = {.JointA = graph_.Unknowns[k].JointA, .Sign = 0};
-      if (JudgeExactly(without).Mechanisms() == reasons_.Verdict.Mechanisms()) {
-        advice_.push_back({AdviceKind::RemoveMember, 0, 0, Axis::X, k});
-      }
+      if (JudgeExactly(without).Mechanisms() == reasons_.Verdict.Mechanisms())
+        advice_.push_back({AdviceKind::Remove, 0, 0, Axis::X, k});
     }
+  }
+
+  double LengthOf(int k) const {
+    return SquaredLength(graph_, graph_.Unknowns[k].JointA, graph_.Unknowns[k].JointB);
   }
 
   // Follows the advice on a copy: there must be one motion less.
@@ -157,6 +177,7 @@ class Adviser {
   const TrussGraph& graph_;
   const ExactReasons& reasons_;
   std::set<std::pair<int, int>> joined_;  // the lower joint first
+  std::set<std::pair<int, Axis>> held_;   // by a support that stands there, whatever it holds
   std::vector<Advice> advice_;
 };
 
@@ -164,4 +185,12 @@ class Adviser {
 
 std::vector<Advice> AdviceFor(const TrussGraph& graph, const ExactReasons& reasons) {
   return Adviser(graph, reasons).All();
+}
+
+bool IsSupported(const TrussGraph& graph, int joint, int except) {
+  for (int k = 1; k <= graph.NumUnknowns(); ++k) {
+    const PlacedUnknown& unknown = graph.Unknowns[k];
+    if (k != except && !unknown.IsMember() && unknown.JointA == joint) return true;
+  }
+  return false;
 }

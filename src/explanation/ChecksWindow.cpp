@@ -4,12 +4,14 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHideEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "platform/qt/FittedText.h"
 #include "platform/qt/ReadOnlyText.h"
 #include "text/CodePage.h"
 #include "text/ControlCharacters.h"
@@ -32,7 +34,8 @@ ChecksWindow::ChecksWindow(QWidget* parent)
   lblChecks_->setWordWrap(true);
   lstChecks_->setObjectName(QStringLiteral("lstChecks"));
   lstChecks_->setAccessibleName(QStringLiteral("Checks of the drawing"));
-  lstChecks_->setToolTip(QStringLiteral("Choose one to see its place on the drawing; Ctrl+C copies"));
+  lstChecks_->setToolTip(
+      QStringLiteral("Choose one to see its place on the drawing; Ctrl+A and Ctrl+C copy all"));
   lstChecks_->setWordWrap(true);
   lstChecks_->setTextElideMode(Qt::ElideNone);
   lstChecks_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -48,13 +51,14 @@ ChecksWindow::ChecksWindow(QWidget* parent)
 
   auto* copy = new QAction(QStringLiteral("&Copy"), this);
   copy->setShortcut(QKeySequence::Copy);
-  connect(copy, &QAction::triggered, this, [this] { QApplication::clipboard()->setText(CopiedText()); });
+  connect(copy, &QAction::triggered, this, &ChecksWindow::Copy);
   auto* close = new QAction(QStringLiteral("Close"), this);
   close->setShortcuts({QKeySequence(Qt::Key_Escape), QKeySequence(QKeySequence::Close)});
   connect(close, &QAction::triggered, this, &QWidget::close);
   addAction(copy);
   addAction(close);
   lstChecks_->addAction(copy);
+  lstChecks_->installEventFilter(this);
   lstChecks_->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
@@ -84,6 +88,21 @@ void ChecksWindow::BringUp() {
   activateWindow();
   lstChecks_->setFocus();
 }
+
+// The list by itself would copy the line that has the focus alone.
+bool ChecksWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != lstChecks_ || event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+  if (!static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) return false;
+  Copy();
+  return true;
+}
+
+void ChecksWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  KeepWholeHeight(*this);
+}
+
+void ChecksWindow::Copy() const { QApplication::clipboard()->setText(CopiedText()); }
 
 QString ChecksWindow::CopiedText() const {
   if (checks_.empty()) return lblChecks_->text();

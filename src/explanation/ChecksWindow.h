@@ -34,9 +34,12 @@ class ChecksWindow final : public QWidget {
   void PlaceLeft();
 
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void hideEvent(QHideEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void Copy() const;
   void TellPlace();
 
   std::vector<DrawingCheck> checks_;

@@ -104,6 +104,9 @@ std::optional<ContradictionProof> ProveContradiction(const TrussGraph& graph,
     proof.IsWhole = true;
     for (std::size_t i = 0; i < factors.size(); ++i) factors[i] = static_cast<double>(whole[i]);
   }
+  const std::vector<double> displacements = Components(*driven);
+  const auto largest = std::ranges::max_element(displacements, {}, [](double at) { return std::abs(at); });
+  proof.FactorOfMotion = -factors[static_cast<std::size_t>(largest - displacements.begin())] / *largest;
   const std::vector<double> loads = LoadVector(graph);
   for (std::size_t i = 0; i < factors.size(); ++i) {
     if (factors[i] == 0) continue;

@@ -16,9 +16,10 @@ struct WeightedEquation {
 
 struct ContradictionProof {
   std::vector<WeightedEquation> Equations;  ///< in the order of the rows
-  double Sum = 0;        ///< of the right-hand sides times the factors, force units; positive
-  bool IsWhole = false;  ///< the factors are whole numbers, and cancel the left sides exactly
-  int MotionNumber = 0;  ///< the motion whose displacements the factors are, from 1
+  double Sum = 0;             ///< of the right-hand sides times the factors, force units; positive
+  bool IsWhole = false;       ///< the factors are whole numbers, and cancel the left sides exactly
+  int MotionNumber = 0;       ///< the motion whose displacements the factors are, from 1
+  double FactorOfMotion = 0;  ///< times this; negative
 };
 
 /// From the motion on which the loads work and which moves the fewest joints; empty when they work on none.

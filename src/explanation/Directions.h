@@ -1,7 +1,9 @@
 // Small pieces of sentences: lists of names, directions, points. All texts are single-byte texts.
 #pragma once
 
+#include <compare>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -20,5 +22,27 @@ std::string DirectionText(double dx, double dy);
 /// "(0.6, -0.8)"; where the locale's separator is a comma, "(0,6; -0,8)".
 std::string PairText(double x, double y, const ReportFormat& format);
 
-/// "joint A" when a joint stands at the point, else "the point (1.5, 2)".
-std::string PointText(const TrussGraph& graph, double x, double y, const ReportFormat& format);
+/// Names points of a truss. The joints are put in order once, so that a name costs no search of them all.
+class PointNamer {
+ public:
+  /// Both must outlive it.
+  PointNamer(const TrussGraph& graph, const ReportFormat& format);
+
+  /// "joint A" when a joint stands at the point (within a ten millionth of the drawing's size; of several the
+  /// first), else "the point (1.5, 2)".
+  std::string Text(double x, double y) const;
+
+ private:
+  struct Place {
+    std::int64_t Column, Row;  // of a cell as large as the tolerance
+    int Joint;
+    friend auto operator<=>(const Place&, const Place&) = default;
+  };
+
+  int JointAt(double x, double y) const;
+
+  const TrussGraph& graph_;
+  const ReportFormat& format_;
+  double near_ = 0;  // world units
+  std::vector<Place> places_;
+};

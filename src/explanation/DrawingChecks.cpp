@@ -44,7 +44,9 @@ class Checker {
 
   std::vector<DrawingCheck> All() {
     FindNearEnds();
+    numPairsTold_ = 0;
     FindMembersThroughJoints();
+    numPairsTold_ = 0;
     FindCoincidentMembers();
     FindCoincidentSupports();
     FindWhatIsApart();
@@ -56,6 +58,17 @@ class Checker {
  private:
   void Tell(CheckKind kind, float x, float y, const std::string& text) {
     checks_.push_back({kind, x, y, text});
+  }
+
+  // For kinds of which there may be one for every pair. Returns false when there are enough of them.
+  bool TellPair(CheckKind kind, float x, float y, const std::string& text) {
+    if (numPairsTold_ == MostPairs) {
+      checks_.back().Text += "  There are more of this kind.";
+      return false;
+    }
+    ++numPairsTold_;
+    Tell(kind, x, y, text);
+    return true;
   }
 
   int JointAt(float x, float y) const {
@@ -91,10 +104,12 @@ class Checker {
       }
       std::ranges::sort(near);
       for (const int other : near) {
-        Tell(CheckKind::NearEnds, joint.X, joint.Y,
-             "Joints " + truss_.Name(truss_.Joints[other].NameLabel) +
-                 At(truss_.Joints[other].X, truss_.Joints[other].Y) + " and " + truss_.Name(joint.NameLabel) +
-                 At(joint.X, joint.Y) + " nearly meet, but they are two joints.");
+        if (!TellPair(CheckKind::NearEnds, joint.X, joint.Y,
+                      "Joints " + truss_.Name(truss_.Joints[other].NameLabel) +
+                          At(truss_.Joints[other].X, truss_.Joints[other].Y) + " and " +
+                          truss_.Name(joint.NameLabel) + At(joint.X, joint.Y) +
+                          " nearly meet, but they are two joints."))
+          return;
       }
       cells[{column, row}].push_back(j);
     }
@@ -122,9 +137,10 @@ class Checker {
         const double along = (toX * x + toY * y) / length;
         const double aside = std::abs(toX * y - toY * x) / length;
         if (aside > thousandth_ || along <= thousandth_ || along >= length - thousandth_) continue;
-        Tell(CheckKind::ThroughJoint, joint.X, joint.Y,
-             Capital(MemberName(m)) + " passes through " + JointName(j) + At(joint.X, joint.Y) +
-                 ", where it does not end: it is not connected there.");
+        if (!TellPair(CheckKind::ThroughJoint, joint.X, joint.Y,
+                      Capital(MemberName(m)) + " passes through " + JointName(j) + At(joint.X, joint.Y) +
+                          ", where it does not end: it is not connected there."))
+          return;
       }
     }
   }
@@ -158,6 +174,7 @@ class Checker {
       std::ranges::sort(pieces, {}, [](const Piece& piece) { return std::pair(piece.From, piece.Member); });
       for (std::size_t i = 0; i < pieces.size(); ++i) {
         for (std::size_t k = i + 1; k < pieces.size() && pieces[k].From < pieces[i].To - unit; ++k) {
+          if (pairs.size() > static_cast<std::size_t>(MostPairs)) break;
           pairs.push_back(std::minmax({pieces[i].Member, pieces[k].Member}));
         }
       }
@@ -165,9 +182,10 @@ class Checker {
     std::ranges::sort(pairs);
     for (const auto& [first, second] : pairs) {
       const MemberRec& member = truss_.Members[second];
-      Tell(CheckKind::CoincidentMembers, member.X1, member.Y1,
-           Capital(MemberName(first)) + " and " + MemberName(second) + " lie on one another" +
-               At(member.X1, member.Y1) + ".");
+      if (!TellPair(CheckKind::CoincidentMembers, member.X1, member.Y1,
+                    Capital(MemberName(first)) + " and " + MemberName(second) + " lie on one another" +
+                        At(member.X1, member.Y1) + "."))
+        return;
     }
   }
 
@@ -246,6 +264,7 @@ class Checker {
   std::unordered_map<PositionKey, int, PositionHash> jointAt_;
   std::vector<int> numMembersAt_;  // by joint
   std::vector<DrawingCheck> checks_;
+  int numPairsTold_ = 0;  // of the kind in hand
 };
 
 }  // namespace

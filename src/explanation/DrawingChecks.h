@@ -35,6 +35,10 @@ struct DrawnWhere {
   float SnapX = 0, SnapY = 0;  ///< world units: closer than this on both axes the mouse joins two points
 };
 
+/// Joints that nearly meet, members through joints and members on one another are told up to this many of
+/// each, the last with the words that there are more: of n elements at one place there would be n squared.
+inline constexpr int MostPairs = 1000;
+
 /// All findings, by kind in the order of CheckKind. Joints nearly meet when the mouse would join them, or
 /// when they are not farther apart than a thousandth of the drawing's width; a joint is on a member within
 /// that thousandth. The joint list and the view must be up to date.

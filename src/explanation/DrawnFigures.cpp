@@ -121,7 +121,8 @@ Motion NearlyFreeMotion(const TrussGraph& graph, const std::vector<double>& forc
   });
   for (const JointDisplacement& at : motion.Joints) {
     for (const PlacedLoad& load : graph.Loads) {
-      if (load.Joint == at.Joint) motion.Work += double{load.Fx} * at.Dx + double{load.Fy} * at.Dy;
+      if (load.Joint != at.Joint) continue;
+      motion.Work += WrittenValue(load.Fx) * at.Dx + WrittenValue(load.Fy) * at.Dy;
     }
   }
   TurnWithLoads(motion);

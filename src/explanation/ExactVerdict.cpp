@@ -183,7 +183,8 @@ std::vector<SparseVector> Values(const LocalBasis& basis, const NullVectors& nul
 
 template <class Field>
 std::vector<Motion> MotionsOf(const TrussGraph& graph, const TrussPieces& pieces,
-                              const ExactSystem<Field>& system, const SparseMatrix<double>& rigidity) {
+                              const ExactSystem<Field>& system,
+                              const SparseMatrix<ExtendedDouble>& rigidity) {
   std::vector<Motion> motions;
   if (system.MotionSpace.Free.empty()) return motions;
   const std::vector<double> loads = LoadVector(graph);
@@ -211,23 +212,24 @@ std::vector<Motion> MotionsOf(const TrussGraph& graph, const TrussPieces& pieces
   return motions;
 }
 
-SparseMatrix<double> Transposed(const SparseMatrix<double>& matrix) {
-  std::vector<SparseVector> columns(At(matrix.NumColumns()) + 1);
+SparseMatrix<ExtendedDouble> Transposed(const SparseMatrix<ExtendedDouble>& matrix) {
+  std::vector<std::vector<SparseMatrix<ExtendedDouble>::Entry>> columns(At(matrix.NumColumns()) + 1);
   for (int row = 1; row <= matrix.NumRows(); ++row) {
     for (const auto& entry : matrix.Row(row)) columns[At(entry.Column)].push_back({row, entry.Value});
   }
-  SparseMatrix<double> transposed(matrix.NumColumns(), matrix.NumRows());
+  SparseMatrix<ExtendedDouble> transposed(matrix.NumColumns(), matrix.NumRows());
   for (int row = 1; row <= transposed.NumRows(); ++row) transposed.SetRow(row, std::move(columns[At(row)]));
   return transposed;
 }
 
 template <class Field>
 std::vector<SelfStress> StressesOf(const TrussGraph& graph, const TrussPieces& pieces,
-                                   const ExactSystem<Field>& system, const SparseMatrix<double>& rigidity) {
+                                   const ExactSystem<Field>& system,
+                                   const SparseMatrix<ExtendedDouble>& rigidity) {
   std::vector<SelfStress> stresses;
   if (system.StressSpace.Free.empty()) return stresses;
   const LocalBasis basis = LocalVectors<Field>(ByUnknowns(graph, pieces, system.StressSpace), {});
-  const SparseMatrix<double> balance = Transposed(rigidity);
+  const SparseMatrix<ExtendedDouble> balance = Transposed(rigidity);
   for (const SparseVector& vector : Values(basis, NullVectors(balance), {})) {
     SelfStress stress;
     for (const auto& [column, value] : vector) stress.Forces.push_back({column, value});
@@ -242,7 +244,7 @@ std::vector<SelfStress> StressesOf(const TrussGraph& graph, const TrussPieces& p
 template <class Field>
 ExactReasons ReasonsOf(const TrussGraph& graph, ExactSystem<Field>& system) {
   const TrussPieces pieces = PiecesOf(graph);
-  const SparseMatrix<double> rigidity = RigidityRows(graph);
+  const SparseMatrix<ExtendedDouble> rigidity = ExtendedRigidityRows(graph);
   ExactReasons reasons;
   reasons.Verdict = VerdictOf(graph, system);
   reasons.Motions = MotionsOf(graph, pieces, system, rigidity);

@@ -114,9 +114,9 @@ class Writer {
   std::vector<std::string> MotionParagraphs() const {
     std::vector<std::string> paragraphs;
     const std::vector<Motion>& motions = on_.Exact.Motions;
+    MotionTeller teller(graph_, format_);
     for (std::size_t i = 0; i < std::min(motions.size(), MostMotionsTold); ++i) {
-      paragraphs.push_back("Motion " + std::to_string(i + 1) + ".  " +
-                           MotionText(graph_, motions[i], format_));
+      paragraphs.push_back("Motion " + std::to_string(i + 1) + ".  " + teller.Text(motions[i]));
     }
     if (motions.size() > MostMotionsTold) {
       paragraphs.push_back("There are " + std::to_string(motions.size() - MostMotionsTold) +
@@ -125,12 +125,18 @@ class Writer {
     return paragraphs;
   }
 
+  // A negative factor in brackets: a minus sign beside a name could be read as a dash.
+  std::string Factor(double value) const {
+    const std::string text = Number(value);
+    return value < 0 ? "(" + text + ")" : text;
+  }
+
   std::vector<std::string> ProofParagraphs() const {
     if (!on_.Proof) return {};
     const ContradictionProof& proof = *on_.Proof;
     std::vector<std::string> terms;
     for (const WeightedEquation& equation : proof.Equations) {
-      terms.push_back(Number(equation.Factor) + " times " +
+      terms.push_back(Factor(equation.Factor) + " times the equation " +
                       EquationName(graph_, equation.Joint, equation.Along));
     }
     std::vector<std::string> paragraphs = {
@@ -138,9 +144,11 @@ class Writer {
         " on the right: " + ListOf(terms, 24) + ".  So they contradict each other, whatever the forces are."};
     if (proof.Equations.size() <= 8) WriteOut(proof, paragraphs);
     paragraphs.push_back(
-        "In words of mechanics: on motion " + std::to_string(proof.MotionNumber) +
-        " no member changes its length and no support gives way, so their forces do no work; but "
-        "the loads do.  Nothing is there to balance them.");
+        "The factors are the displacements of these joints in motion " + std::to_string(proof.MotionNumber) +
+        ", times " + Factor(proof.FactorOfMotion) +
+        ".  So the sum is a sum of works, and in words of mechanics: on this motion no member changes its "
+        "length and no support gives way, so their forces do no work; but the loads do.  Nothing is there to "
+        "balance them.");
     paragraphs.push_back(
         "In the table of the equations directions are rounded to single precision, so that there the sum on "
         "the left may be only nearly 0.  With force densities (force divided by length, written q) every "
@@ -159,9 +167,9 @@ class Writer {
       std::string left;
       for (const std::string& term : terms) left += (left.empty() ? "" : " + ") + term;
       const double load = loads[static_cast<std::size_t>(ColumnOf(equation.Joint, equation.Along))];
-      paragraphs.push_back(EquationName(graph_, equation.Joint, equation.Along) + ":  " +
+      paragraphs.push_back("Equation " + EquationName(graph_, equation.Joint, equation.Along) + ":  " +
                            (left.empty() ? "0" : left) + " = " + Number(load == 0 ? 0 : -load) + ",  times " +
-                           Number(equation.Factor));
+                           Factor(equation.Factor));
     }
   }
 
@@ -204,14 +212,15 @@ class Writer {
     std::vector<std::string> additions;
     std::vector<std::string> removals;
     for (const Advice& advice : on_.Suggestions) {
-      if (advice.Kind == AdviceKind::RemoveMember) {
-        removals.push_back(graph_.Unknowns[advice.Unknown].Name);
+      if (advice.Kind == AdviceKind::Remove) {
+        removals.push_back(RemovalText(advice.Unknown));
       } else if (advice.Kind == AdviceKind::AddMember) {
         additions.push_back("a member between joints " + graph_.Joints[advice.JointA].Name + " and " +
                             graph_.Joints[advice.JointB].Name);
       } else {
         additions.push_back("a roller at joint " + graph_.Joints[advice.JointA].Name + " that holds it " +
-                            (advice.Along == Axis::X ? "sideways" : "up and down"));
+                            (advice.Along == Axis::X ? "sideways" : "up and down") +
+                            (IsSupported(graph_, advice.JointA) ? " (a clamp in place of its roller)" : ""));
       }
     }
     std::vector<std::string> paragraphs;
@@ -227,6 +236,16 @@ class Writer {
           "under another load it may be needed.");
     }
     return paragraphs;
+  }
+
+  // A clamp without one of its reactions is a roller, and a roller without its own is nothing.
+  std::string RemovalText(int k) const {
+    const PlacedUnknown& unknown = graph_.Unknowns[k];
+    if (unknown.IsMember()) return unknown.Name;
+    const std::string& joint = graph_.Joints[unknown.JointA].Name;
+    return "the reaction " + unknown.Name +
+           (IsSupported(graph_, unknown.JointA, k) ? " (a roller is enough at joint " + joint + ")"
+                                                   : " (the roller at joint " + joint + ")");
   }
 
   // The search ends when it has enough.
@@ -258,25 +277,27 @@ TrussKinds KindOf(const ExactVerdict& verdict) {
 
 std::vector<std::string> KindTable(const ExactVerdict& verdict) {
   const TrussKinds kind = KindOf(verdict);
-  constexpr std::size_t firstWidth = 12;
-  constexpr std::size_t width = 36;
-  const auto fill = [](std::string& line, std::size_t to) {
-    if (line.size() < to) line.append(to - line.size(), ' ');
+  constexpr std::size_t firstWidth = 11;
+  constexpr std::size_t width = 19;
+  const auto line = [](const std::string& first, const std::string& second, const std::string& third) {
+    std::string text = first;
+    text.resize(firstWidth, ' ');
+    text += second;
+    if (third.empty()) return text;
+    text.resize(firstWidth + width, ' ');
+    return text + third;
   };
-  std::string header(firstWidth, ' ');
-  header.append("    ").append(TrussKinds::Columns[0]);
-  fill(header, firstWidth + width);
-  header.append("    ").append(TrussKinds::Columns[1]);
-  std::vector<std::string> lines = {header};
+  const std::string blanks = "    ";
+  std::vector<std::string> lines = {
+      line("", blanks + TrussKinds::Columns[0], blanks + TrussKinds::Columns[1])};
   for (std::size_t row = 0; row < 2; ++row) {
-    std::string line = TrussKinds::Rows[row];
-    fill(line, firstWidth);
-    for (std::size_t column = 0; column < 2; ++column) {
-      const bool isThis = static_cast<int>(row) == kind.Row && static_cast<int>(column) == kind.Column;
-      line.append(isThis ? "[x] " : "[ ] ").append(TrussKinds::Names[row][column]);
-      if (column == 0) fill(line, firstWidth + width);
-    }
-    lines.push_back(line);
+    const auto& names = TrussKinds::Names[row];
+    const auto mark = [&](int column) {
+      return static_cast<int>(row) == kind.Row && column == kind.Column ? "[x] " : "[ ] ";
+    };
+    lines.push_back(
+        line(TrussKinds::Rows[row], mark(0) + std::string(names[0][0]), mark(1) + std::string(names[1][0])));
+    lines.push_back(line("", blanks + names[0][1], blanks + names[1][1]));
   }
   return lines;
 }

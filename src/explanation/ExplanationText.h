@@ -27,9 +27,10 @@ inline constexpr std::size_t MostMotionsTold = 12;
 struct TrussKinds {
   static constexpr std::array Rows = {"no motion", "motions"};
   static constexpr std::array Columns = {"no self-stress", "self-stress"};
-  static constexpr std::array<std::array<const char*, 2>, 2> Names = {
-      {{"rigid, every force determined", "rigid, with forces left open"},
-       {"movable", "movable and self-stressed"}}};
+  /// Each in two lines, so that the table is narrow enough for letters of the text's size.
+  static constexpr std::array<std::array<std::array<const char*, 2>, 2>, 2> Names = {
+      {{{{"rigid, forces", "determined"}, {"rigid, forces", "left open"}}},
+       {{{"movable", ""}, {"movable and", "self-stressed"}}}}};
   int Row = 0;     ///< of this truss, 0 or 1
   int Column = 0;  ///< of this truss, 0 or 1
 };

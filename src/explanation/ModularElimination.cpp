@@ -205,7 +205,17 @@ ModularNullSpace Reducer<Field>::NullSpace() const {
       if (value != 0) row.push_back({vector, value});
     }
   }
-  result.Vectors = Transposed(combination, static_cast<int>(result.Free.size()));
+  // Written from rows to columns: both together would need twice the room.
+  std::vector<std::size_t> sizes(result.Free.size());
+  for (const ModularRow& row : combination) {
+    for (const ModularEntry& entry : row) ++sizes[At(entry.Column)];
+  }
+  result.Vectors.resize(sizes.size());
+  for (std::size_t i = 0; i < sizes.size(); ++i) result.Vectors[i].reserve(sizes[i]);
+  for (int column = 0; column < numColumns; ++column) {
+    for (const ModularEntry& entry : std::exchange(combination[At(column)], {}))
+      result.Vectors[At(entry.Column)].push_back({column, entry.Value});
+  }
   return result;
 }
 

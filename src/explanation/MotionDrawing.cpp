@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <set>
+#include <unordered_map>
 #include <utility>
 
 #include "canvas/Arrow.h"
@@ -10,6 +11,8 @@
 #include "canvas/PaintDrawing.h"
 #include "canvas/Paper.h"
 #include "canvas/RedrawTruss.h"
+#include "document/JointList.h"
+#include "explanation/ClearNames.h"
 #include "explanation/SwungTruss.h"
 #include "platform/Palette.h"
 
@@ -144,6 +147,30 @@ void AddArrows(const Motion& motion, const JointPlaces& places, double pixelsPer
   }
 }
 
+// The names of joints, each with the places that its joint has at rest and at both ends of its swing.
+void ClearNamesOfArrows(const MotionScene& scene, double largest, MotionDrawing& drawing) {
+  std::unordered_map<PositionKey, int, PositionHash> numbers;
+  for (int j = 1; j <= scene.Graph.NumJoints(); ++j)
+    numbers.emplace(PositionKey(scene.Graph.Joints[j].X, scene.Graph.Joints[j].Y), j);
+  const Graph& mapping = drawing.Objects.Mapping;
+  const JointPlaces there(scene.Graph, mapping, *scene.Moves, largest);
+  const JointPlaces back(scene.Graph, mapping, *scene.Moves, -largest);
+  std::vector<CarriedName> names;
+  for (int j = 1; j <= drawing.Shown.NumJoints; ++j) {
+    const JointRec& joint = drawing.Shown.Joints[j];
+    const JointRec& atRest = scene.Document.Joints[j];
+    const auto number = numbers.find(PositionKey(atRest.X, atRest.Y));
+    if (number == numbers.end() || !drawing.Objects.lblRodJoint[joint.NameLabel].Visible) continue;
+    names.push_back({joint.NameLabel, {{mapping.XPixel(joint.X), mapping.YPixel(joint.Y)}}});
+    if (!there.Moves(number->second)) continue;
+    for (const JointPlaces* places : {&there, &back}) {
+      names.back().Places.push_back(places->AtRest(number->second));
+      names.back().Places.push_back(places->Moved(number->second));
+    }
+  }
+  KeepNamesClear(drawing.Objects, names, drawing.Arrows);
+}
+
 void AddMotion(const MotionScene& scene, double size, double swing, MotionDrawing& drawing) {
   const Graph& mapping = drawing.Objects.Mapping;
   const double largest = LargestSwing * size;
@@ -152,6 +179,7 @@ void AddMotion(const MotionScene& scene, double size, double swing, MotionDrawin
   const double scale = (double{mapping.PixelX2} - double{mapping.PixelX1}) /
                        (double{mapping.WorldX2} - double{mapping.WorldX1});
   AddArrows(*scene.Moves, places, ArrowOverSwing * largest * scale, drawing);
+  if (drawing.Shown.NumJoints <= MostNames) ClearNamesOfArrows(scene, largest, drawing);
 }
 
 void DrawLines(Surface& surface, const std::vector<PixelLine>& lines, int width, int colour) {
@@ -185,11 +213,16 @@ MotionDrawing DrawMotion(const MotionScene& scene, const PixelRect& room, double
   const double size = ExtentOf(scene.Graph).Size();
   MotionDrawing drawing;
   drawing.Shown = Swung(scene.Document, scene.Graph, scene.Moves, held);
+  // A state of self-stress is one without loads.
+  if (scene.Stressed != nullptr) {
+    for (ForceRec& force : drawing.Shown.ForcesInUse()) force.Active = false;
+  }
   ShortenForces(drawing.Shown, size);
   // The room is the same for every swing, so that nothing else moves with it.
-  drawing.Objects.Mapping = MappingInto(
-      WantedExtent(scene.Document, drawing.Shown.Settings.ForceScale, scene.Graph, scene.Moves != nullptr),
-      room, WidestBorder);
+  drawing.Objects.Mapping =
+      MappingInto(WantedExtent(scene.Stressed != nullptr ? drawing.Shown : scene.Document,
+                               drawing.Shown.Settings.ForceScale, scene.Graph, scene.Moves != nullptr),
+                  room, WidestBorder);
   PlaceTruss(drawing.Objects, drawing.Shown, scene.NamesOfForces, measure);
   if (scene.Moves != nullptr) AddMotion(scene, size, held, drawing);
   if (scene.Stressed != nullptr) {

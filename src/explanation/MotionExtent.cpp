@@ -9,25 +9,16 @@ namespace {
 
 std::size_t At(int index) { return static_cast<std::size_t>(index); }
 
-// The unknowns at each joint.
-std::vector<std::vector<int>> UnknownsAt(const TrussGraph& graph) {
-  std::vector<std::vector<int>> at(At(graph.NumJoints()) + 1);
-  for (int k = 1; k <= graph.NumUnknowns(); ++k) {
-    const PlacedUnknown& unknown = graph.Unknowns[k];
-    at[At(unknown.JointA)].push_back(k);
-    if (unknown.IsMember() && unknown.JointB != unknown.JointA) at[At(unknown.JointB)].push_back(k);
-  }
-  return at;
-}
-
 class ExtentFinder {
  public:
   ExtentFinder(const TrussGraph& graph, const std::vector<SelfStress>& stresses)
       : graph_(graph),
         stresses_(stresses),
-        unknownsAt_(UnknownsAt(graph)),
+        at_(WrittenPlaces(graph)),
+        pieces_(graph),
+        unknownsAt_(UnknownsByJoint(graph)),
         displacements_(At(graph.NumJoints()) + 1),
-        placeOf_(At(graph.NumJoints()) + 1),
+        placeOf_(At(graph.NumJoints()) + 1, -1),
         stressesAt_(At(graph.NumJoints()) + 1),
         components_(PiecesOf(graph)),
         numStatesOf_(At(components_.Count)) {
@@ -50,10 +41,12 @@ class ExtentFinder {
   MotionExtent Of(const Motion& motion, const std::vector<ModularRow>& exactRows) {
     for (const JointDisplacement& at : motion.Joints) displacements_[At(at.Joint)] = at;
     MotionExtent extent = MotionExtent::Small;
-    if (TurnsOrSlidesFreely(motion) || IsIndependent<Field>(motion, exactRows)) {
+    if (TurnsOrSlidesFreely(motion) || IsIndependent<Field>(motion, exactRows, {})) {
       extent = MotionExtent::MovesOn;
     } else if (IsHeldAtSecondOrder(motion)) {
       extent = MotionExtent::Tightens;
+    } else if (FitsWithoutTheSuperfluous<Field>(motion, exactRows)) {
+      extent = MotionExtent::MovesOn;
     }
     for (const JointDisplacement& at : motion.Joints) displacements_[At(at.Joint)] = {};
     return extent;
@@ -67,7 +60,7 @@ class ExtentFinder {
   std::vector<int> Touching(const Motion& motion) const {
     std::vector<int> touching;
     for (const JointDisplacement& at : motion.Joints) {
-      touching.insert(touching.end(), unknownsAt_[At(at.Joint)].begin(), unknownsAt_[At(at.Joint)].end());
+      touching.insert(touching.end(), unknownsAt_[at.Joint].begin(), unknownsAt_[at.Joint].end());
     }
     std::ranges::sort(touching);
     touching.erase(std::unique(touching.begin(), touching.end()), touching.end());
@@ -77,7 +70,7 @@ class ExtentFinder {
   // All that moves is one piece, and nothing holds it from outside but where it may slide or at its centre.
   bool TurnsOrSlidesFreely(const Motion& motion) const {
     const JointDisplacement& first = motion.Joints.front();
-    const PlacedJoint& origin = graph_.Joints[first.Joint];
+    const WrittenPlace& origin = at_[first.Joint];
     double turn = 0;
     bool slides = true;
     for (const JointDisplacement& at : motion.Joints) {
@@ -85,8 +78,8 @@ class ExtentFinder {
       const double dy = at.Dy - first.Dy;
       if (IsNothing(dx) && IsNothing(dy)) continue;
       slides = false;
-      const double x = double{graph_.Joints[at.Joint].X} - double{origin.X};
-      const double y = double{graph_.Joints[at.Joint].Y} - double{origin.Y};
+      const double x = at_[at.Joint].X - origin.X;
+      const double y = at_[at.Joint].Y - origin.Y;
       const double rate = (x * dy - y * dx) / (x * x + y * y);
       if (turn == 0) turn = rate;
       const double size = std::abs(turn) * std::sqrt(x * x + y * y);
@@ -98,9 +91,9 @@ class ExtentFinder {
       if (!unknown.IsMember()) return slides || unknown.Sign == 0;
       if (Moves(unknown.JointA) && Moves(unknown.JointB)) return true;
       if (slides) return false;
-      const PlacedJoint& held = graph_.Joints[Moves(unknown.JointA) ? unknown.JointB : unknown.JointA];
-      const double x = double{held.X} - double{origin.X};
-      const double y = double{held.Y} - double{origin.Y};
+      const WrittenPlace& held = at_[Moves(unknown.JointA) ? unknown.JointB : unknown.JointA];
+      const double x = held.X - origin.X;
+      const double y = held.Y - origin.Y;
       const double size = std::abs(turn) * std::sqrt(x * x + y * y);
       return std::abs(first.Dx - turn * y) <= 1e-9 * size && std::abs(first.Dy + turn * x) <= 1e-9 * size;
     });
@@ -108,12 +101,11 @@ class ExtentFinder {
 
   // Where the constraints are independent, the positions that satisfy them form a smooth surface, and every
   // motion is the beginning of a path on it. It is enough to look at the constraints of what moves, with the
-  // rest held; or at all of them, with those that only repeat what keeps a piece in its shape left out.
+  // rest held; `superfluous` ones, ascending, left out.
   template <class Field>
-  bool IsIndependent(const Motion& motion, const std::vector<ModularRow>& exactRows) {
-    const std::vector<int> superfluous = Superfluous<Field>(motion, exactRows);
-    const int component = components_.OfJoint[motion.Joints.front().Joint];
-    if (numStatesOf_[At(component)] == superfluous.size()) return true;
+  bool IsIndependent(const Motion& motion, const std::vector<ModularRow>& exactRows,
+                     const std::vector<int>& superfluous) {
+    if (numStatesOf_[At(ComponentOf(motion))] == superfluous.size()) return true;
     int numMoving = 0;
     for (const JointDisplacement& at : motion.Joints) placeOf_[At(at.Joint)] = numMoving++;
     const int numColumns = 2 * numMoving;
@@ -127,25 +119,34 @@ class ExtentFinder {
       }
       rows.push_back(std::move(row));
     }
+    for (const JointDisplacement& at : motion.Joints) placeOf_[At(at.Joint)] = -1;
     const auto numRows = static_cast<int>(rows.size());
     return numRows < numColumns && RankOf<Field>(std::move(rows), numColumns) == numRows;
   }
 
-  // Members that pieces could do without and still keep their shape: wherever these go, they fit.
+  // The same, with members left out that only repeat what keeps a piece in its shape: wherever it goes, they
+  // fit. Without those of the part that stands still, too, nothing may be left that any state of self-stress
+  // needs; this is asked last, because it looks at the whole component.
   template <class Field>
-  std::vector<int> Superfluous(const Motion& motion, const std::vector<ModularRow>& exactRows) const {
+  bool FitsWithoutTheSuperfluous(const Motion& motion, const std::vector<ModularRow>& exactRows) {
     std::vector<int> superfluous;
-    for (const MovingPiece& piece : PiecesThatMove(graph_, motion)) {
+    for (const MovingPiece& piece : pieces_.Of(motion))
       AddSuperfluous<Field>(piece.Members, exactRows, superfluous);
-    }
-    AddSuperfluous<Field>(StandingMembers(motion), exactRows, superfluous);
     std::ranges::sort(superfluous);
-    return superfluous;
+    if (!superfluous.empty() && IsIndependent<Field>(motion, exactRows, superfluous)) return true;
+    const std::size_t missing = numStatesOf_[At(ComponentOf(motion))] - superfluous.size();
+    const std::vector<int> standing = StandingMembers(motion);
+    if (standing.size() < missing) return false;
+    std::vector<int> ofStanding;
+    AddSuperfluous<Field>(standing, exactRows, ofStanding);
+    return ofStanding.size() == missing;
   }
+
+  int ComponentOf(const Motion& motion) const { return components_.OfJoint[motion.Joints.front().Joint]; }
 
   // The members of the motion's component that do not move.
   std::vector<int> StandingMembers(const Motion& motion) const {
-    const int component = components_.OfJoint[motion.Joints.front().Joint];
+    const int component = ComponentOf(motion);
     std::vector<int> members;
     for (int k = 1; k <= graph_.NumUnknowns(); ++k) {
       const PlacedUnknown& unknown = graph_.Unknowns[k];
@@ -157,21 +158,31 @@ class ExtentFinder {
 
   template <class Field>
   void AddSuperfluous(const std::vector<int>& members, const std::vector<ModularRow>& exactRows,
-                      std::vector<int>& superfluous) const {
-    std::vector<int> joints;
-    std::vector<ModularRow> rows;
+                      std::vector<int>& superfluous) {
+    int numJoints = 0;
     for (const int k : members) {
-      joints.insert(joints.end(), {graph_.Unknowns[k].JointA, graph_.Unknowns[k].JointB});
-      rows.push_back(exactRows[At(k - 1)]);
+      for (const int joint : {graph_.Unknowns[k].JointA, graph_.Unknowns[k].JointB}) {
+        if (placeOf_[At(joint)] < 0) placeOf_[At(joint)] = numJoints++;
+      }
     }
-    std::ranges::sort(joints);
-    joints.erase(std::unique(joints.begin(), joints.end()), joints.end());
-    const auto numRows = static_cast<int>(rows.size());
-    const int whole = 2 * static_cast<int>(joints.size()) - 3;
-    if (numRows <= whole) return;
-    const ModularNullSpace states = NullSpaceOf<Field>(Transposed(rows, graph_.NumEquations()), numRows);
-    if (states.Rank != whole) return;
-    for (const int row : states.Free) superfluous.push_back(members[At(row)]);
+    const auto numRows = static_cast<int>(members.size());
+    const int whole = 2 * numJoints - 3;
+    if (numRows > whole) {
+      std::vector<ModularRow> rows;
+      for (const int k : members) {
+        rows.push_back(exactRows[At(k - 1)]);
+        for (ModularEntry& entry : rows.back())
+          entry.Column = 2 * placeOf_[At(entry.Column / 2 + 1)] + entry.Column % 2;
+        std::ranges::sort(rows.back(), {}, &ModularEntry::Column);
+      }
+      const ModularNullSpace states = NullSpaceOf<Field>(Transposed(rows, 2 * numJoints), numRows);
+      if (states.Rank == whole) {
+        for (const int row : states.Free) superfluous.push_back(members[At(row)]);
+      }
+    }
+    for (const int k : members) {
+      for (const int joint : {graph_.Unknowns[k].JointA, graph_.Unknowns[k].JointB}) placeOf_[At(joint)] = -1;
+    }
   }
 
   bool IsHeldAtSecondOrder(const Motion& motion) const {
@@ -191,10 +202,8 @@ class ExtentFinder {
     for (const UnknownForce& force : stress.Forces) {
       const PlacedUnknown& unknown = graph_.Unknowns[force.Unknown];
       if (!unknown.IsMember() || unknown.JointA == unknown.JointB) continue;
-      const PlacedJoint& a = graph_.Joints[unknown.JointA];
-      const PlacedJoint& b = graph_.Joints[unknown.JointB];
-      const double x = double{a.X} - double{b.X};
-      const double y = double{a.Y} - double{b.Y};
+      const double x = at_[unknown.JointA].X - at_[unknown.JointB].X;
+      const double y = at_[unknown.JointA].Y - at_[unknown.JointB].Y;
       const double dx = Of(unknown.JointA).Dx - Of(unknown.JointB).Dx;
       const double dy = Of(unknown.JointA).Dy - Of(unknown.JointB).Dy;
       const double term = force.Value / std::sqrt(x * x + y * y) * (dx * dx + dy * dy);
@@ -208,9 +217,11 @@ class ExtentFinder {
 
   const TrussGraph& graph_;
   const std::vector<SelfStress>& stresses_;
-  std::vector<std::vector<int>> unknownsAt_;
+  Table<WrittenPlace> at_;
+  PieceFinder pieces_;
+  Table<std::vector<int>> unknownsAt_;
   std::vector<JointDisplacement> displacements_;  // by joint, of the motion in hand
-  std::vector<int> placeOf_;                      // by joint: its number among those that move
+  std::vector<int> placeOf_;                      // by joint: its number among those in hand, or -1
   std::vector<std::vector<std::size_t>> stressesAt_;
   TrussPieces components_;
   std::vector<std::size_t> numStatesOf_;  // of self-stress, by component

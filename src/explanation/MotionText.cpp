@@ -3,33 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "explanation/Directions.h"
-#include "explanation/MovingPieces.h"
-
 namespace {
-
-std::string TurnText(const TrussGraph& graph, const MovingPiece& piece, const ReportFormat& format) {
-  return std::string(piece.Anticlockwise ? "anticlockwise" : "clockwise") + " about " +
-         PointText(graph, piece.CentreX, piece.CentreY, format);
-}
 
 std::string NamesOf(const TrussGraph& graph, const std::vector<int>& unknowns) {
   std::vector<std::string> names;
   names.reserve(unknowns.size());
   for (const int k : unknowns) names.push_back(graph.Unknowns[k].Name);
   return ListOf(names);
-}
-
-std::string RigidText(const TrussGraph& graph, const Motion& motion, const std::vector<MovingPiece>& pieces,
-                      const ReportFormat& format) {
-  const JointDisplacement& first = motion.Joints.front();
-  const bool slides = static_cast<int>(motion.Joints.size()) == graph.NumJoints() &&
-                      std::ranges::all_of(motion.Joints, [&](const JointDisplacement& at) {
-                        return std::abs(at.Dx - first.Dx) < 1e-9 && std::abs(at.Dy - first.Dy) < 1e-9;
-                      });
-  if (slides) return "The whole truss slides " + DirectionText(first.Dx, first.Dy) + ".";
-  if (pieces.empty() || !pieces.front().Turns) return "The whole truss moves as one piece.";
-  return "The whole truss turns " + TurnText(graph, pieces.front(), format) + ".";
 }
 
 std::string JointsText(const TrussGraph& graph, const Motion& motion, const ReportFormat& format) {
@@ -41,16 +21,6 @@ std::string JointsText(const TrussGraph& graph, const Motion& motion, const Repo
   const bool one = motion.Joints.size() == 1;
   return std::string(one ? "Joint " : "Joints move: ") + ListOf(moves, 8) +
          (one ? "; all others stand still." : ".");
-}
-
-std::string PieceText(const TrussGraph& graph, const MovingPiece& piece, const ReportFormat& format) {
-  const bool one = piece.Members.size() == 1;
-  const std::string members = (one ? "Member " : "Members ") + NamesOf(graph, piece.Members);
-  const std::string together = one ? " " : " together as one piece ";
-  if (piece.Turns) {
-    return members + (one ? " turns" : " turn") + together + TurnText(graph, piece, format) + ".";
-  }
-  return members + (one ? " slides" : " slide") + together + DirectionText(piece.Dx, piece.Dy) + ".";
 }
 
 const char* ExtentText(MotionExtent extent) {
@@ -67,24 +37,54 @@ const char* ExtentText(MotionExtent extent) {
 
 }  // namespace
 
-std::string MotionText(const TrussGraph& graph, const Motion& motion, const ReportFormat& format) {
+MotionTeller::MotionTeller(const TrussGraph& graph, const ReportFormat& format)
+    : graph_(graph), format_(format), pieces_(graph), points_(graph, format) {}
+
+std::string MotionTeller::TurnText(const MovingPiece& piece) const {
+  return std::string(piece.Anticlockwise ? "anticlockwise" : "clockwise") + " about " +
+         points_.Text(piece.CentreX, piece.CentreY);
+}
+
+std::string MotionTeller::RigidText(const Motion& motion, const std::vector<MovingPiece>& pieces) const {
+  const JointDisplacement& first = motion.Joints.front();
+  const bool slides = static_cast<int>(motion.Joints.size()) == graph_.NumJoints() &&
+                      std::ranges::all_of(motion.Joints, [&](const JointDisplacement& at) {
+                        return std::abs(at.Dx - first.Dx) < 1e-9 && std::abs(at.Dy - first.Dy) < 1e-9;
+                      });
+  if (slides) return "The whole truss slides " + DirectionText(first.Dx, first.Dy) + ".";
+  if (pieces.empty() || !pieces.front().Turns) return "The whole truss moves as one piece.";
+  return "The whole truss turns " + TurnText(pieces.front()) + ".";
+}
+
+std::string MotionTeller::PieceText(const MovingPiece& piece) const {
+  const bool one = piece.Members.size() == 1;
+  const std::string members = (one ? "Member " : "Members ") + NamesOf(graph_, piece.Members);
+  const std::string together = one ? " " : " together as one piece ";
+  if (piece.Turns) return members + (one ? " turns" : " turn") + together + TurnText(piece) + ".";
+  return members + (one ? " slides" : " slide") + together + DirectionText(piece.Dx, piece.Dy) + ".";
+}
+
+std::string MotionTeller::Text(const Motion& motion) {
   constexpr std::size_t mostPieces = 6;
-  const std::vector<MovingPiece> pieces = PiecesThatMove(graph, motion);
+  const std::vector<MovingPiece> pieces = pieces_.Of(motion);
   std::string text;
   if (motion.Kind == MotionKind::Rigid) {
-    text = RigidText(graph, motion, pieces, format);
+    text = RigidText(motion, pieces);
   } else {
-    text = JointsText(graph, motion, format);
-    for (std::size_t i = 0; i < std::min(pieces.size(), mostPieces); ++i) {
-      text += "  " + PieceText(graph, pieces[i], format);
-    }
+    text = JointsText(graph_, motion, format_);
+    for (std::size_t i = 0; i < std::min(pieces.size(), mostPieces); ++i) text += "  " + PieceText(pieces[i]);
     if (pieces.size() > mostPieces) {
-      text += "  So do " + std::to_string(pieces.size() - mostPieces) + " further pieces.";
+      const int further = static_cast<int>(pieces.size() - mostPieces);
+      text += "  " + Counted(further, "further piece moves", "further pieces move") + " too.";
     }
   }
   text += std::string("  ") + ExtentText(motion.Extent);
   return text + (motion.Work > 0 ? "  The loads drive it: they do work on it."
                                  : "  The loads do no work on it, so they do not drive it.");
+}
+
+std::string MotionText(const TrussGraph& graph, const Motion& motion, const ReportFormat& format) {
+  return MotionTeller(graph, format).Text(motion);
 }
 
 std::string SelfStressText(const TrussGraph& graph, const SelfStress& stress, const ReportFormat& format) {

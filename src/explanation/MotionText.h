@@ -2,13 +2,36 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "analysis/FormatSigFigs.h"
+#include "explanation/Directions.h"
 #include "explanation/Motions.h"
+#include "explanation/MovingPieces.h"
 #include "explanation/TrussGraph.h"
 
-/// Which joints move and where to, which members turn or slide as one piece, what becomes of it, and whether
-/// the loads drive it. A single-byte text of a few sentences.
+/// Tells the motions of a truss, one after the other.
+class MotionTeller {
+ public:
+  /// Both must outlive it.
+  MotionTeller(const TrussGraph& graph, const ReportFormat& format);
+
+  /// Which joints move and where to, which members turn or slide as one piece, what becomes of it, and
+  /// whether the loads drive it. A single-byte text of a few sentences.
+  std::string Text(const Motion& motion);
+
+ private:
+  std::string RigidText(const Motion& motion, const std::vector<MovingPiece>& pieces) const;
+  std::string PieceText(const MovingPiece& piece) const;
+  std::string TurnText(const MovingPiece& piece) const;
+
+  const TrussGraph& graph_;
+  const ReportFormat& format_;
+  PieceFinder pieces_;
+  PointNamer points_;
+};
+
+/// The text of a single motion.
 std::string MotionText(const TrussGraph& graph, const Motion& motion, const ReportFormat& format);
 
 /// Which unknowns hang together, and in what proportions.

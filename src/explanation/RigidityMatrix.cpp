@@ -1,8 +1,11 @@
 #include "explanation/RigidityMatrix.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <string>
+#include <utility>
 
 #include "text/DecimalDigits.h"
 
@@ -23,6 +26,23 @@ int LastPower(const DecimalDigits& decimal) {
   return decimal.Exponent - static_cast<int>(decimal.Digits.size());
 }
 
+// The difference of two singles as they are written.
+ExtendedDouble ExtendedDifference(float a, float b) {
+  const DecimalDigits first = DecimalDigits::Of(a);
+  const DecimalDigits second = DecimalDigits::Of(b);
+  const int unit = std::min(first.IsZero() ? LastPower(second) : LastPower(first),
+                            second.IsZero() ? LastPower(first) : LastPower(second));
+  const int top = std::max(first.Exponent, second.Exponent);
+  // Numbers of very different size: of the smaller one hardly anything counts.
+  if (top - unit > 30 || unit < -22 || unit > 22)
+    return ExtendedDouble{WrittenValue(a)} - ExtendedDouble{WrittenValue(b)};
+  const Wide difference = InUnits(first, unit) - InUnits(second, unit);
+  const auto high = static_cast<double>(difference);
+  const ExtendedDouble whole{high, static_cast<double>(difference - static_cast<Wide>(high))};
+  const ExtendedDouble scale{std::pow(10.0, std::abs(unit))};  // exact up to 10^22
+  return unit < 0 ? whole / scale : whole * scale;
+}
+
 template <class Field>
 void PushEntry(ModularRow& row, int column, std::uint64_t value) {
   if (value != 0) row.push_back({column, value});
@@ -30,20 +50,22 @@ void PushEntry(ModularRow& row, int column, std::uint64_t value) {
 
 }  // namespace
 
-double WrittenDifference(float a, float b) {
-  const DecimalDigits first = DecimalDigits::Of(a);
-  const DecimalDigits second = DecimalDigits::Of(b);
-  const int unit = std::min(first.IsZero() ? LastPower(second) : LastPower(first),
-                            second.IsZero() ? LastPower(first) : LastPower(second));
-  const int top = std::max(first.Exponent, second.Exponent);
-  // Numbers of very different size: the difference of doubles is as good.
-  if (top - unit > 30 || unit < -22 || unit > 22) return double{a} - double{b};
-  const Wide difference = InUnits(first, unit) - InUnits(second, unit);
-  constexpr Wide exact = Wide{1} << 53U;
-  if (difference > exact || difference < -exact) return double{a} - double{b};
-  const double scale = std::pow(10.0, std::abs(unit));  // exact up to 10^22
-  return unit < 0 ? static_cast<double>(difference) / scale : static_cast<double>(difference) * scale;
+double WrittenValue(float value) {
+  std::array<char, 64> text{};
+  const auto written = std::to_chars(text.data(), text.data() + text.size(), value);
+  double result = 0;
+  std::from_chars(text.data(), written.ptr, result);
+  return result;
 }
+
+Table<WrittenPlace> WrittenPlaces(const TrussGraph& graph) {
+  Table<WrittenPlace> places(graph.NumJoints());
+  for (int j = 1; j <= graph.NumJoints(); ++j)
+    places[j] = {WrittenValue(graph.Joints[j].X), WrittenValue(graph.Joints[j].Y)};
+  return places;
+}
+
+double WrittenDifference(float a, float b) { return ExtendedDifference(a, b).High; }
 
 template <class Field>
 std::vector<ModularRow> ExactRigidityRows(const TrussGraph& graph) {
@@ -98,27 +120,40 @@ template std::vector<ModularRow> ExactRigidityRows<SecondField>(const TrussGraph
 template std::vector<std::uint64_t> ExactLoads<FirstField>(const TrussGraph&);
 template std::vector<std::uint64_t> ExactLoads<SecondField>(const TrussGraph&);
 
-SparseMatrix<double> RigidityRows(const TrussGraph& graph) {
-  SparseMatrix<double> matrix(graph.NumUnknowns(), graph.NumEquations());
-  const auto set = [&matrix](int row, int joint, Axis axis, double value) {
-    if (value != 0) matrix.Set(row, ColumnOf(joint, axis) + 1, value);
+SparseMatrix<ExtendedDouble> ExtendedRigidityRows(const TrussGraph& graph) {
+  SparseMatrix<ExtendedDouble> matrix(graph.NumUnknowns(), graph.NumEquations());
+  const auto set = [&matrix](int row, int joint, Axis axis, const ExtendedDouble& value) {
+    if (value.High != 0) matrix.Set(row, ColumnOf(joint, axis) + 1, value);
   };
   for (int k = 1; k <= graph.NumUnknowns(); ++k) {
     const PlacedUnknown& unknown = graph.Unknowns[k];
     if (!unknown.IsMember()) {
-      set(k, unknown.JointA, unknown.Along, unknown.Sign);
+      set(k, unknown.JointA, unknown.Along, {static_cast<double>(unknown.Sign)});
       continue;
     }
     if (unknown.JointA == unknown.JointB) continue;
     const PlacedJoint& a = graph.Joints[unknown.JointA];
     const PlacedJoint& b = graph.Joints[unknown.JointB];
-    const double dx = WrittenDifference(a.X, b.X);
-    const double dy = WrittenDifference(a.Y, b.Y);
-    const double length = std::sqrt(dx * dx + dy * dy);
-    set(k, unknown.JointA, Axis::X, dx / length);
-    set(k, unknown.JointA, Axis::Y, dy / length);
-    set(k, unknown.JointB, Axis::X, -dx / length);
-    set(k, unknown.JointB, Axis::Y, -dy / length);
+    ExtendedDouble dx = ExtendedDifference(a.X, b.X);
+    ExtendedDouble dy = ExtendedDifference(a.Y, b.Y);
+    const ExtendedDouble length{std::sqrt(dx.High * dx.High + dy.High * dy.High)};
+    dx = dx / length;
+    dy = dy / length;
+    set(k, unknown.JointA, Axis::X, dx);
+    set(k, unknown.JointA, Axis::Y, dy);
+    set(k, unknown.JointB, Axis::X, -dx);
+    set(k, unknown.JointB, Axis::Y, -dy);
+  }
+  return matrix;
+}
+
+SparseMatrix<double> RigidityRows(const TrussGraph& graph) {
+  const SparseMatrix<ExtendedDouble> extended = ExtendedRigidityRows(graph);
+  SparseMatrix<double> matrix(extended.NumRows(), extended.NumColumns());
+  for (int row = 1; row <= extended.NumRows(); ++row) {
+    std::vector<SparseMatrix<double>::Entry> entries;
+    for (const auto& [column, value] : extended.Row(row)) entries.push_back({column, value.High});
+    matrix.SetRow(row, std::move(entries));
   }
   return matrix;
 }
@@ -126,8 +161,8 @@ SparseMatrix<double> RigidityRows(const TrussGraph& graph) {
 std::vector<double> LoadVector(const TrussGraph& graph) {
   std::vector<double> loads(static_cast<std::size_t>(graph.NumEquations()));
   for (const PlacedLoad& load : graph.Loads) {
-    loads[static_cast<std::size_t>(ColumnOf(load.Joint, Axis::X))] += double{load.Fx};
-    loads[static_cast<std::size_t>(ColumnOf(load.Joint, Axis::Y))] += double{load.Fy};
+    loads[static_cast<std::size_t>(ColumnOf(load.Joint, Axis::X))] += WrittenValue(load.Fx);
+    loads[static_cast<std::size_t>(ColumnOf(load.Joint, Axis::Y))] += WrittenValue(load.Fy);
   }
   return loads;
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "analysis/SparseMatrix.h"
+#include "explanation/ExtendedDouble.h"
 #include "explanation/PrimeField.h"
 #include "explanation/TrussGraph.h"
 
@@ -30,14 +31,27 @@ std::vector<ModularRow> ExactRigidityRows(const TrussGraph& graph);
 template <class Field>
 std::vector<std::uint64_t> ExactLoads(const TrussGraph& graph);
 
+/// The double nearest to the number that a single's shortest decimal says.
+double WrittenValue(float value);
+
+struct WrittenPlace {
+  double X = 0, Y = 0;
+};
+
+/// The joints' places as they are written.
+Table<WrittenPlace> WrittenPlaces(const TrussGraph& graph);
+
 /// The difference of two coordinates as they are written (0.3 - 0.1 is 0.2), rounded once.
 double WrittenDifference(float a, float b);
 
-/// The same rows in double precision with members of unit direction, entries numbered from 1: the unknown of
-/// a member is its force. A member of no length has an empty row.
+/// The exact rows in twice the figures of a double, entries numbered from 1, those of a member divided by its
+/// length in double precision: the unknown of a member is its force. A member of no length has an empty row.
+SparseMatrix<ExtendedDouble> ExtendedRigidityRows(const TrussGraph& graph);
+
+/// The same in double precision.
 SparseMatrix<double> RigidityRows(const TrussGraph& graph);
 
-/// The loads' components by column, in double precision.
+/// The loads' components by column as they are written, in double precision.
 std::vector<double> LoadVector(const TrussGraph& graph);
 
 /// The magnitude of what acts on the joint that is loaded most, in force units; 0 without loads.

@@ -73,8 +73,23 @@ std::string RoundingNotice(const TrussGraph& graph, const Rounding& rounding, co
   return notice;
 }
 
+const char* ReadOnText(ReadOn where) {
+  switch (where) {
+    case ReadOn::OnScreen:
+      break;
+    case ReadOn::OnPaper:
+      return "In the program read on in the menu Learn under \"Why this conclusion\", and in the help under "
+             "\"Exact and rounded verdicts\".";
+    case ReadOn::FurtherBelow:
+      return "Read on further below under \"Why this conclusion\", and in the program's help under \"Exact "
+             "and rounded verdicts\".";
+  }
+  return "Read on under Learn, \"Why this conclusion\", and in the help under \"Exact and rounded "
+         "verdicts\".";
+}
+
 std::string NoticeBelowConclusion(const TrussGraph& graph, const Rounding& rounding,
-                                  const ReportFormat& format) {
+                                  const ReportFormat& format, ReadOn where) {
   const std::string notice = RoundingNotice(graph, rounding, format);
-  return notice.empty() ? notice : notice + "  " + ReadOnText;
+  return notice.empty() ? notice : notice + "  " + ReadOnText(where);
 }

@@ -11,9 +11,13 @@ inline constexpr const char* RoundingHeading = "What rounding has to do with it:
 /// The page of the help to read on.
 inline constexpr const char* RoundingHelpTitle = "Exact and rounded verdicts";
 
-/// Where to read on, for whoever has the notice below a conclusion before him.
-inline constexpr const char* ReadOnText =
-    "Read on under Learn, \"Why this conclusion\", and in the help under \"Exact and rounded verdicts\".";
+/// Where to read on, for whoever has the notice before him.
+enum class ReadOn {
+  OnScreen,      ///< in the program: under Learn, and in the help
+  OnPaper,       ///< in the program, which he may not have before him
+  FurtherBelow,  ///< on the same paper, which has the reasons
+};
+const char* ReadOnText(ReadOn where);
 
 /// What to say below the conclusion of the RREF and Solutions reports where rounding has a part in it: the
 /// exact outcome differs, or the reading within the drawing's figures does, or the truss is nearly a
@@ -23,4 +27,4 @@ std::string RoundingNotice(const TrussGraph& graph, const Rounding& rounding, co
 
 /// The notice and where to read on; empty when there is nothing to say.
 std::string NoticeBelowConclusion(const TrussGraph& graph, const Rounding& rounding,
-                                  const ReportFormat& format);
+                                  const ReportFormat& format, ReadOn where = ReadOn::OnScreen);

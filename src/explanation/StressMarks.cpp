@@ -164,6 +164,21 @@ class Marker {
   std::vector<Box> taken_;
 };
 
+// On white, so that the member's line does not run through it.
+void PrintOnPaper(Surface& surface, const StressMark& mark) {
+  const TextExtent extent = surface.Extent(mark.Text);
+  const float left = OntoPaper(mark.TextTopLeft.X);
+  const float top = OntoPaper(mark.TextTopLeft.Y);
+  const float right = left + extent.Width + RimWidth;
+  const std::array<PixelPoint, 4> paper = {{{left - RimWidth, top},
+                                            {right, top},
+                                            {right, top + extent.Height},
+                                            {left - RimWidth, top + extent.Height}}};
+  surface.FillPolygon(paper, White);
+  surface.SetForeground(Black);
+  surface.PrintText(left, top, mark.Text);
+}
+
 }  // namespace
 
 std::vector<StressMark> MarksOf(const SelfStress& stress, const TrussGraph& graph, const Graph& mapping,
@@ -191,7 +206,7 @@ void PaintStressTexts(Surface& surface, const std::vector<StressMark>& marks, co
   surface.SetFont(TextFont{});
   for (const StressMark& mark : marks) {
     if (mark.Text.empty()) continue;
-    surface.PrintTextWithRim(OntoPaper(mark.TextTopLeft.X), OntoPaper(mark.TextTopLeft.Y), mark.Text, Black);
+    PrintOnPaper(surface, mark);
   }
   surface.SetForeground(Black);
 }

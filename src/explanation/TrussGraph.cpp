@@ -84,3 +84,13 @@ TrussPieces PiecesOf(const TrussGraph& graph) {
   }
   return pieces;
 }
+
+Table<std::vector<int>> UnknownsByJoint(const TrussGraph& graph) {
+  Table<std::vector<int>> at(graph.NumJoints());
+  for (int k = 1; k <= graph.NumUnknowns(); ++k) {
+    const PlacedUnknown& unknown = graph.Unknowns[k];
+    at[unknown.JointA].push_back(k);
+    if (unknown.IsMember() && unknown.JointB != unknown.JointA) at[unknown.JointB].push_back(k);
+  }
+  return at;
+}

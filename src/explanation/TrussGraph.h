@@ -51,3 +51,6 @@ struct TrussPieces {
   int Count = 0;
 };
 TrussPieces PiecesOf(const TrussGraph& graph);
+
+/// The unknowns that act on each joint, ascending; a member of no length stands there once.
+Table<std::vector<int>> UnknownsByJoint(const TrussGraph& graph);

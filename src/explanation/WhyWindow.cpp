@@ -13,6 +13,7 @@
 #include <QTextCursor>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "explanation/MotionPlayer.h"
@@ -46,7 +47,7 @@ WhyWindow::WhyWindow(const AnimationWish& animation, QWidget* parent)
   CreateControls();
   CreateText();
   LayOut();
-  connect(player_, &MotionPlayer::Swung, picMotion_, &MotionView::Swing);
+  connect(player_, &MotionPlayer::Swung, this, &WhyWindow::FollowPlayer);
   Clear();
 }
 
@@ -70,6 +71,8 @@ void WhyWindow::CreateControls() {
   sldSwing_->setTickPosition(QSlider::TicksBelow);
   sldSwing_->setTickInterval(FullSwing);
   lblSwing_->setBuddy(sldSwing_);
+  // Whatever is done with it ends the play, also what leaves its value as it was.
+  connect(sldSwing_, &QSlider::actionTriggered, this, [this] { StopPlaying(); });
   connect(sldSwing_, &QSlider::valueChanged, this, [this](int value) {
     StopPlaying();
     picMotion_->Swing(static_cast<double>(value) / FullSwing);
@@ -235,6 +238,7 @@ void WhyWindow::ShowChoice() {
   cmbMotion_->setToolTip(PlainToolTip(cmbMotion_->currentText()));
   lblNote_->setText(QString::fromLatin1(NoteOnChoice(choice)));
   ShowControls();
+  KeepWholeHeight(*this);
 }
 
 void WhyWindow::ShowControls() {
@@ -261,10 +265,24 @@ void WhyWindow::Play() {
   ShowControls();
 }
 
+// The slider's handle goes with the picture. Its value does not, of which a screen reader would tell every
+// frame; it is set when the play ends.
+void WhyWindow::FollowPlayer(double swing) {
+  picMotion_->Swing(swing);
+  sldSwing_->setTracking(false);
+  sldSwing_->setSliderPosition(static_cast<int>(std::lround(swing * FullSwing)));
+  sldSwing_->setTracking(true);
+}
+
 void WhyWindow::StopPlaying() {
   if (!player_->IsPlaying()) return;
   player_->Stop();
-  picMotion_->Swing(static_cast<double>(sldSwing_->value()) / FullSwing);
+  const int position = sldSwing_->sliderPosition();
+  {
+    const QSignalBlocker silent(sldSwing_);
+    sldSwing_->setValue(position);
+  }
+  picMotion_->Swing(static_cast<double>(position) / FullSwing);
   ShowControls();
 }
 
@@ -279,6 +297,12 @@ void WhyWindow::changeEvent(QEvent* event) {
 void WhyWindow::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);
   StopPlaying();
+}
+
+// In a narrow window the note takes more lines, and the window more height.
+void WhyWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  KeepWholeHeight(*this);
 }
 
 bool WhyWindow::eventFilter(QObject* watched, QEvent* event) {

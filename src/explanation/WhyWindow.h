@@ -40,6 +40,7 @@ class WhyWindow final : public LearnWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
   void changeEvent(QEvent* event) override;
   void hideEvent(QHideEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void CreateControls();
@@ -50,6 +51,7 @@ class WhyWindow final : public LearnWindow {
   void ShowChoice();
   void ShowControls();
   void Play();
+  void FollowPlayer(double swing);
   void StopPlaying();
   const MotionChoice* Chosen() const;
   bool MayPlay() const;

@@ -173,7 +173,9 @@ class ReportBuilder {
   ExplanationOnDemand& Reasons() { return context_.Reasons != nullptr ? *context_.Reasons : reasons_; }
 
   void AppendNotice() {
-    std::string notice = NoticeBelowConclusion(Reasons().Graph(), Reasons().Rounded(), format_);
+    const bool hasReasons = std::ranges::count(context_.With, ReportExtra::Why) > 0;
+    std::string notice = NoticeBelowConclusion(Reasons().Graph(), Reasons().Rounded(), format_,
+                                               hasReasons ? ReadOn::FurtherBelow : ReadOn::OnPaper);
     if (notice.empty()) return;
     std::erase_if(notice, IsControl);
     AppendText(ToUtf8(notice));

@@ -30,8 +30,9 @@ class WhySection {
       if (section.Heading == KindHeading) AppendKinds();
       const bool isOfMotions = section.Heading == MotionsHeading;
       for (std::size_t i = 0; i < section.Paragraphs.size(); ++i) {
-        AppendText(section.Paragraphs[i]);
-        if (isOfMotions && i < NumMotionsTold() && !AppendMotion(i)) return AppendedExtra::Ended;
+        const bool hasPicture = isOfMotions && i < NumMotionsTold();
+        AppendText(section.Paragraphs[i], hasPicture ? LineRole::Joined : LineRole::Text);
+        if (hasPicture && !AppendMotion(i)) return AppendedExtra::Ended;
       }
     }
     if (!on_.Progress(1)) return AppendedExtra::Ended;
@@ -45,10 +46,10 @@ class WhySection {
     RTBText(on_.Report, heading, BreaksBefore, 0, SectionHeading, LineRole::Heading);
   }
 
-  // A name stays on its line.
-  void AppendText(std::string text) {
+  // A name stays on its line, and a text on the page of its picture.
+  void AppendText(std::string text, LineRole role = LineRole::Text) {
     std::erase_if(text, IsControl);
-    RTBText(on_.Report, ToUtf8(text), BreaksBefore, 0, PlainBlack);
+    RTBText(on_.Report, ToUtf8(text), BreaksBefore, 0, PlainBlack, role);
   }
 
   // Set smaller where the paper is too narrow for it.

@@ -32,6 +32,7 @@ class HelpPictures : Photographer {
     TakeSupports();
     TakeOutcomes();
     TakeAutoNames();
+    TakeLearn();
   }
 
  private:
@@ -252,6 +253,26 @@ class HelpPictures : Photographer {
     take("unnamed");
     Click("cmdAutoName(1)");
     take("autonamed");
+  }
+
+  // The two windows of the menu Learn, each on a truss that gives it something to say.
+  void TakeLearn() {
+    Open(examples_ + "/parallelogram.trs");
+    Click("cmdNext1");
+    Click("cmdNext2");
+    Trigger("mnuLearnWhy");
+    QWidget& why = WindowNamed("Why");
+    why.resize(560, 640);
+    Settle();
+    Take(why, "why-window");
+    why.close();
+    Open(examples_ + "/near-joint.trs");
+    Trigger("mnuLearnCheck");
+    QWidget& checks = WindowNamed("Checks");
+    checks.resize(460, 190);
+    Settle();
+    Take(checks, "checks-window");
+    checks.close();
   }
 
   std::string examples_;

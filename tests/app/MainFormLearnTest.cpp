@@ -250,6 +250,25 @@ TEST_F(MainFormLearn, OpensBesideTheOtherWindowsOnTheScreen) {
     EXPECT_TRUE(window->screen()->availableGeometry().contains(window->frameGeometry()));
     EXPECT_NE(window->frameGeometry().topLeft(), Report()->frameGeometry().topLeft());
   }
+  EXPECT_NE(Why().frameGeometry().topLeft(), Checks().frameGeometry().topLeft());
+}
+
+// In the order in which they are asked for, none hides another.
+TEST_F(MainFormLearn, TheSecondWindowLeavesTheTitleOfTheFirstFree) {
+  Started();
+  OpenInStep3(Parallelogram());
+  for (const auto& [first, second] :
+       {std::pair("mnuLearnWhy", "mnuLearnCheck"), std::pair("mnuLearnCheck", "mnuLearnWhy")}) {
+    Trigger(first);
+    Trigger(second);
+    const QRect why = Why().frameGeometry();
+    const QRect checks = Checks().frameGeometry();
+    const QRect& above = first == std::string("mnuLearnWhy") ? why : checks;
+    const QRect& later = first == std::string("mnuLearnWhy") ? checks : why;
+    EXPECT_FALSE(later.contains(above.topLeft())) << first;
+    Why().close();
+    Checks().close();
+  }
 }
 
 TEST_F(MainFormLearn, AWindowStaysWhereTheUserHasPutIt) {

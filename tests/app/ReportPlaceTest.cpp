@@ -80,7 +80,9 @@ TEST(ReportPlace, AScreenWithoutRoomStillShowsIt) {
 // --- the windows that explain
 
 ScreenBox PlaceOfWhy(const ScreenBox& screen, const ScreenBox& mainWindow, const ScreenBox& report) {
-  return PlaceOfExplanation(screen, mainWindow, report, PanelBottom(mainWindow), ExplanationSizes);
+  std::vector<ScreenBox> others;
+  if (report.Width > 0) others.push_back(report);
+  return PlaceOfExplanation(screen, mainWindow, others, PanelBottom(mainWindow), ExplanationSizes);
 }
 
 TEST(ExplanationPlace, OnTheOtherSideOfTheMainWindow) {
@@ -120,6 +122,26 @@ TEST(ExplanationPlace, AScreenWithoutRoomStillShowsIt) {
   const ScreenBox tiny{0, 0, 320, 240};
   const ScreenBox report = PlaceOfReport(tiny, {0, 12, 320, 228}, 122);
   EXPECT_TRUE(IsInside(PlaceOfWhy(tiny, {0, 12, 320, 228}, report), tiny));
+}
+
+// Both windows that explain can be read, or at least got at, whatever else stands there.
+TEST(ExplanationPlace, TheSecondWindowIsNotRightOverTheFirst) {
+  int numApart = 0;
+  for (const ScreenBox& screen : {Notebook, LargeScreen, SmallScreen, ScreenBox{1920, 200, 1280, 720}}) {
+    for (int left = -300; left < screen.Width; left += 137) {
+      const ScreenBox mainWindow{screen.Left + left, screen.Top + 40, 566, 500};
+      const ScreenBox report = PlaceBeside(screen, mainWindow);
+      const ScreenBox why = PlaceOfWhy(screen, mainWindow, report);
+      const ScreenBox checks =
+          PlaceOfExplanation(screen, mainWindow, {report, why}, PanelBottom(mainWindow), ChecksSizes);
+      ASSERT_TRUE(IsInside(checks, screen)) << left;
+      for (const ScreenBox& other : {report, why}) {
+        ASSERT_FALSE(checks.Left <= other.Left && checks.Top <= other.Top && Overlap(checks, other)) << left;
+      }
+      numApart += Overlap(checks, why) ? 0 : 1;
+    }
+  }
+  EXPECT_GT(numApart, 10);
 }
 
 }  // namespace

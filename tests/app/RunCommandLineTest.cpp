@@ -50,9 +50,9 @@ class FullDisk final : public std::streambuf {
   std::streamsize xsputn(const char*, std::streamsize) override { return 0; }
 };
 
-std::string FakeJson(const AnalysedFile& file, const JsonExtras& extras, const ReportFormat&) {
-  return "{" + file.Argument + (file.IsComplete() ? "" : "|" + file.Error) +
-         (extras.Matrices ? "|matrices}" : "}");
+void FakeJson(std::ostream& out, const AnalysedFile& file, const JsonExtras& extras, const ReportFormat&) {
+  out << "{" << file.Argument << (file.IsComplete() ? "" : "|" + file.Error)
+      << (extras.Matrices ? "|matrices}" : "}");
 }
 
 // A picture that says how it was asked for; an empty truss has none.
@@ -133,7 +133,8 @@ class RunCommandLineTest : public testing::Test {
   std::ostringstream Err;
   bool ErrIsTerminal = false;
   std::chrono::steady_clock::time_point Now;
-  std::function<std::string(const AnalysedFile&, const JsonExtras&, const ReportFormat&)> Json = FakeJson;
+  std::function<void(std::ostream&, const AnalysedFile&, const JsonExtras&, const ReportFormat&)> Json =
+      FakeJson;
   std::function<std::optional<std::string>(const AnalysedFile&, bool, PictureFileFormat, const ReportFormat&)>
       Picture = FakePicture;
   std::function<std::string(const AnalysedFile&, DocumentFileFormat, const std::vector<ReportExtra>&,
@@ -526,9 +527,9 @@ TEST_F(RunCommandLineTest, NoFurtherFileIsReadOnceResultsCannotBeWritten) {
 
 TEST_F(RunCommandLineTest, AFileThatNeedsTooMuchMemoryDoesNotEndTheRun) {
   const std::string large = File("large.trs", TriangleText);
-  Json = [&](const AnalysedFile& file, const JsonExtras&, const ReportFormat&) {
+  Json = [&](std::ostream& out, const AnalysedFile& file, const JsonExtras&, const ReportFormat&) {
     if (file.Argument == large) throw std::bad_alloc();
-    return std::string("{}");
+    out << "{}";
   };
   EXPECT_EQ(RunWords({"--json", large, File("small.trs", TriangleText)}), NotAllDone);
   EXPECT_EQ(Out.str(), "{}\n");
@@ -539,9 +540,9 @@ class SlowRun : public RunCommandLineTest {
  protected:
   void SetUp() override {
     RunCommandLineTest::SetUp();
-    Json = [this](const AnalysedFile&, const JsonExtras&, const ReportFormat&) {
+    Json = [this](std::ostream& out, const AnalysedFile&, const JsonExtras&, const ReportFormat&) {
       Now += std::chrono::milliseconds(550);
-      return std::string("{}");
+      out << "{}";
     };
     Input = TriangleText;
   }

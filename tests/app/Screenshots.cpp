@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QListWidget>
 #include <QStyleFactory>
+#include <QTableWidget>
 #include <QTextEdit>
 #include <algorithm>
 #include <iostream>
@@ -101,6 +102,12 @@ class Walk : Photographer {
     why.resize(380, 400);
     Take(why, "16-why-narrow");
     why.close();
+    Trigger("mnuLearnForces");
+    QWidget& forces = WindowNamed("Forces");
+    Take(forces, "16-forces");
+    for (int i = 0; i < 5; ++i) forces.findChild<QPushButton*>(QStringLiteral("cmdZoomIn"))->click();
+    forces.findChild<QTableWidget*>()->selectRow(12);
+    Take(forces, "16-forces-zoomed");
     Trigger("mnuLearnCheck");
     QWidget& checks = WindowNamed("Checks");
     checks.findChild<QListWidget*>()->setCurrentRow(0);

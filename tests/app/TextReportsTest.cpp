@@ -327,7 +327,7 @@ TEST(TextReports, WhyOpensWithTheKindOfTheTruss) {
   std::ostringstream out;
   WriteReport(out, Analysed(Triangle()), {{}, {ExplainedSection::Why}}, {});
   EXPECT_THAT(out.str(), testing::StartsWith("The kind of this truss:\n"));
-  EXPECT_THAT(out.str(), testing::HasSubstr("[x] rigid, every force determined"));
+  EXPECT_THAT(out.str(), testing::HasSubstr("[x] rigid, forces  [ ] rigid, forces"));
   EXPECT_THAT(out.str(), testing::HasSubstr("\n\nThe exact verdict:\nEvery force is determined"));
 }
 

@@ -21,7 +21,7 @@ std::string Place(const TrussGraph& graph, int joint) {
 }
 
 std::string Written(const TrussGraph& graph, const Advice& advice) {
-  if (advice.Kind == AdviceKind::RemoveMember) return "without " + graph.Unknowns[advice.Unknown].Name;
+  if (advice.Kind == AdviceKind::Remove) return "without " + graph.Unknowns[advice.Unknown].Name;
   const std::string first = Place(graph, advice.JointA);
   if (advice.Kind == AdviceKind::AddRoller)
     return first + (advice.Along == Axis::X ? " along x" : " along y");
@@ -75,6 +75,65 @@ TEST(Advice, OfTheMembersThatCanGoTheLongestComeFirst) {
                            .Clamp(0, 0, "x", "y")
                            .Roller(4, 0, "r")),
               ElementsAre("without d1", "without d2", "without s1", "without s3", "without s2"));
+}
+
+// Two clamps push against each other through the chord: one of their four reactions is too many.
+TEST(Advice, OfSupportsOneTooManyAReactionCanGo) {
+  const Truss truss = TrussBuilder()
+                          .Member(0, 0, 4, 0, "AB")
+                          .Member(0, 0, 2, 3, "AC")
+                          .Member(4, 0, 2, 3, "BC")
+                          .Clamp(0, 0, "Ax", "Ay")
+                          .Clamp(4, 0, "Bx", "By")
+                          .Force(2, 3, 0, -1000);
+  EXPECT_THAT(AdviceOn(truss), ElementsAre("without Ax", "without Bx", "without AB"));
+}
+
+TEST(Advice, OfManyReactionsNotAllAreNamedSoThatMembersAreToo) {
+  TrussBuilder builder;
+  for (int i = 0; i < 6; ++i)
+    builder.Clamp(static_cast<float>(i), 0, "x" + std::to_string(i), "y" + std::to_string(i));
+  for (int i = 0; i < 5; ++i)
+    builder.Member(static_cast<float>(i), 0, static_cast<float>(i) + 1, 0, "m" + std::to_string(i));
+  const std::vector<std::string> advice = AdviceOn(builder);
+  EXPECT_EQ(advice.size(), 5U);
+  EXPECT_EQ(
+      std::ranges::count_if(advice, [](const std::string& text) { return text.starts_with("without m"); }),
+      2);
+}
+
+// Two rollers hold the beam up and let it slide: the third support goes where none stands.
+TEST(Advice, ARollerIsAdvisedWhereNoSupportStands) {
+  EXPECT_THAT(AdviceOn(TrussBuilder()
+                           .Member(0, 0, 4, 0)
+                           .Member(0, 0, 2, 3)
+                           .Member(4, 0, 2, 3)
+                           .Roller(0, 0, "A")
+                           .Roller(4, 0, "B")),
+              ElementsAre("2,3 along x"));
+}
+
+TEST(Advice, WhereEveryJointHasASupportOneOfThemBecomesAClamp) {
+  EXPECT_THAT(AdviceOn(TrussBuilder().Member(0, 0, 4, 0).Roller(0, 0, "A").Roller(4, 0, "B")),
+              ElementsAre("0,0 along x"));
+}
+
+TEST(Advice, NoRollerIsAdvisedWhereAClampOrOneOfItsKindStands) {
+  std::mt19937 random(12);
+  int numRollers = 0;
+  for (int i = 0; i < 500; ++i) {
+    const TrussGraph graph = GraphOf(RandomSmallTruss(random, 6, 5));
+    if (graph.NumUnknowns() == 0) continue;
+    for (const Advice& advice : AdviceFor(graph, ReasonExactly(graph))) {
+      if (advice.Kind != AdviceKind::AddRoller) continue;
+      ++numRollers;
+      for (const PlacedUnknown& unknown : graph.Unknowns.First(graph.NumUnknowns())) {
+        const bool isThere = !unknown.IsMember() && unknown.JointA == advice.JointA;
+        EXPECT_FALSE(isThere && unknown.Along == advice.Along) << "truss " << i;
+      }
+    }
+  }
+  EXPECT_GT(numRollers, 100);
 }
 
 TEST(ContradictionProof, IsFromTheDrivenMotionOfTheFewestJoints) {

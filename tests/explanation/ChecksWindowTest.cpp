@@ -57,6 +57,45 @@ TEST_F(ChecksWindowTest, CopiesWhatIsChosenOrAll) {
   EXPECT_EQ(QApplication::clipboard()->text(), List().item(1)->text());
 }
 
+// Also where the key reaches the list itself, which knows of one line only.
+TEST_F(ChecksWindowTest, CopiesAllThatIsChosenWithTheListsOwnKeyToo) {
+  Show(TwoChecks());
+  const auto press = [this](Qt::Key key) {
+    QKeyEvent event(QEvent::KeyPress, key, Qt::ControlModifier);
+    QApplication::sendEvent(&List(), &event);
+  };
+  const QString all = List().item(0)->text() + QLatin1Char('\n') + List().item(1)->text();
+  QApplication::clipboard()->clear();
+  press(Qt::Key_C);
+  EXPECT_EQ(QApplication::clipboard()->text(), all) << "none is chosen";
+  List().setCurrentRow(0);
+  press(Qt::Key_C);
+  EXPECT_EQ(QApplication::clipboard()->text(), List().item(0)->text());
+  press(Qt::Key_A);
+  EXPECT_EQ(List().selectedItems().size(), 2);
+  press(Qt::Key_C);
+  EXPECT_EQ(QApplication::clipboard()->text(), all);
+}
+
+TEST_F(ChecksWindowTest, IsNeverSoSmallThatItsPartsCoverEachOther) {
+  const QFont usual = QApplication::font();
+  for (const int points : {8, 24}) {
+    QFont font = usual;
+    font.setPointSize(points);
+    QApplication::setFont(font);
+    ChecksWindow window;
+    window.ShowChecks({}, 10);
+    window.BringUp();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    window.resize(1, 1);
+    QCoreApplication::processEvents();
+    const QWidget* heading = window.findChild<QLabel*>();
+    EXPECT_LE(heading->geometry().bottom(), window.findChild<QListWidget*>()->geometry().top()) << points;
+    EXPECT_THAT(CutTexts::In(window), testing::IsEmpty()) << points;
+  }
+  QApplication::setFont(usual);
+}
+
 TEST_F(ChecksWindowTest, TellsThePlaceOfTheFindingThatIsChosen) {
   Show(TwoChecks());
   QSignalSpy chosen(&window_, &ChecksWindow::PlaceChosen);

@@ -1,5 +1,8 @@
 #include "explanation/DrawingChecks.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "document/DocumentSettings.h"
 #include "support/TrussBuilder.h"
 
@@ -106,6 +109,46 @@ TEST(DrawingChecks, TheLargestDocumentIsCheckedInTime) {
     builder.Member(x, y, x + 0.25F, y).Member(x, y, x, y + 0.25F);
   }
   EXPECT_FALSE(Check(builder).empty());  // the outermost joints have one member
+}
+
+int NumOfKind(const std::vector<DrawingCheck>& checks, CheckKind kind) {
+  return static_cast<int>(std::ranges::count(checks, kind, &DrawingCheck::Kind));
+}
+
+// Of n at one place there are n (n - 1) / 2 pairs, which nobody reads.
+TEST(DrawingChecks, OfVeryManyPairsOnlyTheFirstAreTold) {
+  TrussBuilder near;
+  TrussBuilder equal;
+  TrussBuilder through;
+  for (int i = 0; i < 60; ++i) {
+    const float at = 4 + 0.0001F * static_cast<float>(i);
+    near.Member(8, 8, at, 4);
+    equal.Member(4, 4, 8, 4);
+    through.Member(4, 4 + 0.0001F * static_cast<float>(i), 12, 4 - 0.0001F * static_cast<float>(i));
+    through.Member(5 + 0.1F * static_cast<float>(i), 4, 5 + 0.1F * static_cast<float>(i), 8);
+  }
+  for (const auto& [truss, kind] : {std::pair<Truss, CheckKind>(near, CheckKind::NearEnds),
+                                    std::pair<Truss, CheckKind>(equal, CheckKind::CoincidentMembers),
+                                    std::pair<Truss, CheckKind>(through, CheckKind::ThroughJoint)}) {
+    const std::vector<DrawingCheck> checks = Check(truss);
+    EXPECT_EQ(NumOfKind(checks, kind), MostPairs);
+    const auto last = std::ranges::find_if(checks.rbegin(), checks.rend(),
+                                           [kind](const DrawingCheck& check) { return check.Kind == kind; });
+    EXPECT_THAT(last->Text, HasSubstr("There are more of this kind."));
+    EXPECT_EQ(std::ranges::count_if(checks,
+                                    [](const DrawingCheck& check) {
+                                      return check.Text.find("There are more") != std::string::npos;
+                                    }),
+              NumOfKind(checks, CheckKind::NearEnds) == MostPairs && kind != CheckKind::NearEnds ? 2 : 1);
+  }
+}
+
+TEST(DrawingChecks, OfAsManyPairsAsAreToldNoneIsLeftOut) {
+  TrussBuilder truss;
+  for (int i = 0; i < 45; ++i) truss.Member(4, 4, 8, 4);  // 990 pairs
+  const std::vector<DrawingCheck> checks = Check(truss);
+  EXPECT_EQ(NumOfKind(checks, CheckKind::CoincidentMembers), 990);
+  for (const DrawingCheck& check : checks) EXPECT_EQ(check.Text.find("There are more"), std::string::npos);
 }
 
 }  // namespace

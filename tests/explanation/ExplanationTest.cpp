@@ -114,8 +114,7 @@ TEST(ExplanationAdvice, IsFollowedBeforeItIsGiven) {
     for (const Advice& advice : explanation.Suggestions) {
       ++numPieces;
       TrussGraph graph = explanation.Graph;
-      if (advice.Kind == AdviceKind::RemoveMember) {
-        EXPECT_TRUE(graph.Unknowns[advice.Unknown].IsMember());
+      if (advice.Kind == AdviceKind::Remove) {
         graph.Unknowns[advice.Unknown] = {.JointA = 1, .Sign = 0};
         EXPECT_EQ(JudgeExactly(graph).Mechanisms(), verdict.Mechanisms());
         EXPECT_FALSE(std::ranges::binary_search(verdict.Determined, advice.Unknown));
@@ -189,12 +188,8 @@ TEST(DrawnFigures, NearlyAMechanismIsSaidWithTheMotionThatIsNearlyFree) {
 
 TEST(DrawnFigures, ForcesAreMeasuredAgainstTheMagnitudeOfTheLargestLoad) {
   // The load of 500 acts along the first member, which takes all of it.
-  const Explanation explanation = Explain(TrussBuilder()
-                                              .Member(0, 0, 3, 4)
-                                              .Member(3, 4, 6, 4)
-                                              .Clamp(0, 0)
-                                              .Clamp(6, 4)
-                                              .Force(3, 4, -300, -400));
+  const Explanation explanation = Explain(
+      TrussBuilder().Member(0, 0, 3, 4).Member(3, 4, 6, 4).Clamp(0, 0).Clamp(6, 4).Force(3, 4, -300, -400));
   EXPECT_NEAR(explanation.Rounded.Figures.Magnification, 1, 1e-6);
   EXPECT_EQ(LargestLoad(explanation.Graph), 500);
 }
@@ -262,7 +257,11 @@ TEST(ExplanationText, OpensWithTheKindAndHowCountingRelatesToIt) {
               HasSubstr("6 - 6 = 0, are states of self-stress less motions, 1 - 1 = 0"));
   EXPECT_THAT(sections[0].Paragraphs[1], HasSubstr("what is missing at one place is too much at another"));
   const std::vector<std::string> table = KindTable(explanation.Exact.Verdict);
-  EXPECT_THAT(table[2], HasSubstr("[x] movable and self-stressed"));
+  EXPECT_EQ(table, (std::vector<std::string>{"               no self-stress     self-stress",
+                                             "no motion  [ ] rigid, forces  [ ] rigid, forces",
+                                             "               determined         left open",
+                                             "motions    [ ] movable        [x] movable and",
+                                             "                                  self-stressed"}));
   EXPECT_THAT(TextOf(explanation), HasSubstr("Joint M "));
   EXPECT_THAT(TextOf(explanation), HasSubstr("It tightens after a tiny displacement"));
 }
@@ -284,6 +283,49 @@ TEST(ExplanationText, SelfStressNamesItsForcesInProportion) {
   EXPECT_THAT(
       TextOf(explanation),
       HasSubstr("a and b hang together: forces in the proportions a = 1 and b = -1 (compression positive)"));
+}
+
+TEST(ContradictionProof, IsWrittenWithItsSignsInBracketsAndItsFactorsTiedToTheMotion) {
+  const Explanation explanation = Explain(Parallelogram().Force(1, 2, 1000, 0));
+  const std::string text = TextOf(explanation);
+  EXPECT_THAT(
+      text,
+      HasSubstr("(-2) times the equation P - x, 1 times the equation P - y, (-2) times the equation Q - x"));
+  EXPECT_THAT(text, HasSubstr("Equation P - x:  (1) q(a) + (-4) q(c) = -1000,  times (-2)"));
+  EXPECT_THAT(text,
+              HasSubstr("The factors are the displacements of these joints in motion 1, times (-2.236)."));
+  const std::vector<double> moved = DisplacementsByColumn(explanation.Graph, explanation.Exact.Motions[0]);
+  for (const WeightedEquation& equation : explanation.Proof->Equations) {
+    const double displacement = moved[static_cast<std::size_t>(ColumnOf(equation.Joint, equation.Along))];
+    EXPECT_NEAR(equation.Factor, explanation.Proof->FactorOfMotion * displacement, 1e-12);
+  }
+}
+
+TEST(ContradictionProof, ItsSumIsOfTheLoadsAsTheyAreWritten) {
+  const Explanation explanation =
+      Explain(TrussBuilder().Member(0, 0, 4, 0).Roller(0, 0).Roller(4, 0).Force(4, 0, 0.1F, 0));
+  ASSERT_TRUE(explanation.Proof);
+  EXPECT_EQ(explanation.Proof->Sum, 0.1);
+}
+
+TEST(ExplanationText, SaysWhatBecomesOfASupportWithoutAReaction) {
+  const auto bar =
+      TrussBuilder().Member(0, 0, 4, 0, "m").Clamp(0, 0, "Ax", "Ay").Joint(0, 0, "A").Joint(4, 0, "B");
+  EXPECT_THAT(
+      TextOf(Explain(TrussBuilder(bar).Clamp(4, 0, "Bx", "By"))),
+      HasSubstr("the reaction Ax (a roller is enough at joint A), the reaction Bx (a roller is enough at "
+                "joint B) and m."));
+  EXPECT_THAT(TextOf(Explain(TrussBuilder(bar).Roller(4, 0, "R", 8))),
+              HasSubstr("the reaction R (the roller at joint B)"));
+  EXPECT_THAT(
+      TextOf(Explain(TrussBuilder().Member(0, 0, 4, 0).Roller(0, 0, "a").Roller(4, 0, "b").Joint(0, 0, "A"))),
+      HasSubstr("a roller at joint A that holds it sideways (a clamp in place of its roller)"));
+}
+
+TEST(RoundingText, OnPaperItSaysWhereToReadOnInTheProgram) {
+  EXPECT_THAT(ReadOnText(ReadOn::OnScreen), testing::StartsWith("Read on under Learn"));
+  EXPECT_THAT(ReadOnText(ReadOn::OnPaper), HasSubstr("In the program"));
+  EXPECT_THAT(ReadOnText(ReadOn::FurtherBelow), HasSubstr("further below under \"Why this conclusion\""));
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "ExplanationFixture.h"
+#include "canvas/Arrow.h"
 #include "canvas/PaintDrawing.h"
 #include "explanation/ExactVerdict.h"
 #include "explanation/SwungTruss.h"
@@ -315,6 +316,71 @@ TEST(MotionPicture, IsNoLargerThanItsRoom) {
       EXPECT_LE(frame.Width(), 640);
       EXPECT_LE(frame.Height(), 340);
       EXPECT_GT(frame.Width(), 0);
+    }
+  }
+}
+
+TEST(MotionDrawing, ASelfStressIsDrawnWithoutLoads) {
+  Reasoned truss = CrossedSquare();
+  truss.Document.NumForces = 1;
+  truss.Document.Forces.Resize(1);
+  truss.Document.Forces[1] = {.X = 4, .Y = 4, .Fx = 0, .Fy = -1000, .Active = true};
+  const MotionDrawing drawing = truss.Drawn(truss.Stress(0));
+  EXPECT_FALSE(drawing.Shown.Forces[1].Active);
+  RecordingSurface surface;
+  PaintMotion(surface, drawing, truss.Graph);
+  for (const DrawnLine& line : surface.Lines) EXPECT_NE(line.Colour, ForceColour);
+}
+
+TEST(MotionDrawing, TextsOfASelfStressStandOnPaper) {
+  const Reasoned truss = CrossedSquare();
+  const MotionDrawing drawing = truss.Drawn(truss.Stress(0));
+  RecordingSurface surface;
+  PaintMotion(surface, drawing, truss.Graph);
+  for (const StressMark& mark : drawing.Marks) {
+    const float width = RecordingSurface::Measure(TextFont{}, mark.Text).Width;
+    const bool isCovered = std::ranges::any_of(surface.Fills, [&](const auto& corners) {
+      return corners.size() == 4 && corners[0].X <= mark.TextTopLeft.X &&
+             std::abs(corners[0].Y - mark.TextTopLeft.Y) < 1 && corners[2].X >= mark.TextTopLeft.X + width;
+    });
+    EXPECT_TRUE(isCovered) << mark.Text;
+  }
+}
+
+bool LiesOn(const PixelLine& arrow, const LabelPlace& place) {
+  for (int i = 0; i <= 200; ++i) {
+    const float share = static_cast<float>(i) / 200;
+    const float x = arrow.X1 + share * (arrow.X2 - arrow.X1);
+    const float y = arrow.Y1 + share * (arrow.Y2 - arrow.Y1);
+    if (x > place.Left + place.TextLeft && x < place.Left + place.Width && y > place.Top + place.TextTop &&
+        y < place.Top + place.Height)
+      return true;
+  }
+  return false;
+}
+
+// In every direction of the motion and at every swing.
+TEST(MotionDrawing, NoArrowLiesOnTheNameOfAJoint) {
+  for (int direction = 0; direction < 16; ++direction) {
+    const double angle = direction * 3.14159265 / 8;
+    const auto x = static_cast<float>(3 * std::cos(angle));
+    const auto y = static_cast<float>(3 * std::sin(angle));
+    const Reasoned truss(TrussBuilder()
+                             .Member(0, 0, x, y)
+                             .Clamp(0, 0)
+                             .Member(6, 6, 9, 6)
+                             .Joint(x, y, "Name")
+                             .Force(x, y, -y, x));
+    for (std::size_t m = 0; m < truss.Reasons.Motions.size(); ++m) {
+      for (const double swing : {-1.0, -0.4, 0.0, 0.4, 1.0}) {
+        const MotionDrawing drawing = truss.Drawn(truss.Motion(m), swing);
+        for (const JointRec& joint : truss.Document.Joints.First(truss.Document.NumJoints)) {
+          if (truss.Document.Name(joint.NameLabel) != "Name") continue;
+          for (const PixelLine& arrow : drawing.Arrows)
+            EXPECT_FALSE(LiesOn(arrow, drawing.Objects.lblRodJoint[joint.NameLabel]))
+                << direction << ", swing " << swing;
+        }
+      }
     }
   }
 }

@@ -145,6 +145,8 @@ TEST_F(WhyWindowTest, PlaysAndStopsWithOneKeyAndSaysSo) {
     ASSERT_TRUE(frame.wait(2000));
     least = std::min(least, XOfP());
     most = std::max(most, XOfP());
+    EXPECT_NEAR(XOfP(), 1 + (FullX() - 1) * Slider().sliderPosition() / 100.0, 0.006 * (FullX() - 1) + 1e-5)
+        << "the slider's handle goes with it";
   }
   EXPECT_LT(least, most) << "it moves";
   EXPECT_LE(most, FullX() + 1e-5);
@@ -153,7 +155,8 @@ TEST_F(WhyWindowTest, PlaysAndStopsWithOneKeyAndSaysSo) {
   ASSERT_TRUE(QTest::qWaitFor([player] { return !player->IsPlaying(); }));
   EXPECT_EQ(Play().text(), QStringLiteral("&Play"));
   EXPECT_EQ(Play().accessibleDescription(), QStringLiteral("The motion stands still"));
-  EXPECT_NEAR(XOfP(), FullX(), 1e-5) << "where the slider is";
+  EXPECT_NEAR(XOfP(), 1 + (FullX() - 1) * Slider().value() / 100.0, 1e-5) << "where the slider is";
+  EXPECT_EQ(Slider().value(), Slider().sliderPosition());
 }
 
 TEST_F(WhyWindowTest, StopsWhenTheSliderIsMovedAnotherIsChosenOrTheWindowIsClosed) {
@@ -166,6 +169,12 @@ TEST_F(WhyWindowTest, StopsWhenTheSliderIsMovedAnotherIsChosenOrTheWindowIsClose
   start();
   QTest::keyClick(&Slider(), Qt::Key_Left);
   EXPECT_FALSE(player->IsPlaying());
+  Slider().setValue(100);
+  start();
+  QTest::keyClick(&Slider(), Qt::Key_End);
+  EXPECT_FALSE(player->IsPlaying()) << "also to where it began";
+  EXPECT_EQ(Slider().value(), 100);
+  EXPECT_NEAR(XOfP(), FullX(), 1e-5);
   start();
   QTest::keyClick(&Choice(), Qt::Key_Down);
   EXPECT_FALSE(player->IsPlaying());
@@ -316,13 +325,57 @@ TEST_F(WhyWindowTest, NoTextIsCutWithLettersOfAnySize) {
   QApplication::setFont(usual);
 }
 
+// In the window's usual size the table's letters are not much smaller than those of the text.
+TEST_F(WhyWindowTest, TheTableCanBeRead) {
+  for (const float points : {8.0F, 10.0F, 12.0F, 16.0F, 24.0F}) {
+    Show(ParallelogramOnABar(), points);
+    QCoreApplication::processEvents();
+    const QTextBlock row = Text().document()->findBlockByNumber(2);
+    const double ofText = Text().font().pointSizeF();
+    const double ofTable = row.begin().fragment().charFormat().font().pointSizeF();
+    EXPECT_GE(ofTable, std::min(ofText, 11.0)) << points;
+    EXPECT_EQ(row.begin().fragment().charFormat().font().stretch() % 100, 0) << points;
+  }
+}
+
+TEST_F(WhyWindowTest, IsNeverSoSmallThatItsPartsCoverEachOther) {
+  const QFont usual = QApplication::font();
+  for (const int points : {8, 12, 24}) {
+    QFont font = usual;
+    font.setPointSize(points);
+    QApplication::setFont(font);
+    WhyWindow window(wish_);
+    auto truss = std::make_shared<Truss>(ParallelogramOnABar());
+    const TrussAnalysis analysis = SolveTruss(*truss);
+    window.ShowExplanation(truss, std::make_shared<const Explanation>(ExplainTruss(*truss, analysis)), {},
+                           10);
+    window.BringUp();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    for (const QSize size : {QSize(1, 1), QSize(700, 1), QSize(1, 700)}) {
+      window.resize(size);
+      QCoreApplication::processEvents();
+      std::vector<QRect> places;
+      for (const char* name : {"cmbMotion", "sldSwing", "cmdPlay", "lblNote", "picMotion", "txtWhy"}) {
+        const auto* widget = window.findChild<QWidget*>(QString::fromLatin1(name));
+        places.emplace_back(widget->mapTo(&window, QPoint(0, 0)), widget->size());
+        EXPECT_TRUE(window.rect().contains(places.back())) << name << ", " << points << " points";
+      }
+      for (std::size_t a = 0; a < places.size(); ++a) {
+        for (std::size_t b = 0; b < a; ++b) EXPECT_FALSE(places[a].intersects(places[b])) << a << ", " << b;
+      }
+      EXPECT_THAT(CutTexts::In(window), Each(StartsWith("cmbMotion: "))) << points << " points";
+    }
+  }
+  QApplication::setFont(usual);
+}
+
 // Columns of the table stand below each other in every width.
 TEST_F(WhyWindowTest, TheTableKeepsItsLines) {
   Show(ParallelogramOnABar());
   for (const int width : {392, 600, 1000}) {
     window_.resize(width, 600);
     QCoreApplication::processEvents();
-    for (int line = 1; line <= 3; ++line) {
+    for (int line = 1; line <= 5; ++line) {
       EXPECT_EQ(Text().document()->findBlockByNumber(line).layout()->lineCount(), 1) << width;
     }
   }

@@ -9,14 +9,14 @@ using ::testing::ElementsAre;
 
 namespace {
 
-constexpr CharacterFormat Plain{};  // black, 10 points
+constexpr CharacterFormat PlainLetters{};  // black, 10 points
 constexpr CharacterFormat Bold{.Bold = true};
 
 }  // namespace
 
 TEST(FormatOf, TheThreeCodesOfTheReport) {
   EXPECT_EQ(FormatOf("TFF0", 10), Bold);
-  EXPECT_EQ(FormatOf("FFF0", 10), Plain);
+  EXPECT_EQ(FormatOf("FFF0", 10), PlainLetters);
   EXPECT_EQ(FormatOf("TFF4", 12), (CharacterFormat{.Bold = true, .Colour = 4, .Points = 12}));
 }
 
@@ -27,10 +27,10 @@ TEST(FormatOf, EachCharacterHasItsMeaning) {
             (CharacterFormat{.Bold = true, .Italic = true, .Underlined = true, .Colour = LightBlue}));
 }
 
-TEST(FormatOf, AnythingButACapitalTIsOff) { EXPECT_EQ(FormatOf("tx10", 10), Plain); }
+TEST(FormatOf, AnythingButACapitalTIsOff) { EXPECT_EQ(FormatOf("tx10", 10), PlainLetters); }
 
 TEST(FormatOf, AShortCodeOrAColourThatIsNoDigitIsPlainAndBlack) {
-  EXPECT_EQ(FormatOf("", 10), Plain);
+  EXPECT_EQ(FormatOf("", 10), PlainLetters);
   EXPECT_EQ(FormatOf("T", 10), Bold);
   EXPECT_EQ(FormatOf("TFFA", 10), Bold);
 }
@@ -38,9 +38,9 @@ TEST(FormatOf, AShortCodeOrAColourThatIsNoDigitIsPlainAndBlack) {
 TEST(RTBText, StandsBetweenPlainBlackLineBreaks) {
   RecordingRichText document;
   RTBText({document, 10}, "Heading", 2, 1, SectionHeading);
-  EXPECT_THAT(document.Runs, ElementsAre(TextRun{"\r\n\r\n", Plain},
+  EXPECT_THAT(document.Runs, ElementsAre(TextRun{"\r\n\r\n", PlainLetters},
                                          TextRun{"Heading", CharacterFormat{.Bold = true, .Colour = 4}},
-                                         TextRun{"\r\n", Plain}));
+                                         TextRun{"\r\n", PlainLetters}));
 }
 
 TEST(RTBText, IsAsLargeAsTheReportsFont) {
@@ -52,7 +52,7 @@ TEST(RTBText, IsAsLargeAsTheReportsFont) {
 TEST(RTBText, WithoutTextIsItsLineBreaks) {
   RecordingRichText document;
   RTBText({document}, "", 1, 2, BoldBlack);
-  EXPECT_THAT(document.Runs, ElementsAre(TextRun{"\r\n\r\n\r\n", Plain}));
+  EXPECT_THAT(document.Runs, ElementsAre(TextRun{"\r\n\r\n\r\n", PlainLetters}));
   RecordingRichText empty;
   RTBText({empty}, "", 0, 0, BoldBlack);
   EXPECT_TRUE(empty.Runs.empty());

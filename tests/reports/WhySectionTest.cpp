@@ -2,11 +2,14 @@
 // where it is asked for, why the conclusion is what it is.
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "reports/RTBTable.h"
 #include "support/PrintableReportFixture.h"
 
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
@@ -63,10 +66,23 @@ TEST_F(WhySectionTest, SaysItsHeadingsItsTableAndItsPictures) {
               ElementsAre("Why this conclusion:", "The kind of this truss:", "The exact verdict:",
                           "How it can move:", "Why no forces balance the loads:", "What would help:"));
   EXPECT_THAT(document_.LinesThatAre(LineRole::TableHeader).back(), HasSubstr("self-stress"));
-  EXPECT_THAT(document_.LinesThatAre(LineRole::TableRow).back(), HasSubstr("[x] movable"));
+  EXPECT_THAT(document_.LinesThatAre(LineRole::TableRow), Contains(HasSubstr("[x] movable")));
   ASSERT_EQ(document_.Descriptions.size(), 3U) << "two of the truss, one of its motion";
   EXPECT_THAT(document_.Descriptions[2], StartsWith("Drawing of the truss in motion 1, with an arrow"));
   EXPECT_THAT(document_.Descriptions[2], HasSubstr("The whole truss"));
+}
+
+TEST_F(WhySectionTest, ATextStaysWithItsPicture) {
+  TextWithWhy(RollingTriangle().Force(4, 3, 100, 0));
+  EXPECT_THAT(document_.LinesThatAre(LineRole::Joined).back(), StartsWith("Motion 1.  The whole truss"));
+}
+
+// Who reads on paper has no menu before him.
+TEST_F(WhySectionTest, TheNoticeSaysWhereToReadOnForPaper) {
+  EXPECT_THAT(TextOf(ObliqueTie()), HasSubstr("In the program read on in the menu Learn"));
+  const std::string text = TextWithWhy(ObliqueTie());
+  EXPECT_THAT(text, HasSubstr("Read on further below under \"Why this conclusion\""));
+  EXPECT_THAT(text, Not(HasSubstr("Read on under Learn")));
 }
 
 TEST_F(WhySectionTest, HasNoPictureWithoutAMotion) {
@@ -103,7 +119,8 @@ TEST_F(WhySectionTest, ItsTableIsNoWiderThanThePaper) {
     for (const TextRun& run : document_.Runs) {
       if (run.Text.find("[x]") == std::string::npos) continue;
       ++found;
-      const std::string line = document_.LinesThatAre(LineRole::TableRow).back();
+      const std::vector<std::string> lines = document_.LinesThatAre(LineRole::TableRow);
+      const std::string& line = *std::ranges::max_element(lines, {}, &std::string::size);
       const double width = static_cast<double>(line.size()) * double{run.Format.Points} * MonospacedAdvance;
       EXPECT_TRUE(width <= double{room} || run.Format.Points <= SmallestTablePoints);
     }

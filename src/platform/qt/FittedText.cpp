@@ -117,3 +117,11 @@ void FitWidget(QWidget& widget, const QFont& wanted, QSize room,
     return Fits(widget.layout()->totalSizeHint(), room);
   });
 }
+
+void KeepWholeHeight(QWidget& window) {
+  QLayout& layout = *window.layout();
+  layout.activate();
+  const int width = std::max(window.width(), layout.totalMinimumSize().width());
+  window.setMinimumHeight(layout.hasHeightForWidth() ? layout.totalMinimumHeightForWidth(width)
+                                                     : layout.totalMinimumSize().height());
+}

@@ -52,3 +52,6 @@ void FitMenu(QMenu& menu);
 
 /// Makes the layouts of a widget ask again how large everything is, also of what was never shown.
 void ForgetSizes(QWidget& widget);
+
+/// Lets a window be no lower than its layout needs in the width that it has, whose texts wrap.
+void KeepWholeHeight(QWidget& window);

@@ -1,0 +1,18 @@
+// Names of joints beside the arrows of a motion, so that both can be read.
+#pragma once
+
+#include <vector>
+
+#include "canvas/Drawing.h"
+#include "document/Truss.h"
+
+/// Where a joint's name stands and where the motion carries it, pixels.
+struct CarriedName {
+  LabelIndex Label = 0;            ///< placed already, at `Places.front()`
+  std::vector<PixelPoint> Places;  ///< of its joint: as it is drawn, and others that it passes
+};
+
+/// Moves each name on which an arrow would lie, in any of its places, to another side of its joint: above it,
+/// to its left, or both; where no side is free, to that with the fewest arrows.
+void KeepNamesClear(Drawing& drawing, const std::vector<CarriedName>& names,
+                    const std::vector<PixelLine>& arrows);
