@@ -20,7 +20,8 @@ constexpr int HalfGap = 20;       // from the centre to Copy and to Close
 constexpr int ButtonWidth = 73;   // Copy and Close
 constexpr int ButtonHeight = 36;  // at most, so that a margin stays below the buttons
 constexpr int ButtonGap = 8;
-constexpr int CheckBoxWidth = 120;  // at most
+constexpr int CheckBoxWidth = 120;           // at most
+constexpr std::size_t BoxesBesidePrint = 2;  // in one column; the others stand beside Save as
 constexpr int SmallestHeight = 200;
 
 constexpr auto CopyToolTip =
@@ -87,8 +88,11 @@ void PrintableReportWindow::MakeCheckBoxes() {
     last = next;
   };
   goOnTo(cmdReportPrint);
-  for (QCheckBox* box : chkReportWith) goOnTo(box);
-  for (QPushButton* button : {cmdCopyToClipboard, cmdReportClose, cmdReportSaveAs}) goOnTo(button);
+  const std::size_t numLeft = std::min(BoxesBesidePrint, chkReportWith.size());
+  for (std::size_t i = 0; i < numLeft; ++i) goOnTo(chkReportWith[i]);
+  for (QPushButton* button : {cmdCopyToClipboard, cmdReportClose}) goOnTo(button);
+  for (std::size_t i = numLeft; i < chkReportWith.size(); ++i) goOnTo(chkReportWith[i]);
+  goOnTo(cmdReportSaveAs);
 }
 
 void PrintableReportWindow::MakeActions() {
@@ -117,7 +121,7 @@ void PrintableReportWindow::FitButtons() {
 
 // All in one font, in which they stand one below the other beside a button.
 void PrintableReportWindow::FitCheckBoxes() {
-  const QSize room(CheckBoxWidth, ButtonHeight / static_cast<int>(chkReportWith.size()));
+  const QSize room(CheckBoxWidth, ButtonHeight / static_cast<int>(BoxesBesidePrint));
   const QFont fitting = LargestFont(font(), [&](const QFont& font) {
     return std::ranges::all_of(chkReportWith, [&](QCheckBox* box) {
       box->setFont(font);
@@ -147,12 +151,17 @@ void PrintableReportWindow::LayOut() {
   cmdCopyToClipboard->setGeometry(middle - HalfGap - ButtonWidth, top, ButtonWidth, height);
   cmdReportClose->setGeometry(middle + HalfGap, top, ButtonWidth, height);
   cmdReportSaveAs->setGeometry(DocumentLeft + document.width() - saveAsWidth, top, saveAsWidth, height);
-  // Beside Print, one below the other.
+  // One below the other: the first ones beside Print, the others beside Save as.
   const QSize boxSize = LargestOf(chkReportWith);
-  const int boxesHeight = boxSize.height() * static_cast<int>(chkReportWith.size());
-  QRect box(QPoint(DocumentLeft + printWidth + ButtonGap, top + (height - boxesHeight) / 2), boxSize);
-  for (QCheckBox* checkBox : chkReportWith) {
-    checkBox->setGeometry(box);
-    box.translate(0, boxSize.height());
-  }
+  const auto column = [&](std::size_t first, std::size_t end, int left) {
+    const int boxesHeight = boxSize.height() * static_cast<int>(end - first);
+    QRect box(QPoint(left, top + (height - boxesHeight) / 2), boxSize);
+    for (std::size_t i = first; i < end; ++i) {
+      chkReportWith[i]->setGeometry(box);
+      box.translate(0, boxSize.height());
+    }
+  };
+  const std::size_t numLeft = std::min(BoxesBesidePrint, chkReportWith.size());
+  column(0, numLeft, DocumentLeft + printWidth + ButtonGap);
+  column(numLeft, chkReportWith.size(), cmdReportSaveAs->x() - ButtonGap - boxSize.width());
 }

@@ -317,8 +317,8 @@ TEST_F(PrintableReportWindowTest, EscapeAndEnterCloseTheWindow) {
 TEST_F(PrintableReportWindowTest, TabGoesFromTheTextThroughTheButtonsFromLeftToRight) {
   Opened();
   EXPECT_EQ(window_->focusWidget(), &Box());
-  for (const char* name : {"cmdReportPrint", "chkReportWith(1)", "chkReportWith(2)", "chkReportWith(3)",
-                           "cmdCopyToClipboard", "cmdReportClose", "cmdReportSaveAs"}) {
+  for (const char* name : {"cmdReportPrint", "chkReportWith(1)", "chkReportWith(2)", "cmdCopyToClipboard",
+                           "cmdReportClose", "chkReportWith(3)", "cmdReportSaveAs"}) {
     QTest::keyClick(window_->focusWidget(), Qt::Key_Tab);
     EXPECT_EQ(window_->focusWidget(), &Child<QWidget>(*window_, name)) << name;
   }
