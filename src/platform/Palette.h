@@ -24,8 +24,8 @@ inline constexpr int Rose = 17;
 
 using PaletteColours = std::array<PaletteColour, 18>;
 
-/// On white paper. Index 0 .. 15: eight dark colours (7 is a light grey), then their bright forms (8 is a dark
-/// grey); then the two hues.
+/// On white paper. Index 0 .. 15: eight dark colours (7 is a light grey), then their bright forms (8 is a
+/// dark grey); then the two hues.
 inline constexpr PaletteColours Palette = {{
     {0, 0, 0},
     {0, 0, 128},
