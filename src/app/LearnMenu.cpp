@@ -116,7 +116,6 @@ void LearnMenu::EnterStep(int step, std::shared_ptr<ExplanationOnDemand> reasons
   const QString hint = QString::fromLatin1(LearnMenuStatusText(step, reasons_ != nullptr)).trimmed();
   for (const Entry& entry : entries_) {
     entry.Action->setEnabled(explains);
-    entry.Action->setStatusTip(hint);
     entry.Action->setToolTip(explains ? QString::fromLatin1(entry.ToolTip) : hint);
   }
   FollowDrawing();

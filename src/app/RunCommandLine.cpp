@@ -151,8 +151,7 @@ class Run {
     Analyse(file);
     for (const std::string& remark : file.Remarks) Say(file.Argument, remark);
     if (file.Analysis.System.NumUnknowns() > 0) {
-      const TrussForces forces =
-          ForcesOf(GraphOf(file.Document, file.Analysis), file.Analysis, FormatOf(file));
+      const TrussForces forces = ForcesOf(ExplanationOnDemand(file.Document, file.Analysis), FormatOf(file));
       WriteOutput(environment_.ForcesPicture({.Document = file.Document, .Forces = forces},
                                              commandLine_.PictureFormat));
     } else if (file.IsComplete()) {

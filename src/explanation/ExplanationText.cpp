@@ -95,7 +95,8 @@ class Writer {
                  : "The truss is stable, but the equations do not determine every force.";
     }
     std::vector<std::string> paragraphs = {text};
-    if (verdict_.SelfStresses() > 0) paragraphs.push_back(DeterminedText());
+    // Where no forces balance the loads, there is none to be determined.
+    if (verdict_.SelfStresses() > 0 && word != "no solution") paragraphs.push_back(DeterminedText());
     return paragraphs;
   }
 

@@ -8,7 +8,7 @@
 AppendedExtra AppendForces(const ReportExtraContext& context) {
   constexpr int breaksBefore = 2;
   RTBText(context.Report, "The forces on the truss:", breaksBefore, 0, SectionHeading, LineRole::Heading);
-  const TrussForces forces = ForcesOf(context.Reasons.Graph(), context.Reasons.Analysis(), context.Format);
+  const TrussForces forces = ForcesOf(context.Reasons, context.Format);
   std::string description = DescribeForces(forces, context.Format);
   std::erase_if(description, IsControl);
   const bool isThere = RTBPicture(ForcesPicture({.Document = context.Document, .Forces = forces, .Points = 7},

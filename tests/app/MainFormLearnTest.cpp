@@ -87,18 +87,32 @@ TEST_F(MainFormLearn, StandsBetweenSettingsAndHelp) {
                          QStringLiteral("Joint by joint"), QStringLiteral("Check the drawing")}));
 }
 
+// The status bar would paint a second text over the one that stands there.
+TEST_F(MainFormLearn, TheMenuSaysItsTextOnceInTheStatusBar) {
+  Started();
+  OpenInStep3(Parallelogram());
+  LearnMenuOf()->popup(form_->mapToGlobal(QPoint(40, 20)));
+  for (const QAction* entry : LearnMenuOf()->actions()) {
+    QTest::keyClick(LearnMenuOf(), Qt::Key_Down);
+    EXPECT_EQ(entry->statusTip(), QString());
+    EXPECT_EQ(form_->statusBar()->currentMessage(), QString());
+  }
+  EXPECT_TRUE(Status(1).contains(QStringLiteral("Learn"), Qt::CaseInsensitive));
+  LearnMenuOf()->close();
+}
+
 TEST_F(MainFormLearn, ExplainsInStep3OnlyAndChecksInEveryStep) {
   Started();
   OpenTruss(Parallelogram());
   EXPECT_FALSE(Entry("mnuLearnWhy")->isEnabled());
-  EXPECT_TRUE(Entry("mnuLearnWhy")->statusTip().contains(QStringLiteral("only in Step 3")));
+  EXPECT_TRUE(Entry("mnuLearnWhy")->toolTip().contains(QStringLiteral("only in Step 3")));
   EXPECT_TRUE(Entry("mnuLearnCheck")->isEnabled());
   Click("cmdNext1");
   EXPECT_FALSE(Entry("mnuLearnWhy")->isEnabled());
   EXPECT_TRUE(Entry("mnuLearnCheck")->isEnabled());
   Click("cmdNext2");
   EXPECT_TRUE(Entry("mnuLearnWhy")->isEnabled());
-  EXPECT_FALSE(Entry("mnuLearnWhy")->statusTip().contains(QStringLiteral("only")));
+  EXPECT_FALSE(Entry("mnuLearnWhy")->toolTip().contains(QStringLiteral("only")));
   EXPECT_TRUE(Entry("mnuLearnCheck")->isEnabled());
   Click("cmdPrev3");
   EXPECT_FALSE(Entry("mnuLearnWhy")->isEnabled());
@@ -127,7 +141,7 @@ TEST_F(MainFormLearn, HasNothingToExplainWithoutUnknownForces) {
   Started();
   OpenInStep3(TrussBuilder().Force(3, 3, 100, 0));
   EXPECT_FALSE(Entry("mnuLearnWhy")->isEnabled());
-  EXPECT_TRUE(Entry("mnuLearnWhy")->statusTip().contains(QStringLiteral("unknown force")));
+  EXPECT_TRUE(Entry("mnuLearnWhy")->toolTip().contains(QStringLiteral("unknown force")));
 }
 
 TEST_F(MainFormLearn, TheOpenMenuSaysInTheStatusBarWhyAnEntryIsNotOffered) {

@@ -144,6 +144,7 @@ QImage TextsOf(QMenu& menu) {
     const QString key = action->shortcut().toString(QKeySequence::NativeText);
     if (!key.isEmpty()) keys = std::max(keys, menu.fontMetrics().horizontalAdvance(key) + 40);
   }
+  menu.setActiveAction(nullptr);  // wherever the mouse is
   const QImage image = menu.grab().toImage();
   const auto pixels = [&](int width) { return static_cast<int>(width * image.devicePixelRatio()); };
   return image.copy(pixels(4), 0, image.width() - pixels(keys + 8), image.height());

@@ -158,6 +158,15 @@ TEST(DrawnFigures, ATieTypedInPolarFormContradictsOnlyBeyondItsFigures) {
               HasSubstr("a millionth counts as nothing"));
 }
 
+TEST(ExplanationText, NoForceIsDeterminedWhereNoneBalanceTheLoads) {
+  // A parallelogram with a member twice: it sways under its load, and the double member has a self-stress.
+  const Explanation explanation = Explain(Parallelogram().Member(1, 2, 5, 2, "d").Force(1, 2, 1000, 0));
+  EXPECT_EQ(explanation.Exact.Verdict.Code(), Outcome::Inconsistent);
+  EXPECT_GT(explanation.Exact.Verdict.SelfStresses(), 0);
+  EXPECT_THAT(TextOf(explanation), Not(HasSubstr("Determined whatever")));
+  EXPECT_THAT(TextOf(Explain(Parallelogram().Member(1, 2, 5, 2, "d"))), HasSubstr("Determined whatever"));
+}
+
 TEST(DrawnFigures, AHiddenMechanismIsFoundBehindGiantForces) {
   // The joint (1, 3) lies on the line of the clamps; rounded directions let it seem to be off it.
   const Explanation explanation = Explain(

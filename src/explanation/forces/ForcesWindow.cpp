@@ -137,7 +137,7 @@ void ForcesWindow::LayOut() {
 void ForcesWindow::ShowSubject(const LearnSubject& subject) {
   auto shown = std::make_shared<ShownForces>();
   shown->Document = subject.Document;
-  shown->Forces = ForcesOf(subject.Reasons->Graph(), subject.Reasons->Analysis(), subject.Format);
+  shown->Forces = ForcesOf(*subject.Reasons, subject.Format);
   shown->Points = LettersOfDrawing * subject.Points;
   shown_ = std::move(shown);
   lstForces_->setFont(LettersAt96(*this, subject.Points));

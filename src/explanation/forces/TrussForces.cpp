@@ -46,8 +46,10 @@ bool MayBeRounding(const TrussForces& forces) {
 
 }  // namespace
 
-TrussForces ForcesOf(TrussGraph graph, const TrussAnalysis& analysis, const ReportFormat& format) {
-  TrussForces forces{.Graph = std::move(graph), .Code = analysis.Reading.Code};
+TrussForces ForcesOf(ExplanationOnDemand& reasons, const ReportFormat& format) {
+  const TrussAnalysis& analysis = reasons.Analysis();
+  TrussForces forces{
+      .Graph = reasons.Graph(), .Code = analysis.Reading.Code, .Exact = reasons.Rounded().Verdict.Code()};
   forces.Unknowns.Resize(forces.Graph.NumUnknowns());
   for (int k = 1; k <= forces.Graph.NumUnknowns(); ++k) {
     ForceFound& force = forces.Unknowns[k];
@@ -64,10 +66,25 @@ TrussForces ForcesOf(TrussGraph graph, const TrussAnalysis& analysis, const Repo
   return forces;
 }
 
+TrussForces ForcesOf(ExplanationOnDemand&& reasons, const ReportFormat& format) {
+  return ForcesOf(reasons, format);
+}
+
 std::vector<std::string> RemarksOn(const TrussForces& forces) {
-  if (!forces.HasSolution())
+  if (!forces.HasSolution() && forces.Exact == Outcome::Inconsistent)
     return {"There is no solution: no forces hold this truss in balance under these loads."};
   std::vector<std::string> remarks;
+  if (!forces.HasSolution()) {
+    return {
+        "The reduced matrix gives no forces because of a remnant of rounding: exactly, these loads are in "
+        "balance.  See \"Why this conclusion\"."};
+  }
+  if (forces.Exact == Outcome::Inconsistent) {
+    remarks.emplace_back(
+        "Exactly, there is no solution: these numbers come from dividing by a remnant of rounding, and none "
+        "of "
+        "them holds.  See \"Why this conclusion\".");
+  }
   if (forces.Code == Outcome::Redundant)
     remarks.emplace_back("These forces hold for these loads only: under others the truss is unstable.");
   const bool areAllDetermined =

@@ -8,6 +8,7 @@
 #include "analysis/Analysis.h"
 #include "analysis/FormatSigFigs.h"
 #include "document/Table.h"
+#include "explanation/Explanation.h"
 #include "explanation/TrussGraph.h"
 
 /// What an unknown force turned out to be. A member that pushes its joints apart is in compression, one that
@@ -26,7 +27,8 @@ struct ForceFound {
 
 struct TrussForces {
   TrussGraph Graph;
-  Outcome Code = Outcome::Neither;
+  Outcome Code = Outcome::Neither;   ///< of the reduced matrix, whose forces are drawn
+  Outcome Exact = Outcome::Neither;  ///< of the exact verdict, which rounding may hide
   Table<ForceFound> Unknowns{};  ///< of the graph's unknowns; none is determined when there is no solution
   std::vector<std::string> Loads{};  ///< the text of each of the graph's loads, empty for a load of 0
   double Largest = 0;                ///< magnitude of the largest unknown force, force units
@@ -35,10 +37,12 @@ struct TrussForces {
 };
 
 /// A force is zero when the solutions show it as 0; everything else keeps its sense, however small.
-TrussForces ForcesOf(TrussGraph graph, const TrussAnalysis& analysis, const ReportFormat& format);
+TrussForces ForcesOf(ExplanationOnDemand& reasons, const ReportFormat& format);
+TrussForces ForcesOf(ExplanationOnDemand&& reasons, const ReportFormat& format);
 
-/// What must be known beside the forces, each a sentence: that there are none, that they hold for these loads
-/// only, that some are undetermined or so small that they may be remnants of rounding.
+/// What must be known beside the forces, each a sentence: that there are none, that exactly it is otherwise,
+/// that they hold for these loads only, that some are undetermined or so small that they may be remnants of
+/// rounding.
 std::vector<std::string> RemarksOn(const TrussForces& forces);
 
 /// The text of a load: the magnitude, and for one that slopes also its angle in degrees from the x axis,

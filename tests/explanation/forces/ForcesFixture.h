@@ -20,7 +20,7 @@ struct SolvedForces {
   explicit SolvedForces(Truss given, const ReportFormat& format = {})
       : Document(std::move(given)),
         Analysis(SolveTruss(Document)),
-        Forces(ForcesOf(::GraphOf(Document, Analysis), Analysis, format)) {}
+        Forces(ForcesOf(ExplanationOnDemand(Document, Analysis), format)) {}
 
   ForcesScene Scene() const { return {.Document = Document, .Forces = Forces}; }
 

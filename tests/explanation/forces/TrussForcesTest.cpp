@@ -92,6 +92,18 @@ TEST(TrussForces, WithoutASolutionNoForceIsShown) {
   EXPECT_THAT(RemarksOn(truss.Forces), ElementsAre(HasSubstr("no solution")));
 }
 
+TEST(TrussForces, SayWhenExactlyThereIsASolutionOrNone) {
+  // A rope along its load, whose reduced matrix ends with a remnant of rounding.
+  const SolvedForces rope(TrussBuilder().Member(0, 0, 1, 3, "m").Clamp(0, 0, "x", "y").Force(1, 3, 100, 300));
+  ASSERT_FALSE(rope.Forces.HasSolution());
+  EXPECT_THAT(RemarksOn(rope.Forces), ElementsAre(HasSubstr("exactly, these loads are in balance")));
+  // A joint on the line of its clamps, which rounding puts beside it.
+  const SolvedForces line(
+      TrussBuilder().Member(0, 0, 1, 3).Member(1, 3, 4, 12).Clamp(0, 0).Clamp(4, 12).Force(1, 3, 0, -1000));
+  ASSERT_TRUE(line.Forces.HasSolution());
+  EXPECT_THAT(RemarksOn(line.Forces), Contains(HasSubstr("Exactly, there is no solution")));
+}
+
 TEST(TrussForces, OfARedundantSystemHoldForTheseLoadsOnly) {
   const SolvedForces truss(TrussBuilder().Member(0, 0, 0, 4, "m").Clamp(0, 0, "x", "y").Force(0, 4, 0, -5));
   EXPECT_THAT(truss.Force("m").Lines, ElementsAre("m 5 C", "(5)"));
