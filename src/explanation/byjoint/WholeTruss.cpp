@@ -1,6 +1,7 @@
 #include "explanation/byjoint/WholeTruss.h"
 
 #include <algorithm>
+#include <map>
 
 namespace {
 
@@ -31,20 +32,19 @@ class Reactions {
  private:
   // Supports through which the most reactions pass come first; then the other points where two of them meet.
   void FindPoints() {
+    CountLines();
     std::vector<std::pair<int, int>> supports;  // reactions that do not pass, joint
     for (const int k : reactions_) {
       const int joint = balance_.Graph().Unknowns[k].JointA;
-      supports.emplace_back(-NumThrough(balance_.At(joint)), joint);
+      const PlanePoint& at = balance_.At(joint);
+      if (IsWorthAsking(at.X, at.Y)) supports.emplace_back(-NumThrough(at.X, at.Y), joint);
     }
     std::ranges::stable_sort(supports);
     for (const auto& [order, joint] : supports) AddPoint(balance_.At(joint));
-    for (const int k : reactions_) {
-      for (const int other : reactions_) {
-        const TrussGraph& graph = balance_.Graph();
-        if (graph.Unknowns[k].Along != Axis::X || graph.Unknowns[other].Along != Axis::Y) continue;
-        const PlanePoint& level = balance_.At(graph.Unknowns[k].JointA);
-        const PlanePoint& upright = balance_.At(graph.Unknowns[other].JointA);
-        AddPoint({{upright.Exact.X, level.Exact.Y}, upright.X, level.Y});
+    for (const PlanePoint* level : OnLines(Axis::X)) {
+      for (const PlanePoint* upright : OnLines(Axis::Y)) {
+        if (!IsWorthAsking(upright->X, level->Y)) continue;
+        AddPoint({{upright->Exact.X, level->Exact.Y}, upright->X, level->Y});
       }
     }
     // Without supports the moments about any joint tell whether the loads turn the truss.
@@ -57,9 +57,40 @@ class Reactions {
     if (!isThere) moments_.push_back(TrussBalance::About(point));
   }
 
-  int NumThrough(const PlanePoint& point) const {
-    return static_cast<int>(
-        std::ranges::count_if(reactions_, [&](int k) { return balance_.PassesThrough(k, point); }));
+  void CountLines() {
+    for (const int k : reactions_) {
+      const PlacedUnknown& reaction = balance_.Graph().Unknowns[k];
+      const PlanePoint& at = balance_.At(reaction.JointA);
+      ++(reaction.Along == Axis::X ? onLevel_[at.Y] : onUpright_[at.X]);
+    }
+  }
+
+  int NumThrough(double x, double y) const {
+    const auto level = onLevel_.find(y);
+    const auto upright = onUpright_.find(x);
+    return (level == onLevel_.end() ? 0 : level->second) +
+           (upright == onUpright_.end() ? 0 : upright->second);
+  }
+
+  // The balance of the whole gives three reactions at most, so that about a point which more of them pass by
+  // there is never a single one left to be found.
+  bool IsWorthAsking(double x, double y) const {
+    return static_cast<int>(reactions_.size()) - NumThrough(x, y) <= 3;
+  }
+
+  // Supports with reactions along this axis, where few enough of those act on other lines.
+  std::vector<const PlanePoint*> OnLines(Axis along) const {
+    std::vector<const PlanePoint*> points;
+    const auto numAlong =
+        std::ranges::count_if(reactions_, [&](int k) { return balance_.Graph().Unknowns[k].Along == along; });
+    for (const int k : reactions_) {
+      const PlacedUnknown& reaction = balance_.Graph().Unknowns[k];
+      if (reaction.Along != along) continue;
+      const PlanePoint& at = balance_.At(reaction.JointA);
+      const int onLine = along == Axis::X ? onLevel_.at(at.Y) : onUpright_.at(at.X);
+      if (numAlong - onLine <= 3) points.push_back(&at);
+    }
+    return points;
   }
 
   // Moments first while three reactions are sought, since the sums do not give one then; otherwise the sums,
@@ -95,6 +126,7 @@ class Reactions {
   TrussBalance& balance_;
   const std::vector<int>& joints_;
   std::vector<int> reactions_;
+  std::map<double, int> onLevel_, onUpright_;  // reactions by the y or x of the line on which they act
   std::vector<Measure> moments_, checked_;
   HandStep step_;
 };

@@ -149,6 +149,20 @@ TEST(HandSolution, FindsWhatIsDeterminedAndContradictsWhatHasNoSolution) {
   EXPECT_GT(numTogether, 4);
 }
 
+// Where each pair of a thousand supports was a point to take moments about, this took hours.
+TEST(HandSolution, ManySupportsAreNoManyPointsForMoments) {
+  TrussBuilder star;
+  constexpr int numTips = 1000;
+  for (int i = 1; i <= numTips; ++i) {
+    const auto x = static_cast<float>(i);
+    const auto y = static_cast<float>(i * i % 997 + 1);
+    star.Member(0, 0, x, y).Clamp(x, y);
+  }
+  const HandSolution solution = SolveByHand(GraphOf(star));
+  EXPECT_TRUE(Found(solution).empty());
+  EXPECT_FALSE(solution.Contradicts());
+}
+
 TEST(HandSolution, HasAnAnswerForEveryDocument) {
   RandomTruss documents(3);
   for (int i = 0; i < 500; ++i) {
