@@ -144,7 +144,7 @@ class Adviser {
     std::vector<int> unknowns(inSelfStress.begin(), inSelfStress.end());
     const auto isReaction = [this](int k) { return !graph_.Unknowns[k].IsMember(); };
     std::erase_if(unknowns, [this](int k) { return graph_.Unknowns[k].Sign == 0; });
-    const auto members = std::ranges::stable_partition(unknowns, isReaction).begin();
+    const auto members = std::stable_partition(unknowns.begin(), unknowns.end(), isReaction);
     std::stable_sort(members, unknowns.end(),
                      [this](int left, int right) { return LengthOf(left) > LengthOf(right); });
     if (members - unknowns.begin() > MostReactionsAdvised)
