@@ -42,7 +42,7 @@ class PointNamer {
   int JointAt(double x, double y) const;
 
   const TrussGraph& graph_;
-  const ReportFormat& format_;
+  ReportFormat format_;
   double near_ = 0;  // world units
   std::vector<Place> places_;
 };

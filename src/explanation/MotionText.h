@@ -26,7 +26,7 @@ class MotionTeller {
   std::string TurnText(const MovingPiece& piece) const;
 
   const TrussGraph& graph_;
-  const ReportFormat& format_;
+  ReportFormat format_;
   PieceFinder pieces_;
   PointNamer points_;
 };

@@ -40,5 +40,5 @@ class EquationText {
 
   const TrussGraph& graph_;
   const HandNames& names_;
-  const ReportFormat& format_;
+  ReportFormat format_;
 };

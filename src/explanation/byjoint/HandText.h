@@ -45,7 +45,7 @@ class HandText {
 
   const TrussGraph& graph_;
   const HandSolution& solution_;
-  const ReportFormat& format_;
+  ReportFormat format_;
   HandNames names_;
   EquationText equations_;
 };
