@@ -3,6 +3,7 @@
 
 #include "explanation/byjoint/HandView.h"
 #include "support/CutTexts.h"
+#include "support/FindControl.h"
 #include "support/TrussBuilder.h"
 
 namespace {
@@ -37,18 +38,11 @@ class ByJointWindowTest : public testing::Test {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
   }
 
-  template <class Widget>
-  Widget& Find(const char* name) {
-    auto* found = window_.findChild<Widget*>(QString::fromLatin1(name));
-    if (found == nullptr) throw std::runtime_error(name);
-    return *found;
-  }
-
-  QListWidget& Steps() { return Find<QListWidget>("lstSteps"); }
-  QPushButton& Next() { return Find<QPushButton>("cmdNextStep"); }
-  QPushButton& Back() { return Find<QPushButton>("cmdBack"); }
-  QString Text() { return Find<QPlainTextEdit>("txtStep").toPlainText(); }
-  HandView& Picture() { return Find<HandView>("picStep"); }
+  QListWidget& Steps() { return FindControl<QListWidget>(window_, "lstSteps"); }
+  QPushButton& Next() { return FindControl<QPushButton>(window_, "cmdNextStep"); }
+  QPushButton& Back() { return FindControl<QPushButton>(window_, "cmdBack"); }
+  QString Text() { return FindControl<QPlainTextEdit>(window_, "txtStep").toPlainText(); }
+  HandView& Picture() { return FindControl<HandView>(window_, "picStep"); }
 
   std::shared_ptr<Truss> truss_;
   std::shared_ptr<TrussAnalysis> analysis_;
@@ -79,7 +73,8 @@ TEST_F(ByJointWindowTest, NextAndBackGoFromStepToStepAndTellTheJoint) {
   QTest::mouseClick(&Next(), Qt::LeftButton);
   EXPECT_EQ(Steps().currentItem()->text(), QStringLiteral("3.  Joint A"));
   EXPECT_EQ(chosen.last()[0].toFloat(), 0);
-  EXPECT_EQ(Find<QLabel>("lblStep").text(), QStringLiteral("Step 3 of %1").arg(Steps().count() - 1));
+  EXPECT_EQ(FindControl<QLabel>(window_, "lblStep").text(),
+            QStringLiteral("Step 3 of %1").arg(Steps().count() - 1));
   QTest::mouseClick(&Back(), Qt::LeftButton);
   EXPECT_EQ(Steps().currentRow(), 1);
 }
@@ -114,7 +109,7 @@ TEST_F(ByJointWindowTest, SaysWhatThePictureShows) {
 
 TEST_F(ByJointWindowTest, CopiesAllStepsAsText) {
   Show(KingPostByHand());
-  QTest::mouseClick(&Find<QPushButton>("cmdCopy"), Qt::LeftButton);
+  QTest::mouseClick(&FindControl<QPushButton>(window_, "cmdCopy"), Qt::LeftButton);
   const QString copied = QApplication::clipboard()->text();
   EXPECT_EQ(copied, window_.CopiedText());
   EXPECT_TRUE(copied.contains(QStringLiteral("\n\n3.  Joint A\nSought:  ")));

@@ -10,6 +10,7 @@
 #include "explanation/MotionView.h"
 #include "explanation/SwungTruss.h"
 #include "support/CutTexts.h"
+#include "support/FindControl.h"
 #include "support/TrussBuilder.h"
 
 namespace {
@@ -59,18 +60,11 @@ class WhyWindowTest : public testing::Test {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
   }
 
-  template <class Widget>
-  Widget& Find(const char* name) {
-    auto* found = window_.findChild<Widget*>(QString::fromLatin1(name));
-    if (found == nullptr) throw std::runtime_error(name);
-    return *found;
-  }
-
-  QComboBox& Choice() { return Find<QComboBox>("cmbMotion"); }
-  QSlider& Slider() { return Find<QSlider>("sldSwing"); }
-  QPushButton& Play() { return Find<QPushButton>("cmdPlay"); }
-  MotionView& View() { return Find<MotionView>("picMotion"); }
-  QPlainTextEdit& Text() { return Find<QPlainTextEdit>("txtWhy"); }
+  QComboBox& Choice() { return FindControl<QComboBox>(window_, "cmbMotion"); }
+  QSlider& Slider() { return FindControl<QSlider>(window_, "sldSwing"); }
+  QPushButton& Play() { return FindControl<QPushButton>(window_, "cmdPlay"); }
+  MotionView& View() { return FindControl<MotionView>(window_, "picMotion"); }
+  QPlainTextEdit& Text() { return FindControl<QPlainTextEdit>(window_, "txtWhy"); }
 
   // Where the picture has joint P, world coordinates.
   double XOfP() { return double{View().Drawn()->Shown.Members[2].X2}; }
@@ -213,7 +207,7 @@ TEST_F(WhyWindowTest, StopsWhenTheDesktopBeginsToAskForLessMotion) {
 TEST_F(WhyWindowTest, WithoutMotionAndSelfStressTheTrussIsDrawnAsItIs) {
   Show(RigidTriangle());
   for (const char* name : {"cmbMotion", "sldSwing", "cmdPlay"})
-    EXPECT_FALSE(Find<QWidget>(name).isVisible()) << name;
+    EXPECT_FALSE(FindControl<QWidget>(window_, name).isVisible()) << name;
   EXPECT_TRUE(View().Drawn()->Arrows.empty());
   EXPECT_EQ(View().Drawn()->Shown.Members[2].X2, 2);
   EXPECT_TRUE(View().accessibleDescription().contains(QStringLiteral("as it stands")));

@@ -29,19 +29,6 @@ struct PicturedTruss {
   HandSolution Solution;
 };
 
-Truss TriangleForPictures() {
-  return TrussBuilder()
-      .Member(0, 0, 8, 0, "AB")
-      .Member(0, 0, 4, 4, "AC")
-      .Member(8, 0, 4, 4, "BC")
-      .Clamp(0, 0, "Ax", "Ay")
-      .Roller(8, 0, "B")
-      .Joint(0, 0, "A")
-      .Joint(8, 0, "B")
-      .Joint(4, 4, "C")
-      .Force(4, 4, 0, -1000);
-}
-
 const HandArrow& ArrowWith(const HandPicture& picture, const std::string& text) {
   const auto found = std::ranges::find(picture.Arrows, text, &HandArrow::Text);
   EXPECT_NE(found, picture.Arrows.end()) << text;
@@ -59,7 +46,7 @@ double HeadsAway(const HandArrow& arrow, PixelPoint joint) {
 }
 
 TEST(HandPicture, ShowsAJointAloneWithArrowsOfOneLength) {
-  const PicturedTruss truss(TriangleForPictures());
+  const PicturedTruss truss(HandTriangle());
   const HandPicture picture = truss.Of(truss.StepAt("A"));
   ASSERT_EQ(picture.Pins.size(), 1U);
   EXPECT_TRUE(picture.Part.empty());
@@ -70,7 +57,7 @@ TEST(HandPicture, ShowsAJointAloneWithArrowsOfOneLength) {
 }
 
 TEST(HandPicture, ArrowsAwayFromTheJointArePulling) {
-  const PicturedTruss truss(TriangleForPictures());
+  const PicturedTruss truss(HandTriangle());
   const HandPicture picture = truss.Of(truss.StepAt("A"));
   const PixelPoint joint = picture.Pins.front();
   EXPECT_GT(HeadsAway(ArrowWith(picture, "AB 500 T"), joint), 0);
@@ -82,7 +69,7 @@ TEST(HandPicture, ArrowsAwayFromTheJointArePulling) {
 }
 
 TEST(HandPicture, TellsWhatTheStepFindsFromWhatIsKnownOrNothing) {
-  const PicturedTruss truss(TriangleForPictures());
+  const PicturedTruss truss(HandTriangle());
   const HandPicture picture = truss.Of(truss.StepAt("A"));
   EXPECT_EQ(ArrowWith(picture, "AB 500 T").Role, ForceRole::Found);
   EXPECT_EQ(ArrowWith(picture, "Ay 500").Role, ForceRole::Known);
@@ -92,7 +79,7 @@ TEST(HandPicture, TellsWhatTheStepFindsFromWhatIsKnownOrNothing) {
 }
 
 TEST(HandPicture, DoesNotKnowWhatLaterStepsFind) {
-  const PicturedTruss truss(TriangleForPictures());
+  const PicturedTruss truss(HandTriangle());
   const HandPicture reactions = truss.Of(0);
   EXPECT_EQ(reactions.Part.size(), 3U);
   for (const HandArrow& arrow : reactions.Arrows) EXPECT_EQ(arrow.Text.find(" T"), std::string::npos);
@@ -124,7 +111,7 @@ TEST(HandPicture, TextsStandClearOfEachOther) {
 }
 
 TEST(HandPicture, PaintsLettersForEveryForce) {
-  const PicturedTruss truss(TriangleForPictures());
+  const PicturedTruss truss(HandTriangle());
   const std::size_t step = truss.StepAt("B");
   RecordingSurface surface;
   PaintHandPicture(surface, truss.Of(step));

@@ -13,6 +13,20 @@
 #include "explanation/RigidityMatrix.h"
 #include "explanation/byjoint/HandSolution.h"
 
+/// A triangle on a clamp and a roller under a load of 1000 at its top.
+inline TrussBuilder HandTriangle() {
+  return TrussBuilder()
+      .Member(0, 0, 8, 0, "AB")
+      .Member(0, 0, 4, 4, "AC")
+      .Member(8, 0, 4, 4, "BC")
+      .Clamp(0, 0, "Ax", "Ay")
+      .Roller(8, 0, "B")
+      .Joint(0, 0, "A")
+      .Joint(8, 0, "B")
+      .Joint(4, 4, "C")
+      .Force(4, 4, 0, -1000);
+}
+
 inline int CountSteps(const HandSolution& solution, HandStepKind kind) {
   return static_cast<int>(std::ranges::count(solution.Steps, kind, &HandStep::Kind));
 }

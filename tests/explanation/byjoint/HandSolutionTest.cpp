@@ -15,22 +15,8 @@ std::vector<HandStepKind> KindsOf(const HandSolution& solution) {
   return kinds;
 }
 
-// A triangle on a clamp and a roller under a load at its top.
-TrussBuilder LoadedTriangle() {
-  return TrussBuilder()
-      .Member(0, 0, 8, 0, "AB")
-      .Member(0, 0, 4, 4, "AC")
-      .Member(8, 0, 4, 4, "BC")
-      .Clamp(0, 0, "Ax", "Ay")
-      .Roller(8, 0, "B")
-      .Joint(0, 0, "A")
-      .Joint(8, 0, "B")
-      .Joint(4, 4, "C")
-      .Force(4, 4, 0, -1000);
-}
-
 TEST(HandSolution, BeginsWithTheReactionsAndEndsWithACheck) {
-  const TrussGraph graph = GraphOf(LoadedTriangle());
+  const TrussGraph graph = GraphOf(HandTriangle());
   const HandSolution solution = SolveByHand(graph);
   EXPECT_THAT(KindsOf(solution), ElementsAre(HandStepKind::Reactions, HandStepKind::Joint,
                                              HandStepKind::Joint, HandStepKind::Joint));
@@ -194,7 +180,7 @@ TEST(HandSolution, ContradictsWhereTheEquationsDo) {
 }
 
 TEST(HandSolution, APartThatContradictsItselfLeavesTheOthersAlone) {
-  const TrussGraph graph = GraphOf(LoadedTriangle().Force(20, 20, 0, -1));
+  const TrussGraph graph = GraphOf(HandTriangle().Force(20, 20, 0, -1));
   const HandSolution solution = SolveByHand(graph);
   EXPECT_TRUE(solution.Contradicts());
   EXPECT_EQ(Found(solution).size(), 6U);
@@ -223,7 +209,7 @@ TEST(HandSolution, GoesAroundWhatIsUndetermined) {
 }
 
 TEST(HandSolution, AMemberOfNoLengthHasNoValue) {
-  const TrussGraph graph = GraphOf(LoadedTriangle().Member(4, 4, 4, 4, "dot"));
+  const TrussGraph graph = GraphOf(HandTriangle().Member(4, 4, 4, 4, "dot"));
   const HandSolution solution = SolveByHand(graph);
   EXPECT_EQ(Found(solution).size(), 6U);
   EXPECT_FALSE(ByName(graph, solution).contains("dot"));

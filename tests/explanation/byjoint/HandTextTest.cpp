@@ -31,21 +31,8 @@ struct ToldByHand {
   HandSolution Solution;
 };
 
-TrussBuilder NamedTriangle() {
-  return TrussBuilder()
-      .Member(0, 0, 8, 0, "AB")
-      .Member(0, 0, 4, 4, "AC")
-      .Member(8, 0, 4, 4, "BC")
-      .Clamp(0, 0, "Ax", "Ay")
-      .Roller(8, 0, "B")
-      .Joint(0, 0, "A")
-      .Joint(8, 0, "B")
-      .Joint(4, 4, "C")
-      .Force(4, 4, 0, -1000);
-}
-
 TEST(HandText, TellsTheTriangleFromTheReactionsToTheCheck) {
-  const std::vector<HandStepText> texts = ToldByHand(NamedTriangle()).Texts();
+  const std::vector<HandStepText> texts = ToldByHand(HandTriangle()).Texts();
   ASSERT_EQ(texts.size(), 4U);
   EXPECT_EQ(texts[0].Heading, "Reactions");
   EXPECT_THAT(texts[0].Lines,
@@ -65,7 +52,7 @@ TEST(HandText, TellsTheTriangleFromTheReactionsToTheCheck) {
   EXPECT_EQ(texts[3].Heading, "Joint C");
   EXPECT_EQ(texts[3].Lines.front(), "No force is sought here any more: a check.");
   EXPECT_EQ(texts[3].Lines.back(), "So  1000 = 1000, which holds.");
-  EXPECT_THAT(ToldByHand(NamedTriangle()).Closing(),
+  EXPECT_THAT(ToldByHand(HandTriangle()).Closing(),
               ElementsAre("Every force is found.",
                           "The values agree with the solutions that the reduced matrix gives."));
 }

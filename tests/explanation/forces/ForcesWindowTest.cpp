@@ -8,6 +8,7 @@
 #include "explanation/forces/ForcesView.h"
 #include "platform/Palette.h"
 #include "support/CutTexts.h"
+#include "support/FindControl.h"
 #include "support/TrussBuilder.h"
 
 namespace {
@@ -48,15 +49,8 @@ class ForcesWindowTest : public testing::Test {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
   }
 
-  template <class Widget>
-  Widget& Find(const char* name) {
-    auto* found = window_.findChild<Widget*>(QString::fromLatin1(name));
-    if (found == nullptr) throw std::runtime_error(name);
-    return *found;
-  }
-
-  ForcesView& View() { return Find<ForcesView>("picForces"); }
-  QTableWidget& List() { return Find<QTableWidget>("lstForces"); }
+  ForcesView& View() { return FindControl<ForcesView>(window_, "picForces"); }
+  QTableWidget& List() { return FindControl<QTableWidget>(window_, "lstForces"); }
   QString Cell(int row, int column) { return List().item(row, column)->text(); }
   void Press(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     widget.setFocus();
@@ -155,7 +149,7 @@ TEST_F(ForcesWindowTest, TheWheelZoomsAboutTheMouse) {
 
 TEST_F(ForcesWindowTest, KeysAndButtonsZoom) {
   Show(LoadedTruss());
-  EXPECT_FALSE(Find<QPushButton>("cmdZoomOut").isEnabled());
+  EXPECT_FALSE(FindControl<QPushButton>(window_, "cmdZoomOut").isEnabled());
   Press(View(), Qt::Key_Plus, Qt::ControlModifier);
   EXPECT_NEAR(View().Zoom(), 1.25, 1e-9);
   Press(List(), Qt::Key_Equal, Qt::ControlModifier);
@@ -164,14 +158,14 @@ TEST_F(ForcesWindowTest, KeysAndButtonsZoom) {
   EXPECT_NEAR(View().Zoom(), 1.25, 1e-9);
   Press(View(), Qt::Key_0, Qt::ControlModifier);
   EXPECT_EQ(View().Zoom(), 1);
-  QTest::mouseClick(&Find<QPushButton>("cmdZoomIn"), Qt::LeftButton);
-  QTest::mouseClick(&Find<QPushButton>("cmdZoomIn"), Qt::LeftButton);
-  QTest::mouseClick(&Find<QPushButton>("cmdZoomOut"), Qt::LeftButton);
+  QTest::mouseClick(&FindControl<QPushButton>(window_, "cmdZoomIn"), Qt::LeftButton);
+  QTest::mouseClick(&FindControl<QPushButton>(window_, "cmdZoomIn"), Qt::LeftButton);
+  QTest::mouseClick(&FindControl<QPushButton>(window_, "cmdZoomOut"), Qt::LeftButton);
   EXPECT_NEAR(View().Zoom(), 1.25, 1e-9);
-  QTest::mouseClick(&Find<QPushButton>("cmdZoomWhole"), Qt::LeftButton);
+  QTest::mouseClick(&FindControl<QPushButton>(window_, "cmdZoomWhole"), Qt::LeftButton);
   EXPECT_EQ(View().Zoom(), 1);
   for (int i = 0; i < 100; ++i) Press(View(), Qt::Key_Plus, Qt::ControlModifier);
-  EXPECT_FALSE(Find<QPushButton>("cmdZoomIn").isEnabled());
+  EXPECT_FALSE(FindControl<QPushButton>(window_, "cmdZoomIn").isEnabled());
   EXPECT_LT(View().Zoom(), 1000);
 }
 
@@ -195,7 +189,7 @@ TEST_F(ForcesWindowTest, ADragAndTheArrowKeysMoveTheDrawing) {
 
 TEST_F(ForcesWindowTest, SaysHowManyNumbersHaveNoRoom) {
   Show(LongStrip());
-  auto& note = Find<QLabel>("lblRoom");
+  auto& note = FindControl<QLabel>(window_, "lblRoom");
   ASSERT_GT(View().Drawn()->NumLeftOut, 0);
   EXPECT_TRUE(note.text().startsWith(QString::number(View().Drawn()->NumLeftOut)));
   const int before = View().Drawn()->NumLeftOut;
@@ -212,7 +206,7 @@ TEST_F(ForcesWindowTest, TheColoursCanBeSwapped) {
   EXPECT_GT(blue, 200);
   EXPECT_GT(rose, 200);
   QTest::keyClick(&window_, Qt::Key_S, Qt::AltModifier);
-  EXPECT_TRUE(QTest::qWaitFor([this] { return Find<QCheckBox>("chkSwapHues").isChecked(); }));
+  EXPECT_TRUE(QTest::qWaitFor([this] { return FindControl<QCheckBox>(window_, "chkSwapHues").isChecked(); }));
   EXPECT_NE(Count(Palette[DeepBlue]), blue);
   EXPECT_GT(Count(Palette[Rose]), rose) << "two compressed members are now red";
 }
@@ -293,7 +287,7 @@ TEST_F(ForcesWindowTest, ShowsNothingOfTheTrussBefore) {
   EXPECT_EQ(List().rowCount(), 0);
   EXPECT_FALSE(View().Drawn().has_value());
   EXPECT_EQ(View().accessibleDescription(), QString());
-  EXPECT_FALSE(Find<QPushButton>("cmdCopyForces").isEnabled());
+  EXPECT_FALSE(FindControl<QPushButton>(window_, "cmdCopyForces").isEnabled());
   Press(View(), Qt::Key_C, Qt::ControlModifier);
   Press(View(), Qt::Key_Plus, Qt::ControlModifier);
   Wheel({20, 20}, 120);
