@@ -21,6 +21,7 @@ constexpr int ButtonWidth = 73;   // Copy and Close
 constexpr int ButtonHeight = 36;  // at most, so that a margin stays below the buttons
 constexpr int ButtonGap = 8;
 constexpr int CheckBoxWidth = 120;           // at most
+constexpr int CheckBoxHeight = 23;           // at most, so that two have room below the document
 constexpr std::size_t BoxesBesidePrint = 2;  // in one column; the others stand beside Save as
 constexpr int SmallestHeight = 200;
 
@@ -119,9 +120,9 @@ void PrintableReportWindow::FitButtons() {
   FitCheckBoxes();
 }
 
-// All in one font, in which they stand one below the other beside a button.
+// All in one font, in which they stand one below the other.
 void PrintableReportWindow::FitCheckBoxes() {
-  const QSize room(CheckBoxWidth, ButtonHeight / static_cast<int>(BoxesBesidePrint));
+  const QSize room(CheckBoxWidth, CheckBoxHeight);
   const QFont fitting = LargestFont(font(), [&](const QFont& font) {
     return std::ranges::all_of(chkReportWith, [&](QCheckBox* box) {
       box->setFont(font);
@@ -155,7 +156,10 @@ void PrintableReportWindow::LayOut() {
   const QSize boxSize = LargestOf(chkReportWith);
   const auto column = [&](std::size_t first, std::size_t end, int left) {
     const int boxesHeight = boxSize.height() * static_cast<int>(end - first);
-    QRect box(QPoint(left, top + (height - boxesHeight) / 2), boxSize);
+    // The middle of what is left below the document, which is that of the buttons when they are as high as
+    // may be.
+    const int middleOfRow = (DocumentTop + document.height() + this->height()) / 2;
+    QRect box(QPoint(left, middleOfRow - boxesHeight / 2), boxSize);
     for (std::size_t i = first; i < end; ++i) {
       chkReportWith[i]->setGeometry(box);
       box.translate(0, boxSize.height());
