@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "analysis/FormatSigFigs.h"
-#include "canvas/Graph.h"
 #include "document/Truss.h"
+#include "explanation/NearPlaces.h"
 
 enum class CheckKind {
   NearEnds,            ///< two joints nearly meet
@@ -26,13 +26,6 @@ struct DrawingCheck {
   CheckKind Kind = CheckKind::NearEnds;
   float X = 0, Y = 0;  ///< where to look, world coordinates
   std::string Text;    ///< by name and place, a single-byte text
-};
-
-/// Where a truss is drawn, as far as the checks ask.
-struct DrawnWhere {
-  CanvasBounds Bounds;
-  float CanvasWidth = 566, CanvasHeight = 453;  ///< pixels
-  float SnapX = 0, SnapY = 0;  ///< world units: closer than this on both axes the mouse joins two points
 };
 
 /// Joints that nearly meet, members through joints and members on one another are told up to this many of
