@@ -13,8 +13,8 @@ std::vector<DrawingCheck> ChecksOf(const AnalysedFile& file, const ReportFormat&
 }
 
 void WriteChecks(std::ostream& out, const AnalysedFile& file, const ReportFormat& format) {
-  out << "Checks of the drawing:\n";
+  out << ChecksHeading << '\n';
   const std::vector<DrawingCheck> checks = ChecksOf(file, format);
   for (const DrawingCheck& check : checks) out << VisibleText(ToUtf8(check.Text)) << '\n';
-  if (checks.empty()) out << "Nothing was found.\n";
+  if (checks.empty()) out << NothingFoundText << '\n';
 }

@@ -28,6 +28,9 @@ struct DrawingCheck {
   std::string Text;    ///< by name and place, a single-byte text
 };
 
+inline constexpr const char* ChecksHeading = "Checks of the drawing:";
+inline constexpr const char* NothingFoundText = "Nothing was found.";
+
 /// Joints that nearly meet, members through joints and members on one another are told up to this many of
 /// each, the last with the words that there are more: of n elements at one place there would be n squared.
 inline constexpr int MostPairs = 1000;
