@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "text/Sentence.h"
+
 namespace {
 
 std::string NamesOf(const TrussGraph& graph, const std::vector<int>& unknowns) {
@@ -12,7 +14,37 @@ std::string NamesOf(const TrussGraph& graph, const std::vector<int>& unknowns) {
   return ListOf(names);
 }
 
-std::string JointsText(const TrussGraph& graph, const Motion& motion, const ReportFormat& format) {
+const char* ExtentText(MotionExtent extent) {
+  switch (extent) {
+    case MotionExtent::Tightens:
+      return "It tightens after a tiny displacement: at second order a self-stress works against it.";
+    case MotionExtent::MovesOn:
+      return "It moves on: no member and no support stops it.";
+    case MotionExtent::Small:
+      break;
+  }
+  return "This holds for small displacements; whether it goes on is not decided here.";
+}
+
+}  // namespace
+
+std::string JointsThatMove(const TrussGraph& graph, const Motion& motion) {
+  std::vector<std::string> names;
+  const JointDisplacement* most = nullptr;
+  const auto size = [](const JointDisplacement& at) { return std::hypot(at.Dx, at.Dy); };
+  for (const JointDisplacement& at : motion.Joints) {
+    names.push_back(graph.Joints[at.Joint].Name);
+    if (most == nullptr || size(at) > size(*most) * (1 + 1e-9)) most = &at;
+  }
+  if (most == nullptr) return "no joint moves";
+  constexpr std::size_t mostNames = 4;
+  const std::string direction = DirectionText(most->Dx, most->Dy);
+  if (names.size() == 1) return "joint " + names.front() + " moves " + direction;
+  return "joints " + ListOf(names, mostNames) + " move (" + graph.Joints[most->Joint].Name + " " + direction +
+         ")";
+}
+
+std::string DisplacementsText(const TrussGraph& graph, const Motion& motion, const ReportFormat& format) {
   std::vector<std::string> moves;
   for (const JointDisplacement& at : motion.Joints) {
     moves.push_back(graph.Joints[at.Joint].Name + " " + DirectionText(at.Dx, at.Dy) + " by " +
@@ -22,20 +54,6 @@ std::string JointsText(const TrussGraph& graph, const Motion& motion, const Repo
   return std::string(one ? "Joint " : "Joints move: ") + ListOf(moves, 8) +
          (one ? "; all others stand still." : ".");
 }
-
-const char* ExtentText(MotionExtent extent) {
-  switch (extent) {
-    case MotionExtent::Tightens:
-      return "It tightens after a tiny displacement: at second order a self-stress works against it.";
-    case MotionExtent::MovesOn:
-      return "It moves on: nothing stops it.";
-    case MotionExtent::Small:
-      break;
-  }
-  return "This holds for small displacements; whether it goes on is not decided here.";
-}
-
-}  // namespace
 
 MotionTeller::MotionTeller(const TrussGraph& graph, const ReportFormat& format)
     : graph_(graph), format_(format), pieces_(graph), points_(graph, format) {}
@@ -52,8 +70,10 @@ std::string MotionTeller::RigidText(const Motion& motion, const std::vector<Movi
                         return std::abs(at.Dx - first.Dx) < 1e-9 && std::abs(at.Dy - first.Dy) < 1e-9;
                       });
   if (slides) return "The whole truss slides " + DirectionText(first.Dx, first.Dy) + ".";
-  if (pieces.empty() || !pieces.front().Turns) return "The whole truss moves as one piece.";
-  return "The whole truss turns " + TurnText(pieces.front()) + ".";
+  // A part that stands apart may be too small to tell.
+  const auto turning = std::ranges::find_if(pieces, &MovingPiece::Turns);
+  if (turning == pieces.end()) return "The whole truss moves as one piece.";
+  return "The whole truss turns " + TurnText(*turning) + ".";
 }
 
 std::string MotionTeller::PieceText(const MovingPiece& piece) const {
@@ -64,6 +84,22 @@ std::string MotionTeller::PieceText(const MovingPiece& piece) const {
   return members + (one ? " slides" : " slide") + together + DirectionText(piece.Dx, piece.Dy) + ".";
 }
 
+// Of pieces that are not told each by itself: what they are, or how many where that would be a long list.
+std::string MotionTeller::FurtherText(std::span<const MovingPiece> pieces) const {
+  constexpr std::size_t fewMembers = 12;
+  std::size_t numMembers = 0;
+  std::vector<std::string> names;
+  for (const MovingPiece& piece : pieces) {
+    numMembers += piece.Members.size();
+    names.push_back((piece.Members.size() == 1 ? "member " : "the piece of ") +
+                    NamesOf(graph_, piece.Members));
+  }
+  const std::string moves = pieces.size() == 1 ? " moves too" : " move too, each in its own way";
+  if (numMembers <= fewMembers) return AsSentence(ListOf(names, fewMembers) + moves);
+  return Counted(static_cast<int>(pieces.size()), "further piece", "further pieces") + " (together " +
+         std::to_string(numMembers) + " members)" + moves + ".";
+}
+
 std::string MotionTeller::Text(const Motion& motion) {
   constexpr std::size_t mostPieces = 6;
   const std::vector<MovingPiece> pieces = pieces_.Of(motion);
@@ -71,12 +107,9 @@ std::string MotionTeller::Text(const Motion& motion) {
   if (motion.Kind == MotionKind::Rigid) {
     text = RigidText(motion, pieces);
   } else {
-    text = JointsText(graph_, motion, format_);
+    text = DisplacementsText(graph_, motion, format_);
     for (std::size_t i = 0; i < std::min(pieces.size(), mostPieces); ++i) text += "  " + PieceText(pieces[i]);
-    if (pieces.size() > mostPieces) {
-      const int further = static_cast<int>(pieces.size() - mostPieces);
-      text += "  " + Counted(further, "further piece moves", "further pieces move") + " too.";
-    }
+    if (pieces.size() > mostPieces) text += "  " + FurtherText(std::span(pieces).subspan(mostPieces));
   }
   text += std::string("  ") + ExtentText(motion.Extent);
   return text + (motion.Work > 0 ? "  The loads drive it: they do work on it."

@@ -1,6 +1,7 @@
 // Motions and states of self-stress in words.
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,7 @@ class MotionTeller {
  private:
   std::string RigidText(const Motion& motion, const std::vector<MovingPiece>& pieces) const;
   std::string PieceText(const MovingPiece& piece) const;
+  std::string FurtherText(std::span<const MovingPiece> pieces) const;
   std::string TurnText(const MovingPiece& piece) const;
 
   const TrussGraph& graph_;
@@ -30,6 +32,13 @@ class MotionTeller {
   PieceFinder pieces_;
   PointNamer points_;
 };
+
+/// In one line, with the way of a joint that moves most: "joints C, D and E move (D up and to the left)".
+std::string JointsThatMove(const TrussGraph& graph, const Motion& motion);
+
+/// Each joint that moves with its direction and its displacement, of more than eight the first ones: a
+/// sentence or two.
+std::string DisplacementsText(const TrussGraph& graph, const Motion& motion, const ReportFormat& format);
 
 /// The text of a single motion.
 std::string MotionText(const TrussGraph& graph, const Motion& motion, const ReportFormat& format);
