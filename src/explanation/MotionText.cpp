@@ -3,16 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "explanation/Directions.h"
 #include "text/Sentence.h"
 
 namespace {
-
-std::string NamesOf(const TrussGraph& graph, const std::vector<int>& unknowns) {
-  std::vector<std::string> names;
-  names.reserve(unknowns.size());
-  for (const int k : unknowns) names.push_back(graph.Unknowns[k].Name);
-  return ListOf(names);
-}
 
 const char* ExtentText(MotionExtent extent) {
   switch (extent) {
@@ -28,39 +22,41 @@ const char* ExtentText(MotionExtent extent) {
 
 }  // namespace
 
-std::string JointsThatMove(const TrussGraph& graph, const Motion& motion) {
-  std::vector<std::string> names;
+MotionTeller::MotionTeller(const TrussGraph& graph, const ReportFormat& format)
+    : graph_(graph), format_(format), pieces_(graph), names_(graph, format) {}
+
+std::string MotionTeller::Displacements(const Motion& motion) const {
+  const auto by = [this](const JointDisplacement& at) {
+    return ' ' + DirectionText(at.Dx, at.Dy) + " by " + PairText(at.Dx, at.Dy, format_);
+  };
+  if (motion.Joints.size() == 1) {
+    const JointDisplacement& at = motion.Joints.front();
+    return Capital(names_.JointInWords(at.Joint)) + by(at) + "; all others stand still.";
+  }
+  std::vector<std::string> moves;
+  for (const JointDisplacement& at : motion.Joints) moves.push_back(names_.Joint(at.Joint) + by(at));
+  return "Joints move: " + ListOf(moves, 8) + '.';
+}
+
+std::string MotionTeller::InOneLine(const Motion& motion) const {
+  std::vector<int> joints;
   const JointDisplacement* most = nullptr;
   const auto size = [](const JointDisplacement& at) { return std::hypot(at.Dx, at.Dy); };
   for (const JointDisplacement& at : motion.Joints) {
-    names.push_back(graph.Joints[at.Joint].Name);
+    joints.push_back(at.Joint);
     if (most == nullptr || size(at) > size(*most) * (1 + 1e-9)) most = &at;
   }
   if (most == nullptr) return "no joint moves";
   constexpr std::size_t mostNames = 4;
   const std::string direction = DirectionText(most->Dx, most->Dy);
-  if (names.size() == 1) return "joint " + names.front() + " moves " + direction;
-  return "joints " + ListOf(names, mostNames) + " move (" + graph.Joints[most->Joint].Name + " " + direction +
-         ")";
+  const std::string text = names_.Joints(joints, mostNames);
+  if (joints.size() == 1) return text + " moves " + direction;
+  return text + " move (" + names_.Joint(most->Joint) + ' ' + direction + ')';
 }
-
-std::string DisplacementsText(const TrussGraph& graph, const Motion& motion, const ReportFormat& format) {
-  std::vector<std::string> moves;
-  for (const JointDisplacement& at : motion.Joints) {
-    moves.push_back(graph.Joints[at.Joint].Name + " " + DirectionText(at.Dx, at.Dy) + " by " +
-                    PairText(at.Dx, at.Dy, format));
-  }
-  const bool one = motion.Joints.size() == 1;
-  return std::string(one ? "Joint " : "Joints move: ") + ListOf(moves, 8) +
-         (one ? "; all others stand still." : ".");
-}
-
-MotionTeller::MotionTeller(const TrussGraph& graph, const ReportFormat& format)
-    : graph_(graph), format_(format), pieces_(graph), points_(graph, format) {}
 
 std::string MotionTeller::TurnText(const MovingPiece& piece) const {
   return std::string(piece.Anticlockwise ? "anticlockwise" : "clockwise") + " about " +
-         points_.Text(piece.CentreX, piece.CentreY);
+         names_.Point(piece.CentreX, piece.CentreY);
 }
 
 std::string MotionTeller::RigidText(const Motion& motion, const std::vector<MovingPiece>& pieces) const {
@@ -78,7 +74,7 @@ std::string MotionTeller::RigidText(const Motion& motion, const std::vector<Movi
 
 std::string MotionTeller::PieceText(const MovingPiece& piece) const {
   const bool one = piece.Members.size() == 1;
-  const std::string members = (one ? "Member " : "Members ") + NamesOf(graph_, piece.Members);
+  const std::string members = names_.Members(piece.Members);
   const std::string together = one ? " " : " together as one piece ";
   if (piece.Turns) return members + (one ? " turns" : " turn") + together + TurnText(piece) + ".";
   return members + (one ? " slides" : " slide") + together + DirectionText(piece.Dx, piece.Dy) + ".";
@@ -91,8 +87,8 @@ std::string MotionTeller::FurtherText(std::span<const MovingPiece> pieces) const
   std::vector<std::string> names;
   for (const MovingPiece& piece : pieces) {
     numMembers += piece.Members.size();
-    names.push_back((piece.Members.size() == 1 ? "member " : "the piece of ") +
-                    NamesOf(graph_, piece.Members));
+    names.push_back(piece.Members.size() == 1 ? "member " + names_.Member(piece.Members.front())
+                                              : "the piece of " + names_.Forces(piece.Members));
   }
   const std::string moves = pieces.size() == 1 ? " moves too" : " move too, each in its own way";
   if (numMembers <= fewMembers) return AsSentence(ListOf(names, fewMembers) + moves);
@@ -107,7 +103,7 @@ std::string MotionTeller::Text(const Motion& motion) {
   if (motion.Kind == MotionKind::Rigid) {
     text = RigidText(motion, pieces);
   } else {
-    text = DisplacementsText(graph_, motion, format_);
+    text = Displacements(motion);
     for (std::size_t i = 0; i < std::min(pieces.size(), mostPieces); ++i) text += "  " + PieceText(pieces[i]);
     if (pieces.size() > mostPieces) text += "  " + FurtherText(std::span(pieces).subspan(mostPieces));
   }
@@ -116,24 +112,24 @@ std::string MotionTeller::Text(const Motion& motion) {
                                  : "  The loads do no work on it, so they do not drive it.");
 }
 
+std::string MotionTeller::Text(const SelfStress& stress) const {
+  std::vector<int> unknowns;
+  std::vector<std::string> pairs;
+  for (const UnknownForce& force : stress.Forces) {
+    unknowns.push_back(force.Unknown);
+    pairs.push_back(names_.Force(force.Unknown) + " = " + FormatSigFigs(force.Value, format_));
+  }
+  const std::string who = names_.ForcesAtStart(unknowns);
+  if (unknowns.size() == 1)
+    return who + " stands in no equation: it may have any value, whatever the others have.";
+  return who + " hang together: forces in the proportions " + ListOf(pairs) +
+         " (compression positive) are in balance without any load.";
+}
+
 std::string MotionText(const TrussGraph& graph, const Motion& motion, const ReportFormat& format) {
   return MotionTeller(graph, format).Text(motion);
 }
 
 std::string SelfStressText(const TrussGraph& graph, const SelfStress& stress, const ReportFormat& format) {
-  std::vector<int> unknowns;
-  std::vector<std::string> values;
-  for (const UnknownForce& force : stress.Forces) {
-    unknowns.push_back(force.Unknown);
-    values.push_back(FormatSigFigs(force.Value, format));
-  }
-  if (unknowns.size() == 1) {
-    return graph.Unknowns[unknowns.front()].Name +
-           " stands in no equation: it may have any value, whatever the others have.";
-  }
-  std::vector<std::string> pairs;
-  for (std::size_t i = 0; i < unknowns.size(); ++i)
-    pairs.push_back(graph.Unknowns[unknowns[i]].Name + " = " + values[i]);
-  return NamesOf(graph, unknowns) + " hang together: forces in the proportions " + ListOf(pairs) +
-         " (compression positive) are in balance without any load.";
+  return MotionTeller(graph, format).Text(stress);
 }

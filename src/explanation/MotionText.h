@@ -6,12 +6,12 @@
 #include <vector>
 
 #include "analysis/FormatSigFigs.h"
-#include "explanation/Directions.h"
+#include "explanation/DistinctNames.h"
 #include "explanation/Motions.h"
 #include "explanation/MovingPieces.h"
 #include "explanation/TrussGraph.h"
 
-/// Tells the motions of a truss, one after the other.
+/// Tells the motions and the states of self-stress of a truss, one after the other.
 class MotionTeller {
  public:
   /// Both must outlive it.
@@ -20,6 +20,17 @@ class MotionTeller {
   /// Which joints move and where to, which members turn or slide as one piece, what becomes of it, and
   /// whether the loads drive it. A single-byte text of a few sentences.
   std::string Text(const Motion& motion);
+
+  /// Only which joints move, in one line, with the way of one that moves most: "joints C, D and E move (D up
+  /// and to the left)".
+  std::string InOneLine(const Motion& motion) const;
+
+  /// Each joint that moves with its direction and its displacement, of more than eight the first ones: a
+  /// sentence.
+  std::string Displacements(const Motion& motion) const;
+
+  /// Which unknowns hang together, and in what proportions.
+  std::string Text(const SelfStress& stress) const;
 
  private:
   std::string RigidText(const Motion& motion, const std::vector<MovingPiece>& pieces) const;
@@ -30,18 +41,11 @@ class MotionTeller {
   const TrussGraph& graph_;
   ReportFormat format_;
   PieceFinder pieces_;
-  PointNamer points_;
+  DistinctNames names_;
 };
-
-/// In one line, with the way of a joint that moves most: "joints C, D and E move (D up and to the left)".
-std::string JointsThatMove(const TrussGraph& graph, const Motion& motion);
-
-/// Each joint that moves with its direction and its displacement, of more than eight the first ones: a
-/// sentence or two.
-std::string DisplacementsText(const TrussGraph& graph, const Motion& motion, const ReportFormat& format);
 
 /// The text of a single motion.
 std::string MotionText(const TrussGraph& graph, const Motion& motion, const ReportFormat& format);
 
-/// Which unknowns hang together, and in what proportions.
+/// The text of a single state.
 std::string SelfStressText(const TrussGraph& graph, const SelfStress& stress, const ReportFormat& format);

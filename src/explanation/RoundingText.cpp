@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "explanation/Directions.h"
+#include "explanation/DistinctNames.h"
 #include "explanation/MotionText.h"
 
 namespace {
@@ -60,14 +61,13 @@ class Writer {
 
   /// Of the numbers that the table shows for the forces, those that mean nothing.
   std::string WrongNumbers() const {
-    std::vector<std::string> open;
-    for (const int k : on_.ShownThoughOpen) open.push_back(graph_.Unknowns[k].Name);
+    const std::vector<int>& open = on_.ShownThoughOpen;
     if (!on_.HoldsNoNumber() && open.empty()) return {};
     std::string text;
     if (on_.HoldsNoNumber()) {
       text = "None of the numbers shown for the forces holds, be they large or small";
     } else {
-      text = "The equations leave " + ListOf(open, 6) + " open; the numbers shown for " +
+      text = "The equations leave " + Names(open) + " open; the numbers shown for " +
              (open.size() == 1 ? "it" : "them") + " do not hold";
     }
     if (on_.ShownMagnification > NearlyAMechanism) {
@@ -83,7 +83,7 @@ class Writer {
     if (!isSaid) return {};
     return "The truss is nearly a mechanism: its largest force is " + Number(on_.Figures.Magnification) +
            " times the largest load, and nearly free is a motion in which " +
-           JointsThatMove(graph_, *motion) + ".";
+           MotionTeller(graph_, format_).InOneLine(*motion) + ".";
   }
 
   std::string SureFiguresText() const {
@@ -92,9 +92,8 @@ class Writer {
       text = (sure_.Count == 0 ? "No figure of the forces is sure"
                                : "Only " + FirstFigures(sure_.Count) + " of the forces " +
                                      (sure_.Count == 1 ? "is" : "are") + " sure") +
-             ": with directions that are not rounded " + graph_.Unknowns[sure_.Example->Unknown].Name +
-             " is " + AtLength(sure_.Example->Unrounded) + " in place of " + AtLength(sure_.Example->Shown) +
-             ".";
+             ": with directions that are not rounded " + Names({sure_.Example->Unknown}) + " is " +
+             AtLength(sure_.Example->Unrounded) + " in place of " + AtLength(sure_.Example->Shown) + ".";
     } else if (on_.Figures.CertainFigures && !NearlyFree().empty()) {
       text = "Of the forces " + FirstFigures(*on_.Figures.CertainFigures) + " are sure.";
     }
@@ -105,7 +104,7 @@ class Writer {
   std::string NearlyFreeAtLength() const {
     if (NearlyFree().empty()) return {};
     return "In the motion that is nearly free members change their lengths, but hardly.  " +
-           DisplacementsText(graph_, *on_.Figures.NearlyFree, format_) +
+           MotionTeller(graph_, format_).Displacements(*on_.Figures.NearlyFree) +
            (on_.Figures.NearlyFree->Work > 0 ? "  The loads drive it." : "");
   }
 
@@ -130,10 +129,7 @@ class Writer {
   }
 
   std::string Names(const std::vector<int>& unknowns) const {
-    std::vector<std::string> names;
-    names.reserve(unknowns.size());
-    for (const int k : unknowns) names.push_back(graph_.Unknowns[k].Name);
-    return ListOf(names, 6);
+    return DistinctNames(graph_, format_).Forces(unknowns, 6);
   }
 
   static std::string FirstFigures(int count) {
