@@ -6,11 +6,10 @@
 #include <tuple>
 #include <utility>
 
+#include "explanation/At.h"
 #include "explanation/RigidityMatrix.h"
 
 namespace {
-
-std::size_t At(int index) { return static_cast<std::size_t>(index); }
 
 double SquaredLength(const TrussGraph& graph, int a, int b) {
   const double x = double{graph.Joints[a].X} - double{graph.Joints[b].X};

@@ -5,19 +5,19 @@
 
 namespace {
 
-constexpr std::size_t MostNames = 4;
+constexpr std::size_t MostListed = 4;
 
 std::string MotionTitle(const TrussGraph& graph, const Motion& motion) {
   if (motion.Kind == MotionKind::Rigid) return "the whole truss moves";
   std::vector<std::string> names;
   for (const JointDisplacement& at : motion.Joints) names.push_back(graph.Joints[at.Joint].Name);
-  return ListOf(names, MostNames) + (names.size() == 1 ? " moves" : " move");
+  return ListOf(names, MostListed) + (names.size() == 1 ? " moves" : " move");
 }
 
 std::string SelfStressTitle(const TrussGraph& graph, const SelfStress& stress) {
   std::vector<std::string> names;
   for (const UnknownForce& force : stress.Forces) names.push_back(graph.Unknowns[force.Unknown].Name);
-  return ListOf(names, MostNames);
+  return ListOf(names, MostListed);
 }
 
 template <class Item>
