@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "explanation/AdviceText.h"
 #include "explanation/Directions.h"
+#include "explanation/DistinctNames.h"
 #include "explanation/MotionText.h"
 #include "explanation/RigidityMatrix.h"
 #include "explanation/RoundingText.h"
@@ -14,10 +16,6 @@ constexpr std::size_t MostStates = 12;
 std::string Motions(int count) { return Counted(count, "independent motion", "independent motions"); }
 std::string States(int count) { return Counted(count, "state of self-stress", "states of self-stress"); }
 
-std::string EquationName(const TrussGraph& graph, int joint, Axis axis) {
-  return graph.Joints[joint].Name + (axis == Axis::X ? " - x" : " - y");
-}
-
 std::string Difference(int number, int other) {
   return std::to_string(number) + " - " + std::to_string(other) + " = " + std::to_string(number - other);
 }
@@ -25,7 +23,11 @@ std::string Difference(int number, int other) {
 class Writer {
  public:
   Writer(const Explanation& explanation, const ReportFormat& format)
-      : on_(explanation), graph_(explanation.Graph), verdict_(explanation.Exact.Verdict), format_(format) {}
+      : on_(explanation),
+        graph_(explanation.Graph),
+        verdict_(explanation.Exact.Verdict),
+        format_(format),
+        names_(graph_, format) {}
 
   std::vector<ExplanationSection> All() {
     Add(KindHeading, KindParagraphs());
@@ -33,7 +35,8 @@ class Writer {
     Add(MotionsHeading, MotionParagraphs());
     Add("Why no forces balance the loads:", ProofParagraphs());
     Add("Which forces hang together:", StressParagraphs());
-    Add("What would help:", AdviceParagraphs());
+    Add("What would help:", WhatWouldHelp(on_, names_));
+    Add("What may be left out:", WhatMayBeLeftOut(on_, names_));
     return std::move(sections_);
   }
 
@@ -101,15 +104,15 @@ class Writer {
   }
 
   std::string DeterminedText() const {
-    std::vector<std::string> determined;
-    std::vector<std::string> open;
+    std::vector<int> determined;
+    std::vector<int> open;
     for (int k = 1; k <= graph_.NumUnknowns(); ++k) {
       const bool is = std::ranges::binary_search(verdict_.Determined, k);
-      (is ? determined : open).push_back(graph_.Unknowns[k].Name);
+      (is ? determined : open).push_back(k);
     }
-    std::string left = "Left open by the equations: " + ListOf(open, 24) + ".";
+    std::string left = "Left open by the equations: " + names_.Forces(open, 24) + ".";
     if (determined.empty()) return left;
-    return "Determined whatever the others are: " + ListOf(determined, 24) + ".  " + left;
+    return "Determined whatever the others are: " + names_.Forces(determined, 24) + ".  " + left;
   }
 
   std::vector<std::string> MotionParagraphs() const {
@@ -138,7 +141,7 @@ class Writer {
     std::vector<std::string> terms;
     for (const WeightedEquation& equation : proof.Equations) {
       terms.push_back(Factor(equation.Factor) + " times the equation " +
-                      EquationName(graph_, equation.Joint, equation.Along));
+                      names_.Equation(equation.Joint, equation.Along));
     }
     std::vector<std::string> paragraphs = {
         "These equations, each times its factor, add up to 0 on the left and to " + Number(proof.Sum) +
@@ -168,7 +171,7 @@ class Writer {
       std::string left;
       for (const std::string& term : terms) left += (left.empty() ? "" : " + ") + term;
       const double load = loads[static_cast<std::size_t>(ColumnOf(equation.Joint, equation.Along))];
-      paragraphs.push_back("Equation " + EquationName(graph_, equation.Joint, equation.Along) + ":  " +
+      paragraphs.push_back("Equation " + names_.Equation(equation.Joint, equation.Along) + ":  " +
                            (left.empty() ? "0" : left) + " = " + Number(load == 0 ? 0 : -load) + ",  times " +
                            Factor(equation.Factor));
     }
@@ -178,7 +181,7 @@ class Writer {
     const PlacedUnknown& unknown = graph_.Unknowns[k];
     if (!unknown.IsMember()) {
       if (unknown.JointA != equation.Joint || unknown.Along != equation.Along || unknown.Sign == 0) return;
-      terms.push_back((unknown.Sign < 0 ? "(-1) " : "") + unknown.Name);
+      terms.push_back((unknown.Sign < 0 ? "(-1) " : "") + names_.Force(k));
       return;
     }
     if (unknown.JointA != equation.Joint && unknown.JointB != equation.Joint) return;
@@ -187,15 +190,15 @@ class Writer {
         graph_.Joints[unknown.JointA == equation.Joint ? unknown.JointB : unknown.JointA];
     const double difference =
         equation.Along == Axis::X ? WrittenDifference(here.X, there.X) : WrittenDifference(here.Y, there.Y);
-    if (difference != 0) terms.push_back("(" + Number(difference) + ") q(" + unknown.Name + ")");
+    if (difference != 0) terms.push_back("(" + Number(difference) + ") q(" + names_.Member(k) + ")");
   }
 
   std::vector<std::string> StressParagraphs() const {
     std::vector<std::string> paragraphs;
     const std::vector<SelfStress>& states = on_.Exact.SelfStresses;
+    const MotionTeller teller(graph_, format_);
     for (std::size_t i = 0; i < std::min(states.size(), MostStates); ++i) {
-      paragraphs.push_back("Self-stress " + std::to_string(i + 1) + ".  " +
-                           SelfStressText(graph_, states[i], format_));
+      paragraphs.push_back("Self-stress " + std::to_string(i + 1) + ".  " + teller.Text(states[i]));
     }
     if (states.size() > MostStates) {
       paragraphs.push_back("There are " + std::to_string(states.size() - MostStates) + " further states.");
@@ -209,61 +212,11 @@ class Writer {
     return paragraphs;
   }
 
-  std::vector<std::string> AdviceParagraphs() const {
-    std::vector<std::string> additions;
-    std::vector<std::string> removals;
-    for (const Advice& advice : on_.Suggestions) {
-      if (advice.Kind == AdviceKind::Remove) {
-        removals.push_back(RemovalText(advice.Unknown));
-      } else if (advice.Kind == AdviceKind::AddMember) {
-        additions.push_back("a member between joints " + graph_.Joints[advice.JointA].Name + " and " +
-                            graph_.Joints[advice.JointB].Name);
-      } else {
-        additions.push_back("a roller at joint " + graph_.Joints[advice.JointA].Name + " that holds it " +
-                            (advice.Along == Axis::X ? "sideways" : "up and down") +
-                            (IsSupported(graph_, advice.JointA) ? " (a clamp in place of its roller)" : ""));
-      }
-    }
-    std::vector<std::string> paragraphs;
-    if (!additions.empty()) {
-      paragraphs.push_back("Each of these, added alone, stops one motion" + OthersOf(additions) + ": " +
-                           Joined(additions) + ".");
-    }
-    if (!removals.empty()) {
-      paragraphs.push_back(
-          "Each of these, left out alone, lets nothing move that did not move before" + OthersOf(removals) +
-          ": " + ListOf(removals) +
-          ".  They are part of a self-stress.  A member is not superfluous because its force is 0: "
-          "under another load it may be needed.");
-    }
-    return paragraphs;
-  }
-
-  // A clamp without one of its reactions is a roller, and a roller without its own is nothing.
-  std::string RemovalText(int k) const {
-    const PlacedUnknown& unknown = graph_.Unknowns[k];
-    if (unknown.IsMember()) return unknown.Name;
-    const std::string& joint = graph_.Joints[unknown.JointA].Name;
-    return "the reaction " + unknown.Name +
-           (IsSupported(graph_, unknown.JointA, k) ? " (a roller is enough at joint " + joint + ")"
-                                                   : " (the roller at joint " + joint + ")");
-  }
-
-  // The search ends when it has enough.
-  static std::string OthersOf(const std::vector<std::string>& found) {
-    return found.size() < static_cast<std::size_t>(MostAdvice) ? "" : " (there may be others)";
-  }
-
-  static std::string Joined(const std::vector<std::string>& items) {
-    std::string text;
-    for (const std::string& item : items) text += (text.empty() ? "" : "; ") + item;
-    return text;
-  }
-
   const Explanation& on_;
   const TrussGraph& graph_;
   const ExactVerdict& verdict_;
   const ReportFormat& format_;
+  DistinctNames names_;
   std::vector<ExplanationSection> sections_;
 };
 
