@@ -217,6 +217,7 @@ void ReportWindow::PlaceHeading() {
 }
 
 void ReportWindow::PlaceRedundantLines() {
+  redundantLines_->setWordWrap(false);
   redundantLines_->setFont(font());
   redundantLines_->adjustSize();
   // The lines begin with two blanks, which bring them to the left edge of the grid.
@@ -235,5 +236,10 @@ void ReportWindow::PlaceRedundantLines() {
     const int left = GridLeft + label17_->sizeHint().width();
     redundantLines_->setGeometry(left, 0, std::max(0, width() - left), GridTop);
     FitLabel(*redundantLines_, font());
+    // In a small window their breaks are not enough for wide letters.
+    if (redundantLines_->sizeHint().width() > redundantLines_->width()) {
+      redundantLines_->setWordWrap(true);
+      FitLabel(*redundantLines_, font());
+    }
   }
 }
