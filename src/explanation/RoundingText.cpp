@@ -31,9 +31,9 @@ std::string MagnitudeText(double share) {
   return "1E" + std::to_string(static_cast<int>(std::lround(std::log10(share))));
 }
 
-class Writer {
+class RoundingWriter {
  public:
-  Writer(const TrussGraph& graph, const Rounding& rounding, const ReportFormat& format)
+  RoundingWriter(const TrussGraph& graph, const Rounding& rounding, const ReportFormat& format)
       : graph_(graph),
         on_(rounding),
         format_(format),
@@ -174,17 +174,17 @@ std::string DifferentReadings(const Rounding& rounding) {
 }
 
 std::string RoundingNotice(const TrussGraph& graph, const Rounding& rounding, const ReportFormat& format) {
-  const Writer writer(graph, rounding, format);
+  const RoundingWriter writer(graph, rounding, format);
   std::string notice;
   for (const std::string& sentence :
        {writer.Outcomes(), writer.WrongNumbers(), writer.NearlyFree(), writer.SureFiguresText()})
-    Writer::AddSentence(notice, sentence);
+    RoundingWriter::AddSentence(notice, sentence);
   return notice;
 }
 
 std::vector<std::string> RoundingParagraphs(const TrussGraph& graph, const Rounding& rounding,
                                             const ReportFormat& format) {
-  const Writer writer(graph, rounding, format);
+  const RoundingWriter writer(graph, rounding, format);
   std::vector<std::string> paragraphs;
   const auto add = [&paragraphs](const std::string& text) {
     if (!text.empty()) paragraphs.push_back(text);
@@ -198,7 +198,7 @@ std::vector<std::string> RoundingParagraphs(const TrussGraph& graph, const Round
   add(outcomes);
   add(writer.WrongNumbers());
   std::string nearlyFree = writer.NearlyFree();
-  Writer::AddSentence(nearlyFree, writer.NearlyFreeAtLength());
+  RoundingWriter::AddSentence(nearlyFree, writer.NearlyFreeAtLength());
   add(nearlyFree);
   add(writer.SureFiguresText());
   return paragraphs;
