@@ -19,15 +19,15 @@
 namespace {
 
 constexpr int Yellow = 14;
-constexpr int BandWidth = 8;         // pixels
+constexpr int MotionBandWidth = 8;   // pixels
 constexpr int MotionArrowWidth = 2;  // pixels
-constexpr float MarginOfPicture = 6;
+constexpr float MarginOfMotion = 6;
 
 // Air around the truss for supports and names, pixels.
-constexpr float WidestBorder = 56;
+constexpr float MotionBorder = 56;
 
 // More names, or arrows closer to each other than this many pixels, would cover everything.
-constexpr int MostNames = 150;
+constexpr int MostNamedJoints = 150;
 constexpr std::size_t MostArrowsAnywhere = 100;
 constexpr float CellOfCrowdedArrow = 24;
 
@@ -62,7 +62,7 @@ TrussExtent WantedExtent(const Truss& truss, double forceScale, const TrussGraph
 }
 
 void ShowJointNames(Drawing& drawing, const Truss& truss, const TextMeasure& measure) {
-  if (truss.NumJoints > MostNames) return;
+  if (truss.NumJoints > MostNamedJoints) return;
   PlaceJointLabels(drawing, truss, measure);
   for (const JointRec& joint : truss.JointsInUse()) {
     if (joint.NameLabel == 0 || truss.Name(joint.NameLabel) == UnnamedCaption) continue;
@@ -119,7 +119,7 @@ void AddMembers(const TrussGraph& graph, const JointPlaces& places, MotionDrawin
 }
 
 // A small displacement keeps its direction, and gets a length that can be seen.
-PixelLine ArrowOf(PixelPoint from, double dx, double dy) {
+PixelLine ArrowFrom(PixelPoint from, double dx, double dy) {
   const double length = std::hypot(dx, dy);
   const double stretch = length > 0 ? std::max(1.0, double{ShortestMotionArrow} / length) : 0;
   return {from.X, from.Y, FiniteSingle(from.X + stretch * dx), FiniteSingle(from.Y + stretch * dy)};
@@ -143,7 +143,7 @@ void AddArrows(const Motion& motion, const JointPlaces& places, double pixelsPer
   for (const JointDisplacement& at : motion.Joints) {
     const PixelPoint from = places.AtRest(at.Joint);
     if (motion.Joints.size() > MostArrowsAnywhere && !crowd.Takes(from)) continue;
-    drawing.Arrows.push_back(ArrowOf(from, pixelsPerUnit * at.Dx, -pixelsPerUnit * at.Dy));
+    drawing.Arrows.push_back(ArrowFrom(from, pixelsPerUnit * at.Dx, -pixelsPerUnit * at.Dy));
   }
 }
 
@@ -202,7 +202,7 @@ Picture PictureIn(const MotionScene& scene, const TextExtent& room, const TextMe
   Picture picture(measure);
   const MotionDrawing drawing = DrawMotion(scene, {0, 0, room.Width, room.Height}, 1, measure);
   PaintMotion(picture, drawing, scene.Graph);
-  picture.Crop(MarginOfPicture);
+  picture.Crop(MarginOfMotion);
   return picture;
 }
 
@@ -223,10 +223,10 @@ MotionDrawing DrawMotion(const MotionScene& scene, const PixelRect& room, double
   drawing.Objects.Mapping =
       MappingInto(WantedExtent(scene.Stressed != nullptr ? drawing.Shown : scene.Document,
                                drawing.Shown.Settings.ForceScale, scene.Graph, scene.Moves != nullptr),
-                  room, WidestBorder);
+                  room, MotionBorder);
   PlaceTruss(drawing.Objects, drawing.Shown, scene.NamesOfForces, measure);
   if (scene.Moves != nullptr) AddMotion(scene, size, held, drawing);
-  if (drawing.Shown.NumJoints <= MostNames) ClearNames(scene, LargestSwing * size, drawing);
+  if (drawing.Shown.NumJoints <= MostNamedJoints) ClearNames(scene, LargestSwing * size, drawing);
   if (scene.Stressed != nullptr) {
     drawing.Marks = MarksOf(*scene.Stressed, scene.Graph, drawing.Objects.Mapping, scene.Format, measure);
   }
@@ -234,7 +234,7 @@ MotionDrawing DrawMotion(const MotionScene& scene, const PixelRect& room, double
 }
 
 void PaintMotion(Surface& surface, const MotionDrawing& drawing, const TrussGraph& graph) {
-  DrawLines(surface, drawing.Moved, BandWidth, Yellow);
+  DrawLines(surface, drawing.Moved, MotionBandWidth, Yellow);
   DrawLines(surface, drawing.AtRest, 1, DarkGrey);
   PaintStressBands(surface, drawing.Marks, graph);
   PaintDrawing(surface, drawing.Objects, drawing.Shown);

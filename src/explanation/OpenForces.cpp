@@ -7,11 +7,10 @@
 #include <utility>
 
 #include "analysis/Elimination.h"
+#include "explanation/At.h"
 #include "explanation/RigidityMatrix.h"
 
 namespace {
-
-std::size_t At(int index) { return static_cast<std::size_t>(index); }
 
 template <class Field>
 class FreeChooser {
