@@ -267,6 +267,21 @@ TEST_F(MainFormLearn, OpensBesideTheOtherWindowsOnTheScreen) {
   EXPECT_NE(Why().frameGeometry().topLeft(), Checks().frameGeometry().topLeft());
 }
 
+TEST_F(MainFormLearn, AllItsWindowsOpenWholeAndLargeEnoughToBeRead) {
+  Started();
+  OpenInStep3(Parallelogram());
+  for (const char* entry : {"mnuLearnWhy", "mnuLearnCheck", "mnuLearnForces", "mnuLearnByJoint"}) {
+    SCOPED_TRACE(entry);
+    Trigger(entry);
+    const QWidget* window = QApplication::activeWindow();
+    ASSERT_NE(window, form_.get());
+    const QRect screen = window->screen()->availableGeometry();
+    EXPECT_TRUE(screen.contains(window->frameGeometry()));
+    EXPECT_GE(window->height(), entry == std::string("mnuLearnCheck") ? 170 : 300);
+    EXPECT_GE(window->width(), 300);
+  }
+}
+
 // In the order in which they are asked for, none hides another.
 TEST_F(MainFormLearn, TheSecondWindowLeavesTheTitleOfTheFirstFree) {
   Started();
