@@ -272,9 +272,17 @@ TEST_F(MainFormLearn, AllItsWindowsOpenWholeAndLargeEnoughToBeRead) {
   OpenInStep3(Parallelogram());
   for (const char* entry : {"mnuLearnWhy", "mnuLearnCheck", "mnuLearnForces", "mnuLearnByJoint"}) {
     SCOPED_TRACE(entry);
+    const auto shown = [] {
+      QWidgetList windows = QApplication::topLevelWidgets();
+      windows.removeIf([](const QWidget* window) { return !window->isVisible(); });
+      return windows;
+    };
+    const QWidgetList before = shown();
     Trigger(entry);
-    const QWidget* window = QApplication::activeWindow();
-    ASSERT_NE(window, form_.get());
+    QWidgetList opened = shown();
+    opened.removeIf([&](QWidget* window) { return before.contains(window); });
+    ASSERT_EQ(opened.size(), 1);
+    const QWidget* window = opened.first();
     const QRect screen = window->screen()->availableGeometry();
     EXPECT_TRUE(screen.contains(window->frameGeometry()));
     EXPECT_GE(window->height(), entry == std::string("mnuLearnCheck") ? 170 : 300);
