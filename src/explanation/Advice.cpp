@@ -60,7 +60,7 @@ class Adviser {
   void JoinEnds() {
     int numTried = 0;
     near_.ForEachPair(graph_.Joints, [&](int first, int second) {
-      if (joined_.contains({first, second})) return true;
+      if (joined_.contains({first, second}) || !IsAGap(first, second)) return true;
       TrussGraph joined = graph_;
       for (PlacedUnknown& unknown : joined.Unknowns.First(joined.NumUnknowns())) {
         if (unknown.JointA == second) unknown.JointA = first;
@@ -71,6 +71,17 @@ class Adviser {
       if (stops > 0)
         advice_.push_back({.Kind = AdviceKind::JoinEnds, .JointA = first, .JointB = second, .Stops = stops});
       return ++numTried < MostAdvice;
+    });
+  }
+
+  // Beside the members that end there; in a drawing of many small ones all joints are near each other.
+  bool IsAGap(int first, int second) const {
+    constexpr double oneQuarter = 0.25 * 0.25;
+    const double gap = SquaredLength(graph_, first, second);
+    return std::ranges::none_of(joined_, [&](const std::pair<int, int>& member) {
+      const auto [a, b] = member;
+      const bool endsThere = a == first || b == first || a == second || b == second;
+      return endsThere && gap > oneQuarter * SquaredLength(graph_, a, b);
     });
   }
 

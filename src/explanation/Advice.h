@@ -35,7 +35,8 @@ inline constexpr int MostReactionsAdvised = 3;
 inline constexpr int MostRollersTurned = 3;
 
 /// In this order:
-/// Ends that nearly meet, without a member between them, to be joined where that stops a motion.
+/// Ends that nearly meet, not farther apart than a quarter of any member that ends there and without a member
+/// between them, to be joined where that stops a motion.
 /// Rollers that stand alone to be turned where that does.
 /// Rollers to be added for the motions of the whole truss. One is advised where no support stands; where all
 /// that move have one, at a joint with a roller along the other axis.

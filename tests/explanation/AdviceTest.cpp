@@ -217,6 +217,15 @@ TEST(Advice, EndsAreNotJoinedWhereThatStopsNothingOrAMemberIsBetweenThem) {
               Not(Contains(testing::StartsWith("join"))));
 }
 
+// The mouse would join them, but as seen from their members they are far apart.
+TEST(Advice, EndsOfShortMembersAreNotJoinedAcrossAsMuchAsAQuarterOfThem) {
+  const auto apart = [](float gap) {
+    return TrussBuilder().Member(5, 5, 5, 6).Clamp(5, 5).Member(5 + gap, 6, 6 + gap, 6).Clamp(6 + gap, 6);
+  };
+  EXPECT_THAT(AdviceOn(apart(0.2F)), Contains("join 5,6 and 5.2,6"));
+  EXPECT_THAT(AdviceOn(apart(0.3F)), Not(Contains(testing::StartsWith("join"))));
+}
+
 TEST(Advice, NoMemberIsAdvisedThatLiesOnAnother) {
   // The long member passes over the joint (4, 0), at which two others meet; from there a member to either of
   // its ends would lie on it.
