@@ -74,15 +74,13 @@ void WriteMotions(JsonStream& list, const Explanation& explanation, const Report
 }
 
 void WriteSelfStresses(JsonStream& list, const Explanation& explanation, const ReportFormat& format) {
+  const MotionTeller teller(explanation.Graph, format);
   for (const SelfStress& stress : explanation.Exact.SelfStresses) {
     JsonList forces('[');
     for (const UnknownForce& force : stress.Forces) {
       forces.Item(JsonList('{').Key("Unknown", force.Unknown).Key("Value", force.Value).Text());
     }
-    list.Item(JsonList('{')
-                  .Key("forces", forces.Text())
-                  .Key("text", JsonName(SelfStressText(explanation.Graph, stress, format)))
-                  .Text());
+    list.Item(JsonList('{').Key("forces", forces.Text()).Key("text", JsonName(teller.Text(stress))).Text());
   }
 }
 

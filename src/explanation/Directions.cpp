@@ -1,15 +1,6 @@
 #include "explanation/Directions.h"
 
-#include <algorithm>
 #include <cmath>
-
-namespace {
-
-constexpr double OfTheSize = 1e7;
-
-std::int64_t CellOf(double at, double size) { return static_cast<std::int64_t>(std::floor(at / size)); }
-
-}  // namespace
 
 std::string ListOf(const std::vector<std::string>& items, std::size_t most) {
   std::string list;
@@ -39,45 +30,14 @@ std::string DirectionText(double dx, double dy) {
 }
 
 std::string PairText(double x, double y, const ReportFormat& format) {
-  std::string text = "(";
-  text += FormatSigFigs(x, format);
-  text += format.Numbers.DecimalSeparator == "," ? "; " : ", ";
-  text += FormatSigFigs(y, format);
-  return text + ")";
+  return PairOf(FormatSigFigs(x, format), FormatSigFigs(y, format), format);
 }
 
-PointNamer::PointNamer(const TrussGraph& graph, const ReportFormat& format) : graph_(graph), format_(format) {
-  double size = 0;
-  for (const PlacedJoint& joint : graph.Joints.First(graph.NumJoints()))
-    size = std::max({size, std::abs(double{joint.X}), std::abs(double{joint.Y})});
-  near_ = size / OfTheSize;
-  if (near_ == 0) return;
-  for (int j = 1; j <= graph.NumJoints(); ++j) {
-    const PlacedJoint& joint = graph.Joints[j];
-    places_.push_back({CellOf(joint.X, near_), CellOf(joint.Y, near_), j});
-  }
-  std::ranges::sort(places_);
+std::string PairOf(const std::string& x, const std::string& y, const ReportFormat& format) {
+  return '(' + x + (format.Numbers.DecimalSeparator == "," ? "; " : ", ") + y + ')';
 }
 
-std::string PointNamer::Text(double x, double y) const {
-  const int joint = JointAt(x, y);
-  return joint != 0 ? "joint " + graph_.Joints[joint].Name : "the point " + PairText(x, y, format_);
-}
-
-// 0 when there is none. What is near stands in the same or a neighbouring cell.
-int PointNamer::JointAt(double x, double y) const {
-  const double farthest = 2 * OfTheSize * near_;
-  if (near_ == 0 || !(std::abs(x) < farthest && std::abs(y) < farthest)) return 0;
-  int first = 0;
-  const std::int64_t row = CellOf(y, near_);
-  for (std::int64_t column = CellOf(x, near_) - 1; column <= CellOf(x, near_) + 1; ++column) {
-    const auto begin = std::ranges::lower_bound(places_, Place{column, row - 1, 0});
-    for (auto place = begin; place != places_.end() && place->Column == column && place->Row <= row + 1;
-         ++place) {
-      const PlacedJoint& joint = graph_.Joints[place->Joint];
-      const bool isThere = std::abs(joint.X - x) < near_ && std::abs(joint.Y - y) < near_;
-      if (isThere && (first == 0 || place->Joint < first)) first = place->Joint;
-    }
-  }
-  return first;
+std::string Capital(std::string text) {
+  if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
+  return text;
 }

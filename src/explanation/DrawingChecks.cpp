@@ -10,13 +10,29 @@
 #include "canvas/DoLabel.h"
 #include "document/JointList.h"
 #include "explanation/Directions.h"
+#include "explanation/DistinctNames.h"
 #include "explanation/RigidityMatrix.h"
 
 namespace {
 
-std::string Capital(std::string text) {
-  text[0] = static_cast<char>(text[0] - 'a' + 'A');
-  return text;
+// The joints and the members in use, with their names.
+TrussGraph DrawnGraph(const Truss& truss) {
+  TrussGraph graph;
+  graph.Joints.Resize(truss.NumJoints);
+  std::unordered_map<PositionKey, int, PositionHash> jointAt;
+  for (int j = 1; j <= truss.NumJoints; ++j) {
+    const JointRec& joint = truss.Joints[j];
+    graph.Joints[j] = {joint.X, joint.Y, truss.Name(joint.NameLabel)};
+    jointAt.emplace(PositionKey(joint.X, joint.Y), j);
+  }
+  for (const MemberRec& member : truss.MembersInUse()) {
+    if (!member.Live) continue;
+    graph.Unknowns.Resize(graph.NumUnknowns() + 1);
+    graph.Unknowns[graph.NumUnknowns()] = {.JointA = jointAt.at(PositionKey(member.X1, member.Y1)),
+                                           .JointB = jointAt.at(PositionKey(member.X2, member.Y2)),
+                                           .Name = truss.Name(member.NameLabel1)};
+  }
+  return graph;
 }
 
 class Checker {
@@ -25,9 +41,14 @@ class Checker {
       : truss_(truss),
         where_(where),
         format_(format),
+        graph_(DrawnGraph(truss)),
+        names_(graph_, format),
+        unknownOf_(truss.NumMembers),
         thousandth_(std::abs(double{truss.Settings.XMax} - double{truss.Settings.XMin}) / 1000) {
     for (int m = 1; m <= truss.NumMembers; ++m) {
-      if (truss.Members[m].Live) members_.push_back(m);
+      if (!truss.Members[m].Live) continue;
+      members_.push_back(m);
+      unknownOf_[m] = static_cast<int>(members_.size());
     }
     for (int j = 1; j <= truss.NumJoints; ++j) {
       jointAt_.emplace(PositionKey(truss.Joints[j].X, truss.Joints[j].Y), j);
@@ -75,10 +96,7 @@ class Checker {
     const auto found = jointAt_.find(PositionKey(x, y));
     return found == jointAt_.end() ? 0 : found->second;
   }
-  std::string JointName(int joint) const { return "joint " + truss_.Name(truss_.Joints[joint].NameLabel); }
-  std::string MemberName(int member) const {
-    return "member " + truss_.Name(truss_.Members[member].NameLabel1);
-  }
+  std::string MemberName(int member) const { return "member " + names_.Member(unknownOf_[member]); }
   std::string At(float x, float y) const { return " at " + PairText(x, y, format_); }
 
   // Joints in cells as large as the distance looked for: what is near stands in the same or a neighbouring
@@ -105,9 +123,7 @@ class Checker {
       std::ranges::sort(near);
       for (const int other : near) {
         if (!TellPair(CheckKind::NearEnds, joint.X, joint.Y,
-                      "Joints " + truss_.Name(truss_.Joints[other].NameLabel) +
-                          At(truss_.Joints[other].X, truss_.Joints[other].Y) + " and " +
-                          truss_.Name(joint.NameLabel) + At(joint.X, joint.Y) +
+                      "Joints " + names_.WithPlace(other) + " and " + names_.WithPlace(j) +
                           " nearly meet, but they are two joints."))
           return;
       }
@@ -138,7 +154,7 @@ class Checker {
         const double aside = std::abs(toX * y - toY * x) / length;
         if (aside > thousandth_ || along <= thousandth_ || along >= length - thousandth_) continue;
         if (!TellPair(CheckKind::ThroughJoint, joint.X, joint.Y,
-                      Capital(MemberName(m)) + " passes through " + JointName(j) + At(joint.X, joint.Y) +
+                      Capital(MemberName(m)) + " passes through " + names_.JointWithPlace(j) +
                           ", where it does not end: it is not connected there."))
           return;
       }
@@ -194,8 +210,7 @@ class Checker {
     for (const SupportRec& support : truss_.SupportsInUse()) {
       if (!support.Live || places.insert({support.X, support.Y}).second) continue;
       Tell(CheckKind::CoincidentSupports, support.X, support.Y,
-           "More than one support stands at " + JointName(JointAt(support.X, support.Y)) +
-               At(support.X, support.Y) + ".");
+           "More than one support stands at " + names_.JointWithPlace(JointAt(support.X, support.Y)) + ".");
     }
   }
 
@@ -226,7 +241,7 @@ class Checker {
     for (int j = 1; j <= truss_.NumJoints; ++j) {
       if (numMembersAt_[static_cast<std::size_t>(j)] != 1 || supported.contains(j)) continue;
       Tell(CheckKind::SingleMemberJoint, truss_.Joints[j].X, truss_.Joints[j].Y,
-           Capital(JointName(j)) + At(truss_.Joints[j].X, truss_.Joints[j].Y) +
+           Capital(names_.JointWithPlace(j)) +
                " has one member and no support: only a load along the member can be in balance there.");
     }
   }
@@ -259,7 +274,10 @@ class Checker {
   const Truss& truss_;
   DrawnWhere where_;
   const ReportFormat& format_;
-  double thousandth_;  // of the drawing's width, world units
+  TrussGraph graph_;
+  DistinctNames names_;
+  Table<int> unknownOf_;  // by member: its number in the graph
+  double thousandth_;     // of the drawing's width, world units
   std::vector<int> members_;
   std::unordered_map<PositionKey, int, PositionHash> jointAt_;
   std::vector<int> numMembersAt_;  // by joint

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "explanation/Directions.h"
+#include "explanation/DistinctNames.h"
 #include "explanation/MotionText.h"
 #include "explanation/RigidityMatrix.h"
 #include "explanation/RoundingText.h"
@@ -14,10 +15,6 @@ constexpr std::size_t MostStates = 12;
 std::string Motions(int count) { return Counted(count, "independent motion", "independent motions"); }
 std::string States(int count) { return Counted(count, "state of self-stress", "states of self-stress"); }
 
-std::string EquationName(const TrussGraph& graph, int joint, Axis axis) {
-  return graph.Joints[joint].Name + (axis == Axis::X ? " - x" : " - y");
-}
-
 std::string Difference(int number, int other) {
   return std::to_string(number) + " - " + std::to_string(other) + " = " + std::to_string(number - other);
 }
@@ -25,7 +22,11 @@ std::string Difference(int number, int other) {
 class Writer {
  public:
   Writer(const Explanation& explanation, const ReportFormat& format)
-      : on_(explanation), graph_(explanation.Graph), verdict_(explanation.Exact.Verdict), format_(format) {}
+      : on_(explanation),
+        graph_(explanation.Graph),
+        verdict_(explanation.Exact.Verdict),
+        format_(format),
+        names_(graph_, format) {}
 
   std::vector<ExplanationSection> All() {
     Add(KindHeading, KindParagraphs());
@@ -101,15 +102,15 @@ class Writer {
   }
 
   std::string DeterminedText() const {
-    std::vector<std::string> determined;
-    std::vector<std::string> open;
+    std::vector<int> determined;
+    std::vector<int> open;
     for (int k = 1; k <= graph_.NumUnknowns(); ++k) {
       const bool is = std::ranges::binary_search(verdict_.Determined, k);
-      (is ? determined : open).push_back(graph_.Unknowns[k].Name);
+      (is ? determined : open).push_back(k);
     }
-    std::string left = "Left open by the equations: " + ListOf(open, 24) + ".";
+    std::string left = "Left open by the equations: " + names_.Forces(open, 24) + ".";
     if (determined.empty()) return left;
-    return "Determined whatever the others are: " + ListOf(determined, 24) + ".  " + left;
+    return "Determined whatever the others are: " + names_.Forces(determined, 24) + ".  " + left;
   }
 
   std::vector<std::string> MotionParagraphs() const {
@@ -138,7 +139,7 @@ class Writer {
     std::vector<std::string> terms;
     for (const WeightedEquation& equation : proof.Equations) {
       terms.push_back(Factor(equation.Factor) + " times the equation " +
-                      EquationName(graph_, equation.Joint, equation.Along));
+                      names_.Equation(equation.Joint, equation.Along));
     }
     std::vector<std::string> paragraphs = {
         "These equations, each times its factor, add up to 0 on the left and to " + Number(proof.Sum) +
@@ -168,7 +169,7 @@ class Writer {
       std::string left;
       for (const std::string& term : terms) left += (left.empty() ? "" : " + ") + term;
       const double load = loads[static_cast<std::size_t>(ColumnOf(equation.Joint, equation.Along))];
-      paragraphs.push_back("Equation " + EquationName(graph_, equation.Joint, equation.Along) + ":  " +
+      paragraphs.push_back("Equation " + names_.Equation(equation.Joint, equation.Along) + ":  " +
                            (left.empty() ? "0" : left) + " = " + Number(load == 0 ? 0 : -load) + ",  times " +
                            Factor(equation.Factor));
     }
@@ -178,7 +179,7 @@ class Writer {
     const PlacedUnknown& unknown = graph_.Unknowns[k];
     if (!unknown.IsMember()) {
       if (unknown.JointA != equation.Joint || unknown.Along != equation.Along || unknown.Sign == 0) return;
-      terms.push_back((unknown.Sign < 0 ? "(-1) " : "") + unknown.Name);
+      terms.push_back((unknown.Sign < 0 ? "(-1) " : "") + names_.Force(k));
       return;
     }
     if (unknown.JointA != equation.Joint && unknown.JointB != equation.Joint) return;
@@ -187,15 +188,15 @@ class Writer {
         graph_.Joints[unknown.JointA == equation.Joint ? unknown.JointB : unknown.JointA];
     const double difference =
         equation.Along == Axis::X ? WrittenDifference(here.X, there.X) : WrittenDifference(here.Y, there.Y);
-    if (difference != 0) terms.push_back("(" + Number(difference) + ") q(" + unknown.Name + ")");
+    if (difference != 0) terms.push_back("(" + Number(difference) + ") q(" + names_.Member(k) + ")");
   }
 
   std::vector<std::string> StressParagraphs() const {
     std::vector<std::string> paragraphs;
     const std::vector<SelfStress>& states = on_.Exact.SelfStresses;
+    const MotionTeller teller(graph_, format_);
     for (std::size_t i = 0; i < std::min(states.size(), MostStates); ++i) {
-      paragraphs.push_back("Self-stress " + std::to_string(i + 1) + ".  " +
-                           SelfStressText(graph_, states[i], format_));
+      paragraphs.push_back("Self-stress " + std::to_string(i + 1) + ".  " + teller.Text(states[i]));
     }
     if (states.size() > MostStates) {
       paragraphs.push_back("There are " + std::to_string(states.size() - MostStates) + " further states.");
@@ -216,10 +217,9 @@ class Writer {
       if (advice.Kind == AdviceKind::Remove) {
         removals.push_back(RemovalText(advice.Unknown));
       } else if (advice.Kind == AdviceKind::AddMember) {
-        additions.push_back("a member between joints " + graph_.Joints[advice.JointA].Name + " and " +
-                            graph_.Joints[advice.JointB].Name);
+        additions.push_back("a member between " + names_.Joints({advice.JointA, advice.JointB}));
       } else {
-        additions.push_back("a roller at joint " + graph_.Joints[advice.JointA].Name + " that holds it " +
+        additions.push_back("a roller at " + names_.JointInWords(advice.JointA) + " that holds it " +
                             (advice.Along == Axis::X ? "sideways" : "up and down") +
                             (IsSupported(graph_, advice.JointA) ? " (a clamp in place of its roller)" : ""));
       }
@@ -242,11 +242,11 @@ class Writer {
   // A clamp without one of its reactions is a roller, and a roller without its own is nothing.
   std::string RemovalText(int k) const {
     const PlacedUnknown& unknown = graph_.Unknowns[k];
-    if (unknown.IsMember()) return unknown.Name;
-    const std::string& joint = graph_.Joints[unknown.JointA].Name;
-    return "the reaction " + unknown.Name +
-           (IsSupported(graph_, unknown.JointA, k) ? " (a roller is enough at joint " + joint + ")"
-                                                   : " (the roller at joint " + joint + ")");
+    if (unknown.IsMember()) return names_.Force(k);
+    const std::string joint = names_.JointInWords(unknown.JointA);
+    return names_.ReactionInWords(k) + (IsSupported(graph_, unknown.JointA, k)
+                                            ? " (a roller is enough at " + joint + ")"
+                                            : " (the roller at " + joint + ")");
   }
 
   // The search ends when it has enough.
@@ -264,6 +264,7 @@ class Writer {
   const TrussGraph& graph_;
   const ExactVerdict& verdict_;
   const ReportFormat& format_;
+  DistinctNames names_;
   std::vector<ExplanationSection> sections_;
 };
 

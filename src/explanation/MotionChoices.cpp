@@ -1,23 +1,24 @@
 #include "explanation/MotionChoices.h"
 
 #include "explanation/Directions.h"
+#include "explanation/DistinctNames.h"
 #include "explanation/MotionText.h"
 
 namespace {
 
 constexpr std::size_t MostNames = 4;
 
-std::string MotionTitle(const TrussGraph& graph, const Motion& motion) {
+std::string MotionTitle(const DistinctNames& joints, const Motion& motion) {
   if (motion.Kind == MotionKind::Rigid) return "the whole truss moves";
   std::vector<std::string> names;
-  for (const JointDisplacement& at : motion.Joints) names.push_back(graph.Joints[at.Joint].Name);
+  for (const JointDisplacement& at : motion.Joints) names.push_back(joints.Joint(at.Joint));
   return ListOf(names, MostNames) + (names.size() == 1 ? " moves" : " move");
 }
 
-std::string SelfStressTitle(const TrussGraph& graph, const SelfStress& stress) {
-  std::vector<std::string> names;
-  for (const UnknownForce& force : stress.Forces) names.push_back(graph.Unknowns[force.Unknown].Name);
-  return ListOf(names, MostNames);
+std::string SelfStressTitle(const DistinctNames& names, const SelfStress& stress) {
+  std::vector<int> unknowns;
+  for (const UnknownForce& force : stress.Forces) unknowns.push_back(force.Unknown);
+  return names.Forces(unknowns, MostNames);
 }
 
 template <class Item>
@@ -29,19 +30,21 @@ const Item* NumberIn(const std::vector<Item>& items, int number) {
 
 }  // namespace
 
-std::vector<MotionChoice> MotionChoices(const TrussGraph& graph, const ExactReasons& reasons) {
+std::vector<MotionChoice> MotionChoices(const TrussGraph& graph, const ExactReasons& reasons,
+                                        const ReportFormat& format) {
+  const DistinctNames names(graph, format);
   std::vector<MotionChoice> choices;
   int number = 0;
   for (const Motion& motion : reasons.Motions) {
     ++number;
     choices.push_back({MotionChoice::Kind::Motion, number,
-                       "Motion " + std::to_string(number) + ": " + MotionTitle(graph, motion)});
+                       "Motion " + std::to_string(number) + ": " + MotionTitle(names, motion)});
   }
   number = 0;
   for (const SelfStress& stress : reasons.SelfStresses) {
     ++number;
     choices.push_back({MotionChoice::Kind::SelfStress, number,
-                       "Self-stress " + std::to_string(number) + ": " + SelfStressTitle(graph, stress)});
+                       "Self-stress " + std::to_string(number) + ": " + SelfStressTitle(names, stress)});
   }
   return choices;
 }

@@ -16,7 +16,8 @@ struct MotionChoice {
 };
 
 /// First the motions, then the states of self-stress.
-std::vector<MotionChoice> MotionChoices(const TrussGraph& graph, const ExactReasons& reasons);
+std::vector<MotionChoice> MotionChoices(const TrussGraph& graph, const ExactReasons& reasons,
+                                        const ReportFormat& format);
 
 /// The motion or state that was chosen; null for a choice of the other kind.
 const Motion* MotionOf(const MotionChoice& choice, const ExactReasons& reasons);

@@ -3,25 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "explanation/Directions.h"
+
 namespace {
-
-std::string NamesOf(const TrussGraph& graph, const std::vector<int>& unknowns) {
-  std::vector<std::string> names;
-  names.reserve(unknowns.size());
-  for (const int k : unknowns) names.push_back(graph.Unknowns[k].Name);
-  return ListOf(names);
-}
-
-std::string JointsText(const TrussGraph& graph, const Motion& motion, const ReportFormat& format) {
-  std::vector<std::string> moves;
-  for (const JointDisplacement& at : motion.Joints) {
-    moves.push_back(graph.Joints[at.Joint].Name + " " + DirectionText(at.Dx, at.Dy) + " by " +
-                    PairText(at.Dx, at.Dy, format));
-  }
-  const bool one = motion.Joints.size() == 1;
-  return std::string(one ? "Joint " : "Joints move: ") + ListOf(moves, 8) +
-         (one ? "; all others stand still." : ".");
-}
 
 const char* ExtentText(MotionExtent extent) {
   switch (extent) {
@@ -38,11 +22,24 @@ const char* ExtentText(MotionExtent extent) {
 }  // namespace
 
 MotionTeller::MotionTeller(const TrussGraph& graph, const ReportFormat& format)
-    : graph_(graph), format_(format), pieces_(graph), points_(graph, format) {}
+    : graph_(graph), format_(format), pieces_(graph), names_(graph, format) {}
+
+std::string MotionTeller::JointsText(const Motion& motion) const {
+  const auto by = [this](const JointDisplacement& at) {
+    return ' ' + DirectionText(at.Dx, at.Dy) + " by " + PairText(at.Dx, at.Dy, format_);
+  };
+  if (motion.Joints.size() == 1) {
+    const JointDisplacement& at = motion.Joints.front();
+    return Capital(names_.JointInWords(at.Joint)) + by(at) + "; all others stand still.";
+  }
+  std::vector<std::string> moves;
+  for (const JointDisplacement& at : motion.Joints) moves.push_back(names_.Joint(at.Joint) + by(at));
+  return "Joints move: " + ListOf(moves, 8) + '.';
+}
 
 std::string MotionTeller::TurnText(const MovingPiece& piece) const {
   return std::string(piece.Anticlockwise ? "anticlockwise" : "clockwise") + " about " +
-         points_.Text(piece.CentreX, piece.CentreY);
+         names_.Point(piece.CentreX, piece.CentreY);
 }
 
 std::string MotionTeller::RigidText(const Motion& motion, const std::vector<MovingPiece>& pieces) const {
@@ -58,7 +55,7 @@ std::string MotionTeller::RigidText(const Motion& motion, const std::vector<Movi
 
 std::string MotionTeller::PieceText(const MovingPiece& piece) const {
   const bool one = piece.Members.size() == 1;
-  const std::string members = (one ? "Member " : "Members ") + NamesOf(graph_, piece.Members);
+  const std::string members = names_.Members(piece.Members);
   const std::string together = one ? " " : " together as one piece ";
   if (piece.Turns) return members + (one ? " turns" : " turn") + together + TurnText(piece) + ".";
   return members + (one ? " slides" : " slide") + together + DirectionText(piece.Dx, piece.Dy) + ".";
@@ -71,7 +68,7 @@ std::string MotionTeller::Text(const Motion& motion) {
   if (motion.Kind == MotionKind::Rigid) {
     text = RigidText(motion, pieces);
   } else {
-    text = JointsText(graph_, motion, format_);
+    text = JointsText(motion);
     for (std::size_t i = 0; i < std::min(pieces.size(), mostPieces); ++i) text += "  " + PieceText(pieces[i]);
     if (pieces.size() > mostPieces) {
       const int further = static_cast<int>(pieces.size() - mostPieces);
@@ -83,24 +80,24 @@ std::string MotionTeller::Text(const Motion& motion) {
                                  : "  The loads do no work on it, so they do not drive it.");
 }
 
+std::string MotionTeller::Text(const SelfStress& stress) const {
+  std::vector<int> unknowns;
+  std::vector<std::string> pairs;
+  for (const UnknownForce& force : stress.Forces) {
+    unknowns.push_back(force.Unknown);
+    pairs.push_back(names_.Force(force.Unknown) + " = " + FormatSigFigs(force.Value, format_));
+  }
+  const std::string who = names_.ForcesAtStart(unknowns);
+  if (unknowns.size() == 1)
+    return who + " stands in no equation: it may have any value, whatever the others have.";
+  return who + " hang together: forces in the proportions " + ListOf(pairs) +
+         " (compression positive) are in balance without any load.";
+}
+
 std::string MotionText(const TrussGraph& graph, const Motion& motion, const ReportFormat& format) {
   return MotionTeller(graph, format).Text(motion);
 }
 
 std::string SelfStressText(const TrussGraph& graph, const SelfStress& stress, const ReportFormat& format) {
-  std::vector<int> unknowns;
-  std::vector<std::string> values;
-  for (const UnknownForce& force : stress.Forces) {
-    unknowns.push_back(force.Unknown);
-    values.push_back(FormatSigFigs(force.Value, format));
-  }
-  if (unknowns.size() == 1) {
-    return graph.Unknowns[unknowns.front()].Name +
-           " stands in no equation: it may have any value, whatever the others have.";
-  }
-  std::vector<std::string> pairs;
-  for (std::size_t i = 0; i < unknowns.size(); ++i)
-    pairs.push_back(graph.Unknowns[unknowns[i]].Name + " = " + values[i]);
-  return NamesOf(graph, unknowns) + " hang together: forces in the proportions " + ListOf(pairs) +
-         " (compression positive) are in balance without any load.";
+  return MotionTeller(graph, format).Text(stress);
 }

@@ -5,12 +5,12 @@
 #include <vector>
 
 #include "analysis/FormatSigFigs.h"
-#include "explanation/Directions.h"
+#include "explanation/DistinctNames.h"
 #include "explanation/Motions.h"
 #include "explanation/MovingPieces.h"
 #include "explanation/TrussGraph.h"
 
-/// Tells the motions of a truss, one after the other.
+/// Tells the motions and the states of self-stress of a truss, one after the other.
 class MotionTeller {
  public:
   /// Both must outlive it.
@@ -20,7 +20,11 @@ class MotionTeller {
   /// whether the loads drive it. A single-byte text of a few sentences.
   std::string Text(const Motion& motion);
 
+  /// Which unknowns hang together, and in what proportions.
+  std::string Text(const SelfStress& stress) const;
+
  private:
+  std::string JointsText(const Motion& motion) const;
   std::string RigidText(const Motion& motion, const std::vector<MovingPiece>& pieces) const;
   std::string PieceText(const MovingPiece& piece) const;
   std::string TurnText(const MovingPiece& piece) const;
@@ -28,11 +32,11 @@ class MotionTeller {
   const TrussGraph& graph_;
   ReportFormat format_;
   PieceFinder pieces_;
-  PointNamer points_;
+  DistinctNames names_;
 };
 
 /// The text of a single motion.
 std::string MotionText(const TrussGraph& graph, const Motion& motion, const ReportFormat& format);
 
-/// Which unknowns hang together, and in what proportions.
+/// The text of a single state.
 std::string SelfStressText(const TrussGraph& graph, const SelfStress& stress, const ReportFormat& format);

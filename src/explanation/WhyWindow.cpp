@@ -134,7 +134,7 @@ void WhyWindow::ShowExplanation(std::shared_ptr<const Truss> truss,
   truss_ = std::move(truss);
   explanation_ = std::move(explanation);
   format_ = format;
-  choices_ = MotionChoices(explanation_->Graph, explanation_->Exact);
+  choices_ = MotionChoices(explanation_->Graph, explanation_->Exact, format_);
   txtWhy_->setFont(LettersAt96(*this, points));
   WriteText(WhyText(*explanation_, format_));
   {

@@ -54,6 +54,26 @@ TEST(DrawingChecks, EndsThatNearlyMeetAreTwoJoints) {
   EXPECT_THAT(Check(apart(0.5F), 0.43F), ElementsAre(Found(CheckKind::SingleMemberJoint, "Joint D")));
 }
 
+TEST(DrawingChecks, WhatHasNoNameIsToldByItsPlace) {
+  const auto checks = Check(TrussBuilder()
+                                .Member(4, 4, 8, 4)
+                                .Member(8, 4, 6, 6)
+                                .Member(6, 6, 4, 4)
+                                .Member(6, 4, 6, 6)
+                                .Member(8.02F, 4, 10, 6)
+                                .Clamp(4, 4)
+                                .Roller(4, 4));
+  EXPECT_THAT(
+      checks,
+      ElementsAre(
+          Found(CheckKind::NearEnds, "Joints (8, 4) and (8.02, 4) nearly meet"),
+          Found(CheckKind::ThroughJoint, "Member (4, 4) to (8, 4) passes through the joint at (6, 4), "),
+          Found(CheckKind::CoincidentSupports, "More than one support stands at the joint at (4, 4)."),
+          Found(CheckKind::SingleMemberJoint, "The joint at (6, 4) has one member"),
+          Found(CheckKind::SingleMemberJoint, "The joint at (8.02, 4) has one member"),
+          Found(CheckKind::SingleMemberJoint, "The joint at (10, 6) has one member")));
+}
+
 TEST(DrawingChecks, AJointWithOneMemberNeedsASupport) {
   const auto leg = Sound().Member(6, 6, 6, 8, "leg").Joint(6, 8, "foot");
   EXPECT_THAT(Check(leg),

@@ -41,7 +41,7 @@ Explained ParallelogramOnABar() {
 
 TEST(MotionChoices, AreTheMotionsAndThenTheStatesOfSelfStress) {
   const Explained truss = ParallelogramOnABar();
-  const auto choices = MotionChoices(truss.Reasons.Graph, truss.Reasons.Exact);
+  const auto choices = MotionChoices(truss.Reasons.Graph, truss.Reasons.Exact, {});
   EXPECT_THAT(choices, ElementsAre(Field(&MotionChoice::Title, "Motion 1: P and Q move"),
                                    Field(&MotionChoice::Title, "Self-stress 1: x1, x2 and bar")));
   EXPECT_EQ(MotionOf(choices[0], truss.Reasons.Exact), &truss.Reasons.Exact.Motions[0]);
@@ -60,7 +60,7 @@ TEST(MotionChoices, AMotionThatThereIsNotIsNone) {
 
 TEST(MotionChoices, AreDescribedInWords) {
   const Explained truss = ParallelogramOnABar();
-  const auto choices = MotionChoices(truss.Reasons.Graph, truss.Reasons.Exact);
+  const auto choices = MotionChoices(truss.Reasons.Graph, truss.Reasons.Exact, {});
   const auto describe = [&](const MotionChoice* choice) {
     return DescribeChoice(choice, truss.Reasons.Graph, truss.Reasons.Exact, {});
   };
@@ -77,7 +77,7 @@ TEST(MotionChoices, AreDescribedInWords) {
 
 TEST(MotionChoices, TheWholeTrussIsNotNamedJointByJoint) {
   const Explained truss(TrussBuilder().Member(0, 0, 4, 0, "m").Roller(0, 0, "r").Roller(4, 0, "s"));
-  const auto choices = MotionChoices(truss.Reasons.Graph, truss.Reasons.Exact);
+  const auto choices = MotionChoices(truss.Reasons.Graph, truss.Reasons.Exact, {});
   ASSERT_THAT(choices, Not(IsEmpty()));
   EXPECT_EQ(choices[0].Title, "Motion 1: the whole truss moves");
 }

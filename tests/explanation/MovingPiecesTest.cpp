@@ -83,23 +83,4 @@ TEST(MotionText, OfManyPiecesItSaysHowManyMoreMove) {
               HasSubstr("  4 further pieces move too."));
 }
 
-TEST(PointNamer, NamesTheJointThatStandsThereWhateverTheSizeOfTheDrawing) {
-  for (const float size : {1e-30F, 0.001F, 1.0F, 1e7F, 3e38F}) {
-    const TrussGraph graph = GraphOf(TrussBuilder()
-                                         .Member(size, 0, 0, size)
-                                         .Member(0, size, -size, -size)
-                                         .Joint(size, 0, "E")
-                                         .Joint(0, size, "N")
-                                         .Joint(-size, -size, "SW"));
-    const ReportFormat format;
-    const PointNamer points(graph, format);
-    const double at = size;
-    EXPECT_EQ(points.Text(at, 0), "joint E");
-    EXPECT_EQ(points.Text(at * 1e-8, at * (1 - 1e-8)), "joint N");
-    EXPECT_EQ(points.Text(-at * (1 + 1e-8), -at), "joint SW");
-    EXPECT_THAT(points.Text(at * (1 + 1e-6), 0), HasSubstr("the point"));
-    EXPECT_THAT(points.Text(at * 1e9, at), HasSubstr("the point"));
-  }
-}
-
 }  // namespace

@@ -50,7 +50,7 @@ std::string EquationText::What(const BalanceEquation& equation) const {
     case BalanceKind::Moment:
       break;
   }
-  return "moments about " + names_.Point(equation.AtX, equation.AtY, format_) + ", anticlockwise = clockwise";
+  return "moments about " + names_.Point(equation.AtX, equation.AtY) + ", anticlockwise = clockwise";
 }
 
 // A bare name where the whole force counts; nothing then.

@@ -4,14 +4,14 @@
 #include <string>
 
 #include "analysis/FormatSigFigs.h"
-#include "explanation/byjoint/HandNames.h"
+#include "explanation/DistinctNames.h"
 #include "explanation/byjoint/HandSteps.h"
 
 /// Single-byte texts.
 class EquationText {
  public:
   /// All must outlive it.
-  EquationText(const TrussGraph& graph, const HandNames& names, const ReportFormat& format)
+  EquationText(const TrussGraph& graph, const DistinctNames& names, const ReportFormat& format)
       : graph_(graph), names_(names), format_(format) {}
 
   /// "forces right = forces left", "moments about joint A, anticlockwise = clockwise" ...
@@ -39,6 +39,6 @@ class EquationText {
   std::string Sense(const UnknownForce& force) const;
 
   const TrussGraph& graph_;
-  const HandNames& names_;
+  const DistinctNames& names_;
   ReportFormat format_;
 };

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numeric>
 
+#include "explanation/DistinctNames.h"
 #include "explanation/RigidityMatrix.h"
 
 namespace {
@@ -14,7 +15,7 @@ class Collector {
             const ReportFormat& format)
       : graph_(graph),
         format_(format),
-        names_(graph),
+        names_(graph, format),
         roles_(graph.NumUnknowns()),
         values_(graph.NumUnknowns()) {
     for (int k = 1; k <= graph.NumUnknowns(); ++k) roles_[k] = ForceRole::Open;
@@ -61,7 +62,7 @@ class Collector {
     force.X = sign * force.SideX;
     force.Y = sign * force.SideY;
     const std::string magnitude = Number(std::abs(force.Value));
-    force.Text = names_.Force(k) + ' ' +
+    force.Text = names_.Member(k) + ' ' +
                  (force.Role == ForceRole::Open ? "?"
                   : magnitude == "0"            ? magnitude
                                                 : magnitude + (force.Value < 0 ? " T" : " C"));
@@ -93,7 +94,7 @@ class Collector {
 
   const TrussGraph& graph_;
   const ReportFormat& format_;
-  HandNames names_;
+  DistinctNames names_;
   Table<ForceRole> roles_;
   Table<double> values_;
   std::vector<ForceOnPart> forces_;

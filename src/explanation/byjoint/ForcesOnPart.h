@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "analysis/FormatSigFigs.h"
-#include "explanation/byjoint/HandNames.h"
 #include "explanation/byjoint/HandPicture.h"
 
 struct ForceOnPart {

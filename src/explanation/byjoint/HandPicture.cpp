@@ -8,6 +8,8 @@
 
 #include "canvas/Arrow.h"
 #include "canvas/Paper.h"
+#include "explanation/Directions.h"
+#include "explanation/DistinctNames.h"
 #include "explanation/TrussExtent.h"
 #include "explanation/byjoint/ForcesOnPart.h"
 #include "platform/Palette.h"
@@ -35,7 +37,7 @@ class Painter {
         step_(solution.Steps[index]),
         room_(room),
         measure_(measure),
-        names_(graph),
+        names_(graph, format),
         joints_(JointsOfStep(graph, step_)),
         forces_(ForcesOnPart(graph, solution, index, format)) {}
 
@@ -198,7 +200,7 @@ class Painter {
   const HandStep& step_;
   PixelRect room_;
   const TextMeasure& measure_;
-  HandNames names_;
+  DistinctNames names_;
   std::vector<int> joints_;
   std::vector<ForceOnPart> forces_;
   double scale_ = 0, middleX_ = 0, middleY_ = 0;
@@ -312,8 +314,8 @@ Picture PictureOfHandStep(const TrussGraph& graph, const HandSolution& solution,
 std::string DescribeHandStep(const TrussGraph& graph, const HandSolution& solution, std::size_t index,
                              const ReportFormat& format) {
   const HandStep& step = solution.Steps[index];
-  const HandNames names(graph);
-  std::string text = step.Joint != 0 ? "Joint " + names.Joint(step.Joint) + " alone"
+  const DistinctNames names(graph, format);
+  std::string text = step.Joint != 0 ? Capital(names.JointInWords(step.Joint)) + " alone"
                                      : "The part with " + names.Joints(JointsOfStep(graph, step));
   std::string separator = ", and what acts on it: ";
   for (const ForceOnPart& force : ForcesOnPart(graph, solution, index, format)) {

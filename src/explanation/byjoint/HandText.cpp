@@ -15,15 +15,10 @@ std::vector<int> UnknownsOf(const std::vector<UnknownForce>& forces) {
   return unknowns;
 }
 
-// "A - x" and "A - y", as the table of the equations calls its rows.
-std::string RowName(const std::string& joint, BalanceKind kind) {
-  if (kind == BalanceKind::X) return joint + " - x, ";
-  return kind == BalanceKind::Y ? joint + " - y, " : "";
-}
-
-std::string Capital(std::string text) {
-  if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
-  return text;
+// "A - x, " and "A - y, ", as the table of the equations calls its rows.
+std::string RowName(const DistinctNames& names, int joint, BalanceKind kind) {
+  if (kind == BalanceKind::X) return names.Equation(joint, Axis::X) + ", ";
+  return kind == BalanceKind::Y ? names.Equation(joint, Axis::Y) + ", " : "";
 }
 
 }  // namespace
@@ -32,7 +27,7 @@ HandText::HandText(const TrussGraph& graph, const HandSolution& solution, const 
     : graph_(graph),
       solution_(solution),
       format_(format),
-      names_(graph),
+      names_(graph, format),
       equations_(graph, names_, format_) {}
 
 const char* HandText::Convention() {
@@ -60,7 +55,7 @@ HandStepText HandText::Step(const HandStep& step) const {
 void HandText::AddEquations(const HandStep& step, std::vector<std::string>& lines) const {
   for (const BalanceEquation& equation : step.Equations) {
     const std::string row =
-        step.Kind == HandStepKind::Joint ? RowName(names_.Joint(step.Joint), equation.Kind) : "";
+        step.Kind == HandStepKind::Joint ? RowName(names_, step.Joint, equation.Kind) : "";
     const std::string what = equations_.What(equation);
     const std::string letters = equations_.InLetters(equation);
     const std::string numbers = equations_.WithNumbers(equation);
@@ -85,7 +80,7 @@ HandStepText HandText::Reactions(const HandStep& step) const {
 }
 
 HandStepText HandText::ZeroForce(const HandStep& step) const {
-  const std::string joint = names_.Joint(step.Joint);
+  const std::string joint = names_.JointInWords(step.Joint);
   const std::vector<int> zeros = UnknownsOf(step.Solved);
   const std::string zero = names_.Forces(zeros);
   const std::string line = names_.Forces(step.InLine);
@@ -93,18 +88,18 @@ HandStepText HandText::ZeroForce(const HandStep& step) const {
   std::string why;
   switch (step.Rule) {
     case ZeroRule::Alone:
-      why = "Only " + zero + " is left at joint " + joint + ", and no load acts there: it carries nothing.";
+      why = "Only " + zero + " is left at " + joint + ", and no load acts there: it carries nothing.";
       break;
     case ZeroRule::TwoOutOfLine:
-      why = zero + " are alone at joint " + joint +
-            ", not in one line and without a load: neither carries anything.";
+      why =
+          zero + " are alone at " + joint + ", not in one line and without a load: neither carries anything.";
       break;
     case ZeroRule::ThirdOfThree:
-      why = line + " lie in one line at joint " + joint + ", and no load acts there: " + zero +
+      why = line + " lie in one line at " + joint + ", and no load acts there: " + zero +
             ", the only other member, carries nothing.";
       break;
     case ZeroRule::LoadAlongOne:
-      why = line + (one ? " lies" : " lie") + " in one line with what acts on joint " + joint + ": " + zero +
+      why = line + (one ? " lies" : " lie") + " in one line with what acts on " + joint + ": " + zero +
             ", the only other member, carries nothing.";
       break;
   }
@@ -112,7 +107,7 @@ HandStepText HandText::ZeroForce(const HandStep& step) const {
 }
 
 HandStepText HandText::Joint(const HandStep& step) const {
-  HandStepText text{"Joint " + names_.Joint(step.Joint), {}};
+  HandStepText text{Capital(names_.JointInWords(step.Joint)), {}};
   const std::vector<int> found = UnknownsOf(step.Solved);
   if (found.empty() && step.PutAside.empty()) {
     text.Lines.emplace_back("No force is sought here any more: a check.");
@@ -139,9 +134,8 @@ std::string HandText::PutAside(const HandStep& step) const {
   const std::string alone =
       step.Solved.empty() ? "" : ", which leaves " + names_.Force(step.Solved.front().Unknown) + " alone";
   if (equation.Kind == BalanceKind::Moment) {
-    return aside + (one ? " passes through " : " meet in ") +
-           names_.Point(equation.AtX, equation.AtY, format_) + ", so their moment about it is 0" + alone +
-           '.';
+    return aside + (one ? " passes through " : " meet in ") + names_.Point(equation.AtX, equation.AtY) +
+           ", so their moment about it is 0" + alone + '.';
   }
   return aside + (one ? " has" : " lie in one direction and have") + " no component across" +
          (one ? " its line" : " it") + alone + '.';

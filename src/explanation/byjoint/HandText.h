@@ -46,7 +46,7 @@ class HandText {
   const TrussGraph& graph_;
   const HandSolution& solution_;
   ReportFormat format_;
-  HandNames names_;
+  DistinctNames names_;
   EquationText equations_;
 };
 

@@ -2,19 +2,13 @@
 
 #include <cmath>
 
-#include "document/Truss.h"
 #include "explanation/Directions.h"
+#include "explanation/DistinctNames.h"
 
 namespace {
 
 // More would be listened to for too long; the list beside the drawing has them all.
 constexpr std::size_t MostTold = 24;
-
-std::string JointText(const TrussGraph& graph, int joint, const ReportFormat& format) {
-  const PlacedJoint& at = graph.Joints[joint];
-  const bool isNamed = !at.Name.empty() && at.Name != UnnamedCaption;
-  return isNamed ? at.Name : PairText(at.X, at.Y, format);
-}
 
 // The direction of a reaction that is positive, or of one that is negative.
 std::string DirectionOfReaction(const PlacedUnknown& unknown, double sign) {
@@ -22,12 +16,10 @@ std::string DirectionOfReaction(const PlacedUnknown& unknown, double sign) {
   return unknown.Along == Axis::X ? DirectionText(along, 0) : DirectionText(0, along);
 }
 
-std::string WhereOf(const TrussGraph& graph, const PlacedUnknown& unknown, const ReportFormat& format) {
-  if (unknown.IsMember()) {
-    return "member from " + JointText(graph, unknown.JointA, format) + " to " +
-           JointText(graph, unknown.JointB, format);
-  }
-  std::string where = "reaction at " + JointText(graph, unknown.JointA, format);
+std::string WhereOf(const PlacedUnknown& unknown, const DistinctNames& names) {
+  if (unknown.IsMember())
+    return "member from " + names.Joint(unknown.JointA) + " to " + names.Joint(unknown.JointB);
+  std::string where = "reaction at " + names.Joint(unknown.JointA);
   if (unknown.Sign != 0) where += ", positive " + DirectionOfReaction(unknown, 1);
   return where;
 }
@@ -49,11 +41,12 @@ std::string CountOf(int count, const char* what) {
 
 std::vector<ForceRow> ForceRows(const TrussForces& forces, const ReportFormat& format) {
   std::vector<ForceRow> rows;
+  const DistinctNames names(forces.Graph, format);
   for (int k = 1; k <= forces.Graph.NumUnknowns(); ++k) {
     const PlacedUnknown& unknown = forces.Graph.Unknowns[k];
     const ForceFound& force = forces.Unknowns[k];
     rows.push_back({.Name = unknown.Name,
-                    .Where = WhereOf(forces.Graph, unknown, format),
+                    .Where = WhereOf(unknown, names),
                     .Force = ForceOf(unknown, force, format),
                     .Number = force.Sense == ForceSense::Undetermined ? "undetermined"
                                                                       : TableNumber(force.Value, format)});
@@ -64,7 +57,7 @@ std::vector<ForceRow> ForceRows(const TrussForces& forces, const ReportFormat& f
 std::string DescribeForces(const TrussForces& forces, const ReportFormat& format) {
   int pushing = 0, pulling = 0, zero = 0, open = 0;
   std::vector<std::string> members;
-  const std::vector<ForceRow> rows = ForceRows(forces, format);
+  const DistinctNames names(forces.Graph, format);
   for (int k = 1; k <= forces.Graph.NumUnknowns(); ++k) {
     if (!forces.Graph.Unknowns[k].IsMember()) continue;
     const ForceSense sense = forces.Unknowns[k].Sense;
@@ -72,8 +65,7 @@ std::string DescribeForces(const TrussForces& forces, const ReportFormat& format
     pulling += int{sense == ForceSense::Pulling};
     zero += int{sense == ForceSense::Zero};
     open += int{sense == ForceSense::Undetermined};
-    const ForceRow& row = rows[static_cast<std::size_t>(k - 1)];
-    members.push_back((row.Name == UnnamedCaption ? row.Where : row.Name) + ' ' + row.Force);
+    members.push_back(names.Force(k) + ' ' + ForceOf(forces.Graph.Unknowns[k], forces.Unknowns[k], format));
   }
   std::vector<std::string> counts;
   for (const std::string& count : {CountOf(pushing, " in compression"), CountOf(pulling, " in tension"),

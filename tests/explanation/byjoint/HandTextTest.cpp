@@ -76,7 +76,7 @@ TEST(HandText, NamesTheRuleByWhichAMemberCarriesNothing) {
                           "other member, carries nothing."));
 }
 
-TEST(HandText, TellsForcesWithoutNamesApartByTheirNumbers) {
+TEST(HandText, TellsForcesWithoutNamesApartByTheirPlaces) {
   const ToldByHand told(TrussBuilder()
                             .Member(0, 0, 8, 0)
                             .Member(0, 0, 4, 4, "x")
@@ -84,13 +84,13 @@ TEST(HandText, TellsForcesWithoutNamesApartByTheirNumbers) {
                             .Clamp(0, 0)
                             .Roller(8, 0)
                             .Force(4, 4, 0, -1000));
-  const HandNames names(told.Graph);
-  EXPECT_EQ(names.Force(1), "[ ]#1");
-  EXPECT_EQ(names.Force(5), "x#5");
-  EXPECT_EQ(names.Force(6), "x#6");
-  EXPECT_EQ(names.Joint(2), "[ ]#2");
   EXPECT_EQ(told.Texts()[0].Lines[1],
-            "Moments about joint [ ]#1, anticlockwise = clockwise:  8 \xB7 [ ]#3 = 4 \xB7 1000");
+            "Moments about the joint at (0, 0), anticlockwise = clockwise:  8 \xB7 y-reaction at (8, 0) = "
+            "4 \xB7 1000");
+  EXPECT_EQ(told.Texts()[1].Heading, "The joint at (0, 0)");
+  EXPECT_THAT(told.Texts()[1].Lines,
+              testing::Contains("x at (0, 0), forces right = forces left:  0 = member (0, 0) to (8, 0) + x "
+                                "((0, 0) to (4, 4)) cos(45.0)"));
 }
 
 TEST(HandText, SaysWhereTheEquationsContradict) {
@@ -134,7 +134,7 @@ TEST(HandText, ItsNumbersHoldWhenTheyArePutIn) {
   int numRead = 0;
   WithEachExample([&](Truss& truss) {
     const ToldByHand told(truss, 7);
-    const HandNames names(told.Graph);
+    const DistinctNames names(told.Graph, told.Format);
     std::map<std::string, double> values;
     for (int k = 1; k <= told.Graph.NumUnknowns(); ++k) {
       if (told.Solution.Values[k]) values[names.Force(k)] = *told.Solution.Values[k];
