@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "explanation/Directions.h"
 #include "explanation/steps/PlainElimination.h"
@@ -20,7 +21,7 @@ bool IsOne(double factor) { return std::abs(factor) == 1; }
 
 StepText::StepText(const TrussGraph& graph, const EliminationInSteps& story, const Classification& shown,
                    const ReportFormat& format)
-    : graph_(graph), story_(story), shown_(shown), format_(format), names_(graph) {}
+    : story_(story), shown_(shown), format_(format), names_(graph, format) {}
 
 std::vector<std::string> StepText::Introduction() {
   return {
@@ -30,9 +31,7 @@ std::vector<std::string> StepText::Introduction() {
       "and is rounded to seven figures; no fraction is equal to it."};
 }
 
-std::string StepText::Row(int row) const {
-  return names_.Joint(JointOfRow(row)) + (AxisOfRow(row) == Axis::X ? " - x" : " - y");
-}
+std::string StepText::Row(int row) const { return names_.Equation(JointOfRow(row), AxisOfRow(row)); }
 
 std::string StepText::Column(int column) const {
   return column > NumUnknowns() ? "RHS" : names_.Force(column);
@@ -49,6 +48,34 @@ std::string StepText::Number(double value) const {
 
 std::string StepText::Coefficient(const EliminationStep& step) const {
   return "the coefficient of " + Column(step.Column) + " in " + Row(step.Row);
+}
+
+std::string StepText::Title(const EliminationStep& step) const {
+  switch (step.Kind) {
+    case StepKind::Begin:
+      return "The equations";
+    case StepKind::Pivot:
+      return "Pivot: " + Column(step.Column) + " in " + Row(step.Row);
+    case StepKind::ExchangeRows:
+      return "Exchange " + Row(step.Row) + " and " + Row(step.OtherRow);
+    case StepKind::ExchangeColumns:
+      return "Exchange " + Column(step.Column) + " and " + Column(step.OtherColumn);
+    case StepKind::Divide:
+      return "Divide " + Row(step.Row) + " by " + Number(step.Number);
+    case StepKind::Clear:
+      return Subtraction(step);
+    case StepKind::PivotsEnd:
+      return "No further pivot";
+    case StepKind::Clean:
+      return "Clean";
+    case StepKind::RestoreColumns:
+      return "Restore the columns";
+    case StepKind::RestoreRows:
+      return "Restore the rows";
+    case StepKind::Read:
+      break;
+  }
+  return "Read the rows";
 }
 
 std::string StepText::Sentence(const EliminationStep& step, bool isCarriedOut) const {
@@ -162,7 +189,7 @@ std::string StepText::WithoutPivot() const {
   for (int k = 1; k <= NumUnknowns(); ++k) {
     if (!hasPivot[static_cast<std::size_t>(k)]) without.push_back(k);
   }
-  return names_.Forces(without, MostNamed) + (without.size() == 1 ? " gets" : " get") + " no pivot";
+  return names_.ForcesAtStart(without, MostNamed) + (without.size() == 1 ? " gets" : " get") + " no pivot";
 }
 
 std::vector<std::string> StepText::Remarks(std::size_t index) const {
@@ -257,6 +284,21 @@ void StepText::AddReading(std::vector<std::string>& remarks) const {
   remarks.push_back(Rows(zeros) + (zeros.size() == 1 ? " says 0 = 0 and decides" : " say 0 = 0 and decide") +
                     " the conclusion.");
   remarks.emplace_back(RedundantText);
+}
+
+std::vector<std::string> StepText::View(std::size_t index, bool isCarriedOut) const {
+  const EliminationStep& step = story_.Steps[index];
+  std::vector<std::string> lines = {Sentence(step, isCarriedOut)};
+  for (const std::string& line : {ShortForm(step), Purpose(step, isCarriedOut)}) {
+    if (!line.empty()) lines.push_back(line);
+  }
+  if (index == 0) {
+    for (std::string& line : Introduction()) lines.push_back(std::move(line));
+  }
+  if (isCarriedOut || !Changes(step.Kind)) {
+    for (std::string& remark : Remarks(index)) lines.push_back(std::move(remark));
+  }
+  return lines;
 }
 
 std::string StepText::Pivot(const EliminationPivot& pivot) const {

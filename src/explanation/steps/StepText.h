@@ -7,8 +7,7 @@
 
 #include "analysis/Classification.h"
 #include "analysis/FormatSigFigs.h"
-#include "explanation/TrussGraph.h"
-#include "explanation/byjoint/HandNames.h"
+#include "explanation/DistinctNames.h"
 #include "explanation/steps/EliminationSteps.h"
 
 class StepText {
@@ -19,6 +18,9 @@ class StepText {
 
   /// How rows are called, and why there are no fractions; said once, before the first step.
   static std::vector<std::string> Introduction();
+
+  /// "Divide A - x by 0.7071", "C - y minus 0.6 times A - x": for a list of all.
+  std::string Title(const EliminationStep& step) const;
 
   /// "C - y": the equation that the row was at first, whatever it has become.
   std::string Row(int row) const;
@@ -43,6 +45,10 @@ class StepText {
   /// pivot, what the rows say. Often nothing.
   std::vector<std::string> Remarks(std::size_t index) const;
 
+  /// All that is said of a step while it is looked at: the sentence, its short form, what it is for, and what
+  /// has come about.
+  std::vector<std::string> View(std::size_t index, bool isCarriedOut) const;
+
   /// "A - x, AB:  0.7071".
   std::string Pivot(const EliminationPivot& pivot) const;
 
@@ -62,9 +68,8 @@ class StepText {
   std::string Rows(const std::vector<int>& rows) const;
   int NumUnknowns() const { return story_.Equations.NumColumns() - 1; }
 
-  const TrussGraph& graph_;
   const EliminationInSteps& story_;
   const Classification& shown_;
   ReportFormat format_;
-  HandNames names_;
+  DistinctNames names_;
 };
