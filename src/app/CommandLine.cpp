@@ -263,6 +263,7 @@ orvane --document=OUT --with=forces,why FILE  the same with sections behind the 
                                             forces, and why this conclusion
 orvane --document=OUT --with=steps,byjoint FILE  the same with the elimination step by step, and with the
                                             forces as they are found joint by joint
+orvane --document=OUT --with=checks FILE    the same with the checks of the drawing; "why" has them too
 orvane --convert=OUT.trs FILE               write FILE again in the current layout
 orvane --autoname ...                       with any of the above: name the forces and joints first
 orvane --help | --version                   print this text, or the version

@@ -99,6 +99,7 @@ std::string ProofJson(const std::optional<ContradictionProof>& proof) {
 
 void WriteAdvice(JsonStream& list, const std::vector<Advice>& suggestions) {
   for (const Advice& advice : suggestions) {
+    if (!advice.IsAddition() && advice.Kind != AdviceKind::Remove) continue;
     JsonList item('{');
     if (advice.Kind == AdviceKind::Remove) {
       item.Key("Remove", advice.Unknown);

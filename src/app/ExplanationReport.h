@@ -6,15 +6,11 @@
 
 #include "analysis/FormatSigFigs.h"
 #include "app/FileAnalysis.h"
-#include "canvas/Graph.h"
 #include "explanation/DrawingChecks.h"
 #include "explanation/ExplanationText.h"
 
 /// The section "why", in UTF-8 with line ends LF; for a truss with at least one unknown force.
 void WriteWhy(std::ostream& out, const Explanation& explanation, const ReportFormat& format);
-
-/// A canvas of this size in pixels with this mapping, as the checks of the drawing ask for it.
-DrawnWhere DrawnOn(const CanvasBounds& bounds, const Graph& mapping, float width, float height);
 
 /// The checks of the drawing on a canvas of the usual size, as the file would be opened.
 std::vector<DrawingCheck> ChecksOf(const AnalysedFile& file, const ReportFormat& format);

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "canvas/Drawing.h"
+#include "canvas/SnapTolerance.h"
 #include "document/Truss.h"
 #include "text/ExactDecimal.h"
 
@@ -14,9 +15,6 @@ inline constexpr float PickTolerance = 5;
 
 /// Pixels on both axes: not farther than this from a marked end is on its handle.
 inline constexpr float HandleTolerance = 4;
-
-/// Pixels on both axes: closer than this to an object snaps to it.
-inline constexpr float SnapTolerance = 10;
 
 /// Whether a place on a member, 0 at end 1 and 1 at end 2, stands for end 2; exactly in the middle it is
 /// end 1.

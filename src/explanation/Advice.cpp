@@ -10,6 +10,12 @@
 
 namespace {
 
+// Displacements that a roller or a member is to stop; it would hardly hold smaller ones.
+constexpr double SmallestHeld = 1e-3;
+
+// Members that are looked at for each motion, so that a drawing full of mistakes does not take for ever.
+constexpr int MostTries = 1000;
+
 std::size_t At(int index) { return static_cast<std::size_t>(index); }
 
 double SquaredLength(const TrussGraph& graph, int a, int b) {
@@ -20,7 +26,8 @@ double SquaredLength(const TrussGraph& graph, int a, int b) {
 
 class Adviser {
  public:
-  Adviser(const TrussGraph& graph, const ExactReasons& reasons) : graph_(graph), reasons_(reasons) {
+  Adviser(const TrussGraph& graph, const ExactReasons& reasons, const NearPlaces& near)
+      : graph_(graph), reasons_(reasons), near_(near) {
     for (int k = 1; k <= graph.NumUnknowns(); ++k) {
       const PlacedUnknown& unknown = graph.Unknowns[k];
       if (unknown.IsMember()) {
@@ -32,14 +39,74 @@ class Adviser {
   }
 
   std::vector<Advice> All() {
-    AddRollers();
-    AddMembers();
+    if (NumMotions() > 0) {
+      JoinEnds();
+      TurnRollers();
+      AddRollers();
+      AddMembers();
+    }
     Remove();
     return std::move(advice_);
   }
 
  private:
-  bool HasEnough() const { return advice_.size() >= At(MostAdvice); }
+  int NumMotions() const { return reasons_.Verdict.Mechanisms(); }
+
+  bool HasEnough() const {
+    return std::ranges::count_if(advice_, &Advice::IsAddition) >= std::ptrdiff_t{MostAdvice};
+  }
+
+  // What the joints with one number are then stays behind as a joint without anything, which moves as it
+  // likes.
+  void JoinEnds() {
+    int numTried = 0;
+    near_.ForEachPair(graph_.Joints, [&](int first, int second) {
+      if (joined_.contains({first, second})) return true;
+      TrussGraph joined = graph_;
+      for (PlacedUnknown& unknown : joined.Unknowns.First(joined.NumUnknowns())) {
+        if (unknown.JointA == second) unknown.JointA = first;
+        if (unknown.JointB == second) unknown.JointB = first;
+      }
+      constexpr int ofTheOther = 2;
+      const int stops = NumMotions() - (JudgeExactly(joined).Mechanisms() - ofTheOther);
+      if (stops > 0)
+        advice_.push_back({.Kind = AdviceKind::JoinEnds, .JointA = first, .JointB = second, .Stops = stops});
+      return ++numTried < MostAdvice;
+    });
+  }
+
+  // Those first whose joints move most where they do not hold them.
+  void TurnRollers() {
+    std::vector<std::pair<double, Advice>> candidates;
+    for (int k = 1; k <= graph_.NumUnknowns(); ++k) {
+      const PlacedUnknown& roller = graph_.Unknowns[k];
+      if (roller.IsMember() || roller.Sign == 0 || IsSupported(graph_, roller.JointA, k)) continue;
+      const Axis other = roller.Along == Axis::X ? Axis::Y : Axis::X;
+      const double size = LargestDisplacement(roller.JointA, other);
+      if (size <= SmallestHeld) continue;
+      candidates.emplace_back(
+          -size,
+          Advice{.Kind = AdviceKind::TurnRoller, .JointA = roller.JointA, .Along = other, .Unknown = k});
+    }
+    std::ranges::stable_sort(candidates, {}, [](const auto& candidate) { return candidate.first; });
+    if (candidates.size() > At(MostRollersTurned)) candidates.resize(At(MostRollersTurned));
+    for (auto& [size, turn] : candidates) {
+      TrussGraph turned = graph_;
+      turned.Unknowns[turn.Unknown].Along = turn.Along;
+      turn.Stops = NumMotions() - JudgeExactly(turned).Mechanisms();
+      if (turn.Stops > 0) advice_.push_back(turn);
+    }
+  }
+
+  double LargestDisplacement(int joint, Axis axis) const {
+    double largest = 0;
+    for (const Motion& motion : reasons_.Motions) {
+      for (const JointDisplacement& at : motion.Joints) {
+        if (at.Joint == joint) largest = std::max(largest, std::abs(axis == Axis::X ? at.Dx : at.Dy));
+      }
+    }
+    return largest;
+  }
 
   std::size_t NumRigid() const {
     return static_cast<std::size_t>(std::ranges::count(reasons_.Motions, MotionKind::Rigid, &Motion::Kind));
@@ -62,8 +129,10 @@ class Adviser {
       for (const auto& [axis, size] :
            {std::pair(Axis::X, std::abs(at.Dx)), std::pair(Axis::Y, std::abs(at.Dy))}) {
         const bool standsThere = IsHeld(at.Joint, Axis::X) || IsHeld(at.Joint, Axis::Y);
-        if (size > 1e-3 && !IsHeld(at.Joint, axis))
-          candidates.emplace_back(standsThere, -size, Advice{AdviceKind::AddRoller, at.Joint, 0, axis, 0});
+        if (size > SmallestHeld && !IsHeld(at.Joint, axis)) {
+          candidates.emplace_back(standsThere, -size,
+                                  Advice{.Kind = AdviceKind::AddRoller, .JointA = at.Joint, .Along = axis});
+        }
       }
     }
     std::ranges::stable_sort(candidates, {}, [](const auto& candidate) {
@@ -90,50 +159,83 @@ class Adviser {
     for (std::size_t i = 0; i < byMotion.size(); ++i) {
       if (byMotion[i].empty()) byMotion[i] = Rollers(reasons_.Motions[numRigid + i]);
     }
-    // The best for each motion, then the second best, and so on.
+    // The best for each motion, then the second best, and so on; of these the shortest first.
+    const std::size_t numBefore = advice_.size();
     for (std::size_t choice = 0; choice < At(MostAdvice); ++choice) {
       for (const std::vector<Advice>& members : byMotion) {
         if (!HasEnough() && choice < members.size()) Give(members[choice]);
       }
     }
+    std::stable_sort(
+        advice_.begin() + static_cast<std::ptrdiff_t>(numBefore), advice_.end(),
+        [this](const Advice& left, const Advice& right) { return LengthOf(left) < LengthOf(right); });
   }
 
   // Members that the motion would lengthen or shorten, the shortest first.
   std::vector<Advice> Members(const Motion& motion) const {
+    std::vector<Candidate> candidates = CandidatesFor(motion);
+    const auto isLater = [](const Candidate& left, const Candidate& right) {
+      return std::tie(left.Length, left.Joints) > std::tie(right.Length, right.Joints);
+    };
+    std::ranges::make_heap(candidates, isLater);
+    std::vector<Advice> members;
+    std::pair<int, int> last;
+    for (int tries = 0; !candidates.empty() && tries < MostTries && members.size() < At(MostAdvice);
+         ++tries) {
+      const std::pair<int, int> pair = candidates.front().Joints;
+      std::ranges::pop_heap(candidates, isLater);
+      candidates.pop_back();
+      if (pair == std::exchange(last, pair) || IsADrawingMistake(pair.first, pair.second)) continue;
+      members.push_back({.Kind = AdviceKind::AddMember, .JointA = pair.first, .JointB = pair.second});
+    }
+    return members;
+  }
+
+  struct Candidate {
+    double Length;
+    std::pair<int, int> Joints;
+  };
+
+  std::vector<Candidate> CandidatesFor(const Motion& motion) const {
     const std::vector<double> moved = DisplacementsByColumn(graph_, motion);
-    std::vector<std::pair<double, std::pair<int, int>>> candidates;
+    std::vector<Candidate> candidates;
     for (const JointDisplacement& at : motion.Joints) {
       for (int other = 1; other <= graph_.NumJoints(); ++other) {
-        const auto pair = std::minmax(at.Joint, other);
-        if (other == at.Joint || joined_.contains(pair)) continue;
+        if (other == at.Joint) continue;
         const double x = double{graph_.Joints[at.Joint].X} - double{graph_.Joints[other].X};
         const double y = double{graph_.Joints[at.Joint].Y} - double{graph_.Joints[other].Y};
         const double length = std::sqrt(x * x + y * y);
         const double lengthening = (x * (at.Dx - moved[At(ColumnOf(other, Axis::X))]) +
                                     y * (at.Dy - moved[At(ColumnOf(other, Axis::Y))])) /
                                    length;
-        if (std::abs(lengthening) > 1e-3) candidates.push_back({length, pair});
+        if (std::abs(lengthening) > SmallestHeld)
+          candidates.push_back({length, std::minmax(at.Joint, other)});
       }
     }
-    std::ranges::sort(candidates);
-    candidates.erase(std::unique(candidates.begin(), candidates.end()), candidates.end());
-    std::vector<Advice> members;
-    for (const auto& [length, pair] : candidates) {
-      if (members.size() == At(MostAdvice)) break;
-      if (PassesThroughAJoint(pair.first, pair.second)) continue;
-      members.push_back({AdviceKind::AddMember, pair.first, pair.second, Axis::X, 0});
-    }
-    return members;
+    return candidates;
   }
 
-  bool PassesThroughAJoint(int a, int b) const {
-    const double whole = std::sqrt(SquaredLength(graph_, a, b));
+  // What the checks of the drawing would find in a member between two joints.
+  bool IsADrawingMistake(int a, int b) const {
+    const Table<PlacedJoint>& joints = graph_.Joints;
+    if (joined_.contains(std::minmax(a, b)) || near_.Meet(joints[a], joints[b])) return true;
+    const MemberLine line(joints[a], joints[b]);
     for (int j = 1; j <= graph_.NumJoints(); ++j) {
-      if (j == a || j == b) continue;
-      const double detour = std::sqrt(SquaredLength(graph_, a, j)) + std::sqrt(SquaredLength(graph_, j, b));
-      if (detour < whole * (1 + 1e-6)) return true;
+      if (j != a && j != b && (near_.PassesThrough(line, joints[j]) || IsBetween(j, a, b))) return true;
     }
-    return false;
+    return std::ranges::any_of(joined_, [&](const std::pair<int, int>& member) {
+      const auto& [c, d] = member;
+      return near_.LieOnOneAnother(joints[a], joints[b], joints[c], joints[d]) ||
+             (AreClose(a, c) && AreClose(b, d)) || (AreClose(a, d) && AreClose(b, c));
+    });
+  }
+
+  bool AreClose(int a, int b) const { return a == b || near_.Meet(graph_.Joints[a], graph_.Joints[b]); }
+
+  // However small the drawing is.
+  bool IsBetween(int j, int a, int b) const {
+    const double detour = std::sqrt(SquaredLength(graph_, a, j)) + std::sqrt(SquaredLength(graph_, j, b));
+    return detour < std::sqrt(SquaredLength(graph_, a, b)) * (1 + 1e-6);
   }
 
   void Remove() {
@@ -154,7 +256,7 @@ class Adviser {
       TrussGraph without = graph_;
       without.Unknowns[k] = {.JointA = graph_.Unknowns[k].JointA, .Sign = 0};
       if (JudgeExactly(without).Mechanisms() == reasons_.Verdict.Mechanisms())
-        advice_.push_back({AdviceKind::Remove, 0, 0, Axis::X, k});
+        advice_.push_back({.Kind = AdviceKind::Remove, .Unknown = k});
     }
   }
 
@@ -162,20 +264,29 @@ class Adviser {
     return SquaredLength(graph_, graph_.Unknowns[k].JointA, graph_.Unknowns[k].JointB);
   }
 
+  // Of a roller none.
+  double LengthOf(const Advice& advice) const {
+    return advice.JointB == 0 ? 0 : SquaredLength(graph_, advice.JointA, advice.JointB);
+  }
+
   // Follows the advice on a copy: there must be one motion less.
-  bool Give(const Advice& advice) {
+  void Give(Advice advice) {
+    const bool isGiven = std::ranges::any_of(advice_, [&](const Advice& other) {
+      return other.Kind == advice.Kind && other.JointA == advice.JointA && other.JointB == advice.JointB &&
+             other.Along == advice.Along;
+    });
+    if (isGiven) return;
     TrussGraph with = graph_;
     with.Unknowns.Resize(graph_.NumUnknowns() + 1);
     with.Unknowns[with.NumUnknowns()] = {
         .JointA = advice.JointA, .JointB = advice.JointB, .Along = advice.Along};
-    if (JudgeExactly(with).Mechanisms() >= reasons_.Verdict.Mechanisms()) return false;
-    advice_.push_back(advice);
-    if (advice.Kind == AdviceKind::AddMember) joined_.insert(std::minmax(advice.JointA, advice.JointB));
-    return true;
+    advice.Stops = NumMotions() - JudgeExactly(with).Mechanisms();
+    if (advice.Stops > 0) advice_.push_back(advice);
   }
 
   const TrussGraph& graph_;
   const ExactReasons& reasons_;
+  const NearPlaces& near_;
   std::set<std::pair<int, int>> joined_;  // the lower joint first
   std::set<std::pair<int, Axis>> held_;   // by a support that stands there, whatever it holds
   std::vector<Advice> advice_;
@@ -183,8 +294,8 @@ class Adviser {
 
 }  // namespace
 
-std::vector<Advice> AdviceFor(const TrussGraph& graph, const ExactReasons& reasons) {
-  return Adviser(graph, reasons).All();
+std::vector<Advice> AdviceFor(const TrussGraph& graph, const ExactReasons& reasons, const NearPlaces& near) {
+  return Adviser(graph, reasons, near).All();
 }
 
 bool IsSupported(const TrussGraph& graph, int joint, int except) {

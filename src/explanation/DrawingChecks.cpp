@@ -43,23 +43,14 @@ class Checker {
         format_(format),
         graph_(DrawnGraph(truss)),
         names_(graph_, format),
-        unknownOf_(truss.NumMembers),
-        thousandth_(std::abs(double{truss.Settings.XMax} - double{truss.Settings.XMin}) / 1000) {
-    for (int m = 1; m <= truss.NumMembers; ++m) {
-      if (!truss.Members[m].Live) continue;
-      members_.push_back(m);
-      unknownOf_[m] = static_cast<int>(members_.size());
-    }
+        near_(truss.Settings, where) {
     for (int j = 1; j <= truss.NumJoints; ++j) {
       jointAt_.emplace(PositionKey(truss.Joints[j].X, truss.Joints[j].Y), j);
     }
     numMembersAt_.resize(static_cast<std::size_t>(truss.NumJoints) + 1);
-    for (const int m : members_) {
-      const MemberRec& member = truss.Members[m];
-      const int a = JointAt(member.X1, member.Y1);
-      const int b = JointAt(member.X2, member.Y2);
-      ++numMembersAt_[static_cast<std::size_t>(a)];
-      if (a != b) ++numMembersAt_[static_cast<std::size_t>(b)];
+    for (const PlacedUnknown& member : graph_.Unknowns.First(graph_.NumUnknowns())) {
+      ++numMembersAt_[static_cast<std::size_t>(member.JointA)];
+      if (member.JointA != member.JointB) ++numMembersAt_[static_cast<std::size_t>(member.JointB)];
     }
   }
 
@@ -96,65 +87,29 @@ class Checker {
     const auto found = jointAt_.find(PositionKey(x, y));
     return found == jointAt_.end() ? 0 : found->second;
   }
-  std::string MemberName(int member) const { return "member " + names_.Member(unknownOf_[member]); }
   std::string At(float x, float y) const { return " at " + PairText(x, y, format_); }
 
-  // Joints in cells as large as the distance looked for: what is near stands in the same or a neighbouring
-  // cell.
   void FindNearEnds() {
-    const double reachX = std::max(double{where_.SnapX}, thousandth_);
-    const double reachY = std::max(double{where_.SnapY}, thousandth_);
-    if (!(reachX > 0 && reachY > 0)) return;
-    const auto cell = [](double at, double reach) { return std::floor(at / reach); };
-    std::map<std::pair<double, double>, std::vector<int>> cells;
-    for (int j = 1; j <= truss_.NumJoints; ++j) {
-      const JointRec& joint = truss_.Joints[j];
-      const double column = cell(joint.X, reachX);
-      const double row = cell(joint.Y, reachY);
-      std::vector<int> near;
-      for (int dx = -1; dx <= 1; ++dx) {
-        for (int dy = -1; dy <= 1; ++dy) {
-          const auto found = cells.find({column + dx, row + dy});
-          if (found == cells.end()) continue;
-          std::ranges::copy_if(found->second, std::back_inserter(near),
-                               [&](int other) { return NearlyMeet(other, j); });
-        }
-      }
-      std::ranges::sort(near);
-      for (const int other : near) {
-        if (!TellPair(CheckKind::NearEnds, joint.X, joint.Y,
-                      "Joints " + names_.WithPlace(other) + " and " + names_.WithPlace(j) +
-                          " nearly meet, but they are two joints."))
-          return;
-      }
-      cells[{column, row}].push_back(j);
-    }
+    near_.ForEachPair(graph_.Joints, [this](int first, int second) {
+      const PlacedJoint& joint = graph_.Joints[second];
+      return TellPair(CheckKind::NearEnds, joint.X, joint.Y,
+                      "Joints " + names_.WithPlace(first) + " and " + names_.WithPlace(second) +
+                          " nearly meet, but they are two joints.");
+    });
   }
 
-  bool NearlyMeet(int a, int b) const {
-    const double dx = std::abs(WrittenDifference(truss_.Joints[a].X, truss_.Joints[b].X));
-    const double dy = std::abs(WrittenDifference(truss_.Joints[a].Y, truss_.Joints[b].Y));
-    // A thousandth that is written in decimals counts as one: 0.02 of 20.
-    return (dx < where_.SnapX && dy < where_.SnapY) ||
-           std::sqrt(dx * dx + dy * dy) <= thousandth_ * (1 + 1e-6);
+  MemberLine LineOf(int member) const {
+    return {graph_.Joints[graph_.Unknowns[member].JointA], graph_.Joints[graph_.Unknowns[member].JointB]};
   }
 
   void FindMembersThroughJoints() {
-    for (const int m : members_) {
-      const MemberRec& member = truss_.Members[m];
-      const double x = double{member.X2} - double{member.X1};
-      const double y = double{member.Y2} - double{member.Y1};
-      const double length = std::sqrt(x * x + y * y);
-      if (length == 0) continue;
-      for (int j = 1; j <= truss_.NumJoints; ++j) {
-        const JointRec& joint = truss_.Joints[j];
-        const double toX = double{joint.X} - double{member.X1};
-        const double toY = double{joint.Y} - double{member.Y1};
-        const double along = (toX * x + toY * y) / length;
-        const double aside = std::abs(toX * y - toY * x) / length;
-        if (aside > thousandth_ || along <= thousandth_ || along >= length - thousandth_) continue;
+    for (int k = 1; k <= graph_.NumUnknowns(); ++k) {
+      const MemberLine line = LineOf(k);
+      for (int j = 1; j <= graph_.NumJoints(); ++j) {
+        const PlacedJoint& joint = graph_.Joints[j];
+        if (!near_.PassesThrough(line, joint)) continue;
         if (!TellPair(CheckKind::ThroughJoint, joint.X, joint.Y,
-                      Capital(MemberName(m)) + " passes through " + names_.JointWithPlace(j) +
+                      "Member " + names_.Member(k) + " passes through " + names_.JointWithPlace(j) +
                           ", where it does not end: it is not connected there."))
           return;
       }
@@ -168,22 +123,23 @@ class Checker {
       int Member;
     };
     std::map<std::tuple<long long, long long, long long>, std::vector<Piece>> lines;
-    const double unit = thousandth_ > 0 ? thousandth_ / 1000 : 1e-9;
-    for (const int m : members_) {
-      const MemberRec& member = truss_.Members[m];
-      double x = double{member.X2} - double{member.X1};
-      double y = double{member.Y2} - double{member.Y1};
+    const double unit = near_.Thousandth() > 0 ? near_.Thousandth() / 1000 : 1e-9;
+    for (int k = 1; k <= graph_.NumUnknowns(); ++k) {
+      const PlacedJoint& a = graph_.Joints[graph_.Unknowns[k].JointA];
+      const PlacedJoint& b = graph_.Joints[graph_.Unknowns[k].JointB];
+      double x = double{b.X} - double{a.X};
+      double y = double{b.Y} - double{a.Y};
       const double length = std::sqrt(x * x + y * y);
       if (length == 0) continue;
       if (x < 0 || (x == 0 && y < 0)) std::tie(x, y) = std::pair(-x, -y);
       x /= length;
       y /= length;
-      const double offset = double{member.X1} * y - double{member.Y1} * x;
+      const double offset = double{a.X} * y - double{a.Y} * x;
       if (!(std::abs(offset / unit) < 9e17)) continue;
-      const double from = double{member.X1} * x + double{member.Y1} * y;
-      const double to = double{member.X2} * x + double{member.Y2} * y;
+      const double from = double{a.X} * x + double{a.Y} * y;
+      const double to = double{b.X} * x + double{b.Y} * y;
       lines[{std::llround(x * 1e6), std::llround(y * 1e6), std::llround(offset / unit)}].push_back(
-          {std::min(from, to), std::max(from, to), m});
+          {std::min(from, to), std::max(from, to), k});
     }
     std::vector<std::pair<int, int>> pairs;
     for (auto& [line, pieces] : lines) {
@@ -197,10 +153,10 @@ class Checker {
     }
     std::ranges::sort(pairs);
     for (const auto& [first, second] : pairs) {
-      const MemberRec& member = truss_.Members[second];
-      if (!TellPair(CheckKind::CoincidentMembers, member.X1, member.Y1,
-                    Capital(MemberName(first)) + " and " + MemberName(second) + " lie on one another" +
-                        At(member.X1, member.Y1) + "."))
+      const PlacedJoint& end = graph_.Joints[graph_.Unknowns[second].JointA];
+      if (!TellPair(CheckKind::CoincidentMembers, end.X, end.Y,
+                    "Member " + names_.Member(first) + " and member " + names_.Member(second) +
+                        " lie on one another" + At(end.X, end.Y) + "."))
         return;
     }
   }
@@ -274,11 +230,9 @@ class Checker {
   const Truss& truss_;
   DrawnWhere where_;
   const ReportFormat& format_;
-  TrussGraph graph_;
+  TrussGraph graph_;  // of joints and members
   DistinctNames names_;
-  Table<int> unknownOf_;  // by member: its number in the graph
-  double thousandth_;     // of the drawing's width, world units
-  std::vector<int> members_;
+  NearPlaces near_;
   std::unordered_map<PositionKey, int, PositionHash> jointAt_;
   std::vector<int> numMembersAt_;  // by joint
   std::vector<DrawingCheck> checks_;

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "analysis/FormatSigFigs.h"
-#include "canvas/Graph.h"
 #include "document/Truss.h"
+#include "explanation/NearPlaces.h"
 
 enum class CheckKind {
   NearEnds,            ///< two joints nearly meet
@@ -28,12 +28,8 @@ struct DrawingCheck {
   std::string Text;    ///< by name and place, a single-byte text
 };
 
-/// Where a truss is drawn, as far as the checks ask.
-struct DrawnWhere {
-  CanvasBounds Bounds;
-  float CanvasWidth = 566, CanvasHeight = 453;  ///< pixels
-  float SnapX = 0, SnapY = 0;  ///< world units: closer than this on both axes the mouse joins two points
-};
+inline constexpr const char* ChecksHeading = "Checks of the drawing:";
+inline constexpr const char* NothingFoundText = "Nothing was found.";
 
 /// Joints that nearly meet, members through joints and members on one another are told up to this many of
 /// each, the last with the words that there are more: of n elements at one place there would be n squared.

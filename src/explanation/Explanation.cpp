@@ -5,12 +5,14 @@
 namespace {
 
 // `rounding` where it is known.
-Explanation Explain(const TrussAnalysis& analysis, TrussGraph graph, std::optional<Rounding> rounding) {
+Explanation Explain(const Truss& truss, const TrussAnalysis& analysis, TrussGraph graph,
+                    std::optional<Rounding> rounding) {
   Explanation explanation;
   explanation.Graph = std::move(graph);
   explanation.Exact = ReasonExactly(explanation.Graph);
   explanation.Proof = ProveContradiction(explanation.Graph, explanation.Exact.Motions);
-  explanation.Suggestions = AdviceFor(explanation.Graph, explanation.Exact);
+  explanation.Suggestions =
+      AdviceFor(explanation.Graph, explanation.Exact, NearPlaces(truss.Settings, UsuallyDrawn(truss)));
   explanation.Rounded =
       rounding ? *std::move(rounding) : RoundingOf(explanation.Graph, analysis, explanation.Exact.Verdict);
   return explanation;
@@ -19,7 +21,7 @@ Explanation Explain(const TrussAnalysis& analysis, TrussGraph graph, std::option
 }  // namespace
 
 Explanation ExplainTruss(const Truss& truss, const TrussAnalysis& analysis) {
-  return Explain(analysis, GraphOf(truss, analysis), std::nullopt);
+  return Explain(truss, analysis, GraphOf(truss, analysis), std::nullopt);
 }
 
 const TrussGraph& ExplanationOnDemand::Graph() {
@@ -34,7 +36,7 @@ const Rounding& ExplanationOnDemand::Rounded() {
 
 const Explanation& ExplanationOnDemand::Whole() {
   if (!whole_) {
-    whole_ = Explain(analysis_, Graph(), rounded_);
+    whole_ = Explain(truss_, analysis_, Graph(), rounded_);
     rounded_ = whole_->Rounded;
   }
   return *whole_;

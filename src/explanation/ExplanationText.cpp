@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "explanation/AdviceText.h"
 #include "explanation/Directions.h"
 #include "explanation/DistinctNames.h"
 #include "explanation/MotionText.h"
@@ -34,7 +35,8 @@ class Writer {
     Add(MotionsHeading, MotionParagraphs());
     Add("Why no forces balance the loads:", ProofParagraphs());
     Add("Which forces hang together:", StressParagraphs());
-    Add("What would help:", AdviceParagraphs());
+    Add("What would help:", WhatWouldHelp(on_, names_));
+    Add("What may be left out:", WhatMayBeLeftOut(on_, names_));
     return std::move(sections_);
   }
 
@@ -208,56 +210,6 @@ class Writer {
           "behave under stress.");
     }
     return paragraphs;
-  }
-
-  std::vector<std::string> AdviceParagraphs() const {
-    std::vector<std::string> additions;
-    std::vector<std::string> removals;
-    for (const Advice& advice : on_.Suggestions) {
-      if (advice.Kind == AdviceKind::Remove) {
-        removals.push_back(RemovalText(advice.Unknown));
-      } else if (advice.Kind == AdviceKind::AddMember) {
-        additions.push_back("a member between " + names_.Joints({advice.JointA, advice.JointB}));
-      } else {
-        additions.push_back("a roller at " + names_.JointInWords(advice.JointA) + " that holds it " +
-                            (advice.Along == Axis::X ? "sideways" : "up and down") +
-                            (IsSupported(graph_, advice.JointA) ? " (a clamp in place of its roller)" : ""));
-      }
-    }
-    std::vector<std::string> paragraphs;
-    if (!additions.empty()) {
-      paragraphs.push_back("Each of these, added alone, stops one motion" + OthersOf(additions) + ": " +
-                           Joined(additions) + ".");
-    }
-    if (!removals.empty()) {
-      paragraphs.push_back(
-          "Each of these, left out alone, lets nothing move that did not move before" + OthersOf(removals) +
-          ": " + ListOf(removals) +
-          ".  They are part of a self-stress.  A member is not superfluous because its force is 0: "
-          "under another load it may be needed.");
-    }
-    return paragraphs;
-  }
-
-  // A clamp without one of its reactions is a roller, and a roller without its own is nothing.
-  std::string RemovalText(int k) const {
-    const PlacedUnknown& unknown = graph_.Unknowns[k];
-    if (unknown.IsMember()) return names_.Force(k);
-    const std::string joint = names_.JointInWords(unknown.JointA);
-    return names_.ReactionInWords(k) + (IsSupported(graph_, unknown.JointA, k)
-                                            ? " (a roller is enough at " + joint + ")"
-                                            : " (the roller at " + joint + ")");
-  }
-
-  // The search ends when it has enough.
-  static std::string OthersOf(const std::vector<std::string>& found) {
-    return found.size() < static_cast<std::size_t>(MostAdvice) ? "" : " (there may be others)";
-  }
-
-  static std::string Joined(const std::vector<std::string>& items) {
-    std::string text;
-    for (const std::string& item : items) text += (text.empty() ? "" : "; ") + item;
-    return text;
   }
 
   const Explanation& on_;

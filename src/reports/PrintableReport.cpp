@@ -190,6 +190,7 @@ class ReportBuilder {
          .Clipboard = context_.Clipboard,
          .Measure = context_.Measure,
          .TableRoom = context_.TableRoom,
+         .With = context_.With,
          .Progress = [this](double part) { return GoesOn(workDone_ + part * WorkOfExtra()); }});
     if (appended == AppendedExtra::LacksAPicture) hasAllPictures_ = false;
     return appended != AppendedExtra::Ended && HasDone(WorkOfExtra());

@@ -95,5 +95,5 @@ class PrintableReportWindow final : public QDialog {
   QPushButton* cmdCopyToClipboard = nullptr;
   QPushButton* cmdReportClose = nullptr;
   QPushButton* cmdReportSaveAs = nullptr;
-  std::vector<QCheckBox*> chkReportWith;  // one for each of AllReportExtras
+  std::vector<QCheckBox*> chkReportWith;  // one for each of AllReportExtras that has a caption
 };

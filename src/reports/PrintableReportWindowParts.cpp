@@ -77,6 +77,7 @@ void PrintableReportWindow::MakeButtons() {
 // What the document has beyond the usual sections; nothing at first.
 void PrintableReportWindow::MakeCheckBoxes() {
   for (const ReportExtraKind& kind : AllReportExtras) {
+    if (kind.Caption == nullptr) continue;
     auto* box = new QCheckBox(QString::fromUtf8(kind.Caption), this);
     box->setObjectName(QStringLiteral("chkReportWith(%1)").arg(chkReportWith.size() + 1));
     box->setToolTip(QString::fromUtf8(kind.ToolTip));

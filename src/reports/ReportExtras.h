@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "analysis/FormatSigFigs.h"
 #include "explanation/Explanation.h"
@@ -12,7 +13,7 @@
 #include "reports/RTBPicture.h"
 #include "reports/RTBText.h"
 
-enum class ReportExtra { Forces, Why, Steps, ByJoint };
+enum class ReportExtra { Forces, Why, Steps, ByJoint, Checks };
 
 /// What a section is made from, and what it is appended to.
 struct ReportExtraContext {
@@ -20,9 +21,10 @@ struct ReportExtraContext {
   const ReportFormat& Format;
   const Truss& Document;  ///< with names that can be printed
   ExplanationOnDemand& Reasons;
-  const ClipboardAccess& Clipboard;  ///< for pictures
-  const TextMeasure& Measure;        ///< for the texts in pictures
-  float TableRoom = 0;               ///< as in PrintableReportContext
+  const ClipboardAccess& Clipboard;      ///< for pictures
+  const TextMeasure& Measure;            ///< for the texts in pictures
+  float TableRoom = 0;                   ///< as in PrintableReportContext
+  const std::vector<ReportExtra>& With;  ///< all sections that are asked for
 
   /// Told which part of the section is done, 0 .. 1; returns false when the user wants no more.
   std::function<bool(double part)> Progress;
@@ -33,7 +35,7 @@ enum class AppendedExtra { Ended, LacksAPicture, Whole };
 struct ReportExtraKind {
   ReportExtra Extra;
   std::string_view Word;  ///< on the command line
-  const char* Caption;    ///< of its check box, with its access key
+  const char* Caption;    ///< of its check box, with its access key; null: it has none
   const char* ToolTip;
   AppendedExtra (*Append)(const ReportExtraContext&);
 };
@@ -42,8 +44,11 @@ AppendedExtra AppendForces(const ReportExtraContext& context);
 AppendedExtra AppendWhy(const ReportExtraContext& context);
 AppendedExtra AppendSteps(const ReportExtraContext& context);
 AppendedExtra AppendByJoint(const ReportExtraContext& context);
+AppendedExtra AppendChecks(const ReportExtraContext& context);
 
-/// All of them: who adds another section adds its line here.
+/// All of them: who adds another section adds its line here. The checks of the drawing stand with the
+/// reasons, and by themselves only when they are asked for by their word; those without a check box come
+/// last.
 inline constexpr std::array AllReportExtras = {
     ReportExtraKind{ReportExtra::Forces, "forces", "Add &forces",
                     "adds a section behind the solution: the forces on the truss, drawn", &AppendForces},
@@ -55,6 +60,7 @@ inline constexpr std::array AllReportExtras = {
         ReportExtra::ByJoint, "byjoint", "Add &joints",
         "adds a section behind the solution: the forces as they are found by hand, joint by joint",
         &AppendByJoint},
+    ReportExtraKind{ReportExtra::Checks, "checks", nullptr, nullptr, &AppendChecks},
 };
 
 std::optional<ReportExtra> ReportExtraNamed(std::string_view word);

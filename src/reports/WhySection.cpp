@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <string>
 
+#include "explanation/DrawingChecks.h"
 #include "explanation/ExplanationText.h"
 #include "explanation/MotionDrawing.h"
 #include "explanation/MotionText.h"
@@ -35,11 +36,18 @@ class WhySection {
         if (hasPicture && !AppendMotion(i)) return AppendedExtra::Ended;
       }
     }
+    if (HasChecks() && AppendChecks(on_) == AppendedExtra::Ended) return AppendedExtra::Ended;
     if (!on_.Progress(1)) return AppendedExtra::Ended;
     return hasAllPictures_ ? AppendedExtra::Whole : AppendedExtra::LacksAPicture;
   }
 
  private:
+  // Where they have a section of their own they are not told twice, and that there are none is not told here.
+  bool HasChecks() const {
+    return std::ranges::count(on_.With, ReportExtra::Checks) == 0 &&
+           !CheckDrawing(on_.Document, UsuallyDrawn(on_.Document), on_.Format).empty();
+  }
+
   std::size_t NumMotionsTold() const { return std::min(explanation_.Exact.Motions.size(), MostMotionsTold); }
 
   void AppendHeading(std::string_view heading) {

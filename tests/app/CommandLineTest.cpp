@@ -277,6 +277,7 @@ TEST(CommandLineDocument, HasTheSectionsThatAreAskedFor) {
   EXPECT_THAT(Call({"--with=why,why", "--document=-", "a"}).DocumentWith, ElementsAre(ReportExtra::Why));
   EXPECT_THAT(Call({"--document=-", "--with=why,forces", "a"}).DocumentWith,
               ElementsAre(ReportExtra::Why, ReportExtra::Forces));
+  EXPECT_THAT(Call({"--document=-", "--with=checks", "a"}).DocumentWith, ElementsAre(ReportExtra::Checks));
 }
 
 TEST(CommandLineDocument, RefusesSectionsThatThereAreNot) {
@@ -323,9 +324,10 @@ TEST(CommandLineHelp, ShowsEveryOptionThatThereIs) {
   for (const char* option :
        {"orvane [FILE...]", "--report[=SECTION,...] FILE...", "--json [--matrices] FILE...",
         "--csv=equations|rref|solutions FILE", "--picture=OUT [--named] FILE", ".png, .svg or .pdf",
-        "--document=OUT FILE", "--document=OUT --with=forces,why FILE", "--picture=OUT --forces FILE",
-        ".rtf, .pdf, .odt or .html", "--convert=OUT.trs FILE", "--autoname ...", "--help | --version",
-        "Exit status: 0", "counting, joints, equations, rref, solutions"}) {
+        "--document=OUT FILE", "--document=OUT --with=forces,why FILE", "--document=OUT --with=checks FILE",
+        "--picture=OUT --forces FILE", ".rtf, .pdf, .odt or .html", "--convert=OUT.trs FILE",
+        "--autoname ...", "--help | --version", "Exit status: 0",
+        "counting, joints, equations, rref, solutions"}) {
     EXPECT_THAT(help, HasSubstr(option));
   }
   EXPECT_TRUE(help.ends_with('\n'));

@@ -25,15 +25,29 @@ std::string Written(const TrussGraph& graph, const Advice& advice) {
   const std::string first = Place(graph, advice.JointA);
   if (advice.Kind == AdviceKind::AddRoller)
     return first + (advice.Along == Axis::X ? " along x" : " along y");
+  if (advice.Kind == AdviceKind::TurnRoller)
+    return "turn " + first + (advice.Along == Axis::X ? " along x" : " along y");
   const std::string second = Place(graph, advice.JointB);
+  if (advice.Kind == AdviceKind::JoinEnds) return "join " + first + " and " + second;
   return std::min(first, second) + " to " + std::max(first, second);
 }
+
+// In a drawing 20 wide, 15 high, whose thousandth is 0.02.
+NearPlaces OnTheUsualDrawing() { return {DocumentSettings{}, {.Bounds = {}, .SnapX = 0.4F, .SnapY = 0.4F}}; }
 
 std::vector<std::string> AdviceOn(const Truss& truss) {
   const TrussGraph graph = GraphOf(truss);
   std::vector<std::string> texts;
-  for (const Advice& advice : AdviceFor(graph, ReasonExactly(graph))) texts.push_back(Written(graph, advice));
+  for (const Advice& advice : AdviceFor(graph, ReasonExactly(graph), OnTheUsualDrawing()))
+    texts.push_back(Written(graph, advice));
   return texts;
+}
+
+std::vector<std::string> OnlyAdditions(std::vector<std::string> advice) {
+  std::erase_if(advice, [](const std::string& text) {
+    return text.starts_with("turn") || text.starts_with("join") || text.starts_with("without");
+  });
+  return advice;
 }
 
 TEST(Advice, ATrussThatTurnsAboutItsClampIsHeldWhereItMovesMostInOneOfTwoWays) {
@@ -114,7 +128,7 @@ TEST(Advice, ARollerIsAdvisedWhereNoSupportStands) {
 }
 
 TEST(Advice, WhereEveryJointHasASupportOneOfThemBecomesAClamp) {
-  EXPECT_THAT(AdviceOn(TrussBuilder().Member(0, 0, 4, 0).Roller(0, 0, "A").Roller(4, 0, "B")),
+  EXPECT_THAT(OnlyAdditions(AdviceOn(TrussBuilder().Member(0, 0, 4, 0).Roller(0, 0, "A").Roller(4, 0, "B"))),
               ElementsAre("0,0 along x"));
 }
 
@@ -124,7 +138,7 @@ TEST(Advice, NoRollerIsAdvisedWhereAClampOrOneOfItsKindStands) {
   for (int i = 0; i < 500; ++i) {
     const TrussGraph graph = GraphOf(RandomSmallTruss(random, 6, 5));
     if (graph.NumUnknowns() == 0) continue;
-    for (const Advice& advice : AdviceFor(graph, ReasonExactly(graph))) {
+    for (const Advice& advice : AdviceFor(graph, ReasonExactly(graph), {})) {
       if (advice.Kind != AdviceKind::AddRoller) continue;
       ++numRollers;
       for (const PlacedUnknown& unknown : graph.Unknowns.First(graph.NumUnknowns())) {
@@ -134,6 +148,136 @@ TEST(Advice, NoRollerIsAdvisedWhereAClampOrOneOfItsKindStands) {
     }
   }
   EXPECT_GT(numRollers, 100);
+}
+
+// The triangle stands on a clamp and a roller whose line passes through the clamp.
+TEST(Advice, ARollerThatHoldsTheWrongWayIsTurned) {
+  const auto triangle = TrussBuilder().Member(0, 0, 4, 0).Member(4, 0, 2, 3).Member(2, 3, 0, 0).Clamp(0, 0);
+  EXPECT_THAT(AdviceOn(TrussBuilder(triangle).Roller(4, 0, "R", 8)).front(), "turn 4,0 along y");
+  EXPECT_THAT(AdviceOn(TrussBuilder(triangle).Roller(4, 0, "R")), testing::IsEmpty());
+}
+
+TEST(Advice, OneOfThreeParallelRollersIsTurned) {
+  const Truss truss = TrussBuilder()
+                          .Member(0, 0, 4, 0)
+                          .Member(4, 0, 8, 0)
+                          .Member(0, 0, 2, 3)
+                          .Member(4, 0, 2, 3)
+                          .Member(4, 0, 6, 3)
+                          .Member(8, 0, 6, 3)
+                          .Member(2, 3, 6, 3)
+                          .Roller(0, 0, "A")
+                          .Roller(4, 0, "B")
+                          .Roller(8, 0, "C");
+  const std::vector<std::string> advice = AdviceOn(truss);
+  ASSERT_GE(advice.size(), 3U);
+  EXPECT_THAT(std::vector(advice.begin(), advice.begin() + 3),
+              ElementsAre("turn 0,0 along x", "turn 4,0 along x", "turn 8,0 along x"));
+}
+
+TEST(Advice, ARollerIsNotTurnedWhereThatLetsGoAsMuchAsItHolds) {
+  // It slides on the first roller; turned, it would turn about the second, which stands on a clamp's line.
+  EXPECT_THAT(AdviceOn(TrussBuilder()
+                           .Member(0, 0, 4, 0)
+                           .Member(4, 0, 2, 3)
+                           .Member(2, 3, 0, 0)
+                           .Roller(0, 0, "A", 5)
+                           .Clamp(9, 9)),
+              Not(Contains(testing::StartsWith("turn 0,0"))));
+}
+
+// The strut CE ends 0.02 beside the foot D, which is free to move, as is its own end.
+TrussBuilder NearFoot(float gap) {
+  return TrussBuilder()
+      .Member(0, 0, 4, 0, "AD")
+      .Member(4, 0, 8, 0, "BD")
+      .Member(0, 0, 4, 3, "AC")
+      .Member(8, 0, 4, 3, "BC")
+      .Member(4, 3, 4 + gap, 0, "CE")
+      .Clamp(0, 0)
+      .Roller(8, 0);
+}
+
+TEST(Advice, EndsThatNearlyMeetAreJoinedBeforeAnythingElse) {
+  for (const float gap : {0.02F, 0.3F}) {
+    const std::vector<std::string> advice = AdviceOn(NearFoot(gap));
+    const std::string end = gap < 0.1F ? "4.02,0" : "4.3,0";
+    EXPECT_EQ(advice.front(), "join 4,0 and " + end);
+    for (const std::string& text : advice) EXPECT_THAT(text, Not(testing::HasSubstr(" to ")));
+  }
+  EXPECT_THAT(AdviceOn(NearFoot(0.5F)), Not(Contains(testing::StartsWith("join"))));
+  EXPECT_THAT(AdviceOn(NearFoot(0.5F)), Contains("4,0 to 4,3"));
+}
+
+TEST(Advice, EndsAreNotJoinedWhereThatStopsNothingOrAMemberIsBetweenThem) {
+  EXPECT_THAT(AdviceOn(NearFoot(0.02F).Member(4, 0, 4.02F, 0, "DE")),
+              Not(Contains(testing::StartsWith("join"))));
+  // The strut's foot has a support of its own, and the chord's joint another one.
+  EXPECT_THAT(AdviceOn(NearFoot(0.02F).Clamp(4.02F, 0).Roller(4, 0).Member(11, 0, 12, 0)),
+              Not(Contains(testing::StartsWith("join"))));
+}
+
+TEST(Advice, NoMemberIsAdvisedThatLiesOnAnother) {
+  // The long member passes over the joint (4, 0), at which two others meet; from there a member to either of
+  // its ends would lie on it.
+  const std::vector<std::string> advice = AdviceOn(TrussBuilder()
+                                                       .Member(0, 0, 8, 0.1F)
+                                                       .Member(4, 0.05F, 3, 4)
+                                                       .Member(3, 4, 0, 0)
+                                                       .Member(3, 4, 8, 0.1F)
+                                                       .Clamp(0, 0)
+                                                       .Roller(8, 0.1F));
+  EXPECT_THAT(advice, Not(Contains("0,0 to 4,0.05")));
+  EXPECT_THAT(advice, Not(Contains("4,0.05 to 8,0.1")));
+  EXPECT_THAT(advice, Not(testing::IsEmpty()));
+}
+
+TEST(Advice, MembersForSeveralMotionsStandWithTheShortestFirst) {
+  // Two parallelograms, the small one on the right.
+  const std::vector<std::string> advice = AdviceOn(TrussBuilder()
+                                                       .Member(0, 0, 1, 4)
+                                                       .Member(6, 0, 7, 4)
+                                                       .Member(1, 4, 7, 4)
+                                                       .Clamp(0, 0)
+                                                       .Clamp(6, 0)
+                                                       .Member(12, 0, 12, 1)
+                                                       .Member(13, 0, 13, 1)
+                                                       .Member(12, 1, 13, 1)
+                                                       .Clamp(12, 0)
+                                                       .Clamp(13, 0));
+  ASSERT_GE(advice.size(), 4U);
+  EXPECT_THAT(std::vector(advice.begin(), advice.begin() + 2),
+              testing::UnorderedElementsAre("12,0 to 13,1", "12,1 to 13,0"));
+  EXPECT_THAT(advice, Contains("1,4 to 6,0"));
+}
+
+// On trusses of all kinds, as the checks of a drawing see them.
+TEST(Advice, MakesNoMistakeThatTheChecksOfTheDrawingWouldFind) {
+  std::mt19937 random(31);
+  int numMembers = 0;
+  const NearPlaces near = OnTheUsualDrawing();
+  for (int i = 0; i < 400; ++i) {
+    const TrussGraph graph = GraphOf(RandomSmallTruss(random, 8, 5));
+    if (graph.NumUnknowns() == 0) continue;
+    double longest = 0;
+    for (const Advice& advice : AdviceFor(graph, ReasonExactly(graph), near)) {
+      if (advice.Kind != AdviceKind::AddMember) continue;
+      ++numMembers;
+      const PlacedJoint& a = graph.Joints[advice.JointA];
+      const PlacedJoint& b = graph.Joints[advice.JointB];
+      const MemberLine line(a, b);
+      EXPECT_GE(line.Length(), longest) << "truss " << i;
+      longest = line.Length();
+      for (const PlacedJoint& joint : graph.Joints.First(graph.NumJoints()))
+        EXPECT_FALSE(near.PassesThrough(line, joint)) << "truss " << i;
+      for (const PlacedUnknown& member : graph.Unknowns.First(graph.NumUnknowns())) {
+        EXPECT_FALSE(member.IsMember() &&
+                     near.LieOnOneAnother(a, b, graph.Joints[member.JointA], graph.Joints[member.JointB]))
+            << "truss " << i;
+      }
+    }
+  }
+  EXPECT_GT(numMembers, 300);
 }
 
 TEST(ContradictionProof, IsFromTheDrivenMotionOfTheFewestJoints) {

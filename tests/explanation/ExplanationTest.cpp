@@ -120,6 +120,13 @@ TEST(ExplanationAdvice, IsFollowedBeforeItIsGiven) {
         EXPECT_FALSE(std::ranges::binary_search(verdict.Determined, advice.Unknown));
         continue;
       }
+      if (advice.Kind == AdviceKind::TurnRoller) {
+        graph.Unknowns[advice.Unknown].Along = advice.Along;
+        EXPECT_EQ(JudgeExactly(graph).Mechanisms(), verdict.Mechanisms() - advice.Stops);
+        EXPECT_EQ(advice.Stops, 1);
+        continue;
+      }
+      ASSERT_TRUE(advice.IsAddition());
       ++additions;
       graph.Unknowns.Resize(graph.NumUnknowns() + 1);
       graph.Unknowns[graph.NumUnknowns()] = {
@@ -130,6 +137,38 @@ TEST(ExplanationAdvice, IsFollowedBeforeItIsGiven) {
     EXPECT_EQ(additions > 0, verdict.Mechanisms() > 0) << "truss " << i;
   }
   EXPECT_GT(numPieces, 500);
+}
+
+TEST(ExplanationAdvice, TellsEndsToBeJoinedRollersToBeTurnedAndWhatMayGoEachInItsPlace) {
+  const std::string nearFoot = TextOf(Explain(TrussBuilder()
+                                                  .Member(0, 0, 4, 0)
+                                                  .Member(4, 0, 8, 0)
+                                                  .Member(0, 0, 4, 3)
+                                                  .Member(8, 0, 4, 3)
+                                                  .Member(4, 3, 4.02F, 0)
+                                                  .Clamp(0, 0)
+                                                  .Roller(8, 0)
+                                                  .Joint(4, 0, "D")
+                                                  .Joint(4.02F, 0, "E")));
+  EXPECT_THAT(nearFoot,
+              HasSubstr("What would help:\nJoints D at (4, 0) and E at (4.02, 0) nearly meet.  Draw "
+                        "them to one place: then nothing can move any more.\nOtherwise each of"));
+  const std::string wrongRoller = TextOf(Explain(TrussBuilder()
+                                                     .Member(0, 0, 4, 0, "c")
+                                                     .Member(4, 0, 2, 3)
+                                                     .Member(2, 3, 0, 0)
+                                                     .Clamp(0, 0, "Ax", "Ay")
+                                                     .Roller(4, 0, "R", 8)
+                                                     .Joint(4, 0, "B")));
+  EXPECT_THAT(
+      wrongRoller,
+      HasSubstr("What would help:\nIt is enough to turn a roller: the one at joint B, so that it holds "
+                "it up and down.  Then nothing can move any more.\nOtherwise each of"));
+  EXPECT_THAT(wrongRoller, HasSubstr("What may be left out:\nEach of these, left out alone"));
+  const std::string twoMotions =
+      TextOf(Explain(TrussBuilder().Member(0, 0, 4, 0).Member(4, 0, 8, 0).Clamp(0, 0).Roller(8, 0, "R", 8)));
+  EXPECT_THAT(twoMotions, HasSubstr("Turn a roller: the one at the joint at (8, 0), so that it holds it up "
+                                    "and down.  That stops one of the 2 motions."));
 }
 
 TEST(ExplanationAdvice, ForAParallelogramIsADiagonal) {

@@ -28,9 +28,13 @@ TrussBuilder ObliqueTie() {
 
 class WhySectionTest : public PrintableReportTest {
  protected:
-  std::string TextWithWhy(const Truss& truss) {
+  std::string TextWithWhy(const Truss& truss) { return TextWith({ReportExtra::Why}, truss); }
+
+  std::string TextWith(std::vector<ReportExtra> extras, Truss truss) {
     document_ = RecordingRichText(clipboard_);
-    with_ = {ReportExtra::Why};
+    with_ = std::move(extras);
+    truss.Settings.YMin = -4;  // so that reactions have room below the joints
+    truss.View = DeriveView(truss.Settings, CanvasBounds());
     return TextOf(truss);
   }
 };
@@ -126,6 +130,49 @@ TEST_F(WhySectionTest, ItsTableIsNoWiderThanThePaper) {
     }
     EXPECT_EQ(found, 1);
   }
+}
+
+// A triangle with a strut whose end is loose, far away from its supports.
+TrussBuilder WithALooseEnd() {
+  return TrussBuilder()
+      .Member(4, 4, 8, 4, "AB")
+      .Member(8, 4, 6, 7, "BC")
+      .Member(6, 7, 4, 4, "CA")
+      .Member(6, 7, 10, 7, "CE")
+      .Clamp(4, 4, "Ax", "Ay")
+      .Roller(8, 4, "R")
+      .Joint(10, 7, "E");
+}
+
+constexpr const char* LooseEnd = "Joint E at (10, 7) has one member and no support";
+
+std::size_t NumTimes(const std::string& text, const std::string& part) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}
+
+TEST_F(WhySectionTest, HasWhatTheChecksOfTheDrawingFind) {
+  const std::string text = TextWithWhy(WithALooseEnd());
+  EXPECT_GT(text.find("Checks of the drawing:"), text.find("What would help:"));
+  EXPECT_EQ(NumTimes(text, LooseEnd), 1U);
+  EXPECT_THAT(TextWithWhy(RollingTriangle()), Not(HasSubstr("Checks of the drawing:")));
+}
+
+TEST_F(WhySectionTest, LeavesTheChecksToASectionOfTheirOwn) {
+  const std::string usual = TextWith({}, WithALooseEnd());
+  EXPECT_THAT(usual, Not(HasSubstr(LooseEnd)));
+  const std::string alone = TextWith({ReportExtra::Checks}, WithALooseEnd());
+  EXPECT_TRUE(alone.starts_with(usual));
+  EXPECT_EQ(NumTimes(alone, LooseEnd), 1U);
+  EXPECT_EQ(document_.LinesThatAre(LineRole::Heading).back(), "Checks of the drawing:");
+  for (const auto& both : {std::vector{ReportExtra::Why, ReportExtra::Checks},
+                           std::vector{ReportExtra::Checks, ReportExtra::Why}}) {
+    const std::string text = TextWith(both, WithALooseEnd());
+    EXPECT_EQ(NumTimes(text, LooseEnd), 1U);
+    EXPECT_EQ(text.find("Why this conclusion:") < text.find(LooseEnd), both.front() == ReportExtra::Why);
+  }
+  EXPECT_THAT(TextWith({ReportExtra::Checks}, RollingTriangle()), EndsWith("Nothing was found."));
 }
 
 TEST(ReportExtras, EachHasAWordOfItsOwn) {

@@ -1,0 +1,15 @@
+// What was advised, in words.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "explanation/DistinctNames.h"
+#include "explanation/Explanation.h"
+
+/// What would stop a motion, paragraph by paragraph; empty when there is nothing to say. The names are those
+/// of the explanation's graph.
+std::vector<std::string> WhatWouldHelp(const Explanation& explanation, const DistinctNames& names);
+
+/// What could be left out without starting a motion; empty when there is nothing to say.
+std::vector<std::string> WhatMayBeLeftOut(const Explanation& explanation, const DistinctNames& names);
