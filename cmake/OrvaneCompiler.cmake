@@ -35,3 +35,11 @@ if(ORVANE_FUZZ)
   # Coverage for the fuzzer in every library; only the targets themselves link its main.
   target_compile_options(orvane_compiler INTERFACE -fsanitize=fuzzer-no-link)
 endif()
+
+# orvane_join_sources(TARGET): compiles several of its files as one. Most of the time that a file takes goes into headers
+# and templates which its neighbours use as well. Names in unnamed namespaces must then differ within a folder.
+function(orvane_join_sources target)
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+  # The compiler takes the joined files for headers.
+  target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+endfunction()

@@ -8,6 +8,10 @@ function(orvane_include_folder target name)
   target_include_directories(${target} PUBLIC ${include})
 endfunction()
 
+# Who builds from nothing saves a third of the time. Who works on one file compiles that file alone, and so do the
+# sanitizers' and the fuzzer's builds, which prove that each file includes what it uses.
+option(ORVANE_JOIN_SOURCES "Compile the files of a room several at a time" ON)
+
 # orvane_room(NAME
 #   logic_links PUBLIC ... PRIVATE ...
 #   logic A.h A.cpp ...              the rules: library orvane_NAME
@@ -23,6 +27,9 @@ function(orvane_room name)
   orvane_include_folder(orvane_${name} ${name})
   target_link_libraries(orvane_${name} PUBLIC orvane_compiler ${ROOM_logic_links})
   target_link_libraries(orvane_logic INTERFACE orvane_${name})
+  if(ORVANE_JOIN_SOURCES)
+    orvane_join_sources(orvane_${name})
+  endif()
   # What most files read of the standard library is read once, by the lowest room, for all.
   if(name STREQUAL text)
     target_precompile_headers(orvane_text PRIVATE <algorithm> <array> <cmath> <functional> <map> <memory> <optional>
@@ -36,6 +43,9 @@ function(orvane_room name)
     target_link_libraries(orvane_${name}_windows PUBLIC orvane_${name} orvane_qt ${ROOM_windows_links})
     set_target_properties(orvane_${name}_windows PROPERTIES AUTOMOC ON)
     target_link_libraries(orvane_windows INTERFACE orvane_${name}_windows)
+    if(ORVANE_JOIN_SOURCES)
+      orvane_join_sources(orvane_${name}_windows)
+    endif()
     # The toolkit's headers take longer to read than the room's own files; the lowest room reads them for all.
     if(name STREQUAL platform)
       target_precompile_headers(orvane_platform_windows PRIVATE <QtWidgets>)

@@ -14,11 +14,3 @@ function(orvane_discover_tests target)
   endif()
   set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${suites})
 endfunction()
-
-# orvane_join_sources(TARGET): compiles several of its files as one. Most of the time that a test takes to compile goes
-# into templates which its neighbours use as well. Names in unnamed namespaces must then differ within a folder.
-function(orvane_join_sources target)
-  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 6)
-  # The compiler takes the joined files for headers.
-  target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
-endfunction()

@@ -18,8 +18,6 @@
 
 namespace {
 
-constexpr Index None = ~Index{0};
-
 /// Rows stand an odd number of cache lines apart. Otherwise the entries of one column would compete for a
 /// small part of the cache.
 constexpr std::size_t NumbersBetweenRows = 8;
@@ -113,7 +111,7 @@ DenseBlock::DenseBlock(std::vector<SparseRow>& rows, Echelon& echelon, const Eli
 bool DenseBlock::TakePivot() {
   if (numPending_ == mostPending_) CloseWindow();
   const Index row = FindPivotRow();
-  if (row == None) return false;
+  if (row == NoIndex) return false;
   const Index place = FirstPlaceWith(bounds_[row], row);
   const Index step = NumTaken();
   SwapRows(step, row);
@@ -128,22 +126,22 @@ Index DenseBlock::FindPivotRow() {
   const std::size_t from = step / BlockLength * BlockLength;  // the bounds of the rows taken are 0
   while (step < numRows_) {
     const double largest = vector_.Largest(bounds_.data() + from, bounds_.size() - from);
-    if (!echelon_.Accepts(largest)) return None;
+    if (!echelon_.Accepts(largest)) return NoIndex;
     const auto found = std::find(bounds_.begin() + step, bounds_.begin() + numRows_, largest);
     const auto row = static_cast<Index>(found - bounds_.begin());
     if (pendingOf_[row] == 0) return row;
     BringUpToDate(row);
   }
-  return None;
+  return NoIndex;
 }
 
 /// Among equal magnitudes the smallest position wins, as in a search from left to right.
 Index DenseBlock::FirstPlaceWith(double magnitude, Index row) const {
   const auto position = [this](Index place) { return echelon_.PositionOfColumn[columns_[place]]; };
-  Index first = None;
+  Index first = NoIndex;
   for (Index place = 0; place < columns_.size(); ++place) {
     const bool ties = std::abs(rowCells_[row][place]) == magnitude;
-    if (ties && (first == None || position(place) < position(first))) first = place;
+    if (ties && (first == NoIndex || position(place) < position(first))) first = place;
   }
   return first;
 }

@@ -12,6 +12,9 @@
 
 using Index = std::uint32_t;
 
+/// Says that there is no such row or column.
+inline constexpr Index NoIndex = ~Index{0};
+
 /// The coefficients of one row, in no particular order, none of them 0.
 struct SparseRow {
   std::vector<Index> Columns;

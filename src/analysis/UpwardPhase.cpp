@@ -17,8 +17,6 @@
 
 namespace {
 
-constexpr Index None = ~Index{0};
-
 /// The pivot rows over the columns that matter: these pivots, then the columns without a pivot, then the
 /// right-hand side. A column's number here is its slot.
 struct UsefulRows {
@@ -53,7 +51,7 @@ UsefulRows::UsefulRows(Echelon& echelon) {
     numEntries += echelon.PivotRows[position].Columns.size() + 1;
   }
 
-  std::vector<Index> slotOfColumn(echelon.NumColumns(), None);
+  std::vector<Index> slotOfColumn(echelon.NumColumns(), NoIndex);
   for (Index position = 0; position < echelon.NumColumns(); ++position) {
     if (!isUseful[position]) continue;
     slotOfColumn[echelon.ColumnAt[position]] = static_cast<Index>(PositionOfSlot.size());
@@ -71,7 +69,7 @@ UsefulRows::UsefulRows(Echelon& echelon) {
     const auto append = [&](Index slot, double value) {
       Slots[end] = slot;
       Values[end] = value;
-      end += slot != None ? 1 : 0;
+      end += slot != NoIndex ? 1 : 0;
     };
     for (Index at = 0; at < row.Values.size(); ++at) append(slotOfColumn[row.Columns[at]], row.Values[at]);
     if (rightHandSide(position) != 0) append(RightHandSideSlot(), rightHandSide(position));

@@ -13,7 +13,7 @@
 namespace {
 
 constexpr int SideMargin = 8;
-constexpr int AirAboveAndBelow = 6;  // together
+constexpr int AirAroundStatus = 6;  // together
 constexpr double SmallestStatusPoints = 8;
 
 // The read-out keeps its font while the mouse moves, so it is chosen for more digits than most places have.
@@ -76,5 +76,5 @@ int StatusBarHeight(const QFont& font, int firstPanelWidth, int windowHeight) {
   const QStringList texts = StandingTexts();
   const bool two = std::ranges::all_of(
       texts, [&](const QString& text) { return TextFits(font, text.trimmed(), twoLines, Qt::TextWordWrap); });
-  return std::min(heightOf(two ? 2 : 3) + AirAboveAndBelow, windowHeight / 4);
+  return std::min(heightOf(two ? 2 : 3) + AirAroundStatus, windowHeight / 4);
 }

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int ButtonHeight = 28;  // with letters of the usual size
 constexpr int HighestButton = StepPanelHeight - 4;
-constexpr int AirAboveAndBelow = 10;  // together, around a button's caption
+constexpr int AirInButton = 10;  // together, around a button's caption
 constexpr int NextButtonFromRight = 88;
 constexpr int PrevButtonFromRight = 152;
 constexpr int StepButtonWidth = 60;
@@ -72,6 +72,6 @@ void FitStepButtons(std::initializer_list<QWidget*> panels, const QFont& wanted)
   FitCaptions(buttons, wanted);
   for (QPushButton* button : buttons) {
     CentreInPanel(*button,
-                  std::clamp(button->fontMetrics().height() + AirAboveAndBelow, ButtonHeight, HighestButton));
+                  std::clamp(button->fontMetrics().height() + AirInButton, ButtonHeight, HighestButton));
   }
 }

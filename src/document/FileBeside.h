@@ -5,6 +5,9 @@
 
 #include "platform/SystemFile.h"
 
+/// Of a file that nobody else may read before it has the rights of the one whose place it takes.
+inline constexpr mode_t PrivateMode = 0600;
+
 /// Its name begins with ".orvane-save-" and does not depend on the target's, which may already be as long as
 /// names can be. It is locked as long as it is written: an unlocked one is what a killed save has left, and
 /// is removed by the next save in this folder. Unless it takes its place it is gone in the end.

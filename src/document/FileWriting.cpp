@@ -20,7 +20,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr mode_t NewFileMode = 0666;  // less what the user or the folder wants new files to be denied
-constexpr mode_t PrivateMode = 0600;
 constexpr mode_t AnyWrite = 0222;
 
 // A file that grows beyond what this process may write is answered by a signal that ends the process, unless

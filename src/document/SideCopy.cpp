@@ -20,8 +20,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr mode_t PrivateMode = 0600;
-
 // Without symbolic links; empty when there is no such file.
 std::string RealPath(const std::string& path) {
   std::array<char, PATH_MAX> real{};

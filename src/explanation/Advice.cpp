@@ -6,6 +6,7 @@
 #include <tuple>
 #include <utility>
 
+#include "explanation/At.h"
 #include "explanation/RigidityMatrix.h"
 
 namespace {
@@ -15,8 +16,6 @@ constexpr double SmallestHeld = 1e-3;
 
 // Members that are looked at for each motion, so that a drawing full of mistakes does not take for ever.
 constexpr int MostTries = 1000;
-
-std::size_t At(int index) { return static_cast<std::size_t>(index); }
 
 double SquaredLength(const TrussGraph& graph, int a, int b) {
   const double x = double{graph.Joints[a].X} - double{graph.Joints[b].X};

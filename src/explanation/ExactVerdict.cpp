@@ -6,14 +6,13 @@
 #include <utility>
 
 #include "analysis/Parallel.h"
+#include "explanation/At.h"
 #include "explanation/LocalVectors.h"
 #include "explanation/MotionExtent.h"
 #include "explanation/NullVectors.h"
 #include "explanation/RigidMotions.h"
 
 namespace {
-
-std::size_t At(int index) { return static_cast<std::size_t>(index); }
 
 template <class Field>
 std::uint64_t Product(const ModularRow& vector, const std::vector<std::uint64_t>& loads) {

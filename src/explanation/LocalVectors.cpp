@@ -6,11 +6,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "explanation/At.h"
+
 namespace {
 
 using Vector = std::vector<std::uint64_t>;
-
-std::size_t At(int index) { return static_cast<std::size_t>(index); }
 
 // target -= factor * row
 template <class Field>

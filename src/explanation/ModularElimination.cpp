@@ -7,9 +7,9 @@
 #include <limits>
 #include <utility>
 
-namespace {
+#include "explanation/At.h"
 
-std::size_t At(int index) { return static_cast<std::size_t>(index); }
+namespace {
 
 // Indices by a count that changes; finds one with the smallest count above 0.
 class Buckets {

@@ -6,19 +6,19 @@
 
 namespace {
 
-constexpr std::size_t MostNames = 4;
+constexpr std::size_t MostListed = 4;
 
 std::string MotionTitle(const DistinctNames& joints, const Motion& motion) {
   if (motion.Kind == MotionKind::Rigid) return "the whole truss moves";
   std::vector<std::string> names;
   for (const JointDisplacement& at : motion.Joints) names.push_back(joints.Joint(at.Joint));
-  return ListOf(names, MostNames) + (names.size() == 1 ? " moves" : " move");
+  return ListOf(names, MostListed) + (names.size() == 1 ? " moves" : " move");
 }
 
 std::string SelfStressTitle(const DistinctNames& names, const SelfStress& stress) {
   std::vector<int> unknowns;
   for (const UnknownForce& force : stress.Forces) unknowns.push_back(force.Unknown);
-  return names.Forces(unknowns, MostNames);
+  return names.Forces(unknowns, MostListed);
 }
 
 template <class Item>

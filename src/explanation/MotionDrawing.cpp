@@ -24,10 +24,10 @@ constexpr int MotionArrowWidth = 2;  // pixels
 constexpr float MarginOfPicture = 6;
 
 // Air around the truss for supports and names, pixels.
-constexpr float WidestBorder = 56;
+constexpr float MotionBorder = 56;
 
 // More names, or arrows closer to each other than this many pixels, would cover everything.
-constexpr int MostNames = 150;
+constexpr int MostNamedJoints = 150;
 constexpr std::size_t MostArrowsAnywhere = 100;
 constexpr float CellOfCrowdedArrow = 24;
 
@@ -62,7 +62,7 @@ TrussExtent WantedExtent(const Truss& truss, double forceScale, const TrussGraph
 }
 
 void ShowJointNames(Drawing& drawing, const Truss& truss, const TextMeasure& measure) {
-  if (truss.NumJoints > MostNames) return;
+  if (truss.NumJoints > MostNamedJoints) return;
   PlaceJointLabels(drawing, truss, measure);
   for (const JointRec& joint : truss.JointsInUse()) {
     if (joint.NameLabel == 0 || truss.Name(joint.NameLabel) == UnnamedCaption) continue;
@@ -119,7 +119,7 @@ void AddMembers(const TrussGraph& graph, const JointPlaces& places, MotionDrawin
 }
 
 // A small displacement keeps its direction, and gets a length that can be seen.
-PixelLine ArrowOf(PixelPoint from, double dx, double dy) {
+PixelLine ArrowFrom(PixelPoint from, double dx, double dy) {
   const double length = std::hypot(dx, dy);
   const double stretch = length > 0 ? std::max(1.0, double{ShortestMotionArrow} / length) : 0;
   return {from.X, from.Y, FiniteSingle(from.X + stretch * dx), FiniteSingle(from.Y + stretch * dy)};
@@ -143,7 +143,7 @@ void AddArrows(const Motion& motion, const JointPlaces& places, double pixelsPer
   for (const JointDisplacement& at : motion.Joints) {
     const PixelPoint from = places.AtRest(at.Joint);
     if (motion.Joints.size() > MostArrowsAnywhere && !crowd.Takes(from)) continue;
-    drawing.Arrows.push_back(ArrowOf(from, pixelsPerUnit * at.Dx, -pixelsPerUnit * at.Dy));
+    drawing.Arrows.push_back(ArrowFrom(from, pixelsPerUnit * at.Dx, -pixelsPerUnit * at.Dy));
   }
 }
 
@@ -179,7 +179,7 @@ void AddMotion(const MotionScene& scene, double size, double swing, MotionDrawin
   const double scale = (double{mapping.PixelX2} - double{mapping.PixelX1}) /
                        (double{mapping.WorldX2} - double{mapping.WorldX1});
   AddArrows(*scene.Moves, places, ArrowOverSwing * largest * scale, drawing);
-  if (drawing.Shown.NumJoints <= MostNames) ClearNamesOfArrows(scene, largest, drawing);
+  if (drawing.Shown.NumJoints <= MostNamedJoints) ClearNamesOfArrows(scene, largest, drawing);
 }
 
 void DrawLines(Surface& surface, const std::vector<PixelLine>& lines, int width, int colour) {
@@ -222,7 +222,7 @@ MotionDrawing DrawMotion(const MotionScene& scene, const PixelRect& room, double
   drawing.Objects.Mapping =
       MappingInto(WantedExtent(scene.Stressed != nullptr ? drawing.Shown : scene.Document,
                                drawing.Shown.Settings.ForceScale, scene.Graph, scene.Moves != nullptr),
-                  room, WidestBorder);
+                  room, MotionBorder);
   PlaceTruss(drawing.Objects, drawing.Shown, scene.NamesOfForces, measure);
   if (scene.Moves != nullptr) AddMotion(scene, size, held, drawing);
   if (scene.Stressed != nullptr) {

@@ -3,11 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "explanation/At.h"
 #include "explanation/MovingPieces.h"
 
 namespace {
-
-std::size_t At(int index) { return static_cast<std::size_t>(index); }
 
 class ExtentFinder {
  public:

@@ -23,15 +23,15 @@ constexpr float TextGap = 3;
 // Where along a member its text may stand, the best place first.
 constexpr std::array TextPlaces = {0.5, 0.36, 0.64, 0.24, 0.76};
 
-struct Box {
+struct TextBox {
   float Left, Top, Right, Bottom;
 
-  bool Meets(const Box& other) const {
+  bool Meets(const TextBox& other) const {
     return Left < other.Right && other.Left < Right && Top < other.Bottom && other.Top < Bottom;
   }
 };
 
-Box Around(PixelPoint centre, const TextExtent& extent) {
+TextBox Around(PixelPoint centre, const TextExtent& extent) {
   return {centre.X - extent.Width / 2, centre.Y - extent.Height / 2, centre.X + extent.Width / 2,
           centre.Y + extent.Height / 2};
 }
@@ -84,11 +84,11 @@ class Marker {
                      static_cast<float>((1 - share) * double{line.Y1} + share * double{line.Y2})},
                     extent);
     };
-    Box place = boxAt(TextPlaces.front());
+    TextBox place = boxAt(TextPlaces.front());
     if (taken_.size() > MostMarkTexts) return {place.Left, place.Top};
     for (const double share : TextPlaces) {
-      const Box box = boxAt(share);
-      if (std::ranges::any_of(taken_, [&](const Box& other) { return box.Meets(other); })) continue;
+      const TextBox box = boxAt(share);
+      if (std::ranges::any_of(taken_, [&](const TextBox& other) { return box.Meets(other); })) continue;
       place = box;
       break;
     }
@@ -119,7 +119,7 @@ class Marker {
   }
 
   // Beside the edge a text stands over its arrow's tail rather than being cut.
-  Box IntoTheRoom(Box box) const {
+  TextBox IntoTheRoom(TextBox box) const {
     const auto moved = [](float from, float to, float least, float most) {
       return from < least ? least - from : to > most ? std::max(most - to, least - from) : 0.0F;
     };
@@ -152,7 +152,7 @@ class Marker {
     });
   }
 
-  PixelPoint Take(const Box& box) {
+  PixelPoint Take(const TextBox& box) {
     taken_.push_back(box);
     return {box.Left, box.Top};
   }
@@ -161,7 +161,7 @@ class Marker {
   const Graph& mapping_;
   const ReportFormat& format_;
   const TextMeasure& measure_;
-  std::vector<Box> taken_;
+  std::vector<TextBox> taken_;
 };
 
 // On white, so that the member's line does not run through it.

@@ -25,6 +25,8 @@ constexpr int RedundantLinesOffset = 60;  // below the height of the grid, from 
 constexpr int NoticeMargin = 6;           // of its text
 constexpr double LargestNotice = 0.4;     // of the window's height; beyond that the notice is scrolled
 
+constexpr QSize SmallestSize(320, 200);
+
 QString RedundantConclusion() {
   QStringList lines;
   for (const char* line : RedundantLines) lines.append(QString::fromLatin1(line));
@@ -51,7 +53,7 @@ ReportWindow::ReportWindow(NumberFormat numbers, QWidget* parent)
                                   NoticeMargin, this)) {
   setObjectName(QStringLiteral("Report"));
   setWindowTitle(QStringLiteral("Report"));
-  setMinimumSize(320, 200);
+  setMinimumSize(SmallestSize);
   resize(760, 540);
 
   eqnGrid_->setObjectName(QStringLiteral("EqnGrid"));
@@ -137,6 +139,7 @@ void ReportWindow::ShowTable(std::unique_ptr<ReportTable> table, int extraRowHei
   txtReport1_->hide();
   txtReport1_->clear();
   redundantLines_->setVisible(redundant);
+  setMinimumSize(SmallestSize);
   label17_->show();
   eqnGrid_->show();
   setFocusProxy(eqnGrid_);
@@ -235,5 +238,7 @@ void ReportWindow::PlaceRedundantLines() {
     const int left = GridLeft + label17_->sizeHint().width();
     redundantLines_->setGeometry(left, 0, std::max(0, width() - left), GridTop);
     FitLabel(*redundantLines_, font());
+    // The smallest letters may be wide ones.
+    setMinimumWidth(std::max(SmallestSize.width(), left + redundantLines_->sizeHint().width()));
   }
 }

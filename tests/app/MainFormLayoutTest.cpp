@@ -11,6 +11,13 @@ class MainFormLayout : public MainFormTest {
  protected:
   int StatusBarHeight() const { return Widget("StatusBar1")->height(); }
 
+  // The status bar takes more lines in a narrow window, so its height is known when the width is.
+  void ResizeWithCanvasHeight(int width, int canvasHeight) {
+    ResizeInside(width, canvasHeight + StatusBarHeight());
+    ResizeInside(width, canvasHeight + StatusBarHeight());
+    ASSERT_EQ(Canvas()->height(), canvasHeight);
+  }
+
   // A caption stands in the middle between a fixed edge and the left edge of a step button.
   void ExpectCaption(const char* label, int fixedLeft, int buttonLeft) const {
     const QRect place = Place(*Widget(label));
@@ -99,10 +106,10 @@ TEST_F(MainFormLayout, ANarrowWindowIsLeftAsItIs) {
 TEST_F(MainFormLayout, TheMaximumYFollowsFromTheCanvas) {
   Started();
   // 400 pixels for 20 units of x; 330 of y, between 70 and 33 above the canvas's end.
-  ResizeInside(500, 433 + StatusBarHeight());
+  ResizeWithCanvasHeight(500, 433);
   EXPECT_FLOAT_EQ(truss_.View.YMax, 16.5F);
   // 800 pixels for 20 units of x; 400 of y.
-  ResizeInside(900, 503 + StatusBarHeight());
+  ResizeWithCanvasHeight(900, 503);
   EXPECT_FLOAT_EQ(truss_.View.YMax, 10);
 }
 
@@ -111,7 +118,7 @@ class MainFormDrawing : public MainFormLayout {
   // 20 pixels to the unit; the origin stands at (48, 400).
   void StartedEasily() {
     Started();
-    ResizeInside(500, 433 + StatusBarHeight());
+    ResizeWithCanvasHeight(500, 433);
   }
 };
 
@@ -177,7 +184,7 @@ TEST_F(MainFormDrawing, RulersAndGridGoWhenTheirSwitchesAreOff) {
   Truss bare = TrussBuilder().Member(2, 2, 18, 2);
   bare.Settings.RulersOn = bare.Settings.GridOn = false;
   truss_.Settings = bare.Settings;
-  ResizeInside(520, 433 + StatusBarHeight());
+  ResizeWithCanvasHeight(520, 433);
   const QImage picture = Picture();
   for (int x = 0; x < picture.width(); ++x) {
     for (int y = StepPanelHeight; y < picture.height(); ++y) ASSERT_EQ(picture.pixelColor(x, y), Qt::white);

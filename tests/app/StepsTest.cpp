@@ -8,7 +8,7 @@
 namespace {
 
 // A triangle on a clamp and a roller: 3 members, 3 reaction components, 3 joints.
-Truss Triangle() {
+Truss NumberedTriangle() {
   return TrussBuilder()
       .Member(0, 0, 4, 0, "C")
       .Member(0, 0, 2, 3, "A")
@@ -29,7 +29,7 @@ TEST(Steps, BeginsInStep1) {
 }
 
 TEST(Steps, TheStatusBarSaysWhatToDoInEachStep) {
-  Truss truss = Triangle();
+  Truss truss = NumberedTriangle();
   Steps steps;
   steps.Next1(truss);
   EXPECT_EQ(steps.StatusText(),
@@ -46,7 +46,7 @@ TEST(Steps, TheStatusBarSaysWhatToDoInEachStep) {
 }
 
 TEST(Steps, Next1BringsTheJointListUpToDate) {
-  Truss truss = Triangle();
+  Truss truss = NumberedTriangle();
   truss.Members[3].X2 = 5;  // B no longer meets A, so there is one joint more
   Steps steps;
   EXPECT_TRUE(steps.Next1(truss));
@@ -55,7 +55,7 @@ TEST(Steps, Next1BringsTheJointListUpToDate) {
 }
 
 TEST(Steps, NamesAndArrowsAreOnTheDrawingFromStep2On) {
-  Truss truss = Triangle();
+  Truss truss = NumberedTriangle();
   Steps steps;
   steps.Next1(truss);
   EXPECT_TRUE(steps.NamesAreShown());
@@ -83,7 +83,7 @@ TEST(Steps, Next1IsRefusedWhenTheJointsCannotBeNumbered) {
 }
 
 TEST(Steps, Next2AnalysesTheTruss) {
-  Truss truss = Triangle();
+  Truss truss = NumberedTriangle();
   Steps steps;
   steps.Next1(truss);
   EXPECT_TRUE(steps.Next2(truss));
@@ -119,7 +119,7 @@ TEST(Steps, ForcesAloneGiveJointsButNoMatrix) {
 }
 
 TEST(Steps, AButtonOfAnotherStepDoesNothing) {
-  Truss truss = Triangle();
+  Truss truss = NumberedTriangle();
   Steps steps;
   EXPECT_FALSE(steps.Prev2());
   EXPECT_FALSE(steps.Next2(truss));
@@ -140,7 +140,7 @@ TEST(Steps, AButtonOfAnotherStepDoesNothing) {
 }
 
 TEST(Steps, GoingBackAndForthKeepsTheNamesOfTheJoints) {
-  Truss truss = Triangle();
+  Truss truss = NumberedTriangle();
   Steps steps;
   steps.Next1(truss);
   steps.Prev2();
@@ -161,7 +161,7 @@ TEST(Steps, GoingForwardAgainLeavesTheNamesOfErasedElementsTaggedAsDeleted) {
 }
 
 TEST(Steps, RestartLeadsToStep1FromAnywhere) {
-  Truss truss = Triangle();
+  Truss truss = NumberedTriangle();
   Steps steps;
   steps.Next1(truss);
   steps.Next2(truss);
@@ -172,7 +172,7 @@ TEST(Steps, RestartLeadsToStep1FromAnywhere) {
 }
 
 TEST(Steps, AReportThatIsStillOpenKeepsItsAnalysis) {
-  Truss truss = Triangle();
+  Truss truss = NumberedTriangle();
   Steps steps;
   steps.Next1(truss);
   steps.Next2(truss);

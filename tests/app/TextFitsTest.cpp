@@ -15,11 +15,22 @@ using testing::IsEmpty;
 
 constexpr QSize InnerSizes[] = {{566, 560}, {900, 700}, {620, 420}, {1340, 640}};
 
-class TextFits : public WindowEditingFixture, public testing::WithParamInterface<int> {
+struct Letters {
+  int Points;
+  const char* Family;  // null for the desktop's
+};
+
+void PrintTo(const Letters& letters, std::ostream* out) {
+  *out << letters.Points << " points";
+  if (letters.Family != nullptr) *out << " of " << letters.Family;
+}
+
+class TextFits : public WindowEditingFixture, public testing::WithParamInterface<Letters> {
  protected:
   TextFits() : usual_(QApplication::font()) {
     QFont font = usual_;
-    font.setPointSize(GetParam());
+    font.setPointSize(GetParam().Points);
+    if (GetParam().Family != nullptr) font.setFamily(QString::fromLatin1(GetParam().Family));
     QApplication::setFont(font);
   }
   ~TextFits() override {
@@ -215,7 +226,10 @@ TEST_P(TextFits, OfTheHelp) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(LettersOfPoints, TextFits, testing::Values(8, 9, 12, 14, 18, 24));
+INSTANTIATE_TEST_SUITE_P(LettersOfPoints, TextFits,
+                         testing::Values(Letters{8, nullptr}, Letters{9, nullptr},
+                                         Letters{12, "Liberation Mono"}, Letters{14, nullptr},
+                                         Letters{18, nullptr}, Letters{24, "Liberation Mono"}));
 
 // --- the status bar
 

@@ -23,7 +23,7 @@ expect() {
 
 expect "" "a user's first time" --preset release
 expect "" "a user's second time"
-expect true "continuous integration in a directory that a user has configured" --preset develop
+expect true "continuous integration in a directory that a user has configured" --preset develop -DORVANE_JOIN_SOURCES=ON
 rm -r "$room/build"
-expect true "continuous integration's first time" --preset develop
+expect true "continuous integration's first time" --preset develop -DORVANE_JOIN_SOURCES=ON
 expect false "not continuous integration"

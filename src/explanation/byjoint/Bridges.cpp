@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <utility>
 
-namespace {
+#include "explanation/At.h"
 
-std::size_t At(int index) { return static_cast<std::size_t>(index); }
+namespace {
 
 constexpr int Unseen = -1;
 

@@ -18,10 +18,10 @@ namespace {
 
 constexpr double Pi = 3.141592654;
 
-constexpr float GapAtJoint = 12;       // pixels, between a joint and the arrows at it
-constexpr float ArrowOnPart = 34;      // of a part of the truss, whose joints stand close to each other
-constexpr float BorderOfPart = 88;     // for the arrows and their texts
-constexpr std::size_t MostNames = 60;  // of joints; more would cover everything
+constexpr float GapAtJoint = 12;             // pixels, between a joint and the arrows at it
+constexpr float ArrowOnPart = 34;            // of a part of the truss, whose joints stand close to each other
+constexpr float BorderOfPart = 88;           // for the arrows and their texts
+constexpr std::size_t MostNamesByHand = 60;  // of joints; more would cover everything
 constexpr std::size_t MostTexts = 80;
 constexpr float TextGap = 4;
 
@@ -44,7 +44,7 @@ class Painter {
   HandPicture All() {
     if (step_.Joint != 0) {
       scale_ = 0;
-      arrow_ = std::min(LongestForceArrow, 0.3F * std::min(room_.Width(), room_.Height()));
+      arrow_ = std::min(LongestJointArrow, 0.3F * std::min(room_.Width(), room_.Height()));
     } else {
       arrow_ = ArrowOnPart;
       MapPart();
@@ -53,7 +53,7 @@ class Painter {
     for (const int joint : joints_) picture_.Pins.push_back(At(joint));
     DrawPoints();
     for (const ForceOnPart& force : forces_) DrawForce(force);
-    if (joints_.size() <= MostNames) {
+    if (joints_.size() <= MostNamesByHand) {
       for (const int joint : joints_) DrawName(joint);
     }
     return std::move(picture_);

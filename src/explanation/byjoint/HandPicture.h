@@ -12,7 +12,7 @@
 #include "platform/TextMeasure.h"
 
 /// Pixels; all forces on a joint that is drawn alone have arrows of one length.
-inline constexpr float LongestForceArrow = 80;
+inline constexpr float LongestJointArrow = 80;
 
 /// What a force is to the step: nothing of it is left to find, or the step gives it, or it stays open.
 enum class ForceRole { Known, Found, Zero, Open, Load };

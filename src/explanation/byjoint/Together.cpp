@@ -7,11 +7,10 @@
 #include <map>
 
 #include "analysis/Elimination.h"
+#include "explanation/At.h"
 #include "explanation/ModularElimination.h"
 
 namespace {
-
-std::size_t At(int index) { return static_cast<std::size_t>(index); }
 
 // The equations of some joints, each as the balance of the joint.
 class JointSystem {

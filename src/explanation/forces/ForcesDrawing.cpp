@@ -14,7 +14,7 @@
 namespace {
 
 // Air around the truss for arrows and texts, pixels.
-constexpr float WidestBorder = 84;
+constexpr float ForcesBorder = 84;
 
 // The widest stroke, pixels; where members are short it is that share of the usual member.
 constexpr double WidestStroke = 8, NarrowestStroke = 2;
@@ -34,7 +34,7 @@ double LengthOf(const PixelLine& line) {
 
 // The mapping into the room, `zoom` times larger around its middle.
 Graph ZoomedMapping(const TrussForces& forces, const PixelRect& room, double zoom) {
-  Graph mapping = MappingInto(ExtentOf(forces.Graph), room, WidestBorder);
+  Graph mapping = MappingInto(ExtentOf(forces.Graph), room, ForcesBorder);
   const auto zoomed = [zoom](float at, float low, float high) {
     const double middle = (double{low} + double{high}) / 2;
     return FiniteSingle(middle + zoom * (at - middle));
