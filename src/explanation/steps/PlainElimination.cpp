@@ -8,11 +8,11 @@
 
 namespace {
 
-using Done = std::function<void(const EliminationStep&)>;
+using TellStep = std::function<void(const EliminationStep&)>;
 
-class Elimination {
+class PlainWork {
  public:
-  Elimination(StepMatrix& matrix, const Done& done) : matrix_(matrix), done_(done) {}
+  PlainWork(StepMatrix& matrix, const TellStep& done) : matrix_(matrix), done_(done) {}
 
   void Run() {
     Take({.Kind = StepKind::Begin});
@@ -100,13 +100,13 @@ class Elimination {
   }
 
   StepMatrix& matrix_;
-  const Done& done_;
+  const TellStep& done_;
 };
 
 // Writes the steps down, and which rows have no coefficient any more.
-class Recorder {
+class StepRecorder {
  public:
-  Recorder(EliminationInSteps& story, const StepMatrix& matrix)
+  StepRecorder(EliminationInSteps& story, const StepMatrix& matrix)
       : story_(story), matrix_(matrix), isEmpty_(matrix.NumRows()) {}
 
   void Note(const EliminationStep& step) {
@@ -133,7 +133,7 @@ class Recorder {
 
 }  // namespace
 
-void EliminatePlainly(StepMatrix& matrix, const Done& done) { Elimination(matrix, done).Run(); }
+void EliminatePlainly(StepMatrix& matrix, const TellStep& done) { PlainWork(matrix, done).Run(); }
 
 EliminationInSteps EliminateInSteps(SparseMatrix<double> equations) {
   EliminationInSteps story;
@@ -143,7 +143,7 @@ EliminationInSteps EliminateInSteps(SparseMatrix<double> equations) {
     return story;
   }
   StepMatrix matrix(story.Equations);
-  Recorder recorder(story, matrix);
+  StepRecorder recorder(story, matrix);
   EliminatePlainly(matrix, [&recorder](const EliminationStep& step) { recorder.Note(step); });
   return story;
 }

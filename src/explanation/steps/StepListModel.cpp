@@ -3,18 +3,15 @@
 #include <QFont>
 #include <QFontMetrics>
 
+#include "explanation/ShownText.h"
 #include "explanation/steps/StepsTour.h"
 #include "platform/qt/QtText.h"
-#include "text/CodePage.h"
-#include "text/ControlCharacters.h"
 
 namespace {
 
 // Pixels beside and above the letters.
 constexpr int SideMargin = 6;
 constexpr int TopMargin = 3;
-
-QString Shown(const std::string& text) { return QString::fromStdString(VisibleText(ToUtf8(text))); }
 
 }  // namespace
 
@@ -26,7 +23,7 @@ void StepListModel::Show(const StepsTour* tour) {
     std::string title = tour->Title(i);
     if (title.size() > longest.size()) longest = std::move(title);
   }
-  longest_ = Shown(longest);
+  longest_ = ShownText(longest);
   endResetModel();
 }
 
@@ -38,9 +35,9 @@ QVariant StepListModel::data(const QModelIndex& index, int role) const {
   if (tour_ == nullptr || !index.isValid()) return {};
   switch (role) {
     case Qt::DisplayRole:
-      return Shown(tour_->Title(index.row()));
+      return ShownText(tour_->Title(index.row()));
     case Qt::ToolTipRole:
-      return PlainToolTip(Shown(tour_->Title(index.row())));
+      return PlainToolTip(ShownText(tour_->Title(index.row())));
     case Qt::FontRole: {
       if (!tour_->IsPivot(index.row())) return {};
       QFont bold;

@@ -1,13 +1,10 @@
 #include "explanation/steps/StepMatrixModel.h"
 
+#include "explanation/ShownText.h"
 #include "explanation/steps/StepsTour.h"
 #include "platform/qt/QtText.h"
-#include "text/CodePage.h"
-#include "text/ControlCharacters.h"
 
 namespace {
-
-QString Shown(const std::string& text) { return QString::fromStdString(VisibleText(ToUtf8(text))); }
 
 const char* WordFor(CellMark mark) {
   switch (mark) {
@@ -71,7 +68,7 @@ int StepMatrixModel::ColumnOf(int place) const {
 }
 
 QString StepMatrixModel::CellName(int row, int column) const {
-  return Shown(tour_->Text().Row(row)) + QStringLiteral(", ") + Shown(tour_->Text().Column(column));
+  return ShownText(tour_->Text().Row(row)) + QStringLiteral(", ") + ShownText(tour_->Text().Column(column));
 }
 
 CellMark StepMatrixModel::MarkAt(const QModelIndex& index) const {
@@ -82,7 +79,7 @@ QVariant StepMatrixModel::data(const QModelIndex& index, int role) const {
   if (tour_ == nullptr || !index.isValid()) return {};
   const int row = RowOf(index.row());
   const int column = ColumnOf(index.column());
-  const QString number = Shown(tour_->Text().Number(tour_->Matrix()(row, column)));
+  const QString number = ShownText(tour_->Text().Number(tour_->Matrix()(row, column)));
   switch (role) {
     case Qt::DisplayRole:
       return number;
@@ -102,8 +99,8 @@ QVariant StepMatrixModel::data(const QModelIndex& index, int role) const {
 QVariant StepMatrixModel::headerData(int section, Qt::Orientation orientation, int role) const {
   const int count = orientation == Qt::Vertical ? rowCount() : columnCount();
   if (section < 0 || section >= count || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};
-  const QString name = Shown(orientation == Qt::Vertical ? tour_->Text().Row(RowOf(section))
-                                                         : tour_->Text().Column(ColumnOf(section)));
+  const QString name = ShownText(orientation == Qt::Vertical ? tour_->Text().Row(RowOf(section))
+                                                             : tour_->Text().Column(ColumnOf(section)));
   return role == Qt::ToolTipRole ? PlainToolTip(name) : name;
 }
 

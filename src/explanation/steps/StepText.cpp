@@ -12,10 +12,7 @@ namespace {
 
 constexpr std::size_t MostNamed = 12;
 
-// Between a number and what it multiplies, in the single-byte code page.
-constexpr const char* Times = " \xB7 ";
-
-bool IsOne(double factor) { return std::abs(factor) == 1; }
+bool IsUnit(double factor) { return std::abs(factor) == 1; }
 
 }  // namespace
 
@@ -112,7 +109,7 @@ std::string StepText::Sentence(const EliminationStep& step, bool isCarriedOut) c
 }
 
 std::string StepText::Subtraction(const EliminationStep& step) const {
-  const std::string factor = IsOne(step.Number) ? "" : Number(std::abs(step.Number)) + " times ";
+  const std::string factor = IsUnit(step.Number) ? "" : Number(std::abs(step.Number)) + " times ";
   return Row(step.Row) + (step.Number < 0 ? " plus " : " minus ") + factor + Row(step.OtherRow);
 }
 
@@ -129,7 +126,7 @@ std::string StepText::ShortForm(const EliminationStep& step) const {
     }
     case StepKind::Clear:
       return row(step.Row) + " := " + row(step.Row) + (step.Number < 0 ? " + " : " - ") +
-             (IsOne(step.Number) ? "" : Number(std::abs(step.Number)) + Times) + row(step.OtherRow);
+             (IsUnit(step.Number) ? "" : Number(std::abs(step.Number)) + TimesSign) + row(step.OtherRow);
     default:
       return "";
   }

@@ -5,13 +5,11 @@
 
 namespace {
 
-using Lines = std::vector<StepsLine>;
-
-std::string Numbered(std::size_t number, const std::string& text) {
+std::string WithNumber(std::size_t number, const std::string& text) {
   return std::to_string(number) + ".  " + text;
 }
 
-void AddStep(const StepText& text, std::size_t index, Lines& lines) {
+void AddStep(const StepText& text, std::size_t index, std::vector<StepsLine>& lines) {
   const EliminationStep& step = text.Story().Steps[index];
   const std::string sentence = text.Sentence(step, false);
   const std::string shortForm = text.ShortForm(step);
@@ -19,16 +17,16 @@ void AddStep(const StepText& text, std::size_t index, Lines& lines) {
     lines.push_back({StepsLineKind::Text, sentence});
   } else {
     lines.push_back({step.Kind == StepKind::Pivot ? StepsLineKind::Pivot : StepsLineKind::Operation,
-                     Numbered(index, sentence + (shortForm.empty() ? "" : "   " + shortForm))});
+                     WithNumber(index, sentence + (shortForm.empty() ? "" : "   " + shortForm))});
   }
   for (std::string& remark : text.Remarks(index)) lines.push_back({StepsLineKind::Remark, std::move(remark)});
 }
 
-void AddPivots(const StepText& text, std::size_t most, Lines& lines) {
+void AddPivots(const StepText& text, std::size_t most, std::vector<StepsLine>& lines) {
   const std::vector<EliminationPivot>& pivots = text.Story().Pivots;
   const std::size_t told = std::min(most, pivots.size());
   for (std::size_t i = 0; i < told; ++i)
-    lines.push_back({StepsLineKind::Operation, Numbered(i + 1, text.Pivot(pivots[i]))});
+    lines.push_back({StepsLineKind::Operation, WithNumber(i + 1, text.Pivot(pivots[i]))});
   if (told < pivots.size())
     lines.push_back({StepsLineKind::Text, "And " + std::to_string(pivots.size() - told) +
                                               " more pivots, which would fill too many pages."});
@@ -37,7 +35,7 @@ void AddPivots(const StepText& text, std::size_t most, Lines& lines) {
 }  // namespace
 
 std::vector<StepsLine> StepsReport(const StepText& text, const StepsRoom& room) {
-  Lines lines;
+  std::vector<StepsLine> lines;
   const EliminationInSteps& story = text.Story();
   if (!story.IsToldInSteps()) {
     lines.push_back({StepsLineKind::Text, text.OnlyPivots()});

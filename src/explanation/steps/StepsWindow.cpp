@@ -14,6 +14,7 @@
 #include <QTableView>
 #include <algorithm>
 
+#include "explanation/ShownText.h"
 #include "explanation/steps/PlainElimination.h"
 #include "explanation/steps/StepListModel.h"
 #include "explanation/steps/StepMatrixModel.h"
@@ -21,14 +22,6 @@
 #include "explanation/steps/StepsTour.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
-#include "text/CodePage.h"
-#include "text/ControlCharacters.h"
-
-namespace {
-
-QString Shown(const std::string& text) { return QString::fromStdString(VisibleText(ToUtf8(text))); }
-
-}  // namespace
 
 StepsWindow::StepsWindow(const AnimationWish& animation, QWidget* parent)
     : LearnWindow(QStringLiteral("Steps"), QStringLiteral("Elimination, step by step"), parent),
@@ -96,7 +89,7 @@ QString StepsWindow::CopiedText() const {
   for (const StepsLine& line : StepsReport(tour_->Text(), StepsWithoutEnd)) {
     if (line.Kind == StepsLineKind::Pivot) text += QLatin1Char('\n');
     if (line.Kind == StepsLineKind::Remark) text += QStringLiteral("    ");
-    text += Shown(line.Text) + QLatin1Char('\n');
+    text += ShownText(line.Text) + QLatin1Char('\n');
   }
   return text;
 }
@@ -119,10 +112,10 @@ void StepsWindow::GoToPivot(int unknown) {
 void StepsWindow::ShowPlace() {
   QStringList lines;
   if (tour_) {
-    for (const std::string& line : tour_->Lines()) lines.append(Shown(line));
+    for (const std::string& line : tour_->Lines()) lines.append(ShownText(line));
   }
   txtStep_->setPlainText(lines.join(QLatin1Char('\n')));
-  lblStep_->setText(tour_ ? Shown(tour_->Position()) : QString());
+  lblStep_->setText(tour_ ? ShownText(tour_->Position()) : QString());
   numbers_->Follow();
   if (tour_ && tour_->NumPlaces() > 0) {
     const QModelIndex operation = operations_->index(tour_->Operation());
@@ -142,7 +135,7 @@ void StepsWindow::ShowPlace() {
 
 void StepsWindow::ShowPivotLine() {
   lblPivot_->setText(tour_ && cmbUnknown_->count() > 0
-                         ? Shown(tour_->PivotLine(cmbUnknown_->currentIndex() + 1))
+                         ? ShownText(tour_->PivotLine(cmbUnknown_->currentIndex() + 1))
                          : QString());
   KeepWholeHeight(*this);
 }
