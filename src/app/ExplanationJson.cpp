@@ -125,19 +125,27 @@ void WriteFindings(JsonStream& list, const AnalysedFile& file, const ReportForma
   }
 }
 
+// As the notice tells it, where a figure that the reports show is not sure.
+std::string CertainFiguresJson(const Explanation& explanation, const ReportFormat& format) {
+  const DrawnFigures& figures = explanation.Rounded.Figures;
+  if (!figures.CertainFigures) return "null";
+  const int shown = SureFigures::ShownFigures(format);
+  const int sure = JudgeFigures(figures.Forces, format).Count;
+  return std::to_string(sure < shown ? sure : *figures.CertainFigures);
+}
+
 }  // namespace
 
 void AddExplanation(JsonStream& object, const AnalysedFile& file,
                     const std::optional<Explanation>& explanation, const ReportFormat& format) {
   if (explanation) {
-    const std::optional<int>& figures = explanation->Rounded.Figures.CertainFigures;
     object.Key("exact", ExactJson(*explanation))
         .Array("unknownsAt", [&](JsonStream& list) { WriteUnknownsAt(list, explanation->Graph); })
         .Array("motions", [&](JsonStream& list) { WriteMotions(list, *explanation, format); })
         .Array("selfStresses", [&](JsonStream& list) { WriteSelfStresses(list, *explanation, format); })
         .Key("proof", ProofJson(explanation->Proof))
         .Array("advice", [&](JsonStream& list) { WriteAdvice(list, explanation->Suggestions); })
-        .Key("certainFigures", figures ? std::to_string(*figures) : "null");
+        .Key("certainFigures", CertainFiguresJson(*explanation, format));
   }
   object.Array("checks", [&](JsonStream& list) { WriteFindings(list, file, format); });
   if (!explanation) return;

@@ -19,8 +19,8 @@ namespace {
 
 QString HeadingFor(std::size_t count) {
   if (count == 0) return QStringLiteral("Nothing was found.");
-  return count == 1 ? QStringLiteral("&One thing to look at:")
-                    : QStringLiteral("&%1 things to look at:").arg(count);
+  return count == 1 ? QStringLiteral("One thing to look at:")
+                    : QStringLiteral("%1 things to look at:").arg(count);
 }
 
 }  // namespace

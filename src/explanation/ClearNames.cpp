@@ -7,7 +7,7 @@ namespace {
 
 // Pixels between a name and an arrow, whose head is wider than its line, and between a name and its joint.
 constexpr double Clearance = 4;
-constexpr float Gap = 5;
+constexpr float NameGap = 5;
 
 struct Box {
   double Left, Top, Right, Bottom;
@@ -39,7 +39,7 @@ Box LettersOf(const LabelPlace& place, bool above, bool left) {
   const double width = double{place.Width} - double{place.TextLeft};
   const double height = double{place.Height} - double{place.TextTop};
   const double x = left ? -double{place.TextLeft} - width : double{place.TextLeft};
-  const double y = above ? -double{Gap} - height : double{place.TextTop};
+  const double y = above ? -double{NameGap} - height : double{place.TextTop};
   return {x, y, x + width, y + height};
 }
 

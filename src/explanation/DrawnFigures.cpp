@@ -62,26 +62,25 @@ Reduced Reduce(const TrussGraph& graph, double scale, const EliminationLimits& l
   return reduced;
 }
 
-std::optional<int> SureFigures(const TrussAnalysis& analysis, const ExactVerdict& verdict,
-                               const std::vector<double>& values, double scale) {
+// What is smaller beside the largest is a remnant of double precision: of a force that is 0.
+constexpr double NothingInDouble = 1e-12;
+
+std::vector<ComparedForce> Compare(const TrussAnalysis& analysis, const ExactVerdict& verdict,
+                                   const std::vector<double>& values, double scale) {
+  std::vector<ComparedForce> forces;
   if (analysis.Reading.Code == Outcome::Inconsistent || verdict.Code() == Outcome::Inconsistent)
-    return std::nullopt;
+    return forces;
   double largest = 0;
-  double difference = 0;
-  bool any = false;
   for (const int k : verdict.Determined) {
     const std::optional<double>& shown = analysis.Reading.Values[k];
     if (!shown) continue;
-    any = true;
-    const double value = values[static_cast<std::size_t>(k)] * scale;
-    largest = std::max(largest, std::abs(value));
-    difference = std::max(difference, std::abs(value - *shown));
+    forces.push_back({k, *shown, values[static_cast<std::size_t>(k)] * scale});
+    largest = std::max(largest, std::abs(forces.back().Unrounded));
   }
-  if (!any) return std::nullopt;
-  constexpr int most = 7;  // no single has more
-  if (difference == 0) return most;
-  if (largest == 0 || !std::isfinite(difference)) return 0;
-  return static_cast<int>(std::clamp(std::floor(-std::log10(difference / largest)), 0.0, double{most}));
+  for (ComparedForce& force : forces) {
+    if (std::abs(force.Unrounded) < NothingInDouble * largest) force.Unrounded = 0;
+  }
+  return forces;
 }
 
 // The displacements whose lengthenings are in proportion to the forces: nearly those that lengthen nothing,
@@ -145,11 +144,13 @@ DrawnFigures FiguresOf(const TrussGraph& graph, const TrussAnalysis& analysis, c
   if (pivots != verdict.Rank)
     reduced = Reduce(graph, scale, {.SmallestPivot = 0, .MostPivots = verdict.Rank});
   const std::vector<double> values = reduced.Values();
-  figures.CertainFigures = SureFigures(analysis, verdict, values, scale);
+  figures.Forces = Compare(analysis, verdict, values, scale);
+  figures.CertainFigures = FiguresOfLargest(figures.Forces);
   if (load == 0) return figures;
   for (const double value : values) figures.Magnification = std::max(figures.Magnification, std::abs(value));
   const bool isUnique = verdict.Code() == Outcome::Neither && verdict.SelfStresses() == 0;
-  if (isUnique && figures.Magnification > NearlyAMechanism)
+  const bool losesFigures = figures.Magnification > LargeForces && figures.CertainFigures < MostSureFigures;
+  if (isUnique && (figures.Magnification > NearlyAMechanism || losesFigures))
     figures.NearlyFree = NearlyFreeMotion(graph, values);
   return figures;
 }

@@ -3,10 +3,12 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include "analysis/Analysis.h"
 #include "explanation/ExactVerdict.h"
 #include "explanation/Motions.h"
+#include "explanation/SureFigures.h"
 
 struct DrawnFigures {
   /// The outcome when whatever is smaller than a millionth of its scale counts as nothing.
@@ -16,14 +18,21 @@ struct DrawnFigures {
   /// change, measured against the largest force. Empty when no force is determined, or none is shown.
   std::optional<int> CertainFigures;
 
+  /// The determined forces that the reduced matrix shows, ascending; none where there is no solution, exactly
+  /// or shown.
+  std::vector<ComparedForce> Forces;
+
   /// The largest force by the largest load; 0 without loads or forces.
   double Magnification = 0;
 
-  /// Of a truss with a unique solution whose forces are more than NearlyAMechanism times its loads.
+  /// The motion that costs the forces least: of a truss with a unique solution whose forces are more than
+  /// NearlyAMechanism times its loads, or more than LargeForces times and not sure in every figure of a
+  /// single.
   std::optional<Motion> NearlyFree;
 };
 
 inline constexpr double NothingWithinFigures = 1e-6;
 inline constexpr double NearlyAMechanism = 1000;
+inline constexpr double LargeForces = 100;
 
 DrawnFigures FiguresOf(const TrussGraph& graph, const TrussAnalysis& analysis, const ExactVerdict& verdict);

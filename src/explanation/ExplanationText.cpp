@@ -37,6 +37,7 @@ class Writer {
     Add("Which forces hang together:", StressParagraphs());
     Add("What would help:", WhatWouldHelp(on_, names_));
     Add("What may be left out:", WhatMayBeLeftOut(on_, names_));
+    Add(RoundingHeading, RoundingParagraphs(graph_, on_.Rounded, format_));
     return std::move(sections_);
   }
 
@@ -73,7 +74,11 @@ class Writer {
           "  The truss keeps its shape; it is its supports that let it move as a whole.  That triangles are "
           "enough is true of the shape only.";
     }
-    return {"This truss has " + Motions(motions) + " and " + States(states) + ".", counting};
+    std::vector<std::string> paragraphs = {
+        "This truss has " + Motions(motions) + " and " + States(states) + ".", counting};
+    const std::string different = DifferentReadings(on_.Rounded);
+    if (!different.empty()) paragraphs.insert(paragraphs.begin(), different);
+    return paragraphs;
   }
 
   bool KeepsItsShape() const {
@@ -256,13 +261,6 @@ std::vector<std::string> KindTable(const ExactVerdict& verdict) {
   return lines;
 }
 
-std::vector<ExplanationSection> Reasons(const Explanation& explanation, const ReportFormat& format) {
-  return Writer(explanation, format).All();
-}
-
 std::vector<ExplanationSection> ExplanationText(const Explanation& explanation, const ReportFormat& format) {
-  std::vector<ExplanationSection> sections = Reasons(explanation, format);
-  const std::string notice = RoundingNotice(explanation.Graph, explanation.Rounded, format);
-  if (!notice.empty()) sections.push_back({RoundingHeading, {notice}});
-  return sections;
+  return Writer(explanation, format).All();
 }

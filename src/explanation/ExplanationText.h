@@ -40,8 +40,5 @@ TrussKinds KindOf(const ExactVerdict& verdict);
 std::vector<std::string> KindTable(const ExactVerdict& verdict);
 
 /// The sections that have something to say, in their order. The first is about the kind of the truss; the
-/// table of kinds stands below its heading.
-std::vector<ExplanationSection> Reasons(const Explanation& explanation, const ReportFormat& format);
-
-/// The same, and last what rounding has to do with it.
+/// table of kinds stands below its heading. The last is what rounding has to do with the conclusion.
 std::vector<ExplanationSection> ExplanationText(const Explanation& explanation, const ReportFormat& format);

@@ -19,9 +19,9 @@
 namespace {
 
 constexpr int Yellow = 14;
-constexpr int BandWidth = 8;         // pixels
+constexpr int MotionBandWidth = 8;   // pixels
 constexpr int MotionArrowWidth = 2;  // pixels
-constexpr float MarginOfPicture = 6;
+constexpr float MarginOfMotion = 6;
 
 // Air around the truss for supports and names, pixels.
 constexpr float MotionBorder = 56;
@@ -201,7 +201,7 @@ Picture PictureIn(const MotionScene& scene, const TextExtent& room, const TextMe
   Picture picture(measure);
   const MotionDrawing drawing = DrawMotion(scene, {0, 0, room.Width, room.Height}, 1, measure);
   PaintMotion(picture, drawing, scene.Graph);
-  picture.Crop(MarginOfPicture);
+  picture.Crop(MarginOfMotion);
   return picture;
 }
 
@@ -232,7 +232,7 @@ MotionDrawing DrawMotion(const MotionScene& scene, const PixelRect& room, double
 }
 
 void PaintMotion(Surface& surface, const MotionDrawing& drawing, const TrussGraph& graph) {
-  DrawLines(surface, drawing.Moved, BandWidth, Yellow);
+  DrawLines(surface, drawing.Moved, MotionBandWidth, Yellow);
   DrawLines(surface, drawing.AtRest, 1, DarkGrey);
   PaintStressBands(surface, drawing.Marks, graph);
   PaintDrawing(surface, drawing.Objects, drawing.Shown);

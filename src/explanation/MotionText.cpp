@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "explanation/Directions.h"
+#include "text/Sentence.h"
 
 namespace {
 
@@ -12,7 +13,7 @@ const char* ExtentText(MotionExtent extent) {
     case MotionExtent::Tightens:
       return "It tightens after a tiny displacement: at second order a self-stress works against it.";
     case MotionExtent::MovesOn:
-      return "It moves on: nothing stops it.";
+      return "It moves on: no member and no support stops it.";
     case MotionExtent::Small:
       break;
   }
@@ -24,7 +25,7 @@ const char* ExtentText(MotionExtent extent) {
 MotionTeller::MotionTeller(const TrussGraph& graph, const ReportFormat& format)
     : graph_(graph), format_(format), pieces_(graph), names_(graph, format) {}
 
-std::string MotionTeller::JointsText(const Motion& motion) const {
+std::string MotionTeller::Displacements(const Motion& motion) const {
   const auto by = [this](const JointDisplacement& at) {
     return ' ' + DirectionText(at.Dx, at.Dy) + " by " + PairText(at.Dx, at.Dy, format_);
   };
@@ -35,6 +36,22 @@ std::string MotionTeller::JointsText(const Motion& motion) const {
   std::vector<std::string> moves;
   for (const JointDisplacement& at : motion.Joints) moves.push_back(names_.Joint(at.Joint) + by(at));
   return "Joints move: " + ListOf(moves, 8) + '.';
+}
+
+std::string MotionTeller::InOneLine(const Motion& motion) const {
+  std::vector<int> joints;
+  const JointDisplacement* most = nullptr;
+  const auto size = [](const JointDisplacement& at) { return std::hypot(at.Dx, at.Dy); };
+  for (const JointDisplacement& at : motion.Joints) {
+    joints.push_back(at.Joint);
+    if (most == nullptr || size(at) > size(*most) * (1 + 1e-9)) most = &at;
+  }
+  if (most == nullptr) return "no joint moves";
+  constexpr std::size_t mostNames = 4;
+  const std::string direction = DirectionText(most->Dx, most->Dy);
+  const std::string text = names_.Joints(joints, mostNames);
+  if (joints.size() == 1) return text + " moves " + direction;
+  return text + " move (" + names_.Joint(most->Joint) + ' ' + direction + ')';
 }
 
 std::string MotionTeller::TurnText(const MovingPiece& piece) const {
@@ -49,8 +66,10 @@ std::string MotionTeller::RigidText(const Motion& motion, const std::vector<Movi
                         return std::abs(at.Dx - first.Dx) < 1e-9 && std::abs(at.Dy - first.Dy) < 1e-9;
                       });
   if (slides) return "The whole truss slides " + DirectionText(first.Dx, first.Dy) + ".";
-  if (pieces.empty() || !pieces.front().Turns) return "The whole truss moves as one piece.";
-  return "The whole truss turns " + TurnText(pieces.front()) + ".";
+  // A part that stands apart may be too small to tell.
+  const auto turning = std::ranges::find_if(pieces, &MovingPiece::Turns);
+  if (turning == pieces.end()) return "The whole truss moves as one piece.";
+  return "The whole truss turns " + TurnText(*turning) + ".";
 }
 
 std::string MotionTeller::PieceText(const MovingPiece& piece) const {
@@ -61,6 +80,22 @@ std::string MotionTeller::PieceText(const MovingPiece& piece) const {
   return members + (one ? " slides" : " slide") + together + DirectionText(piece.Dx, piece.Dy) + ".";
 }
 
+// Of pieces that are not told each by itself: what they are, or how many where that would be a long list.
+std::string MotionTeller::FurtherText(std::span<const MovingPiece> pieces) const {
+  constexpr std::size_t fewMembers = 12;
+  std::size_t numMembers = 0;
+  std::vector<std::string> names;
+  for (const MovingPiece& piece : pieces) {
+    numMembers += piece.Members.size();
+    names.push_back(piece.Members.size() == 1 ? "member " + names_.Member(piece.Members.front())
+                                              : "the piece of " + names_.Forces(piece.Members));
+  }
+  const std::string moves = pieces.size() == 1 ? " moves too" : " move too, each in its own way";
+  if (numMembers <= fewMembers) return AsSentence(ListOf(names, fewMembers) + moves);
+  return Counted(static_cast<int>(pieces.size()), "further piece", "further pieces") + " (together " +
+         std::to_string(numMembers) + " members)" + moves + ".";
+}
+
 std::string MotionTeller::Text(const Motion& motion) {
   constexpr std::size_t mostPieces = 6;
   const std::vector<MovingPiece> pieces = pieces_.Of(motion);
@@ -68,12 +103,9 @@ std::string MotionTeller::Text(const Motion& motion) {
   if (motion.Kind == MotionKind::Rigid) {
     text = RigidText(motion, pieces);
   } else {
-    text = JointsText(motion);
+    text = Displacements(motion);
     for (std::size_t i = 0; i < std::min(pieces.size(), mostPieces); ++i) text += "  " + PieceText(pieces[i]);
-    if (pieces.size() > mostPieces) {
-      const int further = static_cast<int>(pieces.size() - mostPieces);
-      text += "  " + Counted(further, "further piece moves", "further pieces move") + " too.";
-    }
+    if (pieces.size() > mostPieces) text += "  " + FurtherText(std::span(pieces).subspan(mostPieces));
   }
   text += std::string("  ") + ExtentText(motion.Extent);
   return text + (motion.Work > 0 ? "  The loads drive it: they do work on it."

@@ -1,6 +1,7 @@
 // Motions and states of self-stress in words.
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -20,13 +21,21 @@ class MotionTeller {
   /// whether the loads drive it. A single-byte text of a few sentences.
   std::string Text(const Motion& motion);
 
+  /// Only which joints move, in one line, with the way of one that moves most: "joints C, D and E move (D up
+  /// and to the left)".
+  std::string InOneLine(const Motion& motion) const;
+
+  /// Each joint that moves with its direction and its displacement, of more than eight the first ones: a
+  /// sentence.
+  std::string Displacements(const Motion& motion) const;
+
   /// Which unknowns hang together, and in what proportions.
   std::string Text(const SelfStress& stress) const;
 
  private:
-  std::string JointsText(const Motion& motion) const;
   std::string RigidText(const Motion& motion, const std::vector<MovingPiece>& pieces) const;
   std::string PieceText(const MovingPiece& piece) const;
+  std::string FurtherText(std::span<const MovingPiece> pieces) const;
   std::string TurnText(const MovingPiece& piece) const;
 
   const TrussGraph& graph_;

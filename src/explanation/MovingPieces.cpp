@@ -16,12 +16,15 @@ std::vector<MovingPiece> PieceFinder::Of(const Motion& motion) {
   FindMembers(motion);
   JoinMembers();
   std::vector<MovingPiece> pieces;
+  std::vector<PlaneMotion> pieceMoves;
   std::map<std::size_t, std::size_t> pieceOf;  // by the place of its first member
   for (std::size_t i = 0; i < members_.size(); ++i) {
     const auto [found, isNew] = pieceOf.try_emplace(FirstOfPiece(i), pieces.size());
-    if (isNew) pieces.push_back(PieceOf(members_[i].Moves));
+    if (isNew) pieces.push_back({});
     pieces[found->second].Members.push_back(members_[i].Unknown);
+    pieceMoves.resize(pieces.size(), members_[i].Moves);
   }
+  for (std::size_t p = 0; p < pieces.size(); ++p) Describe(pieces[p], pieceMoves[p]);
   Forget(motion);
   return pieces;
 }
@@ -102,13 +105,20 @@ bool PieceFinder::AreEqual(const PlaneMotion& one, const PlaneMotion& other) con
          std::abs(one.Rate - other.Rate) * size_ < 1e-9;
 }
 
-MovingPiece PieceFinder::PieceOf(const PlaneMotion& motion) const {
-  MovingPiece piece;
-  piece.Turns = std::abs(motion.Rate) * size_ > 1e-9;
+// A piece turns when its joints tell it from a piece that slides.
+void PieceFinder::Describe(MovingPiece& piece, const PlaneMotion& motion) const {
+  const WrittenPlace& from = at_[graph_.Unknowns[piece.Members.front()].JointA];
+  double extent = 0;
+  for (const int k : piece.Members) {
+    for (const int joint : {graph_.Unknowns[k].JointA, graph_.Unknowns[k].JointB})
+      extent = std::max({extent, std::abs(at_[joint].X - from.X), std::abs(at_[joint].Y - from.Y)});
+  }
+  piece.Dx = motion.Ux - motion.Rate * (from.Y - originY_);
+  piece.Dy = motion.Uy + motion.Rate * (from.X - originX_);
+  const double along = std::max(std::abs(piece.Dx), std::abs(piece.Dy));
+  piece.Turns = std::abs(motion.Rate) * extent > LeastTurn * along;
+  if (!piece.Turns) return;
   piece.Anticlockwise = motion.Rate > 0;
-  piece.CentreX = piece.Turns ? originX_ - motion.Uy / motion.Rate : 0;
-  piece.CentreY = piece.Turns ? originY_ + motion.Ux / motion.Rate : 0;
-  piece.Dx = motion.Ux;
-  piece.Dy = motion.Uy;
-  return piece;
+  piece.CentreX = originX_ - motion.Uy / motion.Rate;
+  piece.CentreY = originY_ + motion.Ux / motion.Rate;
 }

@@ -8,13 +8,19 @@
 #include "explanation/RigidityMatrix.h"
 #include "explanation/TrussGraph.h"
 
+/// A piece that turns about a point farther away than ten thousand times its own extent is told as one that
+/// slides: over the whole piece its displacements differ by less than a ten thousandth of themselves. That is
+/// a hundredth of a pixel in a drawing that swings by a twentieth of a screen, and as much as directions or
+/// coordinates of a few figures leave of a turn when the members were meant to be parallel.
+inline constexpr double LeastTurn = 1e-4;
+
 /// Members that move as one piece.
 struct MovingPiece {
   std::vector<int> Members;         ///< unknowns, ascending
-  bool Turns = false;               ///< else it slides
+  bool Turns = false;               ///< else it slides; see LeastTurn
   double CentreX = 0, CentreY = 0;  ///< world coordinates, of a turn
-  bool Anticlockwise = false;
-  double Dx = 0, Dy = 0;  ///< of a slide
+  bool Anticlockwise = false;       ///< of a turn
+  double Dx = 0, Dy = 0;            ///< of a joint of the piece: where a slide goes
 };
 
 /// Finds the pieces of one motion of a truss after the other. What all motions share is worked out once, so
@@ -45,7 +51,7 @@ class PieceFinder {
   void Forget(const Motion& motion);
   PlaneMotion MotionOf(const PlacedUnknown& member) const;
   bool AreEqual(const PlaneMotion& one, const PlaneMotion& other) const;
-  MovingPiece PieceOf(const PlaneMotion& motion) const;
+  void Describe(MovingPiece& piece, const PlaneMotion& motion) const;
   std::size_t FirstOfPiece(std::size_t member);
 
   const TrussGraph& graph_;

@@ -27,13 +27,30 @@ double LargestShownForce(const TrussAnalysis& analysis) {
   return largest;
 }
 
+std::vector<int> OpenYetShown(const TrussAnalysis& analysis, const ExactVerdict& verdict) {
+  std::vector<int> unknowns;
+  if (analysis.Reading.Code == Outcome::Inconsistent || verdict.Code() == Outcome::Inconsistent)
+    return unknowns;
+  for (int k = 1; k <= analysis.Reading.Values.Size(); ++k) {
+    if (analysis.Reading.Values[k] && !std::ranges::binary_search(verdict.Determined, k))
+      unknowns.push_back(k);
+  }
+  return unknowns;
+}
+
 }  // namespace
+
+bool Rounding::HoldsNoNumber() const {
+  return Shown != Outcome::Inconsistent && Verdict.Code() == Outcome::Inconsistent &&
+         (Figures.Within == Outcome::Inconsistent || ShownMagnification > NearlyAMechanism);
+}
 
 Rounding RoundingOf(const TrussGraph& graph, const TrussAnalysis& analysis, ExactVerdict verdict) {
   Rounding rounding;
   rounding.Verdict = std::move(verdict);
   rounding.Figures = FiguresOf(graph, analysis, rounding.Verdict);
   rounding.Shown = analysis.Reading.Code;
+  rounding.ShownThoughOpen = OpenYetShown(analysis, rounding.Verdict);
   const double load = LargestLoad(graph);
   if (load == 0) return rounding;
   if (rounding.Shown != Outcome::Inconsistent) {

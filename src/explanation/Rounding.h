@@ -1,6 +1,8 @@
 // What rounding has to do with the answer: the exact verdict beside what the reduced matrix shows.
 #pragma once
 
+#include <vector>
+
 #include "analysis/Analysis.h"
 #include "explanation/DrawnFigures.h"
 #include "explanation/ExactVerdict.h"
@@ -19,6 +21,14 @@ struct Rounding {
 
   /// The largest force that the reduced matrix shows by the largest load; 0 without either.
   double ShownMagnification = 0;
+
+  /// Unknowns that the equations leave open, exactly, and that the reduced matrix shows with a value;
+  /// ascending.
+  std::vector<int> ShownThoughOpen;
+
+  /// Whether no number that the reduced matrix shows for a force holds: there are none that balance the
+  /// loads, not within the figures of the drawing either.
+  bool HoldsNoNumber() const;
 
   /// Whether the exact outcome is the one that the reduced matrix shows.
   bool Agrees() const { return Verdict.Code() == Shown; }

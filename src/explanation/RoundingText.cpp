@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "explanation/Directions.h"
+#include "explanation/DistinctNames.h"
 #include "explanation/MotionText.h"
 
 namespace {
@@ -20,57 +21,187 @@ const char* OutcomeText(Outcome outcome) {
   return "the system has no solution";
 }
 
+constexpr const char* WithinText = "Within the figures of the drawing, where a millionth counts as nothing";
+
+// Without its colon.
+std::string HeadingText(const std::string& heading) { return heading.substr(0, heading.size() - 1); }
+
 // The power of ten nearest to a positive number, as "1E-8".
 std::string MagnitudeText(double share) {
   return "1E" + std::to_string(static_cast<int>(std::lround(std::log10(share))));
 }
 
+class RoundingWriter {
+ public:
+  RoundingWriter(const TrussGraph& graph, const Rounding& rounding, const ReportFormat& format)
+      : graph_(graph),
+        on_(rounding),
+        format_(format),
+        sure_(JudgeFigures(rounding.Figures.Forces, format)),
+        isAllSure_(sure_.AreAll(format)) {}
+
+  std::string Outcomes() const {
+    std::string text;
+    if (!on_.Agrees()) {
+      text = std::string("Exactly, ") + OutcomeText(on_.Verdict.Code()) +
+             ".  The reduced matrix says otherwise because directions are rounded to single precision";
+      if (on_.Remnant > 0) {
+        text += ": " + Number(on_.Remnant) +
+                " on the right of a row without coefficients is a remnant of rounding, about " +
+                MagnitudeText(on_.RemnantShare) + " of the largest load";
+      }
+      text += ".";
+    }
+    if (on_.Figures.Within != on_.Verdict.Code()) {
+      text += std::string(text.empty() ? "" : "  ") + WithinText + ", " + OutcomeText(on_.Figures.Within) +
+              ": coordinates and loads are written with seven figures at most.";
+    }
+    return text;
+  }
+
+  /// Of the numbers that the table shows for the forces, those that mean nothing.
+  std::string WrongNumbers() const {
+    const std::vector<int>& open = on_.ShownThoughOpen;
+    if (!on_.HoldsNoNumber() && open.empty()) return {};
+    std::string text;
+    if (on_.HoldsNoNumber()) {
+      text = "None of the numbers shown for the forces holds, be they large or small";
+    } else {
+      text = "The equations leave " + Names(open) + " open; the numbers shown for " +
+             (open.size() == 1 ? "it" : "them") + " do not hold";
+    }
+    if (on_.ShownMagnification > NearlyAMechanism) {
+      text += ": with up to " + Number(on_.ShownMagnification) +
+              " times the largest load they come from dividing by a remnant of rounding";
+    }
+    return text + ".";
+  }
+
+  std::string NearlyFree() const {
+    const std::optional<Motion>& motion = on_.Figures.NearlyFree;
+    const bool isSaid = motion && (on_.Figures.Magnification > NearlyAMechanism || !isAllSure_);
+    if (!isSaid) return {};
+    return "The truss is nearly a mechanism: its largest force is " + Number(on_.Figures.Magnification) +
+           " times the largest load, and nearly free is a motion in which " +
+           MotionTeller(graph_, format_).InOneLine(*motion) + ".";
+  }
+
+  std::string SureFiguresText() const {
+    std::string text;
+    if (sure_.Example) {
+      text = (sure_.Count == 0 ? "No figure of the forces is sure"
+                               : "Only " + FirstFigures(sure_.Count) + " of the forces " +
+                                     (sure_.Count == 1 ? "is" : "are") + " sure") +
+             ": with directions that are not rounded " + Names({sure_.Example->Unknown}) + " is " +
+             AtLength(sure_.Example->Unrounded) + " in place of " + AtLength(sure_.Example->Shown) + ".";
+    } else if (on_.Figures.CertainFigures && !NearlyFree().empty()) {
+      text = "Of the forces " + FirstFigures(*on_.Figures.CertainFigures) + " are sure.";
+    }
+    AddSentence(text, SmallText());
+    return text;
+  }
+
+  std::string NearlyFreeAtLength() const {
+    if (NearlyFree().empty()) return {};
+    return "In the motion that is nearly free members change their lengths, but hardly.  " +
+           MotionTeller(graph_, format_).Displacements(*on_.Figures.NearlyFree) +
+           (on_.Figures.NearlyFree->Work > 0 ? "  The loads drive it." : "");
+  }
+
+  static void AddSentence(std::string& text, const std::string& sentence) {
+    if (sentence.empty()) return;
+    if (!text.empty()) text += "  ";
+    text += sentence;
+  }
+
+ private:
+  std::string SmallText() const {
+    std::string text;
+    if (!sure_.SmallUnknowns.empty()) {
+      text = "Of " + Names(sure_.SmallUnknowns) + ", small beside the others, only " +
+             FirstFigures(sure_.CountOfSmall) + (sure_.CountOfSmall == 1 ? " is sure." : " are sure.");
+    }
+    if (!sure_.Remnants.empty()) {
+      AddSentence(text, "What is shown for " + Names(sure_.Remnants) +
+                            " is a remnant of rounding, and no figure of it is sure.");
+    }
+    return text;
+  }
+
+  std::string Names(const std::vector<int>& unknowns) const {
+    return DistinctNames(graph_, format_).Forces(unknowns, 6);
+  }
+
+  static std::string FirstFigures(int count) {
+    return count == 1 ? "the first figure" : "the first " + std::to_string(count) + " figures";
+  }
+
+  // Figures beyond those that the reports show, so that a difference can be seen.
+  std::string AtLength(double value) const {
+    ReportFormat longer = format_;
+    longer.SigFigs = SureFigures::ShownFigures(format_) + 2;
+    return FormatSigFigs(value, longer);
+  }
+
+  std::string Number(double value) const { return FormatSigFigs(value, format_); }
+
+  const TrussGraph& graph_;
+  const Rounding& on_;
+  const ReportFormat& format_;
+  SureFigures sure_;
+  bool isAllSure_;
+};
+
 }  // namespace
 
+std::string DifferentReadings(const Rounding& rounding) {
+  const Outcome exact = rounding.Verdict.Code();
+  const Outcome within = rounding.Figures.Within;
+  if (exact == within && within == rounding.Shown) return {};
+  std::string text = std::string("The readings of this truss differ: exactly, ") + OutcomeText(exact);
+  if (within == exact) {
+    text += ", and so it is within the figures of the drawing";
+  } else {
+    text += std::string("; but within the figures of the drawing ") + OutcomeText(within);
+  }
+  if (rounding.Shown != exact && rounding.Shown != within) {
+    text += std::string("; and the reduced matrix says that ") + OutcomeText(rounding.Shown);
+  } else if (within != exact) {
+    text += rounding.Shown == exact ? " (the reduced matrix says what holds exactly)"
+                                    : " (and so says the reduced matrix)";
+  }
+  return text + ".  More stands below, under \"" + HeadingText(RoundingHeading) + "\".";
+}
+
 std::string RoundingNotice(const TrussGraph& graph, const Rounding& rounding, const ReportFormat& format) {
-  const ExactVerdict& verdict = rounding.Verdict;
-  std::vector<std::string> sentences;
-  if (!rounding.Agrees()) {
-    std::string text =
-        std::string("Exactly, ") + OutcomeText(verdict.Code()) +
-        ".  The reduced matrix says otherwise because directions are rounded to single precision";
-    if (rounding.Remnant > 0) {
-      text += ": " + FormatSigFigs(rounding.Remnant, format) +
-              " on the right of a row without coefficients is a "
-              "remnant of rounding, about " +
-              MagnitudeText(rounding.RemnantShare) + " of the largest load";
-    }
-    sentences.push_back(text + ".");
-    if (rounding.ShownMagnification > NearlyAMechanism) {
-      sentences.push_back("The forces that it shows, up to " +
-                          FormatSigFigs(rounding.ShownMagnification, format) +
-                          " times the largest load, come from dividing by a remnant of rounding.");
-    }
-  }
-  if (rounding.Figures.Within != verdict.Code()) {
-    sentences.push_back(
-        std::string("Within the figures of the drawing, where a millionth counts as nothing, ") +
-        OutcomeText(rounding.Figures.Within) +
-        ".  The exact verdict is about the numbers as they are written; coordinates or loads that "
-        "were rounded to seven figures meet a condition only as nearly as that.");
-  }
-  if (rounding.Figures.NearlyFree) {
-    sentences.push_back("The truss is nearly a mechanism: its largest force is " +
-                        FormatSigFigs(rounding.Figures.Magnification, format) +
-                        " times the largest load.  Nearly free is this motion: " +
-                        MotionText(graph, *rounding.Figures.NearlyFree, format));
-  }
-  const std::optional<int>& sure = rounding.Figures.CertainFigures;
-  if (sure && *sure < 4) {
-    sentences.push_back(*sure == 0
-                            ? "No figure of the forces is sure."
-                            : "Only the first " + Counted(*sure, "figure", "figures") +
-                                  " of the largest forces are sure; the others depend on how directions are "
-                                  "rounded.");
-  }
+  const RoundingWriter writer(graph, rounding, format);
   std::string notice;
-  for (const std::string& sentence : sentences) notice += (notice.empty() ? "" : "  ") + sentence;
+  for (const std::string& sentence :
+       {writer.Outcomes(), writer.WrongNumbers(), writer.NearlyFree(), writer.SureFiguresText()})
+    RoundingWriter::AddSentence(notice, sentence);
   return notice;
+}
+
+std::vector<std::string> RoundingParagraphs(const TrussGraph& graph, const Rounding& rounding,
+                                            const ReportFormat& format) {
+  const RoundingWriter writer(graph, rounding, format);
+  std::vector<std::string> paragraphs;
+  const auto add = [&paragraphs](const std::string& text) {
+    if (!text.empty()) paragraphs.push_back(text);
+  };
+  std::string outcomes = writer.Outcomes();
+  if (rounding.Figures.Within != rounding.Verdict.Code()) {
+    outcomes +=
+        "  The exact verdict is about the numbers as they are written; coordinates or loads that were "
+        "rounded to seven figures meet a condition only as nearly as that.";
+  }
+  add(outcomes);
+  add(writer.WrongNumbers());
+  std::string nearlyFree = writer.NearlyFree();
+  RoundingWriter::AddSentence(nearlyFree, writer.NearlyFreeAtLength());
+  add(nearlyFree);
+  add(writer.SureFiguresText());
+  return paragraphs;
 }
 
 const char* ReadOnText(ReadOn where) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "analysis/FormatSigFigs.h"
 #include "explanation/Rounding.h"
@@ -19,11 +20,19 @@ enum class ReadOn {
 };
 const char* ReadOnText(ReadOn where);
 
-/// What to say below the conclusion of the RREF and Solutions reports where rounding has a part in it: the
-/// exact outcome differs, or the reading within the drawing's figures does, or the truss is nearly a
-/// mechanism, or few figures are sure. A single-byte text without line breaks; empty when there is nothing to
-/// say.
+/// The essence, below the conclusion of the RREF and Solutions reports, where rounding has a part in it: the
+/// exact outcome differs, or the reading within the drawing's figures does, or numbers are shown that mean
+/// nothing, or the truss is nearly a mechanism, or a figure that is shown is not sure. A few sentences as a
+/// single-byte text without line breaks; empty when there is nothing to say.
 std::string RoundingNotice(const TrussGraph& graph, const Rounding& rounding, const ReportFormat& format);
+
+/// The same at length, paragraph by paragraph, where there is room for it.
+std::vector<std::string> RoundingParagraphs(const TrussGraph& graph, const Rounding& rounding,
+                                            const ReportFormat& format);
+
+/// One sentence for whoever begins to read why the conclusion is what it is: that the exact reading, the one
+/// within the figures of the drawing and the reduced matrix differ, and how. Empty where they are the same.
+std::string DifferentReadings(const Rounding& rounding);
 
 /// The notice and where to read on; empty when there is nothing to say.
 std::string NoticeBelowConclusion(const TrussGraph& graph, const Rounding& rounding,

@@ -14,11 +14,11 @@ namespace {
 
 // The bands are light enough for a black line to be seen on them; arrows are dark.
 constexpr std::int16_t Cyan = 11, Magenta = 13, DarkCyan = 3, DarkMagenta = 5;
-constexpr int BandWidth = 8;  // pixels
+constexpr int StressBandWidth = 8;  // pixels
 
 // A reaction's arrow ends clear of the support's picture, or begins there when it pulls; pixels.
 constexpr float NearEnd = 20, FarEnd = 46;
-constexpr float TextGap = 3;
+constexpr float StressTextGap = 3;
 
 // Where along a member its text may stand, the best place first.
 constexpr std::array TextPlaces = {0.5, 0.36, 0.64, 0.24, 0.76};
@@ -112,9 +112,9 @@ class Marker {
                     .Text = Named(unknown.Name) + FormatSigFigs(force.Value, format_),
                     .TextTopLeft = {}};
     const TextExtent extent = measure_(TextFont{}, mark.Text);
-    mark.TextTopLeft = Take(IntoTheRoom(Around(
-        {farEnd.X + side.X * (TextGap + extent.Width / 2), farEnd.Y + side.Y * (TextGap + extent.Height / 2)},
-        extent)));
+    mark.TextTopLeft = Take(IntoTheRoom(Around({farEnd.X + side.X * (StressTextGap + extent.Width / 2),
+                                                farEnd.Y + side.Y * (StressTextGap + extent.Height / 2)},
+                                               extent)));
     return mark;
   }
 
@@ -187,7 +187,7 @@ std::vector<StressMark> MarksOf(const SelfStress& stress, const TrussGraph& grap
 }
 
 void PaintStressBands(Surface& surface, const std::vector<StressMark>& marks, const TrussGraph& graph) {
-  surface.SetLineWidth(BandWidth);
+  surface.SetLineWidth(StressBandWidth);
   for (const StressMark& mark : marks) {
     if (!graph.Unknowns[mark.Unknown].IsMember()) continue;
     surface.SetForeground(mark.IsCompression ? Cyan : Magenta);

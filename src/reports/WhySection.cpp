@@ -26,7 +26,7 @@ class WhySection {
         "Here nothing is rounded: every coordinate and every load is the number that its shortest decimal "
         "form "
         "says.");
-    for (const ExplanationSection& section : Reasons(explanation_, on_.Format)) {
+    for (const ExplanationSection& section : ExplanationText(explanation_, on_.Format)) {
       AppendHeading(section.Heading);
       if (section.Heading == KindHeading) AppendKinds();
       const bool isOfMotions = section.Heading == MotionsHeading;

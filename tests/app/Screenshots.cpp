@@ -18,13 +18,11 @@
 namespace {
 
 QPalette DarkPalette() {
-  QPalette dark;
   const QColor window(0x2b, 0x2b, 0x2e);
+  QPalette dark(QColor(0x3a, 0x3a, 0x3e), window);
   const QColor text(0xe8, 0xe8, 0xe8);
-  dark.setColor(QPalette::Window, window);
   dark.setColor(QPalette::Base, QColor(0x1e, 0x1e, 0x20));
   dark.setColor(QPalette::AlternateBase, window);
-  dark.setColor(QPalette::Button, QColor(0x3a, 0x3a, 0x3e));
   dark.setColor(QPalette::ToolTipBase, window);
   dark.setColor(QPalette::Highlight, QColor(0x2f, 0x6f, 0xb7));
   for (const auto role :

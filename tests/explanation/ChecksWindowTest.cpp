@@ -31,7 +31,7 @@ class ChecksWindowTest : public testing::Test {
 
 TEST_F(ChecksWindowTest, ListsWhatWasFound) {
   Show(TwoChecks());
-  EXPECT_EQ(Heading(), QStringLiteral("&2 things to look at:"));
+  EXPECT_EQ(Heading(), QStringLiteral("2 things to look at:"));
   ASSERT_EQ(List().count(), 2);
   EXPECT_EQ(List().item(0)->text(), QString::fromStdString(TwoChecks()[0].Text));
   EXPECT_TRUE(List().item(1)->text().contains(QString::fromUtf8("\xC3\xA9\xE2\x90\x9B")));

@@ -12,6 +12,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Not;
 using testing::SizeIs;
 
 // No single of these coordinates is the number that it says, and yet the three turn as one.
@@ -70,17 +71,96 @@ TEST(MovingPieces, OneFinderTellsTheMotionsOfATrussOneAfterTheOther) {
   EXPECT_GT(numPieces, 200);
 }
 
-TEST(MotionText, OfManyPiecesItSaysHowManyMoreMove) {
-  // A comb: nine posts on clamps joined by a beam at their heads.
+// Posts on clamps, joined by a beam at their heads.
+TrussGraph Comb(int numPosts) {
   TrussBuilder builder;
-  for (int i = 0; i < 9; ++i) {
+  for (int i = 0; i < numPosts; ++i) {
     const auto x = static_cast<float>(i);
-    builder.Clamp(x, 0).Member(x, 0, x, 2);
-    if (i > 0) builder.Member(x - 1, 2, x, 2);
+    const std::string number = std::to_string(i);
+    builder.Clamp(x, 0).Member(x, 0, x, 2, "p" + number);
+    if (i > 0) builder.Member(x - 1, 2, x, 2, "b" + number);
   }
-  const TrussGraph graph = GraphOf(builder);
-  EXPECT_THAT(MotionText(graph, ReasonExactly(graph).Motions.front(), {}),
-              HasSubstr("  4 further pieces move too."));
+  return GraphOf(builder);
+}
+
+std::string FirstMotionText(const TrussGraph& graph) {
+  return MotionText(graph, ReasonExactly(graph).Motions.front(), {});
+}
+
+TEST(MotionText, OfManyPiecesItNamesTheLastOnesWhereTheyAreFew) {
+  EXPECT_THAT(FirstMotionText(Comb(5)), Not(HasSubstr("too")));
+  EXPECT_THAT(FirstMotionText(Comb(6)), HasSubstr(".  Member p5 moves too.  "));
+  EXPECT_THAT(FirstMotionText(Comb(8)),
+              HasSubstr(".  Member p5, member p6 and member p7 move too, each in its own way.  "));
+  EXPECT_THAT(FirstMotionText(Comb(30)),
+              HasSubstr(".  25 further pieces (together 25 members) move too, each in its own way.  "));
+}
+
+TEST(MotionText, NamesAFurtherPieceOfSeveralMembersByAllOfThem) {
+  // Five posts, and at last a triangle that stands on its foot.
+  TrussBuilder builder;
+  for (int i = 0; i < 6; ++i) {
+    const auto x = static_cast<float>(i);
+    builder.Clamp(x, 0).Member(x, 0, x, 2, "p" + std::to_string(i));
+    if (i > 0) builder.Member(x - 1, 2, x, 2, "b" + std::to_string(i));
+  }
+  builder.Member(5, 0, 6, 1, "q").Member(5, 2, 6, 1, "r");
+  EXPECT_THAT(FirstMotionText(GraphOf(builder)), HasSubstr(".  The piece of p5, q and r moves too.  "));
+}
+
+TEST(MotionText, OfAMotionThatGoesOnItDoesNotSayWhatTheLoadsDo) {
+  const std::string text = FirstMotionText(Comb(2));
+  EXPECT_THAT(text, HasSubstr("It moves on: no member and no support stops it."));
+  EXPECT_THAT(text, Not(HasSubstr("nothing stops")));
+}
+
+// Two posts on clamps and a beam between their heads; the right one leans by `lean` for each of its height.
+std::string TextOfBeam(double size, double lean) {
+  const auto at = [size](double value) { return static_cast<float>(value * size); };
+  return FirstMotionText(GraphOf(TrussBuilder()
+                                     .Clamp(0, 0)
+                                     .Clamp(at(4), 0)
+                                     .Member(0, 0, 0, at(3), "left")
+                                     .Member(at(4), 0, at(4 + 3 * lean), at(3), "right")
+                                     .Member(0, at(3), at(4 + 3 * lean), at(3), "beam")));
+}
+
+TEST(MotionText, WhatTurnsAboutAPointVeryFarAwaySlides) {
+  for (const double size : {0.01, 1.0, 1000.0}) {
+    SCOPED_TRACE(size);
+    // The beam turns about the point where the posts' lines meet: 4 / lean below.
+    EXPECT_THAT(TextOfBeam(size, 0), HasSubstr("Member beam slides to the "));
+    EXPECT_THAT(TextOfBeam(size, 1e-5), HasSubstr("Member beam slides to the "));
+    EXPECT_THAT(TextOfBeam(size, -1e-5), HasSubstr("Member beam slides to the "));
+    EXPECT_THAT(TextOfBeam(size, 1e-3), HasSubstr("Member beam turns "));
+    EXPECT_THAT(TextOfBeam(size, 1), HasSubstr("Member beam turns "));
+    EXPECT_THAT(TextOfBeam(size, 1e-5), HasSubstr("Member left turns "));
+  }
+}
+
+// What counts is the extent of the piece that moves, not that of the drawing.
+TEST(MovingPieces, AShortMemberThatTurnsAboutItsOwnEndTurns) {
+  const TrussGraph graph = GraphOf(TrussBuilder()
+                                       .Member(0, 0, 1000, 0, "long")
+                                       .Clamp(0, 0)
+                                       .Clamp(1000, 0)
+                                       .Member(1000, 0, 1000, 0.01F, "tip"));
+  const std::vector<MovingPiece> pieces = PieceFinder(graph).Of(ReasonExactly(graph).Motions.front());
+  ASSERT_THAT(pieces, SizeIs(1));
+  EXPECT_TRUE(pieces[0].Turns);
+  EXPECT_EQ(pieces[0].CentreX, 1000);
+}
+
+TEST(MotionText, AWholeTrussTurnsThoughItsFirstPartIsTooSmallToTell) {
+  const TrussGraph graph = GraphOf(TrussBuilder()
+                                       .Member(1000, 1000, 1000.01F, 1000, "speck")
+                                       .Member(0, 0, 4, 0)
+                                       .Member(4, 0, 2, 3)
+                                       .Member(2, 3, 0, 0)
+                                       .Clamp(0, 0)
+                                       .Joint(0, 0, "A"));
+  EXPECT_THAT(FirstMotionText(graph), testing::StartsWith("The whole truss turns "));
+  EXPECT_THAT(FirstMotionText(graph), HasSubstr(" about joint A."));
 }
 
 }  // namespace

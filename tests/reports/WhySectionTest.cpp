@@ -76,6 +76,15 @@ TEST_F(WhySectionTest, SaysItsHeadingsItsTableAndItsPictures) {
   EXPECT_THAT(document_.Descriptions[2], HasSubstr("The whole truss"));
 }
 
+TEST_F(WhySectionTest, EndsWithWhatRoundingHasToDoWithIt) {
+  EXPECT_THAT(TextWithWhy(RollingTriangle()), Not(HasSubstr("What rounding has to do with it")));
+  const std::string text = TextWithWhy(ObliqueTie());
+  EXPECT_EQ(document_.LinesThatAre(LineRole::Heading).back(), "What rounding has to do with it:");
+  EXPECT_THAT(text, HasSubstr("\"What rounding has to do with it\"")) << "the opening points to it";
+  EXPECT_THAT(text, EndsWith("3.141E-6 on the right of a row without coefficients is a remnant of rounding, "
+                             "about 1E-8 of the largest load."));
+}
+
 TEST_F(WhySectionTest, ATextStaysWithItsPicture) {
   TextWithWhy(RollingTriangle().Force(4, 3, 100, 0));
   EXPECT_THAT(document_.LinesThatAre(LineRole::Joined).back(), StartsWith("Motion 1.  The whole truss"));

@@ -8,6 +8,7 @@
 
 #include "canvas/Arrow.h"
 #include "canvas/Paper.h"
+#include "document/Angles.h"
 #include "explanation/Directions.h"
 #include "explanation/DistinctNames.h"
 #include "explanation/TrussExtent.h"
@@ -15,8 +16,6 @@
 #include "platform/Palette.h"
 
 namespace {
-
-constexpr double Pi = 3.141592654;
 
 constexpr float GapAtJoint = 12;             // pixels, between a joint and the arrows at it
 constexpr float ArrowOnPart = 34;            // of a part of the truss, whose joints stand close to each other
@@ -29,10 +28,10 @@ bool Meet(const PixelRect& a, const PixelRect& b) {
   return a.Left < b.Right && b.Left < a.Right && a.Top < b.Bottom && b.Top < a.Bottom;
 }
 
-class Painter {
+class PartPainter {
  public:
-  Painter(const TrussGraph& graph, const HandSolution& solution, std::size_t index, const PixelRect& room,
-          const ReportFormat& format, const TextMeasure& measure)
+  PartPainter(const TrussGraph& graph, const HandSolution& solution, std::size_t index, const PixelRect& room,
+              const ReportFormat& format, const TextMeasure& measure)
       : graph_(graph),
         step_(solution.Steps[index]),
         room_(room),
@@ -176,10 +175,10 @@ class Painter {
       angles.push_back(std::atan2(double{far.Y} - double{here.Y}, double{far.X} - double{here.X}));
     }
     std::ranges::sort(angles);
-    double best = -Pi / 4;
+    double best = -HalfTurn / 4;
     double widest = 0;
     for (std::size_t i = 0; i < angles.size(); ++i) {
-      const double next = i + 1 < angles.size() ? angles[i + 1] : angles.front() + 2 * Pi;
+      const double next = i + 1 < angles.size() ? angles[i + 1] : angles.front() + 2 * HalfTurn;
       if (next - angles[i] <= widest) continue;
       widest = next - angles[i];
       best = (angles[i] + next) / 2;
@@ -231,7 +230,7 @@ Look LookOf(ForceRole role) {
   return {2, Black};
 }
 
-void DrawLines(Surface& surface, const std::vector<PixelLine>& lines, int width, int colour) {
+void DrawPartLines(Surface& surface, const std::vector<PixelLine>& lines, int width, int colour) {
   surface.SetLineWidth(width);
   surface.SetForeground(colour);
   for (const PixelLine& line : lines) DrawLine(surface, line);
@@ -253,7 +252,7 @@ void DrawBroken(Surface& surface, const PixelLine& line, double dash, double gap
 void FillCircle(Surface& surface, PixelPoint centre, double radius, int colour) {
   std::array<PixelPoint, 16> corners;
   for (std::size_t i = 0; i < corners.size(); ++i) {
-    const double angle = 2 * Pi * static_cast<double>(i) / static_cast<double>(corners.size());
+    const double angle = 2 * HalfTurn * static_cast<double>(i) / static_cast<double>(corners.size());
     corners[i] = {FiniteSingle(centre.X + radius * std::cos(angle)),
                   FiniteSingle(centre.Y + radius * std::sin(angle))};
   }
@@ -264,12 +263,12 @@ void FillCircle(Surface& surface, PixelPoint centre, double radius, int colour) 
 
 HandPicture DrawHandStep(const TrussGraph& graph, const HandSolution& solution, std::size_t index,
                          const PixelRect& room, const ReportFormat& format, const TextMeasure& measure) {
-  return Painter(graph, solution, index, room, format, measure).All();
+  return PartPainter(graph, solution, index, room, format, measure).All();
 }
 
 void PaintHandPicture(Surface& surface, const HandPicture& picture) {
-  DrawLines(surface, picture.Others, 1, LightGrey);
-  DrawLines(surface, picture.Part, 2, Black);
+  DrawPartLines(surface, picture.Others, 1, LightGrey);
+  DrawPartLines(surface, picture.Part, 2, Black);
   for (const PixelPoint& pin : picture.Pins) {
     FillCircle(surface, pin, 5, Black);
     FillCircle(surface, pin, 3, White);

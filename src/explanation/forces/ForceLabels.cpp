@@ -35,7 +35,7 @@ constexpr int ManyMembers = 200;
 constexpr double LeastLength = 24;
 
 // When that many places have been tried, texts without room beside their member are left out.
-constexpr int MostTries = 40'000;
+constexpr int MostPlacesTried = 40'000;
 
 struct Vector {
   double X = 0, Y = 0;
@@ -207,7 +207,7 @@ class LabelPlacer {
     const double firstTurn = std::atan2(first.Y, first.X);
     for (const double distance : LeaderLengths) {
       for (int i = 0; i < NumDirections; ++i) {
-        if (numTries_ > MostTries) break;
+        if (numTries_ > MostPlacesTried) break;
         ++numTries_;
         // To both sides of the first direction in turn.
         const int step = (i + 1) / 2 * (i % 2 == 0 ? 1 : -1);

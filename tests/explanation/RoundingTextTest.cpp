@@ -1,0 +1,236 @@
+// What is told of rounding, in short and at length.
+#include "explanation/RoundingText.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <map>
+
+#include "explanation/Explanation.h"
+#include "explanation/ExplanationText.h"
+#include "support/TrussBuilder.h"
+
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+Explanation ExplainRounding(Truss truss) {
+  const TrussAnalysis analysis = SolveTruss(truss);
+  return ExplainTruss(truss, analysis);
+}
+
+std::string NoticeOf(const Truss& truss, int figures = 4) {
+  const Explanation explanation = ExplainRounding(truss);
+  return RoundingNotice(explanation.Graph, explanation.Rounded, {figures, {}});
+}
+
+std::string Opening(const Truss& truss) {
+  return ExplanationText(ExplainRounding(truss), {}).front().Paragraphs.front();
+}
+
+// Six joints on a circle, each of three joined to each of the other three; `x` is 3 in the critical form.
+TrussBuilder HexagonOf(float x, float load = -1000) {
+  return TrussBuilder()
+      .Member(5, 0, x, 4, "AD")
+      .Member(5, 0, -5, 0, "AE")
+      .Member(5, 0, 0, -5, "AF")
+      .Member(-3, 4, x, 4, "BD")
+      .Member(-3, 4, -5, 0, "BE")
+      .Member(-3, 4, 0, -5, "BF")
+      .Member(-4, -3, x, 4, "CD")
+      .Member(-4, -3, -5, 0, "CE")
+      .Member(-4, -3, 0, -5, "CF")
+      .Clamp(-4, -3, "Cx", "Cy")
+      .Roller(0, -5, "F", 5)
+      .Force(-3, 4, 0, load)
+      .Joint(5, 0, "A")
+      .Joint(-3, 4, "B")
+      .Joint(-4, -3, "C")
+      .Joint(x, 4, "D")
+      .Joint(-5, 0, "E")
+      .Joint(0, -5, "F");
+}
+
+// A rope of length 5 at 37 degrees with a load along it, typed in polar form.
+TrussBuilder PolarTie() {
+  const auto x = static_cast<float>(5 * std::cos(37 * 3.141592654 / 180));
+  const auto y = static_cast<float>(5 * std::sin(37 * 3.141592654 / 180));
+  return TrussBuilder().Member(0, 0, x, y, "AB").Clamp(0, 0, "Ax", "Ay").Force(x, y, 200 * x, 200 * y);
+}
+
+TrussBuilder PlainTriangle() {
+  return TrussBuilder()
+      .Member(0, 0, 4, 0, "AB")
+      .Member(0, 0, 2, 2, "AC")
+      .Member(4, 0, 2, 2, "BC")
+      .Clamp(0, 0, "Ax", "Ay")
+      .Roller(4, 0, "B", 5)
+      .Force(2, 2, 0, -1000);
+}
+
+TEST(RoundingNotice, TellsHowManyFiguresAreSureThoughTheForcesAreFarBelowAThousandLoads) {
+  const Explanation explanation = ExplainRounding(HexagonOf(3.01F));
+  EXPECT_LT(explanation.Rounded.Figures.Magnification, NearlyAMechanism);
+  EXPECT_GT(explanation.Rounded.Figures.Magnification, LargeForces);
+  const std::string notice = RoundingNotice(explanation.Graph, explanation.Rounded, {});
+  EXPECT_THAT(notice,
+              HasSubstr("Only the first 3 figures of the forces are sure: with directions that are not "
+                        "rounded BE is -4.68792E+5 in place of -4.68764E+5."));
+  EXPECT_THAT(notice, HasSubstr("nearly free is a motion in which joints A, B, D and E move ("));
+  EXPECT_EQ(NoticeOf(HexagonOf(3.3F)), "") << "farther from its critical form all are sure";
+}
+
+// Two members that lean on each other, 4 apart, and how they stand in the reports with this many figures.
+TEST(RoundingNotice, IsThereWheneverAShownFigureOfAnArchIsWrong) {
+  int numTold = 0;
+  for (int i = 1; i <= 80; ++i) {
+    const double height = i * 0.0071;
+    const auto y = static_cast<float>(height);
+    Truss truss = TrussBuilder()
+                      .Member(0, 0, 2, y, "left")
+                      .Member(2, y, 4, 0, "right")
+                      .Clamp(0, 0, "Ax", "Ay")
+                      .Clamp(4, 0, "Bx", "By")
+                      .Force(2, y, 0, -1000);
+    const double thrust = 1000 / height;
+    const double push = thrust * std::hypot(2, height) / 2;
+    const std::map<std::string, double> forces = {{"left", push}, {"right", push}, {"Ax", thrust},
+                                                  {"Ay", 500},    {"Bx", -thrust}, {"By", 500}};
+    const TrussAnalysis analysis = SolveTruss(truss);
+    for (const int figures : {3, 4, 5, 6, 7}) {
+      SCOPED_TRACE(testing::Message() << height << ", " << figures << " figures");
+      bool isWrong = false;
+      for (int k = 1; k <= analysis.System.NumUnknowns(); ++k) {
+        const double force = forces.at(analysis.System.UnknownList[k].Name);
+        const double shown = analysis.Reading.Values[k].value();
+        isWrong = isWrong || FormatSigFigs(force, {figures, {}}) != FormatSigFigs(shown, {figures, {}});
+      }
+      const std::string notice = NoticeOf(truss, figures);
+      if (isWrong) {
+        ++numTold;
+        EXPECT_THAT(notice, HasSubstr("Only the first "));
+      }
+      if (height > 0.1 && figures <= 4) {
+        EXPECT_EQ(notice, "");
+      }
+    }
+  }
+  EXPECT_GT(numTold, 5);
+}
+
+TEST(RoundingNotice, OfANearMechanismItTellsTheFiguresThoughAllThatAreShownAreSure) {
+  const std::string notice = NoticeOf(HexagonOf(3.003F), 2);
+  EXPECT_THAT(notice,
+              HasSubstr("The truss is nearly a mechanism: its largest force is 1600 times the largest"));
+  EXPECT_THAT(notice, HasSubstr("Of the forces the first 4 figures are sure."));
+}
+
+TEST(RoundingNotice, ARemnantInPlaceOfZeroIsNamed) {
+  // The bar across carries nothing; the load comes down the slanting members.
+  Rounding rounding;
+  Truss truss = PlainTriangle();
+  const TrussAnalysis analysis = SolveTruss(truss);
+  const TrussGraph graph = GraphOf(truss, analysis);
+  rounding.Figures.Forces = {{1, 500, 500}, {2, 3.2E-5, 0}};
+  EXPECT_EQ(RoundingNotice(graph, rounding, {}),
+            "What is shown for " + graph.Unknowns[2].Name +
+                " is a remnant of rounding, and no figure of it is sure.");
+}
+
+TEST(RoundingNotice, SaysThatNoNumberHoldsWhereThereIsNoSolution) {
+  for (const int figures : {3, 4, 7}) {
+    const std::string notice = NoticeOf(HexagonOf(3), figures);
+    EXPECT_THAT(notice, StartsWith("Exactly, the system has no solution."));
+    EXPECT_THAT(notice, HasSubstr("None of the numbers shown for the forces holds, be they large or small"));
+  }
+}
+
+TEST(RoundingNotice, NumbersOfForcesThatAreLeftOpenDoNotHold) {
+  // The critical form under a load that its clamp takes alone.
+  Truss truss = HexagonOf(3, 0).Force(-4, -3, 0, -1000);
+  const Explanation explanation = ExplainRounding(truss);
+  ASSERT_EQ(explanation.Exact.Verdict.Code(), Outcome::Redundant);
+  ASSERT_EQ(explanation.Rounded.Shown, Outcome::Neither);
+  EXPECT_EQ(explanation.Rounded.ShownThoughOpen.size(), 9U);
+  const std::string notice = RoundingNotice(explanation.Graph, explanation.Rounded, {});
+  EXPECT_THAT(notice,
+              HasSubstr("The equations leave AD, AE, AF, BD, BE, BF and 3 more open; the numbers shown "
+                        "for them do not hold"));
+  EXPECT_THAT(notice, Not(HasSubstr("None of the numbers")));
+}
+
+TEST(RoundingNotice, WithinTheFiguresNumbersHoldThoughExactlyThereAreNone) {
+  const Explanation explanation = ExplainRounding(PolarTie());
+  ASSERT_EQ(explanation.Exact.Verdict.Code(), Outcome::Inconsistent);
+  EXPECT_FALSE(explanation.Rounded.HoldsNoNumber());
+  EXPECT_THAT(NoticeOf(PolarTie()),
+              AllOf(HasSubstr("Within the figures of the drawing"), Not(HasSubstr("None of the numbers"))));
+}
+
+TEST(RoundingNotice, IsAFewSentencesAndTheWholeMotionStandsInTheReasons) {
+  for (const float x : {3.0003F, 3.003F, 3.01F}) {
+    SCOPED_TRACE(x);
+    const Explanation explanation = ExplainRounding(HexagonOf(x));
+    const std::string notice = RoundingNotice(explanation.Graph, explanation.Rounded, {});
+    EXPECT_LT(notice.size(), 420U) << notice;
+    EXPECT_THAT(notice, Not(HasSubstr("by (")));
+    std::string reasons;
+    for (const std::string& paragraph : RoundingParagraphs(explanation.Graph, explanation.Rounded, {}))
+      reasons += paragraph + '\n';
+    EXPECT_THAT(reasons, HasSubstr("Joints move: A to the left and up by (-0.7"));
+    const ExplanationSection last = ExplanationText(explanation, {}).back();
+    EXPECT_EQ(last.Heading, RoundingHeading);
+    EXPECT_EQ(last.Paragraphs, RoundingParagraphs(explanation.Graph, explanation.Rounded, {}));
+  }
+}
+
+TEST(DifferentReadings, OpenTheReasonsWhereTheReadingsDiffer) {
+  EXPECT_THAT(Opening(PolarTie()), StartsWith("The readings of this truss differ: exactly, the system has no "
+                                              "solution; but within the figures of the drawing the system is "
+                                              "redundant: these loads are in balance"));
+  EXPECT_THAT(Opening(PolarTie()), HasSubstr("\"What rounding has to do with it\""));
+  EXPECT_THAT(
+      Opening(HexagonOf(3)),
+      HasSubstr("exactly, the system has no solution, and so it is within the figures of the drawing; and "
+                "the reduced matrix says that the equations neither contradict nor repeat each other"));
+}
+
+TEST(DifferentReadings, AreNotMentionedWhereAllSayTheSame) {
+  EXPECT_THAT(Opening(PlainTriangle()), StartsWith("This truss has no independent motions"));
+  EXPECT_THAT(Opening(HexagonOf(3.01F)), StartsWith("This truss has no independent motions"));
+  EXPECT_THAT(DifferentReadings({}), IsEmpty());
+}
+
+TEST(DifferentReadings, SayWhatEachOfTheThreeSays) {
+  const auto text = [](Outcome exact, Outcome within, Outcome shown) {
+    Rounding rounding;
+    rounding.Verdict = {.NumEquations = 2, .NumUnknowns = 2, .Rank = 2, .AugmentedRank = 2};
+    if (exact != Outcome::Neither) rounding.Verdict.Rank = rounding.Verdict.AugmentedRank = 1;
+    if (exact == Outcome::Inconsistent) rounding.Verdict.AugmentedRank = 2;
+    rounding.Figures.Within = within;
+    rounding.Shown = shown;
+    return DifferentReadings(rounding);
+  };
+  for (const Outcome exact : {Outcome::Neither, Outcome::Redundant, Outcome::Inconsistent}) {
+    for (const Outcome within : {Outcome::Neither, Outcome::Redundant, Outcome::Inconsistent}) {
+      for (const Outcome shown : {Outcome::Neither, Outcome::Redundant, Outcome::Inconsistent}) {
+        const std::string told = text(exact, within, shown);
+        EXPECT_EQ(told.empty(), exact == within && within == shown);
+        if (told.empty()) continue;
+        EXPECT_EQ(told.find("but within") != std::string::npos, exact != within) << told;
+        EXPECT_EQ(told.find("the reduced matrix says that") != std::string::npos,
+                  shown != exact && shown != within)
+            << told;
+        EXPECT_EQ(told.find("so says the reduced matrix") != std::string::npos,
+                  shown == within && shown != exact)
+            << told;
+      }
+    }
+  }
+}
+
+}  // namespace
