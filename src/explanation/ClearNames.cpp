@@ -43,6 +43,32 @@ Box LettersOf(const LabelPlace& place, bool above, bool left) {
   return {x, y, x + width, y + height};
 }
 
+bool Overlap(const Box& a, const Box& b) {
+  return a.Left < b.Right && b.Left < a.Right && a.Top < b.Bottom && b.Top < a.Bottom;
+}
+
+// A name and where its letters stand beside its joint.
+struct NameBeside {
+  const CarriedName& Name;
+  Box Letters;
+
+  // Of a joint that stands still there is one place only. What it is drawn like now is left out where it
+  // moves, so that the choice is the same throughout.
+  std::size_t NumPlaces() const { return std::max<std::size_t>(1, Name.Places.size() - 1); }
+  Box Place(std::size_t index) const {
+    return Letters.Moved(Name.Places.size() == 1 ? Name.Places.front() : Name.Places[index + 1]);
+  }
+
+  bool Covers(const NameBeside& other) const {
+    const std::size_t count = std::max(NumPlaces(), other.NumPlaces());
+    for (std::size_t i = 0; i < count; ++i) {
+      if (Overlap(Place(std::min(i, NumPlaces() - 1)), other.Place(std::min(i, other.NumPlaces() - 1))))
+        return true;
+    }
+    return false;
+  }
+};
+
 void Put(LabelPlace& place, PixelPoint joint, const Box& letters) {
   place.Width = static_cast<float>(letters.Right - letters.Left) + RimWidth;
   place.Height = static_cast<float>(letters.Bottom - letters.Top);
@@ -60,18 +86,23 @@ void KeepNamesClear(Drawing& drawing, const std::vector<CarriedName>& names,
     bool Above, Left;
   };
   constexpr std::array<Side, 4> sides = {{{false, false}, {true, false}, {false, true}, {true, true}}};
+  std::vector<NameBeside> placed;
   for (const CarriedName& name : names) {
     LabelPlace& place = drawing.lblRodJoint[name.Label];
-    const auto numArrows = [&](const Side& side) {
+    const auto numInTheWay = [&](const Side& side) {
       const Box letters = LettersOf(place, side.Above, side.Left);
-      std::ptrdiff_t count = 0;
+      const NameBeside here{name, letters};
+      std::ptrdiff_t count =
+          std::ranges::count_if(placed, [&here](const NameBeside& other) { return here.Covers(other); });
       for (const PixelPoint& joint : name.Places) {
         const Box box = letters.Moved(joint);
         count += std::ranges::count_if(arrows, [&](const PixelLine& arrow) { return Meets(arrow, box); });
       }
       return count;
     };
-    const auto* best = std::ranges::min_element(sides, {}, numArrows);
-    if (best != sides.begin()) Put(place, name.Places.front(), LettersOf(place, best->Above, best->Left));
+    const auto* best = std::ranges::min_element(sides, {}, numInTheWay);
+    const Box letters = LettersOf(place, best->Above, best->Left);
+    if (best != sides.begin()) Put(place, name.Places.front(), letters);
+    placed.push_back({name, letters});
   }
 }

@@ -221,12 +221,22 @@ SparseMatrix<ExtendedDouble> Transposed(const SparseMatrix<ExtendedDouble>& matr
   return transposed;
 }
 
+// Those of large pieces are as the null space has them.
+std::vector<ModularRow> ExactStresses(const LocalBasis& basis, const ModularNullSpace& space) {
+  std::vector<ModularRow> vectors = basis.Vectors;
+  for (std::size_t i = 0; i < space.Vectors.size(); ++i) {
+    const bool isOfLargePiece = std::ranges::any_of(basis.LargePieces, [&](const LargePiece& piece) {
+      return std::ranges::binary_search(piece.Columns, space.Free[i]);
+    });
+    if (isOfLargePiece) vectors.push_back(space.Vectors[i]);
+  }
+  return vectors;
+}
+
 template <class Field>
-std::vector<SelfStress> StressesOf(const TrussGraph& graph, const TrussPieces& pieces,
-                                   const ExactSystem<Field>& system,
-                                   const SparseMatrix<ExtendedDouble>& rigidity) {
-  std::vector<SelfStress> stresses;
-  if (system.StressSpace.Free.empty()) return stresses;
+void FindStresses(const TrussGraph& graph, const TrussPieces& pieces, const ExactSystem<Field>& system,
+                  const SparseMatrix<ExtendedDouble>& rigidity, ExactReasons& reasons) {
+  if (system.StressSpace.Free.empty()) return;
   const LocalBasis basis = LocalVectors<Field>(ByUnknowns(graph, pieces, system.StressSpace), {});
   const SparseMatrix<ExtendedDouble> balance = Transposed(rigidity);
   for (const SparseVector& vector : Values(basis, NullVectors(balance), {})) {
@@ -235,9 +245,9 @@ std::vector<SelfStress> StressesOf(const TrussGraph& graph, const TrussPieces& p
     // The first force presses.
     const bool turn = stress.Forces.front().Value < 0;
     for (UnknownForce& force : stress.Forces) force.Value = turn ? -force.Value : force.Value;
-    stresses.push_back(std::move(stress));
+    reasons.SelfStresses.push_back(std::move(stress));
   }
-  return stresses;
+  reasons.Open = OpenForcesOf<Field>(graph, ExactStresses(basis, system.StressSpace));
 }
 
 template <class Field>
@@ -247,7 +257,7 @@ ExactReasons ReasonsOf(const TrussGraph& graph, ExactSystem<Field>& system) {
   ExactReasons reasons;
   reasons.Verdict = VerdictOf(graph, system);
   reasons.Motions = MotionsOf(graph, pieces, system, rigidity);
-  reasons.SelfStresses = StressesOf(graph, pieces, system, rigidity);
+  FindStresses(graph, pieces, system, rigidity, reasons);
   FindExtents<Field>(graph, system.Rows, reasons.SelfStresses, reasons.Motions);
   return reasons;
 }

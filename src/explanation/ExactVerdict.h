@@ -11,6 +11,7 @@
 
 #include "analysis/Classification.h"
 #include "explanation/Motions.h"
+#include "explanation/OpenForces.h"
 #include "explanation/TrussGraph.h"
 
 struct ExactVerdict {
@@ -38,6 +39,7 @@ struct ExactReasons {
   ExactVerdict Verdict;
   std::vector<Motion> Motions;
   std::vector<SelfStress> SelfStresses;
+  OpenForces Open;  ///< nothing without self-stress
 };
 
 /// Only the verdict, which takes a fraction of the time.

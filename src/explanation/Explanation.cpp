@@ -4,12 +4,21 @@
 
 namespace {
 
+std::vector<UnknownForce> DeterminedForces(const TrussGraph& graph, const ExactReasons& exact) {
+  std::vector<UnknownForce> determined;
+  if (exact.Verdict.SelfStresses() == 0 || exact.Verdict.Code() == Outcome::Inconsistent) return determined;
+  const Table<double> forces = ForcesWithFreeAt0(graph, exact.Open.Free, exact.Verdict.Rank);
+  for (const int k : exact.Verdict.Determined) determined.push_back({k, forces[k]});
+  return determined;
+}
+
 // `rounding` where it is known.
 Explanation Explain(const Truss& truss, const TrussAnalysis& analysis, TrussGraph graph,
                     std::optional<Rounding> rounding) {
   Explanation explanation;
   explanation.Graph = std::move(graph);
   explanation.Exact = ReasonExactly(explanation.Graph);
+  explanation.Determined = DeterminedForces(explanation.Graph, explanation.Exact);
   explanation.Proof = ProveContradiction(explanation.Graph, explanation.Exact.Motions);
   explanation.Suggestions =
       AdviceFor(explanation.Graph, explanation.Exact, NearPlaces(truss.Settings, UsuallyDrawn(truss)));

@@ -15,6 +15,9 @@
 struct Explanation {
   TrussGraph Graph;
   ExactReasons Exact;
+  /// The forces that are determined although others are left open, ascending; empty when there is no
+  /// solution, or when the solutions have them all.
+  std::vector<UnknownForce> Determined;
   std::optional<ContradictionProof> Proof;  ///< when the exact outcome is Inconsistent
   std::vector<Advice> Suggestions;
   Rounding Rounded;

@@ -6,6 +6,7 @@
 #include "explanation/Directions.h"
 #include "explanation/DistinctNames.h"
 #include "explanation/MotionText.h"
+#include "explanation/OpenForcesText.h"
 #include "explanation/RigidityMatrix.h"
 #include "explanation/RoundingText.h"
 
@@ -104,20 +105,9 @@ class Writer {
     }
     std::vector<std::string> paragraphs = {text};
     // Where no forces balance the loads, there is none to be determined.
-    if (verdict_.SelfStresses() > 0 && word != "no solution") paragraphs.push_back(DeterminedText());
+    if (verdict_.SelfStresses() > 0 && word != "no solution")
+      paragraphs.push_back(DeterminedText(on_, names_, format_));
     return paragraphs;
-  }
-
-  std::string DeterminedText() const {
-    std::vector<int> determined;
-    std::vector<int> open;
-    for (int k = 1; k <= graph_.NumUnknowns(); ++k) {
-      const bool is = std::ranges::binary_search(verdict_.Determined, k);
-      (is ? determined : open).push_back(k);
-    }
-    std::string left = "Left open by the equations: " + names_.Forces(open, 24) + ".";
-    if (determined.empty()) return left;
-    return "Determined whatever the others are: " + names_.Forces(determined, 24) + ".  " + left;
   }
 
   std::vector<std::string> MotionParagraphs() const {
@@ -209,10 +199,7 @@ class Writer {
       paragraphs.push_back("There are " + std::to_string(states.size() - MostStates) + " further states.");
     }
     if (!states.empty() && verdict_.Code() != Outcome::Inconsistent) {
-      paragraphs.push_back(
-          std::string("One force of each ") +
-          "can be chosen; the others then follow.  Which values they take depends on how the members "
-          "behave under stress.");
+      paragraphs.push_back(FreeForcesText(on_, names_));
     }
     return paragraphs;
   }

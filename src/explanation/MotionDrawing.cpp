@@ -148,13 +148,15 @@ void AddArrows(const Motion& motion, const JointPlaces& places, double pixelsPer
 }
 
 // The names of joints, each with the places that its joint has at rest and at both ends of its swing.
-void ClearNamesOfArrows(const MotionScene& scene, double largest, MotionDrawing& drawing) {
+void ClearNames(const MotionScene& scene, double largest, MotionDrawing& drawing) {
+  const Motion still;
+  const Motion& motion = scene.Moves != nullptr ? *scene.Moves : still;
   std::unordered_map<PositionKey, int, PositionHash> numbers;
   for (int j = 1; j <= scene.Graph.NumJoints(); ++j)
     numbers.emplace(PositionKey(scene.Graph.Joints[j].X, scene.Graph.Joints[j].Y), j);
   const Graph& mapping = drawing.Objects.Mapping;
-  const JointPlaces there(scene.Graph, mapping, *scene.Moves, largest);
-  const JointPlaces back(scene.Graph, mapping, *scene.Moves, -largest);
+  const JointPlaces there(scene.Graph, mapping, motion, largest);
+  const JointPlaces back(scene.Graph, mapping, motion, -largest);
   std::vector<CarriedName> names;
   for (int j = 1; j <= drawing.Shown.NumJoints; ++j) {
     const JointRec& joint = drawing.Shown.Joints[j];
@@ -179,7 +181,6 @@ void AddMotion(const MotionScene& scene, double size, double swing, MotionDrawin
   const double scale = (double{mapping.PixelX2} - double{mapping.PixelX1}) /
                        (double{mapping.WorldX2} - double{mapping.WorldX1});
   AddArrows(*scene.Moves, places, ArrowOverSwing * largest * scale, drawing);
-  if (drawing.Shown.NumJoints <= MostNamedJoints) ClearNamesOfArrows(scene, largest, drawing);
 }
 
 void DrawLines(Surface& surface, const std::vector<PixelLine>& lines, int width, int colour) {
@@ -225,6 +226,7 @@ MotionDrawing DrawMotion(const MotionScene& scene, const PixelRect& room, double
                   room, MotionBorder);
   PlaceTruss(drawing.Objects, drawing.Shown, scene.NamesOfForces, measure);
   if (scene.Moves != nullptr) AddMotion(scene, size, held, drawing);
+  if (drawing.Shown.NumJoints <= MostNamedJoints) ClearNames(scene, LargestSwing * size, drawing);
   if (scene.Stressed != nullptr) {
     drawing.Marks = MarksOf(*scene.Stressed, scene.Graph, drawing.Objects.Mapping, scene.Format, measure);
   }

@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <vector>
+
 namespace {
 
 constexpr ScreenBox Notebook{.Left = 0, .Top = 0, .Width = 1366, .Height = 768};
@@ -142,6 +145,43 @@ TEST(ExplanationPlace, TheSecondWindowIsNotRightOverTheFirst) {
     }
   }
   EXPECT_GT(numApart, 10);
+}
+
+// All windows of the menu one after the other, with the report: as a student may have them.
+TEST(ExplanationPlace, EveryWindowOpensWholeAndOfAUsefulSizeWithTheTitlesOfTheOthersInSight) {
+  const std::vector<ReportSizes> windows = {ExplanationSizes, ChecksSizes, ForcesSizes, ByJointSizes};
+  for (const ScreenBox& screen : {Notebook, LargeScreen, ScreenBox{1920, 200, 1280, 720}}) {
+    for (const bool isMaximised : {false, true}) {
+      const ScreenBox mainWindow = isMaximised ? screen : MainWindowOn(screen);
+      std::vector<std::size_t> order = {0, 1, 2, 3};
+      do {
+        std::vector<ScreenBox> shown = {PlaceBeside(screen, mainWindow)};
+        for (const std::size_t which : order) {
+          const ReportSizes& sizes = windows[which];
+          const ScreenBox place =
+              PlaceOfExplanation(screen, mainWindow, shown, PanelBottom(mainWindow), sizes);
+          ASSERT_TRUE(IsInside(place, screen));
+          EXPECT_GE(place.Width, sizes.SmallestWidth);
+          EXPECT_GE(place.Height, std::min(sizes.Height, screen.Height) / 2);
+          for (const ScreenBox& other : shown) {
+            EXPECT_FALSE(Overlap(place, {other.Left, other.Top, 40, 30}))
+                << "window " << which << " of " << order[0] << order[1] << order[2] << order[3] << ", screen "
+                << screen.Width << (isMaximised ? ", maximised" : "");
+          }
+          shown.push_back(place);
+        }
+      } while (std::ranges::next_permutation(order).found);
+    }
+  }
+}
+
+TEST(ExplanationPlace, AWindowThatIsCoveredAnywayLeavesTheButtonsFreeWhereItCan) {
+  const ScreenBox mainWindow = MainWindowOn(Notebook);
+  const ScreenBox report = PlaceBeside(Notebook, mainWindow);
+  const ScreenBox why = PlaceOfWhy(Notebook, mainWindow, report);
+  const ScreenBox forces =
+      PlaceOfExplanation(Notebook, mainWindow, {report, why}, PanelBottom(mainWindow), ForcesSizes);
+  EXPECT_FALSE(Overlap(forces, {mainWindow.Left, mainWindow.Top, mainWindow.Width, 110}));
 }
 
 }  // namespace

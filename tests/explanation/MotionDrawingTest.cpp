@@ -385,4 +385,43 @@ TEST(MotionDrawing, NoArrowLiesOnTheNameOfAJoint) {
   }
 }
 
+// The strut ends hardly beside the chord's joint: both names can be read, in motion, under self-stress, and
+// at rest.
+TEST(MotionDrawing, NamesOfJointsThatNearlyMeetDoNotCoverEachOther) {
+  for (const float gap : {0.0F, 0.02F, 0.1F, 0.3F}) {
+    TrussBuilder builder;
+    builder.Member(0, 0, 4, 0)
+        .Member(4, 0, 8, 0)
+        .Member(0, 0, 4, 3)
+        .Member(8, 0, 4, 3)
+        .Member(4, 3, 4 + gap, 0.01F)
+        .Clamp(0, 0)
+        .Clamp(8, 0)
+        .Joint(4, 0, "D")
+        .Joint(4 + gap, 0.01F, "E");
+    const Reasoned truss(builder);
+    std::vector<MotionScene> scenes = {{.Document = truss.Document, .Graph = truss.Graph}};
+    for (std::size_t i = 0; i < truss.Reasons.Motions.size(); ++i) scenes.push_back(truss.Motion(i));
+    for (std::size_t i = 0; i < truss.Reasons.SelfStresses.size(); ++i) scenes.push_back(truss.Stress(i));
+    ASSERT_GE(scenes.size(), 4U);
+    for (const MotionScene& scene : scenes) {
+      const MotionDrawing drawing = truss.Drawn(scene);
+      std::vector<LabelPlace> names;
+      for (const JointRec& joint : truss.Document.JointsInUse()) {
+        const std::string& name = truss.Document.Name(joint.NameLabel);
+        if (name == "D" || name == "E") names.push_back(drawing.Objects.lblRodJoint[joint.NameLabel]);
+      }
+      ASSERT_EQ(names.size(), 2U);
+      const auto letters = [](const LabelPlace& place) {
+        return PixelRect{place.Left + place.TextLeft, place.Top + place.TextTop, place.Left + place.Width,
+                         place.Top + place.Height};
+      };
+      const PixelRect d = letters(names[0]);
+      const PixelRect e = letters(names[1]);
+      EXPECT_TRUE(d.Right <= e.Left || e.Right <= d.Left || d.Bottom <= e.Top || e.Bottom <= d.Top)
+          << "gap " << gap;
+    }
+  }
+}
+
 }  // namespace

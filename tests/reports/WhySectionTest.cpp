@@ -78,11 +78,15 @@ TEST_F(WhySectionTest, SaysItsHeadingsItsTableAndItsPictures) {
 
 TEST_F(WhySectionTest, EndsWithWhatRoundingHasToDoWithIt) {
   EXPECT_THAT(TextWithWhy(RollingTriangle()), Not(HasSubstr("What rounding has to do with it")));
-  const std::string text = TextWithWhy(ObliqueTie());
-  EXPECT_EQ(document_.LinesThatAre(LineRole::Heading).back(), "What rounding has to do with it:");
+  // Below it stand only the checks of the drawing, which find its loose end.
+  const std::string whole = TextWithWhy(ObliqueTie());
+  const std::string text = whole.substr(0, whole.find("\n\nChecks of the drawing:"));
+  const std::vector<std::string> headings = document_.LinesThatAre(LineRole::Heading);
+  EXPECT_EQ(headings[headings.size() - 2], "What rounding has to do with it:");
   EXPECT_THAT(text, HasSubstr("\"What rounding has to do with it\"")) << "the opening points to it";
-  EXPECT_THAT(text, EndsWith("3.141E-6 on the right of a row without coefficients is a remnant of rounding, "
-                             "about 1E-8 of the largest load."));
+  EXPECT_THAT(text.substr(0, text.find_last_not_of('\n') + 1),
+              EndsWith("3.141E-6 on the right of a row without coefficients is a remnant of rounding, "
+                       "about 1E-8 of the largest load."));
 }
 
 TEST_F(WhySectionTest, ATextStaysWithItsPicture) {

@@ -48,6 +48,7 @@ LabelRoom::LabelRoom(const PixelRect& area)
 void LabelRoom::AddBox(const PixelRect& box) { Add({.Box = box, .Line = {}}); }
 
 void LabelRoom::AddLine(const PixelLine& line, float width) {
+  if (!lines_.insert({line.X1, line.Y1, line.X2, line.Y2, width}).second) return;
   const float half = width / 2;
   Add({.Box = BoxAround(line, half), .Line = line, .IsLine = true, .StopsLeaders = false, .HalfWidth = half});
 }

@@ -2,6 +2,8 @@
 // thousand texts find theirs quickly.
 #pragma once
 
+#include <array>
+#include <set>
 #include <vector>
 
 #include "canvas/Paper.h"
@@ -15,7 +17,7 @@ class LabelRoom {
   /// Something that no text may cover and no leader may cross.
   void AddBox(const PixelRect& box);
 
-  /// A line that no text may cover; `width` in pixels. Leaders may cross it.
+  /// A line that no text may cover; `width` in pixels. Leaders may cross it. Of equal ones one is kept.
   void AddLine(const PixelLine& line, float width);
 
   /// A line that neither texts nor leaders may touch: an arrow, another leader.
@@ -52,4 +54,5 @@ class LabelRoom {
   int numColumns_, numRows_;
   std::vector<std::vector<int>> cells_;
   std::vector<Item> items_;
+  std::set<std::array<float, 5>> lines_;  // ends and width
 };
