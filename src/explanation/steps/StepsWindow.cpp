@@ -209,4 +209,5 @@ void StepsWindow::hideEvent(QHideEvent* event) {
 void StepsWindow::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   KeepWholeHeight(*this);
+  lstSteps_->scrollTo(lstSteps_->currentIndex());
 }

@@ -186,7 +186,7 @@ void StepsWindow::LayOut() {
   auto* choice = new QHBoxLayout;
   choice->addWidget(lblUnknown_);
   choice->addWidget(cmbUnknown_);
-  choice->addWidget(lblPivot_, 1);
+  choice->addStretch(1);
   auto* place = new QHBoxLayout;
   place->addWidget(sldStep_, 1);
   place->addWidget(lblStep_);
@@ -198,6 +198,7 @@ void StepsWindow::LayOut() {
   layout->addWidget(beside, 1);
   layout->addWidget(marks_);
   layout->addLayout(choice);
+  layout->addWidget(lblPivot_);
   layout->addLayout(place);
   layout->addLayout(buttons);
   ShowMarkLooks();
