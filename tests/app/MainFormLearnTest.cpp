@@ -285,6 +285,29 @@ TEST_F(MainFormLearn, OpensBesideTheOtherWindowsOnTheScreen) {
   EXPECT_NE(Why().frameGeometry().topLeft(), Checks().frameGeometry().topLeft());
 }
 
+TEST_F(MainFormLearn, AllItsWindowsOpenWholeAndLargeEnoughToBeRead) {
+  Started();
+  OpenInStep3(Parallelogram());
+  for (const char* entry : {"mnuLearnWhy", "mnuLearnCheck", "mnuLearnForces", "mnuLearnByJoint"}) {
+    SCOPED_TRACE(entry);
+    const auto shown = [] {
+      QWidgetList windows = QApplication::topLevelWidgets();
+      windows.removeIf([](const QWidget* window) { return !window->isVisible(); });
+      return windows;
+    };
+    const QWidgetList before = shown();
+    Trigger(entry);
+    QWidgetList opened = shown();
+    opened.removeIf([&](QWidget* window) { return before.contains(window); });
+    ASSERT_EQ(opened.size(), 1);
+    const QWidget* window = opened.first();
+    const QRect screen = window->screen()->availableGeometry();
+    EXPECT_TRUE(screen.contains(window->frameGeometry()));
+    EXPECT_GE(window->height(), entry == std::string("mnuLearnCheck") ? 170 : 300);
+    EXPECT_GE(window->width(), 300);
+  }
+}
+
 // In the order in which they are asked for, none hides another.
 TEST_F(MainFormLearn, TheSecondWindowLeavesTheTitleOfTheFirstFree) {
   Started();
