@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <numeric>
 
+#include "explanation/ExactFactors.h"
 #include "explanation/RigidityMatrix.h"
 
 namespace {
@@ -84,6 +85,11 @@ bool IsExactly0(const TrussGraph& graph, const Motion& motion, const std::vector
   });
 }
 
+bool IsExact(const TrussGraph& graph, const Motion& motion, const std::vector<std::int64_t>& whole) {
+  return !whole.empty() && IsExactly0<FirstField>(graph, motion, whole) &&
+         IsExactly0<SecondField>(graph, motion, whole);
+}
+
 }  // namespace
 
 std::optional<ContradictionProof> ProveContradiction(const TrussGraph& graph,
@@ -98,11 +104,18 @@ std::optional<ContradictionProof> ProveContradiction(const TrussGraph& graph,
   std::vector<double> factors = Components(*driven);
   ContradictionProof proof;
   proof.MotionNumber = static_cast<int>(driven - motions.data()) + 1;
-  const std::vector<std::int64_t> whole = WholeProportions(factors);
-  if (!whole.empty() && IsExactly0<FirstField>(graph, *driven, whole) &&
-      IsExactly0<SecondField>(graph, *driven, whole)) {
-    proof.IsWhole = true;
+  std::vector<std::int64_t> whole = WholeProportions(factors);
+  proof.IsWhole = IsExact(graph, *driven, whole);
+  if (!proof.IsWhole) whole = ExactProportions(graph, *driven);
+  proof.IsExact = proof.IsWhole || IsExact(graph, *driven, whole);
+  if (proof.IsExact) {
     for (std::size_t i = 0; i < factors.size(); ++i) factors[i] = static_cast<double>(whole[i]);
+  }
+  // Not larger than 2: a power of two changes no figure.
+  if (proof.IsExact && !proof.IsWhole) {
+    const double size =
+        std::abs(*std::ranges::max_element(factors, {}, [](double at) { return std::abs(at); }));
+    for (double& factor : factors) factor = std::ldexp(factor, -std::ilogb(size));
   }
   const std::vector<double> displacements = Components(*driven);
   const auto largest = std::ranges::max_element(displacements, {}, [](double at) { return std::abs(at); });

@@ -104,6 +104,55 @@ TEST(ContradictionProof, HasSmallWholeFactorsWhereThereAreSuch) {
   EXPECT_THAT(TextOf(explanation), HasSubstr("add up to 0 on the left and to 2000 on the right"));
 }
 
+__extension__ using Wide128 = __int128;
+
+// A number as its shortest decimal says it, in units of a ten thousandth.
+std::int64_t TenThousandths(float value) { return std::llround(double{value} * 10000); }
+
+// Coordinates with many figures: the factors are no small whole numbers, and cancel to the last digit.
+TEST(ContradictionProof, CancelsExactlyAlsoWhereItsFactorsAreLarge) {
+  std::mt19937 random(91);
+  int numLarge = 0;
+  for (int i = 0; i < 60; ++i) {
+    const auto place = [&random](int from) {
+      return static_cast<float>(10000 * from + 1 + 2 * Below(random, 4000)) / 10000.0F;
+    };
+    const float px = place(1);
+    const float py = place(2);
+    const float qx = place(5);
+    const float qy = place(2);
+    const Explanation explanation = Explain(TrussBuilder()
+                                                .Member(0, 0, px, py)
+                                                .Member(4, 0, qx, qy)
+                                                .Member(px, py, qx, qy)
+                                                .Clamp(0, 0)
+                                                .Clamp(4, 0)
+                                                .Force(px, py, 1000, 0));
+    ASSERT_TRUE(explanation.Proof);
+    EXPECT_TRUE(explanation.Proof->IsExact);
+    numLarge += explanation.Proof->IsWhole ? 0 : 1;
+    std::map<int, Wide128> factors;
+    for (const WeightedEquation& equation : explanation.Proof->Equations) {
+      EXPECT_LE(std::abs(equation.Factor), explanation.Proof->IsWhole ? 9999 : 2);
+      const double scaled = std::ldexp(equation.Factor, 60);
+      factors[ColumnOf(equation.Joint, equation.Along)] = static_cast<Wide128>(scaled);
+    }
+    const TrussGraph& graph = explanation.Graph;
+    for (const PlacedUnknown& member : graph.Unknowns.First(graph.NumUnknowns())) {
+      if (!member.IsMember()) continue;
+      const PlacedJoint& a = graph.Joints[member.JointA];
+      const PlacedJoint& b = graph.Joints[member.JointB];
+      const std::int64_t dx = TenThousandths(a.X) - TenThousandths(b.X);
+      const std::int64_t dy = TenThousandths(a.Y) - TenThousandths(b.Y);
+      const Wide128 sum =
+          dx * (factors[ColumnOf(member.JointA, Axis::X)] - factors[ColumnOf(member.JointB, Axis::X)]) +
+          dy * (factors[ColumnOf(member.JointA, Axis::Y)] - factors[ColumnOf(member.JointB, Axis::Y)]);
+      EXPECT_TRUE(sum == 0) << "truss " << i;
+    }
+  }
+  EXPECT_GT(numLarge, 50);
+}
+
 TEST(ExplanationAdvice, IsFollowedBeforeItIsGiven) {
   std::mt19937 random(5);
   int numPieces = 0;
