@@ -220,6 +220,7 @@ void ReportWindow::PlaceHeading() {
 }
 
 void ReportWindow::PlaceRedundantLines() {
+  if (redundantLines_->isHidden()) return;  // what is not shown needs no width
   redundantLines_->setFont(font());
   redundantLines_->adjustSize();
   // The lines begin with two blanks, which bring them to the left edge of the grid.
