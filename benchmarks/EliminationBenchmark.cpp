@@ -7,7 +7,7 @@
 
 #include "analysis/Elimination.h"
 #include "analysis/EliminationTuning.h"
-#include "support/PlainElimination.h"
+#include "explanation/steps/PlainElimination.h"
 #include "support/TrussShapes.h"
 #if defined(ORVANE_HAVE_EIGEN)
 #include <Eigen/Dense>
@@ -38,18 +38,12 @@ void Fast(benchmark::State& state, const Matrix& equations, unsigned numThreads)
 }
 
 void Plain(benchmark::State& state, const Matrix& equations) {
-  const int R = equations.NumRows();
-  const int N = equations.NumColumns() - 1;
   for (auto unused : state) {
     state.PauseTiming();
-    FullMatrix full(R, N + 1);
-    for (int row = 1; row <= R; ++row) {
-      for (const auto& [column, value] : equations.Row(row)) full(row, column) = value;
-    }
-    std::vector<int> order;
+    StepMatrix matrix(equations);
     state.ResumeTiming();
-    PlainSolveToRREF(R, N, full, order);
-    benchmark::DoNotOptimize(full);
+    EliminatePlainly(matrix, [](const EliminationStep&) {});
+    benchmark::DoNotOptimize(matrix);
   }
 }
 

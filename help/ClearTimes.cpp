@@ -1,5 +1,7 @@
 // Makes a help file the same bytes whenever it is compiled: the help compiler writes the time of day in two
-// places, the header of the file and its entry of system values; here both become zero.
+// places, the header of the file and its entry of system values; here both become zero. And mends a fault of
+// the compiler: where the list of files fills more than one chunk, it names the last chunk as the first, and
+// who goes through the list would miss all files of the others.
 //   orvane_clear_times FILE.chm
 #include <chm_lib.h>
 
@@ -17,6 +19,15 @@ namespace {
 constexpr std::size_t HeaderTime = 0x10;      // 4 bytes
 constexpr std::size_t ContentOffset = 0x58;   // 8 bytes: where the content begins in the file
 constexpr std::uint64_t SystemTimeCode = 10;  // the system value that is a time
+
+constexpr std::size_t ListOffset = 0x48;  // 8 bytes: where the list of files begins in the file
+// In the list's header, 4 bytes each:
+constexpr std::size_t ListHeaderLength = 0x08;
+constexpr std::size_t ChunkLength = 0x10;
+constexpr std::size_t FirstChunk = 0x20;
+// In a chunk, 4 bytes: the number of the chunk before.
+constexpr std::size_t ChunkBefore = 0x0C;
+constexpr std::uint64_t NoChunk = 0xFFFFFFFF;
 
 // The number whose `size` bytes stand at `at`, the lowest first.
 std::uint64_t NumberAt(const std::string& bytes, std::size_t at, std::size_t size) {
@@ -58,6 +69,21 @@ void ClearSystemTime(std::string& bytes, const chmUnitInfo& values) {
   throw std::runtime_error("it has no time among its system values");
 }
 
+// Goes from the chunk that is named back to the first one, and names that.
+void NameFirstChunk(std::string& bytes) {
+  const std::size_t list = NumberAt(bytes, ListOffset, 8);
+  const std::size_t chunks = list + NumberAt(bytes, list + ListHeaderLength, 4);
+  std::uint64_t first = NumberAt(bytes, list + FirstChunk, 4);
+  for (std::size_t most = bytes.size(); most > 0; --most) {
+    const std::size_t chunk = chunks + first * NumberAt(bytes, list + ChunkLength, 4);
+    const std::uint64_t before = NumberAt(bytes, chunk + ChunkBefore, 4);
+    if (before == NoChunk) break;
+    first = before;
+  }
+  for (std::size_t i = 0; i < 4; ++i)
+    bytes.at(list + FirstChunk + i) = static_cast<char>(first >> (8 * i) & 0xFF);
+}
+
 void ClearTimes(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   std::string bytes{std::istreambuf_iterator<char>(in), {}};
@@ -65,6 +91,7 @@ void ClearTimes(const std::string& path) {
   in.close();
   ClearSystemTime(bytes, SystemValues(path));
   Clear(bytes, HeaderTime, 4);
+  NameFirstChunk(bytes);
   std::ofstream out(path, std::ios::binary);
   out << bytes;
   if (!out.flush()) throw std::runtime_error("it cannot be written");

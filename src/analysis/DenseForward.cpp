@@ -162,6 +162,7 @@ void DenseBlock::Normalise(Index row, Index pivotPlace) {
   double* pendingRow = PendingRow(numPending_);
   double* cells = rowCells_[row];
   const double pivot = std::exchange(cells[pivotPlace], 0.0);
+  echelon_.PivotValues.push_back(pivot);
   keptColumns_.resize(columns_.size());
   keptValues_.resize(columns_.size());
   std::size_t numKept = 0;

@@ -52,4 +52,5 @@ struct Echelon {
   std::vector<Index> PositionOfColumn;  ///< the inverse of ColumnAt
   std::vector<double> RightHandSide;    ///< by row, not by position
   std::vector<SparseRow> PivotRows;  ///< by position; pivot k, which is 1, stands at (k, k) and is left out
+  std::vector<double> PivotValues;   ///< by position: what the pivot was before its row was divided by it
 };

@@ -80,11 +80,14 @@ class ResultWriter {
   bool keepsPermutation_ = false;
 };
 
-void Reduce(Echelon& echelon, Matrix& matrix, const EliminationTuning& tuning) {
+void FindPivots(Echelon& echelon, const Matrix& matrix, const EliminationTuning& tuning) {
   std::vector<SparseRow> rows = TakeRows(matrix, echelon);
   const bool hasAllPivots = EliminateSparse(rows, echelon, tuning.DenseFill);
   if (!hasAllPivots) EliminateDense(rows, echelon, tuning);
-  rows = {};
+}
+
+void Reduce(Echelon& echelon, Matrix& matrix, const EliminationTuning& tuning) {
+  FindPivots(echelon, matrix, tuning);
   std::vector<ReducedRow> reduced = ReduceUpward(echelon, tuning);
   ResultWriter writer(echelon, matrix);
   for (Index position = 0; position < echelon.NumPivots(); ++position) {
@@ -125,4 +128,20 @@ void SolveToRREF(int R, int N, Matrix& EquationMatrix, Table<std::int16_t>& Colu
   Echelon echelon(static_cast<Index>(R), static_cast<Index>(N));
   echelon.Limits = limits;
   Solve(echelon, EquationMatrix, ColumnOrder, EliminationTuning{});
+}
+
+std::vector<EliminationPivot> PivotsOf(const Matrix& equations) {
+  return PivotsOf(equations, EliminationTuning{});
+}
+
+std::vector<EliminationPivot> PivotsOf(const Matrix& equations, const EliminationTuning& tuning) {
+  Echelon echelon(static_cast<Index>(equations.NumRows()), static_cast<Index>(equations.NumColumns() - 1));
+  FindPivots(echelon, equations, tuning);
+  std::vector<EliminationPivot> pivots;
+  pivots.reserve(echelon.NumPivots());
+  for (Index k = 0; k < echelon.NumPivots(); ++k) {
+    pivots.push_back({static_cast<int>(echelon.RowAt[k]) + 1, static_cast<int>(echelon.ColumnAt[k]) + 1,
+                      echelon.PivotValues[k]});
+  }
+  return pivots;
 }

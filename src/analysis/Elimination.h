@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "analysis/EliminationLimits.h"
 #include "analysis/SparseMatrix.h"
@@ -23,3 +24,14 @@ void SolveToRREF(int R, int N, SparseMatrix<double>& EquationMatrix, Table<std::
 /// in rows without a pivot are dropped.
 void SolveToRREF(int R, int N, SparseMatrix<double>& EquationMatrix, Table<std::int16_t>& ColumnOrder,
                  const EliminationLimits& limits);
+
+struct EliminationPivot {
+  int Row = 0;       ///< as it is numbered before any exchange
+  int Column = 0;    ///< the same
+  double Value = 0;  ///< before its row is divided by it
+
+  friend bool operator==(const EliminationPivot&, const EliminationPivot&) = default;
+};
+
+/// The pivots that SolveToRREF takes on this augmented matrix, in their order.
+std::vector<EliminationPivot> PivotsOf(const SparseMatrix<double>& equations);

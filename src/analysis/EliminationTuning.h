@@ -3,7 +3,9 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
+#include "analysis/Elimination.h"
 #include "analysis/SparseMatrix.h"
 #include "document/Table.h"
 
@@ -17,3 +19,7 @@ struct EliminationTuning {
 /// SolveToRREF with numbers of the caller's own.
 void SolveToRREF(int R, int N, SparseMatrix<double>& EquationMatrix, Table<std::int16_t>& ColumnOrder,
                  const EliminationTuning& tuning);
+
+/// PivotsOf with numbers of the caller's own.
+std::vector<EliminationPivot> PivotsOf(const SparseMatrix<double>& equations,
+                                       const EliminationTuning& tuning);

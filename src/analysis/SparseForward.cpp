@@ -111,6 +111,7 @@ class SparseBlock {
   SparseRow Normalise(Index row, Index pivotColumn) {
     numEntries_ -= rows_[row].Columns.size();
     const double pivot = TakeEntry(rows_[row], pivotColumn);
+    echelon_.PivotValues.push_back(pivot);
     for (double& value : rows_[row].Values) value = value / pivot;
     echelon_.RightHandSide[row] = echelon_.RightHandSide[row] / pivot;
     return std::move(rows_[row]);

@@ -150,6 +150,8 @@ class Parser {
       TakeExplained(ExplainedSection::Why);
     } else if (section == "checks") {
       TakeExplained(ExplainedSection::Checks);
+    } else if (section == "steps") {
+      TakeExplained(ExplainedSection::Steps);
     } else if (section == "byjoint") {
       TakeExplained(ExplainedSection::ByJoint);
     } else {
@@ -246,7 +248,8 @@ const char* HelpText() {
 orvane [FILE...]                            open the window, on FILE when given; one for each of several
 orvane --report[=SECTION,...] FILE...       print reports: counting, joints, equations, rref, solutions
                                             (all when none is named); also why: what stands behind the
-                                            conclusion, checks: oversights of the drawing, and
+                                            conclusion, checks: oversights of the drawing,
+                                            steps: the elimination, one operation after the other, and
                                             byjoint: the method of joints, as it is done by hand
 orvane --json [--matrices] FILE...          one JSON object per file and line
 orvane --json --explain FILE...             the same with the exact verdict, its reasons, and the checks
@@ -258,7 +261,8 @@ orvane --picture=OUT --forces FILE          the truss with the forces that the s
 orvane --document=OUT FILE                  the printable report as .rtf, .pdf, .odt or .html
 orvane --document=OUT --with=forces,why FILE  the same with sections behind the solution: the drawing of the
                                             forces, and why this conclusion
-orvane --document=OUT --with=byjoint FILE   the same with the forces as they are found joint by joint
+orvane --document=OUT --with=steps,byjoint FILE  the same with the elimination step by step, and with the
+                                            forces as they are found joint by joint
 orvane --document=OUT --with=checks FILE    the same with the checks of the drawing; "why" has them too
 orvane --convert=OUT.trs FILE               write FILE again in the current layout
 orvane --autoname ...                       with any of the above: name the forces and joints first

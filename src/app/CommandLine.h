@@ -23,7 +23,7 @@ struct ReportSections {
 };
 
 /// What stands behind the answer; printed after the sections above, in the order named.
-enum class ExplainedSection { Why, Checks, ByJoint };
+enum class ExplainedSection { Why, Checks, Steps, ByJoint };
 
 /// What --json tells beyond its usual keys.
 struct JsonExtras {

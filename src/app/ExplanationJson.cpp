@@ -2,6 +2,7 @@
 
 #include "app/ByJointJson.h"
 #include "app/ExplanationReport.h"
+#include "app/StepsJson.h"
 #include "explanation/MotionText.h"
 
 namespace {
@@ -147,5 +148,7 @@ void AddExplanation(JsonStream& object, const AnalysedFile& file,
         .Key("certainFigures", CertainFiguresJson(*explanation, format));
   }
   object.Array("checks", [&](JsonStream& list) { WriteFindings(list, file, format); });
-  if (explanation) object.Key("byJoint", ByJointJson(file, format));
+  if (!explanation) return;
+  object.Array("steps", [&](JsonStream& list) { WritePivots(list, file); });
+  object.Key("byJoint", ByJointJson(file, format));
 }

@@ -8,7 +8,7 @@
 #include "app/JsonList.h"
 #include "explanation/Explanation.h"
 
-/// "exact" to "certainFigures", of a truss with at least one unknown force, then "checks"; without unknown
-/// forces (`explanation` is empty) "checks" alone.
+/// "exact" to "certainFigures", of a truss with at least one unknown force, then "checks", "steps" and
+/// "byJoint"; without unknown forces (`explanation` is empty) "checks" alone.
 void AddExplanation(JsonStream& object, const AnalysedFile& file,
                     const std::optional<Explanation>& explanation, const ReportFormat& format);

@@ -17,6 +17,7 @@ inline constexpr const char* SettingsHelpTopic = "\\orvane.chm::\\program\\setti
 inline constexpr const char* PrintingHelpTopic = "\\orvane.chm::\\program\\printing.htm";
 inline constexpr const char* WhyHelpTopic = "\\orvane.chm::\\program\\learn.htm#why";
 inline constexpr const char* ForcesHelpTopic = "\\orvane.chm::\\program\\forces.htm";
+inline constexpr const char* StepsHelpTopic = "\\orvane.chm::\\gauss help\\steps.htm";
 inline constexpr const char* ByJointHelpTopic = "\\orvane.chm::\\truss help\\byjoint.htm";
 inline constexpr const char* ChecksHelpTopic = "\\orvane.chm::\\program\\learn.htm#checks";
 inline constexpr const char* RoundingHelpTopic = "\\orvane.chm::\\truss help\\exact.htm";

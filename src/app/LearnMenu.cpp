@@ -14,6 +14,7 @@
 #include "explanation/WhyWindow.h"
 #include "explanation/byjoint/ByJointWindow.h"
 #include "explanation/forces/ForcesWindow.h"
+#include "explanation/steps/StepsWindow.h"
 #include "platform/qt/WindowInFront.h"
 
 namespace {
@@ -46,6 +47,12 @@ std::vector<LearnMenu::Entry> LearnMenu::AllEntries() const {
                      .HelpTopic = ForcesHelpTopic,
                      .Sizes = ForcesSizes,
                      .Make = [] { return std::make_unique<ForcesWindow>(); }});
+  entries.push_back({.Name = "mnuLearnSteps",
+                     .Caption = "&Elimination, step by step",
+                     .ToolTip = "How the reduced matrix comes out of the equations, operation by operation",
+                     .HelpTopic = StepsHelpTopic,
+                     .Sizes = StepsSizes,
+                     .Make = [this] { return std::make_unique<StepsWindow>(on_.Animation); }});
   entries.push_back({.Name = "mnuLearnByJoint",
                      .Caption = "&Joint by joint",
                      .ToolTip = "The forces as they are found by hand: reactions, joints, sections",

@@ -32,6 +32,8 @@ inline constexpr ReportSizes ExplanationSizes{
     .Width = 600, .Height = 700, .SmallestWidth = 340, .SmallestHeight = 200};
 inline constexpr ReportSizes ForcesSizes{
     .Width = 680, .Height = 720, .SmallestWidth = 360, .SmallestHeight = 260};
+inline constexpr ReportSizes StepsSizes{
+    .Width = 780, .Height = 680, .SmallestWidth = 460, .SmallestHeight = 320};
 inline constexpr ReportSizes ByJointSizes{
     .Width = 700, .Height = 640, .SmallestWidth = 420, .SmallestHeight = 260};
 inline constexpr ReportSizes ChecksSizes{

@@ -7,6 +7,7 @@
 #include "analysis/JointEquations.h"
 #include "app/ByJointReport.h"
 #include "app/ExplanationReport.h"
+#include "app/StepsReport.h"
 #include "explanation/RoundingText.h"
 #include "reports/CountingReport.h"
 #include "text/CodePage.h"
@@ -147,6 +148,7 @@ void WriteReport(std::ostream& out, const AnalysedFile& file, const WantedSectio
     const auto wants = [&](ExplainedSection which) { return explained == which; };
     section(wants(ExplainedSection::Why) && hasUnknowns, [&] { WriteWhy(out, reasons.Whole(), format); });
     section(wants(ExplainedSection::Checks), [&] { WriteChecks(out, file, format); });
+    section(wants(ExplainedSection::Steps) && hasUnknowns, [&] { WriteSteps(out, file, format); });
     section(wants(ExplainedSection::ByJoint) && hasUnknowns, [&] { WriteByJoint(out, file, format); });
   }
 }

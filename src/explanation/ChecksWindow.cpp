@@ -11,10 +11,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "explanation/ShownText.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/ReadOnlyText.h"
-#include "text/CodePage.h"
-#include "text/ControlCharacters.h"
 
 namespace {
 
@@ -71,7 +70,7 @@ void ChecksWindow::ShowChecks(const std::vector<DrawingCheck>& checks, float poi
     lstChecks_->clear();
     checks_ = checks;
     for (const DrawingCheck& check : checks_) {
-      auto* item = new QListWidgetItem(QString::fromStdString(VisibleText(ToUtf8(check.Text))), lstChecks_);
+      auto* item = new QListWidgetItem(ShownText(check.Text), lstChecks_);
       if (item->text() != chosenText) continue;
       lstChecks_->setCurrentItem(item);
     }

@@ -7,6 +7,9 @@
 
 #include "analysis/FormatSigFigs.h"
 
+/// Between a number and what it multiplies.
+inline constexpr const char* TimesSign = " \xB7 ";
+
 /// "A", "A and B", "A, B and C"; of more than `most` the first ones "and 7 more".
 std::string ListOf(const std::vector<std::string>& items, std::size_t most = 12);
 

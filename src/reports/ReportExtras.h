@@ -13,7 +13,7 @@
 #include "reports/RTBPicture.h"
 #include "reports/RTBText.h"
 
-enum class ReportExtra { Forces, Why, ByJoint, Checks };
+enum class ReportExtra { Forces, Why, Steps, ByJoint, Checks };
 
 /// What a section is made from, and what it is appended to.
 struct ReportExtraContext {
@@ -42,6 +42,7 @@ struct ReportExtraKind {
 
 AppendedExtra AppendForces(const ReportExtraContext& context);
 AppendedExtra AppendWhy(const ReportExtraContext& context);
+AppendedExtra AppendSteps(const ReportExtraContext& context);
 AppendedExtra AppendByJoint(const ReportExtraContext& context);
 AppendedExtra AppendChecks(const ReportExtraContext& context);
 
@@ -53,6 +54,8 @@ inline constexpr std::array AllReportExtras = {
                     "adds a section behind the solution: the forces on the truss, drawn", &AppendForces},
     ReportExtraKind{ReportExtra::Why, "why", "Add &reasons",
                     "adds a section behind the solution: why this conclusion", &AppendWhy},
+    ReportExtraKind{ReportExtra::Steps, "steps", "Add s&teps",
+                    "adds a section behind the solution: the elimination, step by step", &AppendSteps},
     ReportExtraKind{
         ReportExtra::ByJoint, "byjoint", "Add &joints",
         "adds a section behind the solution: the forces as they are found by hand, joint by joint",

@@ -20,10 +20,7 @@ namespace {
 using Matrix = SparseMatrix<double>;
 constexpr unsigned Seed = 20240611;
 
-struct Reduced {
-  Matrix Equations;
-  Table<std::int16_t> ColumnOrder;
-};
+using Reduced = ReducedMatrix;
 
 /// A matrix of N coefficient columns and a right-hand side, written as rows of numbers.
 Matrix MatrixOf(const std::vector<std::vector<double>>& rows) {
@@ -59,29 +56,6 @@ Reduced Solve(Matrix equations, const EliminationTuning& tuning = {}) {
   return reduced;
 }
 
-Reduced SolvePlainly(const Matrix& equations) {
-  const int R = equations.NumRows();
-  const int N = equations.NumColumns() - 1;
-  FullMatrix full(R, N + 1);
-  for (int row = 1; row <= R; ++row) {
-    for (const auto& [column, value] : equations.Row(row)) full(row, column) = value;
-  }
-  std::vector<int> order;
-  PlainSolveToRREF(R, N, full, order);
-  Reduced reduced{Matrix(R, N + 1), Table<std::int16_t>(N)};
-  for (int row = 1; row <= R; ++row) {
-    std::vector<Matrix::Entry> entries;
-    for (int column = 1; column <= N + 1; ++column) {
-      if (full(row, column) != 0) entries.push_back({column, full(row, column)});
-    }
-    reduced.Equations.SetRow(row, std::move(entries));
-  }
-  for (int k = 1; k <= N; ++k) {
-    reduced.ColumnOrder[k] = static_cast<std::int16_t>(order[static_cast<std::size_t>(k)]);
-  }
-  return reduced;
-}
-
 /// Stored entries are compared with ==, which is equality of bits, as zeros are not stored.
 testing::AssertionResult SameBits(const Reduced& actual, const Reduced& expected) {
   if (!(actual.ColumnOrder == expected.ColumnOrder)) {
@@ -112,7 +86,7 @@ std::vector<NamedTuning> AllWays() {
 }
 
 void ExpectTheDefinition(const Matrix& equations, const std::string& what) {
-  const Reduced expected = SolvePlainly(equations);
+  const Reduced expected = ReducedPlainly(equations);
   for (const auto& [name, tuning] : AllWays()) {
     ASSERT_TRUE(SameBits(Solve(equations, tuning), expected)) << what << ", " << name;
   }
@@ -237,6 +211,23 @@ TEST(Elimination, AMatrixOfZerosHasNoPivot) {
   const Reduced reduced = Solve(Matrix(1, 6));
   EXPECT_EQ(OrderOf(reduced), (std::vector<int>{1, 2, 3, 4, 5}));
   EXPECT_TRUE(reduced.Equations.Row(1).empty());
+}
+
+TEST(PivotsOf, AreThoseOfThePlainAlgorithmInEveryPhase) {
+  for (const Matrix& equations :
+       {MatrixOf({{9.99e-11, 0, 3}, {0, -1, 2}}), MatrixOf({{1, -2, 2, 3, 1}, {2, 2, -2, 0, 2}}),
+        EquationsOf(WarrenStrip(40)), EquationsOf(RandomSimpleTruss(60, Seed)),
+        EquationsOf(TriangulatedGrid(60)), Matrix(2, 3)}) {
+    StepMatrix plain(equations);
+    std::vector<EliminationPivot> expected;
+    EliminatePlainly(plain, [&](const EliminationStep& step) {
+      if (step.Kind == StepKind::Pivot) expected.push_back({step.Row, step.Column, step.Number});
+    });
+    for (const auto& [name, tuning] : AllWays()) EXPECT_EQ(PivotsOf(equations, tuning), expected) << name;
+    EXPECT_EQ(PivotsOf(equations), expected);
+  }
+  EXPECT_EQ(PivotsOf(MatrixOf({{0, 2, 6}, {-4, 0, 4}})),
+            (std::vector<EliminationPivot>{{2, 1, -4}, {1, 2, 2}}));
 }
 
 TEST_F(RandomSystems, OfAllFillsAndProportions) {

@@ -117,11 +117,11 @@ TEST(CommandLineJson, ExplainsWhenAsked) {
 }
 
 TEST(CommandLineReport, TakesTheExplanationsInTheOrderNamed) {
-  const CommandLine call = Call({"--report=byjoint,checks,solutions,why,checks", "a"});
+  const CommandLine call = Call({"--report=byjoint,checks,solutions,steps,why,checks", "a"});
   EXPECT_TRUE(call.Sections.Solutions);
   EXPECT_FALSE(call.Sections.Counting);
-  EXPECT_THAT(call.Explained,
-              ElementsAre(ExplainedSection::ByJoint, ExplainedSection::Checks, ExplainedSection::Why));
+  EXPECT_THAT(call.Explained, ElementsAre(ExplainedSection::ByJoint, ExplainedSection::Checks,
+                                          ExplainedSection::Steps, ExplainedSection::Why));
   EXPECT_TRUE(Call({"--report", "a"}).Explained.empty()) << "they are printed only when they are asked for";
 }
 

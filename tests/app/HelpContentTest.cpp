@@ -123,9 +123,10 @@ TEST(HelpContent, TheThreeTopicsOfTheMenuAreLinkedToEachOther) {
 }
 
 TEST(HelpContent, EveryTopicThatKeysLeadToIsThere) {
-  for (const char* topic : {HelpTopicForStep(1, true), HelpTopicForStep(1, false), HelpTopicForStep(2, false),
-                            HelpTopicForStep(3, false), TrussHelpTopic, SettingsHelpTopic, PrintingHelpTopic,
-                            WhyHelpTopic, ChecksHelpTopic, RoundingHelpTopic}) {
+  for (const char* topic :
+       {HelpTopicForStep(1, true), HelpTopicForStep(1, false), HelpTopicForStep(2, false),
+        HelpTopicForStep(3, false), TrussHelpTopic, SettingsHelpTopic, PrintingHelpTopic, WhyHelpTopic,
+        StepsHelpTopic, ByJointHelpTopic, ChecksHelpTopic, RoundingHelpTopic}) {
     ExpectThere(QString::fromStdString(PlaceOfHelpTopic(ProgramDirectory() + topic)->Page),
                 QString::fromLatin1(topic));
   }

@@ -2,6 +2,7 @@
 //   orvane_help_pictures DIRECTORY EXAMPLES
 // The first truss of the help is drawn here with the mouse, just as its page tells it.
 #include <QLineEdit>
+#include <QListView>
 #include <QMouseEvent>
 #include <QRadioButton>
 #include <QStyleFactory>
@@ -266,6 +267,7 @@ class HelpPictures : Photographer {
     Settle();
     Take(why, "why-window");
     why.close();
+    TakeSteps();
     Open(examples_ + "/near-joint.trs");
     Trigger("mnuLearnCheck");
     QWidget& checks = WindowNamed("Checks");
@@ -273,6 +275,21 @@ class HelpPictures : Photographer {
     Settle();
     Take(checks, "checks-window");
     checks.close();
+  }
+
+  // The last pivot row of the triangle is subtracted from another one.
+  void TakeSteps() {
+    Open(examples_ + "/triangle.trs");
+    Click("cmdNext1");
+    Click("cmdNext2");
+    Trigger("mnuLearnSteps");
+    QWidget& steps = WindowNamed("Steps");
+    steps.resize(720, 500);
+    auto& list = *steps.findChild<QListView*>(QStringLiteral("lstSteps"));
+    list.setCurrentIndex(list.model()->index(11, 0));
+    Settle();
+    Take(steps, "steps-window");
+    steps.close();
   }
 
   std::string examples_;

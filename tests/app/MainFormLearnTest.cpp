@@ -11,6 +11,7 @@
 #include "explanation/WhyWindow.h"
 #include "explanation/byjoint/ByJointWindow.h"
 #include "explanation/forces/ForcesWindow.h"
+#include "explanation/steps/StepsWindow.h"
 #include "naming/Naming.h"
 #include "platform/qt/QtText.h"
 #include "support/LoadedTriangle.h"
@@ -84,7 +85,8 @@ TEST_F(MainFormLearn, StandsBetweenSettingsAndHelp) {
   for (const QAction* action : LearnMenuOf()->actions()) entries.append(action->text().remove(u'&'));
   EXPECT_EQ(entries,
             (QStringList{QStringLiteral("Why this conclusion"), QStringLiteral("Forces on the truss"),
-                         QStringLiteral("Joint by joint"), QStringLiteral("Check the drawing")}));
+                         QStringLiteral("Elimination, step by step"), QStringLiteral("Joint by joint"),
+                         QStringLiteral("Check the drawing")}));
 }
 
 // The status bar would paint a second text over the one that stands there.
@@ -116,6 +118,22 @@ TEST_F(MainFormLearn, ExplainsInStep3OnlyAndChecksInEveryStep) {
   EXPECT_TRUE(Entry("mnuLearnCheck")->isEnabled());
   Click("cmdPrev3");
   EXPECT_FALSE(Entry("mnuLearnWhy")->isEnabled());
+}
+
+TEST_F(MainFormLearn, TheStepsOfTheEliminationAreThoseOfTheTrussInStep3) {
+  Started();
+  OpenInStep3(Parallelogram());
+  Entry("mnuLearnSteps")->trigger();
+  const auto& window = *WindowOf<StepsWindow>();
+  EXPECT_TRUE(window.isVisible());
+  const auto& list = *window.findChild<QListView*>(QStringLiteral("lstSteps"));
+  const auto& matrix = *window.findChild<QTableView*>();
+  EXPECT_GT(list.model()->rowCount(), 10);
+  EXPECT_EQ(matrix.model()->rowCount(), 2 * truss_.NumJoints);
+  Click("cmdPrev3");
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(list.model()->rowCount(), 0) << "the window forgets a truss that may change";
+  EXPECT_EQ(matrix.model()->rowCount(), 0);
 }
 
 TEST_F(MainFormLearn, JointByJointLightsUpTheJointOnTheDrawing) {

@@ -3,6 +3,7 @@
 // POINTS is the size of the desktop's letters. The scale comes from QT_SCALE_FACTOR. It proves nothing by
 // itself and is no test.
 #include <QComboBox>
+#include <QListView>
 #include <QListWidget>
 #include <QStyleFactory>
 #include <QTableWidget>
@@ -106,6 +107,19 @@ class Walk : Photographer {
     for (int i = 0; i < 5; ++i) forces.findChild<QPushButton*>(QStringLiteral("cmdZoomIn"))->click();
     forces.findChild<QTableWidget*>()->selectRow(12);
     Take(forces, "16-forces-zoomed");
+    Trigger("mnuLearnSteps");
+    QWidget& steps = WindowNamed("Steps");
+    Take(steps, "16-steps-begin");
+    auto& operations = *steps.findChild<QListView*>(QStringLiteral("lstSteps"));
+    for (int step = 8; step < std::min(16, operations.model()->rowCount()); ++step) {
+      operations.setCurrentIndex(operations.model()->index(step, 0));
+      Take(steps, QStringLiteral("16-steps%1").arg(step));
+    }
+    steps.findChild<QPushButton*>(QStringLiteral("cmdLast"))->click();
+    Take(steps, "16-steps-last");
+    steps.resize(460, 340);
+    Take(steps, "16-steps-narrow");
+    steps.close();
     Trigger("mnuLearnCheck");
     QWidget& checks = WindowNamed("Checks");
     checks.findChild<QListWidget*>()->setCurrentRow(0);

@@ -347,6 +347,20 @@ TEST(TextReports, SolvesJointByJointWhenAsked) {
   EXPECT_EQ(none.str(), "") << "without unknown forces there is nothing to solve";
 }
 
+TEST(TextReports, TellsTheEliminationStepByStepWhenAsked) {
+  std::ostringstream out;
+  WriteReport(out, Analysed(Triangle()), {{}, {ExplainedSection::Steps}}, {});
+  const std::string text = out.str();
+  EXPECT_TRUE(text.starts_with("Elimination, step by step:\nA row keeps the name of the equation"));
+  EXPECT_NE(text.find("\n\n1.  The pivot is the coefficient of Ax in A - x, 1.\n"), std::string::npos);
+  EXPECT_NE(text.find("minus 0.7071 times C - x.   [C - y] := [C - y] - 0.7071 \xC2\xB7 [C - x]\n"),
+            std::string::npos);
+  EXPECT_NE(text.find("The rows are read.\n    A row whose only coefficient is a 1 says"), std::string::npos);
+  std::ostringstream none;
+  WriteReport(none, Analysed(TrussBuilder().Force(1, 1, 0, 5)), {{}, {ExplainedSection::Steps}}, {});
+  EXPECT_EQ(none.str(), "") << "without unknown forces there is nothing to eliminate";
+}
+
 TEST(TextReports, ExplanationsFollowInTheOrderNamed) {
   std::ostringstream out;
   WriteReport(out, Analysed(Triangle()), {OnlySolutions, {ExplainedSection::Checks, ExplainedSection::Why}},

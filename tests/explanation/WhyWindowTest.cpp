@@ -10,6 +10,7 @@
 #include "explanation/MotionView.h"
 #include "explanation/SwungTruss.h"
 #include "support/CutTexts.h"
+#include "support/FakeAnimationWish.h"
 #include "support/FindControl.h"
 #include "support/TrussBuilder.h"
 
@@ -17,12 +18,6 @@ namespace {
 
 using testing::Each;
 using testing::StartsWith;
-
-class FakeAnimationWish final : public AnimationWish {
- public:
-  bool IsWanted() const override { return Wanted; }
-  bool Wanted = true;
-};
 
 // Two clamps hold the lower bar from both ends; the other three are a parallelogram upon it.
 Truss ParallelogramOnABar() {

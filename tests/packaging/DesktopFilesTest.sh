@@ -67,6 +67,7 @@ for option in $told; do
 done
 [ "$(completions --csv = rr)" = rref ] || fail "the tables are not completed"
 [ "$(completions --report = counting,rr)" = counting,rref ] || fail "the second section is not completed"
+[ "$(completions --report = st)" = steps ] || fail "the steps are not completed"
 [ "$(completions --document=o.pdf --with = forces,w)" = forces,why ] || fail "the second section of a document is not completed"
 [ "$(completions --document=o.pdf --with = c)" = checks ] || fail "the checks of a document are not completed"
 [ "$(cd "$sources" && completions examples/triang)" = examples/triangle.trs ] || fail "files are not completed"

@@ -5,6 +5,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSet>
 
 #include "program/RunProgram.h"
 
@@ -41,7 +42,7 @@ TEST(ExplainJson, AddsItsKeysAfterTheUsualOnes) {
   const QByteArray json = JsonOf(QStringLiteral("-"), TriangleText());
   qsizetype at = json.indexOf("\"conclusion\":");
   for (const char* key : {"exact", "unknownsAt", "motions", "selfStresses", "proof", "advice",
-                          "certainFigures", "checks", "byJoint"}) {
+                          "certainFigures", "checks", "steps", "byJoint"}) {
     const qsizetype next = json.indexOf(QByteArray(",\"") + key + "\":", at);
     EXPECT_GT(next, at) << key;
     at = next;
@@ -128,6 +129,23 @@ TEST(ExplainJson, OfATrussWithoutUnknownForcesOnlyTheChecksAreTold) {
              "0\r\n0\r\n1\r\n4,4,0,-5\r\n1\r\n4,4,\"A\"\r\n");
   EXPECT_FALSE(json.contains("\"exact\":"));
   EXPECT_TRUE(json.contains("\"checks\":[{\"Kind\":\"apart\",\"X\":4,\"Y\":4,"));
+}
+
+TEST(ExplainJson, NamesThePivotsInTheirOrder) {
+  const QJsonObject object = QJsonDocument::fromJson(JsonOf(QStringLiteral("-"), TriangleText())).object();
+  const QJsonArray steps = ArrayAt(object, "steps");
+  ASSERT_EQ(steps.size(), 6);
+  EXPECT_EQ(QJsonDocument(steps[0].toObject()).toJson(QJsonDocument::Compact),
+            R"({"Axis":"x","Joint":1,"Unknown":1,"Value":1})");
+  QSet<int> unknowns;
+  QSet<QString> rows;
+  for (const QJsonValue& step : steps) {
+    unknowns.insert(NumberAt(step, "Unknown"));
+    rows.insert(QString::number(NumberAt(step, "Joint")) + TextAt(step, "Axis"));
+  }
+  EXPECT_EQ(unknowns.size(), 6) << "each unknown has one";
+  EXPECT_EQ(rows.size(), 6) << "and each equation gives one";
+  EXPECT_EQ(ArrayAt(Explained("undetermined.trs"), "steps").size(), 8) << "as many as equations";
 }
 
 TEST(ExplainJson, SolvesJointByJoint) {

@@ -52,6 +52,7 @@ TEST_F(PrintableReportWindowTest, NothingOverlapsInTheSmallestWindow) {
                                        &Child<QCheckBox>(*window_, "chkReportWith(1)"),
                                        &Child<QCheckBox>(*window_, "chkReportWith(2)"),
                                        &Child<QCheckBox>(*window_, "chkReportWith(3)"),
+                                       &Child<QCheckBox>(*window_, "chkReportWith(4)"),
                                        &Button("cmdCopyToClipboard"),
                                        &Button("cmdReportClose"),
                                        &Button("cmdReportSaveAs")};
@@ -318,7 +319,7 @@ TEST_F(PrintableReportWindowTest, TabGoesFromTheTextThroughTheButtonsFromLeftToR
   Opened();
   EXPECT_EQ(window_->focusWidget(), &Box());
   for (const char* name : {"cmdReportPrint", "chkReportWith(1)", "chkReportWith(2)", "cmdCopyToClipboard",
-                           "cmdReportClose", "chkReportWith(3)", "cmdReportSaveAs"}) {
+                           "cmdReportClose", "chkReportWith(3)", "chkReportWith(4)", "cmdReportSaveAs"}) {
     QTest::keyClick(window_->focusWidget(), Qt::Key_Tab);
     EXPECT_EQ(window_->focusWidget(), &Child<QWidget>(*window_, name)) << name;
   }

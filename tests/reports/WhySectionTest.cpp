@@ -17,7 +17,7 @@ using testing::Not;
 using testing::StartsWith;
 
 // A rope that hangs straight; rounded directions contradict each other.
-TrussBuilder ObliqueTie() {
+TrussBuilder TieOnASlope() {
   return TrussBuilder()
       .Member(0, 0, 1, 3, "AB")
       .Clamp(0, 0, "Ax", "Ay")
@@ -40,7 +40,7 @@ class WhySectionTest : public PrintableReportTest {
 };
 
 TEST_F(WhySectionTest, ARemnantOfRoundingIsToldBehindTheConclusionUnasked) {
-  const std::string text = TextOf(ObliqueTie());
+  const std::string text = TextOf(TieOnASlope());
   const std::size_t conclusion = text.find("unstable and will move.\n\nExactly, the system is redundant");
   ASSERT_NE(conclusion, std::string::npos) << text;
   EXPECT_THAT(text, EndsWith("and in the help under \"Exact and rounded verdicts\"."));
@@ -79,7 +79,7 @@ TEST_F(WhySectionTest, SaysItsHeadingsItsTableAndItsPictures) {
 TEST_F(WhySectionTest, EndsWithWhatRoundingHasToDoWithIt) {
   EXPECT_THAT(TextWithWhy(RollingTriangle()), Not(HasSubstr("What rounding has to do with it")));
   // Below it stand only the checks of the drawing, which find its loose end.
-  const std::string whole = TextWithWhy(ObliqueTie());
+  const std::string whole = TextWithWhy(TieOnASlope());
   const std::string text = whole.substr(0, whole.find("\n\nChecks of the drawing:"));
   const std::vector<std::string> headings = document_.LinesThatAre(LineRole::Heading);
   EXPECT_EQ(headings[headings.size() - 2], "What rounding has to do with it:");
@@ -96,8 +96,8 @@ TEST_F(WhySectionTest, ATextStaysWithItsPicture) {
 
 // Who reads on paper has no menu before him.
 TEST_F(WhySectionTest, TheNoticeSaysWhereToReadOnForPaper) {
-  EXPECT_THAT(TextOf(ObliqueTie()), HasSubstr("In the program read on in the menu Learn"));
-  const std::string text = TextWithWhy(ObliqueTie());
+  EXPECT_THAT(TextOf(TieOnASlope()), HasSubstr("In the program read on in the menu Learn"));
+  const std::string text = TextWithWhy(TieOnASlope());
   EXPECT_THAT(text, HasSubstr("Read on further below under \"Why this conclusion\""));
   EXPECT_THAT(text, Not(HasSubstr("Read on under Learn")));
 }

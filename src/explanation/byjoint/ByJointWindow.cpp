@@ -13,24 +13,11 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "explanation/ShownText.h"
 #include "explanation/byjoint/HandSolution.h"
 #include "explanation/byjoint/HandView.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/ReadOnlyText.h"
-#include "text/CodePage.h"
-#include "text/ControlCharacters.h"
-
-namespace {
-
-QString Shown(const std::string& text) { return QString::fromStdString(VisibleText(ToUtf8(text))); }
-
-QString Shown(const std::vector<std::string>& lines) {
-  QStringList shown;
-  for (const std::string& line : lines) shown.append(Shown(line));
-  return shown.join(QLatin1Char('\n'));
-}
-
-}  // namespace
 
 ByJointWindow::ByJointWindow(QWidget* parent)
     : LearnWindow(QStringLiteral("ByJoint"), QStringLiteral("Joint by joint"), parent) {
@@ -111,8 +98,8 @@ void ByJointWindow::ShowSubject(const LearnSubject& subject) {
     int number = 0;
     for (const HandStepText& step : report_.Steps) {
       auto* item =
-          new QListWidgetItem(QStringLiteral("%1.  ").arg(++number) + Shown(step.Heading), lstSteps_);
-      item->setToolTip(PlainToolTip(Shown(step.Heading)));
+          new QListWidgetItem(QStringLiteral("%1.  ").arg(++number) + ShownText(step.Heading), lstSteps_);
+      item->setToolTip(PlainToolTip(ShownText(step.Heading)));
     }
     lstSteps_->addItem(QStringLiteral("What is found"));
     lstSteps_->setCurrentRow(0);
@@ -134,9 +121,9 @@ QString ByJointWindow::CopiedText() const {
   QStringList parts = {QString::fromLatin1(HandText::Convention())};
   int number = 0;
   for (const HandStepText& step : report_.Steps)
-    parts.append(QStringLiteral("%1.  ").arg(++number) + Shown(step.Heading) + QLatin1Char('\n') +
-                 Shown(step.Lines));
-  parts.append(Shown(report_.Closing));
+    parts.append(QStringLiteral("%1.  ").arg(++number) + ShownText(step.Heading) + QLatin1Char('\n') +
+                 ShownText(step.Lines));
+  parts.append(ShownText(report_.Closing));
   return parts.join(QStringLiteral("\n\n")) + QLatin1Char('\n');
 }
 
@@ -153,15 +140,16 @@ void ByJointWindow::ShowStep() {
   picStep_->setVisible(isStep || !solved_);
   picStep_->Show(isStep ? solved_ : nullptr, index);
   const QString description =
-      isStep ? Shown(DescribeHandStep(solved_->Graph, solved_->Solution, index, solved_->Format)) : QString();
+      isStep ? ShownText(DescribeHandStep(solved_->Graph, solved_->Solution, index, solved_->Format))
+             : QString();
   picStep_->setAccessibleDescription(description);
   picStep_->setToolTip(PlainToolTip(description));
   QString text;
   if (isStep) {
-    text = Shown(report_.Steps[index].Lines);
+    text = ShownText(report_.Steps[index].Lines);
     if (index == 0) text = QString::fromLatin1(HandText::Convention()) + QStringLiteral("\n\n") + text;
   } else if (solved_) {
-    text = Shown(report_.Closing);
+    text = ShownText(report_.Closing);
   }
   txtStep_->setPlainText(text);
   lblStep_->setText(isStep ? QStringLiteral("Step %1 of %2").arg(row + 1).arg(report_.Steps.size())

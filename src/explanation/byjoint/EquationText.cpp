@@ -4,16 +4,12 @@
 #include <cmath>
 #include <functional>
 
+#include "document/Angles.h"
+#include "explanation/Directions.h"
 #include "explanation/RigidityMatrix.h"
 #include "text/NumberText.h"
 
 namespace {
-
-// Pi as the program uses it for angles, everywhere.
-constexpr double Pi = 3.141592654;
-
-// Between a number and what it multiplies, in the single-byte code page.
-constexpr const char* Times = " \xB7 ";
 
 // The terms that point to one side, and those that point to the other.
 std::string TwoSides(const BalanceEquation& equation,
@@ -58,7 +54,7 @@ std::string EquationText::Angle(const BalanceEquation& equation, const BalanceTe
   if (equation.Kind == BalanceKind::Moment) return "";
   const auto inBrackets = [this](const char* function, double radians) {
     return ' ' + std::string(function) + '(' +
-           FixedText(radians * 180 / Pi, 1, format_.Numbers.DecimalSeparator) + ')';
+           FixedText(radians * 180 / HalfTurn, 1, format_.Numbers.DecimalSeparator) + ')';
   };
   if (IsOne(std::abs(term.Factor))) return "";
   if (equation.Kind == BalanceKind::Across) return inBrackets("sin", std::asin(std::abs(term.Factor)));
@@ -74,7 +70,7 @@ std::string EquationText::Angle(const BalanceEquation& equation, const BalanceTe
 std::string EquationText::Letters(const BalanceEquation& equation, const BalanceTerm& term) const {
   const std::string name = term.Unknown == 0 ? Number(term.Force) : names_.Force(term.Unknown);
   if (equation.Kind == BalanceKind::Moment && !IsOne(std::abs(term.Factor)))
-    return Number(std::abs(term.Factor)) + Times + name;
+    return Number(std::abs(term.Factor)) + TimesSign + name;
   return name + Angle(equation, term);
 }
 
@@ -82,7 +78,7 @@ std::string EquationText::Numbers(const BalanceTerm& term) const {
   std::string force = term.IsSought ? names_.Force(term.Unknown) : Number(term.Force);
   if (!term.IsSought && term.Force < 0) force = '(' + force + ')';
   const double factor = std::abs(term.Factor);
-  return IsOne(factor) ? force : Number(factor) + Times + force;
+  return IsOne(factor) ? force : Number(factor) + TimesSign + force;
 }
 
 std::string EquationText::InLetters(const BalanceEquation& equation) const {

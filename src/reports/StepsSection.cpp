@@ -1,0 +1,30 @@
+// The elimination step by step as a section of the printable report.
+#include <algorithm>
+#include <string>
+
+#include "explanation/steps/PlainElimination.h"
+#include "explanation/steps/StepsReport.h"
+#include "reports/ReportExtras.h"
+#include "text/CodePage.h"
+#include "text/ControlCharacters.h"
+
+AppendedExtra AppendSteps(const ReportExtraContext& context) {
+  RTBText(context.Report, "Elimination, step by step:", 2, 0, SectionHeading, LineRole::Heading);
+  const TrussAnalysis& analysis = context.Reasons.Analysis();
+  const EliminationInSteps story = EliminateInSteps(EquationsOf(context.Document, analysis));
+  const StepText text(context.Reasons.Graph(), story, analysis.Reading, context.Format);
+  const std::vector<StepsLine> lines = StepsReport(text, StepsOnPaper);
+  bool isFirst = true;
+  double numDone = 0;
+  for (const StepsLine& line : lines) {
+    std::string printable = line.Text;  // a name stays on its line
+    std::erase_if(printable, IsControl);
+    if (line.Kind == StepsLineKind::Remark) printable.insert(0, "      ");
+    const bool begins = isFirst || line.Kind == StepsLineKind::Pivot;
+    RTBText(context.Report, ToUtf8(printable), begins ? 2 : 1, 0,
+            line.Kind == StepsLineKind::Pivot ? BoldBlack : PlainBlack);
+    isFirst = false;
+    if (!context.Progress(++numDone / static_cast<double>(lines.size()))) return AppendedExtra::Ended;
+  }
+  return AppendedExtra::Whole;
+}

@@ -1,0 +1,298 @@
+// The window that tells the elimination, by itself: its list, its matrix with the marks, and every way
+// through the steps.
+#include "explanation/steps/StepsWindow.h"
+
+#include "explanation/steps/StepMatrixModel.h"
+#include "support/CutTexts.h"
+#include "support/FakeAnimationWish.h"
+#include "support/FindControl.h"
+#include "support/LoadedTriangle.h"
+
+namespace {
+
+// A strip of triangles with `numPanels` panels: 8 unknowns and 8 equations for two of them.
+Truss StripOf(int numPanels) {
+  TrussBuilder builder;
+  for (int i = 0; i < numPanels; ++i) {
+    const auto x = static_cast<float>(2 * i);
+    builder.Member(x, 0, x + 2, 0).Member(x, 0, x + 1, 2).Member(x + 1, 2, x + 2, 0);
+    if (i > 0) builder.Member(x - 1, 2, x + 1, 2);
+  }
+  return builder.Clamp(0, 0).Roller(static_cast<float>(2 * numPanels), 0).Force(1, 2, 0, -1000);
+}
+
+class StepsWindowTest : public testing::Test {
+ protected:
+  void Show(Truss given, float points = 10, QSize size = {760, 620}) {
+    truss_ = std::make_shared<Truss>(std::move(given));
+    analysis_ = std::make_shared<TrussAnalysis>(SolveTruss(*truss_));
+    window_.ShowSubject({.Document = truss_,
+                         .Reasons = std::make_shared<ExplanationOnDemand>(*truss_, *analysis_),
+                         .Format = {},
+                         .Points = points});
+    window_.resize(size);
+    window_.BringUp();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
+  }
+
+  QListView& List() { return FindControl<QListView>(window_, "lstSteps"); }
+  QTableView& Matrix() { return FindControl<QTableView>(window_, "tblMatrix"); }
+  QSlider& Slider() { return FindControl<QSlider>(window_, "sldStep"); }
+  QComboBox& Unknowns() { return FindControl<QComboBox>(window_, "cmbUnknown"); }
+  QPushButton& Button(const char* name) { return FindControl<QPushButton>(window_, name); }
+  void Click(const char* name) { QTest::mouseClick(&Button(name), Qt::LeftButton); }
+  QString Text() { return FindControl<QPlainTextEdit>(window_, "txtStep").toPlainText(); }
+  QString Sentence() { return Text().section(u'\n', 0, 0); }
+  QString Position() { return FindControl<QLabel>(window_, "lblStep").text(); }
+  QString PivotLine() { return FindControl<QLabel>(window_, "lblPivot").text(); }
+  QString Operation(int row) { return List().model()->index(row, 0).data().toString(); }
+  int NumOperations() { return List().model()->rowCount(); }
+  const StepMatrixModel& Numbers() { return *qobject_cast<const StepMatrixModel*>(Matrix().model()); }
+
+  // The numbers with their marks, "0.5!" the pivot, "0.5*" what changes, "0.5-" what is subtracted.
+  QStringList Row(int row) {
+    QStringList texts = {Numbers().headerData(row, Qt::Vertical, Qt::DisplayRole).toString()};
+    for (int column = 0; column < Numbers().columnCount(); ++column) {
+      const QModelIndex at = Numbers().index(row, column);
+      const CellMark mark = Numbers().MarkAt(at);
+      texts.append(at.data().toString() + (mark == CellMark::Pivot    ? QStringLiteral("!")
+                                           : mark == CellMark::Target ? QStringLiteral("*")
+                                           : mark == CellMark::Source ? QStringLiteral("-")
+                                                                      : QString()));
+    }
+    return texts;
+  }
+  std::string RowText(int row) { return Row(row).join(u' ').toStdString(); }
+
+  FakeAnimationWish wish_;
+  std::shared_ptr<Truss> truss_;
+  std::shared_ptr<TrussAnalysis> analysis_;
+  StepsWindow window_{wish_};
+};
+
+TEST_F(StepsWindowTest, BeginsWithTheEquationsAndSaysWhyThereAreNoFractions) {
+  Show(LoadedTriangle());
+  EXPECT_EQ(Operation(0), QStringLiteral("The equations"));
+  EXPECT_EQ(Operation(1), QStringLiteral("1.  Pivot: Ax in A - x"));
+  EXPECT_EQ(Operation(NumOperations() - 1), QStringLiteral("%1.  Read the rows").arg(NumOperations() - 1));
+  EXPECT_EQ(Position(), QStringLiteral("The beginning"));
+  EXPECT_TRUE(Text().contains(QStringLiteral("decimals and not as fractions")));
+  EXPECT_EQ(RowText(0), "A - x 1 0 0 -1 -0.7071 0 0");
+  EXPECT_EQ(Numbers().headerData(6, Qt::Horizontal, Qt::DisplayRole).toString(), QStringLiteral("RHS"));
+  EXPECT_TRUE(List().hasFocus());
+  EXPECT_FALSE(Button("cmdBack").isEnabled());
+  Click("cmdNextStep");
+  EXPECT_FALSE(Text().contains(QStringLiteral("fractions"))) << "it is said once";
+}
+
+TEST_F(StepsWindowTest, ChoosesAnOperationAndThenCarriesItOut) {
+  Show(LoadedTriangle());
+  while (!Sentence().contains(QStringLiteral(" becomes "))) Click("cmdNextStep");
+  EXPECT_EQ(Sentence(), QStringLiteral("A - x becomes A - x plus B - x."));
+  EXPECT_TRUE(Text().contains(QStringLiteral("\n[A - x] := [A - x] + [B - x]\n")));
+  EXPECT_TRUE(Position().endsWith(QStringLiteral(", chosen")));
+  EXPECT_EQ(RowText(0), "A - x 1 0 -1* 0 -0.7071 0* 0");
+  EXPECT_EQ(RowText(2), "B - x 0 0 1! 0 0 0.7071- 0");
+  EXPECT_EQ(RowText(1), "A - y 0 1 0 0 -0.7071 0 0");
+  Click("cmdNextStep");
+  EXPECT_EQ(Sentence(), QStringLiteral("A - x has become A - x plus B - x."));
+  EXPECT_TRUE(Position().endsWith(QStringLiteral(", carried out")));
+  EXPECT_EQ(RowText(0), "A - x 1 0 0* 0 -0.7071 0.7071* 0");
+  Click("cmdBack");
+  EXPECT_EQ(RowText(0), "A - x 1 0 -1* 0 -0.7071 0* 0");
+}
+
+TEST_F(StepsWindowTest, EndsWithTheReducedMatrix) {
+  Show(LoadedTriangle());
+  Click("cmdLast");
+  EXPECT_EQ(Sentence(), QStringLiteral("The rows are read."));
+  const SparseMatrix<double>& reduced = analysis_->System.EquationMatrix;
+  for (int row = 1; row <= reduced.NumRows(); ++row) {
+    for (int column = 1; column <= reduced.NumColumns(); ++column) {
+      EXPECT_EQ(Numbers().index(row - 1, column - 1).data().toString().toStdString(),
+                FormatSigFigs(reduced(row, column), {}));
+    }
+  }
+  EXPECT_FALSE(Button("cmdNextStep").isEnabled());
+  EXPECT_FALSE(Button("cmdLast").isEnabled());
+  EXPECT_TRUE(Button("cmdBack").hasFocus()) << "a button that is switched off does not keep the keys";
+  Click("cmdFirst");
+  EXPECT_EQ(Position(), QStringLiteral("The beginning"));
+}
+
+TEST_F(StepsWindowTest, AClickInTheListGoesThereAndSoDoItsKeys) {
+  Show(LoadedTriangle());
+  const QModelIndex fifth = List().model()->index(5, 0);
+  QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, List().visualRect(fifth).center());
+  EXPECT_TRUE(Position().startsWith(QStringLiteral("Step 5 of ")));
+  QTest::keyClick(&List(), Qt::Key_Down);
+  EXPECT_TRUE(Position().startsWith(QStringLiteral("Step 6 of ")));
+  QTest::keyClick(&List(), Qt::Key_End);
+  EXPECT_EQ(Sentence(), QStringLiteral("The rows are read."));
+  QTest::keyClick(&List(), Qt::Key_Home);
+  EXPECT_EQ(Position(), QStringLiteral("The beginning"));
+  EXPECT_EQ(Slider().value(), 0) << "the slider goes with it";
+}
+
+TEST_F(StepsWindowTest, TheSliderGoesAnywhere) {
+  Show(LoadedTriangle());
+  Slider().setFocus();
+  QTest::keyClick(&Slider(), Qt::Key_End);
+  EXPECT_EQ(Sentence(), QStringLiteral("The rows are read."));
+  EXPECT_EQ(List().currentIndex().row(), NumOperations() - 1) << "the list goes with it";
+  QTest::keyClick(&Slider(), Qt::Key_Home);
+  for (int i = 0; i < 6; ++i) QTest::keyClick(&Slider(), Qt::Key_Right);
+  EXPECT_EQ(Slider().value(), 6);
+  EXPECT_TRUE(Sentence().startsWith(QStringLiteral("A - x becomes")));
+}
+
+TEST_F(StepsWindowTest, GoesToThePivotOfAnUnknownAndSaysWhatItsRowWaitsFor) {
+  Show(LoadedTriangle());
+  Unknowns().setFocus();
+  EXPECT_EQ(Unknowns().currentText(), QStringLiteral("Ax"));
+  QTest::keyClick(&Unknowns(), Qt::Key_Down);
+  EXPECT_EQ(Sentence(), QStringLiteral("The pivot is the coefficient of Ay in A - y, 1."));
+  EXPECT_TRUE(PivotLine().startsWith(
+      QStringLiteral("Ay has its pivot in A - y (step 2).  That row still waits for AC (step ")))
+      << PivotLine().toStdString();
+  EXPECT_EQ(RowText(1), "A - y 0 1! 0 0 -0.7071 0 0");
+  Click("cmdLast");
+  EXPECT_EQ(PivotLine(),
+            QStringLiteral("Ay has its pivot in A - y (step 2).  That row waits for nothing more."));
+  Click("cmdFirst");
+  EXPECT_TRUE(PivotLine().contains(QStringLiteral("gets its pivot in A - y (step 2).  That row then waits")));
+}
+
+TEST_F(StepsWindowTest, PlaysToTheEndAndStops) {
+  Show(LoadedTriangle());
+  Slider().setValue(Slider().maximum() - 2);
+  auto& timer = *window_.findChild<QTimer*>(QStringLiteral("tmrPlay"));
+  Click("cmdPlay");
+  EXPECT_EQ(Slider().value(), Slider().maximum() - 1) << "at once";
+  EXPECT_EQ(Button("cmdPlay").text(), QStringLiteral("Sto&p"));
+  EXPECT_EQ(timer.interval(), StepsWindow::PlayTime);
+  timer.setInterval(1);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Button("cmdPlay").text() == QStringLiteral("&Play"); }));
+  EXPECT_EQ(Slider().value(), Slider().maximum());
+  Click("cmdPlay");
+  EXPECT_LT(Slider().value(), Slider().maximum()) << "it begins again";
+  Click("cmdNextStep");
+  EXPECT_EQ(Button("cmdPlay").text(), QStringLiteral("&Play")) << "who goes elsewhere stops it";
+}
+
+TEST_F(StepsWindowTest, DoesNotPlayWhereTheDesktopAsksForLessMotion) {
+  wish_.Wanted = false;
+  Show(LoadedTriangle());
+  EXPECT_FALSE(Button("cmdPlay").isEnabled());
+  EXPECT_TRUE(Button("cmdPlay").toolTip().contains(QStringLiteral("less motion")));
+  Click("cmdNextStep");
+  EXPECT_TRUE(Position().startsWith(QStringLiteral("Step 1 of ")));
+}
+
+TEST_F(StepsWindowTest, TellsAScreenReaderTheOperationAndTheMarks) {
+  Show(LoadedTriangle());
+  Slider().setValue(6);
+  const QString said = Position() + QStringLiteral(": ") + Sentence();
+  for (QWidget* control : std::initializer_list<QWidget*>{&Button("cmdNextStep"), &Slider(), &Matrix()})
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(control)->text(QAccessible::Description), said);
+  QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&Matrix());
+  ASSERT_NE(table->tableInterface(), nullptr);
+  EXPECT_EQ(table->tableInterface()->cellAt(2, 2)->text(QAccessible::Name), QStringLiteral("1, decides"));
+  EXPECT_EQ(table->tableInterface()->cellAt(0, 2)->text(QAccessible::Name), QStringLiteral("-1, changes"));
+  EXPECT_EQ(table->tableInterface()->cellAt(0, 2)->text(QAccessible::Description),
+            QStringLiteral("A - x, AB"));
+}
+
+TEST_F(StepsWindowTest, EveryControlIsReachedWithTab) {
+  Show(LoadedTriangle());
+  Slider().setValue(6);
+  QStringList reached;
+  for (int i = 0; i < 20; ++i) {
+    reached.append(window_.focusWidget()->objectName());
+    QTest::keyClick(window_.focusWidget(), Qt::Key_Tab);
+    if (window_.focusWidget() == &List()) break;
+  }
+  for (const char* name : {"lstSteps", "txtStep", "tblMatrix", "cmbUnknown", "sldStep", "cmdFirst", "cmdBack",
+                           "cmdPlay", "cmdNextStep", "cmdLast", "cmdCopy"})
+    EXPECT_TRUE(reached.contains(QString::fromLatin1(name))) << name;
+}
+
+TEST_F(StepsWindowTest, TheMarksCanBeToldApartInEveryPalette) {
+  for (const bool dark : {false, true}) {
+    QPalette palette;
+    palette.setColor(QPalette::Base, dark ? QColor(0x1e, 0x1e, 0x20) : QColor(Qt::white));
+    palette.setColor(QPalette::Text, dark ? QColor(0xe8, 0xe8, 0xe8) : QColor(Qt::black));
+    const auto luminance = [](const QColor& colour) {
+      const auto part = [](double c) {
+        return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+      };
+      return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
+    };
+    std::set<std::pair<bool, bool>> letters;
+    for (const CellMark mark : {CellMark::Source, CellMark::Target, CellMark::Pivot}) {
+      const MarkLook look = LookOf(mark, palette);
+      const double a = luminance(look.Letters) + 0.05;
+      const double b = luminance(look.Ground) + 0.05;
+      EXPECT_GE(std::max(a, b) / std::min(a, b), 4.5)
+          << static_cast<int>(mark) << (dark ? " dark" : " light");
+      letters.emplace(look.IsBold, look.IsItalic);
+    }
+    EXPECT_EQ(letters.size(), 2U) << "slanted for what is subtracted, bold for the others";
+  }
+}
+
+TEST_F(StepsWindowTest, TellsOnlyThePivotsOfALargeTruss) {
+  Show(StripOf(60));
+  EXPECT_FALSE(Matrix().isVisible());
+  EXPECT_TRUE(
+      Text().contains(QStringLiteral("Of systems with more than 200 equations or unknowns only the pivots")));
+  EXPECT_EQ(NumOperations(), analysis_->System.NumUnknowns());
+  EXPECT_EQ(Position(), QStringLiteral("Pivot 1 of %1").arg(NumOperations()));
+  Click("cmdNextStep");
+  EXPECT_TRUE(Sentence().startsWith(QStringLiteral("2.  ")));
+  Unknowns().setFocus();
+  QTest::keyClick(&Unknowns(), Qt::Key_End);
+  EXPECT_TRUE(PivotLine().contains(QStringLiteral(" gets its pivot in "))) << PivotLine().toStdString();
+  EXPECT_TRUE(PivotLine().endsWith(QStringLiteral(", as number %1.").arg(Slider().value() + 1)));
+  Click("cmdLast");
+  EXPECT_EQ(List().currentIndex().row(), NumOperations() - 1);
+  Show(LoadedTriangle());
+  EXPECT_TRUE(Matrix().isVisible()) << "and of the next one everything again";
+}
+
+TEST_F(StepsWindowTest, CopiesAllStepsAsText) {
+  Show(LoadedTriangle());
+  Click("cmdCopy");
+  const QString copied = QApplication::clipboard()->text();
+  EXPECT_EQ(copied, window_.CopiedText());
+  EXPECT_TRUE(copied.contains(QStringLiteral("\n\n1.  The pivot is the coefficient of Ax in A - x, 1.\n")));
+  EXPECT_TRUE(copied.contains(QStringLiteral("The rows are read.\n    A row whose only coefficient")));
+}
+
+TEST_F(StepsWindowTest, EmptiesWhenTheTrussIsGone) {
+  Show(LoadedTriangle());
+  Click("cmdPlay");
+  window_.Clear();
+  EXPECT_EQ(NumOperations(), 0);
+  EXPECT_EQ(Numbers().rowCount(), 0);
+  EXPECT_EQ(Text(), QString());
+  EXPECT_EQ(Unknowns().count(), 0);
+  for (const char* name : {"cmdFirst", "cmdBack", "cmdPlay", "cmdNextStep", "cmdLast", "cmdCopy"})
+    EXPECT_FALSE(Button(name).isEnabled()) << name;
+  EXPECT_EQ(window_.CopiedText(), QString());
+}
+
+TEST_F(StepsWindowTest, CutsNoTextInLargeLettersAndSmallWindows) {
+  for (const float points : {9.0F, 18.0F}) {
+    Show(LoadedTriangle(), points, {460, 340});
+    for (int place = 0; place <= Slider().maximum(); ++place) {
+      Slider().setValue(place);
+      EXPECT_THAT(CutTexts::In(window_), testing::IsEmpty());
+    }
+    const QFontMetrics letters(Matrix().font());
+    for (int column = 0; column < Numbers().columnCount(); ++column)
+      EXPECT_GT(Matrix().columnWidth(column), letters.horizontalAdvance(QStringLiteral("-0.7071")));
+  }
+}
+
+}  // namespace
