@@ -292,7 +292,7 @@ TEST(DifferentReadings, AreNotMentionedWhereAllSayTheSame) {
 TEST(DifferentReadings, SayWhatEachOfTheThreeSays) {
   const auto text = [](Outcome exact, Outcome within, Outcome shown) {
     Rounding rounding;
-    rounding.Verdict = {.NumEquations = 2, .NumUnknowns = 2, .Rank = 2, .AugmentedRank = 2};
+    rounding.Verdict = {.NumEquations = 2, .NumUnknowns = 2, .Rank = 2, .AugmentedRank = 2, .Determined = {}};
     if (exact != Outcome::Neither) rounding.Verdict.Rank = rounding.Verdict.AugmentedRank = 1;
     if (exact == Outcome::Inconsistent) rounding.Verdict.AugmentedRank = 2;
     rounding.Figures.Within = within;
