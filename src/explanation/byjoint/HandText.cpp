@@ -3,8 +3,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "explanation/Directions.h"
+#include "explanation/RigidityMatrix.h"
 
 namespace {
 
@@ -60,14 +62,69 @@ void HandText::AddEquations(const HandStep& step, std::vector<std::string>& line
     const std::string letters = equations_.InLetters(equation);
     const std::string numbers = equations_.WithNumbers(equation);
     lines.push_back((row.empty() ? Capital(what) : row + what) + ":  " + letters);
-    if (numbers != letters) lines.push_back("With numbers:  " + numbers);
+    const std::string noArm = LoadsWithoutArm(step, equation);
+    if (!noArm.empty()) lines.push_back(noArm);
+    if (equations_.HasKnownNames(equation)) lines.push_back("With numbers:  " + numbers);
     const std::string result = equations_.Result(equation);
     if (!result.empty() && result != numbers) lines.push_back("So  " + result + '.');
   }
   const bool together = !step.Equations.empty() && step.Equations.front().Use == BalanceUse::SolvesTogether;
   if (!together) return;
-  lines.push_back("Both together:  " + equations_.Value(step.Solved[0]) + ";  " +
-                  equations_.Value(step.Solved[1]) + '.');
+  for (std::string& line : equations_.Together(step.Equations[0], step.Equations[1], step.Solved))
+    lines.push_back(std::move(line));
+}
+
+// The picture shows a load whole; the equations have its components.
+std::string HandText::LoadsInComponents(const std::vector<int>& joints) const {
+  std::vector<std::string> loads;
+  for (const PlacedLoad& load : graph_.Loads) {
+    const double fx = WrittenDifference(load.Fx, 0);
+    const double fy = WrittenDifference(load.Fy, 0);
+    if (fx == 0 || fy == 0 || !std::ranges::binary_search(joints, load.Joint)) continue;
+    loads.push_back("the load of " + equations_.Number(std::hypot(fx, fy)) + " at " +
+                    names_.JointInWords(load.Joint) + " is " + equations_.Number(std::abs(fx)) + ' ' +
+                    DirectionText(fx, 0) + " and " + equations_.Number(std::abs(fy)) + ' ' +
+                    DirectionText(0, fy));
+  }
+  constexpr std::size_t most = 12;
+  std::string text;
+  for (std::size_t i = 0; i < std::min(most, loads.size()); ++i) text += (i == 0 ? "" : "; ") + loads[i];
+  if (loads.size() > most) text += "; so do the others have two components";
+  return loads.empty() ? "" : Capital(text) + '.';
+}
+
+std::string HandText::LoadsWithoutArm(const HandStep& step, const BalanceEquation& equation) const {
+  if (equation.Kind != BalanceKind::Moment) return "";
+  std::vector<int> joints;
+  for (const PlacedLoad& load : graph_.Loads) {
+    const auto isItsTerm = [&](const BalanceTerm& term) {
+      return term.Unknown == 0 && term.Joint == load.Joint;
+    };
+    if ((load.Fx != 0 || load.Fy != 0) && std::ranges::binary_search(step.Joints, load.Joint) &&
+        std::ranges::none_of(equation.Terms, isItsTerm))
+      joints.push_back(load.Joint);
+  }
+  std::ranges::sort(joints);
+  joints.erase(std::unique(joints.begin(), joints.end()), joints.end());
+  if (joints.empty()) return "";
+  return (joints.size() == 1 ? "The load at " : "The loads at ") + names_.Joints(joints) +
+         (joints.size() == 1 ? " acts through that point and has no arm."
+                             : " act through that point and have no arm.");
+}
+
+// Loads and reactions; those that turn out to be 0 do not matter.
+std::string HandText::WhatActsAt(int joint) const {
+  std::vector<std::string> acting;
+  const auto numLoads = std::ranges::count(graph_.Loads, joint, &PlacedLoad::Joint);
+  if (numLoads > 0) acting.emplace_back(numLoads == 1 ? "the load" : "the loads");
+  for (int k = 1; k <= graph_.NumUnknowns(); ++k) {
+    const PlacedUnknown& unknown = graph_.Unknowns[k];
+    const std::optional<double>& value = solution_.Values[k];
+    if (!unknown.IsMember() && unknown.JointA == joint && unknown.Sign != 0 && (!value || *value != 0))
+      acting.push_back(names_.ReactionInWords(k));
+  }
+  if (acting.empty()) return "what acts";
+  return ListOf(acting) + (acting.size() > 1 ? " together" : "");
 }
 
 HandStepText HandText::Reactions(const HandStep& step) const {
@@ -75,6 +132,8 @@ HandStepText HandText::Reactions(const HandStep& step) const {
   HandStepText text{"Reactions", {}};
   text.Lines.push_back(all ? "The balance of the whole truss."
                            : "The balance of the part with " + names_.Joints(step.Joints) + ".");
+  const std::string loads = LoadsInComponents(step.Joints);
+  if (!loads.empty()) text.Lines.push_back(loads);
   AddEquations(step, text.Lines);
   return text;
 }
@@ -85,22 +144,29 @@ HandStepText HandText::ZeroForce(const HandStep& step) const {
   const std::string zero = names_.Forces(zeros);
   const std::string line = names_.Forces(step.InLine);
   const bool one = step.InLine.size() == 1;
+  // Why members that meet there too do not count.
+  const std::string left = step.LeftOut.empty() ? "" : " left";
+  const std::string already =
+      step.LeftOut.empty()
+          ? ""
+          : " (" + names_.Forces(step.LeftOut) + (step.LeftOut.size() == 1 ? " is" : " are") + " 0 already)";
   std::string why;
   switch (step.Rule) {
     case ZeroRule::Alone:
-      why = "Only " + zero + " is left at " + joint + ", and no load acts there: it carries nothing.";
+      why =
+          "Only " + zero + " is left at " + joint + already + ", and no load acts there: it carries nothing.";
       break;
     case ZeroRule::TwoOutOfLine:
-      why =
-          zero + " are alone at " + joint + ", not in one line and without a load: neither carries anything.";
+      why = zero + " are alone at " + joint + already +
+            ", not in one line and without a load: neither carries anything.";
       break;
     case ZeroRule::ThirdOfThree:
       why = line + " lie in one line at " + joint + ", and no load acts there: " + zero +
-            ", the only other member, carries nothing.";
+            ", the only other member" + left + already + ", carries nothing.";
       break;
     case ZeroRule::LoadAlongOne:
-      why = line + (one ? " lies" : " lie") + " in one line with what acts on " + joint + ": " + zero +
-            ", the only other member, carries nothing.";
+      why = line + (one ? " lies" : " lie") + " in one line with " + WhatActsAt(step.Joint) + " at " + joint +
+            ": " + zero + ", the only other member" + left + already + ", carries nothing.";
       break;
   }
   return {"Nothing in " + zero, {why}};
@@ -122,6 +188,8 @@ HandStepText HandText::Joint(const HandStep& step) const {
                          (one ? ", which is 0." : ", which are 0."));
   }
   if (!step.PutAside.empty()) text.Lines.push_back(PutAside(step));
+  const std::string loads = LoadsInComponents({step.Joint});
+  if (!loads.empty()) text.Lines.push_back(loads);
   AddEquations(step, text.Lines);
   return text;
 }
@@ -137,8 +205,11 @@ std::string HandText::PutAside(const HandStep& step) const {
     return aside + (one ? " passes through " : " meet in ") + names_.Point(equation.AtX, equation.AtY) +
            ", so their moment about it is 0" + alone + '.';
   }
-  return aside + (one ? " has" : " lie in one direction and have") + " no component across" +
-         (one ? " its line" : " it") + alone + '.';
+  const char* component = equation.Kind == BalanceKind::X   ? " no horizontal component"
+                          : equation.Kind == BalanceKind::Y ? " no vertical component"
+                          : one                             ? " no component at right angles to itself"
+                                                            : " no component at right angles to it";
+  return aside + (one ? " has" : " lie in one direction and have") + component + alone + '.';
 }
 
 HandStepText HandText::Section(const HandStep& step) const {
@@ -148,6 +219,8 @@ HandStepText HandText::Section(const HandStep& step) const {
       "The part with " + names_.Joints(step.Joints) + " is looked at." +
       (step.Cut.empty() ? "" : "  The members that are cut act on it at their joints there."));
   if (!step.PutAside.empty()) text.Lines.push_back(PutAside(step));
+  const std::string loads = LoadsInComponents(step.Joints);
+  if (!loads.empty()) text.Lines.push_back(loads);
   AddEquations(step, text.Lines);
   return text;
 }
