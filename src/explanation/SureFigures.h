@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "analysis/FormatSigFigs.h"
@@ -49,5 +50,11 @@ inline constexpr int MostSureFigures = 7;  // no single has more
 /// How many leading figures are sure, 0 .. MostSureFigures, as the largest difference is measured against the
 /// largest force; empty without forces.
 std::optional<int> FiguresOfLargest(const std::vector<ComparedForce>& forces);
+
+/// "the first figure", "the first 3 figures".
+std::string FirstFigures(int count);
+
+/// With figures beyond those that the reports show, so that a difference can be seen.
+std::string AtLength(double value, const ReportFormat& format);
 
 SureFigures JudgeFigures(const std::vector<ComparedForce>& forces, const ReportFormat& format);

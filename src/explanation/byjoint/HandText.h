@@ -44,6 +44,8 @@ class HandText {
   std::string LoadsInComponents(const std::vector<int>& joints) const;
   std::string LoadsWithoutArm(const HandStep& step, const BalanceEquation& equation) const;
   std::string WhatActsAt(int joint) const;
+  void AddAgreement(const Classification& shown, std::vector<std::string>& lines) const;
+  void AddOtherForces(const Classification& shown, std::vector<std::string>& lines) const;
   std::string Agreement(const Classification& shown) const;
 
   const TrussGraph& graph_;
