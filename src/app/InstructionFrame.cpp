@@ -47,6 +47,7 @@ QLabel* MakeBold(const QString& text, double largerBy) {
 
 QLayout* Heading(qreal devicePixelRatio) {
   auto* mark = new QLabel;
+  mark->setAccessibleName(QStringLiteral("The mark of Orvane"));
   mark->setPixmap(ApplicationPicture(MarkSide, devicePixelRatio));
   auto* texts = new QVBoxLayout;
   texts->setSpacing(0);

@@ -236,6 +236,7 @@ void WhyWindow::ShowChoice() {
   picMotion_->setAccessibleDescription(description);
   picMotion_->setToolTip(PlainToolTip(description));
   cmbMotion_->setToolTip(PlainToolTip(cmbMotion_->currentText()));
+  cmbMotion_->setAccessibleDescription(cmbMotion_->currentText());
   lblNote_->setText(QString::fromLatin1(NoteOnChoice(choice)));
   ShowControls();
   KeepWholeHeight(*this);

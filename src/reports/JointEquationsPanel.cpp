@@ -155,6 +155,7 @@ void JointEquationsPanel::SetCaption(QFont font, int width) {
   const QFontMetrics metrics = caption_->fontMetrics();
   caption_->setText(isWhole ? whole : metrics.elidedText(whole, Qt::ElideRight, width));
   caption_->setToolTip(isWhole ? QString() : PlainToolTip(whole));
+  caption_->setAccessibleDescription(isWhole ? QString() : whole);
   caption_->setFixedHeight(
       metrics.boundingRect(QRect(0, 0, width, QWIDGETSIZE_MAX), Qt::TextWordWrap, caption_->text()).height());
 }
