@@ -22,6 +22,9 @@ struct DrawnFigures {
   /// or shown.
   std::vector<ComparedForce> Forces;
 
+  /// Whether a force is determined, exactly, and the reduced matrix shows no value for it.
+  bool IsOneMissing = false;
+
   /// The largest force by the largest load; 0 without loads or forces.
   double Magnification = 0;
 
