@@ -36,11 +36,26 @@ struct Reduced {
   std::vector<double> Values() const {
     std::vector<double> values(static_cast<std::size_t>(NumUnknowns) + 1);
     for (int row = 1; row <= Matrix.NumRows(); ++row) {
+      if (!IsOfOneUnknown(row) || Matrix.Row(row).size() < 2) continue;
       const auto entries = Matrix.Row(row);
-      if (entries.size() != 2 || entries.back().Column <= NumUnknowns) continue;
       values[static_cast<std::size_t>(Order[entries.front().Column])] = entries.back().Value;
     }
     return values;
+  }
+
+  /// Which unknowns have a row of their own, by unknown from 1.
+  std::vector<bool> Tells() const {
+    std::vector<bool> tells(static_cast<std::size_t>(NumUnknowns) + 1);
+    for (int row = 1; row <= Matrix.NumRows(); ++row) {
+      if (IsOfOneUnknown(row)) tells[static_cast<std::size_t>(Order[Matrix.Row(row).front().Column])] = true;
+    }
+    return tells;
+  }
+
+  bool IsOfOneUnknown(int row) const {
+    const auto entries = Matrix.Row(row);
+    return !entries.empty() && entries.front().Column <= NumUnknowns &&
+           (entries.size() == 1 || (entries.size() == 2 && entries.back().Column > NumUnknowns));
   }
 };
 
@@ -110,6 +125,41 @@ std::vector<ComparedForce> Compare(const TrussGraph& graph, const TrussAnalysis&
   return forces;
 }
 
+// By unknown, from 1: the largest magnitude beside the 1 of its row in the reduced matrix.
+std::vector<double> RemnantsBeside(const EquationSystem& system) {
+  const int numUnknowns = system.NumUnknowns();
+  std::vector<double> remnants(static_cast<std::size_t>(numUnknowns) + 1);
+  for (int row = 1; row <= system.EquationMatrix.NumRows(); ++row) {
+    const auto entries = system.EquationMatrix.Row(row);
+    if (entries.empty() || entries.front().Column > numUnknowns) continue;
+    double& largest = remnants[static_cast<std::size_t>(system.ColumnOrder[entries.front().Column])];
+    for (const auto& [column, value] : entries.subspan(1)) {
+      if (column <= numUnknowns) largest = std::max(largest, std::abs(value));
+    }
+  }
+  return remnants;
+}
+
+std::vector<HiddenForce> HiddenForces(const TrussAnalysis& analysis, const ExactVerdict& verdict,
+                                      const Reduced& reduced, double scale) {
+  std::vector<HiddenForce> hidden;
+  if (analysis.Reading.Code == Outcome::Inconsistent || verdict.Code() == Outcome::Inconsistent)
+    return hidden;
+  const bool isAny =
+      std::ranges::any_of(verdict.Determined, [&](int k) { return !analysis.Reading.Values[k]; });
+  if (!isAny) return hidden;
+  const std::vector<double> values = reduced.Values();
+  const std::vector<bool> tells = reduced.Tells();
+  const std::vector<double> remnants = RemnantsBeside(analysis.System);
+  for (const int k : verdict.Determined) {
+    if (analysis.Reading.Values[k]) continue;
+    const auto at = static_cast<std::size_t>(k);
+    hidden.push_back({.Unknown = k, .Value = {}, .Remnant = remnants[at]});
+    if (tells[at]) hidden.back().Value = std::abs(values[at]) < NothingInDouble ? 0 : values[at] * scale;
+  }
+  return hidden;
+}
+
 // The displacements whose lengthenings are in proportion to the forces: nearly those that lengthen nothing,
 // because such forces are nearly in balance without loads.
 Motion NearlyFreeMotion(const TrussGraph& graph, const std::vector<double>& forces) {
@@ -173,6 +223,7 @@ DrawnFigures FiguresOf(const TrussGraph& graph, const TrussAnalysis& analysis, c
   const std::vector<double> values = reduced.Values();
   figures.IsOneMissing = IsOneMissing(analysis, verdict);
   figures.Forces = Compare(graph, analysis, verdict, values, scale);
+  figures.Hidden = HiddenForces(analysis, verdict, reduced, scale);
   figures.CertainFigures = FiguresOfLargest(figures.Forces);
   if (load == 0) return figures;
   for (const double value : values) figures.Magnification = std::max(figures.Magnification, std::abs(value));

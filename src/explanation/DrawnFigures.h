@@ -10,6 +10,17 @@
 #include "explanation/Motions.h"
 #include "explanation/SureFigures.h"
 
+/// A force that the equations determine, exactly, and that the reduced matrix leaves open.
+struct HiddenForce {
+  int Unknown = 0;
+  /// Force units, with directions that are not rounded; empty when double precision does not tell it either.
+  std::optional<double> Value;
+  /// The largest magnitude beside the 1 of its row in the reduced matrix; 0 when it has no row there.
+  double Remnant = 0;
+
+  friend bool operator==(const HiddenForce&, const HiddenForce&) = default;
+};
+
 struct DrawnFigures {
   /// The outcome when whatever is smaller than a millionth of its scale counts as nothing.
   Outcome Within = Outcome::Neither;
@@ -24,6 +35,9 @@ struct DrawnFigures {
 
   /// Whether a force is determined, exactly, and the reduced matrix shows no value for it.
   bool IsOneMissing = false;
+
+  /// Ascending; none where there is no solution, exactly or shown.
+  std::vector<HiddenForce> Hidden;
 
   /// The largest force by the largest load; 0 without loads or forces.
   double Magnification = 0;

@@ -9,6 +9,7 @@
 #include "explanation/OpenForcesText.h"
 #include "explanation/RigidityMatrix.h"
 #include "explanation/RoundingText.h"
+#include "explanation/SupportsText.h"
 
 namespace {
 
@@ -70,21 +71,15 @@ class Writer {
           "  There are fewer unknowns than equations, and yet not every force is determined: the truss can "
           "move at one place, and has a member or support too many at another.";
     }
-    if (N == R && motions > 0 && KeepsItsShape()) {
-      counting +=
-          "  The truss keeps its shape; it is its supports that let it move as a whole.  That triangles are "
-          "enough is true of the shape only.";
+    if (N == R && motions > 0 && KeepsItsShape(on_)) counting += "  " + TrianglesText(on_, names_);
+    std::vector<std::string> paragraphs;
+    for (const std::string& opening :
+         {DifferentReadings(graph_, on_.Rounded, format_), NoSupportsText(on_)}) {
+      if (!opening.empty()) paragraphs.push_back(opening);
     }
-    std::vector<std::string> paragraphs = {
-        "This truss has " + Motions(motions) + " and " + States(states) + ".", counting};
-    const std::string different = DifferentReadings(on_.Rounded);
-    if (!different.empty()) paragraphs.insert(paragraphs.begin(), different);
+    paragraphs.push_back("This truss has " + Motions(motions) + " and " + States(states) + ".");
+    paragraphs.push_back(counting);
     return paragraphs;
-  }
-
-  bool KeepsItsShape() const {
-    return std::ranges::all_of(on_.Exact.Motions,
-                               [](const Motion& motion) { return motion.Kind == MotionKind::Rigid; });
   }
 
   std::vector<std::string> VerdictParagraphs() const {

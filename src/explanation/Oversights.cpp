@@ -9,7 +9,7 @@
 namespace {
 
 // A drawing full of mistakes does not take for ever.
-constexpr int MostTries = 20;
+constexpr int MostCandidates = 20;
 
 // The numbers of the joints that the member passes, in their order along it.
 std::vector<int> JointsUnder(const TrussGraph& graph, const Table<std::vector<int>>& unknownsAt, int member,
@@ -66,7 +66,7 @@ std::vector<Advice> MembersToSplit(const TrussGraph& graph, const ExactVerdict& 
   const Table<std::vector<int>> unknownsAt = UnknownsByJoint(graph);
   std::vector<Advice> found;
   int tries = 0;
-  for (int k = 1; k <= graph.NumUnknowns() && tries < MostTries && found.size() < At(MostAdvice); ++k) {
+  for (int k = 1; k <= graph.NumUnknowns() && tries < MostCandidates && found.size() < At(MostAdvice); ++k) {
     if (!graph.Unknowns[k].IsMember()) continue;
     std::vector<int> joints = JointsUnder(graph, unknownsAt, k, near);
     if (joints.empty()) continue;
@@ -83,7 +83,7 @@ std::vector<Advice> RollersToClamp(const TrussGraph& graph, const ExactReasons& 
   constexpr double smallestHeld = 1e-3;  // it would hardly hold a smaller displacement
   std::vector<Advice> found;
   int tries = 0;
-  for (int k = 1; k <= graph.NumUnknowns() && tries < MostTries && found.size() < At(MostClampsForRollers);
+  for (int k = 1; k <= graph.NumUnknowns() && tries < MostCandidates && found.size() < At(MostClampsForRollers);
        ++k) {
     const PlacedUnknown& roller = graph.Unknowns[k];
     if (roller.IsMember() || roller.Sign == 0 || IsSupported(graph, roller.JointA, k)) continue;

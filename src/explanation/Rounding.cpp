@@ -19,6 +19,15 @@ double ContradictingValue(const EquationSystem& system) {
   return 0;
 }
 
+int NumPivots(const EquationSystem& system) {
+  int pivots = 0;
+  for (int row = 1; row <= system.EquationMatrix.NumRows(); ++row) {
+    const auto entries = system.EquationMatrix.Row(row);
+    pivots += !entries.empty() && entries.front().Column <= system.NumUnknowns() ? 1 : 0;
+  }
+  return pivots;
+}
+
 double LargestShownForce(const TrussAnalysis& analysis) {
   double largest = 0;
   for (int k = 1; k <= analysis.Reading.Values.Size(); ++k) {
@@ -67,6 +76,7 @@ Rounding RoundingOf(const TrussGraph& graph, const TrussAnalysis& analysis, Exac
   rounding.Verdict = std::move(verdict);
   rounding.Figures = FiguresOf(graph, analysis, rounding.Verdict);
   rounding.Shown = analysis.Reading.Code;
+  rounding.ShownRank = NumPivots(analysis.System);
   rounding.ShownThoughOpen = OpenYetShown(analysis, rounding.Verdict);
   if (!rounding.Agrees()) rounding.Vanished = VanishedFrom(graph);
   const double load = LargestLoad(graph);

@@ -35,6 +35,9 @@ struct Rounding {
   /// The largest force that the reduced matrix shows by the largest load; 0 without either.
   double ShownMagnification = 0;
 
+  /// The pivots of the reduced matrix.
+  int ShownRank = 0;
+
   /// Unknowns that the equations leave open, exactly, and that the reduced matrix shows with a value;
   /// ascending.
   std::vector<int> ShownThoughOpen;

@@ -1,6 +1,8 @@
 #include "explanation/RoundingText.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <vector>
 
 #include "analysis/EliminationLimits.h"
@@ -68,8 +70,58 @@ class RoundingWriter {
     if (on_.ShownMagnification > NearlyAMechanism) {
       text += ": with up to " + Number(on_.ShownMagnification) +
               " times the largest load they come from dividing by a remnant of rounding";
+    } else if (!open.empty()) {
+      text += on_.ShownRank > on_.Verdict.Rank
+                  ? ": directions are rounded to single precision, and a remnant of that stands as a pivot "
+                    "where exactly there is none"
+                  : ": directions are rounded to single precision, and a coefficient that exactly is not 0 "
+                    "counts as nothing";
     }
     return text + ".";
+  }
+
+  /// The forces that are exactly determined though the reduced matrix leaves them open, and why it does.
+  std::string HiddenForces() const {
+    const std::vector<HiddenForce>& hidden = on_.Figures.Hidden;
+    if (hidden.empty()) return {};
+    const bool one = hidden.size() == 1;
+    std::vector<std::string> values;
+    double remnant = 0;
+    for (const HiddenForce& force : hidden) {
+      values.push_back(Names({force.Unknown}) + (force.Value ? " = " + Number(*force.Value) : ""));
+      remnant = std::max(remnant, force.Remnant);
+    }
+    std::string text = "Exactly, the equations determine " + ListOf(values, MostNamed) +
+                       ", but the reduced matrix leaves " + (one ? "it" : "them") +
+                       " open because directions are rounded to single precision";
+    if (on_.ShownRank < on_.Verdict.Rank) {
+      text += ": it has " + std::to_string(on_.ShownRank) + " pivots, where exactly there are " +
+              std::to_string(on_.Verdict.Rank);
+    } else if (remnant > 0) {
+      text += one ? ": beside the 1 in its row" : ": beside the 1 in their rows";
+      text += " it has coefficients of up to " + Number(remnant) +
+              " that are remnants of rounding and exactly are 0";
+    }
+    return text + ".";
+  }
+
+  /// The same forces, and those of WrongNumbers, for the opening: a clause each.
+  std::vector<std::string> OtherForces() const {
+    std::vector<std::string> clauses;
+    std::vector<int> hidden;
+    for (const HiddenForce& force : on_.Figures.Hidden) hidden.push_back(force.Unknown);
+    if (!hidden.empty()) {
+      const bool one = hidden.size() == 1;
+      clauses.push_back("exactly, " + Names(hidden) + (one ? " is" : " are") +
+                        " determined, but the reduced matrix leaves " + (one ? "it" : "them") + " open");
+    }
+    if (!on_.ShownThoughOpen.empty()) {
+      const bool one = on_.ShownThoughOpen.size() == 1;
+      clauses.push_back("exactly, " + Names(on_.ShownThoughOpen) + (one ? " is" : " are") +
+                        " left open, but the reduced matrix shows " +
+                        (one ? "a number for it" : "numbers for them"));
+    }
+    return clauses;
   }
 
   std::string NearlyFree() const {
@@ -88,7 +140,8 @@ class RoundingWriter {
                                : "Only " + FirstFigures(sure_.Count) + " of the forces " +
                                      (sure_.Count == 1 ? "is" : "are") + " sure") +
              ": with directions that are not rounded " + Names({sure_.Example->Unknown}) + " is " +
-             AtLength(sure_.Example->Unrounded) + " in place of " + AtLength(sure_.Example->Shown) + ".";
+             AtLength(sure_.Example->Unrounded, format_) + " in place of " +
+             AtLength(sure_.Example->Shown, format_) + ".";
     } else if (const auto least = LeastSureFigures(on_.Figures.Forces, format_);
                least && isAllSure_ && !NearlyFree().empty()) {
       text = "Of the forces " + FirstFigures(*least) + (*least == 1 ? " is sure." : " are sure.");
@@ -158,21 +211,12 @@ class RoundingWriter {
   }
 
   std::string Names(const std::vector<int>& unknowns) const {
-    return DistinctNames(graph_, format_).Forces(unknowns, 6);
-  }
-
-  static std::string FirstFigures(int count) {
-    return count == 1 ? "the first figure" : "the first " + std::to_string(count) + " figures";
-  }
-
-  // Figures beyond those that the reports show, so that a difference can be seen.
-  std::string AtLength(double value) const {
-    ReportFormat longer = format_;
-    longer.SigFigs = SureFigures::ShownFigures(format_) + 2;
-    return FormatSigFigs(value, longer);
+    return DistinctNames(graph_, format_).Forces(unknowns, MostNamed);
   }
 
   std::string Number(double value) const { return FormatSigFigs(value, format_); }
+
+  static constexpr std::size_t MostNamed = 6;
 
   const TrussGraph& graph_;
   const Rounding& on_;
@@ -181,9 +225,8 @@ class RoundingWriter {
   bool isAllSure_;
 };
 
-}  // namespace
-
-std::string DifferentReadings(const Rounding& rounding) {
+// That the outcomes differ, and how; without the full stop.
+std::string DifferentOutcomes(const Rounding& rounding) {
   const Outcome exact = rounding.Verdict.Code();
   const Outcome within = rounding.Figures.Within;
   if (exact == within && within == rounding.Shown) return {};
@@ -199,14 +242,24 @@ std::string DifferentReadings(const Rounding& rounding) {
     text += rounding.Shown == exact ? " (the reduced matrix says what holds exactly)"
                                     : " (and so says the reduced matrix)";
   }
+  return text;
+}
+
+}  // namespace
+
+std::string DifferentReadings(const TrussGraph& graph, const Rounding& rounding, const ReportFormat& format) {
+  std::string text = DifferentOutcomes(rounding);
+  for (const std::string& clause : RoundingWriter(graph, rounding, format).OtherForces())
+    text += text.empty() ? "The readings of this truss differ: " + clause : ".  " + Capital(clause);
+  if (text.empty()) return text;
   return text + ".  More stands below, under \"" + HeadingText(RoundingHeading) + "\".";
 }
 
 std::string RoundingNotice(const TrussGraph& graph, const Rounding& rounding, const ReportFormat& format) {
   const RoundingWriter writer(graph, rounding, format);
   std::string notice;
-  for (const std::string& sentence :
-       {writer.Outcomes(), writer.WrongNumbers(), writer.NearlyFree(), writer.SureFiguresText()})
+  for (const std::string& sentence : {writer.Outcomes(), writer.HiddenForces(), writer.WrongNumbers(),
+                                      writer.NearlyFree(), writer.SureFiguresText()})
     RoundingWriter::AddSentence(notice, sentence);
   return notice;
 }
@@ -225,6 +278,7 @@ std::vector<std::string> RoundingParagraphs(const TrussGraph& graph, const Round
         "rounded to seven figures meet a condition only as nearly as that.";
   }
   add(outcomes);
+  add(writer.HiddenForces());
   add(writer.WrongNumbers());
   std::string nearlyFree = writer.NearlyFree();
   RoundingWriter::AddSentence(nearlyFree, writer.NearlyFreeAtLength());

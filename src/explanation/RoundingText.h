@@ -21,18 +21,20 @@ enum class ReadOn {
 const char* ReadOnText(ReadOn where);
 
 /// The essence, below the conclusion of the RREF and Solutions reports, where rounding has a part in it: the
-/// exact outcome differs, or the reading within the drawing's figures does, or numbers are shown that mean
-/// nothing, or the truss is nearly a mechanism, or a figure that is shown is not sure. A few sentences as a
-/// single-byte text without line breaks; empty when there is nothing to say.
+/// exact outcome differs, or the reading within the drawing's figures does, or forces are determined that are
+/// not shown, or numbers are shown that mean nothing, or the truss is nearly a mechanism, or a figure that is
+/// shown is not sure. A few sentences as a single-byte text without line breaks; empty when there is nothing
+/// to say.
 std::string RoundingNotice(const TrussGraph& graph, const Rounding& rounding, const ReportFormat& format);
 
 /// The same at length, paragraph by paragraph, where there is room for it.
 std::vector<std::string> RoundingParagraphs(const TrussGraph& graph, const Rounding& rounding,
                                             const ReportFormat& format);
 
-/// One sentence for whoever begins to read why the conclusion is what it is: that the exact reading, the one
-/// within the figures of the drawing and the reduced matrix differ, and how. Empty where they are the same.
-std::string DifferentReadings(const Rounding& rounding);
+/// For whoever begins to read why the conclusion is what it is: that the exact reading, the one within the
+/// figures of the drawing and the reduced matrix differ, and how; also where the outcome is the same and only
+/// the forces that are determined are others. Empty where there is no difference.
+std::string DifferentReadings(const TrussGraph& graph, const Rounding& rounding, const ReportFormat& format);
 
 /// The notice and where to read on; empty when there is nothing to say.
 std::string NoticeBelowConclusion(const TrussGraph& graph, const Rounding& rounding,

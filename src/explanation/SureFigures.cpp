@@ -80,6 +80,16 @@ std::optional<int> FiguresOfLargest(const std::vector<ComparedForce>& forces) {
       std::clamp(std::floor(-std::log10(difference / largest)), 0.0, double{MostSureFigures}));
 }
 
+std::string FirstFigures(int count) {
+  return count == 1 ? "the first figure" : "the first " + std::to_string(count) + " figures";
+}
+
+std::string AtLength(double value, const ReportFormat& format) {
+  ReportFormat longer = format;
+  longer.SigFigs = SureFigures::ShownFigures(format) + 2;
+  return FormatSigFigs(value, longer);
+}
+
 std::optional<int> LeastSureFigures(const std::vector<ComparedForce>& forces, const ReportFormat& format) {
   if (forces.empty()) return std::nullopt;
   int least = MostSureFigures;

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "analysis/FormatSigFigs.h"
@@ -56,5 +57,11 @@ std::optional<int> FiguresOfLargest(const std::vector<ComparedForce>& forces);
 /// How many leading figures are sure of every force that is not exactly 0 (which has no leading figure),
 /// small or not, 0 .. MostSureFigures; never more than JudgeFigures says. Empty without forces.
 std::optional<int> LeastSureFigures(const std::vector<ComparedForce>& forces, const ReportFormat& format);
+
+/// "the first figure", "the first 3 figures".
+std::string FirstFigures(int count);
+
+/// With figures beyond those that the reports show, so that a difference can be seen.
+std::string AtLength(double value, const ReportFormat& format);
 
 SureFigures JudgeFigures(const std::vector<ComparedForce>& forces, const ReportFormat& format);

@@ -163,6 +163,90 @@ TEST(RoundingNotice, NumbersOfForcesThatAreLeftOpenDoNotHold) {
   EXPECT_THAT(notice, Not(HasSubstr("None of the numbers")));
 }
 
+// The braced panel on two clamps: moments about them give Ay and By, whatever its slopes are.
+TrussBuilder Panel(float left, float right, float height) {
+  return TrussBuilder()
+      .Member(0, 0, 8, 0, "AB")
+      .Member(8, 0, right, height, "BC")
+      .Member(right, height, left, height, "CD")
+      .Member(0, 0, left, height, "AD")
+      .Member(0, 0, right, height, "AC")
+      .Member(8, 0, left, height, "BD")
+      .Clamp(0, 0, "Ax", "Ay")
+      .Clamp(8, 0, "Bx", "By")
+      .Force(right, height, 0, -1000);
+}
+
+TEST(RoundingNotice, NamesTheForcesThatAreDeterminedThoughTheTableLeavesThemOpen) {
+  const Explanation explanation = ExplainRounding(Panel(1, 6, 3));
+  ASSERT_TRUE(explanation.Rounded.Agrees()) << "only the determined forces are others";
+  const std::string notice = RoundingNotice(explanation.Graph, explanation.Rounded, {});
+  EXPECT_EQ(notice,
+            "Exactly, the equations determine Ay = 250 and By = 750, but the reduced matrix leaves them open "
+            "because directions are rounded to single precision: beside the 1 in their rows it has "
+            "coefficients of up to 2.268E-8 that are remnants of rounding and exactly are 0.");
+  EXPECT_THAT(RoundingParagraphs(explanation.Graph, explanation.Rounded, {}), testing::ElementsAre(notice));
+  EXPECT_THAT(Opening(Panel(1, 6, 3)),
+              StartsWith("The readings of this truss differ: exactly, Ay and By are determined, but the "
+                         "reduced matrix leaves them open.  More stands below, under \"What rounding"));
+  EXPECT_EQ(NoticeOf(Panel(0, 8, 8)), "") << "at 45 degrees the directions are alike";
+}
+
+// Whatever the slopes: what is determined and not shown is named, with what moments say, and nothing else is.
+TEST(RoundingNotice, HiddenForcesAreThoseThatTheTableCallsUndetermined) {
+  int numHidden = 0;
+  for (int left = 0; left <= 3; ++left) {
+    for (int right = 4; right <= 9; ++right) {
+      for (int height = 1; height <= 7; height += 2) {
+        Truss truss = Panel(static_cast<float>(left), static_cast<float>(right), static_cast<float>(height));
+        const TrussAnalysis analysis = SolveTruss(truss);
+        const DrawnFigures figures = ExplainTruss(truss, analysis).Rounded.Figures;
+        const std::map<std::string, double> vertical = {{"Ay", 1000 - 125.0 * right}, {"By", 125.0 * right}};
+        std::vector<std::string> hidden;
+        for (const HiddenForce& force : figures.Hidden) {
+          const std::string name = analysis.System.UnknownList[force.Unknown].Name;
+          hidden.push_back(name);
+          EXPECT_NEAR(force.Value.value(), vertical.at(name), 1e-9);
+          EXPECT_GT(force.Remnant, 1e-10);
+          EXPECT_LT(force.Remnant, 1e-6);
+        }
+        std::vector<std::string> expected;
+        for (int k = 1; k <= analysis.System.NumUnknowns(); ++k) {
+          const std::string name = analysis.System.UnknownList[k].Name;
+          if (vertical.contains(name) && !analysis.Reading.Values[k]) expected.push_back(name);
+        }
+        EXPECT_EQ(hidden, expected) << left << ", " << right << ", " << height;
+        numHidden += static_cast<int>(hidden.size());
+      }
+    }
+  }
+  EXPECT_GT(numHidden, 20);
+}
+
+TEST(RoundingNotice, AForceHiddenByALostPivotIsSaidToBe) {
+  Truss truss = Panel(1, 6, 3);
+  const TrussAnalysis analysis = SolveTruss(truss);
+  const TrussGraph graph = GraphOf(truss, analysis);
+  Rounding rounding;
+  rounding.Verdict.Rank = 8;
+  rounding.ShownRank = 7;
+  rounding.Figures.Hidden = {{.Unknown = 2, .Value = {}, .Remnant = 0.5}};
+  EXPECT_EQ(
+      RoundingNotice(graph, rounding, {}),
+      "Exactly, the equations determine Ay, but the reduced matrix leaves it open because directions are "
+      "rounded to single precision: it has 7 pivots, where exactly there are 8.");
+}
+
+TEST(DifferentReadings, TellTheForcesAlsoWhereTheOutcomesDiffer) {
+  const Truss truss = HexagonOf(3, 0).Force(-4, -3, 0, -1000);
+  EXPECT_THAT(Opening(truss),
+              AllOf(HasSubstr("exactly, the system is redundant"),
+                    HasSubstr(".  Exactly, AD, AE, AF, BD, BE, BF and 3 more are left open, but the reduced "
+                              "matrix shows numbers for them.  More stands")));
+  EXPECT_THAT(NoticeOf(truss), HasSubstr("do not hold: directions are rounded to single precision, and a "
+                                         "remnant of that stands as a pivot where exactly there is none."));
+}
+
 TEST(RoundingNotice, WithinTheFiguresNumbersHoldThoughExactlyThereAreNone) {
   const Explanation explanation = ExplainRounding(PolarTie());
   ASSERT_EQ(explanation.Exact.Verdict.Code(), Outcome::Inconsistent);
@@ -244,7 +328,7 @@ TEST(RoundingNotice, WhatIsAsLargeAsTheLoadIsNoRemnant) {
 TEST(DifferentReadings, AreNotMentionedWhereAllSayTheSame) {
   EXPECT_THAT(Opening(PlainTriangle()), StartsWith("This truss has no independent motions"));
   EXPECT_THAT(Opening(HexagonOf(3.01F)), StartsWith("This truss has no independent motions"));
-  EXPECT_THAT(DifferentReadings({}), IsEmpty());
+  EXPECT_THAT(DifferentReadings({}, {}, {}), IsEmpty());
 }
 
 TEST(DifferentReadings, SayWhatEachOfTheThreeSays) {
@@ -255,7 +339,7 @@ TEST(DifferentReadings, SayWhatEachOfTheThreeSays) {
     if (exact == Outcome::Inconsistent) rounding.Verdict.AugmentedRank = 2;
     rounding.Figures.Within = within;
     rounding.Shown = shown;
-    return DifferentReadings(rounding);
+    return DifferentReadings({}, rounding, {});
   };
   for (const Outcome exact : {Outcome::Neither, Outcome::Redundant, Outcome::Inconsistent}) {
     for (const Outcome within : {Outcome::Neither, Outcome::Redundant, Outcome::Inconsistent}) {

@@ -41,6 +41,8 @@ class HandText {
   HandStepText Together(const HandStep& step) const;
   void AddEquations(const HandStep& step, std::vector<std::string>& lines) const;
   std::string PutAside(const HandStep& step) const;
+  void AddAgreement(const Classification& shown, std::vector<std::string>& lines) const;
+  void AddOtherForces(const Classification& shown, std::vector<std::string>& lines) const;
   std::string Agreement(const Classification& shown) const;
 
   const TrussGraph& graph_;

@@ -13,13 +13,13 @@ constexpr float BetweenRows = 3;
 
 struct Meaning {
   LegendSample Sample;
-  const char* Words;
+  const char* Words;  // null where they are the truss's own
 };
 
 constexpr std::array Meanings = {Meaning{LegendSample::Compression, "compression (C)"},
                                  Meaning{LegendSample::Tension, "tension (T)"},
                                  Meaning{LegendSample::Zero, "zero"},
-                                 Meaning{LegendSample::Undetermined, "undetermined (?)"},
+                                 Meaning{LegendSample::Undetermined, nullptr},
                                  Meaning{LegendSample::Load, "load"},
                                  Meaning{LegendSample::Reaction, "reaction"}};
 
@@ -34,10 +34,11 @@ class Layout {
     y_ = Border;
   }
 
-  void AddItems() {
+  void AddItems(const std::string& unknown) {
     float x = Border;
     for (const Meaning& meaning : Meanings) {
-      const TextExtent words = measure_(font_, meaning.Words);
+      const std::string text = meaning.Words != nullptr ? meaning.Words : unknown + " (?)";
+      const TextExtent words = measure_(font_, text);
       const float width = LegendSampleLength + BesideSample + words.Width;
       if (x > Border && x + width > right_) {
         x = Border;
@@ -46,7 +47,7 @@ class Layout {
       legend_.Items.push_back({.Sample = meaning.Sample,
                                .Left = {x, y_ + words.Height / 2},
                                .TextTopLeft = {x + LegendSampleLength + BesideSample, y_},
-                               .Words = meaning.Words});
+                               .Words = text});
       Cover(x + width, words.Height);
       x += width + BetweenItems;
     }
@@ -98,10 +99,10 @@ class Layout {
 
 }  // namespace
 
-ForcesLegend LayOutLegend(const std::vector<std::string>& remarks, float width, float points,
-                          const TextMeasure& measure) {
+ForcesLegend LayOutLegend(const std::string& unknown, const std::vector<std::string>& remarks, float width,
+                          float points, const TextMeasure& measure) {
   Layout layout(width, points, measure);
-  layout.AddItems();
+  layout.AddItems(unknown);
   layout.AddText(HowToRead);
   for (const std::string& remark : remarks) layout.AddText(remark);
   return layout.Done();

@@ -31,7 +31,7 @@ struct ForcesLegend {
 
 inline constexpr float LegendSampleLength = 30;
 
-/// As wide as `width` at most, unless a single word is wider: the samples, how to read the numbers, and the
-/// remarks, each beginning a line.
-ForcesLegend LayOutLegend(const std::vector<std::string>& remarks, float width, float points,
-                          const TextMeasure& measure);
+/// As wide as `width` at most, unless a single word is wider: the samples, with `unknown` for what has "?";
+/// how to read the numbers, and the remarks, each beginning a line.
+ForcesLegend LayOutLegend(const std::string& unknown, const std::vector<std::string>& remarks, float width,
+                          float points, const TextMeasure& measure);

@@ -64,10 +64,12 @@ Picture ForcesPicture(const ForcesScene& scene, const TextMeasure& measure, floa
   std::vector<std::string> remarks = RemarksOn(scene.Forces);
   if (drawing.NumLeftOut > 0) {
     remarks.push_back(Counted(drawing.NumLeftOut, "number has", "numbers have") +
-                      " no room here: they stand in the table of the solutions.");
+                      " no room here: " + (drawing.NumLeftOut == 1 ? "it stands" : "they stand") +
+                      " in the table of the solutions.");
   }
-  const ForcesLegend legend = LayOutLegend(
-      remarks, std::max(NarrowForcesPicture - AroundPicture, frame.Width()), scene.Points, measure);
+  const ForcesLegend legend =
+      LayOutLegend(WordForUnknown(scene.Forces), remarks,
+                   std::max(NarrowForcesPicture - AroundPicture, frame.Width()), scene.Points, measure);
   PaintLegend(picture, legend, {frame.Left, frame.Bottom + AboveLegend}, look);
   picture.Crop(MarginOfPicture);
   return picture;

@@ -48,10 +48,17 @@ std::vector<ForceRow> ForceRows(const TrussForces& forces, const ReportFormat& f
     rows.push_back({.Name = unknown.Name,
                     .Where = WhereOf(unknown, names),
                     .Force = ForceOf(unknown, force, format),
-                    .Number = force.Sense == ForceSense::Undetermined ? "undetermined"
+                    .Number = force.Sense == ForceSense::Undetermined ? WordForUnknown(forces)
                                                                       : TableNumber(force.Value, format)});
   }
   return rows;
+}
+
+std::string RoomText(int leftOut, int all) {
+  if (leftOut == 0) return "Every number has its place. Drag to move, click a force to find it.";
+  const bool one = leftOut == 1;
+  return std::to_string(leftOut) + " of " + Counted(all, "number", "numbers") + (one ? " has" : " have") +
+         " no room at this size: zoom in to see " + (one ? "it." : "them.");
 }
 
 std::string DescribeForces(const TrussForces& forces, const ReportFormat& format) {
@@ -64,7 +71,7 @@ std::string DescribeForces(const TrussForces& forces, const ReportFormat& format
     pushing += int{sense == ForceSense::Pushing};
     pulling += int{sense == ForceSense::Pulling};
     zero += int{sense == ForceSense::Zero};
-    open += int{sense == ForceSense::Undetermined};
+    open += int{sense == ForceSense::Undetermined && forces.HasSolution()};
     members.push_back(names.Force(k) + ' ' + ForceOf(forces.Graph.Unknowns[k], forces.Unknowns[k], format));
   }
   std::vector<std::string> counts;
@@ -72,7 +79,8 @@ std::string DescribeForces(const TrussForces& forces, const ReportFormat& format
                                    CountOf(zero, " without force"), CountOf(open, " undetermined")}) {
     if (!count.empty()) counts.push_back(count);
   }
-  std::string text = "Drawing of the truss with its forces";
+  std::string text =
+      forces.HasSolution() ? "Drawing of the truss with its forces" : "Drawing of the truss, without forces";
   if (!counts.empty()) text += ": " + ListOf(counts);
   text += '.';
   if (forces.HasSolution() && !members.empty()) (text += ' ').append(ListOf(members, MostTold)) += '.';

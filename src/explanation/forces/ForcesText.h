@@ -18,6 +18,9 @@ struct ForceRow {
 /// In the order of the solutions.
 std::vector<ForceRow> ForceRows(const TrussForces& forces, const ReportFormat& format);
 
+/// Whether all numbers of the drawing have their places: "2 of 19 numbers have no room at this size ...".
+std::string RoomText(int leftOut, int all);
+
 /// The heads of the list's columns.
 inline constexpr const char* ForceRowHeads[] = {"Force", "Where", "Magnitude", "Number"};
 

@@ -94,7 +94,8 @@ void ForcesView::DrawAnew() {
     const TextMeasure measure = [this](const TextFont& font, std::string_view text) {
       return measure_.Measure(font, text);
     };
-    legend_ = LayOutLegend(RemarksOn(shown_->Forces), static_cast<float>(width()), shown_->Points, measure);
+    legend_ = LayOutLegend(WordForUnknown(shown_->Forces), RemarksOn(shown_->Forces),
+                           static_cast<float>(width()), shown_->Points, measure);
     zoom_ = std::clamp(zoom_, 1.0, LargestZoom(shown_->Forces, Room()));
     drawn_ = DrawForces({.Document = *shown_->Document, .Forces = shown_->Forces, .Points = shown_->Points},
                         Room(), zoom_, measure);

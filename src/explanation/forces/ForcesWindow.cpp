@@ -184,11 +184,7 @@ void ForcesWindow::ShowState() {
   const std::optional<ForcesDrawing>& drawn = picForces_->Drawn();
   const int leftOut = drawn ? drawn->NumLeftOut : 0;
   const auto all = leftOut + static_cast<int>(drawn ? drawn->Labels.size() : 0);
-  lblRoom_->setText(
-      leftOut == 0 ? QStringLiteral("Every number has its place. Drag to move, click a force to find it.")
-                   : QStringLiteral("%1 of %2 numbers have no room at this size: zoom in to see them.")
-                         .arg(leftOut)
-                         .arg(all));
+  lblRoom_->setText(ToQt(RoomText(leftOut, all)));
   const double zoom = picForces_->Zoom();
   cmdZoomIn_->setEnabled(drawn && picForces_->MayZoomIn());
   cmdZoomOut_->setEnabled(drawn && zoom > 1);

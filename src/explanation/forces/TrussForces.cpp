@@ -70,6 +70,11 @@ TrussForces ForcesOf(ExplanationOnDemand&& reasons, const ReportFormat& format) 
   return ForcesOf(reasons, format);
 }
 
+const char* WordForUnknown(const TrussForces& forces) {
+  if (forces.HasSolution()) return "undetermined";
+  return forces.Exact == Outcome::Inconsistent ? "no solution" : "not found";
+}
+
 std::vector<std::string> RemarksOn(const TrussForces& forces) {
   if (!forces.HasSolution() && forces.Exact == Outcome::Inconsistent)
     return {"There is no solution: no forces hold this truss in balance under these loads."};

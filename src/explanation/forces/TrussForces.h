@@ -40,6 +40,10 @@ struct TrussForces {
 TrussForces ForcesOf(ExplanationOnDemand& reasons, const ReportFormat& format);
 TrussForces ForcesOf(ExplanationOnDemand&& reasons, const ReportFormat& format);
 
+/// What a force with "?" is: "undetermined" where the equations leave it open; where no force has a value,
+/// because there is "no solution", or because rounding has left none, "not found".
+const char* WordForUnknown(const TrussForces& forces);
+
 /// What must be known beside the forces, each a sentence: that there are none, that exactly it is otherwise,
 /// that they hold for these loads only, that some are undetermined or so small that they may be remnants of
 /// rounding.

@@ -106,6 +106,105 @@ TEST(HandText, SaysWhatIsNotDetermined) {
   EXPECT_EQ(told.Closing().front(), "The equations do not determine p, r and a.");
 }
 
+// Six joints on a circle but for A, which is `a` from the middle; at 5 they are in their critical form.
+TrussBuilder HandHexagon(float a) {
+  return TrussBuilder()
+      .Member(a, 0, 3, 4, "AD")
+      .Member(a, 0, -5, 0, "AE")
+      .Member(a, 0, 0, -5, "AF")
+      .Member(-3, 4, 3, 4, "BD")
+      .Member(-3, 4, -5, 0, "BE")
+      .Member(-3, 4, 0, -5, "BF")
+      .Member(-4, -3, 3, 4, "CD")
+      .Member(-4, -3, -5, 0, "CE")
+      .Member(-4, -3, 0, -5, "CF")
+      .Clamp(-4, -3, "Cx", "Cy")
+      .Roller(0, -5, "F")
+      .Force(-3, 4, 0, -1000);
+}
+
+TEST(HandText, SaysInHowManyFiguresTheValuesAgree) {
+  const ToldByHand told(HandHexagon(5.005F));
+  EXPECT_THAT(
+      told.Closing(),
+      ElementsAre("Every force is found.",
+                  "The values agree with the solutions that the reduced matrix gives only in the first "
+                  "3 figures: BF is -6.32350E+5 here and -6.32393E+5 there, because its directions are "
+                  "rounded to single precision."));
+  EXPECT_EQ(ToldByHand(HandHexagon(5.005F), 3).Closing().back(),
+            "The values agree with the solutions that the reduced matrix gives.");
+  EXPECT_EQ(ToldByHand(HandHexagon(7)).Closing().back(),
+            "The values agree with the solutions that the reduced matrix gives.");
+}
+
+// Whether the shown figures are the same is what the closing says.
+TEST(HandText, SaysThatTheValuesAgreeOnlyWhereTheFiguresDo) {
+  int numDifferent = 0;
+  for (int i = 1; i <= 60; ++i) {
+    for (const int figures : {3, 4, 6}) {
+      const ToldByHand told(HandHexagon(5 + 0.003F * static_cast<float>(i)), figures);
+      bool areAlike = true;
+      for (int k = 1; k <= told.Graph.NumUnknowns(); ++k) {
+        areAlike = areAlike && FormatSigFigs(told.Solution.Values[k].value(), told.Format) ==
+                                   FormatSigFigs(told.Reading.Values[k].value(), told.Format);
+      }
+      const bool saysSo =
+          told.Closing().back() == "The values agree with the solutions that the reduced matrix gives.";
+      EXPECT_EQ(saysSo, areAlike) << i << ", " << figures << ": " << told.Closing().back();
+      numDifferent += areAlike ? 0 : 1;
+    }
+  }
+  EXPECT_GT(numDifferent, 10);
+  EXPECT_LT(numDifferent, 170);
+}
+
+TEST(HandText, SaysWhichSmallValuesAreRemnantsInTheSolutions) {
+  const ToldByHand told(HandTriangle());
+  Classification reading = told.Reading;
+  reading.Values[1] = 3e-5;  // Ax, which is 0
+  const HandText writer(told.Graph, told.Solution, told.Format);
+  EXPECT_EQ(
+      writer.Closing(reading).back(),
+      "The values agree with the solutions that the reduced matrix gives, but the small ones less: Ax in "
+      "none, because its directions are rounded to single precision.");
+  reading.Values[3] = 501;  // B, which is 500
+  EXPECT_EQ(
+      writer.Closing(reading).back(),
+      "The values agree with the solutions that the reduced matrix gives only in the first 2 figures: B is "
+      "500 here and 501 there; the small ones less: Ax in none, because its directions are rounded to "
+      "single precision.");
+}
+
+TEST(HandText, SaysWhichForcesTheReducedMatrixLeavesOpen) {
+  const ToldByHand panel(TrussBuilder()
+                             .Member(0, 0, 8, 0, "AB")
+                             .Member(8, 0, 6, 3, "BC")
+                             .Member(6, 3, 1, 3, "CD")
+                             .Member(0, 0, 1, 3, "AD")
+                             .Member(0, 0, 6, 3, "AC")
+                             .Member(8, 0, 1, 3, "BD")
+                             .Clamp(0, 0, "Ax", "Ay")
+                             .Clamp(8, 0, "Bx", "By")
+                             .Force(6, 3, 0, -1000));
+  EXPECT_THAT(panel.Closing(),
+              ElementsAre("The equations do not determine Ax, Bx, AB, AC, AD, BC, BD and CD.",
+                          "The reduced matrix leaves Ay and By open, because its directions are rounded to "
+                          "single precision."));
+}
+
+TEST(HandText, SaysWhichNumbersOfTheReducedMatrixDoNotHold) {
+  const ToldByHand told(HandTriangle());
+  HandSolution solution = told.Solution;
+  const int last = told.Graph.NumUnknowns();
+  solution.Values[last].reset();
+  EXPECT_THAT(
+      HandText(told.Graph, solution, told.Format).Closing(told.Reading),
+      ElementsAre("The equations do not determine BC.",
+                  "For BC the reduced matrix shows a number that does not hold, because its directions "
+                  "are rounded to single precision.",
+                  "The values agree with the solutions that the reduced matrix gives."));
+}
+
 // "0.8 \xB7 3125 + (-1000) + CH", with what is sought put in.
 double ValueOf(const std::string& side, const std::map<std::string, double>& values) {
   const auto split = [](const std::string& text, const std::string& by) {

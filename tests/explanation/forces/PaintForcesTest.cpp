@@ -128,8 +128,9 @@ TEST(PaintForces, TextsStandInTheirBoxesLineByLine) {
 TEST(ForcesLegend, ShowsEverySampleAndHowToReadTheNumbers) {
   for (const float width : {120.0F, 300.0F, 900.0F}) {
     const ForcesLegend legend =
-        LayOutLegend({"A remark of several words."}, width, 8, RecordingSurface::Measure);
+        LayOutLegend("no solution", {"A remark of several words."}, width, 8, RecordingSurface::Measure);
     EXPECT_THAT(legend.Items, SizeIs(6));
+    EXPECT_THAT(legend.Items, Contains(Field(&LegendItem::Words, "no solution (?)")));
     EXPECT_LE(legend.Width, std::max(width, 160.0F)) << "what one sample needs";
     std::string words;
     for (const LegendLine& line : legend.Lines) words += line.Words + ' ';
@@ -141,7 +142,7 @@ TEST(ForcesLegend, ShowsEverySampleAndHowToReadTheNumbers) {
 }
 
 TEST(ForcesLegend, ItsSamplesArePaintedAsTheForcesAre) {
-  const ForcesLegend legend = LayOutLegend({}, 900, 8, RecordingSurface::Measure);
+  const ForcesLegend legend = LayOutLegend("undetermined", {}, 900, 8, RecordingSurface::Measure);
   RecordingSurface surface;
   PaintLegend(surface, legend, {100, 200}, {});
   for (const int colour : {DeepBlue, Rose, DarkGrey, Black, int{ForceColour}, 2})
@@ -162,6 +163,19 @@ TEST(ForcesPicture, HasTheDrawingWithItsLegendBelow) {
   ASSERT_NE(legend, surface.Texts.end());
   EXPECT_GT(legend->Top, load->Top);
   EXPECT_LE(picture.Frame().Width(), 640);
+}
+
+TEST(ForcesPicture, OfATrussWithoutSolutionCallsNothingUndetermined) {
+  for (const bool hasSolution : {false, true}) {
+    const SolvedForces truss = hasSolution ? CrossedSquareForces() : SwayingSquareForces();
+    RecordingSurface surface;
+    ForcesPicture(truss.Scene(), RecordingSurface::Measure).DrawOn(surface);
+    const auto tells = [&](const char* words) {
+      return std::ranges::find(surface.Texts, words, &DrawnText::Text) != surface.Texts.end();
+    };
+    EXPECT_EQ(tells("undetermined (?)"), hasSolution);
+    EXPECT_EQ(tells("no solution (?)"), !hasSolution);
+  }
 }
 
 TEST(ForcesPicture, GrowsUntilEveryTextHasItsPlace) {

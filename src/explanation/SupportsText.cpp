@@ -1,0 +1,70 @@
+#include "explanation/SupportsText.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "explanation/RigidMotions.h"
+
+namespace {
+
+// How many unknowns are reactions, and how many of them hold anything.
+struct Reactions {
+  int Count = 0;
+  int CountThatHold = 0;
+};
+
+Reactions ReactionsOf(const TrussGraph& graph) {
+  Reactions reactions;
+  for (int k = 1; k <= graph.NumUnknowns(); ++k) {
+    const PlacedUnknown& unknown = graph.Unknowns[k];
+    if (unknown.IsMember()) continue;
+    ++reactions.Count;
+    reactions.CountThatHold += unknown.Sign != 0 ? 1 : 0;
+  }
+  return reactions;
+}
+
+// Why no reaction stands against a motion of the whole truss.
+std::string WhyNoneResists(const RigidMotion& motion, const DistinctNames& names) {
+  if (motion.Turns) {
+    return "the lines of all reactions pass through " + names.Point(motion.CentreX, motion.CentreY) +
+           ", so that none of them has a moment about it";
+  }
+  return std::string("no reaction acts ") + (motion.Ux != 0 ? "sideways" : "up or down");
+}
+
+}  // namespace
+
+bool KeepsItsShape(const Explanation& explanation) {
+  return std::ranges::all_of(explanation.Exact.Motions,
+                             [](const Motion& motion) { return motion.Kind == MotionKind::Rigid; });
+}
+
+std::string NoSupportsText(const Explanation& explanation) {
+  if (ReactionsOf(explanation.Graph).Count > 0) return {};
+  const std::string text = "This truss has no supports at all: nothing holds it in its place.  ";
+  // Three motions are those of a rigid piece, and a clamp and a roller stop just these.
+  constexpr int ofARigidPiece = 3;
+  const bool isOnePiece =
+      KeepsItsShape(explanation) && explanation.Exact.Verdict.Mechanisms() == ofARigidPiece;
+  return text + (isOnePiece
+                     ? "It keeps its shape by itself, so a clamp and a roller would hold it: the roller "
+                       "at another joint, and so that its line does not pass through the clamp."
+                     : "A clamp and a roller alone would not hold it: it does not keep its shape either.");
+}
+
+std::string TrianglesText(const Explanation& explanation, const DistinctNames& names) {
+  std::string reasons;
+  if (ReactionsOf(explanation.Graph).CountThatHold == 0) {
+    reasons = "no reaction holds it at all";
+  } else {
+    for (const RigidMotion& motion : RigidMotions(explanation.Graph))
+      reasons += (reasons.empty() ? "" : "; ") + WhyNoneResists(motion, names);
+  }
+  return "The truss keeps its shape; it is its supports that let it move as a whole.  Counting's sentence "
+         "\"If "
+         "the truss consists only of triangles then this is guaranteed\" speaks of the shape, which "
+         "triangles "
+         "keep, and takes for granted that the supports hold it.  Here they do not: " +
+         reasons + ".";
+}
