@@ -60,16 +60,17 @@ class RoundingWriter {
   std::string WrongNumbers() const {
     const std::vector<int>& open = on_.ShownThoughOpen;
     if (!on_.HoldsNoNumber() && open.empty()) return {};
+    const bool one = open.size() == 1;
     std::string text;
     if (on_.HoldsNoNumber()) {
       text = "None of the numbers shown for the forces holds, be they large or small";
     } else {
-      text = "The equations leave " + Names(open) + " open; the numbers shown for " +
-             (open.size() == 1 ? "it" : "them") + " do not hold";
+      text = "The equations leave " + Names(open) + " open; the " +
+             (one ? "number shown for it does" : "numbers shown for them do") + " not hold";
     }
     if (on_.ShownMagnification > NearlyAMechanism) {
-      text += ": with up to " + Number(on_.ShownMagnification) +
-              " times the largest load they come from dividing by a remnant of rounding";
+      text += ": with up to " + Number(on_.ShownMagnification) + " times the largest load " +
+              (one ? "it comes" : "they come") + " from dividing by a remnant of rounding";
     } else if (!open.empty()) {
       text += on_.ShownRank > on_.Verdict.Rank
                   ? ": directions are rounded to single precision, and a remnant of that stands as a pivot "

@@ -237,6 +237,22 @@ TEST(RoundingNotice, AForceHiddenByALostPivotIsSaidToBe) {
       "rounded to single precision: it has 7 pivots, where exactly there are 8.");
 }
 
+TEST(RoundingNotice, ANumberForAnOpenForceMayComeFromACoefficientThatIsLost) {
+  Truss truss = Panel(1, 6, 3);
+  const TrussAnalysis analysis = SolveTruss(truss);
+  const TrussGraph graph = GraphOf(truss, analysis);
+  Rounding rounding;
+  rounding.Verdict.Rank = 8;
+  rounding.ShownRank = 8;
+  rounding.ShownThoughOpen = {5};
+  EXPECT_EQ(
+      RoundingNotice(graph, rounding, {}),
+      "The equations leave AB open; the number shown for it does not hold: directions are rounded to single "
+      "precision, and a coefficient that exactly is not 0 counts as nothing.");
+  EXPECT_THAT(DifferentReadings(graph, rounding, {}),
+              HasSubstr("exactly, AB is left open, but the reduced matrix shows a number for it."));
+}
+
 TEST(DifferentReadings, TellTheForcesAlsoWhereTheOutcomesDiffer) {
   const Truss truss = HexagonOf(3, 0).Force(-4, -3, 0, -1000);
   EXPECT_THAT(Opening(truss),
@@ -334,7 +350,7 @@ TEST(DifferentReadings, AreNotMentionedWhereAllSayTheSame) {
 TEST(DifferentReadings, SayWhatEachOfTheThreeSays) {
   const auto text = [](Outcome exact, Outcome within, Outcome shown) {
     Rounding rounding;
-    rounding.Verdict = {.NumEquations = 2, .NumUnknowns = 2, .Rank = 2, .AugmentedRank = 2};
+    rounding.Verdict = {.NumEquations = 2, .NumUnknowns = 2, .Rank = 2, .AugmentedRank = 2, .Determined = {}};
     if (exact != Outcome::Neither) rounding.Verdict.Rank = rounding.Verdict.AugmentedRank = 1;
     if (exact == Outcome::Inconsistent) rounding.Verdict.AugmentedRank = 2;
     rounding.Figures.Within = within;

@@ -1,10 +1,12 @@
 // See the header.
 #include "explanation/byjoint/EquationText.h"
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
+#include <numbers>
+#include <string_view>
 
-#include "document/Angles.h"
 #include "explanation/Directions.h"
 #include "explanation/RigidityMatrix.h"
 #include "text/NumberText.h"
@@ -33,6 +35,30 @@ double SumOf(const BalanceEquation& equation, bool positive) {
 // A factor that would be written as 1 is left out.
 bool IsOne(double factor) { return std::abs(factor - 1) < 1e-12; }
 
+// Whether a name reads like a number or like more than one thing where it stands in an equation.
+bool IsMistakable(const std::string& name) {
+  return name.find_first_of(" ()[]=+*/\xB7") != std::string::npos ||
+         (!name.empty() && std::string_view("0123456789.,-").find(name.front()) != std::string_view::npos);
+}
+
+// P times the first sought force and Q times the second make Right; P is positive.
+struct SortedEquation {
+  double P = 0, Q = 0, Right = 0;
+};
+
+SortedEquation Sorted(const BalanceEquation& equation, int first) {
+  SortedEquation sorted;
+  for (const BalanceTerm& term : equation.Terms) {
+    if (term.IsSought) {
+      (term.Unknown == first ? sorted.P : sorted.Q) += term.Factor;
+    } else {
+      sorted.Right -= term.Factor * term.Force;
+    }
+  }
+  const double sign = sorted.P < 0 ? -1 : 1;
+  return {sign * sorted.P, sign * sorted.Q, sign * sorted.Right};
+}
+
 }  // namespace
 
 std::string EquationText::What(const BalanceEquation& equation) const {
@@ -52,33 +78,53 @@ std::string EquationText::What(const BalanceEquation& equation) const {
 // A bare name where the whole force counts; nothing then.
 std::string EquationText::Angle(const BalanceEquation& equation, const BalanceTerm& term) const {
   if (equation.Kind == BalanceKind::Moment) return "";
-  const auto inBrackets = [this](const char* function, double radians) {
-    return ' ' + std::string(function) + '(' +
-           FixedText(radians * 180 / HalfTurn, 1, format_.Numbers.DecimalSeparator) + ')';
-  };
   if (IsOne(std::abs(term.Factor))) return "";
-  if (equation.Kind == BalanceKind::Across) return inBrackets("sin", std::asin(std::abs(term.Factor)));
+  if (equation.Kind == BalanceKind::Across)
+    return " sin(" + Degrees(std::asin(std::abs(term.Factor)), false) + ')';
   if (term.Unknown == 0 || !graph_.Unknowns[term.Unknown].IsMember()) return "";
   const PlacedJoint& a = graph_.Joints[graph_.Unknowns[term.Unknown].JointA];
   const PlacedJoint& b = graph_.Joints[graph_.Unknowns[term.Unknown].JointB];
   const double dx = std::abs(WrittenDifference(a.X, b.X));
   const double dy = std::abs(WrittenDifference(a.Y, b.Y));
   if (dx == 0 || dy == 0) return "";
-  return inBrackets(equation.Kind == BalanceKind::X ? "cos" : "sin", std::atan2(dy, dx));
+  return (equation.Kind == BalanceKind::X ? " cos(" : " sin(") + Degrees(std::atan2(dy, dx), true) + ')';
+}
+
+// A table of sines gives the numbers of the equations from what is written here.
+std::string EquationText::Degrees(double radians, bool withCosine) const {
+  constexpr int mostDecimals = 15;
+  const double degrees = radians * 180 / std::numbers::pi;
+  int decimals = 1;
+  for (; decimals < mostDecimals; ++decimals) {
+    const double unit = std::pow(10, decimals);
+    const double shown = std::round(degrees * unit) / unit * std::numbers::pi / 180;
+    if (Number(std::sin(shown)) == Number(std::sin(radians)) &&
+        (!withCosine || Number(std::cos(shown)) == Number(std::cos(radians))))
+      break;
+  }
+  return FixedText(degrees, decimals, format_.Numbers.DecimalSeparator) + '\xB0';
+}
+
+std::string EquationText::Name(int unknown) const {
+  const std::string& name = names_.Force(unknown);
+  return IsMistakable(name) ? '[' + name + ']' : name;
+}
+
+std::string EquationText::Product(double factor, const std::string& force) const {
+  return IsOne(factor) ? force : Number(factor) + TimesSign + force;
 }
 
 std::string EquationText::Letters(const BalanceEquation& equation, const BalanceTerm& term) const {
-  const std::string name = term.Unknown == 0 ? Number(term.Force) : names_.Force(term.Unknown);
-  if (equation.Kind == BalanceKind::Moment && !IsOne(std::abs(term.Factor)))
-    return Number(std::abs(term.Factor)) + TimesSign + name;
-  return name + Angle(equation, term);
+  const bool isLoad = term.Unknown == 0;
+  const std::string name = isLoad ? Number(term.Force) : Name(term.Unknown);
+  if (equation.Kind != BalanceKind::Moment) return name + Angle(equation, term);
+  return Product(std::abs(term.Factor), name) + (isLoad ? " (load at " + names_.Joint(term.Joint) + ')' : "");
 }
 
 std::string EquationText::Numbers(const BalanceTerm& term) const {
-  std::string force = term.IsSought ? names_.Force(term.Unknown) : Number(term.Force);
+  std::string force = term.IsSought ? Name(term.Unknown) : Number(term.Force);
   if (!term.IsSought && term.Force < 0) force = '(' + force + ')';
-  const double factor = std::abs(term.Factor);
-  return IsOne(factor) ? force : Number(factor) + TimesSign + force;
+  return Product(std::abs(term.Factor), force);
 }
 
 std::string EquationText::InLetters(const BalanceEquation& equation) const {
@@ -87,6 +133,13 @@ std::string EquationText::InLetters(const BalanceEquation& equation) const {
 
 std::string EquationText::WithNumbers(const BalanceEquation& equation) const {
   return TwoSides(equation, [&](const BalanceTerm& term) { return Numbers(term); });
+}
+
+bool EquationText::HasKnownNames(const BalanceEquation& equation) {
+  const bool isMoment = equation.Kind == BalanceKind::Moment;
+  return std::ranges::any_of(equation.Terms, [isMoment](const BalanceTerm& term) {
+    return (term.Unknown != 0 && !term.IsSought) || (!isMoment && !IsOne(std::abs(term.Factor)));
+  });
 }
 
 std::string EquationText::Sense(const UnknownForce& force) const {
@@ -98,7 +151,48 @@ std::string EquationText::Sense(const UnknownForce& force) const {
 }
 
 std::string EquationText::Value(const UnknownForce& force) const {
-  return names_.Force(force.Unknown) + " = " + Number(force.Value) + Sense(force);
+  return Name(force.Unknown) + " = " + Number(force.Value) + Sense(force);
+}
+
+std::string EquationText::Quotient(const UnknownForce& force, double over, double factor) const {
+  if (Number(over) == "0") return Name(force.Unknown) + " = 0";
+  return Name(force.Unknown) + " = " + (IsOne(factor) ? "" : Number(over) + " / " + Number(factor) + " = ") +
+         Number(force.Value) + Sense(force);
+}
+
+std::vector<std::string> EquationText::Together(const BalanceEquation& one, const BalanceEquation& other,
+                                                const std::vector<UnknownForce>& solved) const {
+  const UnknownForce& first = solved[0];
+  const UnknownForce& second = solved[1];
+  const SortedEquation a = Sorted(one, first.Unknown);
+  const SortedEquation b = Sorted(other, first.Unknown);
+  const auto text = [&](const SortedEquation& sorted, const std::string& name) {
+    return Product(sorted.P, Name(first.Unknown)) + (sorted.Q < 0 ? " - " : " + ") +
+           Product(std::abs(sorted.Q), name) + " = " + Number(sorted.Right);
+  };
+  std::vector<std::string> lines = {"What is sought to the left:  " + text(a, Name(second.Unknown)) +
+                                    "  and  " + text(b, Name(second.Unknown))};
+  const std::string factorOfOne = Number(b.P);
+  const std::string factorOfOther = Number(a.P);
+  const bool asTheyAre = factorOfOne == factorOfOther;
+  const double left = asTheyAre ? a.Q - b.Q : a.Q * b.P - b.Q * a.P;
+  std::string how;
+  if (asTheyAre) {
+    how = left > 0 ? "The first less the second" : "The second less the first";
+  } else {
+    const auto times = [](const std::string& number) { return number == "1" ? "" : " times " + number; };
+    const std::string timesOne = "he first" + times(factorOfOne);
+    const std::string timesOther = "he second" + times(factorOfOther);
+    how = left > 0 ? 'T' + timesOne + " less t" + timesOther : 'T' + timesOther + " less t" + timesOne;
+  }
+  const double factor = std::abs(left);
+  const double over = factor * second.Value;
+  lines.push_back(how + ":  " + Product(factor, Name(second.Unknown)) + " = " + Number(over));
+  lines.push_back("So  " + Quotient(second, over, factor) + '.');
+  const std::string value = Number(second.Value);
+  lines.push_back("Put into the first:  " + text(a, second.Value < 0 ? '(' + value + ')' : value));
+  lines.push_back("So  " + Quotient(first, a.P * first.Value, a.P) + '.');
+  return lines;
 }
 
 std::string EquationText::Result(const BalanceEquation& equation) const {
@@ -113,11 +207,7 @@ std::string EquationText::Result(const BalanceEquation& equation) const {
       }
     }
     const double over = factor > 0 ? -known : known;
-    const UnknownForce force{equation.Solved, over / std::abs(factor)};
-    const bool isPlain = IsOne(std::abs(factor)) || Number(over) == "0";
-    return names_.Force(equation.Solved) + " = " +
-           (isPlain ? "" : Number(over) + " / " + Number(std::abs(factor)) + " = ") +
-           (Number(over) == "0" ? "0" : Number(force.Value) + Sense(force));
+    return Quotient({equation.Solved, over / std::abs(factor)}, over, std::abs(factor));
   }
   if (equation.Use == BalanceUse::SolvesTogether) return "";
   const std::string left = Number(SumOf(equation, true));

@@ -19,6 +19,7 @@ enum class BalanceKind {
 /// One force in an equation. The equation says that Factor times Force, over all terms, adds up to 0.
 struct BalanceTerm {
   int Unknown = 0;        ///< 0: a component of a load
+  int Joint = 0;          ///< at which it acts
   bool IsSought = false;  ///< the unknown has no value yet
   double Factor = 0;      ///< of a unit of force: its component, or its moment (length units)
   double Force = 0;       ///< compression positive; of a load the component's magnitude; 0 when sought
@@ -74,7 +75,7 @@ struct HandStep {
   std::vector<int>
       Joints{};            ///< Reactions, Section: the part looked at; Together: whose equations; ascending
   std::vector<int> Cut{};  ///< Section: the members that run out of the part, ascending
-  std::vector<int> LeftOut{};   ///< Joint: the unknowns at it that are known to be 0
+  std::vector<int> LeftOut{};   ///< Joint: the unknowns at it that are known to be 0; ZeroForce: the members
   std::vector<int> PutAside{};  ///< Section: of the sought forces those that the equation does not contain
   std::vector<int> Unknowns{};  ///< Together: sought in these equations, ascending
 };

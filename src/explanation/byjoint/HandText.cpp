@@ -2,6 +2,8 @@
 #include "explanation/byjoint/HandText.h"
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 #include "explanation/Directions.h"
 #include "explanation/SureFigures.h"
@@ -60,14 +62,16 @@ void HandText::AddEquations(const HandStep& step, std::vector<std::string>& line
     const std::string letters = equations_.InLetters(equation);
     const std::string numbers = equations_.WithNumbers(equation);
     lines.push_back((row.empty() ? Capital(what) : row + what) + ":  " + letters);
-    if (numbers != letters) lines.push_back("With numbers:  " + numbers);
+    const std::string noArm = LoadsWithoutArm(step, equation);
+    if (!noArm.empty()) lines.push_back(noArm);
+    if (equations_.HasKnownNames(equation)) lines.push_back("With numbers:  " + numbers);
     const std::string result = equations_.Result(equation);
     if (!result.empty() && result != numbers) lines.push_back("So  " + result + '.');
   }
   const bool together = !step.Equations.empty() && step.Equations.front().Use == BalanceUse::SolvesTogether;
   if (!together) return;
-  lines.push_back("Both together:  " + equations_.Value(step.Solved[0]) + ";  " +
-                  equations_.Value(step.Solved[1]) + '.');
+  for (std::string& line : equations_.Together(step.Equations[0], step.Equations[1], step.Solved))
+    lines.push_back(std::move(line));
 }
 
 HandStepText HandText::Reactions(const HandStep& step) const {
@@ -75,6 +79,8 @@ HandStepText HandText::Reactions(const HandStep& step) const {
   HandStepText text{"Reactions", {}};
   text.Lines.push_back(all ? "The balance of the whole truss."
                            : "The balance of the part with " + names_.Joints(step.Joints) + ".");
+  const std::string loads = LoadsInComponents(step.Joints);
+  if (!loads.empty()) text.Lines.push_back(loads);
   AddEquations(step, text.Lines);
   return text;
 }
@@ -85,22 +91,29 @@ HandStepText HandText::ZeroForce(const HandStep& step) const {
   const std::string zero = names_.Forces(zeros);
   const std::string line = names_.Forces(step.InLine);
   const bool one = step.InLine.size() == 1;
+  // Why members that meet there too do not count.
+  const std::string left = step.LeftOut.empty() ? "" : " left";
+  const std::string already =
+      step.LeftOut.empty()
+          ? ""
+          : " (" + names_.Forces(step.LeftOut) + (step.LeftOut.size() == 1 ? " is" : " are") + " 0 already)";
   std::string why;
   switch (step.Rule) {
     case ZeroRule::Alone:
-      why = "Only " + zero + " is left at " + joint + ", and no load acts there: it carries nothing.";
+      why =
+          "Only " + zero + " is left at " + joint + already + ", and no load acts there: it carries nothing.";
       break;
     case ZeroRule::TwoOutOfLine:
-      why =
-          zero + " are alone at " + joint + ", not in one line and without a load: neither carries anything.";
+      why = zero + " are alone at " + joint + already +
+            ", not in one line and without a load: neither carries anything.";
       break;
     case ZeroRule::ThirdOfThree:
       why = line + " lie in one line at " + joint + ", and no load acts there: " + zero +
-            ", the only other member, carries nothing.";
+            ", the only other member" + left + already + ", carries nothing.";
       break;
     case ZeroRule::LoadAlongOne:
-      why = line + (one ? " lies" : " lie") + " in one line with what acts on " + joint + ": " + zero +
-            ", the only other member, carries nothing.";
+      why = line + (one ? " lies" : " lie") + " in one line with " + WhatActsAt(step.Joint) + " at " + joint +
+            ": " + zero + ", the only other member" + left + already + ", carries nothing.";
       break;
   }
   return {"Nothing in " + zero, {why}};
@@ -122,6 +135,8 @@ HandStepText HandText::Joint(const HandStep& step) const {
                          (one ? ", which is 0." : ", which are 0."));
   }
   if (!step.PutAside.empty()) text.Lines.push_back(PutAside(step));
+  const std::string loads = LoadsInComponents({step.Joint});
+  if (!loads.empty()) text.Lines.push_back(loads);
   AddEquations(step, text.Lines);
   return text;
 }
@@ -137,8 +152,11 @@ std::string HandText::PutAside(const HandStep& step) const {
     return aside + (one ? " passes through " : " meet in ") + names_.Point(equation.AtX, equation.AtY) +
            ", so their moment about it is 0" + alone + '.';
   }
-  return aside + (one ? " has" : " lie in one direction and have") + " no component across" +
-         (one ? " its line" : " it") + alone + '.';
+  const char* component = equation.Kind == BalanceKind::X   ? " no horizontal component"
+                          : equation.Kind == BalanceKind::Y ? " no vertical component"
+                          : one                             ? " no component at right angles to itself"
+                                                            : " no component at right angles to it";
+  return aside + (one ? " has" : " lie in one direction and have") + component + alone + '.';
 }
 
 HandStepText HandText::Section(const HandStep& step) const {
@@ -148,6 +166,8 @@ HandStepText HandText::Section(const HandStep& step) const {
       "The part with " + names_.Joints(step.Joints) + " is looked at." +
       (step.Cut.empty() ? "" : "  The members that are cut act on it at their joints there."));
   if (!step.PutAside.empty()) text.Lines.push_back(PutAside(step));
+  const std::string loads = LoadsInComponents(step.Joints);
+  if (!loads.empty()) text.Lines.push_back(loads);
   AddEquations(step, text.Lines);
   return text;
 }

@@ -41,6 +41,9 @@ class HandText {
   HandStepText Together(const HandStep& step) const;
   void AddEquations(const HandStep& step, std::vector<std::string>& lines) const;
   std::string PutAside(const HandStep& step) const;
+  std::string LoadsInComponents(const std::vector<int>& joints) const;
+  std::string LoadsWithoutArm(const HandStep& step, const BalanceEquation& equation) const;
+  std::string WhatActsAt(int joint) const;
   void AddAgreement(const Classification& shown, std::vector<std::string>& lines) const;
   void AddOtherForces(const Classification& shown, std::vector<std::string>& lines) const;
   std::string Agreement(const Classification& shown) const;

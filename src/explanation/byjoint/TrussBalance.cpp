@@ -166,6 +166,7 @@ void TrussBalance::AddUnknown(int joint, int unknown, const Measure& measure, Ba
   }
   if (IsKnownZero(unknown)) return;
   BalanceTerm term{.Unknown = unknown,
+                   .Joint = joint,
                    .IsSought = !isKnown,
                    .Factor = Measured(measure, force.X, force.Y, places_[joint]),
                    .Force = isKnown ? values_[unknown] : 0};
@@ -191,6 +192,7 @@ void TrussBalance::AddLoads(int joint, const Measure& measure, Balance& balance)
       const double force = Written(alongX ? load.Fx : load.Fy);
       const double sign = force < 0 ? -1 : 1;
       const BalanceTerm term{
+          .Joint = joint,
           .Factor = Measured(measure, alongX ? sign : 0, alongX ? 0 : sign, places_[joint]),
           .Force = std::abs(force)};
       balance.Rest = balance.Rest + part;

@@ -10,6 +10,7 @@ namespace {
 struct Attached {
   std::vector<int> Members;    // sought
   std::vector<int> Reactions;  // sought
+  std::vector<int> Zeros;      // members that are known to carry nothing
   ExactVector Load;            // with the reactions that are known
   bool HasOthers = false;      // a member that is known to carry something
 };
@@ -20,7 +21,12 @@ Attached AttachedTo(const TrussBalance& balance, int joint) {
   for (const int k : balance.ActingAt(joint)) {
     const bool isMember = balance.Graph().Unknowns[k].IsMember();
     if (balance.IsKnown(k)) {
-      attached.HasOthers = attached.HasOthers || (isMember && !balance.IsKnownZero(k));
+      if (!isMember) continue;
+      if (balance.IsKnownZero(k)) {
+        attached.Zeros.push_back(k);
+      } else {
+        attached.HasOthers = true;
+      }
     } else {
       (isMember ? attached.Members : attached.Reactions).push_back(k);
     }
@@ -49,6 +55,7 @@ std::optional<HandStep> ZeroForcesAt(TrussBalance& balance, int joint) {
   if (attached.HasOthers || attached.Members.empty()) return std::nullopt;
   const bool isLoaded = !attached.Load.IsZero() || !attached.Reactions.empty();
   HandStep step{.Kind = HandStepKind::ZeroForce, .Joint = joint};
+  step.LeftOut = attached.Zeros;
   if (attached.Members.size() == 1) {
     if (isLoaded) return std::nullopt;
     step.Solved = {{attached.Members.front(), 0}};

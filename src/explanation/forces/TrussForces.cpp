@@ -50,6 +50,7 @@ TrussForces ForcesOf(ExplanationOnDemand& reasons, const ReportFormat& format) {
   const TrussAnalysis& analysis = reasons.Analysis();
   TrussForces forces{
       .Graph = reasons.Graph(), .Code = analysis.Reading.Code, .Exact = reasons.Rounded().Verdict.Code()};
+  forces.HidesForces = !reasons.Rounded().Figures.Hidden.empty();
   forces.Unknowns.Resize(forces.Graph.NumUnknowns());
   for (int k = 1; k <= forces.Graph.NumUnknowns(); ++k) {
     ForceFound& force = forces.Unknowns[k];
@@ -95,8 +96,13 @@ std::vector<std::string> RemarksOn(const TrussForces& forces) {
   const bool areAllDetermined =
       std::ranges::none_of(forces.Unknowns.First(forces.Unknowns.Size()),
                            [](const ForceFound& force) { return force.Sense == ForceSense::Undetermined; });
-  if (!areAllDetermined)
-    remarks.emplace_back("Forces with \"?\" are undetermined: the equations leave them open.");
+  if (!areAllDetermined) {
+    remarks.emplace_back(
+        forces.HidesForces
+            ? "Forces with \"?\" are undetermined by the reduced matrix; exactly, the equations "
+              "leave not all of them open.  See \"Why this conclusion\"."
+            : "Forces with \"?\" are undetermined: the equations leave them open.");
+  }
   if (MayBeRounding(forces)) {
     remarks.emplace_back(
         "Forces below a millionth of the largest may be remnants of rounding: their sense is not sure.");

@@ -33,6 +33,8 @@ struct TrussForces {
   std::vector<std::string> Loads{};  ///< the text of each of the graph's loads, empty for a load of 0
   double Largest = 0;                ///< magnitude of the largest unknown force, force units
 
+  bool HidesForces = false;  ///< whether forces are exactly determined that the reduced matrix leaves open
+
   bool HasSolution() const { return Code != Outcome::Inconsistent; }
 };
 

@@ -35,19 +35,20 @@ TEST(HandText, TellsTheTriangleFromTheReactionsToTheCheck) {
   const std::vector<HandStepText> texts = ToldByHand(HandTriangle()).Texts();
   ASSERT_EQ(texts.size(), 4U);
   EXPECT_EQ(texts[0].Heading, "Reactions");
-  EXPECT_THAT(texts[0].Lines,
-              ElementsAre("The balance of the whole truss.",
-                          "Moments about joint A, anticlockwise = clockwise:  8 \xB7 B = 4 \xB7 1000",
-                          "So  B = 4000 / 8 = 500.", "Forces right = forces left:  Ax = 0",
-                          "Forces up = forces down:  Ay + B = 1000", "With numbers:  Ay + 500 = 1000",
-                          "So  Ay = 500."));
+  EXPECT_THAT(
+      texts[0].Lines,
+      ElementsAre("The balance of the whole truss.",
+                  "Moments about joint A, anticlockwise = clockwise:  8 \xB7 B = 4 \xB7 1000 (load at C)",
+                  "So  B = 4000 / 8 = 500.", "Forces right = forces left:  Ax = 0",
+                  "Forces up = forces down:  Ay + B = 1000", "With numbers:  Ay + 500 = 1000",
+                  "So  Ay = 500."));
   EXPECT_EQ(texts[1].Heading, "Joint A");
   EXPECT_THAT(
       texts[1].Lines,
       ElementsAre("Sought:  AC and AB, assumed to push into the joint.", "Left out:  Ax, which is 0.",
-                  "A - y, forces up = forces down:  Ay = AC sin(45.0)", "With numbers:  500 = 0.7071 \xB7 AC",
-                  "So  AC = 500 / 0.7071 = 707.1, that is 707.1 C.",
-                  "A - x, forces right = forces left:  0 = AB + AC cos(45.0)",
+                  "A - y, forces up = forces down:  Ay = AC sin(45.0\xB0)",
+                  "With numbers:  500 = 0.7071 \xB7 AC", "So  AC = 500 / 0.7071 = 707.1, that is 707.1 C.",
+                  "A - x, forces right = forces left:  0 = AB + AC cos(45.0\xB0)",
                   "With numbers:  0 = AB + 0.7071 \xB7 707.1", "So  AB = -500, that is 500 T."));
   EXPECT_EQ(texts[3].Heading, "Joint C");
   EXPECT_EQ(texts[3].Lines.front(), "No force is sought here any more: a check.");
@@ -85,12 +86,13 @@ TEST(HandText, TellsForcesWithoutNamesApartByTheirPlaces) {
                             .Roller(8, 0)
                             .Force(4, 4, 0, -1000));
   EXPECT_EQ(told.Texts()[0].Lines[1],
-            "Moments about the joint at (0, 0), anticlockwise = clockwise:  8 \xB7 y-reaction at (8, 0) = "
-            "4 \xB7 1000");
+            "Moments about the joint at (0, 0), anticlockwise = clockwise:  8 \xB7 [y-reaction at (8, 0)] = "
+            "4 \xB7 1000 (load at (4, 4))");
   EXPECT_EQ(told.Texts()[1].Heading, "The joint at (0, 0)");
-  EXPECT_THAT(told.Texts()[1].Lines,
-              testing::Contains("x at (0, 0), forces right = forces left:  0 = member (0, 0) to (8, 0) + x "
-                                "((0, 0) to (4, 4)) cos(45.0)"));
+  EXPECT_THAT(
+      told.Texts()[1].Lines,
+      testing::Contains("x at (0, 0), forces right = forces left:  0 = [member (0, 0) to (8, 0)] + [x "
+                        "((0, 0) to (4, 4))] cos(45.0\xB0)"));
 }
 
 TEST(HandText, SaysWhereTheEquationsContradict) {
@@ -218,7 +220,12 @@ double ValueOf(const std::string& side, const std::map<std::string, double>& val
     return parts;
   };
   double sum = 0;
-  for (const std::string& term : split(side, " + ")) {
+  for (std::string& term : split(side, " + ")) {
+    const std::size_t minus = term.find(" - ");
+    if (minus != std::string::npos) {
+      sum -= ValueOf(term.substr(minus + 3), values);
+      term.resize(minus);
+    }
     double product = 1;
     for (std::string factor : split(term, " \xB7 ")) {
       if (factor.starts_with('(')) factor = factor.substr(1, factor.size() - 2);
@@ -236,7 +243,9 @@ TEST(HandText, ItsNumbersHoldWhenTheyArePutIn) {
     const DistinctNames names(told.Graph, told.Format);
     std::map<std::string, double> values;
     for (int k = 1; k <= told.Graph.NumUnknowns(); ++k) {
-      if (told.Solution.Values[k]) values[names.Force(k)] = *told.Solution.Values[k];
+      if (!told.Solution.Values[k]) continue;
+      values[names.Force(k)] = *told.Solution.Values[k];
+      values['[' + names.Force(k) + ']'] = *told.Solution.Values[k];
     }
     for (const HandStepText& text : told.Texts()) {
       for (std::size_t i = 0; i < text.Lines.size(); ++i) {
@@ -254,6 +263,146 @@ TEST(HandText, ItsNumbersHoldWhenTheyArePutIn) {
     }
   });
   EXPECT_GT(numRead, 250);
+}
+
+// The girder A(0, 0), B(4, 0), C(8, 0) with D(2, 3) and E(6, 3) above.
+TrussBuilder Girder() {
+  return TrussBuilder()
+      .Member(0, 0, 4, 0, "AB")
+      .Member(4, 0, 8, 0, "BC")
+      .Member(0, 0, 2, 3, "AD")
+      .Member(4, 0, 2, 3, "BD")
+      .Member(4, 0, 6, 3, "BE")
+      .Member(8, 0, 6, 3, "CE")
+      .Member(2, 3, 6, 3, "DE")
+      .Clamp(0, 0, "Ax", "Ay")
+      .Joint(0, 0, "A")
+      .Joint(4, 0, "B")
+      .Joint(8, 0, "C")
+      .Joint(2, 3, "D")
+      .Joint(6, 3, "E");
+}
+
+std::string AllLines(const ToldByHand& told) {
+  std::string all;
+  for (const HandStepText& text : told.Texts()) {
+    for (const std::string& line : text.Lines) all += line + '\n';
+  }
+  return all;
+}
+
+TEST(HandText, NamesTheMembersThatAreNothingAlready) {
+  // At H, in the middle of the line from E to G, end CH and DH; DH goes first.
+  const ToldByHand told(TrussBuilder()
+                            .Member(0, 0, 4, 0, "CD")
+                            .Member(4, 0, 8, 0, "DE")
+                            .Member(8, 0, 4, 3, "EH")
+                            .Member(4, 3, 0, 6, "GH")
+                            .Member(0, 0, 0, 6, "CG")
+                            .Member(0, 0, 4, 3, "CH")
+                            .Member(4, 0, 4, 3, "DH")
+                            .Clamp(0, 0, "Cx", "Cy")
+                            .Roller(8, 0, "E")
+                            .Joint(4, 0, "D")
+                            .Joint(4, 3, "H")
+                            .Force(0, 6, 100, -1000));
+  EXPECT_THAT(AllLines(told),
+              HasSubstr("CH, the only other member left (DH is 0 already), carries nothing."));
+  EXPECT_THAT(AllLines(told), HasSubstr("DH, the only other member, carries nothing."));
+}
+
+TEST(HandText, NamesWhatActsInLineWithAMember) {
+  const Truss hung = TrussBuilder()
+                         .Member(0, 0, 3, 0, "AB")
+                         .Member(3, 0, 3, 2, "BC")
+                         .Member(0, 0, 3, 2, "AC")
+                         .Clamp(0, 0, "Ax", "Ay")
+                         .Roller(3, 0, "B")
+                         .Joint(3, 0, "B")
+                         .Joint(3, 2, "C")
+                         .Force(3, 2, 0, -50);
+  EXPECT_THAT(AllLines(ToldByHand(hung)), HasSubstr("BC lies in one line with the load at joint C: AC"));
+  EXPECT_THAT(AllLines(ToldByHand(hung)),
+              HasSubstr("BC lies in one line with the reaction B at joint B: AB"));
+}
+
+TEST(HandText, ItsAnglesGiveTheFactorsOfItsNumbers) {
+  int numAngles = 0;
+  for (const int figures : {2, 4, 7}) {
+    for (const float height : {3.0F, 0.001F, 1.7F, 4000.0F}) {
+      const ToldByHand told(TrussBuilder()
+                                .Member(0, 0, 4, height, "AB")
+                                .Member(8, 0, 4, height, "BC")
+                                .Clamp(0, 0, "Ax", "Ay")
+                                .Clamp(8, 0, "Cx", "Cy")
+                                .Force(4, height, 20, -900),
+                            figures);
+      const std::string all = AllLines(told);
+      for (const char* function : {" sin(", " cos("}) {
+        const bool isSine = function[1] == 's';
+        const double rise = WrittenDifference(height, 0);
+        const double factor = (isSine ? rise : 4) / std::hypot(4, rise);
+        for (std::size_t at = all.find(function); at != std::string::npos; at = all.find(function, at + 1)) {
+          const std::string angle = all.substr(at + 5, all.find(')', at) - at - 5);
+          ASSERT_TRUE(angle.ends_with('\xB0')) << angle;
+          const double radians = std::stod(angle) * std::acos(-1.0) / 180;
+          EXPECT_EQ(FormatSigFigs(isSine ? std::sin(radians) : std::cos(radians), told.Format),
+                    FormatSigFigs(factor, told.Format))
+              << angle;
+          ++numAngles;
+        }
+      }
+    }
+  }
+  EXPECT_GT(numAngles, 50);
+}
+
+TEST(HandText, WritesOutHowTwoEquationsGiveTwoForces) {
+  const ToldByHand told(TrussBuilder()
+                            .Member(0, 0, 4, 3, "AB")
+                            .Member(8, 0, 4, 3, "BC")
+                            .Clamp(0, 0, "Ax", "Ay")
+                            .Clamp(8, 0, "Cx", "Cy")
+                            .Joint(4, 3, "B")
+                            .Force(4, 3, 80, -900));
+  const std::string all = AllLines(told);
+  EXPECT_THAT(all, HasSubstr("What is sought to the left:  0.8 \xB7 AB - 0.8 \xB7 BC = -80  and  "
+                             "0.6 \xB7 AB + 0.6 \xB7 BC = 900\n"
+                             "The second times 0.8 less the first times 0.6:  0.96 \xB7 BC = 768\n"
+                             "So  BC = 768 / 0.96 = 800, that is 800 C.\n"
+                             "Put into the first:  0.8 \xB7 AB - 0.8 \xB7 800 = -80\n"
+                             "So  AB = 560 / 0.8 = 700, that is 700 C.\n"));
+}
+
+TEST(HandText, SaysHowALoadSplitsAndWhichHaveNoArm) {
+  const std::string all =
+      AllLines(ToldByHand(Girder().Roller(8, 0, "C").Force(6, 3, 300, -400).Force(0, 0, 7, 0)));
+  EXPECT_THAT(all, HasSubstr("The load of 500 at joint E is 300 to the right and 400 down.\n"));
+  EXPECT_THAT(all, HasSubstr("8 \xB7 C = 3 \xB7 300 (load at E) + 6 \xB7 400 (load at E)\n"
+                             "The load at joint A acts through that point and has no arm.\n"));
+  EXPECT_THAT(all, testing::Not(HasSubstr("The load of 7 ")));
+}
+
+TEST(HandText, SaysWhichComponentAForceLacks) {
+  const std::string all = AllLines(ToldByHand(TrussBuilder()
+                                                  .Member(0, 0, 4, 0, "AB")
+                                                  .Clamp(0, 0, "Ax", "Ay")
+                                                  .Clamp(4, 0, "Bx", "By")
+                                                  .Member(4, 0, 8, 0, "BC")
+                                                  .Force(8, 0, 3, -900)));
+  EXPECT_THAT(all, HasSubstr("no vertical component"));
+  EXPECT_THAT(all, testing::Not(HasSubstr("across its line")));
+}
+
+TEST(HandText, PutsNamesThatReadLikeNumbersInBrackets) {
+  const std::string all = AllLines(ToldByHand(TrussBuilder()
+                                                  .Member(0, 0, 4, 3, "12")
+                                                  .Member(8, 0, 4, 3, "b")
+                                                  .Clamp(0, 0, "Ax", "Ay")
+                                                  .Clamp(8, 0, "Cx", "Cy")
+                                                  .Force(4, 3, 80, -900)));
+  EXPECT_THAT(all, HasSubstr("0.6 \xB7 [12]\n"));
+  EXPECT_THAT(all, HasSubstr("0.8 \xB7 b\n"));
 }
 
 }  // namespace

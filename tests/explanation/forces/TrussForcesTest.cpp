@@ -178,6 +178,28 @@ TEST(DescribeForces, CountsTheMembersAndTellsTheirForces) {
                      testing::Not(HasSubstr("undetermined")), testing::Not(HasSubstr("s1"))));
 }
 
+TEST(RemarksOn, DoNotSayThatTheEquationsLeaveOpenWhatOnlyRoundingHides) {
+  const auto panel = [](float left, float right, float height) {
+    return RemarksOn(SolvedForces(TrussBuilder()
+                                      .Member(0, 0, 8, 0)
+                                      .Member(8, 0, right, height)
+                                      .Member(right, height, left, height)
+                                      .Member(0, 0, left, height)
+                                      .Member(0, 0, right, height)
+                                      .Member(8, 0, left, height)
+                                      .Clamp(0, 0, "Ax", "Ay")
+                                      .Clamp(8, 0, "Bx", "By")
+                                      .Force(right, height, 0, -1000))
+                         .Forces);
+  };
+  EXPECT_THAT(panel(0, 8, 8),
+              ElementsAre("Forces with \"?\" are undetermined: the equations leave them open."));
+  EXPECT_THAT(panel(1, 6, 3),
+              ElementsAre("Forces with \"?\" are undetermined by the reduced matrix; exactly, "
+                          "the equations leave not all of them open.  See \"Why this "
+                          "conclusion\"."));
+}
+
 TEST(RoomText, SaysHowManyNumbersHaveNoRoom) {
   EXPECT_EQ(RoomText(0, 19), "Every number has its place. Drag to move, click a force to find it.");
   EXPECT_EQ(RoomText(1, 19), "1 of 19 numbers has no room at this size: zoom in to see it.");
