@@ -11,15 +11,19 @@ namespace {
 // A drawing full of mistakes does not take for ever.
 constexpr int MostCandidates = 20;
 
-// The numbers of the joints that the member passes, in their order along it.
+// The numbers of the joints that the member passes, in their order along it. One that nearly meets an end of
+// it is meant to be that end.
 std::vector<int> JointsUnder(const TrussGraph& graph, const Table<std::vector<int>>& unknownsAt, int member,
                              const NearPlaces& near) {
   const int a = graph.Unknowns[member].JointA;
   const int b = graph.Unknowns[member].JointB;
   const MemberLine line(graph.Joints[a], graph.Joints[b]);
+  const auto isAnEnd = [&](int j) {
+    return near.Meet(graph.Joints[a], graph.Joints[j]) || near.Meet(graph.Joints[b], graph.Joints[j]);
+  };
   std::vector<std::pair<double, int>> found;
   for (int j = 1; j <= graph.NumJoints(); ++j) {
-    if (j == a || j == b || unknownsAt[j].empty() || !near.PassesThrough(line, graph.Joints[j])) continue;
+    if (unknownsAt[j].empty() || !near.PassesThrough(line, graph.Joints[j]) || isAnEnd(j)) continue;
     found.emplace_back(line.See(graph.Joints[j]).Along, j);
   }
   std::ranges::sort(found);
@@ -83,8 +87,8 @@ std::vector<Advice> RollersToClamp(const TrussGraph& graph, const ExactReasons& 
   constexpr double smallestHeld = 1e-3;  // it would hardly hold a smaller displacement
   std::vector<Advice> found;
   int tries = 0;
-  for (int k = 1; k <= graph.NumUnknowns() && tries < MostCandidates && found.size() < At(MostClampsForRollers);
-       ++k) {
+  for (int k = 1;
+       k <= graph.NumUnknowns() && tries < MostCandidates && found.size() < At(MostClampsForRollers); ++k) {
     const PlacedUnknown& roller = graph.Unknowns[k];
     if (roller.IsMember() || roller.Sign == 0 || IsSupported(graph, roller.JointA, k)) continue;
     const Axis other = roller.Along == Axis::X ? Axis::Y : Axis::X;

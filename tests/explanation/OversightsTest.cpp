@@ -15,6 +15,7 @@ using testing::Not;
 using testing::StartsWith;
 
 Explanation ExplainDrawing(Truss truss) {
+  truss.View.YMax = 15;
   const TrussAnalysis analysis = SolveTruss(truss);
   return ExplainTruss(truss, analysis);
 }
@@ -92,13 +93,25 @@ TEST(Oversights, ATrussWithoutSupportsGetsAClampAndARoller) {
               AllOf(HasSubstr("that stops 3 of the 5 motions."), HasSubstr("Together these are enough: ")));
 }
 
+TEST(Oversights, AnEndBesideAMembersOwnEndIsJoinedAndTheMemberNotSplit) {
+  // The strut ends 0.3 beside the foot, where the mouse would join them, and so on one of the chord's
+  // members.
+  const std::string text = HelpFor(Girder()
+                                       .Member(0, 0, 4, 0, "AB")
+                                       .Member(4, 0, 8, 0, "BC")
+                                       .Member(6, 3, 7.7F, 0, "strut")
+                                       .Clamp(0, 0)
+                                       .Roller(8, 0));
+  EXPECT_THAT(text, AllOf(HasSubstr("nearly meet"), Not(HasSubstr("without ending there"))));
+}
+
 TEST(Oversights, AForceOffTheTrussIsMovedAndNoMemberIsHungInTheAir) {
   const TrussBuilder loaded =
       WholeGirder().Clamp(0, 0).Roller(8, 0).Force(5, 1, 0, -700).Force(2, 0, 0, -500).Force(6, 3, 0, -1000);
   const std::string text = HelpFor(loaded);
   EXPECT_THAT(
-      text, StartsWith("The force at (2, 0) acts on no member.  Move the force to a joint where members end: "
-                       "that stops 2 of the 4 motions.\nThe force at (5, 1)"));
+      text, StartsWith("The force at (5, 1) acts on no member.  Move the force to a joint where members end: "
+                       "that stops 2 of the 4 motions.\nThe force at (2, 0)"));
   EXPECT_THAT(text, Not(HasSubstr("between joints (2, 0) and (5, 1)")));
   EXPECT_THAT(text, Not(HasSubstr("between joints (5, 1) and (2, 0)")));
 }
