@@ -1,6 +1,7 @@
 // What is shown is rendered once after a change; exposing the window again only copies the image.
 #include "canvas/CanvasWidget.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -35,6 +36,12 @@ CanvasWidget::CanvasWidget(const Truss& truss, const Drawing& drawing, QWidget* 
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
   CanvasAccessible::Install();
+  // A control that is hidden while it has the keys hands them on as Tab does, but nobody asked it to.
+  connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* before, const QWidget* now) {
+    if (now != this || before == nullptr || (before->isVisible() && before->isEnabled())) return;
+    focusCameByTab_ = false;
+    update();
+  });
 }
 
 bool CanvasWidget::BackingFits() const {

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "platform/qt/AccessibleRole.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
 #include "reports/OutlineColor.h"
@@ -50,6 +51,7 @@ class Well final : public QWidget {
 
 JointEquationsPanel::JointEquationsPanel(QWidget* parent)
     : QFrame(parent), caption_(new QLabel(this)), cmdOKJointReport_(new QPushButton(this)) {
+  SetAccessibleRole(*this, QAccessible::Grouping);
   setObjectName(QStringLiteral("frNewCoords(3)"));
   setCursor(Qt::ArrowCursor);
   setAttribute(Qt::WA_NoMousePropagation);  // what lies below must not be clicked through it

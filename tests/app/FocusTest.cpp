@@ -23,9 +23,13 @@ class FocusByTab : public WindowEditingFixture {
         break;
       }
       // Where the keys were at first, nobody has gone by Tab.
-      if (i > 0 && before != now && before->isVisible()) {
+      // A default button has the frame of one with the keys all the time.
+      auto* button = qobject_cast<QPushButton*>(before);
+      const bool isDefault = button != nullptr && button->isDefault();
+      if (i > 0 && before != now && before->isVisible() && !isDefault) {
         EXPECT_NE(before->grab().toImage(), with)
-            << before->objectName().toStdString() << " " << before->metaObject()->className();
+            << before->objectName().toStdString() << " -> " << now->objectName().toStdString() << " "
+            << before->metaObject()->className();
       }
       if (now == before && reached.contains(now)) continue;  // from name to name on the canvas
       if (reached.contains(now)) return reached;
