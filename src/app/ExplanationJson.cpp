@@ -125,13 +125,12 @@ void WriteFindings(JsonStream& list, const AnalysedFile& file, const ReportForma
   }
 }
 
-// As the notice tells it, where a figure that the reports show is not sure.
+// None is sure of a force that is determined and shown without a value.
 std::string CertainFiguresJson(const Explanation& explanation, const ReportFormat& format) {
   const DrawnFigures& figures = explanation.Rounded.Figures;
-  if (!figures.CertainFigures) return "null";
-  const int shown = SureFigures::ShownFigures(format);
-  const int sure = JudgeFigures(figures.Forces, format).Count;
-  return std::to_string(sure < shown ? sure : *figures.CertainFigures);
+  if (figures.IsOneMissing) return "0";
+  const std::optional<int> sure = LeastSureFigures(figures.Forces, format);
+  return sure ? std::to_string(*sure) : "null";
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "explanation/At.h"
+#include "explanation/Oversights.h"
 #include "explanation/RigidityMatrix.h"
 
 namespace {
@@ -31,6 +32,7 @@ class Adviser {
       const PlacedUnknown& unknown = graph.Unknowns[k];
       if (unknown.IsMember()) {
         joined_.insert(std::minmax(unknown.JointA, unknown.JointB));
+        hasMember_.insert({unknown.JointA, unknown.JointB});
       } else {
         held_.insert({unknown.JointA, unknown.Along});
       }
@@ -228,7 +230,9 @@ class Adviser {
   // What the checks of the drawing would find in a member between two joints.
   bool IsADrawingMistake(int a, int b) const {
     const Table<PlacedJoint>& joints = graph_.Joints;
-    if (joined_.contains(std::minmax(a, b)) || near_.Meet(joints[a], joints[b])) return true;
+    if ((!hasMember_.contains(a) && !hasMember_.contains(b)) || joined_.contains(std::minmax(a, b)) ||
+        near_.Meet(joints[a], joints[b]))
+      return true;
     const MemberLine line(joints[a], joints[b]);
     for (int j = 1; j <= graph_.NumJoints(); ++j) {
       if (j != a && j != b && (near_.PassesThrough(line, joints[j]) || IsBetween(j, a, b))) return true;
@@ -297,6 +301,7 @@ class Adviser {
   const TrussGraph& graph_;
   const ExactReasons& reasons_;
   const NearPlaces& near_;
+  std::set<int> hasMember_;
   std::set<std::pair<int, int>> joined_;  // the lower joint first
   std::set<std::pair<int, Axis>> held_;   // by a support that stands there, whatever it holds
   std::vector<Advice> advice_;
@@ -305,7 +310,11 @@ class Adviser {
 }  // namespace
 
 std::vector<Advice> AdviceFor(const TrussGraph& graph, const ExactReasons& reasons, const NearPlaces& near) {
-  return Adviser(graph, reasons, near).All();
+  std::vector<Advice> advice;
+  const std::vector<Advice> others = Adviser(graph, reasons, near).All();
+  if (reasons.Verdict.Mechanisms() > 0) advice = Oversights(graph, reasons, near, others);
+  advice.insert(advice.end(), others.begin(), others.end());
+  return advice;
 }
 
 bool IsSupported(const TrussGraph& graph, int joint, int except) {

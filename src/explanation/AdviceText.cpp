@@ -1,6 +1,7 @@
 #include "explanation/AdviceText.h"
 
 #include "explanation/Directions.h"
+#include "explanation/HoldingSet.h"
 
 namespace {
 
@@ -19,6 +20,9 @@ class AdviceTeller {
 
   std::vector<std::string> Help() const {
     std::vector<std::string> paragraphs;
+    AddSupports(paragraphs);
+    AddMoves(paragraphs);
+    for (const Advice* split : Suggested(AdviceKind::SplitMember)) paragraphs.push_back(SplitText(*split));
     for (const Advice* join : Suggested(AdviceKind::JoinEnds)) {
       paragraphs.push_back("Joints " + names_.WithPlace(join->JointA) + " and " +
                            names_.WithPlace(join->JointB) +
@@ -33,20 +37,92 @@ class AdviceTeller {
       paragraphs.push_back((isEnough ? "It is enough to turn " : "Turn ") + one + ": " +
                            Joined(turns, "; or ") + ".  " + Capital(StopsText(1)) + ".");
     }
+    AddClamps(paragraphs);
     std::vector<std::string> additions;
-    for (const Advice* roller : Suggested(AdviceKind::AddRoller)) {
-      additions.push_back(
-          "a roller at " + names_.JointInWords(roller->JointA) + " that " + HoldText(*roller) +
-          (IsSupported(on_.Graph, roller->JointA) ? " (a clamp in place of its roller)" : ""));
+    for (const Advice& advice : on_.Suggestions) {
+      if (advice.IsAddition()) additions.push_back(AdditionText(advice));
     }
-    for (const Advice* member : Suggested(AdviceKind::AddMember))
-      additions.push_back("a member between " + names_.Joints({member->JointA, member->JointB}));
     if (!additions.empty()) {
       const std::string each = paragraphs.empty() ? "Each" : "Otherwise each";
       paragraphs.push_back(each + " of these, added alone, stops one motion" + OthersOf(additions) + ": " +
                            Joined(additions, "; ") + ".");
+      AddNumberNeeded(paragraphs);
     }
     return paragraphs;
+  }
+
+  // A truss that nothing holds needs supports before anything else.
+  void AddSupports(std::vector<std::string>& paragraphs) const {
+    if (!HasNoSupports(on_.Graph)) return;
+    std::string text = "This truss has no supports.";
+    if (StartsWithClamp()) {
+      text += "  A clamp at " + names_.JointInWords(on_.Together[0].JointA) + " and " +
+              AdditionText(on_.Together[2]) + " would hold it: " + StopsText(3) + ".";
+    }
+    paragraphs.push_back(text);
+  }
+
+  bool StartsWithClamp() const {
+    return HasNoSupports(on_.Graph) && on_.Together.size() >= 3 &&
+           on_.Together[0].Kind == AdviceKind::AddRoller && on_.Together[1].Kind == AdviceKind::AddRoller &&
+           on_.Together[0].JointA == on_.Together[1].JointA && on_.Together[2].Kind == AdviceKind::AddRoller;
+  }
+
+  void AddMoves(std::vector<std::string>& paragraphs) const {
+    for (const Advice* move : Suggested(AdviceKind::MoveForce)) {
+      paragraphs.push_back("The force at " + names_.WithPlace(move->JointA) +
+                           " acts on no member.  Move the force to a joint where members end: " +
+                           StopsText(move->Stops) + ".");
+    }
+  }
+
+  std::string SplitText(const Advice& split) const {
+    const PlacedUnknown& member = on_.Graph.Unknowns[split.Unknown];
+    std::vector<std::string> passed;
+    std::vector<std::string> parts;
+    int last = member.JointA;
+    for (const int joint : split.Through) {
+      passed.push_back(names_.WithPlace(joint));
+      parts.push_back(names_.Joint(last) + " to " + names_.Joint(joint));
+      last = joint;
+    }
+    parts.push_back(names_.Joint(last) + " to " + names_.Joint(member.JointB));
+    const bool isOne = passed.size() == 1;
+    return "Member " + names_.Member(split.Unknown) + " passes " + (isOne ? "joint " : "joints ") +
+           ListOf(passed) + " without ending there.  Draw it as " +
+           (isOne ? "two" : std::to_string(parts.size())) + " members that end there, " + ListOf(parts) +
+           ": " + StopsText(split.Stops) + ".";
+  }
+
+  void AddClamps(std::vector<std::string>& paragraphs) const {
+    std::vector<std::string> clamps;
+    for (const Advice* clamp : Suggested(AdviceKind::ClampForRoller))
+      clamps.push_back((clamps.empty() ? "the roller at " : "of the one at ") +
+                       names_.JointInWords(clamp->JointA));
+    if (clamps.empty()) return;
+    paragraphs.push_back("Put a clamp in place of " + Joined(clamps, ", or ") + ": " + StopsText(1) + ".");
+  }
+
+  // With several motions no single addition is enough.
+  void AddNumberNeeded(std::vector<std::string>& paragraphs) const {
+    const int motions = on_.Exact.Verdict.Mechanisms();
+    if (motions < 2 || !Suggested(AdviceKind::MoveForce).empty()) return;
+    std::string text = "With " + std::to_string(motions) + " motions it takes " + std::to_string(motions) +
+                       " of them or more to hold it.";
+    if (StartsWithClamp()) text += "  A clamp counts as two rollers.";
+    if (!on_.Together.empty() && !(StartsWithClamp() && motions == 3)) {
+      std::vector<std::string> set;
+      for (const Advice& advice : on_.Together) set.push_back(AdditionText(advice));
+      text += "  Together these are enough: " + Joined(set, "; ") + ".";
+    }
+    paragraphs.push_back(text);
+  }
+
+  std::string AdditionText(const Advice& advice) const {
+    if (advice.Kind == AdviceKind::AddMember)
+      return "a member between " + names_.Joints({advice.JointA, advice.JointB});
+    return "a roller at " + names_.JointInWords(advice.JointA) + " that " + HoldText(advice) +
+           (IsSupported(on_.Graph, advice.JointA) ? " (a clamp in place of its roller)" : "");
   }
 
   static std::string HoldText(const Advice& roller) {

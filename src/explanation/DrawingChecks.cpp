@@ -153,12 +153,24 @@ class Checker {
     }
     std::ranges::sort(pairs);
     for (const auto& [first, second] : pairs) {
-      const PlacedJoint& end = graph_.Joints[graph_.Unknowns[second].JointA];
+      const PlacedJoint& end = SharedPlace(first, second, unit);
       if (!TellPair(CheckKind::CoincidentMembers, end.X, end.Y,
                     "Member " + names_.Member(first) + " and member " + names_.Member(second) +
                         " lie on one another" + At(end.X, end.Y) + "."))
         return;
     }
+  }
+
+  // An end of one of two members on one line that lies on the part they share.
+  const PlacedJoint& SharedPlace(int first, int second, double unit) const {
+    for (const auto& [member, other] : {std::pair(second, first), std::pair(first, second)}) {
+      const MemberLine line = LineOf(other);
+      for (const int joint : {graph_.Unknowns[member].JointA, graph_.Unknowns[member].JointB}) {
+        const double along = line.See(graph_.Joints[joint]).Along;
+        if (along > -unit && along < line.Length() + unit) return graph_.Joints[joint];
+      }
+    }
+    return graph_.Joints[graph_.Unknowns[second].JointA];
   }
 
   void FindCoincidentSupports() {
@@ -174,18 +186,28 @@ class Checker {
     return numMembersAt_[static_cast<std::size_t>(JointAt(x, y))] > 0;
   }
 
+  // What stands in the middle of a member seems to touch it.
+  std::string ApartText(int joint, const std::string& text) const {
+    for (int k = 1; k <= graph_.NumUnknowns(); ++k) {
+      if (!near_.PassesThrough(LineOf(k), graph_.Joints[joint])) continue;
+      return " is drawn on member " + names_.Member(k) +
+             ", but not at an end of it: forces and supports work only where members end.";
+    }
+    return text;
+  }
+
   void FindWhatIsApart() {
     for (const SupportRec& support : truss_.SupportsInUse()) {
       if (!support.Live || HasMember(support.X, support.Y)) continue;
       Tell(CheckKind::Apart, support.X, support.Y,
            std::string("The ") + (support.IsClamp() ? "clamp" : "roller") + At(support.X, support.Y) +
-               " touches no member.");
+               ApartText(JointAt(support.X, support.Y), " touches no member."));
     }
     for (const ForceRec& force : truss_.ForcesInUse()) {
       if (!force.Active || HasMember(force.X, force.Y)) continue;
       Tell(CheckKind::Apart, force.X, force.Y,
            "The force " + PairText(force.Fx, force.Fy, format_) + At(force.X, force.Y) +
-               " acts on no member.");
+               ApartText(JointAt(force.X, force.Y), " acts on no member."));
     }
   }
 

@@ -80,21 +80,48 @@ Reduced Reduce(const TrussGraph& graph, double scale, const EliminationLimits& l
 // What is smaller beside the largest is a remnant of double precision: of a force that is 0.
 constexpr double NothingInDouble = 1e-12;
 
-std::vector<ComparedForce> Compare(const TrussAnalysis& analysis, const ExactVerdict& verdict,
-                                   const std::vector<double>& values, double scale) {
+// Of a force that is determined: without it the loads are still in balance.
+bool IsExactlyZero(const TrussGraph& graph, int unknown) {
+  TrussGraph without = graph;
+  without.Unknowns[unknown] = {.JointA = graph.Unknowns[unknown].JointA, .Sign = 0};
+  return JudgeExactly(without).Code() != Outcome::Inconsistent;
+}
+
+// What double precision leaves of a force that is 0 is larger where the truss is nearly a mechanism; each of
+// the doubtful ones takes an exact verdict.
+void ClearRemnants(const TrussGraph& graph, std::vector<ComparedForce>& forces) {
+  constexpr double doubtful = 1e-6;
+  constexpr int most = 16;
+  double largest = 0;
+  for (const ComparedForce& force : forces) largest = std::max(largest, std::abs(force.Unrounded));
+  int asked = 0;
+  for (ComparedForce& force : forces) {
+    const double size = std::abs(force.Unrounded);
+    const bool isRemnant =
+        size < NothingInDouble * largest ||
+        (size > 0 && size < doubtful * largest && asked++ < most && IsExactlyZero(graph, force.Unknown));
+    if (isRemnant) force.Unrounded = 0;
+  }
+}
+
+bool IsOneMissing(const TrussAnalysis& analysis, const ExactVerdict& verdict) {
+  if (verdict.Code() == Outcome::Inconsistent || verdict.Determined.empty()) return false;
+  return analysis.Reading.Code == Outcome::Inconsistent ||
+         std::ranges::any_of(verdict.Determined, [&](int k) { return !analysis.Reading.Values[k]; });
+}
+
+std::vector<ComparedForce> Compare(const TrussGraph& graph, const TrussAnalysis& analysis,
+                                   const ExactVerdict& verdict, const std::vector<double>& values,
+                                   double scale) {
   std::vector<ComparedForce> forces;
   if (analysis.Reading.Code == Outcome::Inconsistent || verdict.Code() == Outcome::Inconsistent)
     return forces;
-  double largest = 0;
   for (const int k : verdict.Determined) {
     const std::optional<double>& shown = analysis.Reading.Values[k];
     if (!shown) continue;
     forces.push_back({k, *shown, values[static_cast<std::size_t>(k)] * scale});
-    largest = std::max(largest, std::abs(forces.back().Unrounded));
   }
-  for (ComparedForce& force : forces) {
-    if (std::abs(force.Unrounded) < NothingInDouble * largest) force.Unrounded = 0;
-  }
+  ClearRemnants(graph, forces);
   return forces;
 }
 
@@ -194,7 +221,8 @@ DrawnFigures FiguresOf(const TrussGraph& graph, const TrussAnalysis& analysis, c
   if (pivots != verdict.Rank)
     reduced = Reduce(graph, scale, {.SmallestPivot = 0, .MostPivots = verdict.Rank});
   const std::vector<double> values = reduced.Values();
-  figures.Forces = Compare(analysis, verdict, values, scale);
+  figures.IsOneMissing = IsOneMissing(analysis, verdict);
+  figures.Forces = Compare(graph, analysis, verdict, values, scale);
   figures.Hidden = HiddenForces(analysis, verdict, reduced, scale);
   figures.CertainFigures = FiguresOfLargest(figures.Forces);
   if (load == 0) return figures;

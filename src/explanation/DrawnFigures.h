@@ -33,6 +33,9 @@ struct DrawnFigures {
   /// or shown.
   std::vector<ComparedForce> Forces;
 
+  /// Whether a force is determined, exactly, and the reduced matrix shows no value for it.
+  bool IsOneMissing = false;
+
   /// Ascending; none where there is no solution, exactly or shown.
   std::vector<HiddenForce> Hidden;
 

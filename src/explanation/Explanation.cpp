@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "explanation/HoldingSet.h"
+
 namespace {
 
 std::vector<UnknownForce> DeterminedForces(const TrussGraph& graph, const ExactReasons& exact) {
@@ -20,8 +22,9 @@ Explanation Explain(const Truss& truss, const TrussAnalysis& analysis, TrussGrap
   explanation.Exact = ReasonExactly(explanation.Graph);
   explanation.Determined = DeterminedForces(explanation.Graph, explanation.Exact);
   explanation.Proof = ProveContradiction(explanation.Graph, explanation.Exact.Motions);
-  explanation.Suggestions =
-      AdviceFor(explanation.Graph, explanation.Exact, NearPlaces(truss.Settings, UsuallyDrawn(truss)));
+  const NearPlaces near(truss.Settings, UsuallyDrawn(truss));
+  explanation.Suggestions = AdviceFor(explanation.Graph, explanation.Exact, near);
+  explanation.Together = SetThatHolds(explanation.Graph, explanation.Exact, near);
   explanation.Rounded =
       rounding ? *std::move(rounding) : RoundingOf(explanation.Graph, analysis, explanation.Exact.Verdict);
   return explanation;

@@ -20,6 +20,7 @@ struct Explanation {
   std::vector<UnknownForce> Determined;
   std::optional<ContradictionProof> Proof;  ///< when the exact outcome is Inconsistent
   std::vector<Advice> Suggestions;
+  std::vector<Advice> Together;  ///< additions that hold it, where it takes several (see SetThatHolds)
   Rounding Rounded;
 };
 

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "analysis/EliminationLimits.h"
 #include "explanation/RigidityMatrix.h"
 
 namespace {
@@ -36,6 +37,22 @@ double LargestShownForce(const TrussAnalysis& analysis) {
   return largest;
 }
 
+std::vector<VanishedCoefficient> VanishedFrom(const TrussGraph& graph) {
+  std::vector<VanishedCoefficient> vanished;
+  for (int k = 1; k <= graph.NumUnknowns(); ++k) {
+    const PlacedUnknown& member = graph.Unknowns[k];
+    if (!member.IsMember()) continue;
+    const PlacedJoint& a = graph.Joints[member.JointA];
+    const PlacedJoint& b = graph.Joints[member.JointB];
+    const double x = std::abs(WrittenDifference(a.X, b.X));
+    const double y = std::abs(WrittenDifference(a.Y, b.Y));
+    const double least = PivotTolerance * std::max(x, y);
+    if (x > 0 && x < least) vanished.push_back({k, Axis::X});
+    if (y > 0 && y < least) vanished.push_back({k, Axis::Y});
+  }
+  return vanished;
+}
+
 std::vector<int> OpenYetShown(const TrussAnalysis& analysis, const ExactVerdict& verdict) {
   std::vector<int> unknowns;
   if (analysis.Reading.Code == Outcome::Inconsistent || verdict.Code() == Outcome::Inconsistent)
@@ -61,6 +78,7 @@ Rounding RoundingOf(const TrussGraph& graph, const TrussAnalysis& analysis, Exac
   rounding.Shown = analysis.Reading.Code;
   rounding.ShownRank = NumPivots(analysis.System);
   rounding.ShownThoughOpen = OpenYetShown(analysis, rounding.Verdict);
+  if (!rounding.Agrees()) rounding.Vanished = VanishedFrom(graph);
   const double load = LargestLoad(graph);
   if (load == 0) return rounding;
   if (rounding.Shown != Outcome::Inconsistent) {

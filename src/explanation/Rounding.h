@@ -8,6 +8,12 @@
 #include "explanation/ExactVerdict.h"
 #include "explanation/TrussGraph.h"
 
+/// A direction so nearly along the other axis that it counts as being along it.
+struct VanishedCoefficient {
+  int Unknown = 0;
+  Axis Along = Axis::X;
+};
+
 struct Rounding {
   ExactVerdict Verdict;
   DrawnFigures Figures;
@@ -18,6 +24,13 @@ struct Rounding {
   /// otherwise.
   double Remnant = 0;
   double RemnantShare = 0;
+
+  /// The coefficients of members that the equations have and the reduced matrix does not, being smaller than
+  /// every pivot; where the outcomes differ.
+  std::vector<VanishedCoefficient> Vanished;
+
+  /// Whether the remnant is so small that the rounding of directions can have left it.
+  bool IsRemnantOfRounding() const { return Remnant > 0 && RemnantShare < 1e-3; }
 
   /// The largest force that the reduced matrix shows by the largest load; 0 without either.
   double ShownMagnification = 0;

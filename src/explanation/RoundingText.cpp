@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "analysis/EliminationLimits.h"
 #include "explanation/Directions.h"
 #include "explanation/DistinctNames.h"
 #include "explanation/MotionText.h"
@@ -46,13 +47,7 @@ class RoundingWriter {
     std::string text;
     if (!on_.Agrees()) {
       text = std::string("Exactly, ") + OutcomeText(on_.Verdict.Code()) +
-             ".  The reduced matrix says otherwise because directions are rounded to single precision";
-      if (on_.Remnant > 0) {
-        text += ": " + Number(on_.Remnant) +
-                " on the right of a row without coefficients is a remnant of rounding, about " +
-                MagnitudeText(on_.RemnantShare) + " of the largest load";
-      }
-      text += ".";
+             ".  The reduced matrix says otherwise because " + CauseText() + ".";
     }
     if (on_.Figures.Within != on_.Verdict.Code()) {
       text += std::string(text.empty() ? "" : "  ") + WithinText + ", " + OutcomeText(on_.Figures.Within) +
@@ -148,8 +143,9 @@ class RoundingWriter {
              ": with directions that are not rounded " + Names({sure_.Example->Unknown}) + " is " +
              AtLength(sure_.Example->Unrounded, format_) + " in place of " +
              AtLength(sure_.Example->Shown, format_) + ".";
-    } else if (on_.Figures.CertainFigures && !NearlyFree().empty()) {
-      text = "Of the forces " + FirstFigures(*on_.Figures.CertainFigures) + " are sure.";
+    } else if (const auto least = LeastSureFigures(on_.Figures.Forces, format_);
+               least && isAllSure_ && !NearlyFree().empty()) {
+      text = "Of the forces " + FirstFigures(*least) + (*least == 1 ? " is sure." : " are sure.");
     }
     AddSentence(text, SmallText());
     return text;
@@ -169,11 +165,44 @@ class RoundingWriter {
   }
 
  private:
+  std::string CauseText() const {
+    const std::string rounded = "directions are rounded to single precision";
+    const std::string row = Number(on_.Remnant) + " on the right of a row without coefficients";
+    if (on_.IsRemnantOfRounding()) {
+      return rounded + ": " + row + " is a remnant of rounding, about " + MagnitudeText(on_.RemnantShare) +
+             " of the largest load";
+    }
+    if (on_.Vanished.empty() && on_.Remnant == 0) return rounded;
+    std::string text = "what is smaller than " + MagnitudeText(PivotTolerance) + " counts as nothing in it: ";
+    text += on_.Vanished.empty() ? "the coefficients of a row cancel down to that" : VanishedText();
+    return on_.Remnant == 0 ? text : text + ", which leaves " + row;
+  }
+
+  std::string VanishedText() const {
+    std::string text;
+    for (const Axis axis : {Axis::X, Axis::Y}) {
+      std::vector<int> unknowns;
+      for (const VanishedCoefficient& vanished : on_.Vanished) {
+        if (vanished.Along == axis) unknowns.push_back(vanished.Unknown);
+      }
+      if (unknowns.empty()) continue;
+      text += (text.empty() ? "so vanish the " : " and the ") +
+              std::string(axis == Axis::X ? "horizontal" : "vertical") + " components of " + Names(unknowns);
+    }
+    return text;
+  }
+
   std::string SmallText() const {
     std::string text;
+    if (const std::vector<int>& zeros = sure_.ShownAsZero; !zeros.empty()) {
+      text = DistinctNames(graph_, format_).ForcesAtStart(zeros, 6) +
+             (zeros.size() == 1 ? " is not 0, but so small that it is shown as 0."
+                                : " are not 0, but so small that they are shown as 0.");
+    }
     if (!sure_.SmallUnknowns.empty()) {
-      text = "Of " + Names(sure_.SmallUnknowns) + ", small beside the others, only " +
-             FirstFigures(sure_.CountOfSmall) + (sure_.CountOfSmall == 1 ? " is sure." : " are sure.");
+      AddSentence(text, "Of " + Names(sure_.SmallUnknowns) + ", small beside the others, only " +
+                            FirstFigures(sure_.CountOfSmall) +
+                            (sure_.CountOfSmall == 1 ? " is sure." : " are sure."));
     }
     if (!sure_.Remnants.empty()) {
       AddSentence(text, "What is shown for " + Names(sure_.Remnants) +

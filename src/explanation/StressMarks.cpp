@@ -31,7 +31,7 @@ struct TextBox {
   }
 };
 
-TextBox Around(PixelPoint centre, const TextExtent& extent) {
+TextBox BoxAbout(PixelPoint centre, const TextExtent& extent) {
   return {centre.X - extent.Width / 2, centre.Y - extent.Height / 2, centre.X + extent.Width / 2,
           centre.Y + extent.Height / 2};
 }
@@ -80,9 +80,9 @@ class Marker {
   // In the middle of the member, or where no other text stands: of two members that cross, say.
   PixelPoint PlaceOn(const PixelLine& line, const TextExtent& extent) {
     const auto boxAt = [&](double share) {
-      return Around({static_cast<float>((1 - share) * double{line.X1} + share * double{line.X2}),
-                     static_cast<float>((1 - share) * double{line.Y1} + share * double{line.Y2})},
-                    extent);
+      return BoxAbout({static_cast<float>((1 - share) * double{line.X1} + share * double{line.X2}),
+                       static_cast<float>((1 - share) * double{line.Y1} + share * double{line.Y2})},
+                      extent);
     };
     TextBox place = boxAt(TextPlaces.front());
     if (taken_.size() > MostMarkTexts) return {place.Left, place.Top};
@@ -112,9 +112,9 @@ class Marker {
                     .Text = Named(unknown.Name) + FormatSigFigs(force.Value, format_),
                     .TextTopLeft = {}};
     const TextExtent extent = measure_(TextFont{}, mark.Text);
-    mark.TextTopLeft = Take(IntoTheRoom(Around({farEnd.X + side.X * (StressTextGap + extent.Width / 2),
-                                                farEnd.Y + side.Y * (StressTextGap + extent.Height / 2)},
-                                               extent)));
+    mark.TextTopLeft = Take(IntoTheRoom(BoxAbout({farEnd.X + side.X * (StressTextGap + extent.Width / 2),
+                                                  farEnd.Y + side.Y * (StressTextGap + extent.Height / 2)},
+                                                 extent)));
     return mark;
   }
 

@@ -32,6 +32,25 @@ bool AreAllSure(const ComparedForce& force, const ReportFormat& format) {
   return DifferenceInLastFigure(force, SureFigures::ShownFigures(format)) < (areAlike ? Sure : edge);
 }
 
+// Of a force that is not 0.
+bool IsShownAsZero(const ComparedForce& force, const ReportFormat& format) {
+  return force.Unrounded != 0 && FormatSigFigs(force.Shown, format) == "0" &&
+         FormatSigFigs(force.Unrounded, format) == "0";
+}
+
+// Beyond those that are shown only where all of these are sure.
+int FiguresOfForce(const ComparedForce& force, const ReportFormat& format) {
+  const auto mostBy = [&force](int figures) {
+    while (figures > 0 && !(DifferenceInLastFigure(force, figures) < Sure)) --figures;
+    return figures;
+  };
+  if (DifferenceOf(force) == 0) return MostSureFigures;
+  if (IsShownAsZero(force, format)) return mostBy(MostSureFigures);
+  const int shown = SureFigures::ShownFigures(format);
+  const int ofShown = SureFiguresOf(force, format);
+  return ofShown < shown ? ofShown : std::max(shown, mostBy(MostSureFigures));
+}
+
 double ErrorOf(const ComparedForce& force) { return DifferenceOf(force) / SizeOf(force); }
 
 }  // namespace
@@ -71,10 +90,32 @@ std::string AtLength(double value, const ReportFormat& format) {
   return FormatSigFigs(value, longer);
 }
 
-SureFigures JudgeFigures(const std::vector<ComparedForce>& forces, const ReportFormat& format) {
+std::optional<int> LeastSureFigures(const std::vector<ComparedForce>& forces, const ReportFormat& format) {
+  if (forces.empty()) return std::nullopt;
+  int least = MostSureFigures;
+  bool areAll0 = true;
+  for (const ComparedForce& force : forces) {
+    if (force.Unrounded == 0) continue;
+    areAll0 = false;
+    least = std::min(least, FiguresOfForce(force, format));
+  }
+  if (areAll0) return FiguresOfLargest(forces);
+  const int told = JudgeFigures(forces, format).Count;
+  return told < SureFigures::ShownFigures(format) ? std::min(least, told) : least;
+}
+
+SureFigures JudgeFigures(const std::vector<ComparedForce>& allForces, const ReportFormat& format) {
   constexpr double small = 1e-3;  // of the largest force
   SureFigures sure;
   sure.Count = SureFigures::ShownFigures(format);
+  std::vector<ComparedForce> forces;
+  for (const ComparedForce& force : allForces) {
+    if (IsShownAsZero(force, format)) {
+      sure.ShownAsZero.push_back(force.Unknown);
+    } else {
+      forces.push_back(force);
+    }
+  }
   if (forces.empty()) return sure;
   double largest = 0;
   for (const ComparedForce& force : forces) largest = std::max(largest, SizeOf(force));

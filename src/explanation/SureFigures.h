@@ -37,8 +37,11 @@ struct SureFigures {
   /// Small forces of which none is sure: what is shown is a remnant of rounding.
   std::vector<int> Remnants;
 
+  /// Forces that are not 0 but shown as "0", with and without the rounding; they are counted nowhere else.
+  std::vector<int> ShownAsZero;
+
   bool AreAll(const ReportFormat& format) const {
-    return Count >= ShownFigures(format) && SmallUnknowns.empty() && Remnants.empty();
+    return Count >= ShownFigures(format) && SmallUnknowns.empty() && Remnants.empty() && ShownAsZero.empty();
   }
 
   /// The significant figures that the reports show.
@@ -50,6 +53,10 @@ inline constexpr int MostSureFigures = 7;  // no single has more
 /// How many leading figures are sure, 0 .. MostSureFigures, as the largest difference is measured against the
 /// largest force; empty without forces.
 std::optional<int> FiguresOfLargest(const std::vector<ComparedForce>& forces);
+
+/// How many leading figures are sure of every force that is not exactly 0 (which has no leading figure),
+/// small or not, 0 .. MostSureFigures; never more than JudgeFigures says. Empty without forces.
+std::optional<int> LeastSureFigures(const std::vector<ComparedForce>& forces, const ReportFormat& format);
 
 /// "the first figure", "the first 3 figures".
 std::string FirstFigures(int count);

@@ -74,6 +74,31 @@ TEST(DrawingChecks, WhatHasNoNameIsToldByItsPlace) {
           Found(CheckKind::SingleMemberJoint, "The joint at (10, 6) has one member")));
 }
 
+TEST(DrawingChecks, WhatStandsInTheMiddleOfAMemberIsNotAtItsEnd) {
+  const auto checks = Check(Sound().Force(6, 4, 0, -5).Roller(5, 4));
+  EXPECT_THAT(checks,
+              testing::Contains(Found(CheckKind::Apart,
+                                      "The force (0, -5) at (6, 4) is drawn on member AB, but not at an "
+                                      "end of it: forces and supports work only where members end.")));
+  EXPECT_THAT(checks,
+              testing::Contains(
+                  Found(CheckKind::Apart, "The roller at (5, 4) is drawn on member AB, but not at an end")));
+}
+
+TEST(DrawingChecks, MembersOnOneAnotherAreToldWhereTheyLieOnOneAnother) {
+  const auto chord = [](float from, float to) {
+    std::vector<std::pair<float, float>> places;
+    for (const DrawingCheck& check : Check(
+             TrussBuilder().Member(0, 0, 4, 0, "AB").Member(4, 0, 8, 0, "BC").Member(from, 0, to, 0, "AC"))) {
+      if (check.Kind == CheckKind::CoincidentMembers) places.emplace_back(check.X, check.Y);
+    }
+    return places;
+  };
+  EXPECT_THAT(chord(0, 8), ElementsAre(std::pair(0.0F, 0.0F), std::pair(8.0F, 0.0F)));
+  EXPECT_THAT(chord(8, 0), ElementsAre(std::pair(0.0F, 0.0F), std::pair(8.0F, 0.0F)));
+  EXPECT_THAT(chord(-2, 6), ElementsAre(std::pair(0.0F, 0.0F), std::pair(6.0F, 0.0F)));
+}
+
 TEST(DrawingChecks, AJointWithOneMemberNeedsASupport) {
   const auto leg = Sound().Member(6, 6, 6, 8, "leg").Joint(6, 8, "foot");
   EXPECT_THAT(Check(leg),

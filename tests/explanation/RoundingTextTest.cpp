@@ -126,7 +126,7 @@ TEST(RoundingNotice, OfANearMechanismItTellsTheFiguresThoughAllThatAreShownAreSu
   const std::string notice = NoticeOf(HexagonOf(3.003F), 2);
   EXPECT_THAT(notice,
               HasSubstr("The truss is nearly a mechanism: its largest force is 1600 times the largest"));
-  EXPECT_THAT(notice, HasSubstr("Of the forces the first 4 figures are sure."));
+  EXPECT_THAT(notice, HasSubstr("Of the forces the first 3 figures are sure."));
 }
 
 TEST(RoundingNotice, ARemnantInPlaceOfZeroIsNamed) {
@@ -297,6 +297,48 @@ TEST(DifferentReadings, OpenTheReasonsWhereTheReadingsDiffer) {
       Opening(HexagonOf(3)),
       HasSubstr("exactly, the system has no solution, and so it is within the figures of the drawing; and "
                 "the reduced matrix says that the equations neither contradict nor repeat each other"));
+}
+
+TEST(RoundingNotice, AForceThatIsDeterminedButNotShownIsMissed) {
+  const auto isOneMissing = [](float loadX) {
+    return ExplainRounding(
+               TrussBuilder().Member(0, 0, 1, 3, "AB").Clamp(0, 0, "Ax", "Ay").Force(1, 3, loadX, 300))
+        .Rounded.Figures.IsOneMissing;
+  };
+  EXPECT_TRUE(isOneMissing(100));
+  EXPECT_FALSE(isOneMissing(99)) << "no forces balance it";
+  EXPECT_FALSE(ExplainRounding(PlainTriangle()).Rounded.Figures.IsOneMissing);
+}
+
+TEST(RoundingNotice, ForcesSoSmallThatTheyAreShownAs0AreSaidToBeSo) {
+  const auto under = [](float load) {
+    return NoticeOf(TrussBuilder()
+                        .Member(0, 0, 4, 0, "AB")
+                        .Member(0, 0, 2, 2, "AC")
+                        .Member(4, 0, 2, 2, "BC")
+                        .Clamp(0, 0, "Ax", "Ay")
+                        .Roller(4, 0, "B", 5)
+                        .Force(2, 2, 0, load));
+  };
+  EXPECT_EQ(under(-1e-12F), "Ay, B, AB, AC and BC are not 0, but so small that they are shown as 0.");
+  EXPECT_THAT(under(-1e-9F),
+              AllOf(HasSubstr("so small that they are shown as 0"), Not(HasSubstr("in place of 0"))));
+  EXPECT_EQ(under(0), "");
+}
+
+TEST(RoundingNotice, WhatIsAsLargeAsTheLoadIsNoRemnant) {
+  const auto under = [](float height) {
+    return NoticeOf(TrussBuilder()
+                        .Member(0, 0, 1, height, "m")
+                        .Member(2, 0, 1, height, "n")
+                        .Clamp(0, 0, "a", "b")
+                        .Clamp(2, 0, "c", "d")
+                        .Force(1, height, 0, -1000));
+  };
+  EXPECT_THAT(under(1e-20F),
+              AllOf(HasSubstr("because what is smaller than 1E-10 counts as nothing in it: so vanish "
+                              "the vertical components of m and n, which leaves 1000 on the right"),
+                    Not(HasSubstr("remnant"))));
 }
 
 TEST(DifferentReadings, AreNotMentionedWhereAllSayTheSame) {

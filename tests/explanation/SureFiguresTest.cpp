@@ -81,6 +81,31 @@ TEST(SureFigures, OfTheLargestForceAreNeverFewerThanOfAll) {
   EXPECT_THAT(FiguresOfLargest({{1, 0, 0}}), Optional(MostSureFigures));
 }
 
+TEST(SureFigures, OfAllForcesAreThoseOfTheWorstThatIsNot0) {
+  const auto least = [](const std::vector<ComparedForce>& forces) {
+    return LeastSureFigures(forces, Figures(4));
+  };
+  EXPECT_THAT(least({{1, 1000, 1000}, {2, -3.699777, -3.7}}), Optional(3)) << "small beside the other";
+  EXPECT_THAT(least({{1, 2.05971e9, 2.05993e9}, {2, -2118.46, -2005.01}, {3, 50, 0}}), Optional(1));
+  EXPECT_THAT(least({{1, 1000, 1000}, {2, 1e-5, 0}}), Optional(MostSureFigures)) << "0 has no figure";
+  EXPECT_THAT(least({{1, 0, -1e-12}}), Optional(0));
+  EXPECT_THAT(least({{1, 707.10672, 707.10678}}), Optional(6));
+  EXPECT_THAT(least({{1, 0, 0}}), Optional(MostSureFigures));
+  EXPECT_EQ(least({}), std::nullopt);
+}
+
+TEST(SureFigures, OfAllForcesAreNeverMoreThanAreTold) {
+  const std::vector<ComparedForce> edge{{1, 212.148, 212.15}};
+  EXPECT_THAT(LeastSureFigures(edge, Figures(4)), Optional(Judge(edge).Count));
+}
+
+TEST(SureFigures, WhatIsShownAs0ThoughItIsNotIsTold) {
+  const SureFigures sure = Judge({{1, 0, -1e-12}, {2, 0, 0}, {3, 1000, 1000}});
+  EXPECT_THAT(sure.ShownAsZero, ElementsAre(1));
+  EXPECT_FALSE(sure.Example);
+  EXPECT_FALSE(sure.AreAll(Figures(4)));
+}
+
 TEST(SureFigures, WithoutForcesNothingIsUnsure) { EXPECT_TRUE(Judge({}).AreAll(Figures(4))); }
 
 }  // namespace

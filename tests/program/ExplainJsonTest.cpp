@@ -71,6 +71,66 @@ TEST(ExplainJson, SaysOfADeterminateTrussThatAllIsDetermined) {
   EXPECT_GE(NumberAt(object, "certainFigures"), 6);
 }
 
+// What is small beside the largest force has figures too.
+TEST(ExplainJson, CountsTheFiguresOfTheForceThatHasTheFewest) {
+  const QByteArray head = "Orvane 5\n#TRUE#,#TRUE#,#TRUE#,#TRUE#\n-10\n30\n2\n1\n-10\n1\n1000\n4\n";
+  const auto figures = [&head](const QByteArray& rest) {
+    return NumberAt(QJsonDocument::fromJson(JsonOf(QStringLiteral("-"), head + rest)).object(),
+                    "certainFigures");
+  };
+  EXPECT_EQ(figures(R"(2
+0.9,0.3,1
+"R0a","R0b"
+0,1.5,8
+"R1"
+3
+0.3,0.9,0,1.5,"M00","M00"
+0.9,0.3,0,1.5,"M01","M01"
+0.3,0.9,0.9,0.3,"M02","M02"
+2
+0.9,0.3,3.7,0.1
+0.3,0.9,-1000,-1000
+3
+0.9,0.3,"J0"
+0,1.5,"J1"
+0.3,0.9,"J2"
+)"),
+            3);
+  EXPECT_EQ(figures(R"(2
+0,3,2
+"R0a","R0b"
+0.998,0.002,5
+"R1"
+10
+0.998,0.002,0,3.001,"M00","M00"
+0.998,0.002,1,1,"M01","M01"
+0,3,1,1,"M02","M02"
+4,4,0,3.001,"M03","M03"
+2.999,3,1,1,"M04","M04"
+4,4,3,2.992,"M05","M05"
+4,4,2.999,3,"M06","M06"
+0,3,0,3.001,"M07","M07"
+0,3.001,1,1,"M08","M08"
+4,4,0,3,"M09","M09"
+1
+2.999,3,0,-1000
+7
+0,3,"J0"
+0.998,0.002,"J1"
+0,3.001,"J2"
+1,1,"J3"
+4,4,"J4"
+2.999,3,"J5"
+3,2.992,"J6"
+)"),
+            1)
+      << "the x-reaction is exactly 0";
+}
+
+TEST(ExplainJson, NoFigureIsSureOfForcesThatAreDeterminedButNotShown) {
+  EXPECT_EQ(NumberAt(Explained("tie.trs"), "certainFigures"), 0);
+}
+
 TEST(ExplainJson, SaysHowAParallelogramMovesAndWhyNothingBalances) {
   const QJsonObject object = Explained("parallelogram.trs");
   EXPECT_EQ(TextAt(ObjectAt(object, "exact"), "word"), QStringLiteral("no solution"));
