@@ -45,6 +45,7 @@ class Reader {
       FindDecimals(table);
       for (std::size_t i = 1; i < table.Lines.size(); ++i) ReadLine(table.Lines[i]);
     }
+    sheet_.Column = column_;
     return std::move(sheet_);
   }
 
@@ -62,6 +63,11 @@ class Reader {
     return std::ranges::any_of(names_, [&](const auto& names) { return names.contains(heading); });
   }
 
+  bool IsOfTrusses(const std::string& heading) {
+    if (column_ == TrussColumn::None && heading == HeadingOf(TrussColumn::File)) column_ = TrussColumn::File;
+    return column_ != TrussColumn::None && heading == HeadingOf(column_);
+  }
+
   // Returns whether the lines can be read.
   bool ReadHeadings(const CsvLine& line) {
     std::set<std::string> seen;
@@ -73,7 +79,7 @@ class Reader {
         sheet_.Problems.push_back(Place(line, c) + "this column is there twice; only the first one is read");
       } else if (heading == StudentHeading) {
         student_ = c;
-      } else if (column_ != TrussColumn::None && heading == HeadingOf(column_)) {
+      } else if (IsOfTrusses(heading)) {
         truss_ = c;
       } else if (IsForce(heading)) {
         columns_[c].IsOfForce = true;

@@ -30,6 +30,7 @@ struct StudentsAnswers {
 
 struct AnswerSheet {
   std::vector<StudentsAnswers> Lines;  ///< those that could be read, in their order
+  TrussColumn Column = TrussColumn::None;
   /// What could not be read, UTF-8, in the order of the file: "line 3, column 4 (AB): "x" is not a number".
   std::vector<std::string> Problems;
 };
@@ -45,4 +46,5 @@ std::string WhyNotByName(const TrussGraph& graph);
 /// Numbers have a decimal comma when there is a comma in any of the answers, else a decimal point. A line
 /// with a problem is left out; a column with one is passed over. A file is found by its name as it was given,
 /// or by the last part of it where no other file has the same.
+/// Where there is just one truss the answers may have a column of files all the same.
 AnswerSheet ReadAnswers(std::string_view bytes, const std::vector<AskedTruss>& trusses, TrussColumn column);

@@ -59,6 +59,7 @@ MarkedClass MarkAnswers(std::string_view bytes, const std::vector<AskedTruss>& t
   AnswerSheet sheet = ReadAnswers(bytes, trusses, column);
   MarkedClass marked;
   marked.Problems = std::move(sheet.Problems);
+  marked.Column = sheet.Column;
   std::map<std::size_t, std::unique_ptr<Marker>> markers;
   for (const StudentsAnswers& answers : sheet.Lines) {
     std::unique_ptr<Marker>& marker = markers[answers.Truss];
@@ -68,11 +69,10 @@ MarkedClass MarkAnswers(std::string_view bytes, const std::vector<AskedTruss>& t
   return marked;
 }
 
-std::string MarksAsCsv(const MarkedClass& marked, const std::vector<AskedTruss>& trusses,
-                       TrussColumn column) {
+std::string MarksAsCsv(const MarkedClass& marked, const std::vector<AskedTruss>& trusses) {
   const std::vector<std::string> names = ForceNames(trusses);
   std::string text = "student";
-  if (column != TrussColumn::None) text += std::string(",") + HeadingOf(column);
+  if (marked.Column != TrussColumn::None) text += std::string(",") + HeadingOf(marked.Column);
   for (const std::string& name : names) text += ',' + CsvTextField(name);
   text += ",strict,followed,judged,slip\r\n";
   std::map<std::size_t, std::vector<int>> columns;
@@ -81,7 +81,7 @@ std::string MarksAsCsv(const MarkedClass& marked, const std::vector<AskedTruss>&
     std::vector<int>& own = columns[student.Truss];
     if (own.empty()) own = ColumnsOf(truss, names);
     text += CsvTextField(student.Student);
-    if (column != TrussColumn::None) text += ',' + CsvTextField(truss.Name);
+    if (marked.Column != TrussColumn::None) text += ',' + CsvTextField(truss.Name);
     for (const int k : own) text += std::string(",") + (k == 0 ? "" : VerdictWord(student.Verdicts[k]));
     for (const int number : {student.NumRight, student.NumBalanced, student.NumJudged})
       text += ',' + std::to_string(number);

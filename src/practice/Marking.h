@@ -21,6 +21,7 @@ struct MarkedStudent {
 
 struct MarkedClass {
   std::vector<MarkedStudent> Students;
+  TrussColumn Column = TrussColumn::None;
   std::vector<std::string> Problems;  ///< see AnswerSheet
 };
 
@@ -29,7 +30,7 @@ MarkedClass MarkAnswers(std::string_view bytes, const std::vector<AskedTruss>& t
 
 /// The marks as a table, RFC 4180, UTF-8: the student, the truss where there are several, the verdict on each
 /// force (nothing for one that the student's truss has not), "strict", "followed", "judged", "slip".
-std::string MarksAsCsv(const MarkedClass& marked, const std::vector<AskedTruss>& trusses, TrussColumn column);
+std::string MarksAsCsv(const MarkedClass& marked, const std::vector<AskedTruss>& trusses);
 
 /// How the class did, some lines of UTF-8 text.
 std::string SummaryOf(const MarkedClass& marked, const std::vector<AskedTruss>& trusses);

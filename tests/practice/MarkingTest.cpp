@@ -18,7 +18,7 @@ MarkedClass Mark(const std::string& answers) {
 
 std::string Marks(const std::string& answers) {
   const std::vector<AskedTruss> asked = {Asked(RoundTriangle())};
-  return MarksAsCsv(MarkAnswers(answers, asked, TrussColumn::None, {}), asked, TrussColumn::None);
+  return MarksAsCsv(MarkAnswers(answers, asked, TrussColumn::None, {}), asked);
 }
 
 TEST(Marking, GivesAVerdictOnEachForceAndTheTwoMarks) {
@@ -100,11 +100,17 @@ TEST(Marking, OfSeveralFilesTellsThemByTheirColumn) {
   EXPECT_THAT(marked.Problems,
               ElementsAre("line 5, column 2 (file): there is no file \"other.trs\"; the line is left out",
                           "line 6, column 4 (AC): \"two/tie.trs\" has no such force; the line is left out"));
-  EXPECT_EQ(MarksAsCsv(marked, asked, TrussColumn::File),
+  EXPECT_EQ(MarksAsCsv(marked, asked),
             "student,file,Ax,Ay,B,AB,AC,BC,R,strict,followed,judged,slip\r\n"
             "Ann,one/triangle.trs,empty,empty,empty,right,right,empty,,2,0,0,\r\n"
             "Ann,two/tie.trs,empty,empty,,right,,,right,2,1,1,\r\n"
             "Bob,two/tie.trs,empty,empty,,sense,,,right,1,0,1,B\r\n");
+}
+
+TEST(Marking, OfOneFileTakesTheColumnWhenItIsThere) {
+  EXPECT_EQ(Marks("student,file,AB\nAnn,triangle.trs,-375\nBob,other.trs,-375\n"),
+            "student,file,Ax,Ay,B,AB,AC,BC,strict,followed,judged,slip\r\n"
+            "Ann,triangle.trs,empty,empty,empty,right,empty,empty,1,0,0,\r\n");
 }
 
 TEST(Marking, OfSeveralFilesNeedsTheColumn) {
