@@ -176,17 +176,17 @@ class Practice {
       if (!file) continue;
       const KeyComparison comparison =
           CompareWithKey(wanted, DrawnOf(*file), settings.GridX, settings.GridY, FormatOf(key->Document));
-      Tell(path, comparison, i == 0);
+      Tell(path, comparison);
     }
   }
 
-  void Tell(const std::string& path, const KeyComparison& comparison, bool isFirst) {
+  void Tell(const std::string& path, const KeyComparison& comparison) {
     std::ostream& out = environment_.Out;
     if (!request_.InWords) {
       out << ComparisonAsCsv(path, comparison);
       return;
     }
-    if (commandLine_.Files.size() > 1) out << (isFirst ? "" : "\n") << "== " << VisibleText(path) << " ==\n";
+    output_.PrintHeading(path);
     out << VisibleLines(ComparisonInWords(comparison));
   }
 

@@ -10,7 +10,6 @@
 #include "document/TrussFile.h"
 #include "explanation/Directions.h"
 #include "explanation/ExactVerdict.h"
-#include "text/ControlCharacters.h"
 
 namespace {
 
@@ -26,7 +25,7 @@ class Run {
       output_.ShowProgress(i);
       const std::string& file = commandLine_.Files[i];
       try {
-        OneFile(file, i == 0);
+        OneFile(file);
       } catch (const std::bad_alloc&) {
         output_.Complain(file, "there is not enough memory for this truss");
       }
@@ -40,7 +39,7 @@ class Run {
   }
 
  private:
-  void OneFile(const std::string& argument, bool first) {
+  void OneFile(const std::string& argument) {
     AnalysedFile file = ReadForAnalysis(argument, commandLine_.AutoName, environment_.In);
     if (!file.IsComplete()) output_.Complain(argument, file.Error);
     switch (commandLine_.What) {
@@ -59,7 +58,7 @@ class Run {
       default:
         Analyse(file);
         for (const std::string& remark : file.Remarks) output_.Say(argument, remark);
-        Report(file, first);
+        Report(file);
     }
   }
 
@@ -136,7 +135,7 @@ class Run {
     return {file.Document.Settings.SigFigs, environment_.Numbers};
   }
 
-  void Report(const AnalysedFile& file, bool first) {
+  void Report(const AnalysedFile& file) {
     const ReportFormat format = FormatOf(file);
     std::ostream& out = environment_.Out;
     if (commandLine_.What == CommandLine::Mode::Document) {
@@ -147,8 +146,7 @@ class Run {
     } else if (commandLine_.What == CommandLine::Mode::Csv) {
       WriteCsv(out, file, commandLine_.Table, format);
     } else {
-      if (commandLine_.Files.size() > 1)
-        out << (first ? "" : "\n") << "== " << VisibleText(file.Argument) << " ==\n";
+      output_.PrintHeading(file.Argument);
       WriteReport(out, file, {commandLine_.Sections, commandLine_.Explained}, format);
     }
   }

@@ -21,6 +21,12 @@ void RunOutput::ClearProgress() {
   isProgressVisible_ = false;
 }
 
+void RunOutput::PrintHeading(const std::string& file) {
+  if (total_ < 2) return;
+  environment_.Out << (hasHeading_ ? "\n" : "") << "== " << VisibleText(file) << " ==\n";
+  hasHeading_ = true;
+}
+
 void RunOutput::Say(const std::string& subject, const std::string& what) {
   ClearProgress();
   environment_.Err << "orvane: " << VisibleText(subject) << ": " << VisibleText(what) << '\n';

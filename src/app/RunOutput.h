@@ -18,6 +18,9 @@ class RunOutput {
   void ShowProgress(std::size_t done);
   void ClearProgress();
 
+  /// The line "== FILE ==" above what is printed of a file, where there are several.
+  void PrintHeading(const std::string& file);
+
   /// One line on standard error: "orvane: SUBJECT: WHAT". Complain is for what was not done.
   void Say(const std::string& subject, const std::string& what);
   void Complain(const std::string& subject, const std::string& why);
@@ -35,5 +38,6 @@ class RunOutput {
   std::size_t total_;
   std::chrono::steady_clock::time_point lastShown_;
   bool isProgressVisible_ = false;
+  bool hasHeading_ = false;
   ExitStatus status_ = Done;
 };
