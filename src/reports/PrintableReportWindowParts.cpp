@@ -50,8 +50,6 @@ void PrintableReportWindow::MakeTextBox() {
   RichTextBox1->setAccessibleName(QStringLiteral("The report"));
   RichTextBox1->setReadOnly(true);
   RichTextBox1->setTabChangesFocus(true);
-  // The first Tab out of a text would not show where it leads.
-  setAttribute(Qt::WA_KeyboardFocusChange);
   // With a caret, from which the keyboard selects.
   RichTextBox1->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   // The letters are black, so the paper is white in every style of the desktop.

@@ -22,11 +22,13 @@ class FocusByTab : public WindowEditingFixture {
         ADD_FAILURE() << "Tab leads nowhere";
         break;
       }
-      // Where the keys were at first, nobody has gone by Tab.
-      // A default button has the frame of one with the keys all the time.
+      // Where the keys were at first, nobody has gone by Tab, and the toolkit shows frames from the second
+      // Tab on. A default button has the frame of one with the keys all the time.
       auto* button = qobject_cast<QPushButton*>(before);
       const bool isDefault = button != nullptr && button->isDefault();
-      if (i > 0 && before != now && before->isVisible() && !isDefault) {
+      // Pages that are only scrolled are the toolkit's own.
+      const bool isPages = before != nullptr && before->inherits("QGraphicsView");
+      if (i > 1 && before != now && before->isVisible() && !isDefault && !isPages) {
         EXPECT_NE(before->grab().toImage(), with)
             << before->objectName().toStdString() << " -> " << now->objectName().toStdString() << " "
             << before->metaObject()->className();
