@@ -1,7 +1,9 @@
 #include "app/StepsReport.h"
 
+#include <string>
+
 #include "explanation/steps/PlainElimination.h"
-#include "explanation/steps/StepsReport.h"
+#include "explanation/steps/StepLines.h"
 #include "text/CodePage.h"
 #include "text/ControlCharacters.h"
 
@@ -10,9 +12,5 @@ void WriteSteps(std::ostream& out, const AnalysedFile& file, const ReportFormat&
   const EliminationInSteps story = EliminateInSteps(EquationsOf(file.Document, file.Analysis));
   const StepText text(graph, story, file.Analysis.Reading, format);
   out << "Elimination, step by step:\n";
-  for (const StepsLine& line : StepsReport(text, StepsWithoutEnd)) {
-    if (line.Kind == StepsLineKind::Pivot) out << '\n';
-    if (line.Kind == StepsLineKind::Remark) out << "    ";
-    out << VisibleText(ToUtf8(line.Text)) << '\n';
-  }
+  for (const std::string& line : PlainStepLines(text)) out << VisibleText(ToUtf8(line)) << '\n';
 }

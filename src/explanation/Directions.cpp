@@ -29,6 +29,11 @@ std::string DirectionText(double dx, double dy) {
   return upright.empty() ? sideways : sideways + " and " + upright;
 }
 
+std::string DirectionOfReaction(const PlacedUnknown& reaction, double sign) {
+  const double along = sign * reaction.Sign;
+  return reaction.Along == Axis::X ? DirectionText(along, 0) : DirectionText(0, along);
+}
+
 std::string PairText(double x, double y, const ReportFormat& format) {
   return PairOf(FormatSigFigs(x, format), FormatSigFigs(y, format), format);
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "analysis/FormatSigFigs.h"
+#include "explanation/TrussGraph.h"
 
 /// Between a number and what it multiplies.
 inline constexpr const char* TimesSign = " \xB7 ";
@@ -18,6 +19,9 @@ std::string Counted(int count, const std::string& singular, const std::string& p
 
 /// "to the right", "up", "to the left and down" ...; for a vector that is not 0.
 std::string DirectionText(double dx, double dy);
+
+/// The direction of a reaction that is positive (`sign` 1), or of one that is negative (-1).
+std::string DirectionOfReaction(const PlacedUnknown& reaction, double sign);
 
 /// "(0.6, -0.8)"; where the locale's separator is a comma, "(0,6; -0,8)".
 std::string PairText(double x, double y, const ReportFormat& format);

@@ -62,9 +62,7 @@ std::string TrianglesText(const Explanation& explanation, const DistinctNames& n
       reasons += (reasons.empty() ? "" : "; ") + WhyNoneResists(motion, names);
   }
   return "The truss keeps its shape; it is its supports that let it move as a whole.  Counting's sentence "
-         "\"If "
-         "the truss consists only of triangles then this is guaranteed\" speaks of the shape, which "
-         "triangles "
-         "keep, and takes for granted that the supports hold it.  Here they do not: " +
+         "\"If the truss consists only of triangles then this is guaranteed\" speaks of the shape, which "
+         "triangles keep, and takes for granted that the supports hold it.  Here they do not: " +
          reasons + ".";
 }

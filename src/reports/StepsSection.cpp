@@ -3,7 +3,7 @@
 #include <string>
 
 #include "explanation/steps/PlainElimination.h"
-#include "explanation/steps/StepsReport.h"
+#include "explanation/steps/StepLines.h"
 #include "reports/ReportExtras.h"
 #include "text/CodePage.h"
 #include "text/ControlCharacters.h"
@@ -13,16 +13,16 @@ AppendedExtra AppendSteps(const ReportExtraContext& context) {
   const TrussAnalysis& analysis = context.Reasons.Analysis();
   const EliminationInSteps story = EliminateInSteps(EquationsOf(context.Document, analysis));
   const StepText text(context.Reasons.Graph(), story, analysis.Reading, context.Format);
-  const std::vector<StepsLine> lines = StepsReport(text, StepsOnPaper);
+  const std::vector<StepLine> lines = StepLines(text, StepsOnPaper);
   bool isFirst = true;
   double numDone = 0;
-  for (const StepsLine& line : lines) {
+  for (const StepLine& line : lines) {
     std::string printable = line.Text;  // a name stays on its line
     std::erase_if(printable, IsControl);
-    if (line.Kind == StepsLineKind::Remark) printable.insert(0, "      ");
-    const bool begins = isFirst || line.Kind == StepsLineKind::Pivot;
+    if (line.Kind == StepLineKind::Remark) printable.insert(0, "      ");
+    const bool begins = isFirst || line.Kind == StepLineKind::Pivot;
     RTBText(context.Report, ToUtf8(printable), begins ? 2 : 1, 0,
-            line.Kind == StepsLineKind::Pivot ? BoldBlack : PlainBlack);
+            line.Kind == StepLineKind::Pivot ? BoldBlack : PlainBlack);
     isFirst = false;
     if (!context.Progress(++numDone / static_cast<double>(lines.size()))) return AppendedExtra::Ended;
   }

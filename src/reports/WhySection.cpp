@@ -24,8 +24,7 @@ class WhySection {
     AppendHeading("Why this conclusion:");
     AppendText(
         "Here nothing is rounded: every coordinate and every load is the number that its shortest decimal "
-        "form "
-        "says.");
+        "form says.");
     for (const ExplanationSection& section : ExplanationText(explanation_, on_.Format)) {
       AppendHeading(section.Heading);
       if (section.Heading == VerdictHeading) AppendKinds();

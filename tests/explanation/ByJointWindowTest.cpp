@@ -4,6 +4,7 @@
 #include "explanation/byjoint/HandView.h"
 #include "support/CutTexts.h"
 #include "support/FindControl.h"
+#include "support/LearnWindowFixture.h"
 #include "support/TrussBuilder.h"
 
 namespace {
@@ -24,29 +25,15 @@ Truss KingPostByHand() {
       .Force(4, 4, 0, -1000);
 }
 
-class ByJointWindowTest : public testing::Test {
+class ByJointWindowTest : public LearnWindowFixture<ByJointWindow> {
  protected:
-  void Show(Truss given, float points = 10, QSize size = {700, 600}) {
-    truss_ = std::make_shared<Truss>(std::move(given));
-    analysis_ = std::make_shared<TrussAnalysis>(SolveTruss(*truss_));
-    window_.ShowSubject({.Document = truss_,
-                         .Reasons = std::make_shared<ExplanationOnDemand>(*truss_, *analysis_),
-                         .Format = {},
-                         .Points = points});
-    window_.resize(size);
-    window_.BringUp();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
-  }
+  ByJointWindowTest() : LearnWindowFixture({700, 600}) {}
 
   QListWidget& Steps() { return FindControl<QListWidget>(window_, "lstSteps"); }
   QPushButton& Next() { return FindControl<QPushButton>(window_, "cmdNextStep"); }
   QPushButton& Back() { return FindControl<QPushButton>(window_, "cmdBack"); }
   QString Text() { return FindControl<QPlainTextEdit>(window_, "txtStep").toPlainText(); }
   HandView& Picture() { return FindControl<HandView>(window_, "picStep"); }
-
-  std::shared_ptr<Truss> truss_;
-  std::shared_ptr<TrussAnalysis> analysis_;
-  ByJointWindow window_;
 };
 
 TEST_F(ByJointWindowTest, BeginsWithTheReactionsAndWhatIsAssumed) {

@@ -26,3 +26,12 @@ TEST(ListOf, EndsWithAndOrTellsHowManyMoreThereAre) {
   EXPECT_EQ(ListOf({"A", "B", "C"}, 3), "A, B and C");
   EXPECT_EQ(ListOf({"A", "B", "C", "D"}, 2), "A, B and 2 more");
 }
+
+TEST(DirectionOfReaction, TurnsWithTheSignOfTheNumber) {
+  const PlacedUnknown fromTheRight{.JointA = 1, .Along = Axis::X, .Sign = -1};
+  EXPECT_EQ(DirectionOfReaction(fromTheRight, 1), "to the left");
+  EXPECT_EQ(DirectionOfReaction(fromTheRight, -1), "to the right");
+  const PlacedUnknown fromBelow{.JointA = 1, .Along = Axis::Y, .Sign = 1};
+  EXPECT_EQ(DirectionOfReaction(fromBelow, 1), "up");
+  EXPECT_EQ(DirectionOfReaction(fromBelow, -1), "down");
+}

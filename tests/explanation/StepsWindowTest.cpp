@@ -4,8 +4,8 @@
 
 #include "explanation/steps/StepMatrixModel.h"
 #include "support/CutTexts.h"
-#include "support/FakeAnimationWish.h"
 #include "support/FindControl.h"
+#include "support/LearnWindowFixture.h"
 #include "support/LoadedTriangle.h"
 
 namespace {
@@ -21,19 +21,9 @@ Truss StripOf(int numPanels) {
   return builder.Clamp(0, 0).Roller(static_cast<float>(2 * numPanels), 0).Force(1, 2, 0, -1000);
 }
 
-class StepsWindowTest : public testing::Test {
+class StepsWindowTest : public LearnWindowFixture<StepsWindow> {
  protected:
-  void Show(Truss given, float points = 10, QSize size = {760, 620}) {
-    truss_ = std::make_shared<Truss>(std::move(given));
-    analysis_ = std::make_shared<TrussAnalysis>(SolveTruss(*truss_));
-    window_.ShowSubject({.Document = truss_,
-                         .Reasons = std::make_shared<ExplanationOnDemand>(*truss_, *analysis_),
-                         .Format = {},
-                         .Points = points});
-    window_.resize(size);
-    window_.BringUp();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
-  }
+  StepsWindowTest() : LearnWindowFixture({760, 620}) {}
 
   QListView& List() { return FindControl<QListView>(window_, "lstSteps"); }
   QTableView& Matrix() { return FindControl<QTableView>(window_, "tblMatrix"); }
@@ -63,11 +53,6 @@ class StepsWindowTest : public testing::Test {
     return texts;
   }
   std::string RowText(int row) { return Row(row).join(u' ').toStdString(); }
-
-  FakeAnimationWish wish_;
-  std::shared_ptr<Truss> truss_;
-  std::shared_ptr<TrussAnalysis> analysis_;
-  StepsWindow window_{wish_};
 };
 
 TEST_F(StepsWindowTest, BeginsWithTheEquationsAndSaysWhyThereAreNoFractions) {

@@ -32,7 +32,7 @@ double SumOf(const BalanceEquation& equation, bool positive) {
   return sum;
 }
 
-// A factor that would be written as 1 is left out.
+// The whole force counts.
 bool IsOne(double factor) { return std::abs(factor - 1) < 1e-12; }
 
 // Whether a name reads like a number or like more than one thing where it stands in an equation.
@@ -110,8 +110,11 @@ std::string EquationText::Name(int unknown) const {
   return IsMistakable(name) ? '[' + name + ']' : name;
 }
 
+// As the cosine of a thousandth of a degree.
+bool EquationText::IsWrittenAsOne(double factor) const { return Number(factor) == "1"; }
+
 std::string EquationText::Product(double factor, const std::string& force) const {
-  return IsOne(factor) ? force : Number(factor) + TimesSign + force;
+  return IsWrittenAsOne(factor) ? force : Number(factor) + TimesSign + force;
 }
 
 std::string EquationText::Letters(const BalanceEquation& equation, const BalanceTerm& term) const {
@@ -156,8 +159,9 @@ std::string EquationText::Value(const UnknownForce& force) const {
 
 std::string EquationText::Quotient(const UnknownForce& force, double over, double factor) const {
   if (Number(over) == "0") return Name(force.Unknown) + " = 0";
-  return Name(force.Unknown) + " = " + (IsOne(factor) ? "" : Number(over) + " / " + Number(factor) + " = ") +
-         Number(force.Value) + Sense(force);
+  return Name(force.Unknown) + " = " +
+         (IsWrittenAsOne(factor) ? "" : Number(over) + " / " + Number(factor) + " = ") + Number(force.Value) +
+         Sense(force);
 }
 
 std::vector<std::string> EquationText::Together(const BalanceEquation& one, const BalanceEquation& other,

@@ -47,6 +47,7 @@ class EquationText {
   std::string Numbers(const BalanceTerm& term) const;
   std::string Angle(const BalanceEquation& equation, const BalanceTerm& term) const;
   std::string Name(int unknown) const;
+  bool IsWrittenAsOne(double factor) const;
   std::string Product(double factor, const std::string& force) const;
   std::string Quotient(const UnknownForce& force, double over, double factor) const;
   std::string Degrees(double radians, bool withCosine) const;

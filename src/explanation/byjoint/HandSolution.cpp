@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "explanation/byjoint/JointBalance.h"
+#include "explanation/byjoint/JointOrder.h"
 #include "explanation/byjoint/Sections.h"
 #include "explanation/byjoint/Together.h"
 #include "explanation/byjoint/TrussBalance.h"
@@ -22,14 +23,18 @@ class HandSolver {
       : graph_(graph),
         balance_(graph),
         pieces_(PiecesOf(graph)),
+        jointsOf_(static_cast<std::size_t>(pieces_.Count)),
         isOut_(graph.NumJoints()),
         isDone_(graph.NumJoints()),
-        sections_(balance_, isOut_) {}
+        order_(balance_, isOut_),
+        sections_(balance_, isOut_) {
+    for (int j = 1; j <= graph.NumJoints(); ++j) jointsOf_[PieceOf(j)].push_back(j);
+  }
 
   HandSolution All() {
     SolveReactions();
     FindZeroForces();
-    for (int j = 1; j <= graph_.NumJoints(); ++j) LookAt(j);
+    for (int j = 1; j <= graph_.NumJoints(); ++j) order_.LookAt(j);
     while (NextStep()) {
     }
     CheckTheRest();
@@ -48,15 +53,28 @@ class HandSolver {
     return {placed.JointA};
   }
 
+  std::size_t PieceOf(int joint) const { return static_cast<std::size_t>(pieces_.OfJoint[joint]); }
+
   void SolveReactions() {
-    std::vector<std::vector<int>> joints(static_cast<std::size_t>(pieces_.Count));
-    for (int j = 1; j <= graph_.NumJoints(); ++j)
-      joints[static_cast<std::size_t>(pieces_.OfJoint[j])].push_back(j);
-    for (const std::vector<int>& piece : joints) {
+    for (const std::vector<int>& piece : jointsOf_) {
       // The equations of a single joint are its own.
       if (piece.size() < 2) continue;
       if (auto step = ReactionsOf(balance_, piece)) Take(std::move(*step), piece.front());
     }
+  }
+
+  // A reaction that a joint or a section gave may leave a single one in an equation of the whole truss.
+  bool TakeMoreReactions() {
+    while (!withNewReaction_.empty()) {
+      const std::vector<int>& piece = jointsOf_[*withNewReaction_.begin()];
+      withNewReaction_.erase(withNewReaction_.begin());
+      if (isOut_[piece.front()] != 0) continue;
+      auto step = MoreReactionsOf(balance_, piece);
+      if (!step) continue;
+      Take(std::move(*step), piece.front());
+      return true;
+    }
+    return false;
   }
 
   // Each member found may tell something at its other end.
@@ -78,22 +96,12 @@ class HandSolver {
     }
   }
 
-  // Puts a joint among those that can be solved.
-  void LookAt(int joint) {
-    ready_.erase(joint);
-    poor_.erase(joint);
-    if (isOut_[joint] != 0 || balance_.NumSoughtAt(joint) == 0 || balance_.NumSoughtAt(joint) > 2) return;
-    const double share = SolvableShare(balance_, joint);
-    if (share == 0) {
-      if (ContradictsAcross(balance_, joint)) false_.insert(joint);
-    } else {
-      (share >= NearlyVanishing ? ready_ : poor_).insert(joint);
-    }
-  }
-
   void Take(HandStep step, int joint) {
     for (const UnknownForce& force : step.Solved) {
-      for (const int end : FarJoints(force.Unknown)) LookAt(end);
+      for (const int end : FarJoints(force.Unknown)) order_.LookAt(end);
+      const PlacedUnknown& found = graph_.Unknowns[force.Unknown];
+      if (!found.IsMember() && step.Kind != HandStepKind::Reactions)
+        withNewReaction_.insert(PieceOf(found.JointA));
     }
     if (step.Contradicts) CloseAround(joint);
     solution_.Steps.push_back(std::move(step));
@@ -103,24 +111,21 @@ class HandSolver {
     for (int j = 1; j <= graph_.NumJoints(); ++j) {
       if (pieces_.OfJoint[j] != pieces_.OfJoint[joint]) continue;
       isOut_[j] = 1;
-      LookAt(j);
-      false_.erase(j);
+      order_.LookAt(j);
     }
   }
 
   bool NextStep() {
-    if (!false_.empty()) {
-      const int joint = *false_.begin();
+    if (const int joint = order_.False()) {
       Take(ContradictionAcross(balance_, joint), joint);
-    } else if (!ready_.empty()) {
-      TakeJoint(NextReady());
-    } else if (NothingSought()) {
-      return false;
-    } else if (!TakeSection(NearlyVanishing) && !TakeAcross(NearlyVanishing) && !TakePoorJoint() &&
-               !TakeSection(0) && !TakeAcross(0)) {
-      return TakeTogether();
+      return true;
     }
-    return true;
+    if (TakeMoreReactions() || TakeJoint(order_.OneByOne(last_)) || TakeAcross(order_.Across()) ||
+        TakeJoint(order_.Pair(last_)))
+      return true;
+    if (NothingSought()) return false;
+    return TakeSection(NearlyVanishing) || TakeJoint(order_.Poor()) || TakeAcross(order_.PoorAcross()) ||
+           TakeSection(0) || TakeTogether();
   }
 
   bool NothingSought() const {
@@ -130,38 +135,19 @@ class HandSolver {
     return true;
   }
 
-  // A neighbour of the last joint, else the first of all.
-  int NextReady() const {
-    int next = *ready_.begin();
-    bool isNeighbour = false;
-    if (last_ == 0) return next;
-    for (const int k : balance_.ActingAt(last_)) {
-      for (const int far : FarJoints(k)) {
-        if (far == last_ || !ready_.contains(far)) continue;
-        if (!isNeighbour || far < next) next = far;
-        isNeighbour = true;
-      }
-    }
-    return next;
-  }
-
-  void TakeJoint(int joint) {
+  bool TakeJoint(int joint) {
+    if (joint == 0) return false;
     isDone_[joint] = 1;
     last_ = joint;
     Take(SolveJoint(balance_, joint), joint);
+    return true;
   }
 
-  bool TakePoorJoint() {
-    int best = 0;
-    double largest = 0;
-    for (const int joint : poor_) {
-      const double share = SolvableShare(balance_, joint);
-      if (share <= largest) continue;
-      largest = share;
-      best = joint;
-    }
-    if (best != 0) TakeJoint(best);
-    return best != 0;
+  bool TakeAcross(int joint) {
+    if (joint == 0) return false;
+    last_ = joint;
+    Take(SolveAcross(balance_, joint, OneAcross(balance_, joint)), joint);
+    return true;
   }
 
   bool TakeSection(double leastShare) {
@@ -187,18 +173,6 @@ class HandSolver {
     if (cut.Unknown != 0) step.Solved.push_back(balance_.Solve(sum));
     step.Equations.push_back(std::move(sum.Equation));
     Take(std::move(step), cut.Joints.front());
-  }
-
-  bool TakeAcross(double leastShare) {
-    for (int j = 1; j <= graph_.NumJoints(); ++j) {
-      if (isOut_[j] != 0) continue;
-      const AcrossLine across = OneAcross(balance_, j);
-      if (across.Unknown == 0 || across.Share < leastShare) continue;
-      last_ = j;
-      Take(SolveAcross(balance_, j, across), j);
-      return true;
-    }
-    return false;
   }
 
   bool TakeTogether() {
@@ -233,10 +207,12 @@ class HandSolver {
   const TrussGraph& graph_;
   TrussBalance balance_;
   TrussPieces pieces_;
-  Table<char> isOut_;   // of a part that contradicts itself
-  Table<char> isDone_;  // whose equations have been used
+  std::vector<std::vector<int>> jointsOf_;  // of each piece, ascending
+  Table<char> isOut_;                       // of a part that contradicts itself
+  Table<char> isDone_;                      // whose equations have been used
+  JointOrder order_;
   SectionSearch sections_;
-  std::set<int> ready_, poor_, false_;
+  std::set<std::size_t> withNewReaction_;  // pieces
   int last_ = 0;
   HandSolution solution_;
 };

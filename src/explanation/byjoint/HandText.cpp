@@ -17,10 +17,14 @@ std::vector<int> UnknownsOf(const std::vector<UnknownForce>& forces) {
   return unknowns;
 }
 
-// "A - x, " and "A - y, ", as the table of the equations calls its rows.
-std::string RowName(const DistinctNames& names, int joint, BalanceKind kind) {
-  if (kind == BalanceKind::X) return names.Equation(joint, Axis::X) + ", ";
-  return kind == BalanceKind::Y ? names.Equation(joint, Axis::Y) + ", " : "";
+// Forces that other steps gave, as the first equation holds them.
+std::vector<int> KnownIn(const HandStep& step) {
+  std::vector<int> known;
+  if (step.Equations.empty()) return known;
+  for (const BalanceTerm& term : step.Equations.front().Terms) {
+    if (term.Unknown != 0 && !term.IsSought) known.push_back(term.Unknown);
+  }
+  return known;
 }
 
 }  // namespace
@@ -54,14 +58,19 @@ HandStepText HandText::Step(const HandStep& step) const {
   return Together(step);
 }
 
+// A joint's equations have the names by which the table of the equations calls its rows, "A - x" and "A - y".
+std::string HandText::Opening(const HandStep& step, const BalanceEquation& equation) const {
+  std::string what = equations_.What(equation);
+  const bool isX = equation.Kind == BalanceKind::X;
+  const bool isRow = step.Kind == HandStepKind::Joint && (isX || equation.Kind == BalanceKind::Y);
+  if (!isRow) return Capital(std::move(what));
+  return names_.Equation(step.Joint, isX ? Axis::X : Axis::Y) + ", " + what;
+}
+
 void HandText::AddEquations(const HandStep& step, std::vector<std::string>& lines) const {
   for (const BalanceEquation& equation : step.Equations) {
-    const std::string row =
-        step.Kind == HandStepKind::Joint ? RowName(names_, step.Joint, equation.Kind) : "";
-    const std::string what = equations_.What(equation);
-    const std::string letters = equations_.InLetters(equation);
+    lines.push_back(Opening(step, equation) + ":  " + equations_.InLetters(equation));
     const std::string numbers = equations_.WithNumbers(equation);
-    lines.push_back((row.empty() ? Capital(what) : row + what) + ":  " + letters);
     const std::string noArm = LoadsWithoutArm(step, equation);
     if (!noArm.empty()) lines.push_back(noArm);
     if (equations_.HasKnownNames(equation)) lines.push_back("With numbers:  " + numbers);
@@ -77,8 +86,13 @@ void HandText::AddEquations(const HandStep& step, std::vector<std::string>& line
 HandStepText HandText::Reactions(const HandStep& step) const {
   const bool all = static_cast<int>(step.Joints.size()) == graph_.NumJoints();
   HandStepText text{"Reactions", {}};
-  text.Lines.push_back(all ? "The balance of the whole truss."
-                           : "The balance of the part with " + names_.Joints(step.Joints) + ".");
+  const std::vector<int> known = KnownIn(step);
+  const std::string again = known.empty() ? ""
+                                          : " once more, now that " + names_.Forces(known) +
+                                                (known.size() == 1 ? " is known" : " are known");
+  text.Lines.push_back("The balance of the " +
+                       (all ? std::string("whole truss") : "part with " + names_.Joints(step.Joints)) +
+                       again + '.');
   const std::string loads = LoadsInComponents(step.Joints);
   if (!loads.empty()) text.Lines.push_back(loads);
   AddEquations(step, text.Lines);
@@ -125,9 +139,7 @@ HandStepText HandText::Joint(const HandStep& step) const {
   if (found.empty() && step.PutAside.empty()) {
     text.Lines.emplace_back("No force is sought here any more: a check.");
   } else if (!found.empty()) {
-    const bool member = std::ranges::any_of(found, [&](int k) { return graph_.Unknowns[k].IsMember(); });
-    text.Lines.push_back("Sought:  " + names_.Forces(found) +
-                         (member ? ", assumed to push into the joint." : ", assumed along its arrow."));
+    text.Lines.push_back("Sought:  " + WhatIsAssumed(found));
   }
   if (!step.LeftOut.empty()) {
     const bool one = step.LeftOut.size() == 1;
@@ -139,6 +151,24 @@ HandStepText HandText::Joint(const HandStep& step) const {
   if (!loads.empty()) text.Lines.push_back(loads);
   AddEquations(step, text.Lines);
   return text;
+}
+
+// Members push, and a reaction acts as its support's arrow points.
+std::string HandText::WhatIsAssumed(const std::vector<int>& sought) const {
+  std::vector<int> members;
+  std::string reactions;
+  for (const int k : sought) {
+    const PlacedUnknown& unknown = graph_.Unknowns[k];
+    if (unknown.IsMember()) {
+      members.push_back(k);
+    } else {
+      reactions += (reactions.empty() ? "" : "; ") + names_.Force(k) + ", assumed to act " +
+                   DirectionOfReaction(unknown, 1);
+    }
+  }
+  std::string text = members.empty() ? "" : names_.Forces(members) + ", assumed to push into the joint";
+  if (!members.empty() && !reactions.empty()) text += "; ";
+  return text + reactions + '.';
 }
 
 // Why the equation leaves one force alone.

@@ -39,6 +39,8 @@ class HandText {
   HandStepText Joint(const HandStep& step) const;
   HandStepText Section(const HandStep& step) const;
   HandStepText Together(const HandStep& step) const;
+  std::string Opening(const HandStep& step, const BalanceEquation& equation) const;
+  std::string WhatIsAssumed(const std::vector<int>& sought) const;
   void AddEquations(const HandStep& step, std::vector<std::string>& lines) const;
   std::string PutAside(const HandStep& step) const;
   std::string LoadsInComponents(const std::vector<int>& joints) const;

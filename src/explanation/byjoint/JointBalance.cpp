@@ -44,6 +44,14 @@ double SolvableShare(const TrussBalance& balance, int joint) {
   return balance.Sine(sought[0], sought[1]);
 }
 
+bool IsSolvedInPair(const TrussBalance& balance, int joint) {
+  const std::vector<int> sought = balance.SoughtAt(joint);
+  const auto hasBothComponents = [&](int k) {
+    return !balance.Direction(k).X.IsZero() && !balance.Direction(k).Y.IsZero();
+  };
+  return sought.size() == 2 && std::ranges::all_of(sought, hasBothComponents);
+}
+
 HandStep SolveJoint(TrussBalance& balance, int joint) {
   const std::vector<int> joints = {joint};
   HandStep step = StepAt(balance, joint);
@@ -75,7 +83,7 @@ AcrossLine OneAcross(const TrussBalance& balance, int joint) {
     int numAcross = 0;
     for (const int k : sought) {
       if (balance.AreParallel(line, k)) continue;
-      ++numAcross;
+      if (++numAcross > 1) break;
       across.Unknown = k;
       across.Share = balance.Sine(line, k);
     }

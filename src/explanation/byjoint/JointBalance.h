@@ -9,6 +9,9 @@
 /// in one line; else by what would be divided, the sine of an angle, at most 1.
 double SolvableShare(const TrussBalance& balance, int joint);
 
+/// Whether both equations of a joint hold both forces that are sought at it, so that neither gives one alone.
+bool IsSolvedInPair(const TrussBalance& balance, int joint);
+
 /// Solves the joint's two equations for the forces that are sought at it, two at most, and learns them.
 /// Without any it is a check.
 HandStep SolveJoint(TrussBalance& balance, int joint);

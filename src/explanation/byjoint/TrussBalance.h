@@ -10,6 +10,10 @@
 #include "explanation/byjoint/ExactNumber.h"
 #include "explanation/byjoint/HandSteps.h"
 
+/// A division by less than this (the sine of an angle, or the share of an arm) waits until nothing else is
+/// left.
+inline constexpr double NearlyVanishing = 0.01;
+
 struct PlanePoint {
   ExactVector Exact;
   double X = 0, Y = 0;  ///< world coordinates

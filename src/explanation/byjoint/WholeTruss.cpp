@@ -7,18 +7,29 @@ namespace {
 
 class Reactions {
  public:
-  Reactions(TrussBalance& balance, const std::vector<int>& joints) : balance_(balance), joints_(joints) {
+  Reactions(TrussBalance& balance, const std::vector<int>& joints, double leastShare)
+      : balance_(balance), joints_(joints), leastShare_(leastShare) {
     step_.Kind = HandStepKind::Reactions;
     step_.Joints = joints;
     for (const int joint : joints) {
       for (const int k : balance.ActingAt(joint)) {
-        if (!balance.Graph().Unknowns[k].IsMember()) reactions_.push_back(k);
+        if (!balance.Graph().Unknowns[k].IsMember() && !balance.IsKnown(k)) reactions_.push_back(k);
       }
     }
-    FindPoints();
+  }
+
+  // Whether a single one is left in a sum, or so few that there may be a point through which all others pass.
+  bool MayBeFound() const {
+    const auto numAlong = [this](Axis axis) {
+      return std::ranges::count_if(reactions_,
+                                   [&](int k) { return balance_.Graph().Unknowns[k].Along == axis; });
+    };
+    return !reactions_.empty() &&
+           (reactions_.size() <= 3 || numAlong(Axis::X) == 1 || numAlong(Axis::Y) == 1);
   }
 
   std::optional<HandStep> Step() {
+    FindPoints();
     while (SolveOne()) {
     }
     if (const Measure* wrong = Contradicted()) {
@@ -107,6 +118,9 @@ class Reactions {
     for (const Measure& measure : InOrder()) {
       Balance sum = balance_.BalanceOf(joints_, measure);
       if (sum.Sought.size() != 1) continue;
+      if (measure.Kind == BalanceKind::Moment &&
+          balance_.ArmShare(sum.Sought.front().Unknown, measure.At) < leastShare_)
+        continue;
       step_.Solved.push_back(balance_.Solve(sum));
       step_.Equations.push_back(std::move(sum.Equation));
       return true;
@@ -125,7 +139,8 @@ class Reactions {
 
   TrussBalance& balance_;
   const std::vector<int>& joints_;
-  std::vector<int> reactions_;
+  double leastShare_;
+  std::vector<int> reactions_;                 // those that are sought when it begins
   std::map<double, int> onLevel_, onUpright_;  // reactions by the y or x of the line on which they act
   std::vector<Measure> moments_, checked_;
   HandStep step_;
@@ -134,5 +149,12 @@ class Reactions {
 }  // namespace
 
 std::optional<HandStep> ReactionsOf(TrussBalance& balance, const std::vector<int>& joints) {
-  return Reactions(balance, joints).Step();
+  return Reactions(balance, joints, 0).Step();
+}
+
+std::optional<HandStep> MoreReactionsOf(TrussBalance& balance, const std::vector<int>& joints) {
+  Reactions reactions(balance, joints, NearlyVanishing);
+  if (!reactions.MayBeFound()) return std::nullopt;
+  auto step = reactions.Step();
+  return step && step->Solved.empty() ? std::nullopt : step;
 }

@@ -10,12 +10,6 @@ namespace {
 // More would be listened to for too long; the list beside the drawing has them all.
 constexpr std::size_t MostTold = 24;
 
-// The direction of a reaction that is positive, or of one that is negative.
-std::string DirectionOfReaction(const PlacedUnknown& unknown, double sign) {
-  const double along = sign * unknown.Sign;
-  return unknown.Along == Axis::X ? DirectionText(along, 0) : DirectionText(0, along);
-}
-
 std::string WhereOf(const PlacedUnknown& unknown, const DistinctNames& names) {
   if (unknown.IsMember())
     return "member from " + names.Joint(unknown.JointA) + " to " + names.Joint(unknown.JointB);
@@ -27,7 +21,7 @@ std::string WhereOf(const PlacedUnknown& unknown, const DistinctNames& names) {
 std::string ForceOf(const PlacedUnknown& unknown, const ForceFound& force, const ReportFormat& format) {
   if (force.Sense == ForceSense::Undetermined) return "?";
   if (force.Sense == ForceSense::Zero) return "0";
-  const std::string magnitude = FormatSigFigs(std::abs(force.Value), format);
+  std::string magnitude = FormatSigFigs(std::abs(force.Value), format);
   if (unknown.IsMember()) return magnitude + (force.Sense == ForceSense::Pushing ? " C" : " T");
   if (unknown.Sign == 0) return magnitude;
   return magnitude + ' ' + DirectionOfReaction(unknown, force.Value > 0 ? 1 : -1);

@@ -90,8 +90,7 @@ std::vector<std::string> RemarksOn(const TrussForces& forces) {
   if (forces.Exact == Outcome::Inconsistent) {
     remarks.emplace_back(
         "Exactly, there is no solution: these numbers come from dividing by a remnant of rounding, and none "
-        "of "
-        "them holds.  See \"Why this conclusion\".");
+        "of them holds.  See \"Why this conclusion\".");
   }
   if (forces.Code == Outcome::Redundant)
     remarks.emplace_back("These forces hold for these loads only: under others the truss is unstable.");
@@ -115,8 +114,7 @@ std::vector<std::string> RemarksOn(const TrussForces& forces) {
   if (load > 0 && forces.Largest > NearlyAMechanism * load) {
     remarks.emplace_back(
         "The largest force is more than a thousand times the largest load: the truss is nearly a mechanism, "
-        "or "
-        "a remnant of rounding was divided by.");
+        "or a remnant of rounding was divided by.");
   }
   return remarks;
 }

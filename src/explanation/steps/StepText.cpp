@@ -196,8 +196,7 @@ std::vector<std::string> StepText::Remarks(std::size_t index) const {
     if (step.Number != 0)
       remarks.emplace_back(
           "It is smaller than 1E-10 in magnitude and counts as a remnant of rounding: who divided by it "
-          "would "
-          "make large forces out of nothing.");
+          "would make large forces out of nothing.");
     const bool fewer = static_cast<int>(story_.Pivots.size()) == story_.Equations.NumRows();
     remarks.push_back(WithoutPivot() + (fewer ? ": there are more unknowns than equations." : "."));
   }
@@ -307,6 +306,5 @@ std::string StepText::OnlyPivots() const {
          Counted(NumUnknowns(), "unknown", "unknowns") + ".  Of systems with more than " +
          std::to_string(MostToldInSteps) +
          " equations or unknowns only the pivots are told: the row, the column and the number, in the order "
-         "in "
-         "which they are chosen.";
+         "in which they are chosen.";
 }

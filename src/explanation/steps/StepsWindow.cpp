@@ -16,9 +16,9 @@
 
 #include "explanation/ShownText.h"
 #include "explanation/steps/PlainElimination.h"
+#include "explanation/steps/StepLines.h"
 #include "explanation/steps/StepListModel.h"
 #include "explanation/steps/StepMatrixModel.h"
-#include "explanation/steps/StepsReport.h"
 #include "explanation/steps/StepsTour.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
@@ -86,11 +86,7 @@ void StepsWindow::Clear() {
 QString StepsWindow::CopiedText() const {
   if (!tour_) return {};
   QString text;
-  for (const StepsLine& line : StepsReport(tour_->Text(), StepsWithoutEnd)) {
-    if (line.Kind == StepsLineKind::Pivot) text += QLatin1Char('\n');
-    if (line.Kind == StepsLineKind::Remark) text += QStringLiteral("    ");
-    text += ShownText(line.Text) + QLatin1Char('\n');
-  }
+  for (const std::string& line : PlainStepLines(tour_->Text())) text += ShownText(line) + QLatin1Char('\n');
   return text;
 }
 

@@ -2,6 +2,7 @@
 
 #include "HandSolutionFixture.h"
 #include "explanation/ExactVerdict.h"
+#include "explanation/byjoint/TrussBalance.h"
 #include "support/RandomTruss.h"
 
 namespace {
@@ -133,6 +134,146 @@ TEST(HandSolution, FindsWhatIsDeterminedAndContradictsWhatHasNoSolution) {
   EXPECT_GT(numContradictions, 100);
   EXPECT_GT(numOpen, 100);
   EXPECT_GT(numTogether, 4);
+}
+
+// A girder of three triangles on a clamp at its left end, under a load at its right top.
+TrussBuilder HandGirder() {
+  return TrussBuilder()
+      .Member(0, 0, 4, 0, "AB")
+      .Member(4, 0, 8, 0, "BC")
+      .Member(0, 0, 2, 3, "AD")
+      .Member(4, 0, 2, 3, "BD")
+      .Member(4, 0, 6, 3, "BE")
+      .Member(8, 0, 6, 3, "CE")
+      .Member(2, 3, 6, 3, "DE")
+      .Clamp(0, 0, "Ax", "Ay")
+      .Force(6, 3, 300, -1000);
+}
+
+// Where some forces stay open, one equation of a joint can still give one: no cut and no pair of equations.
+TEST(HandSolution, TakesWhatOneEquationOfAJointGives) {
+  for (const TrussBuilder& truss :
+       {HandGirder().Clamp(8, 0, "Cx", "Cy"), HandGirder().Roller(8, 0, "C").Member(0, 0, 8, 0, "AC"),
+        HandGirder().Roller(8, 0, "C").Member(2, 3, 6, 3, "DE2")}) {
+    const TrussGraph graph = GraphOf(truss);
+    const HandSolution solution = SolveByHand(graph);
+    EXPECT_EQ(Found(solution), JudgeExactly(graph).Determined);
+    EXPECT_EQ(CountSteps(solution, HandStepKind::Section), 0);
+    for (const HandStep& step : solution.Steps) {
+      for (const BalanceEquation& equation : step.Equations)
+        EXPECT_NE(equation.Use, BalanceUse::SolvesTogether);
+    }
+  }
+}
+
+// Before each cut and each pair of equations: no joint, and no connected part as a whole, has a sum along x
+// or y in which one force alone is sought.
+class OneEquationFirst {
+ public:
+  explicit OneEquationFirst(const TrussGraph& graph) : graph_(graph), isKnown_(graph.NumUnknowns()) {}
+
+  int NumLookedAt() const { return numLookedAt_; }
+
+  void Check(const HandSolution& solution) {
+    for (const HandStep& step : solution.Steps) {
+      const bool isPair = !step.Equations.empty() && step.Equations.front().Use == BalanceUse::SolvesTogether;
+      if (isPair || step.Kind == HandStepKind::Section || step.Kind == HandStepKind::Together) {
+        ExpectNothingSimpler();
+        ++numLookedAt_;
+      }
+      for (const UnknownForce& force : step.Solved) isKnown_[force.Unknown] = 1;
+    }
+  }
+
+ private:
+  // The size of what a unit of the only force sought has along the axis; 0 where there are more or none.
+  double OnlyOne(const std::vector<int>& unknowns, Axis axis) const {
+    double only = 0;
+    for (const int k : unknowns) {
+      const double part = isKnown_[k] != 0 ? 0 : Along(k, axis);
+      if (part == 0) continue;
+      if (only != 0) return 0;
+      only = part;
+    }
+    return only;
+  }
+
+  double Along(int k, Axis axis) const {
+    const PlacedUnknown& unknown = graph_.Unknowns[k];
+    if (!unknown.IsMember()) return unknown.Along == axis && unknown.Sign != 0 ? 1 : 0;
+    const PlacedJoint& a = graph_.Joints[unknown.JointA];
+    const PlacedJoint& b = graph_.Joints[unknown.JointB];
+    const double dx = WrittenDifference(a.X, b.X);
+    const double dy = WrittenDifference(a.Y, b.Y);
+    return std::abs(axis == Axis::X ? dx : dy) / std::max(1e-30, std::hypot(dx, dy));
+  }
+
+  void ExpectNothingSimpler() const {
+    const Table<std::vector<int>> unknowns = UnknownsByJoint(graph_);
+    const TrussPieces pieces = PiecesOf(graph_);
+    std::vector<std::vector<int>> reactions(static_cast<std::size_t>(pieces.Count));
+    for (int k = 1; k <= graph_.NumUnknowns(); ++k) {
+      const PlacedUnknown& unknown = graph_.Unknowns[k];
+      if (!unknown.IsMember())
+        reactions[static_cast<std::size_t>(pieces.OfJoint[unknown.JointA])].push_back(k);
+    }
+    for (const Axis axis : {Axis::X, Axis::Y}) {
+      for (int j = 1; j <= graph_.NumJoints(); ++j)
+        EXPECT_LT(OnlyOne(unknowns[j], axis), NearlyVanishing) << graph_.Joints[j].Name;
+      for (const std::vector<int>& piece : reactions) EXPECT_EQ(OnlyOne(piece, axis), 0);
+    }
+  }
+
+  const TrussGraph& graph_;
+  Table<char> isKnown_;
+  int numLookedAt_ = 0;
+};
+
+TEST(HandSolution, PrefersOneEquationToACutAndToAPair) {
+  int numLookedAt = 0;
+  const auto look = [&numLookedAt](const TrussGraph& graph) {
+    const HandSolution solution = SolveByHand(graph);
+    if (solution.Contradicts()) return;
+    OneEquationFirst first(graph);
+    first.Check(solution);
+    numLookedAt += first.NumLookedAt();
+  };
+  WithEachExample([&](const Truss& truss) { look(GraphOf(truss)); });
+  std::mt19937 random(15);
+  for (int i = 0; i < 600 && !testing::Test::HasFailure(); ++i) {
+    SCOPED_TRACE(i);
+    look(GraphOf(RandomSmallTruss(random, 8, 6)));
+    look(GraphOf(RandomSimpleTrussOn(random, 3 + i % 12)));
+  }
+  EXPECT_GT(numLookedAt, 500);
+}
+
+// The thrust of a three-hinged arch: cut at the crown for one side, the sum of the whole for the other.
+TEST(HandSolution, GoesBackToTheWholeTrussWhenAReactionIsFound) {
+  const TrussGraph graph = GraphOf(TrussBuilder()
+                                       .Member(0, 0, 2, 4, "a")
+                                       .Member(0, 0, 4, 3, "b")
+                                       .Member(2, 4, 4, 3, "c")
+                                       .Member(2, 4, 6, 6, "d")
+                                       .Member(4, 3, 6, 6, "e")
+                                       .Member(12, 0, 10, 4, "f")
+                                       .Member(12, 0, 8, 3, "g")
+                                       .Member(10, 4, 8, 3, "h")
+                                       .Member(10, 4, 6, 6, "i")
+                                       .Member(8, 3, 6, 6, "j")
+                                       .Clamp(0, 0, "Ax", "Ay")
+                                       .Clamp(12, 0, "Bx", "By")
+                                       .Force(2, 4, 9, -30));
+  const HandSolution solution = SolveByHand(graph);
+  ASSERT_GE(solution.Steps.size(), 3U);
+  EXPECT_EQ(solution.Steps[1].Kind, HandStepKind::Section);
+  const HandStep& again = solution.Steps[2];
+  EXPECT_EQ(again.Kind, HandStepKind::Reactions);
+  ASSERT_EQ(again.Equations.size(), 1U);
+  EXPECT_EQ(again.Equations.front().Kind, BalanceKind::X);
+  EXPECT_EQ(static_cast<int>(Found(solution).size()), graph.NumUnknowns());
+  ExpectEquationsHold(solution);
+  ExpectJointsInBalance(graph, solution);
 }
 
 // Where each pair of a thousand supports was a point to take moments about, this took hours.

@@ -360,18 +360,68 @@ TEST(HandText, ItsAnglesGiveTheFactorsOfItsNumbers) {
 TEST(HandText, WritesOutHowTwoEquationsGiveTwoForces) {
   const ToldByHand told(TrussBuilder()
                             .Member(0, 0, 4, 3, "AB")
-                            .Member(8, 0, 4, 3, "BC")
-                            .Clamp(0, 0, "Ax", "Ay")
-                            .Clamp(8, 0, "Cx", "Cy")
-                            .Joint(4, 3, "B")
+                            .Member(12, -3, 4, 3, "AC")
+                            .Member(0, 0, 12, -3, "BC")
+                            .Clamp(0, 0, "Bx", "By")
+                            .Roller(12, -3, "C")
+                            .Joint(4, 3, "A")
+                            .Joint(0, 0, "B")
+                            .Joint(12, -3, "C")
                             .Force(4, 3, 80, -900));
   const std::string all = AllLines(told);
-  EXPECT_THAT(all, HasSubstr("What is sought to the left:  0.8 \xB7 AB - 0.8 \xB7 BC = -80  and  "
-                             "0.6 \xB7 AB + 0.6 \xB7 BC = 900\n"
-                             "The second times 0.8 less the first times 0.6:  0.96 \xB7 BC = 768\n"
-                             "So  BC = 768 / 0.96 = 800, that is 800 C.\n"
+  EXPECT_THAT(all, HasSubstr("What is sought to the left:  0.8 \xB7 AB - 0.8 \xB7 AC = -80  and  "
+                             "0.6 \xB7 AB + 0.6 \xB7 AC = 900\n"
+                             "The second times 0.8 less the first times 0.6:  0.96 \xB7 AC = 768\n"
+                             "So  AC = 768 / 0.96 = 800, that is 800 C.\n"
                              "Put into the first:  0.8 \xB7 AB - 0.8 \xB7 800 = -80\n"
                              "So  AB = 560 / 0.8 = 700, that is 700 C.\n"));
+}
+
+TEST(HandText, SaysOfAReactionWhereItIsAssumedToAct) {
+  const std::string all = AllLines(ToldByHand(TrussBuilder()
+                                                  .Member(0, 0, 4, 3, "12")
+                                                  .Member(8, 0, 4, 3, "b")
+                                                  .Clamp(0, 0, "Ax", "Ay")
+                                                  .Clamp(8, 0, "Cx", "Cy")
+                                                  .Force(4, 3, 80, -900)));
+  EXPECT_THAT(all,
+              HasSubstr("Sought:  12, assumed to push into the joint; Ax, assumed to act to the right.\n"));
+}
+
+// A nearly level member's component is its whole force within the figures shown.
+TEST(HandText, LeavesOutAFactorThatWouldBeWrittenAsOne) {
+  int numNearlyOne = 0;
+  for (const float rise : {0.0001F, 0.001F, 0.01F, 0.02F, 0.05F, 0.1F}) {
+    for (const int figures : {2, 4, 7}) {
+      const ToldByHand told(TrussBuilder()
+                                .Member(0, 0, 4, rise, "AB")
+                                .Member(8, 0, 4, rise, "BC")
+                                .Clamp(0, 0, "Ax", "Ay")
+                                .Clamp(8, 0, "Cx", "Cy")
+                                .Force(4, rise, 0, -900),
+                            figures);
+      const double cosine = 4 / std::hypot(4, WrittenDifference(rise, 0));
+      numNearlyOne += FormatSigFigs(cosine, told.Format) == "1" ? 1 : 0;
+      const std::string all = AllLines(told);
+      for (const char* one : {" 1 \xB7 ", "(1 \xB7 ", " / 1 ", "times 1 "})
+        EXPECT_THAT(all, testing::Not(HasSubstr(one))) << rise << ", " << figures;
+    }
+  }
+  EXPECT_GT(numNearlyOne, 5);
+}
+
+TEST(HandText, SaysWhyTheWholeTrussIsLookedAtAgain) {
+  const ToldByHand told(TrussBuilder()
+                            .Member(0, 0, 4, 3, "AC")
+                            .Member(8, 0, 4, 3, "BC")
+                            .Clamp(0, 0, "Ax", "Ay")
+                            .Clamp(8, 0, "Bx", "By")
+                            .Force(4, 3, 80, -900));
+  const std::vector<HandStepText> texts = told.Texts();
+  ASSERT_GE(texts.size(), 3U);
+  EXPECT_EQ(texts[0].Lines.front(), "The balance of the whole truss.");
+  EXPECT_EQ(texts[2].Heading, "Reactions");
+  EXPECT_EQ(texts[2].Lines.front(), "The balance of the whole truss once more, now that Ax is known.");
 }
 
 TEST(HandText, SaysHowALoadSplitsAndWhichHaveNoArm) {

@@ -81,23 +81,45 @@ TEST(Sections, OpenAFinkRoofByItsTieWithMomentsAboutTheRidge) {
 }
 
 // A large triangle with a small one inside, which hangs on a link at each corner: three members or more at
-// each joint, and no joint that two of the links share.
-TrussGraph TriangleInATriangle(float x1, float y1, float x2, float y2, float x3, float y3) {
-  return GraphOf(TrussBuilder()
-                     .Member(0, 0, 12, 0, "a")
-                     .Member(0, 0, 6, 10, "b")
-                     .Member(12, 0, 6, 10, "c")
-                     .Member(x1, y1, x2, y2, "d")
-                     .Member(x2, y2, x3, y3, "e")
-                     .Member(x3, y3, x1, y1, "f")
-                     .Member(0, 0, x1, y1, "l1")
-                     .Member(12, 0, x2, y2, "l2")
-                     .Member(6, 10, x3, y3, "l3")
-                     .Clamp(0, 0, "Ax", "Ay")
-                     .Roller(12, 0, "B")
-                     .Force(6, 10, 0, -60)
-                     .Force(x1, y1, 10, 0)
-                     .Force(x3, y3, 0, -20));
+// each joint, and no joint that two of the links share. On its side, x and y change places.
+struct Corner {
+  float X, Y;
+};
+enum class Stands { Upright, OnItsSide };
+
+TrussGraph TriangleInATriangle(Corner first, Corner second, Corner third, Stands stands = Stands::Upright) {
+  const bool turned = stands == Stands::OnItsSide;
+  const Corner left{0, 0}, right{12, 0}, top{6, 10};
+  TrussBuilder truss;
+  const auto member = [&](Corner a, Corner b, const char* name) {
+    if (turned) {
+      truss.Member(a.Y, a.X, b.Y, b.X, name);
+    } else {
+      truss.Member(a.X, a.Y, b.X, b.Y, name);
+    }
+  };
+  const auto force = [&](Corner at, float fx, float fy) {
+    if (turned) {
+      truss.Force(at.Y, at.X, fy, fx);
+    } else {
+      truss.Force(at.X, at.Y, fx, fy);
+    }
+  };
+  member(left, right, "a");
+  member(left, top, "b");
+  member(right, top, "c");
+  member(first, second, "d");
+  member(second, third, "e");
+  member(third, first, "f");
+  member(left, first, "l1");
+  member(right, second, "l2");
+  member(top, third, "l3");
+  force(top, 0, -60);
+  force(first, 10, 0);
+  force(third, 0, -20);
+  constexpr std::int16_t level = 7;
+  truss.Clamp(0, 0, "Ax", "Ay");
+  return GraphOf(turned ? truss.Roller(0, 12, "B", level) : truss.Roller(12, 0, "B"));
 }
 
 void ExpectOneSectionThroughTheLinks(const TrussGraph& graph, BalanceKind kind) {
@@ -116,14 +138,15 @@ void ExpectOneSectionThroughTheLinks(const TrussGraph& graph, BalanceKind kind) 
 }
 
 TEST(Sections, CutThreeLinksWhereverTheirLinesMeet) {
-  ExpectOneSectionThroughTheLinks(TriangleInATriangle(5, 2, 8, 3, 6.5F, 5), BalanceKind::Moment);
+  ExpectOneSectionThroughTheLinks(TriangleInATriangle({5, 2}, {8, 3}, {6.5F, 5}), BalanceKind::Moment);
 }
 
 TEST(Sections, TakeTheSumAcrossLinksThatAreParallel) {
   // l1 and l2 stand at 3 : 4; then upright; then level.
-  ExpectOneSectionThroughTheLinks(TriangleInATriangle(3, 4, 13.5F, 2, 6, 5), BalanceKind::Across);
-  ExpectOneSectionThroughTheLinks(TriangleInATriangle(0, 2, 12, 3, 7, 5), BalanceKind::X);
-  ExpectOneSectionThroughTheLinks(TriangleInATriangle(3, 0, 8, 3, 9, 10), BalanceKind::Y);
+  ExpectOneSectionThroughTheLinks(TriangleInATriangle({3, 4}, {13.5F, 2}, {6, 5}), BalanceKind::Across);
+  ExpectOneSectionThroughTheLinks(TriangleInATriangle({0, 2}, {12, 3}, {7, 5}), BalanceKind::X);
+  ExpectOneSectionThroughTheLinks(TriangleInATriangle({0, 2}, {12, 3}, {7, 5}, Stands::OnItsSide),
+                                  BalanceKind::Y);
 }
 
 // The wheel of a hexagon: six joints, each joined to its neighbours and to the one opposite.

@@ -9,6 +9,7 @@
 #include "platform/Palette.h"
 #include "support/CutTexts.h"
 #include "support/FindControl.h"
+#include "support/LearnWindowFixture.h"
 #include "support/TrussBuilder.h"
 
 namespace {
@@ -36,18 +37,9 @@ Truss LongStrip() {
   return builder.Member(60, 0, 60, 1).Clamp(0, 0).Roller(60, 0).Force(30, 1, 0, -10);
 }
 
-class ForcesWindowTest : public testing::Test {
+class ForcesWindowTest : public LearnWindowFixture<ForcesWindow> {
  protected:
-  void Show(Truss given) {
-    truss_ = std::make_shared<Truss>(std::move(given));
-    analysis_ = std::make_shared<const TrussAnalysis>(SolveTruss(*truss_));
-    window_.ShowSubject({.Document = truss_,
-                         .Reasons = std::make_shared<ExplanationOnDemand>(*truss_, *analysis_),
-                         .Format = {}});
-    window_.resize(680, 720);
-    window_.BringUp();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
-  }
+  ForcesWindowTest() : LearnWindowFixture({680, 720}) {}
 
   ForcesView& View() { return FindControl<ForcesView>(window_, "picForces"); }
   QTableWidget& List() { return FindControl<QTableWidget>(window_, "lstForces"); }
@@ -91,10 +83,6 @@ class ForcesWindowTest : public testing::Test {
     }
     return count;
   }
-
-  std::shared_ptr<Truss> truss_;
-  std::shared_ptr<const TrussAnalysis> analysis_;
-  ForcesWindow window_;
 };
 
 TEST_F(ForcesWindowTest, ListsEveryForceBesideTheDrawing) {

@@ -4,8 +4,8 @@
 #include <gmock/gmock.h>
 
 #include "explanation/steps/PivotWaits.h"
+#include "explanation/steps/StepLines.h"
 #include "explanation/steps/StepsFixture.h"
-#include "explanation/steps/StepsReport.h"
 
 namespace {
 
@@ -169,38 +169,51 @@ TEST(PivotWaits, SaysThatAnUnknownGetsNoPivot) {
   EXPECT_EQ(without, truss.Graph.NumUnknowns() - static_cast<int>(truss.Story.Pivots.size()));
 }
 
-std::vector<std::string> TextsOf(const std::vector<StepsLine>& lines, StepsLineKind kind) {
+std::vector<std::string> TextsOf(const std::vector<StepLine>& lines, StepLineKind kind) {
   std::vector<std::string> texts;
-  for (const StepsLine& line : lines) {
+  for (const StepLine& line : lines) {
     if (line.Kind == kind) texts.push_back(line.Text);
   }
   return texts;
 }
 
-TEST(StepsReport, NumbersEveryStep) {
+TEST(StepLines, NumbersEveryStep) {
   const SteppedTruss truss(HandTriangle());
-  const std::vector<StepsLine> lines = StepsReport(truss.Text(), StepsWithoutEnd);
-  EXPECT_EQ(TextsOf(lines, StepsLineKind::Pivot).size(), 6U);
-  EXPECT_EQ(TextsOf(lines, StepsLineKind::Pivot).size() + TextsOf(lines, StepsLineKind::Operation).size(),
+  const std::vector<StepLine> lines = StepLines(truss.Text(), StepsWithoutEnd);
+  EXPECT_EQ(TextsOf(lines, StepLineKind::Pivot).size(), 6U);
+  EXPECT_EQ(TextsOf(lines, StepLineKind::Pivot).size() + TextsOf(lines, StepLineKind::Operation).size(),
             truss.Story.Steps.size() - 1);
-  EXPECT_EQ(TextsOf(lines, StepsLineKind::Pivot)[0], "1.  The pivot is the coefficient of Ax in A - x, 1.");
-  EXPECT_THAT(TextsOf(lines, StepsLineKind::Operation),
+  EXPECT_EQ(TextsOf(lines, StepLineKind::Pivot)[0], "1.  The pivot is the coefficient of Ax in A - x, 1.");
+  EXPECT_THAT(TextsOf(lines, StepLineKind::Operation),
               testing::Contains("8.  C - x becomes C - x divided by 0.7071.   [C - x] := [C - x] / 0.7071"));
 }
 
-TEST(StepsReport, TellsOnPaperWhatItLeavesOut) {
+TEST(StepLines, LeaveALineBeforeAPivotAndMoveRemarksInUnderTheirStep) {
+  const SteppedTruss truss(HandTriangle());
+  const StepText text = truss.Text();
+  const std::vector<std::string> plain = PlainStepLines(text);
+  const auto pivot = std::ranges::find(plain, "1.  The pivot is the coefficient of Ax in A - x, 1.");
+  ASSERT_TRUE(pivot != plain.begin() && pivot != plain.end());
+  EXPECT_EQ(*(pivot - 1), "");
+  EXPECT_EQ(std::ranges::count(plain, ""), 6) << "one for each pivot";
+  const std::vector<std::string> remarks = TextsOf(StepLines(text, StepsWithoutEnd), StepLineKind::Remark);
+  EXPECT_FALSE(remarks.empty());
+  for (const std::string& remark : remarks) EXPECT_THAT(plain, testing::Contains("    " + remark));
+}
+
+TEST(StepLines, TellsOnPaperWhatItLeavesOut) {
   const SteppedTruss truss(HandTriangle());
   const StepText text = truss.Text();
   const std::size_t numSteps = truss.Story.Steps.size();
-  EXPECT_EQ(StepsReport(text, {.Steps = numSteps, .Pivots = 0}).size(),
-            StepsReport(text, StepsWithoutEnd).size());
-  const std::vector<StepsLine> lines = StepsReport(text, {.Steps = numSteps - 1, .Pivots = 4});
+  EXPECT_EQ(StepLines(text, {.Steps = numSteps, .Pivots = 0}).size(),
+            StepLines(text, StepsWithoutEnd).size());
+  const std::vector<StepLine> lines = StepLines(text, {.Steps = numSteps - 1, .Pivots = 4});
   EXPECT_THAT(
-      TextsOf(lines, StepsLineKind::Text),
+      TextsOf(lines, StepLineKind::Text),
       testing::IsSupersetOf({testing::HasSubstr("The elimination has " + std::to_string(numSteps - 1) +
                                                 " steps, which would fill too many pages"),
                              testing::HasSubstr("And 2 more pivots")}));
-  EXPECT_THAT(TextsOf(lines, StepsLineKind::Operation),
+  EXPECT_THAT(TextsOf(lines, StepLineKind::Operation),
               testing::ElementsAre("1.  A - x, Ax:  1", "2.  A - y, Ay:  1", "3.  B - x, AB:  1",
                                    "4.  B - y, B:  1"));
 }

@@ -6,15 +6,15 @@
 
 #include "explanation/steps/StepText.h"
 
-enum class StepsLineKind {
+enum class StepLineKind {
   Text,       ///< a sentence of its own
   Pivot,      ///< a pivot, with its number: what follows belongs to it
   Operation,  ///< another step, with its number
   Remark,     ///< on the step above
 };
 
-struct StepsLine {
-  StepsLineKind Kind = StepsLineKind::Text;
+struct StepLine {
+  StepLineKind Kind = StepLineKind::Text;
   std::string Text;
 };
 
@@ -29,4 +29,7 @@ inline constexpr StepsRoom StepsWithoutEnd{.Steps = ~std::size_t{0}, .Pivots = ~
 /// About ten pages.
 inline constexpr StepsRoom StepsOnPaper{.Steps = 500, .Pivots = 500};
 
-std::vector<StepsLine> StepsReport(const StepText& text, const StepsRoom& room);
+std::vector<StepLine> StepLines(const StepText& text, const StepsRoom& room);
+
+/// All of them as plain text, a line each: an empty one before each pivot, remarks moved in by four blanks.
+std::vector<std::string> PlainStepLines(const StepText& text);
