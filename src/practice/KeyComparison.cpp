@@ -22,11 +22,17 @@ std::string PlaceText(double x, double y, const ReportFormat& format) { return P
 class JointMatch {
  public:
   JointMatch(const TrussGraph& key, const TrussGraph& drawn, double nearX, double nearY)
-      : key_(key), drawn_(drawn), nearX_(nearX), nearY_(nearY), ofDrawn_(drawn.NumJoints()) {
+      : key_(key),
+        drawn_(drawn),
+        nearX_(nearX),
+        nearY_(nearY),
+        ofDrawn_(drawn.NumJoints()),
+        nearest_(drawn.NumJoints()) {
     std::vector<Pair> pairs = NearPairs();
     std::ranges::sort(pairs);
     Table<char> isTaken(key.NumJoints());
     for (const Pair& pair : pairs) {
+      if (nearest_[pair.Drawn] == 0) nearest_[pair.Drawn] = pair.Key;
       if (ofDrawn_[pair.Drawn] != 0 || isTaken[pair.Key] != 0) continue;
       ofDrawn_[pair.Drawn] = pair.Key;
       isTaken[pair.Key] = 1;
@@ -34,6 +40,9 @@ class JointMatch {
   }
 
   int OfDrawn(int joint) const { return ofDrawn_[joint]; }
+
+  /// The nearest joint of the key, also when another joint of the drawing is that one; 0: none is near.
+  int NearestTo(int joint) const { return nearest_[joint]; }
 
   bool IsExact(int joint) const {
     const PlacedJoint& a = drawn_.Joints[joint];
@@ -69,7 +78,7 @@ class JointMatch {
   const TrussGraph& key_;
   const TrussGraph& drawn_;
   double nearX_, nearY_;
-  Table<int> ofDrawn_;
+  Table<int> ofDrawn_, nearest_;
 };
 
 using Ends = std::pair<int, int>;               // joints of the key, the smaller number first
@@ -146,6 +155,9 @@ class Comparer {
       const int joint = match_.OfDrawn(j);
       if (joint != 0 && !match_.IsExact(j))
         Remark("The joint at " + InDrawing(j) + " is taken for that at " + InKey(joint) + " of the key.");
+      if (joint == 0 && match_.NearestTo(j) != 0)
+        Remark("The end at " + InDrawing(j) + " is not joined to the joint at " + InKey(match_.NearestTo(j)) +
+               '.');
     }
   }
 
