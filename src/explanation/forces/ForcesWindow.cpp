@@ -21,6 +21,7 @@
 #include "explanation/forces/ForcesPicture.h"
 #include "explanation/forces/ForcesText.h"
 #include "explanation/forces/ForcesView.h"
+#include "platform/qt/AccessibleRole.h"
 #include "platform/qt/QtPicture.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/ReadOnlyText.h"
@@ -57,6 +58,7 @@ ForcesWindow::ForcesWindow(QWidget* parent)
 void ForcesWindow::CreateControls() {
   picForces_ = new ForcesView(this);
   picForces_->setObjectName(QStringLiteral("picForces"));
+  SetAccessibleRole(*picForces_, QAccessible::Graphic);
   picForces_->setAccessibleName(QStringLiteral("Drawing of the truss with its forces"));
   connect(picForces_, &ForcesView::Clicked, this, &ForcesWindow::Choose);
   connect(picForces_, &ForcesView::DrawnAnew, this, &ForcesWindow::ShowState);

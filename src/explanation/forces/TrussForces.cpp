@@ -14,11 +14,6 @@ namespace {
 
 constexpr char DegreeSign = '\xB0';  // in the single-byte code page
 
-ForceSense SenseOf(double value) {
-  if (FormatSigFigs(value, {}) == "0") return ForceSense::Zero;
-  return value > 0 ? ForceSense::Pushing : ForceSense::Pulling;
-}
-
 std::string NameBefore(const std::string& text, const PlacedUnknown& unknown) {
   const bool isNamed = !unknown.Name.empty() && unknown.Name != UnnamedCaption;
   return isNamed ? unknown.Name + ' ' + text : text;
@@ -46,6 +41,11 @@ bool MayBeRounding(const TrussForces& forces) {
 }
 
 }  // namespace
+
+ForceSense SenseOf(double value) {
+  if (FormatSigFigs(value, {}) == "0") return ForceSense::Zero;
+  return value > 0 ? ForceSense::Pushing : ForceSense::Pulling;
+}
 
 TrussForces ForcesOf(ExplanationOnDemand& reasons, const ReportFormat& format) {
   const TrussAnalysis& analysis = reasons.Analysis();
