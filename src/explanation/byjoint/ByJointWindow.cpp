@@ -16,6 +16,7 @@
 #include "explanation/ShownText.h"
 #include "explanation/byjoint/HandSolution.h"
 #include "explanation/byjoint/HandView.h"
+#include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/ReadOnlyText.h"
 
@@ -39,6 +40,9 @@ void ByJointWindow::CreateControls() {
   picStep_ = new HandView(this);
   picStep_->setObjectName(QStringLiteral("picStep"));
   picStep_->setAccessibleName(QStringLiteral("Picture of the step"));
+  lblArrows_ = new QLabel(this);
+  lblArrows_->setObjectName(QStringLiteral("lblArrows"));
+  lblArrows_->setWordWrap(true);
   txtStep_ = MakeReadOnlyText(QStringLiteral("txtStep"), QStringLiteral("Equations of the step"), 10, this);
   txtStep_->setMinimumSize(160, 80);
   lblStep_ = new QLabel(this);
@@ -79,6 +83,7 @@ void ByJointWindow::LayOut() {
   buttons->addWidget(cmdCopy_);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(beside, 1);
+  layout->addWidget(lblArrows_);
   layout->addLayout(buttons);
 }
 
@@ -138,6 +143,8 @@ void ByJointWindow::ShowStep() {
   const auto index = static_cast<std::size_t>(std::max(0, row));
   const bool isStep = solved_ && row >= 0 && index < report_.Steps.size();
   picStep_->setVisible(isStep || !solved_);
+  lblArrows_->setText(isStep ? QString::fromStdString(NoteOfArrows(solved_->Solution.Steps[index]))
+                             : QString());
   picStep_->Show(isStep ? solved_ : nullptr, index);
   const QString description =
       isStep ? ShownText(DescribeHandStep(solved_->Graph, solved_->Solution, index, solved_->Format))
@@ -164,6 +171,7 @@ void ByJointWindow::ShowStep() {
   cmdBack_->setEnabled(mayGoBack);
   cmdNext_->setEnabled(mayGoOn);
   cmdCopy_->setEnabled(solved_ != nullptr);
+  KeepWholeHeight(*this);
   TellPlace();
 }
 
@@ -191,6 +199,12 @@ QWidget& ByJointWindow::FirstControl() { return *lstSteps_; }
 void ByJointWindow::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   if (!event->spontaneous()) TellPlace();
+}
+
+// In a narrow window the note takes more lines, and the window more height.
+void ByJointWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  KeepWholeHeight(*this);
 }
 
 void ByJointWindow::hideEvent(QHideEvent* event) {

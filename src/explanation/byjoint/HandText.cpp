@@ -194,7 +194,7 @@ HandStepText HandText::Section(const HandStep& step) const {
   if (step.Cut.empty()) text.Heading = "Part of the truss";
   text.Lines.push_back(
       "The part with " + names_.Joints(step.Joints) + " is looked at." +
-      (step.Cut.empty() ? "" : "  The members that are cut act on it at their joints there."));
+      (step.Cut.empty() ? "" : "  The members that are cut act on it at their joints there, and are assumed to push."));
   if (!step.PutAside.empty()) text.Lines.push_back(PutAside(step));
   const std::string loads = LoadsInComponents(step.Joints);
   if (!loads.empty()) text.Lines.push_back(loads);
