@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <string_view>
 
 #include "document/FilePaths.h"
+#include "practice/Variants.h"
 
 namespace {
 
@@ -34,6 +36,8 @@ class Parser {
         Take(Split(argument));
       }
     }
+    ChooseMarking();
+    CheckPractice();
     CheckFiles();
     if (result_.What == Mode::Window)
       std::ranges::transform(result_.Files, result_.Files.begin(), PathOfAddress);
@@ -56,6 +60,7 @@ class Parser {
     const std::string name(option.Name);
     if (name == "--report") {
       SetMode(Mode::Report, name);
+      namesSections_ = option.Value.has_value();
       TakeSections(option.Value.value_or("counting,joints,equations,rref,solutions"));
     } else if (name == "--csv") {
       SetMode(Mode::Csv, name);
@@ -73,10 +78,84 @@ class Parser {
     } else if (name == "--convert") {
       SetMode(Mode::Convert, name);
       TakeTrussFile(Needed(option));
-    } else {
+    } else if (!TakePractice(option)) {
       if (option.Value) Fail("there is no option " + name + " with a value");
       TakeSwitch(name);
     }
+  }
+
+  // What lecturers set and mark. Returns whether it is that.
+  bool TakePractice(const Option& option) {
+    const std::string name(option.Name);
+    PracticeRequest& practice = result_.Practice;
+    if (name == "--exercise") {
+      SetMode(Mode::Exercise, name);
+      TakeExerciseFile(Needed(option));
+    } else if (name == "--variants") {
+      practice.NumVariants = NumberUpTo(MostVariants, option);
+    } else if (name == "--seed") {
+      practice.Seed = NumberUpTo(UINT64_MAX, option);
+    } else if (name == "--mark") {
+      if (isMarking_) Fail("--mark is there twice");
+      isMarking_ = true;
+      if (option.Value) practice.AnswersPath = Needed(option);
+    } else if (name == "--key") {
+      practice.KeyPath = Needed(option);
+    } else if ((name == "--mirrored" || name == "--renamed") && !option.Value) {
+      (name == "--mirrored" ? practice.Mirrors : practice.Renames) = true;
+    } else {
+      return false;
+    }
+    return true;
+  }
+
+  template <class Number>
+  static Number NumberUpTo(Number most, const Option& option) {
+    const std::string text = Needed(option);
+    Number number = 0;
+    const char* end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc() || rest != end || number < 1 || number > most)
+      Fail(std::string(option.Name) + " needs a number from 1 to " + std::to_string(most) + ", not \"" +
+           text + '"');
+    return number;
+  }
+
+  void TakeExerciseFile(const std::string& path) {
+    const bool isBank = path.ends_with(".xml");
+    if (!isBank && !path.ends_with(".pdf"))
+      Fail("an exercise is written as .pdf, or as .xml for Moodle, not as \"" + path + '"');
+    result_.Practice.IsQuestionBank = isBank;
+    result_.OutputPath = path;
+  }
+
+  // --report says how drawings are compared: in words.
+  void ChooseMarking() {
+    if (!isMarking_) return;
+    PracticeRequest& practice = result_.Practice;
+    const bool hasKey = !practice.KeyPath.empty();
+    const bool hasAnswers = !practice.AnswersPath.empty();
+    if (hasKey == hasAnswers) Fail("--mark needs answers (--mark=ANSWERS.csv) or a key (--key=KEY.trs)");
+    if (hasKey && modeOption_ == "--report" && !namesSections_) {
+      practice.InWords = true;
+    } else if (!modeOption_.empty()) {
+      Fail("--mark does not go with " + modeOption_);
+    }
+    result_.What = hasKey ? Mode::Compare : Mode::Mark;
+    modeOption_ = "--mark";
+  }
+
+  void CheckPractice() const {
+    const PracticeRequest& practice = result_.Practice;
+    const bool isExercise = result_.What == Mode::Exercise;
+    const bool hasVariants = practice.NumVariants.has_value();
+    if (!practice.KeyPath.empty() && result_.What != Mode::Compare) Fail("--key goes with --mark");
+    if (isExercise && (!hasVariants || !practice.Seed)) Fail("--exercise needs --variants and --seed");
+    if (hasVariants != practice.Seed.has_value()) Fail("--variants and --seed go together");
+    if (hasVariants && !isExercise && result_.What != Mode::Mark)
+      Fail("--variants goes with --exercise or --mark=ANSWERS.csv");
+    if ((practice.Mirrors || practice.Renames) && !hasVariants)
+      Fail(std::string(practice.Mirrors ? "--mirrored" : "--renamed") + " goes with --variants");
   }
 
   void TakeSwitch(const std::string& name) {
@@ -213,23 +292,38 @@ class Parser {
         break;
       case Mode::Report:
       case Mode::Json:
+      case Mode::Compare:
         if (count == 0) Fail(modeOption_ + " needs a file");
         break;
       case Mode::Csv:
       case Mode::Picture:
       case Mode::Document:
       case Mode::Convert:
+      case Mode::Exercise:
         if (count != 1) Fail(modeOption_ + " needs one file");
+        break;
+      case Mode::Mark:
+        if (count == 0) Fail("--mark needs a file");
+        if (count > 1 && result_.Practice.NumVariants) Fail("--variants are those of one file");
         break;
       case Mode::Help:
       case Mode::Version:
         break;
     }
-    if (std::ranges::count(result_.Files, "-") > 1) Fail("standard input can be read once only");
+    CheckStandardInput();
+  }
+
+  void CheckStandardInput() const {
+    const std::ptrdiff_t numAsked = std::ranges::count(result_.Files, "-") +
+                                    (result_.Practice.AnswersPath == "-" ? 1 : 0) +
+                                    (result_.Practice.KeyPath == "-" ? 1 : 0);
+    if (numAsked > 1) Fail("standard input can be read once only");
   }
 
   CommandLine result_;
   std::string modeOption_;
+  bool namesSections_ = false;  // of --report
+  bool isMarking_ = false;
 };
 
 }  // namespace
@@ -240,36 +334,4 @@ std::variant<CommandLine, WrongArguments> ParseCommandLine(const std::vector<std
   } catch (const WrongArguments& wrong) {
     return wrong;
   }
-}
-
-const char* HelpText() {
-  return R"(Orvane teaches and checks the statics of plane, pin-jointed trusses.
-
-orvane [FILE...]                            open the window, on FILE when given; one for each of several
-orvane --report[=SECTION,...] FILE...       print reports: counting, joints, equations, rref, solutions
-                                            (all when none is named); also why: what stands behind the
-                                            conclusion, checks: oversights of the drawing,
-                                            steps: the elimination, one operation after the other, and
-                                            byjoint: the method of joints, as it is done by hand
-orvane --json [--matrices] FILE...          one JSON object per file and line
-orvane --json --explain FILE...             the same with the exact verdict, its reasons, and the checks
-orvane --csv=equations|rref|solutions FILE  that table as CSV
-orvane --picture=OUT [--named] FILE         the truss with its forces as .png, .svg or .pdf, by the ending of
-                                            OUT; --named adds the names of forces and joints
-orvane --picture=OUT --motion=K FILE        the truss with the K-th of the motions that --report=why tells
-orvane --picture=OUT --forces FILE          the truss with the forces that the solutions give, and its legend
-orvane --document=OUT FILE                  the printable report as .rtf, .pdf, .odt or .html
-orvane --document=OUT --with=forces,why FILE  the same with sections behind the solution: the drawing of the
-                                            forces, and why this conclusion
-orvane --document=OUT --with=steps,byjoint FILE  the same with the elimination step by step, and with the
-                                            forces as they are found joint by joint
-orvane --document=OUT --with=checks FILE    the same with the checks of the drawing; "why" has them too
-orvane --convert=OUT.trs FILE               write FILE again in the current layout
-orvane --autoname ...                       with any of the above: name the forces and joints first
-orvane --help | --version                   print this text, or the version
-
-FILE may be "-" for standard input, OUT "-" for standard output, which gets pictures as PNG and documents
-as RTF. Control characters in names are shown as pictures, such as ␛ for escape.
-Exit status: 0 all done; 1 a file could not be read whole or an output not written; 2 wrong arguments.
-)";
 }

@@ -2,6 +2,7 @@
 // found before a file is touched.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <variant>
@@ -38,8 +39,34 @@ struct PictureExtras {
   bool Forces = false;        ///< drawn with the forces that the solutions give
 };
 
+/// What a lecturer sets or marks.
+struct PracticeRequest {
+  std::optional<int> NumVariants;     ///< of Exercise, and of Mark when the answers are to such sheets
+  std::optional<std::uint64_t> Seed;  ///< there when NumVariants is
+  bool Mirrors = false;               ///< some variants are seen in a mirror
+  bool Renames = false;               ///< variants have other names
+  bool IsQuestionBank = false;        ///< of Exercise: for Moodle, not sheets
+  std::string AnswersPath;            ///< of Mark; "-" is standard input
+  std::string KeyPath;                ///< of Compare; "-" is standard input
+  bool InWords = false;               ///< of Compare: not as CSV
+};
+
 struct CommandLine {
-  enum class Mode { Window, Report, Json, Csv, Picture, Document, Convert, Help, Version };
+  /// Mark judges a class's answers, Compare its drawings.
+  enum class Mode {
+    Window,
+    Report,
+    Json,
+    Csv,
+    Picture,
+    Document,
+    Convert,
+    Exercise,
+    Mark,
+    Compare,
+    Help,
+    Version
+  };
 
   Mode What = Mode::Window;
   ReportSections Sections;                  ///< of Report
@@ -50,9 +77,10 @@ struct CommandLine {
   PictureFileFormat PictureFormat{};        ///< of Picture
   DocumentFileFormat DocumentFormat{};      ///< of Document
   std::vector<ReportExtra> DocumentWith;    ///< of Document: sections beyond the usual ones
-  std::string OutputPath;                   ///< of Picture, Document and Convert; "-" is standard output
-  bool AutoName = false;                    ///< name everything before the analysis
-  std::vector<std::string> Files;           ///< UTF-8 paths; "-" is standard input
+  PracticeRequest Practice;                 ///< of Exercise, Mark and Compare
+  std::string OutputPath;          ///< of Picture, Document, Convert and Exercise; "-" is standard output
+  bool AutoName = false;           ///< name everything before the analysis
+  std::vector<std::string> Files;  ///< UTF-8 paths; "-" is standard input
 };
 
 /// Why a call is wrong, in one line without a full stop.

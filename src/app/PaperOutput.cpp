@@ -5,6 +5,7 @@
 #include "explanation/forces/ForcesPicture.h"
 #include "paper/qt/PictureFiles.h"
 #include "platform/qt/QtTextMeasure.h"
+#include "practice/ExerciseFile.h"
 #include "reports/PrintableReportFiles.h"
 #include "reports/TrussPaint.h"
 
@@ -67,4 +68,8 @@ std::string DocumentBytes(const AnalysedFile& file, DocumentFileFormat fileForma
   const ReportSubject subject{
       .Document = file.Document, .Analysis = file.Analysis, .Numbers = numbers, .With = with};
   return ReportFile(subject, fileFormat).value_or(QByteArray()).toStdString();
+}
+
+std::string ExerciseBytes(const ExerciseSet& set, const NumberFormat& numbers) {
+  return ExercisePdf(set, numbers).value_or(QByteArray()).toStdString();
 }

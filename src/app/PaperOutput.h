@@ -12,6 +12,7 @@
 #include "explanation/MotionDrawing.h"
 #include "explanation/forces/ForcesDrawing.h"
 #include "paper/FileFormats.h"
+#include "practice/ExerciseSheets.h"
 #include "reports/ReportExtras.h"
 
 /// The toolkit's application object, without which it has no fonts. To be made before a picture or a report,
@@ -39,3 +40,4 @@ std::string MotionPictureBytes(const MotionScene& scene, PictureFileFormat fileF
 std::string ForcesPictureBytes(const ForcesScene& scene, PictureFileFormat fileFormat);
 std::string DocumentBytes(const AnalysedFile& file, DocumentFileFormat fileFormat,
                           const std::vector<ReportExtra>& with, const NumberFormat& numbers);
+std::string ExerciseBytes(const ExerciseSet& set, const NumberFormat& numbers);

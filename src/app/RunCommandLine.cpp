@@ -3,85 +3,45 @@
 
 #include <new>
 
+#include "app/PracticeRun.h"
+#include "app/RunOutput.h"
 #include "app/TextReports.h"
 #include "document/BrokenName.h"
-#include "document/FileWriting.h"
 #include "document/TrussFile.h"
 #include "explanation/Directions.h"
 #include "explanation/ExactVerdict.h"
-#include "text/ControlCharacters.h"
 
 namespace {
-
-// Shown when a run over many files takes longer than a moment.
-class Progress {
- public:
-  Progress(const CommandLineEnvironment& environment, std::size_t total)
-      : err_(environment.Err),
-        now_(environment.Now),
-        enabled_(environment.ErrIsTerminal && total > 1),
-        total_(total) {}
-  Progress(const Progress&) = delete;
-  Progress& operator=(const Progress&) = delete;
-  ~Progress() { Clear(); }
-
-  void Show(std::size_t done) {
-    if (!enabled_ || now_() - lastShown_ < std::chrono::milliseconds(500)) return;
-    lastShown_ = now_();
-    err_ << "\rorvane: " << done << " of " << total_ << " files" << std::flush;
-    visible_ = true;
-  }
-
-  void Clear() {
-    if (visible_) err_ << "\r\x1b[K" << std::flush;
-    visible_ = false;
-  }
-
- private:
-  std::ostream& err_;
-  const std::function<std::chrono::steady_clock::time_point()>& now_;
-  bool enabled_;
-  std::size_t total_;
-  std::chrono::steady_clock::time_point lastShown_ = now_();
-  bool visible_ = false;
-};
 
 class Run {
  public:
   Run(const CommandLine& commandLine, const CommandLineEnvironment& environment)
       : commandLine_(commandLine),
         environment_(environment),
-        progress_(environment, commandLine.Files.size()) {}
+        output_(environment, commandLine.Files.size()) {}
 
   ExitStatus AllFiles() {
     for (std::size_t i = 0; i < commandLine_.Files.size() && environment_.Out; ++i) {
-      progress_.Show(i);
+      output_.ShowProgress(i);
       const std::string& file = commandLine_.Files[i];
       try {
-        OneFile(file, i == 0);
+        OneFile(file);
       } catch (const std::bad_alloc&) {
-        Complain(file, "there is not enough memory for this truss");
+        output_.Complain(file, "there is not enough memory for this truss");
       }
     }
-    progress_.Clear();
-    return FlushOutput();
+    return output_.Finish();
   }
 
   ExitStatus Print(const char* text) {
     environment_.Out << text;
-    return FlushOutput();
+    return output_.Finish();
   }
 
  private:
-  ExitStatus FlushOutput() {
-    environment_.Out.flush();
-    if (!environment_.Out) Complain("standard output", "the results could not be written");
-    return status_;
-  }
-
-  void OneFile(const std::string& argument, bool first) {
+  void OneFile(const std::string& argument) {
     AnalysedFile file = ReadForAnalysis(argument, commandLine_.AutoName, environment_.In);
-    if (!file.IsComplete()) Complain(argument, file.Error);
+    if (!file.IsComplete()) output_.Complain(argument, file.Error);
     switch (commandLine_.What) {
       case CommandLine::Mode::Convert:
         Convert(file);
@@ -97,8 +57,8 @@ class Run {
         break;
       default:
         Analyse(file);
-        for (const std::string& remark : file.Remarks) Say(argument, remark);
-        Report(file, first);
+        for (const std::string& remark : file.Remarks) output_.Say(argument, remark);
+        Report(file);
     }
   }
 
@@ -108,13 +68,13 @@ class Run {
     if (!file.IsComplete()) return;
     const std::string brokenName = ElementWithBrokenName(file.Document);
     if (file.UnreadLine > 0) {
-      Complain(file.Argument, "line " + std::to_string(file.UnreadLine) +
-                                  ": this is no part of the truss; the file is not converted");
+      output_.Complain(file.Argument, "line " + std::to_string(file.UnreadLine) +
+                                          ": this is no part of the truss; the file is not converted");
     } else if (!brokenName.empty()) {
-      Complain(file.Argument,
-               "the name of " + brokenName + " could not be read back; the file is not converted");
+      output_.Complain(file.Argument,
+                       "the name of " + brokenName + " could not be read back; the file is not converted");
     } else {
-      WriteOutput(TrussText(file.Document));
+      output_.WriteFile(commandLine_.OutputPath, TrussText(file.Document));
     }
   }
 
@@ -123,48 +83,51 @@ class Run {
     const auto bytes =
         environment_.Picture(file, commandLine_.Picture.Named, commandLine_.PictureFormat, FormatOf(file));
     if (bytes) {
-      WriteOutput(*bytes);
+      output_.WriteFile(commandLine_.OutputPath, *bytes);
     } else if (file.IsComplete()) {
-      Complain(file.Argument, "there is nothing to draw");
+      output_.Complain(file.Argument, "there is nothing to draw");
     }
   }
 
   void DrawMotionPicture(AnalysedFile& file, int number) {
     Analyse(file);
-    for (const std::string& remark : file.Remarks) Say(file.Argument, remark);
+    for (const std::string& remark : file.Remarks) output_.Say(file.Argument, remark);
     const TrussGraph graph = GraphOf(file.Document, file.Analysis);
     const std::vector<Motion> motions = ReasonExactly(graph).Motions;
     const auto count = static_cast<int>(motions.size());
     if (number <= count) {
-      WriteOutput(environment_.MotionPicture({.Document = file.Document,
-                                              .Graph = graph,
-                                              .Moves = &motions[static_cast<std::size_t>(number - 1)],
-                                              .NamesOfForces = commandLine_.Picture.Named},
-                                             commandLine_.PictureFormat));
+      output_.WriteFile(commandLine_.OutputPath,
+                        environment_.MotionPicture({.Document = file.Document,
+                                                    .Graph = graph,
+                                                    .Moves = &motions[static_cast<std::size_t>(number - 1)],
+                                                    .NamesOfForces = commandLine_.Picture.Named},
+                                                   commandLine_.PictureFormat));
     } else if (file.IsComplete()) {
-      Complain(file.Argument, "there is no motion " + std::to_string(number) + ": the truss has " +
-                                  ::Counted(count, "motion", "motions"));
+      output_.Complain(file.Argument, "there is no motion " + std::to_string(number) + ": the truss has " +
+                                          ::Counted(count, "motion", "motions"));
     }
   }
 
   void DrawForcesPicture(AnalysedFile& file) {
     Analyse(file);
-    for (const std::string& remark : file.Remarks) Say(file.Argument, remark);
+    for (const std::string& remark : file.Remarks) output_.Say(file.Argument, remark);
     if (file.Analysis.System.NumUnknowns() > 0) {
       const TrussForces forces = ForcesOf(ExplanationOnDemand(file.Document, file.Analysis), FormatOf(file));
-      WriteOutput(environment_.ForcesPicture({.Document = file.Document, .Forces = forces},
-                                             commandLine_.PictureFormat));
+      output_.WriteFile(commandLine_.OutputPath,
+                        environment_.ForcesPicture({.Document = file.Document, .Forces = forces},
+                                                   commandLine_.PictureFormat));
     } else if (file.IsComplete()) {
-      Complain(file.Argument, "the truss has no unknown forces, so there are none to draw");
+      output_.Complain(file.Argument, "the truss has no unknown forces, so there are none to draw");
     }
   }
 
   void WriteDocument(const AnalysedFile& file) {
     if (file.Analysis.System.NumUnknowns() > 0) {
-      WriteOutput(environment_.Document(file, commandLine_.DocumentFormat, commandLine_.DocumentWith,
-                                        environment_.Numbers));
+      output_.WriteFile(commandLine_.OutputPath,
+                        environment_.Document(file, commandLine_.DocumentFormat, commandLine_.DocumentWith,
+                                              environment_.Numbers));
     } else if (file.IsComplete()) {
-      Complain(file.Argument, "the truss has no unknown forces, so there is no report to write");
+      output_.Complain(file.Argument, "the truss has no unknown forces, so there is no report to write");
     }
   }
 
@@ -172,7 +135,7 @@ class Run {
     return {file.Document.Settings.SigFigs, environment_.Numbers};
   }
 
-  void Report(const AnalysedFile& file, bool first) {
+  void Report(const AnalysedFile& file) {
     const ReportFormat format = FormatOf(file);
     std::ostream& out = environment_.Out;
     if (commandLine_.What == CommandLine::Mode::Document) {
@@ -183,42 +146,14 @@ class Run {
     } else if (commandLine_.What == CommandLine::Mode::Csv) {
       WriteCsv(out, file, commandLine_.Table, format);
     } else {
-      if (commandLine_.Files.size() > 1)
-        out << (first ? "" : "\n") << "== " << VisibleText(file.Argument) << " ==\n";
+      output_.PrintHeading(file.Argument);
       WriteReport(out, file, {commandLine_.Sections, commandLine_.Explained}, format);
     }
   }
 
-  // Bytes that could not even be made cannot be written.
-  void WriteOutput(const std::string& bytes) {
-    const std::string& path = commandLine_.OutputPath;
-    std::string doubt;
-    if (bytes.empty()) {
-      Complain(path == "-" ? "standard output" : path, "the file could not be written");
-    } else if (path == "-") {
-      environment_.Out << bytes;
-    } else if (const std::string why = WriteWholeFile(path, bytes, PipesAndDevices::Taken, &doubt);
-               !why.empty()) {
-      Complain(path, "the file could not be written: " + why);
-    } else if (!doubt.empty()) {
-      Say(path, "the file is written, but " + doubt);
-    }
-  }
-
-  void Say(const std::string& subject, const std::string& what) {
-    progress_.Clear();
-    environment_.Err << "orvane: " << VisibleText(subject) << ": " << VisibleText(what) << '\n';
-  }
-
-  void Complain(const std::string& subject, const std::string& why) {
-    Say(subject, why);
-    status_ = NotAllDone;
-  }
-
   const CommandLine& commandLine_;
   const CommandLineEnvironment& environment_;
-  Progress progress_;
-  ExitStatus status_ = Done;
+  RunOutput output_;
 };
 
 }  // namespace
@@ -230,6 +165,10 @@ ExitStatus RunCommandLine(const CommandLine& commandLine, const CommandLineEnvir
       return run.Print(HelpText());
     case CommandLine::Mode::Version:
       return run.Print("Orvane " ORVANE_VERSION "\n");
+    case CommandLine::Mode::Exercise:
+    case CommandLine::Mode::Mark:
+    case CommandLine::Mode::Compare:
+      return RunPractice(commandLine, environment);
     default:
       return run.AllFiles();
   }

@@ -13,6 +13,7 @@
 #include "app/FileAnalysis.h"
 #include "explanation/MotionDrawing.h"
 #include "explanation/forces/ForcesDrawing.h"
+#include "practice/ExerciseSheets.h"
 
 /// The world around one run.
 struct CommandLineEnvironment {
@@ -44,6 +45,12 @@ struct CommandLineEnvironment {
   std::function<std::string(const AnalysedFile& file, DocumentFileFormat,
                             const std::vector<ReportExtra>& with, const NumberFormat& numbers)>
       Document;
+
+  /// The bytes of a PDF file with the sheets of an exercise.
+  std::function<std::string(const ExerciseSet& set, const NumberFormat& numbers)> ExerciseSheets{};
+
+  /// The bytes of a PNG file with the truss of a variant.
+  std::function<std::string(const Variant& variant, const NumberFormat& numbers)> VariantPicture{};
 };
 
 enum ExitStatus : int { Done = 0, NotAllDone = 1, ArgumentsWrong = 2 };

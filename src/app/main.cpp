@@ -23,6 +23,7 @@
 #include "platform/qt/QtMessageBox.h"
 #include "platform/qt/QtNumberFormat.h"
 #include "platform/qt/QtSettingsStore.h"
+#include "practice/ExerciseFile.h"
 #include "text/ControlCharacters.h"
 
 namespace {
@@ -89,8 +90,9 @@ int RunWindow(int argc, char** argv, const CommandLine& commandLine) {
 
 int RunWithoutWindow(const CommandLine& commandLine) {
   std::optional<ScreenlessApplication> application;
-  const bool needsFonts =
-      commandLine.What == CommandLine::Mode::Picture || commandLine.What == CommandLine::Mode::Document;
+  using Mode = CommandLine::Mode;
+  const bool needsFonts = commandLine.What == Mode::Picture || commandLine.What == Mode::Document ||
+                          commandLine.What == Mode::Exercise;
   if (needsFonts) application.emplace();
   return RunCommandLine(commandLine, CommandLineEnvironment{.In = std::cin,
                                                             .Out = std::cout,
@@ -101,7 +103,9 @@ int RunWithoutWindow(const CommandLine& commandLine) {
                                                             .Picture = PictureBytes,
                                                             .MotionPicture = MotionPictureBytes,
                                                             .ForcesPicture = ForcesPictureBytes,
-                                                            .Document = DocumentBytes});
+                                                            .Document = DocumentBytes,
+                                                            .ExerciseSheets = ExerciseBytes,
+                                                            .VariantPicture = VariantPng});
 }
 
 }  // namespace

@@ -24,6 +24,7 @@ struct CharacterFormat {
 enum class LineRole {
   Text,
   Title,        ///< the heading of the whole document
+  PageTitle,    ///< the heading of a part that begins on a page of its own
   Heading,      ///< the heading of a section
   Joined,       ///< stands whole on one page with the line that follows
   JoinedLast,   ///< ends what Joined began
@@ -31,7 +32,12 @@ enum class LineRole {
   TableRow      ///< one more row of the table above
 };
 
-constexpr bool IsHeading(LineRole role) { return role == LineRole::Title || role == LineRole::Heading; }
+/// 1 for titles, 2 for a section, 0 for what is no heading.
+constexpr int HeadingLevel(LineRole role) {
+  if (role == LineRole::Title || role == LineRole::PageTitle) return 1;
+  return role == LineRole::Heading ? 2 : 0;
+}
+constexpr bool IsHeading(LineRole role) { return HeadingLevel(role) > 0; }
 constexpr bool IsRow(LineRole role) { return role == LineRole::TableHeader || role == LineRole::TableRow; }
 
 /// Whether a page never ends below such a line, nor below blank lines that follow it.

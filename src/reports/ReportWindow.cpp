@@ -122,6 +122,7 @@ void ReportWindow::ShowText(const QString& text) {
   eqnGrid_->hide();
   label17_->hide();
   redundantLines_->hide();
+  setMinimumSize(SmallestSize);
   eqnGrid_->Clear();
   txtReport1_->setPlainText(text);
   txtReport1_->show();

@@ -321,16 +321,95 @@ TEST(CommandLineHelp, NeedsNoFile) {
 
 TEST(CommandLineHelp, ShowsEveryOptionThatThereIs) {
   const std::string help = HelpText();
-  for (const char* option :
-       {"orvane [FILE...]", "--report[=SECTION,...] FILE...", "--json [--matrices] FILE...",
-        "--csv=equations|rref|solutions FILE", "--picture=OUT [--named] FILE", ".png, .svg or .pdf",
-        "--document=OUT FILE", "--document=OUT --with=forces,why FILE", "--document=OUT --with=checks FILE",
-        "--picture=OUT --forces FILE", ".rtf, .pdf, .odt or .html", "--convert=OUT.trs FILE",
-        "--autoname ...", "--help | --version", "Exit status: 0",
-        "counting, joints, equations, rref, solutions"}) {
+  for (const char* option : {"orvane [FILE...]",
+                             "--report[=SECTION,...] FILE...",
+                             "--json [--matrices] FILE...",
+                             "--csv=equations|rref|solutions FILE",
+                             "--picture=OUT [--named] FILE",
+                             ".png, .svg or .pdf",
+                             "--document=OUT FILE",
+                             "--document=OUT --with=forces,why FILE",
+                             "--document=OUT --with=checks FILE",
+                             "--picture=OUT --forces FILE",
+                             ".rtf, .pdf, .odt or .html",
+                             "--convert=OUT.trs FILE",
+                             "--exercise=OUT.pdf --variants=N --seed=S FILE",
+                             "--exercise=OUT.xml",
+                             "--mark=ANSWERS.csv FILE...",
+                             "--mark --key=KEY.trs FILE...",
+                             "--mirrored",
+                             "--renamed",
+                             "--autoname ...",
+                             "--help | --version",
+                             "Exit status: 0",
+                             "counting, joints, equations, rref, solutions"}) {
     EXPECT_THAT(help, HasSubstr(option));
   }
   EXPECT_TRUE(help.ends_with('\n'));
+}
+
+TEST(CommandLineExercise, HasItsVariantsAndItsSeed) {
+  const CommandLine call = Call({"--exercise=o.pdf", "--variants=30", "--seed=18446744073709551615", "a"});
+  EXPECT_EQ(call.What, Mode::Exercise);
+  EXPECT_EQ(call.OutputPath, "o.pdf");
+  EXPECT_FALSE(call.Practice.IsQuestionBank);
+  EXPECT_EQ(call.Practice.NumVariants, 30);
+  EXPECT_EQ(call.Practice.Seed, UINT64_MAX);
+  EXPECT_FALSE(call.Practice.Mirrors);
+  EXPECT_TRUE(Call({"--exercise=o.xml", "--variants=1", "--seed=1", "--mirrored", "a"}).Practice.Mirrors);
+  EXPECT_TRUE(Call({"--exercise=o.xml", "--variants=1", "--seed=1", "--renamed", "a"}).Practice.Renames);
+  EXPECT_TRUE(Call({"--exercise=o.xml", "--variants=1", "--seed=1", "a"}).Practice.IsQuestionBank);
+}
+
+TEST(CommandLineExercise, IsRefusedWithoutWhatMakesItAgain) {
+  EXPECT_EQ(WhyWrong({"--exercise=o.pdf", "--seed=1", "a"}), "--exercise needs --variants and --seed");
+  EXPECT_EQ(WhyWrong({"--exercise=o.pdf", "--variants=1", "a"}), "--exercise needs --variants and --seed");
+  EXPECT_EQ(WhyWrong({"--exercise=o.txt", "--variants=1", "--seed=1", "a"}),
+            "an exercise is written as .pdf, or as .xml for Moodle, not as \"o.txt\"");
+  EXPECT_EQ(WhyWrong({"--exercise=o.pdf", "--variants=1", "--seed=1"}), "--exercise needs one file");
+  EXPECT_EQ(WhyWrong({"--exercise=o.pdf", "--variants=1", "--seed=1", "a", "b"}),
+            "--exercise needs one file");
+  for (const char* number : {"0", "-1", "x", "1x", "1001", "99999999999", ""})
+    EXPECT_THAT(WhyWrong({"--exercise=o.pdf", std::string("--variants=") + number, "--seed=1", "a"}),
+                HasSubstr("--variants needs"));
+  EXPECT_THAT(WhyWrong({"--exercise=o.pdf", "--variants=1", "--seed=18446744073709551616", "a"}),
+              HasSubstr("--seed needs a number from 1 to 18446744073709551615"));
+}
+
+TEST(CommandLineMark, TakesAnswersOrAKey) {
+  EXPECT_EQ(Call({"--mark=a.csv", "a", "b"}).What, Mode::Mark);
+  EXPECT_EQ(Call({"--mark=a.csv", "a", "b"}).Practice.AnswersPath, "a.csv");
+  EXPECT_EQ(Call({"--mark=a.csv", "--variants=3", "--seed=1", "a"}).Practice.NumVariants, 3);
+  EXPECT_EQ(Call({"--mark", "--key=k.trs", "a", "b"}).What, Mode::Compare);
+  EXPECT_EQ(Call({"--key=k.trs", "--mark", "a"}).Practice.KeyPath, "k.trs");
+  for (const Words& words :
+       {Words{"--mark", "--report", "--key=k.trs", "a"}, Words{"--report", "--mark", "--key=k", "a"}})
+    EXPECT_TRUE(Call(words).Practice.InWords);
+  EXPECT_FALSE(Call({"--mark", "--key=k.trs", "a"}).Practice.InWords);
+}
+
+TEST(CommandLineMark, IsRefusedWhereItMeansNothing) {
+  const std::string oneOfBoth = "--mark needs answers (--mark=ANSWERS.csv) or a key (--key=KEY.trs)";
+  EXPECT_EQ(WhyWrong({"--mark", "a"}), oneOfBoth);
+  EXPECT_EQ(WhyWrong({"--mark=a.csv", "--key=k.trs", "a"}), oneOfBoth);
+  EXPECT_EQ(WhyWrong({"--mark=", "a"}), "--mark needs a value after \"=\"");
+  EXPECT_EQ(WhyWrong({"--mark=a.csv", "--mark=b.csv", "a"}), "--mark is there twice");
+  EXPECT_EQ(WhyWrong({"--mark=a.csv"}), "--mark needs a file");
+  EXPECT_EQ(WhyWrong({"--mark", "--key=k.trs"}), "--mark needs a file");
+  EXPECT_EQ(WhyWrong({"--mark=a.csv", "--json", "a"}), "--mark does not go with --json");
+  EXPECT_EQ(WhyWrong({"--mark=a.csv", "--report", "a"}), "--mark does not go with --report");
+  EXPECT_EQ(WhyWrong({"--mark", "--key=k", "--report=why", "a"}), "--mark does not go with --report");
+  EXPECT_EQ(WhyWrong({"--key=k.trs", "a"}), "--key goes with --mark");
+  EXPECT_EQ(WhyWrong({"--mark=a.csv", "--variants=2", "a"}), "--variants and --seed go together");
+  EXPECT_EQ(WhyWrong({"--mark=a.csv", "--variants=2", "--seed=1", "a", "b"}),
+            "--variants are those of one file");
+  EXPECT_EQ(WhyWrong({"--json", "--variants=2", "--seed=1", "a"}),
+            "--variants goes with --exercise or --mark=ANSWERS.csv");
+  EXPECT_EQ(WhyWrong({"--mark=a.csv", "--mirrored", "a"}), "--mirrored goes with --variants");
+  EXPECT_EQ(WhyWrong({"--json", "--renamed", "a"}), "--renamed goes with --variants");
+  EXPECT_EQ(WhyWrong({"--mirrored=1", "a"}), "there is no option --mirrored with a value");
+  EXPECT_EQ(WhyWrong({"--mark=-", "-"}), "standard input can be read once only");
+  EXPECT_EQ(WhyWrong({"--mark", "--key=-", "-"}), "standard input can be read once only");
 }
 
 TEST(CommandLineModes, DoNotGoTogether) {

@@ -5,6 +5,7 @@
 
 #include "ExplanationFixture.h"
 #include "explanation/ExplanationText.h"
+#include "reports/CountingReport.h"
 
 namespace {
 
@@ -107,6 +108,16 @@ TEST(TrianglesText, SaysWhyTrianglesAreNotEnough) {
   for (const Truss& held : {Truss(FreeTriangle().Clamp(0, 0, "Ax", "Ay").Roller(8, 0, "B", 5)),
                             Truss(FreeSquare().Clamp(0, 0, "Ax", "Ay").Clamp(4, 0, "Bx", "By"))})
     EXPECT_THAT(counting(held), Not(HasSubstr("Counting's sentence")));
+}
+
+TEST(TrianglesText, QuotesTheCountingReportAsItStands) {
+  Truss truss = FreeTriangle().Clamp(0, 0, "Ax", "Ay").Roller(8, 0, "B", 7).Force(2, 3, 0, -9);
+  const TrussAnalysis analysis = SolveTruss(truss);
+  const std::string text = OpeningParagraphs(truss).back();
+  const std::size_t opened = text.find('"') + 1;
+  const std::string quoted = text.substr(opened, text.find('"', opened) - opened);
+  EXPECT_FALSE(quoted.empty());
+  EXPECT_THAT(ReportCounting(analysis.Counted).Text(), HasSubstr(quoted));
 }
 
 }  // namespace

@@ -147,6 +147,17 @@ TEST_F(PagedTextTest, LinesFollowEachOtherAndNoneIsLost) {
   EXPECT_EQ(next, 51);
 }
 
+TEST_F(PagedTextTest, APartWithATitleOfItsOwnBeginsAPage) {
+  const auto pdf = Paint([](PagedText& text) {
+    for (const char* part : {"first\r\n", "second\r\n", "third\r\n"}) {
+      text.Append(part, Plain, LineRole::PageTitle);
+      Lines(text, 2);
+    }
+  });
+  EXPECT_EQ(numPages_, 3) << "and none before the first";
+  EXPECT_EQ(pdf.NumPages(), 3);
+}
+
 TEST_F(PagedTextTest, TheSizeOfLettersDoesNotDependOnTheDevice) {
   const auto paint = [this](int resolution) {
     resolution_ = resolution;

@@ -38,8 +38,7 @@ struct Paragraph {
   bool Wraps = true;
   bool StaysWithNext = false;  ///< not to end a page; so are the blank lines below such a one
 
-  /// 1 for the title, 2 for a section, 0 for what is no heading.
-  int HeadingLevel() const { return Role == LineRole::Title ? 1 : int{IsHeading(Role)} * 2; }
+  int HeadingLevel() const { return ::HeadingLevel(Role); }
 
   /// Not to be broken by a page's end.
   bool StaysWhole() const { return Role == LineRole::Joined || Role == LineRole::JoinedLast; }

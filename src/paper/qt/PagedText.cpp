@@ -60,6 +60,7 @@ class PagedText::Pages {
   void PlaceParagraph();
   void Add(Held next);
   double HeldHeight() const;
+  void BeginPage();
   void KeepHeldTogether();
   void PlaceHeld();
   void Place(Held next);
@@ -130,6 +131,7 @@ bool PagedText::Pages::Paste() {
 
 // Held lines are placed with the first line that does not stay with the next, once there are enough of them.
 void PagedText::Pages::Add(Held next) {
+  if (next.Role == LineRole::PageTitle) BeginPage();
   if (IsHeading(next.Role) && linesHeld_ > 0) {
     KeepHeldTogether();
     PlaceHeld();
@@ -146,6 +148,12 @@ void PagedText::Pages::Add(Held next) {
   } else if (HeldHeight() > (linesHeld_ > 0 ? paper_.TextHeight() : paper_.TextHeight() / 2)) {
     PlaceHeld();  // what goes on and on is text
   }
+}
+
+void PagedText::Pages::BeginPage() {
+  KeepHeldTogether();
+  PlaceHeld();
+  if (!paper_.AtTop()) paper_.Break();
 }
 
 double PagedText::Pages::HeldHeight() const {

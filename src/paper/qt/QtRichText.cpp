@@ -98,7 +98,8 @@ void QtRichText::SetRole(LineRole role) {
   if (role == LineRole::Text) return;
   QTextBlockFormat line = end_.blockFormat();
   line.setProperty(RoleProperty, static_cast<int>(role));
-  if (IsHeading(role)) line.setHeadingLevel(role == LineRole::Title ? 1 : 2);
+  if (IsHeading(role)) line.setHeadingLevel(HeadingLevel(role));
+  if (role == LineRole::PageTitle) line.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
   end_.setBlockFormat(line);
 }
 

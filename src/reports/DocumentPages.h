@@ -1,0 +1,39 @@
+// Any document that is built as rich text, on pages: of a printer, of a preview, or of a PDF file.
+#pragma once
+
+#include <QByteArray>
+#include <QPagedPaintDevice>
+#include <QString>
+#include <functional>
+#include <optional>
+
+#include "paper/RichText.h"
+#include "platform/TextMeasure.h"
+#include "reports/RTBPicture.h"
+
+/// What a document is built with. All of it lives as long as the call.
+struct DocumentTools {
+  RichText& Document;
+  ClipboardAccess Clipboard;  ///< a shelf of its own, which never fails
+  TextMeasure Measure;
+  float TableRoom = 0;  ///< width of the paper's text, points
+
+  /// Told how much is done, 0 .. 1; false when the user wants no more, or the device refuses pages.
+  std::function<bool(double done)> Progress;
+};
+
+/// Appends the document; false when it was ended.
+using DocumentBuilder = std::function<bool(const DocumentTools&)>;
+
+/// Told how much is done, 0 .. 1; returns false when the user wants no more.
+using DocumentProgress = std::function<bool(double done)>;
+
+/// Paints the document, with the title and the page's number in the footer. False when `progress` or the
+/// device ended it; then nothing is left of the pages, as far as that can be had.
+bool PrintDocument(QPagedPaintDevice& device, const QString& title, const DocumentBuilder& build,
+                   const DocumentProgress& progress = {});
+
+/// The same as a PDF file on A4, the same bytes for the same document. Nothing when `progress` ended it;
+/// empty bytes when they could not be made.
+std::optional<QByteArray> PdfOfDocument(const QString& title, const DocumentBuilder& build,
+                                        const DocumentProgress& progress = {});
