@@ -188,7 +188,7 @@ class PartPainter {
     PixelPoint from = At(force.Joint);
     double gap = GapAtJoint;
     double length = arrow_;
-    if (const auto cut = cutAt_.find(force.Unknown); force.Unknown != 0 && cut != cutAt_.end()) {
+    if (const auto cut = cutAt_.find(force.Unknown); cut != cutAt_.end()) {
       from = cut->second.At;
       gap = GapAtCut;
       length = std::min(length, std::max(10.0, 0.8 * cut->second.Left));
@@ -210,8 +210,10 @@ class PartPainter {
     labels_.KeepClear();
     if (forces_.size() <= MostHandTexts) {
       for (std::size_t i = 0; i < forces_.size(); ++i) {
-        const PixelPoint joint = At(forces_[i].Joint);
-        labels_.Arrow(picture_.Arrows[i], forces_[i].Text, joint);
+        // Beyond a cut members may meet; there the text stands at the arrow's head.
+        const bool isCut = cutAt_.contains(forces_[i].Unknown);
+        HandArrow& arrow = picture_.Arrows[i];
+        labels_.Arrow(arrow, forces_[i].Text, isCut ? arrow.Line.End1() : At(forces_[i].Joint));
       }
     }
     if (joints_.size() <= MostHandNames) {

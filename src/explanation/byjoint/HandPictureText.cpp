@@ -9,9 +9,7 @@ bool ShowsAssumedSenses(const HandStep& step) { return step.Kind == HandStepKind
 std::string NoteOfArrows(const HandStep& step) {
   if (ShowsAssumedSenses(step)) {
     return "The picture's arrows show the senses assumed, as in the equations: cut members push on the part, "
-           "reactions act "
-           "as "
-           "the arrows of their supports point.  A negative number means the other way.";
+           "reactions act as the arrows of their supports point.  A negative number means the other way.";
   }
   const std::string found = "The picture's arrows show the senses found, not those assumed";
   if (step.Joint == 0) return found + ": this is how the forces act on the truss.";
