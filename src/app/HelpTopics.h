@@ -19,6 +19,8 @@ inline constexpr const char* WhyHelpTopic = "\\orvane.chm::\\program\\learn.htm#
 inline constexpr const char* ForcesHelpTopic = "\\orvane.chm::\\program\\forces.htm";
 inline constexpr const char* StepsHelpTopic = "\\orvane.chm::\\gauss help\\steps.htm";
 inline constexpr const char* ByJointHelpTopic = "\\orvane.chm::\\truss help\\byjoint.htm";
+inline constexpr const char* TryHelpTopic = "\\orvane.chm::\\program\\practice.htm";
+inline constexpr const char* ExerciseHelpTopic = "\\orvane.chm::\\program\\lecturers.htm";
 inline constexpr const char* ChecksHelpTopic = "\\orvane.chm::\\program\\learn.htm#checks";
 inline constexpr const char* RoundingHelpTopic = "\\orvane.chm::\\truss help\\exact.htm";
 

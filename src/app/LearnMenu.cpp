@@ -16,6 +16,8 @@
 #include "explanation/forces/ForcesWindow.h"
 #include "explanation/steps/StepsWindow.h"
 #include "platform/qt/WindowInFront.h"
+#include "practice/ExerciseWindow.h"
+#include "practice/TryWindow.h"
 
 namespace {
 
@@ -35,6 +37,14 @@ const char* LearnMenuStatusText(int step, bool hasUnknowns) {
 // In the order of the menu: who adds a window adds its entry here.
 std::vector<LearnMenu::Entry> LearnMenu::AllEntries() const {
   std::vector<Entry> entries;
+  // Before anything that shows values.
+  entries.push_back(
+      {.Name = "mnuLearnTry",
+       .Caption = "&Try it yourself",
+       .ToolTip = "Boxes for the forces that you have found; says what is right, and gives hints",
+       .HelpTopic = TryHelpTopic,
+       .Sizes = TrySizes,
+       .Make = [this] { return MakeLitUp<TryWindow>(); }});
   entries.push_back({.Name = "mnuLearnWhy",
                      .Caption = "&Why this conclusion",
                      .ToolTip = "The exact verdict and its reasons, with the motions of the truss",
@@ -58,17 +68,26 @@ std::vector<LearnMenu::Entry> LearnMenu::AllEntries() const {
                      .ToolTip = "The forces as they are found by hand: reactions, joints, sections",
                      .HelpTopic = ByJointHelpTopic,
                      .Sizes = ByJointSizes,
-                     .Make = [this] { return MakeByJoint(); }});
+                     .Make = [this] { return MakeLitUp<ByJointWindow>(); }});
+  entries.push_back({.Name = "mnuLearnExercise",
+                     .Caption = "E&xercise sheets",
+                     .ToolTip = "For lecturers: this truss under other loads, for each student",
+                     .HelpTopic = ExerciseHelpTopic,
+                     .Sizes = ExerciseSizes,
+                     .Make = [this] {
+                       return std::make_unique<ExerciseWindow>(ExerciseWindow::Partners{
+                           .Chooser = on_.Chooser, .Messages = on_.Messages, .Directory = on_.Directory});
+                     }});
   return entries;
 }
 
-// A step lights up its joint on the drawing.
-std::unique_ptr<LearnWindow> LearnMenu::MakeByJoint() const {
-  auto window = std::make_unique<ByJointWindow>();
-  connect(window.get(), &ByJointWindow::PlaceChosen, this, [this](float x, float y) {
+template <class Window>
+std::unique_ptr<LearnWindow> LearnMenu::MakeLitUp() const {
+  auto window = std::make_unique<Window>();
+  connect(window.get(), &Window::PlaceChosen, this, [this](float x, float y) {
     on_.Canvas.PointAt(PixelPoint{x, y});
   });
-  connect(window.get(), &ByJointWindow::PlaceLeft, this, [this] { on_.Canvas.PointAt(std::nullopt); });
+  connect(window.get(), &Window::PlaceLeft, this, [this] { on_.Canvas.PointAt(std::nullopt); });
   return window;
 }
 

@@ -13,6 +13,8 @@
 #include "canvas/Graph.h"
 #include "explanation/Explanation.h"
 #include "platform/AnimationWish.h"
+#include "platform/FileChooser.h"
+#include "platform/MessageBox.h"
 #include "platform/NumberFormat.h"
 
 class CanvasWidget;
@@ -36,6 +38,9 @@ class LearnMenu final : public QObject {
     CanvasWidget& Canvas;
     const AnimationWish& Animation;
     NumberFormat Numbers;
+    FileChooser& Chooser;
+    MessageBox& Messages;
+    std::string Directory;  ///< UTF-8; where choosers open for a truss without a file
     /// Puts a window that opens beside those of the program and those of the menu, as far as they are shown.
     std::function<void(QWidget& window, const ReportSizes& sizes, const std::vector<const QWidget*>& ofMenu)>
         PlaceBeside;
@@ -78,7 +83,9 @@ class LearnMenu final : public QObject {
   };
 
   std::vector<Entry> AllEntries() const;
-  std::unique_ptr<LearnWindow> MakeByJoint() const;
+  /// A window that tells a place, which is lit up on the drawing.
+  template <class Window>
+  std::unique_ptr<LearnWindow> MakeLitUp() const;
   void AddEntry(Entry& entry);
   void Forget(Entry& entry) const;
   void Show(Entry& entry);

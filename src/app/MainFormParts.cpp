@@ -194,6 +194,9 @@ void MainForm::CreateLearnMenu() {
           .Canvas = *picDraw_,
           .Animation = animation_,
           .Numbers = on_.Numbers,
+          .Chooser = on_.Chooser,
+          .Messages = on_.Messages,
+          .Directory = on_.ProgramDirectory,
           .PlaceBeside =
               [this](QWidget& window, const ReportSizes& sizes, const std::vector<const QWidget*>& ofMenu) {
                 PlaceBesideReport(window, sizes, ofMenu);

@@ -36,6 +36,10 @@ inline constexpr ReportSizes StepsSizes{
     .Width = 780, .Height = 680, .SmallestWidth = 460, .SmallestHeight = 320};
 inline constexpr ReportSizes ByJointSizes{
     .Width = 700, .Height = 640, .SmallestWidth = 420, .SmallestHeight = 260};
+inline constexpr ReportSizes TrySizes{
+    .Width = 760, .Height = 600, .SmallestWidth = 460, .SmallestHeight = 340};
+inline constexpr ReportSizes ExerciseSizes{
+    .Width = 780, .Height = 640, .SmallestWidth = 480, .SmallestHeight = 420};
 inline constexpr ReportSizes ChecksSizes{
     .Width = 480, .Height = 320, .SmallestWidth = 300, .SmallestHeight = 160};
 

@@ -8,7 +8,8 @@
 bool Steps::Next1(Truss& truss) {
   if (step_ != 1) return false;
   if (!CheckJoints(truss)) {
-    statusText_ = std::string(" Step 2 is not possible: ") + TooManyJointsText + " ";
+    statusText_ = " Step 2 is not possible: ";
+    statusText_.append(TooManyJointsText).append(" ");
     return false;
   }
   return Enter(2);

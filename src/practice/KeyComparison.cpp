@@ -9,6 +9,7 @@
 
 #include "explanation/Directions.h"
 #include "practice/CsvReading.h"
+#include "practice/JointMatch.h"
 #include "text/CodePage.h"
 
 namespace {
@@ -17,60 +18,6 @@ constexpr double SharesOfGrid = 0.1;
 constexpr double SameLoad = 1e-5;
 
 std::string PlaceText(double x, double y, const ReportFormat& format) { return PairText(x, y, format); }
-
-// Which joint of the key each joint of the drawing is; 0: none.
-class JointMatch {
- public:
-  JointMatch(const TrussGraph& key, const TrussGraph& drawn, double nearX, double nearY)
-      : key_(key), drawn_(drawn), nearX_(nearX), nearY_(nearY), ofDrawn_(drawn.NumJoints()) {
-    std::vector<Pair> pairs = NearPairs();
-    std::ranges::sort(pairs);
-    Table<char> isTaken(key.NumJoints());
-    for (const Pair& pair : pairs) {
-      if (ofDrawn_[pair.Drawn] != 0 || isTaken[pair.Key] != 0) continue;
-      ofDrawn_[pair.Drawn] = pair.Key;
-      isTaken[pair.Key] = 1;
-    }
-  }
-
-  int OfDrawn(int joint) const { return ofDrawn_[joint]; }
-
-  bool IsExact(int joint) const {
-    const PlacedJoint& a = drawn_.Joints[joint];
-    const PlacedJoint& b = key_.Joints[ofDrawn_[joint]];
-    return a.X == b.X && a.Y == b.Y;
-  }
-
- private:
-  struct Pair {
-    double Distance;
-    int Key, Drawn;
-    friend auto operator<=>(const Pair&, const Pair&) = default;
-  };
-
-  // Joints of the key by their x, so that only those nearby are looked at.
-  std::vector<Pair> NearPairs() const {
-    std::multimap<double, int> byX;
-    for (int j = 1; j <= key_.NumJoints(); ++j) byX.emplace(key_.Joints[j].X, j);
-    std::vector<Pair> pairs;
-    for (int j = 1; j <= drawn_.NumJoints(); ++j) {
-      const double x = drawn_.Joints[j].X;
-      const double y = drawn_.Joints[j].Y;
-      const auto last = byX.upper_bound(x + nearX_);
-      for (auto found = byX.lower_bound(x - nearX_); found != last; ++found) {
-        const double dx = found->first - x;
-        const double dy = static_cast<double>(key_.Joints[found->second].Y) - y;
-        if (std::abs(dy) <= nearY_) pairs.push_back({std::hypot(dx, dy), found->second, j});
-      }
-    }
-    return pairs;
-  }
-
-  const TrussGraph& key_;
-  const TrussGraph& drawn_;
-  double nearX_, nearY_;
-  Table<int> ofDrawn_;
-};
 
 using Ends = std::pair<int, int>;               // joints of the key, the smaller number first
 using Pushes = std::set<std::pair<Axis, int>>;  // axis and sign
@@ -146,6 +93,9 @@ class Comparer {
       const int joint = match_.OfDrawn(j);
       if (joint != 0 && !match_.IsExact(j))
         Remark("The joint at " + InDrawing(j) + " is taken for that at " + InKey(joint) + " of the key.");
+      if (joint == 0 && match_.NearestTo(j) != 0)
+        Remark("The end at " + InDrawing(j) + " is not joined to the joint at " + InKey(match_.NearestTo(j)) +
+               '.');
     }
   }
 

@@ -51,8 +51,8 @@ std::optional<std::vector<bool>> MembersWithoutForce(const Truss& truss, const T
 
 class Maker {
  public:
-  Maker(const Truss& original, const VariantWishes& wishes)
-      : original_(original), wishes_(wishes), numbers_(wishes.Seed), loads_(LoadsOf(original)) {
+  Maker(const Truss& original, const VariantWishes& wishes, const std::function<bool(double)>& goOn)
+      : original_(original), wishes_(wishes), goOn_(goOn), numbers_(wishes.Seed), loads_(LoadsOf(original)) {
     used_.insert(loads_);
   }
 
@@ -64,6 +64,10 @@ class Maker {
     if (!made.Why.empty()) return made;
     withoutForce_ = MembersWithoutForce(sorted, analysis);
     while (static_cast<int>(made.All.size()) < wishes_.NumVariants) {
+      if (goOn_ && !goOn_(static_cast<double>(made.All.size()) / wishes_.NumVariants)) {
+        made.Why = "this was ended";
+        break;
+      }
       std::optional<Variant> next = Next(static_cast<int>(made.All.size()) + 1);
       if (!next) {
         made.Why = "only " + std::to_string(made.All.size()) +
@@ -125,6 +129,7 @@ class Maker {
 
   const Truss& original_;
   const VariantWishes& wishes_;
+  const std::function<bool(double)>& goOn_;
   SeededNumbers numbers_;
   Loads loads_;
   std::set<Loads> used_;
@@ -147,9 +152,10 @@ std::string WhyNotSolvable(const Truss& truss, const TrussAnalysis& analysis) {
   return isUnique ? "" : "the forces of this truss are not unique, exactly";
 }
 
-Variants MakeVariants(const Truss& original, const VariantWishes& wishes) {
+Variants MakeVariants(const Truss& original, const VariantWishes& wishes,
+                      const std::function<bool(double done)>& goOn) {
   const Loads loads = LoadsOf(original);
   const bool isLoaded = std::ranges::any_of(loads, [](const RoundLoad& load) { return load != RoundLoad{}; });
   if (!isLoaded) return {{}, "the truss has no load that could be another one"};
-  return Maker(original, wishes).Make();
+  return Maker(original, wishes, goOn).Make();
 }

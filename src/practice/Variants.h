@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -37,7 +38,9 @@ struct Variants {
 /// - the same members carry nothing;
 /// - the solutions give every force, and the exact verdict says that there is just one solution.
 /// The joint list of the truss must be up to date (CheckJoints).
-Variants MakeVariants(const Truss& original, const VariantWishes& wishes);
+/// `goOn` is told how much is done, 0 .. 1, and ends it when it returns false.
+Variants MakeVariants(const Truss& original, const VariantWishes& wishes,
+                      const std::function<bool(double done)>& goOn = {});
 
 /// Why a truss cannot be an exercise whose answers are judged, the rest of a sentence; empty when it can.
 std::string WhyNotSolvable(const Truss& truss, const TrussAnalysis& analysis);

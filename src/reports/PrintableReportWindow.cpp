@@ -16,19 +16,16 @@
 #include <utility>
 
 #include "document/DocumentLifecycle.h"
-#include "document/FileWriting.h"
 #include "explanation/RoundingText.h"
 #include "paper/qt/DocumentFiles.h"
 #include "paper/qt/PaperPages.h"
 #include "paper/qt/SmoothPictures.h"
-#include "platform/FileBytes.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/ScreenRoom.h"
 #include "platform/qt/WindowInFront.h"
 #include "reports/ReportProgressDialog.h"
 #include "reports/ReportWindow.h"
 #include "text/ControlCharacters.h"
-#include "text/Sentence.h"
 
 namespace {
 
@@ -224,44 +221,29 @@ bool PrintableReportWindow::PrintOn(QPrinter& printer) {
 void PrintableReportWindow::cmdReportSaveAs_Click() {
   if (busy_ || !HasDocument()) return;
   const QScopedValueRollback busy(busy_, true);
-  std::optional<std::string> path;
-  try {
-    path = on_.Chooser.ChooseForSaving(
-        {.Filter = FileFilter,
-         .FilterIndex = 1,
-         .InitialDirectory = ChooserDirectory(on_.Subject.Document.FileName, on_.Directory),
-         .ProposedName = DocumentName(on_.Subject.Document.FileName).toStdString() + ".rtf"});
-  } catch (const std::exception&) {
-    on_.Access.Messages.Show({.Text = "A file for the report cannot be chosen on this desktop.",
-                              .Icon = MessageIcon::Exclamation});
-  }
-  if (!path) return;
-  std::optional<DocumentFileFormat> format = DocumentFormatOf(*path);
-  if (!format) {
-    // The chooser has not asked about the file with this ending.
-    *path += ".rtf";
-    format = DocumentFileFormat::Rtf;
-    const Message question{.Text = *path + " already exists.\nDo you want to replace it?",
-                           .Buttons = MessageButtons::YesNo,
-                           .Icon = MessageIcon::Exclamation};
-    if (FileExists(*path) && on_.Access.Messages.Show(question) != MessageAnswer::Yes) return;
-  }
-  SaveAs(*path, *format);
+  const SavingAs saving = Saving();
+  const std::optional<std::string> path = ChoosePath(saving, on_.Chooser, on_.Access.Messages);
+  if (path) SaveAs(*path, DocumentFormatOf(*path).value_or(DocumentFileFormat::Rtf), saving);
 }
 
-void PrintableReportWindow::SaveAs(const std::string& path, DocumentFileFormat format) {
+SavingAs PrintableReportWindow::Saving() const {
+  const std::string& fileName = on_.Subject.Document.FileName;
+  return {.What = "The report",
+          .Request = {.Filter = FileFilter,
+                      .FilterIndex = 1,
+                      .InitialDirectory = ChooserDirectory(fileName, on_.Directory),
+                      .ProposedName = DocumentName(fileName).toStdString() + ".rtf"},
+          .HasEnding = [](const std::string& path) { return DocumentFormatOf(path).has_value(); },
+          .UsualEnding = ".rtf"};
+}
+
+void PrintableReportWindow::SaveAs(const std::string& path, DocumentFileFormat format,
+                                   const SavingAs& saving) {
   std::optional<QByteArray> bytes;
   {
     ReportProgressDialog progress(QStringLiteral("Saving the report ..."), on_.ProgressDelay, this);
     bytes = ReportFile(on_.Subject, format, std::ref(progress));
     if (progress.wasCanceled()) return;
   }
-  std::string why;
-  if (bytes && !bytes->isEmpty()) {
-    why = WriteWholeFile(path, {bytes->constData(), static_cast<std::size_t>(bytes->size())});
-    if (why.empty()) return;
-  }
-  on_.Access.Messages.Show({.Text = "The report could not be saved as " + path + ".",
-                            .Icon = MessageIcon::Exclamation,
-                            .Details = AsSentence(why)});
+  SaveBytes(path, bytes.value_or(QByteArray()).toStdString(), saving, on_.Access.Messages);
 }

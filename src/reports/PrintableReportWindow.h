@@ -10,6 +10,7 @@
 
 #include "platform/FileChooser.h"
 #include "reports/PrintableReportFiles.h"
+#include "reports/SavingAs.h"
 
 class QCheckBox;
 class QPrinter;
@@ -80,7 +81,8 @@ class PrintableReportWindow final : public QDialog {
   void cmdReportPrint_Click();
   void cmdReportSaveAs_Click();
   bool PrintOn(QPrinter& printer);
-  void SaveAs(const std::string& path, DocumentFileFormat format);
+  SavingAs Saving() const;
+  void SaveAs(const std::string& path, DocumentFileFormat format, const SavingAs& saving);
   void ChooseExtras();
 
   Partners on_;

@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QRadioButton>
 #include <QStyleFactory>
+#include <QTableWidget>
 #include <cmath>
 #include <iostream>
 
@@ -268,6 +269,7 @@ class HelpPictures : Photographer {
     Take(why, "why-window");
     why.close();
     TakeSteps();
+    TakeTry();
     Open(examples_ + "/near-joint.trs");
     Trigger("mnuLearnCheck");
     QWidget& checks = WindowNamed("Checks");
@@ -290,6 +292,24 @@ class HelpPictures : Photographer {
     Settle();
     Take(steps, "steps-window");
     steps.close();
+  }
+
+  // A slip, a wrong sense, and a power of ten.
+  void TakeTry() {
+    Open(examples_ + "/triangle.trs");
+    Click("cmdNext1");
+    Click("cmdNext2");
+    Trigger("mnuLearnTry");
+    QWidget& tried = WindowNamed("Try");
+    tried.resize(760, 480);
+    auto& boxes = *tried.findChild<QTableWidget*>();
+    int row = 0;
+    for (const char* value : {"0", "500", "500", "500 T", "-707", "7071"})
+      boxes.item(row++, 1)->setText(QString::fromLatin1(value));
+    tried.findChild<QPushButton*>(QStringLiteral("cmdJudge"))->click();
+    Settle();
+    Take(tried, "try-window");
+    tried.close();
   }
 
   std::string examples_;

@@ -14,6 +14,8 @@
 #include "explanation/steps/StepsWindow.h"
 #include "naming/Naming.h"
 #include "platform/qt/QtText.h"
+#include "practice/ExerciseWindow.h"
+#include "practice/TryWindow.h"
 #include "support/LoadedTriangle.h"
 #include "support/MainFormFixture.h"
 
@@ -84,8 +86,9 @@ TEST_F(MainFormLearn, StandsBetweenSettingsAndHelp) {
   QStringList entries;
   for (const QAction* action : LearnMenuOf()->actions()) entries.append(action->text().remove(u'&'));
   EXPECT_EQ(entries,
-            (QStringList{QStringLiteral("Why this conclusion"), QStringLiteral("Forces on the truss"),
-                         QStringLiteral("Elimination, step by step"), QStringLiteral("Joint by joint"),
+            (QStringList{QStringLiteral("Try it yourself"), QStringLiteral("Why this conclusion"),
+                         QStringLiteral("Forces on the truss"), QStringLiteral("Elimination, step by step"),
+                         QStringLiteral("Joint by joint"), QStringLiteral("Exercise sheets"),
                          QStringLiteral("Check the drawing")}));
 }
 
@@ -153,6 +156,34 @@ TEST_F(MainFormLearn, JointByJointLightsUpTheJointOnTheDrawing) {
   EXPECT_FALSE(canvas.PointedAt());
   Click("cmdPrev3");
   EXPECT_EQ(steps.count(), 0) << "the window forgets a truss that may change";
+}
+
+TEST_F(MainFormLearn, AHintLightsUpTheJointOnTheDrawing) {
+  Started();
+  OpenInStep3(LoadedTriangle());
+  Entry("mnuLearnTry")->trigger();
+  auto& window = *WindowOf<TryWindow>();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+  for (const char* value : {"0", "1000", "1000"}) {
+    QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(value));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QApplication::processEvents();
+  }
+  QTest::mouseClick(window.findChild<QPushButton*>(QStringLiteral("cmdHint")), Qt::LeftButton);
+  EXPECT_TRUE(Canvas()->PointedAt());
+  Press(window, Qt::Key_Escape);
+  EXPECT_FALSE(Canvas()->PointedAt());
+  Entry("mnuLearnTry")->trigger();
+  Click("cmdPrev3");
+  EXPECT_FALSE(window.isVisible()) << "the truss may change";
+}
+
+TEST_F(MainFormLearn, ExerciseSheetsAreMadeOfTheTrussInStep3) {
+  Started();
+  OpenInStep3(LoadedTriangle());
+  Entry("mnuLearnExercise")->trigger();
+  auto& window = *WindowOf<ExerciseWindow>();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window.Set().All.size() == 10; }));
 }
 
 TEST_F(MainFormLearn, HasNothingToExplainWithoutUnknownForces) {

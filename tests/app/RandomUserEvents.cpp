@@ -120,9 +120,10 @@ void RandomUser::ButtonEvent() {
 
 void RandomUser::MenuEvent() {
   static constexpr std::array names = {
-      "mnuFileSave", "mnuFileSaveAs",  "mnuFileOpen",   "mnuRecentFile(1)", "mnuRecentFile(2)",
-      "mnuSettings", "mnuHelpAbout",   "mnuFilePrint",  "mnuFileNew",       "mnuHelpProgram",
-      "mnuLearnWhy", "mnuLearnForces", "mnuLearnSteps", "mnuLearnByJoint",  "mnuLearnCheck"};
+      "mnuFileSave",      "mnuFileSaveAs",   "mnuFileOpen",  "mnuRecentFile(1)",
+      "mnuRecentFile(2)", "mnuSettings",     "mnuHelpAbout", "mnuFilePrint",
+      "mnuFileNew",       "mnuHelpProgram",  "mnuLearnWhy",  "mnuLearnForces",
+      "mnuLearnSteps",    "mnuLearnByJoint", "mnuLearnTry",  "mnuLearnCheck"};
   const char* name = OneOf(names);
   // Now and then only: a new truss, so that there is something to work on, and the printable report, whose
   // files take longest and which has a test of its own.

@@ -101,6 +101,7 @@ class Walk : Photographer {
     why.resize(380, 400);
     Take(why, "16-why-narrow");
     why.close();
+    TakePractice();
     Trigger("mnuLearnForces");
     QWidget& forces = WindowNamed("Forces");
     Take(forces, "16-forces");
@@ -146,6 +147,26 @@ class Walk : Photographer {
     steps.setCurrentRow(std::min(3, steps.count() - 1));
     Take(window, "16-byjoint-narrow");
     window.close();
+  }
+
+  void TakePractice() {
+    Trigger("mnuLearnTry");
+    QWidget& tried = WindowNamed("Try");
+    auto* boxes = tried.findChild<QTableWidget*>();
+    const char* values[] = {"0", "1000", "2.5", "300 T", "-5 T"};
+    for (int row = 0; row < std::min<int>(boxes->rowCount(), std::size(values)); ++row)
+      boxes->item(row, 1)->setText(QString::fromLatin1(values[row]));
+    tried.findChild<QPushButton*>(QStringLiteral("cmdJudge"))->click();
+    Take(tried, "16-try");
+    tried.findChild<QPushButton*>(QStringLiteral("cmdHint"))->click();
+    tried.resize(460, 340);
+    Take(tried, "16-try-narrow");
+    tried.close();
+    Trigger("mnuLearnExercise");
+    QWidget& exercise = WindowNamed("Exercise");
+    QTest::qWait(800);
+    Take(exercise, "16-exercise");
+    exercise.close();
   }
 
   void TakeHelp() {

@@ -131,6 +131,7 @@ TEST(KeyComparison, TakesEndsThatOnlyNearlyMeetForWhatTheyAre) {
                                           .Roller(6, 0)
                                           .Force(3, 4, 0, -1000));
   EXPECT_EQ(other.Members.Text(), "-1+1");
+  EXPECT_THAT(other.Remarks, Contains("The end at (3.02, 4) is not joined to the joint at (3, 4)."));
   EXPECT_THAT(other.Remarks, Contains("The member from (0, 0) to (3.02, 4) is not in the key."));
 }
 

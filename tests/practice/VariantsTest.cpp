@@ -291,6 +291,18 @@ TEST(Variants, ScaleLoadsTogetherThatCancelEachOther) {
     EXPECT_EQ(variant.Document.Forces[1].Fx, -variant.Document.Forces[2].Fx);
 }
 
+TEST(Variants, AreEndedByTheUser) {
+  double last = -1;
+  const Variants made =
+      MakeVariants(SquareWithIdleCorner(), {.NumVariants = 10, .Seed = 1}, [&last](double done) {
+        EXPECT_GT(done, last);
+        last = done;
+        return done < 0.4;
+      });
+  EXPECT_EQ(made.All.size(), 4U);
+  EXPECT_EQ(made.Why, "this was ended");
+}
+
 TEST(Variants, SayWhenThereAreNotAsMany) {
   const Variants made = MakeVariants(BalancedBar(-730, 730), {.NumVariants = MostVariants, .Seed = 1});
   EXPECT_FALSE(made.All.empty());

@@ -66,7 +66,8 @@ QVector<Listing> ListingsOfTheHelp() {
 }
 
 bool Shows(const Listing& listing, const QByteArray& output) {
-  const QByteArray written = WithoutLastLineEnd(output);
+  // Tables for spreadsheets end their lines with CR LF.
+  const QByteArray written = WithoutLastLineEnd(QByteArray(output).replace("\r\n", "\n"));
   if (!listing.IsPart) return listing.Text == written;
   return !listing.Text.isEmpty() && QByteArray('\n' + written + '\n').contains('\n' + listing.Text + '\n');
 }

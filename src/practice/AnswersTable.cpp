@@ -1,0 +1,93 @@
+#include "practice/AnswersTable.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QSignalBlocker>
+#include <algorithm>
+
+#include "platform/qt/QtText.h"
+
+namespace {
+
+QTableWidgetItem* ReadOnly(const QString& text) {
+  auto* item = new QTableWidgetItem(text);
+  item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+  return item;
+}
+
+}  // namespace
+
+AnswersTable::AnswersTable(QWidget* parent) : QTableWidget(0, NumColumns, parent) {
+  setHorizontalHeaderLabels(
+      {QStringLiteral("Force"), QStringLiteral("Your value"), QStringLiteral("What it is")});
+  verticalHeader()->hide();
+  horizontalHeader()->setStretchLastSection(true);
+  horizontalHeader()->setHighlightSections(false);
+  setSelectionMode(QAbstractItemView::SingleSelection);
+  setEditTriggers(QAbstractItemView::AllEditTriggers);
+  setTabKeyNavigation(false);
+  setWordWrap(true);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // what is said of a value wraps
+  connect(this, &QTableWidget::cellChanged, this, [this](int row, int column) {
+    if (column == Box) Q_EMIT ValueChanged(row);
+  });
+}
+
+void AnswersTable::ShowForces(const QStringList& names) {
+  const QSignalBlocker silent(this);
+  clearContents();
+  setRowCount(static_cast<int>(names.size()));
+  for (int row = 0; row < names.size(); ++row) {
+    setItem(row, Name, ReadOnly(names[row]));
+    auto* box = new QTableWidgetItem;
+    box->setData(Qt::AccessibleTextRole, QStringLiteral("Your value of ") + names[row]);
+    setItem(row, Box, box);
+    setItem(row, Verdict, ReadOnly(QString()));
+  }
+  resizeColumnToContents(Name);
+  setColumnWidth(Box, std::max(fontMetrics().horizontalAdvance(QStringLiteral("-88888.888 T")),
+                               horizontalHeader()->sectionSizeHint(Box)));
+  if (!names.isEmpty()) setCurrentCell(0, Box);
+}
+
+void AnswersTable::TakeOver() {
+  QWidget* editor = QApplication::focusWidget();
+  if (state() != EditingState || editor == nullptr || editor == this || !isAncestorOf(editor)) return;
+  commitData(editor);
+  QTableWidget::closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
+QString AnswersTable::Value(int row) const { return item(row, Box)->text(); }
+
+void AnswersTable::ShowVerdict(int row, const QString& words) {
+  const QSignalBlocker silent(this);
+  item(row, Verdict)->setText(words);
+  item(row, Verdict)->setToolTip(PlainToolTip(words));
+  resizeRowToContents(row);
+  const QString value = Value(row);
+  item(row, Box)->setData(Qt::AccessibleTextRole,
+                          QStringLiteral("Your value of %1: %2%3")
+                              .arg(item(row, Name)->text(), value.isEmpty() ? QStringLiteral("empty") : value,
+                                   words.isEmpty() ? QString() : QStringLiteral(", ") + words));
+}
+
+void AnswersTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+  const bool isReturn = hint == QAbstractItemDelegate::SubmitModelCache;
+  QTableWidget::closeEditor(editor, hint);
+  if (isReturn && currentRow() + 1 < rowCount()) setCurrentCell(currentRow() + 1, Box);
+}
+
+void AnswersTable::keyPressEvent(QKeyEvent* event) {
+  const bool writes = !event->text().isEmpty() && event->text().front().isPrint() &&
+                      (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
+  if (writes && currentRow() >= 0 && currentColumn() != Box) setCurrentCell(currentRow(), Box);
+  QTableWidget::keyPressEvent(event);
+}
+
+void AnswersTable::resizeEvent(QResizeEvent* event) {
+  QTableWidget::resizeEvent(event);
+  for (int row = 0; row < rowCount(); ++row) {
+    if (!item(row, Verdict)->text().isEmpty()) resizeRowToContents(row);
+  }
+}
