@@ -54,12 +54,37 @@ void HandLabels::KeepClear() {
   for (const HandArrow& arrow : picture_.Arrows) room.AddArrow(arrow.Line, HeadWidth);
 }
 
+void HandLabels::Put(HandArrow& arrow, const std::string& text, const TextPlace& place) {
+  arrow.Text = text;
+  arrow.TextBox = place.Box;
+  if (place.Leader && LengthOf(*place.Leader) >= ShortestLeader) arrow.Leader = place.Leader;
+}
+
 void HandLabels::Arrow(HandArrow& arrow, const std::string& text, PixelPoint joint) {
   const auto place = placer_.ByArrow(arrow.Line, joint, HeadWidth, measure_(TextFont{}, text));
-  if (!place) return;
-  arrow.Text = text;
-  arrow.TextBox = place->Box;
-  if (place->Leader && LengthOf(*place->Leader) >= ShortestLeader) arrow.Leader = place->Leader;
+  if (place) Put(arrow, text, *place);
+}
+
+// Beyond its tail other members may meet it.
+void HandLabels::CutArrow(HandArrow& arrow, const std::string& text) {
+  const TextExtent extent = measure_(TextFont{}, text);
+  const PixelLine& line = arrow.Line;
+  const double length = std::max(1.0, LengthOf(line));
+  const PixelVector back{(double{line.X1} - double{line.X2}) / length,
+                         (double{line.Y1} - double{line.Y2}) / length};
+  for (const double share : {0.6, 0.35, 0.85}) {
+    const PixelVector at{line.X2 + share * length * back.X, line.Y2 + share * length * back.Y};
+    for (const double lean : {0.0, 0.5, 1.0, 2.0}) {
+      for (const double side : {1.0, -1.0}) {
+        const double size = std::hypot(1, lean);
+        const PixelVector direction{(lean * back.X - side * back.Y) / size,
+                                    (lean * back.Y + side * back.X) / size};
+        if (const auto place = placer_.Beyond(at, direction, HeadWidth / 2.0 + 1, extent))
+          return Put(arrow, text, *place);
+      }
+    }
+  }
+  Arrow(arrow, text, line.End2());
 }
 
 void HandLabels::Name(const std::string& name, PixelPoint joint, const std::vector<PixelVector>& taken) {

@@ -27,10 +27,15 @@ class HandLabels {
   /// Beside an arrow of the picture that stands at the joint.
   void Arrow(HandArrow& arrow, const std::string& text, PixelPoint joint);
 
+  /// Beside an arrow that points to the line of a cut, on the arrow's side of it.
+  void CutArrow(HandArrow& arrow, const std::string& text);
+
   /// Beside a joint, first in the widest gap between the directions (of length 1, y upward) that are taken.
   void Name(const std::string& name, PixelPoint joint, const std::vector<PixelVector>& taken);
 
  private:
+  static void Put(HandArrow& arrow, const std::string& text, const TextPlace& place);
+
   HandPicture& picture_;
   const TextMeasure& measure_;
   TextPlacer placer_;

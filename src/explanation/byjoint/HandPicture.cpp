@@ -210,10 +210,11 @@ class PartPainter {
     labels_.KeepClear();
     if (forces_.size() <= MostHandTexts) {
       for (std::size_t i = 0; i < forces_.size(); ++i) {
-        // Beyond a cut members may meet; there the text stands at the arrow's head.
-        const bool isCut = cutAt_.contains(forces_[i].Unknown);
-        HandArrow& arrow = picture_.Arrows[i];
-        labels_.Arrow(arrow, forces_[i].Text, isCut ? arrow.Line.End1() : At(forces_[i].Joint));
+        if (cutAt_.contains(forces_[i].Unknown)) {
+          labels_.CutArrow(picture_.Arrows[i], forces_[i].Text);
+        } else {
+          labels_.Arrow(picture_.Arrows[i], forces_[i].Text, At(forces_[i].Joint));
+        }
       }
     }
     if (joints_.size() <= MostHandNames) {
