@@ -116,6 +116,7 @@ void WriteAdvice(JsonStream& list, const std::vector<Advice>& suggestions) {
 
 void WriteFindings(JsonStream& list, const AnalysedFile& file, const ReportFormat& format) {
   for (const DrawingCheck& check : ChecksOf(file, format)) {
+    if (KindWord(check.Kind) == nullptr) continue;
     list.Item(JsonList('{')
                   .Key("Kind", JsonText(KindWord(check.Kind)))
                   .Key("X", check.X)

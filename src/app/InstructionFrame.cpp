@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "app/Icons.h"
+#include "platform/qt/AccessibleRole.h"
 #include "platform/qt/FittedText.h"
 
 namespace {
@@ -47,6 +48,7 @@ QLabel* MakeBold(const QString& text, double largerBy) {
 
 QLayout* Heading(qreal devicePixelRatio) {
   auto* mark = new QLabel;
+  mark->setAccessibleName(QStringLiteral("The mark of Orvane"));
   mark->setPixmap(ApplicationPicture(MarkSide, devicePixelRatio));
   auto* texts = new QVBoxLayout;
   texts->setSpacing(0);
@@ -80,6 +82,7 @@ QLayout* StepList() {
 
 InstructionFrame::InstructionFrame(QWidget* parent) : QFrame(parent) {
   setObjectName(QStringLiteral("frInstruct1"));
+  SetAccessibleRole(*this, QAccessible::Grouping);
   setAccessibleName(QStringLiteral("Welcome to Orvane"));
   setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
   // It lies over the canvas, so it needs a ground of its own.

@@ -26,6 +26,7 @@
 #include "platform/qt/QtTextMeasure.h"
 #include "reports/ReportKind.h"
 
+class DrawingAccess;
 class FileMenuView;
 class HelpViewer;
 class InstructionFrame;
@@ -144,6 +145,7 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   CanvasWidget* picDraw_ = nullptr;
   ToolBox* picToolBox_ = nullptr;
   std::unique_ptr<CanvasTools> tool_;  // Step 1 on the canvas
+  std::unique_ptr<DrawingAccess> access_;
   QFrame* picStep2_ = nullptr;
   QFrame* picStep3_ = nullptr;
   std::array<StepNavigation, 3> navigation_;

@@ -7,6 +7,7 @@
 #include <QStatusBar>
 
 #include "app/AboutForm.h"
+#include "app/DrawingAccess.h"
 #include "app/FileMenuView.h"
 #include "app/HelpTopics.h"
 #include "app/HelpViewer.h"
@@ -36,7 +37,8 @@ MainForm::MainForm(const Partners& partners) : on_(partners), recent_(partners.S
   PlaceOnScreen();
 }
 
-MainForm::~MainForm() = default;
+// Widgets outlive what is told of them.
+MainForm::~MainForm() { picDraw_->SetAccess(nullptr); }
 
 void MainForm::CreateCanvasAndPanels() {
   auto* inner = new QWidget(this);
@@ -67,6 +69,9 @@ void MainForm::CreateToolPanel() {
           [this](int tool) { status_.ChooseTool(ToolHint(tool)); });
   tool_ = std::make_unique<CanvasTools>(CanvasTools::Partners{on_.Document, drawing_, tools_, on_.Messages,
                                                               on_.Numbers, *picDraw_, [this] { Redraw(); }});
+  access_ = std::make_unique<DrawingAccess>(DrawingAccess::Partners{
+      on_.Document, steps_, on_.Numbers, *tool_, [this](LabelIndex label) { lblRodJoint_Click(label); }});
+  picDraw_->SetAccess(access_.get());
   connect(picToolBox_, &ToolBox::ToolSelected, tool_.get(), &CanvasTools::SelectTool);
   connect(tool_.get(), &CanvasTools::ToolChosen, this, [this](int tool) {
     picToolBox_->ShowPalette();
@@ -161,8 +166,10 @@ void MainForm::CreateMenus() {
   mnuSettings_->setObjectName(QStringLiteral("mnuSettings"));
   CreateLearnMenu();
   CreateHelpMenu();
-  for (QMenu* menu : menuBar()->findChildren<QMenu*>(QRegularExpression(QStringLiteral("^mnu"))))
+  for (QMenu* menu : menuBar()->findChildren<QMenu*>(QRegularExpression(QStringLiteral("^mnu")))) {
+    menu->setAccessibleName(menu->title().remove(u'&'));
     connect(menu, &QMenu::aboutToShow, menu, [menu] { FitMenu(*menu); });
+  }
   mnuSettings_->setEnabled(false);
 }
 

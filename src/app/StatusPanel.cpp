@@ -7,6 +7,7 @@
 #include "app/FileMenu.h"
 #include "app/StepTexts.h"
 #include "editing/ToolPalette.h"
+#include "platform/qt/AccessibleEvents.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
 
@@ -33,6 +34,8 @@ StatusPanel::StatusPanel(int number, QWidget* statusBar) : QLabel(statusBar), wr
   setTextFormat(Qt::PlainText);
   setWordWrap(wraps_);
   setAlignment(Qt::AlignVCenter | (wraps_ ? Qt::AlignLeft : Qt::AlignRight));
+  setAccessibleDescription(wraps_ ? QStringLiteral("What to do next")
+                                  : QStringLiteral("Where the cursor is"));
   setContentsMargins(SideMargin, 0, SideMargin, 0);
 }
 
@@ -51,11 +54,12 @@ QString StatusPanel::Shown() const {
 }
 
 void StatusPanel::ShowText(const QString& text) {
+  const bool isNew = text != this->text();
   setText(text);
+  if (isNew && wraps_) Announce(*this, text.trimmed());
   Fit(wraps_ ? parentWidget()->font() : font(), text.trimmed());
   if (!wraps_) return;
   setToolTip(PlainToolTip(text.trimmed()));
-  setAccessibleDescription(Shown() == text.trimmed() ? QString() : text.trimmed());
 }
 
 void StatusPanel::Place(int left, int width) {

@@ -6,7 +6,7 @@
 /// Panel 1 wraps its text, panel 2 has one line. Both show their text without the blanks around it, which
 /// would push the first of two lines out of line, in the largest font in which all of it fits, but in none
 /// smaller than can be read at a glance. What does not fit even then ends with an ellipsis; the tool tip and
-/// the description for screen readers have all of it.
+/// the name for screen readers, who are told of every new text of panel 1, have all of it.
 class StatusPanel final : public QLabel {
  public:
   /// Panel 1 or 2.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/qt/AccessibleRole.h"
 #include "platform/qt/FittedText.h"
 
 namespace {
@@ -62,6 +63,11 @@ QLabel* AddStepCaption(QWidget* panel, const QString& objectName, const QString&
   caption->setObjectName(objectName);
   caption->setTextFormat(Qt::PlainText);
   caption->setAlignment(Qt::AlignCenter);
+  // The panel is called by its caption, but for one that has a name already.
+  if (panel->accessibleName().isEmpty()) {
+    SetAccessibleRole(*panel, QAccessible::Grouping);
+    panel->setAccessibleName(QString(text).replace(u'\n', QStringLiteral(": ")));
+  }
   return caption;
 }
 

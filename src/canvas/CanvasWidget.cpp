@@ -1,14 +1,18 @@
 // What is shown is rendered once after a change; exposing the window again only copies the image.
 #include "canvas/CanvasWidget.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
 #include <utility>
 
+#include "canvas/CanvasAccessible.h"
+#include "canvas/DrawnElements.h"
 #include "canvas/PaintDrawing.h"
 #include "canvas/Paper.h"
+#include "platform/qt/AccessibleEvents.h"
 #include "platform/qt/QtSurface.h"
 #include "platform/qt/QtText.h"
 
@@ -31,6 +35,13 @@ CanvasWidget::CanvasWidget(const Truss& truss, const Drawing& drawing, QWidget* 
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
+  CanvasAccessible::Install();
+  // A control that is hidden while it has the keys hands them on as Tab does, but nobody asked it to.
+  connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* before, const QWidget* now) {
+    if (now != this || before == nullptr || (before->isVisible() && before->isEnabled())) return;
+    focusCameByTab_ = false;
+    update();
+  });
 }
 
 bool CanvasWidget::BackingFits() const {
@@ -57,13 +68,46 @@ void CanvasWidget::PaintBacking(const std::function<void(Surface&)>& paint) {
 
 void CanvasWidget::ShowDrawing() {
   sceneIsCurrent_ = false;
-  if (!CanHoldFocus(focusLabel_)) focusLabel_ = 0;
+  if (focus_ && !IsShown(drawing_, truss_, *focus_)) focus_.reset();
+  if (FocusLabel() != 0 && !CanHoldFocus(FocusLabel())) focus_.reset();
+  ++generation_;
+  TellChanges();
   update();
+}
+
+// Costs nothing until somebody listens.
+void CanvasWidget::TellChanges() {
+  if (!IsSomebodyListening()) return;
+  if (auto* told = dynamic_cast<CanvasAccessible*>(QAccessible::queryAccessibleInterface(this)))
+    told->TellChanges();
+}
+
+LabelIndex CanvasWidget::FocusLabel() const {
+  return focus_ && focus_->Kind == ElementKind::Label ? static_cast<LabelIndex>(focus_->Index)
+                                                      : LabelIndex{0};
+}
+
+void CanvasWidget::FocusOn(const Element& element) {
+  setFocus(Qt::OtherFocusReason);
+  if (access_ != nullptr) access_->CursorTo(element);
+  MoveFocus(element);
+}
+
+void CanvasWidget::MoveFocus(const Element& element) {
+  focus_ = element;
+  update();
+  if (!IsSomebodyListening() || !hasFocus()) return;
+  QAccessibleInterface* canvas = QAccessible::queryAccessibleInterface(this);
+  QAccessibleEvent event(canvas->focusChild(), QAccessible::Focus);
+  TellListeners(event);
 }
 
 void CanvasWidget::SetLabelsActive(bool active) {
   labelsActive_ = active;
-  if (!active) focusLabel_ = pressedLabel_ = 0;
+  if (!active) {
+    focus_.reset();
+    pressedLabel_ = 0;
+  }
   unsetCursor();
   update();
 }
@@ -89,16 +133,29 @@ void CanvasWidget::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void CanvasWidget::PaintFocus(QPainter& painter) const {
-  if (focusLabel_ == 0 || !hasFocus()) return;
+  if (!hasFocus()) return;
+  if (!focus_ && focusCameByTab_ && !keyboardCursor_) {
+    painter.setPen(QPen(QColor(0, 90, 200), 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(rect().adjusted(2, 2, -3, -2));
+  }
+  if (!focus_) return;
+  const auto box = BoxOf(drawing_, truss_, *focus_);
+  if (!box) return;
   painter.setPen(QPen(QColor(0, 90, 200), 2));
   painter.setBrush(Qt::NoBrush);
-  painter.drawRect(BoxOf(drawing_.lblRodJoint[focusLabel_]).adjusted(-2, -2, 2, 2));
+  painter.drawRect(QRectF(double{box->Left}, double{box->Top}, double{box->Width()}, double{box->Height()})
+                       .adjusted(-2, -2, 2, 2));
 }
 
 void CanvasWidget::ShowKeyboardCursor(std::optional<QPointF> place) {
   if (place == keyboardCursor_) return;
   keyboardCursor_ = place;
+  focus_.reset();
   update();
+  if (!IsSomebodyListening()) return;
+  if (auto* told = dynamic_cast<CanvasAccessible*>(QAccessible::queryAccessibleInterface(this)))
+    told->TellCursor();
 }
 
 // A cross with a gap in its middle, so that what it points at can be seen.
@@ -143,9 +200,8 @@ void CanvasWidget::mousePressEvent(QMouseEvent* event) {
     QWidget::mousePressEvent(event);
     return;
   }
-  focusLabel_ = label;
   pressedLabel_ = label;
-  update();
+  MoveFocus({ElementKind::Label, label});
 }
 
 // Not when it is pressed: what opens then would never see the button come up.
@@ -185,15 +241,21 @@ bool CanvasWidget::ShowToolTip(QHelpEvent* event) {
 
 void CanvasWidget::keyPressEvent(QKeyEvent* event) {
   const bool opens = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (opens && focusLabel_ != 0) {
-    Q_EMIT LabelActivated(focusLabel_);
+  if (opens && FocusLabel() != 0) {
+    Q_EMIT LabelActivated(FocusLabel());
   } else {
     QWidget::keyPressEvent(event);
   }
 }
 
+void CanvasWidget::focusInEvent(QFocusEvent* event) {
+  focusCameByTab_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+  QWidget::focusInEvent(event);
+  update();
+}
+
 void CanvasWidget::focusOutEvent(QFocusEvent* event) {
-  if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) focusLabel_ = 0;
+  if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) focus_.reset();
   QWidget::focusOutEvent(event);
   update();
 }
@@ -206,7 +268,7 @@ bool CanvasWidget::CanHoldFocus(int label) const {
 
 LabelIndex CanvasWidget::NextLabel(int step) const {
   const int count = drawing_.lblRodJoint.Size();
-  int label = focusLabel_ == 0 && step < 0 ? count + 1 : int{focusLabel_};
+  int label = FocusLabel() == 0 && step < 0 ? count + 1 : int{FocusLabel()};
   do label += step;
   while (label >= 1 && label <= count && !CanHoldFocus(label));
   return label >= 1 && label <= count ? static_cast<LabelIndex>(label) : LabelIndex{0};
@@ -216,9 +278,7 @@ bool CanvasWidget::focusNextPrevChild(bool next) {
   if (labelsActive_ && hasFocus()) {
     const LabelIndex label = NextLabel(next ? 1 : -1);
     if (label != 0) {
-      focusLabel_ = label;
-      setAccessibleDescription(ToQt(truss_.Name(label)));
-      update();
+      MoveFocus({ElementKind::Label, label});
       return true;
     }
   }

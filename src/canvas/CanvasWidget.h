@@ -9,6 +9,7 @@
 #include <functional>
 #include <optional>
 
+#include "canvas/CanvasAccess.h"
 #include "canvas/Drawing.h"
 #include "document/Truss.h"
 #include "platform/Surface.h"
@@ -32,7 +33,20 @@ class CanvasWidget final : public QWidget {
   void SetLabelsActive(bool active);
 
   /// The label that the keyboard is on; 0 when it is on none.
-  LabelIndex FocusLabel() const { return focusLabel_; }
+  LabelIndex FocusLabel() const;
+
+  /// The element that the keyboard is on: a label, or what FocusOn was told.
+  const std::optional<Element>& FocusElement() const { return focus_; }
+
+  /// Takes the keyboard and puts it on an element that is to be seen, with a frame around it.
+  void FocusOn(const Element& element);
+
+  /// What can be told of the elements and done to them; must outlive the widget, and may be null.
+  void SetAccess(CanvasAccess* access) { access_ = access; }
+  CanvasAccess* Access() const { return access_; }
+
+  /// The decimal separator of what is told.
+  std::string Separator() const { return access_ != nullptr ? access_->Separator() : "."; }
 
   /// Where the keyboard's cursor stands (pixels); nothing hides it.
   void ShowKeyboardCursor(std::optional<QPointF> place);
@@ -43,8 +57,12 @@ class CanvasWidget final : public QWidget {
 
   const QImage& Backing() const { return backing_; }
 
-  /// The drawing that the widget shows.
+  /// The drawing that the widget shows, and the truss that it is of.
   const Drawing& Shown() const { return drawing_; }
+  const Truss& Document() const { return truss_; }
+
+  /// Another number whenever something of the drawing may have changed.
+  int Generation() const { return generation_; }
 
  Q_SIGNALS:
   /// A name label was clicked, or opened with Enter.
@@ -60,6 +78,7 @@ class CanvasWidget final : public QWidget {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   bool focusNextPrevChild(bool next) override;
 
@@ -73,6 +92,8 @@ class CanvasWidget final : public QWidget {
   LabelIndex LabelUnder(const QPointF& position) const;
   bool ShowToolTip(QHelpEvent* event);
   bool CanHoldFocus(int label) const;
+  void MoveFocus(const Element& element);
+  void TellChanges();
   LabelIndex NextLabel(int step) const;
 
   const Truss& truss_;
@@ -83,6 +104,9 @@ class CanvasWidget final : public QWidget {
   std::optional<QPointF> keyboardCursor_;
   std::optional<PixelPoint> pointedAt_;  // world coordinates
   bool labelsActive_ = false;
-  LabelIndex focusLabel_ = 0;
+  CanvasAccess* access_ = nullptr;
+  int generation_ = 0;
+  std::optional<Element> focus_;
+  bool focusCameByTab_ = false;
   LabelIndex pressedLabel_ = 0;  // 0 but between press and release of the mouse on a label
 };

@@ -3,6 +3,8 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
+#include "editing/ElementPress.h"
+#include "platform/qt/AccessibleEvents.h"
 #include "platform/qt/QtText.h"
 
 namespace {
@@ -92,8 +94,8 @@ void CanvasTools::SelectTool(int tool) {
 bool CanvasTools::ChooseTool(int digit) {
   if (!active_ || !cursor_.ChooseTool(digit)) return false;
   Q_EMIT ToolChosen(digit);
-  on_.Canvas.ShowDrawing();
-  ShowState();
+  ShowAfterKey();
+  Tell(std::string(ToolName(digit)) + " Tool");
   return true;
 }
 
@@ -180,20 +182,90 @@ bool CanvasTools::HandleKey(QKeyEvent* event) {
   const bool altOrControl = event->modifiers().testAnyFlags(Qt::AltModifier | Qt::ControlModifier);
   if (altOrControl) return false;
   const int key = event->key();
-  bool handled = HandleArrow(event);
-  if (!handled && (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter)) {
-    Q_EMIT WorkBegan();
-    if (!event->isAutoRepeat()) cursor_.PressOrRelease();
-    handled = true;
-  } else if (!handled && key == Qt::Key_Escape) {
+  if (HandleArrow(event)) {
+    ShowAfterKey();
+    TellCursor();
+    return true;
+  }
+  if (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter) {
+    if (event->isAutoRepeat()) {
+      Q_EMIT WorkBegan();
+    } else {
+      PressAtCursor();
+    }
+    return true;
+  }
+  if (key == Qt::Key_Escape) {
+    const bool wasDragging = mouse_.IsDragging();
     cursor_.Escape();
-    handled = true;
-  } else if (!handled && key >= Qt::Key_0 && key <= Qt::Key_9) {
-    return ChooseTool(key - Qt::Key_0);
+    ShowAfterKey();
+    if (wasDragging) Tell("cancelled");
+    return true;
   }
-  if (handled) {
-    on_.Canvas.ShowDrawing();
-    ShowState();
-  }
-  return handled;
+  return key >= Qt::Key_0 && key <= Qt::Key_9 && ChooseTool(key - Qt::Key_0);
+}
+
+void CanvasTools::ShowAfterKey() {
+  on_.Canvas.ShowDrawing();
+  ShowState();
+}
+
+// --- without a mouse, and without seeing
+
+std::optional<PixelPoint> CanvasTools::PlaceToPress(const Element& element) const {
+  if (!active_) return std::nullopt;
+  return ::PlaceToPress(on_.Document, on_.Picture, on_.Tools.Selected(), mouse_.IsDragging(), element);
+}
+
+void CanvasTools::Press(const Element& element) {
+  const auto place = PlaceToPress(element);
+  if (!place) return;
+  cursor_.MoveTo(*place);
+  PressAtCursor();
+}
+
+void CanvasTools::MoveCursorTo(const Element& element) {
+  const auto place = PlaceToPress(element);
+  if (!place) return;
+  cursor_.MoveTo(*place);
+  ShowAfterKey();
+}
+
+void CanvasTools::MoveCursor(float x, float y) {
+  if (!active_) return;
+  cursor_.MoveTo({on_.Picture.Mapping.XPixel(x), on_.Picture.Mapping.YPixel(y)});
+  ShowAfterKey();
+  TellCursor();
+}
+
+CanvasAccess::Place CanvasTools::CursorPlace() const {
+  const PixelPoint cursor = cursor_.Position();
+  if (const auto point = mouse_.LocationOf(cursor)) return {point->X, point->Y};
+  return {on_.Picture.Mapping.XWorld(cursor.X), on_.Picture.Mapping.YWorld(cursor.Y)};
+}
+
+void CanvasTools::PressAtCursor() {
+  if (!active_) return;
+  Q_EMIT WorkBegan();
+  // While something is dragged, the truss is not what it was before it.
+  if (IsSomebodyListening() && !mouse_.IsDragging()) beforePress_.emplace(on_.Document);
+  cursor_.PressOrRelease();
+  ShowAfterKey();
+  if (!beforePress_) return;
+  Tell(PressInWords(*beforePress_, on_.Document, on_.Picture, mouse_, cursor_.Position(),
+                    on_.Numbers.DecimalSeparator));
+  if (!mouse_.IsDragging()) beforePress_.reset();
+}
+
+void CanvasTools::TellCursor() {
+  if (!IsSomebodyListening()) return;
+  Tell(CursorInWords(on_.Document, on_.Picture, mouse_, on_.Tools.Selected(), cursor_.Position(),
+                     on_.Numbers.DecimalSeparator));
+}
+
+void CanvasTools::Tell(const std::string& words) {
+  if (!IsSomebodyListening()) return;
+  const QString text = OneLineText(ToQt(words));
+  on_.Canvas.setAccessibleDescription(text);
+  Announce(on_.Canvas, text);
 }

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <QObject>
+#include <optional>
 
 #include "canvas/CanvasWidget.h"
+#include "editing/EditingWords.h"
 #include "editing/KeyboardCursor.h"
 #include "editing/MouseEditing.h"
 #include "editing/ValueEditor.h"
@@ -43,6 +45,29 @@ class CanvasTools final : public QObject {
   /// something be dropped.
   void SetRoom(const QRect& room);
 
+  // The same without a mouse, for who sees the drawing as a list of elements.
+
+  /// Whether Step 1 is there and can be worked in.
+  bool IsActive() const { return active_; }
+
+  /// Whether a click on an element that is to be seen does something with the chosen tool.
+  bool CanPress(const Element& element) const { return PlaceToPress(element).has_value(); }
+
+  /// Goes to the element with the keyboard's cursor, and presses or releases there.
+  void Press(const Element& element);
+
+  /// Goes to where a click would act on the element, if any does.
+  void MoveCursorTo(const Element& element);
+
+  /// The keyboard's cursor goes there (world coordinates).
+  void MoveCursor(float x, float y);
+
+  /// Where a press at the keyboard's cursor would land (world coordinates).
+  CanvasAccess::Place CursorPlace() const;
+
+  /// As Space or Enter does.
+  void PressAtCursor();
+
   /// A digit was typed where it chooses a tool; returns whether there is such a tool.
   bool ChooseTool(int digit);
 
@@ -61,6 +86,10 @@ class CanvasTools final : public QObject {
   bool HandleMouse(QEvent* event);
   bool HandleKey(QKeyEvent* event);
   bool HandleArrow(QKeyEvent* event);
+  std::optional<PixelPoint> PlaceToPress(const Element& element) const;
+  void ShowAfterKey();
+  void TellCursor();
+  void Tell(const std::string& words);
   bool IsInRoom(float x, float y) const;
 
   Partners on_;
@@ -69,6 +98,7 @@ class CanvasTools final : public QObject {
   KeyboardCursor cursor_;
   ValueEditorFrame memberFrame_;
   ValueEditorFrame forceFrame_;
+  std::optional<ChangesInWords> beforePress_;  // while it goes on, and somebody listens
   QRect room_;
   bool active_ = false;
 };

@@ -70,6 +70,14 @@ void KeyboardCursor::Move(ArrowKey key, bool onePixel) {
   editing_.KeyMove(position_.X, position_.Y);
 }
 
+void KeyboardCursor::MoveTo(PixelPoint place) {
+  if (drawing_.Mapping.IsEmpty() || std::isnan(place.X) || std::isnan(place.Y)) return;
+  Show();
+  position_ = place;
+  KeepInside();
+  editing_.KeyMove(position_.X, position_.Y);
+}
+
 void KeyboardCursor::PressOrRelease() {
   if (drawing_.Mapping.IsEmpty()) return;
   Show();

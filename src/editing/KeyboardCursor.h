@@ -16,6 +16,9 @@ class KeyboardCursor {
   /// first key after Hide shows the cursor and moves it from the grid point nearest to where it was last.
   void Move(ArrowKey key, bool onePixel);
 
+  /// To a place in pixels, or where the drawing area ends; what is not a number leaves it.
+  void MoveTo(PixelPoint place);
+
   /// Presses; or releases what was pressed. Where a press alone does all, it is released at once.
   void PressOrRelease();
 

@@ -14,16 +14,8 @@
 
 namespace {
 
-bool IsDrawingTool(Tool tool) {
-  return tool == Tool::TrussMember || tool == Tool::Clamp || tool == Tool::Roller || tool == Tool::Force;
-}
-
 bool ActsByClick(Tool tool) {
   return tool == Tool::Clamp || tool == Tool::Roller || tool == Tool::ReOrientation || tool == Tool::Erase;
-}
-
-bool ActsOnLines(Tool tool) {
-  return tool == Tool::NumericalValue || tool == Tool::Move || tool == Tool::Erase;
 }
 
 }  // namespace

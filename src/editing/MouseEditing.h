@@ -58,6 +58,9 @@ class MouseEditing {
   /// 0 none; 1 and 2: that end of the selected member is dragged; 3: the head of the selected force.
   int ActionCode() const { return drag_ ? drag_->ActionCode() : 0; }
 
+  /// Where a press or a release at a pixel would land; nothing where it does nothing.
+  std::optional<SnappedPoint> LocationOf(PixelPoint mouse) const;
+
   /// What the handles mark; none while they are hidden.
   Selection Selected() const;
 
@@ -77,7 +80,6 @@ class MouseEditing {
   void UpdatePointer(PixelPoint mouse);
   PointerShape PointerAt(PixelPoint mouse) const;
   bool CanDropAt(PixelPoint mouse) const;
-  std::optional<SnappedPoint> LocationOf(PixelPoint mouse) const;
 
   EditingContext on_;
   Selection selection_;

@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "canvas/PickedLine.h"
 #include "editing/GridLines.h"
 
 namespace {
@@ -10,22 +11,6 @@ namespace {
 // A pin touches every pixel whose centre is nearer to the member's end than this, on both axes. Ends lie
 // between pixels as a rule, so that the pixel in the middle of a pin is as often beyond the end as before it.
 constexpr float PinReach = PinSize / 2 + 0.5F;
-
-// Where along the line a pixel lies that is on it; nothing when it is not.
-std::optional<float> FractionAt(const PixelLine& line, float x, float y) {
-  const double dx = double{line.X2} - double{line.X1};
-  const double dy = double{line.Y2} - double{line.Y1};
-  const bool isFlat = std::abs(dx) >= std::abs(dy);
-  const double along = isFlat ? double{x} - double{line.X1} : double{y} - double{line.Y1};
-  const double length = isFlat ? dx : dy;
-  if (length == 0) return std::nullopt;
-  const auto t = static_cast<float>(along / length);
-  if (!(t >= 0 && t <= 1)) return std::nullopt;
-  const double aside =
-      isFlat ? double{line.Y1} + double{t} * dy - double{y} : double{line.X1} + double{t} * dx - double{x};
-  if (!(std::abs(aside) < double{PickTolerance})) return std::nullopt;
-  return t;
-}
 
 bool IsOnPin(PixelPoint end, float x, float y) {
   return std::abs(x - end.X) < PinReach && std::abs(y - end.Y) < PinReach;

@@ -10,9 +10,6 @@
 #include "document/Truss.h"
 #include "text/ExactDecimal.h"
 
-/// Pixels: closer than this to a line, measured along its minor axis, is on the line.
-inline constexpr float PickTolerance = 5;
-
 /// Pixels on both axes: not farther than this from a marked end is on its handle.
 inline constexpr float HandleTolerance = 4;
 

@@ -2,9 +2,11 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QSignalBlocker>
 #include <algorithm>
 
 #include "editing/ToolPicture.h"
+#include "platform/qt/AccessibleRole.h"
 
 namespace {
 
@@ -16,6 +18,8 @@ constexpr int TopMargin = 6;
 
 ToolBox::ToolBox(ToolPalette& palette, QWidget* parent) : QFrame(parent), palette_(palette) {
   setObjectName(QStringLiteral("picToolBox"));
+  SetAccessibleRole(*this, QAccessible::Grouping);
+  setAccessibleName(QStringLiteral("Tools"));
   for (int tool = 1; tool <= NumTools; ++tool) {
     auto* button = new QToolButton(this);
     buttons_[static_cast<std::size_t>(tool - 1)] = button;
@@ -32,7 +36,10 @@ ToolBox::ToolBox(ToolPalette& palette, QWidget* parent) : QFrame(parent), palett
     button->setFocusPolicy(Qt::TabFocus);
     button->setMouseTracking(true);
     button->installEventFilter(this);
-    connect(button, &QToolButton::clicked, this, [this, tool] {
+    button->setCheckable(true);
+    button->setAccessibleDescription(QString::fromLatin1(ToolHint(tool)).trimmed());
+    // Whoever turns it on or off chooses it; one that is chosen stays so.
+    connect(button, &QToolButton::toggled, this, [this, tool] {
       palette_.Select(tool);
       ShowPalette();
       Q_EMIT ToolSelected(tool);
@@ -47,7 +54,8 @@ void ToolBox::ShowPalette() {
     const bool down = palette_.IsDown(tool);
     QToolButton* button = buttons_[static_cast<std::size_t>(tool - 1)];
     button->setIcon(QIcon(ToolPicture(tool, down, devicePixelRatioF(), palette())));
-    button->setAccessibleDescription(down ? QStringLiteral("selected") : QString());
+    const QSignalBlocker still(button);
+    button->setChecked(down);
   }
 }
 

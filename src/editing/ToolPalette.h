@@ -20,6 +20,16 @@ enum class Tool {
 
 inline constexpr int NumTools = 8;
 
+/// Whether a press with the tool draws something new at a point.
+constexpr bool IsDrawingTool(Tool tool) {
+  return tool == Tool::TrussMember || tool == Tool::Clamp || tool == Tool::Roller || tool == Tool::Force;
+}
+
+/// Whether a press with the tool does something to the member or force under it.
+constexpr bool ActsOnLines(Tool tool) {
+  return tool == Tool::NumericalValue || tool == Tool::Move || tool == Tool::Erase;
+}
+
 /// The name of tool 1 .. 8, e.g. "Truss Member".
 const char* ToolName(int tool);
 

@@ -9,6 +9,7 @@
 
 #include "editing/NumberBox.h"
 #include "editing/ValueEditorFrame.h"
+#include "platform/qt/AccessibleRole.h"
 #include "platform/qt/QtText.h"
 
 namespace {
@@ -28,6 +29,7 @@ ValueEditorFrame::ValueEditorFrame(EditingKind editingKind, ValueEditor& editor,
   const QString caption = editingKind == MemberKind ? QStringLiteral("new components for the big endpoint")
                                                     : QStringLiteral("new components for this force");
   setObjectName(ControlName("frNewCoords"));
+  SetAccessibleRole(*this, QAccessible::Grouping);
   setAccessibleName(caption);
   // It lies over the canvas, so it needs a ground and a pointer of its own.
   setAutoFillBackground(true);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <set>
 #include <tuple>
 #include <utility>
@@ -27,12 +28,17 @@ double SquaredLength(const TrussGraph& graph, int a, int b) {
 class Adviser {
  public:
   Adviser(const TrussGraph& graph, const ExactReasons& reasons, const NearPlaces& near)
-      : graph_(graph), reasons_(reasons), near_(near) {
+      : graph_(graph), reasons_(reasons), near_(near), shortestAt_(graph.NumJoints()) {
+    for (double& shortest : shortestAt_.First(shortestAt_.Size()))
+      shortest = std::numeric_limits<double>::infinity();
     for (int k = 1; k <= graph.NumUnknowns(); ++k) {
       const PlacedUnknown& unknown = graph.Unknowns[k];
       if (unknown.IsMember()) {
         joined_.insert(std::minmax(unknown.JointA, unknown.JointB));
         hasMember_.insert({unknown.JointA, unknown.JointB});
+        const double length = SquaredLength(graph, unknown.JointA, unknown.JointB);
+        for (const int joint : {unknown.JointA, unknown.JointB})
+          shortestAt_[joint] = std::min(shortestAt_[joint], length);
       } else {
         held_.insert({unknown.JointA, unknown.Along});
       }
@@ -80,11 +86,7 @@ class Adviser {
   bool IsAGap(int first, int second) const {
     constexpr double oneQuarter = 0.25 * 0.25;
     const double gap = SquaredLength(graph_, first, second);
-    return std::ranges::none_of(joined_, [&](const std::pair<int, int>& member) {
-      const auto [a, b] = member;
-      const bool endsThere = a == first || b == first || a == second || b == second;
-      return endsThere && gap > oneQuarter * SquaredLength(graph_, a, b);
-    });
+    return gap <= oneQuarter * std::min(shortestAt_[first], shortestAt_[second]);
   }
 
   // Those first whose joints move most where they do not hold them.
@@ -301,6 +303,7 @@ class Adviser {
   const TrussGraph& graph_;
   const ExactReasons& reasons_;
   const NearPlaces& near_;
+  Table<double> shortestAt_;  // by joint: squared, of the members that end there
   std::set<int> hasMember_;
   std::set<std::pair<int, int>> joined_;  // the lower joint first
   std::set<std::pair<int, Axis>> held_;   // by a support that stands there, whatever it holds

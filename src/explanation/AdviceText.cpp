@@ -1,5 +1,7 @@
 #include "explanation/AdviceText.h"
 
+#include <algorithm>
+
 #include "explanation/Directions.h"
 #include "explanation/HoldingSet.h"
 
@@ -21,13 +23,6 @@ class AdviceTeller {
   std::vector<std::string> Help() const {
     std::vector<std::string> paragraphs;
     AddSupports(paragraphs);
-    AddMoves(paragraphs);
-    for (const Advice* split : Suggested(AdviceKind::SplitMember)) paragraphs.push_back(SplitText(*split));
-    for (const Advice* join : Suggested(AdviceKind::JoinEnds)) {
-      paragraphs.push_back("Joints " + names_.WithPlace(join->JointA) + " and " +
-                           names_.WithPlace(join->JointB) +
-                           " nearly meet.  Draw them to one place: " + StopsText(join->Stops) + ".");
-    }
     std::vector<std::string> turns;
     for (const Advice* turn : Suggested(AdviceKind::TurnRoller))
       turns.push_back("the one at " + names_.JointInWords(turn->JointA) + ", so that it " + HoldText(*turn));
@@ -43,12 +38,44 @@ class AdviceTeller {
       if (advice.IsAddition()) additions.push_back(AdditionText(advice));
     }
     if (!additions.empty()) {
-      const std::string each = paragraphs.empty() ? "Each" : "Otherwise each";
+      const std::string each = !paragraphs.empty() ? "Otherwise each"
+                               : Slips().empty()   ? "Each"
+                                                   : "If the drawing is to stay as it is: each";
       paragraphs.push_back(each + " of these, added alone, stops one motion" + OthersOf(additions) + ": " +
                            Joined(additions, "; ") + ".");
       AddNumberNeeded(paragraphs);
     }
     return paragraphs;
+  }
+
+  std::vector<std::string> Slips() const {
+    std::vector<std::string> paragraphs;
+    AddMoves(paragraphs);
+    for (const Advice* split : Suggested(AdviceKind::SplitMember)) paragraphs.push_back(SplitText(*split));
+    for (const Advice* join : Suggested(AdviceKind::JoinEnds)) {
+      paragraphs.push_back("Joints " + names_.WithPlace(join->JointA) + " and " +
+                           names_.WithPlace(join->JointB) +
+                           " nearly meet.  Draw them to one place: " + StopsText(join->Stops) + ".");
+    }
+    AddTwins(paragraphs);
+    return paragraphs;
+  }
+
+  // A state of self-stress of two members between the same joints and nothing else.
+  void AddTwins(std::vector<std::string>& paragraphs) const {
+    for (const SelfStress& stress : on_.Exact.SelfStresses) {
+      if (stress.Forces.size() != 2 || paragraphs.size() >= static_cast<std::size_t>(MostAdvice)) continue;
+      const int k = stress.Forces[0].Unknown;
+      const PlacedUnknown& first = on_.Graph.Unknowns[k];
+      const PlacedUnknown& second = on_.Graph.Unknowns[stress.Forces[1].Unknown];
+      if (!first.IsMember() || !second.IsMember() ||
+          std::minmax(first.JointA, first.JointB) != std::minmax(second.JointA, second.JointB))
+        continue;
+      paragraphs.push_back(names_.Members({k, stress.Forces[1].Unknown}) + " lie on one another, from " +
+                           names_.Joint(first.JointA) + " to " + names_.Joint(first.JointB) +
+                           ".  If one was drawn twice, erase the other: that takes away one state of "
+                           "self-stress, and nothing moves that did not move before.");
+    }
   }
 
   // A truss that nothing holds needs supports before anything else.
@@ -173,6 +200,10 @@ class AdviceTeller {
 };
 
 }  // namespace
+
+std::vector<std::string> WhatMayBeASlip(const Explanation& explanation, const DistinctNames& names) {
+  return AdviceTeller(explanation, names).Slips();
+}
 
 std::vector<std::string> WhatWouldHelp(const Explanation& explanation, const DistinctNames& names) {
   return AdviceTeller(explanation, names).Help();

@@ -11,6 +11,7 @@
 #include "document/JointList.h"
 #include "explanation/Directions.h"
 #include "explanation/DistinctNames.h"
+#include "explanation/EqualNames.h"
 #include "explanation/RigidityMatrix.h"
 
 namespace {
@@ -64,6 +65,7 @@ class Checker {
     FindWhatIsApart();
     FindSingleMemberJoints();
     FindReactionsOutside();
+    FindNamesGivenTwice();
     return std::move(checks_);
   }
 
@@ -245,6 +247,16 @@ class Checker {
     }
   }
 
+  void FindNamesGivenTwice() {
+    constexpr std::size_t mostTold = 6;
+    for (const EqualNames& equal : FindEqualNames(truss_, graph_, names_)) {
+      Tell(CheckKind::EqualNames, equal.X, equal.Y,
+           Capital(ListOf(equal.Bearers, mostTold)) + (equal.Bearers.size() == 2 ? " are both" : " are all") +
+               " called " + equal.Name + ": in the tables " + (equal.AreJoints ? "their equations" : "they") +
+               " cannot be told apart.");
+    }
+  }
+
   bool IsOnCanvas(float x, float y) const {
     return x >= 0 && y >= 0 && x <= where_.CanvasWidth && y <= where_.CanvasHeight;
   }
@@ -278,9 +290,11 @@ const char* KindWord(CheckKind kind) {
     case CheckKind::SingleMemberJoint:
       return "single-member-joint";
     case CheckKind::OutsideDrawing:
+      return "outside-drawing";
+    case CheckKind::EqualNames:
       break;
   }
-  return "outside-drawing";
+  return nullptr;
 }
 
 std::vector<DrawingCheck> CheckDrawing(const Truss& truss, const DrawnWhere& where,

@@ -17,9 +17,11 @@ enum class CheckKind {
   Apart,               ///< a support or a force touches no member
   SingleMemberJoint,   ///< a joint has one member and no support
   OutsideDrawing,      ///< a reaction is drawn outside the canvas
+  EqualNames,          ///< joints have one name, or members and reactions
 };
 
-/// "near-ends", "through-joint" ...: the words by which programs know the kinds.
+/// "near-ends", "through-joint" ...: the words by which programs know the kinds; null for a kind that is told
+/// to people only.
 const char* KindWord(CheckKind kind);
 
 struct DrawingCheck {

@@ -15,6 +15,12 @@ namespace {
 
 constexpr std::size_t MostStates = 12;
 
+// Of a proof.
+constexpr std::size_t MostWrittenOut = 8;
+
+// Where they are first spoken of.
+constexpr const char* ForceDensity = "(force divided by length, written q) ";
+
 std::string Motions(int count) { return Counted(count, "independent motion", "independent motions"); }
 std::string States(int count) { return Counted(count, "state of self-stress", "states of self-stress"); }
 
@@ -32,8 +38,8 @@ class Writer {
         names_(graph_, format) {}
 
   std::vector<ExplanationSection> All() {
-    Add(KindHeading, KindParagraphs());
-    Add("The exact verdict:", VerdictParagraphs());
+    Add(VerdictHeading, VerdictParagraphs());
+    Add("What may be a slip of the drawing:", WhatMayBeASlip(on_, names_));
     Add(MotionsHeading, MotionParagraphs());
     Add("Why no forces balance the loads:", ProofParagraphs());
     Add("Which forces hang together:", StressParagraphs());
@@ -50,7 +56,7 @@ class Writer {
 
   std::string Number(double value) const { return FormatSigFigs(value, format_); }
 
-  std::vector<std::string> KindParagraphs() const {
+  std::string CountingText() const {
     const int motions = verdict_.Mechanisms();
     const int states = verdict_.SelfStresses();
     const int N = verdict_.NumUnknowns;
@@ -72,35 +78,34 @@ class Writer {
           "move at one place, and has a member or support too many at another.";
     }
     if (N == R && motions > 0 && KeepsItsShape(on_)) counting += "  " + TrianglesText(on_, names_);
-    std::vector<std::string> paragraphs;
-    for (const std::string& opening :
-         {DifferentReadings(graph_, on_.Rounded, format_), NoSupportsText(on_)}) {
-      if (!opening.empty()) paragraphs.push_back(opening);
+    return counting;
+  }
+
+  std::string ConclusionText() const {
+    const std::string word = VerdictWord(verdict_);
+    if (word == "unique")
+      return "Every force is determined, for these loads and for all others: the truss is stable.";
+    if (word == "redundant") {
+      return "These loads are in balance, and every force is determined; but the truss can move, and most "
+             "other "
+             "loads would set it going.";
     }
-    paragraphs.push_back("This truss has " + Motions(motions) + " and " + States(states) + ".");
-    paragraphs.push_back(counting);
-    return paragraphs;
+    if (word == "no solution") return "No forces balance these loads: the truss moves.";
+    return verdict_.Mechanisms() > 0
+               ? "These loads are in balance, but the truss can move, and not every force is determined."
+               : "The truss is stable, but the equations do not determine every force.";
   }
 
   std::vector<std::string> VerdictParagraphs() const {
-    std::string text;
-    const std::string word = VerdictWord(verdict_);
-    if (word == "unique") {
-      text = "Every force is determined, for these loads and for all others: the truss is stable.";
-    } else if (word == "redundant") {
-      text =
-          "These loads are in balance, and every force is determined; but the truss can move, and most other "
-          "loads would set it going.";
-    } else if (word == "no solution") {
-      text = "No forces balance these loads: the truss moves.";
-    } else {
-      text = verdict_.Mechanisms() > 0
-                 ? "These loads are in balance, but the truss can move, and not every force is determined."
-                 : "The truss is stable, but the equations do not determine every force.";
+    std::vector<std::string> paragraphs = {ConclusionText()};
+    for (const std::string& remark : {DifferentReadings(graph_, on_.Rounded, format_), NoSupportsText(on_)}) {
+      if (!remark.empty()) paragraphs.push_back(remark);
     }
-    std::vector<std::string> paragraphs = {text};
+    paragraphs.push_back("This truss has " + Motions(verdict_.Mechanisms()) + " and " +
+                         States(verdict_.SelfStresses()) + ".");
+    paragraphs.push_back(CountingText());
     // Where no forces balance the loads, there is none to be determined.
-    if (verdict_.SelfStresses() > 0 && word != "no solution")
+    if (verdict_.SelfStresses() > 0 && verdict_.Code() != Outcome::Inconsistent)
       paragraphs.push_back(DeterminedText(on_, names_, format_));
     return paragraphs;
   }
@@ -136,7 +141,8 @@ class Writer {
     std::vector<std::string> paragraphs = {
         "These equations, each times its factor, add up to 0 on the left and to " + Number(proof.Sum) +
         " on the right: " + ListOf(terms, 24) + ".  So they contradict each other, whatever the forces are."};
-    if (proof.Equations.size() <= 8) WriteOut(proof, paragraphs);
+    const bool isWrittenOut = proof.Equations.size() <= MostWrittenOut;
+    if (isWrittenOut) WriteOut(proof, paragraphs);
     paragraphs.push_back(
         "The factors are the displacements of these joints in motion " + std::to_string(proof.MotionNumber) +
         ", times " + Factor(proof.FactorOfMotion) +
@@ -145,15 +151,17 @@ class Writer {
         "balance them.");
     paragraphs.push_back(
         "In the table of the equations directions are rounded to single precision, so that there the sum on "
-        "the left may be only nearly 0.  With force densities (force divided by length, written q) every "
-        "coefficient is a difference of coordinates, and the sum is exactly 0" +
+        "the left may be only nearly 0.  With force densities " +
+        std::string(isWrittenOut ? "" : ForceDensity) +
+        "every coefficient is a difference of coordinates, and the sum is exactly 0" +
         std::string(proof.IsWhole ? "." : ", when the factors are not rounded as they are here."));
     return paragraphs;
   }
 
   // The equations of the proof with force densities as unknowns, one below the other.
   void WriteOut(const ContradictionProof& proof, std::vector<std::string>& paragraphs) const {
-    paragraphs.emplace_back("Written with force densities:");
+    paragraphs.push_back(std::string("Written with force densities ") + ForceDensity +
+                         "in place of the members' forces:");
     const std::vector<double> loads = LoadVector(graph_);
     for (const WeightedEquation& equation : proof.Equations) {
       std::vector<std::string> terms;

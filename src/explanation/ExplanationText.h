@@ -16,7 +16,7 @@ struct ExplanationSection {
   std::vector<std::string> Paragraphs;
 };
 
-inline constexpr const char* KindHeading = "The kind of this truss:";
+inline constexpr const char* VerdictHeading = "The exact verdict:";
 inline constexpr const char* MotionsHeading = "How it can move:";
 
 /// Under MotionsHeading each of the first motions has a paragraph of its own, in their order; of more than
@@ -39,6 +39,7 @@ TrussKinds KindOf(const ExactVerdict& verdict);
 /// The table of kinds, line by line in columns; this truss's kind is marked.
 std::vector<std::string> KindTable(const ExactVerdict& verdict);
 
-/// The sections that have something to say, in their order. The first is about the kind of the truss; the
-/// table of kinds stands below its heading. The last is what rounding has to do with the conclusion.
+/// The sections that have something to say, in their order. The first is the verdict; the table of kinds
+/// stands below its heading, and then what the verdict says. What may be a slip of the drawing is told before
+/// the motions that it lets free. The last is what rounding has to do with the conclusion.
 std::vector<ExplanationSection> ExplanationText(const Explanation& explanation, const ReportFormat& format);

@@ -46,6 +46,24 @@ void ShortenForces(Truss& truss, double size) {
     truss.Settings.ForceScale = FiniteSingle(std::copysign(least, truss.Settings.ForceScale));
 }
 
+// A force that is drawn shorter than this would be hidden by its joint, or be a head alone.
+constexpr double ShortestForce = 28;  // pixels
+
+void LengthenForces(Truss& truss, double pixelsPerUnit) {
+  const double pixels = pixelsPerUnit / std::abs(double{truss.Settings.ForceScale});
+  for (ForceRec& force : truss.ForcesInUse()) {
+    const double length = pixels * std::hypot(double{force.Fx}, double{force.Fy});
+    if (!force.Active || !(length > 0) || !std::isfinite(length) || length >= ShortestForce) continue;
+    force.Fx = FiniteSingle(force.Fx * (ShortestForce / length));
+    force.Fy = FiniteSingle(force.Fy * (ShortestForce / length));
+  }
+}
+
+double PixelsPerUnit(const Graph& mapping) {
+  return (double{mapping.PixelX2} - double{mapping.PixelX1}) /
+         (double{mapping.WorldX2} - double{mapping.WorldX1});
+}
+
 // What must have room: the joints with their largest swing, and the heads of the forces.
 TrussExtent WantedExtent(const Truss& truss, double forceScale, const TrussGraph& graph, bool moves) {
   TrussExtent extent = ExtentOf(graph);
@@ -178,9 +196,7 @@ void AddMotion(const MotionScene& scene, double size, double swing, MotionDrawin
   const double largest = LargestSwing * size;
   const JointPlaces places(scene.Graph, mapping, *scene.Moves, swing * largest);
   AddMembers(scene.Graph, places, drawing);
-  const double scale = (double{mapping.PixelX2} - double{mapping.PixelX1}) /
-                       (double{mapping.WorldX2} - double{mapping.WorldX1});
-  AddArrows(*scene.Moves, places, ArrowOverSwing * largest * scale, drawing);
+  AddArrows(*scene.Moves, places, ArrowOverSwing * largest * PixelsPerUnit(mapping), drawing);
 }
 
 void DrawLines(Surface& surface, const std::vector<PixelLine>& lines, int width, int colour) {
@@ -224,6 +240,7 @@ MotionDrawing DrawMotion(const MotionScene& scene, const PixelRect& room, double
       MappingInto(WantedExtent(scene.Stressed != nullptr ? drawing.Shown : scene.Document,
                                drawing.Shown.Settings.ForceScale, scene.Graph, scene.Moves != nullptr),
                   room, MotionBorder);
+  LengthenForces(drawing.Shown, PixelsPerUnit(drawing.Objects.Mapping));
   PlaceTruss(drawing.Objects, drawing.Shown, scene.NamesOfForces, measure);
   if (scene.Moves != nullptr) AddMotion(scene, size, held, drawing);
   if (drawing.Shown.NumJoints <= MostNamedJoints) ClearNames(scene, LargestSwing * size, drawing);

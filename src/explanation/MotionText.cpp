@@ -11,7 +11,8 @@ namespace {
 const char* ExtentText(MotionExtent extent) {
   switch (extent) {
     case MotionExtent::Tightens:
-      return "It tightens after a tiny displacement: at second order a self-stress works against it.";
+      return "It tightens after a tiny displacement: at second order (with the square of the displacement) "
+             "members do change their lengths, and a self-stress works against that.";
     case MotionExtent::MovesOn:
       return "It moves on: no member and no support stops it.";
     case MotionExtent::Small:
@@ -90,14 +91,14 @@ std::string MotionTeller::FurtherText(std::span<const MovingPiece> pieces) const
     names.push_back(piece.Members.size() == 1 ? "member " + names_.Member(piece.Members.front())
                                               : "the piece of " + names_.Forces(piece.Members));
   }
-  const std::string moves = pieces.size() == 1 ? " moves too" : " move too, each in its own way";
+  const std::string moves = pieces.size() == 1 ? " moves too" : " move too";
   if (numMembers <= fewMembers) return AsSentence(ListOf(names, fewMembers) + moves);
   return Counted(static_cast<int>(pieces.size()), "further piece", "further pieces") + " (together " +
          std::to_string(numMembers) + " members)" + moves + ".";
 }
 
 std::string MotionTeller::Text(const Motion& motion) {
-  constexpr std::size_t mostPieces = 6;
+  constexpr std::size_t mostPieces = 12;
   const std::vector<MovingPiece> pieces = pieces_.Of(motion);
   std::string text;
   if (motion.Kind == MotionKind::Rigid) {

@@ -265,6 +265,22 @@ std::string RoundingNotice(const TrussGraph& graph, const Rounding& rounding, co
   return notice;
 }
 
+std::string FiguresRemark(const Rounding& rounding, const ReportFormat& format) {
+  const SureFigures sure = JudgeFigures(rounding.Figures.Forces, format);
+  std::string text;
+  if (sure.Count == 0) {
+    text = "No figure of these forces is sure";
+  } else if (sure.Count < SureFigures::ShownFigures(format)) {
+    text =
+        "Only " + FirstFigures(sure.Count) + " of these forces " + (sure.Count == 1 ? "is" : "are") + " sure";
+  } else if (!sure.SmallUnknowns.empty() || !sure.Remnants.empty()) {
+    text = "Of forces that are small beside the others not all figures are sure";
+  } else {
+    return {};
+  }
+  return text + ", because directions are rounded.  See \"Why this conclusion\".";
+}
+
 std::vector<std::string> RoundingParagraphs(const TrussGraph& graph, const Rounding& rounding,
                                             const ReportFormat& format) {
   const RoundingWriter writer(graph, rounding, format);

@@ -27,6 +27,10 @@ const char* ReadOnText(ReadOn where);
 /// to say.
 std::string RoundingNotice(const TrussGraph& graph, const Rounding& rounding, const ReportFormat& format);
 
+/// In one sentence, for a drawing: that fewer figures of the forces are sure than are shown. Empty where all
+/// are.
+std::string FiguresRemark(const Rounding& rounding, const ReportFormat& format);
+
 /// The same at length, paragraph by paragraph, where there is room for it.
 std::vector<std::string> RoundingParagraphs(const TrussGraph& graph, const Rounding& rounding,
                                             const ReportFormat& format);

@@ -18,6 +18,7 @@
 
 #include "explanation/MotionPlayer.h"
 #include "explanation/MotionView.h"
+#include "platform/qt/AccessibleRole.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/ReadOnlyText.h"
@@ -91,6 +92,7 @@ void WhyWindow::CreateControls() {
 void WhyWindow::CreateText() {
   picMotion_ = new MotionView(this);
   picMotion_->setObjectName(QStringLiteral("picMotion"));
+  SetAccessibleRole(*picMotion_, QAccessible::Graphic);
   picMotion_->setAccessibleName(QStringLiteral("Drawing of the truss"));
   txtWhy_ = MakeReadOnlyText(QStringLiteral("txtWhy"), QStringLiteral("Explanation"), 10, this);
   txtWhy_->setToolTip(QStringLiteral("Ctrl+A and Ctrl+C copy the text"));
@@ -236,6 +238,7 @@ void WhyWindow::ShowChoice() {
   picMotion_->setAccessibleDescription(description);
   picMotion_->setToolTip(PlainToolTip(description));
   cmbMotion_->setToolTip(PlainToolTip(cmbMotion_->currentText()));
+  cmbMotion_->setAccessibleDescription(cmbMotion_->currentText());
   lblNote_->setText(QString::fromLatin1(NoteOnChoice(choice)));
   ShowControls();
   KeepWholeHeight(*this);

@@ -97,7 +97,7 @@ class Reader {
     for (const CsvLine& line : table.Lines) {
       for (std::size_t c = 0; c < std::min(line.Cells.size(), columns_.size()); ++c) {
         const bool isAnswer = &line != &table.Lines.front() && columns_[c].IsOfForce;
-        if (isAnswer && line.Cells[c].find(',') != std::string::npos) numbers_.DecimalSeparator = ",";
+        if (isAnswer && line.Cells[c].find(',') != std::string::npos) numbers_.DecimalSeparator.assign(1, ',');
       }
     }
   }

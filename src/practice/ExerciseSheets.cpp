@@ -113,7 +113,7 @@ class Writer {
 
   void WriteSheet(const Variant& variant) {
     Title("The forces in a truss");
-    Text((set_.Name.empty() ? "" : set_.Name + ".  ") + LabelOf(set_, variant) + '.', 0);
+    Text((set_.Name.empty() ? "" : set_.Name + ".  ") + LabelOfVariant(set_, variant) + '.', 0);
     Text("Name: ______________________________     Date: ______________", 2);
     Drawing(variant);
     Text(
@@ -131,7 +131,7 @@ class Writer {
   void WriteSolution(const Variant& variant) {
     const ReportFormat format = FormatOf(variant);
     Title("Solution");
-    Text((set_.Name.empty() ? "" : set_.Name + ".  ") + LabelOf(set_, variant) + '.', 0);
+    Text((set_.Name.empty() ? "" : set_.Name + ".  ") + LabelOfVariant(set_, variant) + '.', 0);
     Drawing(variant);
     std::vector<std::string> values;
     for (int k = 1; k <= variant.Analysis.System.NumUnknowns(); ++k)
@@ -169,7 +169,7 @@ std::string TitleOf(const ExerciseSet& set) {
   return (set.Name.empty() ? "" : set.Name + ", ") + "seed " + std::to_string(set.Wishes.Seed);
 }
 
-std::string LabelOf(const ExerciseSet& set, const Variant& variant) {
+std::string LabelOfVariant(const ExerciseSet& set, const Variant& variant) {
   return "Variant " + std::to_string(variant.Number) + " of " + std::to_string(set.Wishes.NumVariants) +
          ", seed " + std::to_string(set.Wishes.Seed);
 }

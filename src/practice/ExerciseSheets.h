@@ -22,7 +22,7 @@ struct ExerciseSet {
 std::string TitleOf(const ExerciseSet& set);
 
 /// "Variant 3 of 30, seed 42", with which the sheet can be made again.
-std::string LabelOf(const ExerciseSet& set, const Variant& variant);
+std::string LabelOfVariant(const ExerciseSet& set, const Variant& variant);
 
 struct ExercisePaper {
   RichText& Document;

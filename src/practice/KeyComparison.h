@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/FormatSigFigs.h"
 #include "explanation/TrussGraph.h"
 #include "practice/Verdicts.h"
 

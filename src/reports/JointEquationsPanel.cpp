@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "platform/qt/AccessibleRole.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
 #include "reports/OutlineColor.h"
@@ -50,6 +51,7 @@ class Well final : public QWidget {
 
 JointEquationsPanel::JointEquationsPanel(QWidget* parent)
     : QFrame(parent), caption_(new QLabel(this)), cmdOKJointReport_(new QPushButton(this)) {
+  SetAccessibleRole(*this, QAccessible::Grouping);
   setObjectName(QStringLiteral("frNewCoords(3)"));
   setCursor(Qt::ArrowCursor);
   setAttribute(Qt::WA_NoMousePropagation);  // what lies below must not be clicked through it
@@ -155,6 +157,7 @@ void JointEquationsPanel::SetCaption(QFont font, int width) {
   const QFontMetrics metrics = caption_->fontMetrics();
   caption_->setText(isWhole ? whole : metrics.elidedText(whole, Qt::ElideRight, width));
   caption_->setToolTip(isWhole ? QString() : PlainToolTip(whole));
+  caption_->setAccessibleDescription(isWhole ? QString() : whole);
   caption_->setFixedHeight(
       metrics.boundingRect(QRect(0, 0, width, QWIDGETSIZE_MAX), Qt::TextWordWrap, caption_->text()).height());
 }

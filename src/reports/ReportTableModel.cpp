@@ -39,6 +39,10 @@ QVariant ReportTableModel::headerData(int section, Qt::Orientation orientation, 
   const QStringList& names = orientation == Qt::Horizontal ? columnNames_ : rowNames_;
   if (section < 0 || section >= names.size()) return {};
   if (role == Qt::DisplayRole) return names[section];
+  if (role == Qt::AccessibleTextRole && names[section].isEmpty()) {
+    return (orientation == Qt::Horizontal ? QStringLiteral("Column %1") : QStringLiteral("Row %1"))
+        .arg(section + 1);
+  }
   if (role == Qt::ToolTipRole && !names[section].isEmpty()) return PlainToolTip(names[section]);
   if (role == Qt::TextAlignmentRole) {
     // A column's heading stands above its numbers.

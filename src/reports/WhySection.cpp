@@ -27,7 +27,7 @@ class WhySection {
         "form says.");
     for (const ExplanationSection& section : ExplanationText(explanation_, on_.Format)) {
       AppendHeading(section.Heading);
-      if (section.Heading == KindHeading) AppendKinds();
+      if (section.Heading == VerdictHeading) AppendKinds();
       const bool isOfMotions = section.Heading == MotionsHeading;
       for (std::size_t i = 0; i < section.Paragraphs.size(); ++i) {
         const bool hasPicture = isOfMotions && i < NumMotionsTold();

@@ -89,13 +89,13 @@ TEST_F(ToolHints, DigitsChooseToolsWhileAToolButtonHasTheFocus) {
       Button(focused)->setFocus(Qt::TabFocusReason);
       ASSERT_TRUE(Button(focused)->hasFocus());
       QTest::keyClick(Button(focused), static_cast<Qt::Key>(Qt::Key_0 + tool));
-      EXPECT_EQ(Button(tool)->accessibleDescription(), QStringLiteral("selected")) << tool;
+      EXPECT_TRUE(Button(tool)->isChecked()) << tool;
       EXPECT_EQ(Status(), Hint(tool));
     }
     QTest::keyClick(Button(focused), Qt::Key_9);
     QTest::keyClick(Button(focused), Qt::Key_0);
     QTest::keyClick(Button(focused), Qt::Key_1, Qt::ControlModifier);
-    EXPECT_EQ(Button(8)->accessibleDescription(), QStringLiteral("selected"));
+    EXPECT_TRUE(Button(8)->isChecked());
   }
   ButtonDown(At(3, 3));
   ButtonUp(At(3, 3));
@@ -106,7 +106,7 @@ TEST_F(ToolHints, AToolChosenWithTheSpaceBarShowsItsHintToo) {
   Start();
   Button(7)->setFocus(Qt::TabFocusReason);
   QTest::keyClick(Button(7), Qt::Key_Space);
-  EXPECT_EQ(Button(7)->accessibleDescription(), QStringLiteral("selected"));
+  EXPECT_TRUE(Button(7)->isChecked());
   EXPECT_EQ(Status(), Hint(7));
 }
 

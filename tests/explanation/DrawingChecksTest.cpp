@@ -156,6 +156,38 @@ TEST(DrawingChecks, TheLargestDocumentIsCheckedInTime) {
   EXPECT_FALSE(Check(builder).empty());  // the outermost joints have one member
 }
 
+TEST(DrawingChecks, NamesGivenTwiceAreTold) {
+  EXPECT_THAT(
+      Check(Sound().Member(6, 6, 6, 8, "AB").Joint(6, 8, "A").Roller(6, 8, "Ax").Roller(4, 8, "B", 8)),
+      testing::IsSupersetOf(
+          {Found(CheckKind::EqualNames,
+                 "The joint at (4, 4) and the joint at (6, 8) are both called A: in the tables their "
+                 "equations cannot be told apart."),
+           Found(CheckKind::EqualNames,
+                 "The reaction at A at (4, 4) along x and the reaction at A at (6, 8) along y are both "
+                 "called Ax: in the tables they cannot be told apart."),
+           Found(
+               CheckKind::EqualNames,
+               "The member from A at (4, 4) to B and the member from C to A at (6, 8) are both called AB")}));
+  // A reaction that is called as a member is.
+  const auto mixed = Check(Sound().Member(6, 6, 6, 8, "B").Clamp(6, 8));
+  ASSERT_THAT(mixed, ElementsAre(Found(CheckKind::EqualNames,
+                                       "The reaction at B along y and the member from C to "
+                                       "(6, 8) are both called B: in the tables they")));
+  EXPECT_EQ(mixed[0].X, 6);
+  EXPECT_EQ(mixed[0].Y, 7) << "the second of them";
+  EXPECT_THAT(Check(Sound().Member(6, 6, 6, 8, "CA").Roller(6, 8, "CA").Clamp(6, 8, "CA", "CA")),
+              testing::Contains(Found(CheckKind::EqualNames, " are all called CA: ")));
+  EXPECT_THAT(Check(Sound().Member(6, 6, 6, 8).Member(6, 8, 4, 4).Clamp(6, 8)), IsEmpty())
+      << "a joint is called as its support is, and many have no name";
+  EXPECT_THAT(Check(Sound().Member(6, 6, 6, 8, "AB").ThenErased()), IsEmpty());
+}
+
+TEST(DrawingChecks, OnlyPeopleAreToldOfEqualNames) {
+  EXPECT_EQ(KindWord(CheckKind::EqualNames), nullptr);
+  EXPECT_STREQ(KindWord(CheckKind::OutsideDrawing), "outside-drawing");
+}
+
 int NumOfKind(const std::vector<DrawingCheck>& checks, CheckKind kind) {
   return static_cast<int>(std::ranges::count(checks, kind, &DrawingCheck::Kind));
 }

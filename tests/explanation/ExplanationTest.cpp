@@ -246,9 +246,11 @@ TEST(ExplanationAdvice, TellsEndsToBeJoinedRollersToBeTurnedAndWhatMayGoEachInIt
                                                   .Roller(8, 0)
                                                   .Joint(4, 0, "D")
                                                   .Joint(4.02F, 0, "E")));
-  EXPECT_THAT(nearFoot,
-              HasSubstr("What would help:\nJoints D at (4, 0) and E at (4.02, 0) nearly meet.  Draw "
-                        "them to one place: then nothing can move any more.\nOtherwise each of"));
+  EXPECT_THAT(
+      nearFoot,
+      AllOf(HasSubstr("What may be a slip of the drawing:\nJoints D at (4, 0) and E at (4.02, 0) nearly "
+                      "meet.  Draw them to one place: then nothing can move any more.\nHow it can move:"),
+            HasSubstr("What would help:\nIf the drawing is to stay as it is: each of these, added")));
   const std::string wrongRoller = TextOf(Explain(TrussBuilder()
                                                      .Member(0, 0, 4, 0, "c")
                                                      .Member(4, 0, 2, 3)
@@ -265,6 +267,34 @@ TEST(ExplanationAdvice, TellsEndsToBeJoinedRollersToBeTurnedAndWhatMayGoEachInIt
       TextOf(Explain(TrussBuilder().Member(0, 0, 4, 0).Member(4, 0, 8, 0).Clamp(0, 0).Roller(8, 0, "R", 8)));
   EXPECT_THAT(twoMotions, HasSubstr("Turn a roller: the one at the joint at (8, 0), so that it holds it up "
                                     "and down.  That stops one of the 2 motions."));
+}
+
+TEST(ExplanationText, SaysWhatAForceDensityIsWhereItFirstSpeaksOfOne) {
+  // Written out, and where it is too long for that.
+  for (const int numPanels : {1, 9}) {
+    TrussBuilder builder;
+    for (int i = 0; i <= numPanels; ++i) {
+      const auto x = static_cast<float>(2 * i);
+      builder.Clamp(x, 0).Member(x, 0, x, 2);
+      if (i > 0) builder.Member(x - 2, 2, x, 2);
+    }
+    const std::string text = TextOf(Explain(builder.Force(0, 2, 5, 0)));
+    EXPECT_EQ(text.find("Written with force densities") != std::string::npos, numPanels == 1);
+    const std::size_t first = text.find("force densities");
+    ASSERT_NE(first, std::string::npos);
+    EXPECT_EQ(text.find("(force divided by length", first), first + 16);
+    EXPECT_EQ(text.find("(force divided by length", first + 20), std::string::npos) << "once is enough";
+  }
+}
+
+TEST(ExplanationText, AMemberDrawnTwiceIsASlip) {
+  const auto tied = [] { return TrussBuilder().Member(0, 0, 4, 0, "tie").Clamp(0, 0).Roller(4, 0); };
+  EXPECT_THAT(
+      TextOf(Explain(tied().Member(4, 0, 0, 0, "twin").Joint(0, 0, "A").Joint(4, 0, "B"))),
+      HasSubstr("What may be a slip of the drawing:\nMembers tie and twin lie on one another, from A to B.  "
+                "If one was drawn twice, erase the other: that takes away one state of self-stress"));
+  EXPECT_THAT(TextOf(Explain(tied().Member(0, 0, 4, 3).Member(4, 3, 4, 0).Clamp(4, 0))),
+              Not(HasSubstr("twice")));
 }
 
 TEST(ExplanationAdvice, ForAParallelogramIsADiagonal) {
@@ -395,11 +425,11 @@ TEST(ExplanationText, OpensWithTheKindAndHowCountingRelatesToIt) {
                                               .Joint(2, 0, "M"));
   const std::vector<ExplanationSection> sections = ExplanationText(explanation, {});
   ASSERT_FALSE(sections.empty());
-  EXPECT_THAT(sections[0].Paragraphs[0],
-              HasSubstr("This truss has 1 independent motion and 1 state of self-stress."));
   EXPECT_THAT(sections[0].Paragraphs[1],
+              HasSubstr("This truss has 1 independent motion and 1 state of self-stress."));
+  EXPECT_THAT(sections[0].Paragraphs[2],
               HasSubstr("6 - 6 = 0, are states of self-stress less motions, 1 - 1 = 0"));
-  EXPECT_THAT(sections[0].Paragraphs[1], HasSubstr("what is missing at one place is too much at another"));
+  EXPECT_THAT(sections[0].Paragraphs[2], HasSubstr("what is missing at one place is too much at another"));
   const std::vector<std::string> table = KindTable(explanation.Exact.Verdict);
   EXPECT_EQ(table, (std::vector<std::string>{"               no self-stress     self-stress",
                                              "no motion  [ ] rigid, forces  [ ] rigid, forces",

@@ -208,6 +208,19 @@ TEST(MotionDrawing, PaintsTheMembersAtRestThinAndGreyUnderTheTruss) {
   EXPECT_EQ(surface.Width, 1);
 }
 
+// It would be a head alone, and half of that under the joint's pin.
+TEST(MotionDrawing, AForceThatItsJointWouldHideIsDrawnLonger) {
+  Reasoned truss = PushedParallelogram();
+  for (const float load : {1.0F, 50.0F, -50.0F}) {
+    truss.Document.Forces[1].Fx = load;
+    const MotionDrawing drawing = truss.Drawn(truss.Motion(0));
+    EXPECT_GE(LengthOf(drawing.Objects.Force[1]), PinSize / 2 + ForceHeadLength + 10) << load;
+    EXPECT_EQ(drawing.Objects.Force[1].X2 > drawing.Objects.Force[1].X1, load > 0);
+  }
+  truss.Document.Forces[1].Fx = 0;
+  EXPECT_NEAR(LengthOf(truss.Drawn(truss.Motion(0)).Objects.Force[1]), 0, 1e-3);
+}
+
 TEST(MotionDrawing, AForceLongerThanTheDrawingIsDrawnShorter) {
   Reasoned truss = PushedParallelogram();
   truss.Document.Forces[1].Fx = 1e9F;

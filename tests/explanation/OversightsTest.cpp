@@ -23,7 +23,9 @@ Explanation ExplainDrawing(Truss truss) {
 std::string HelpFor(const Truss& truss) {
   std::string text;
   for (const ExplanationSection& section : ExplanationText(ExplainDrawing(truss), {})) {
-    if (section.Heading != std::string("What would help:")) continue;
+    if (section.Heading != std::string("What would help:") &&
+        section.Heading != std::string("What may be a slip of the drawing:"))
+      continue;
     for (const std::string& paragraph : section.Paragraphs) text += paragraph + "\n";
   }
   return text;
@@ -49,9 +51,10 @@ TrussBuilder WholeGirder() { return Girder().Member(0, 0, 4, 0, "AB").Member(4, 
 TEST(Oversights, AMemberAcrossAJointIsDrawnInTwoParts) {
   const std::string text = HelpFor(
       Girder().Member(8, 0, 0, 0, "AC").Clamp(0, 0, "Ax", "Ay").Roller(8, 0, "C").Force(4, 0, 0, -1000));
-  EXPECT_THAT(
-      text, StartsWith("Member AC passes joint B at (4, 0) without ending there.  Draw it as two members "
-                       "that end there, C to B and B to A: then nothing can move any more.\nOtherwise each"));
+  EXPECT_THAT(text,
+              StartsWith("Member AC passes joint B at (4, 0) without ending there.  Draw it as two members "
+                         "that end there, C to B and B to A: then nothing can move any more.\nIf the drawing "
+                         "is to stay as it is: each"));
 }
 
 TEST(Oversights, AMemberAcrossTwoJointsIsDrawnInThree) {

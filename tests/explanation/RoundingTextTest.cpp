@@ -28,8 +28,9 @@ std::string NoticeOf(const Truss& truss, int figures = 4) {
   return RoundingNotice(explanation.Graph, explanation.Rounded, {figures, {}});
 }
 
+// What follows on the verdict itself.
 std::string Opening(const Truss& truss) {
-  return ExplanationText(ExplainRounding(truss), {}).front().Paragraphs.front();
+  return ExplanationText(ExplainRounding(truss), {}).front().Paragraphs.at(1);
 }
 
 // Six joints on a circle, each of three joined to each of the other three; `x` is 3 in the critical form.

@@ -23,7 +23,7 @@ silent() {
 silent desktop-file-validate "$desktop/orvane.desktop"
 silent xmllint --noout "$desktop"/*.xml "$sources"/packaging/icons/*.svg
 silent mandoc -T lint "$build/packaging/orvane.1"
-appstreamcli validate --no-net "$desktop/org.orvane.orvane.metainfo.xml" >"$scratch/appstream" ||
+appstreamcli validate --pedantic --no-net "$desktop/org.orvane.orvane.metainfo.xml" >"$scratch/appstream" ||
   fail "appstreamcli: $(cat "$scratch/appstream")"
 
 # The type of every example, by its name; of a truss without the ending, by its first line; and of no other text.

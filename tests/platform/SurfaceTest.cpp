@@ -22,7 +22,7 @@ class ColouredTexts : public RecordingSurface {
 }  // namespace
 
 TEST(Surface, ATextWithARimStandsInItsColourOnWhiteOnesAroundIt) {
-  for (const int colour : {Black, LightRed}) {
+  for (const int colour : {Black, DeepBlue}) {
     ColouredTexts paper;
     paper.PrintTextWithRim(50, 60, "A", colour);
     ASSERT_GT(paper.Texts.size(), 8U);

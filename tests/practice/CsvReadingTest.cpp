@@ -11,7 +11,7 @@ using testing::HasSubstr;
 
 using Rows = std::vector<std::vector<std::string>>;
 
-Rows Read(const std::string& bytes) {
+Rows ReadRows(const std::string& bytes) {
   const AnswerTable table = ReadCsv(bytes, "student");
   EXPECT_EQ(table.Why, "");
   Rows rows;
@@ -21,24 +21,25 @@ Rows Read(const std::string& bytes) {
 
 TEST(CsvReading, TakesCommasSemicolonsAndTabs) {
   const Rows expected = {{"student", "AB", "AC"}, {"Ann", "1", "2"}};
-  EXPECT_EQ(Read("student,AB,AC\r\nAnn,1,2\r\n"), expected);
-  EXPECT_EQ(Read("student;AB;AC\nAnn;1;2\n"), expected);
-  EXPECT_EQ(Read("student\tAB\tAC\rAnn\t1\t2"), expected);
-  EXPECT_EQ(Read("sep=;\r\nstudent;AB;AC\r\nAnn;1;2\r\n"), expected);
-  EXPECT_EQ(Read("sep=,\r\nstudent,AB,AC\r\nAnn,1,2\r\n"), expected);
+  EXPECT_EQ(ReadRows("student,AB,AC\r\nAnn,1,2\r\n"), expected);
+  EXPECT_EQ(ReadRows("student;AB;AC\nAnn;1;2\n"), expected);
+  EXPECT_EQ(ReadRows("student\tAB\tAC\rAnn\t1\t2"), expected);
+  EXPECT_EQ(ReadRows("sep=;\r\nstudent;AB;AC\r\nAnn;1;2\r\n"), expected);
+  EXPECT_EQ(ReadRows("sep=,\r\nstudent,AB,AC\r\nAnn,1,2\r\n"), expected);
 }
 
 TEST(CsvReading, TakesTheSeparatorWithWhichThereIsTheHeading) {
-  EXPECT_EQ(Read("\"AB;x\",student\n1,Ann\n"), (Rows{{"AB;x", "student"}, {"1", "Ann"}}));
-  EXPECT_EQ(Read("student;AB\nAnn;1,5\n"), (Rows{{"student", "AB"}, {"Ann", "1,5"}}));
+  EXPECT_EQ(ReadRows("\"AB;x\",student\n1,Ann\n"), (Rows{{"AB;x", "student"}, {"1", "Ann"}}));
+  EXPECT_EQ(ReadRows("student;AB\nAnn;1,5\n"), (Rows{{"student", "AB"}, {"Ann", "1,5"}}));
 }
 
 TEST(CsvReading, PassesOverByteOrderMarkBlankLinesAndOuterBlanks) {
-  EXPECT_EQ(Read("\xEF\xBB\xBFstudent , AB\n\n  \n,\nAnn ,\t1 \n"), (Rows{{"student", "AB"}, {"Ann", "1"}}));
+  EXPECT_EQ(ReadRows("\xEF\xBB\xBFstudent , AB\n\n  \n,\nAnn ,\t1 \n"),
+            (Rows{{"student", "AB"}, {"Ann", "1"}}));
 }
 
 TEST(CsvReading, ReadsQuotedCells) {
-  EXPECT_EQ(Read("student,\"A,B\"\n\"Ann \"\"Q\"\" Lee\",\"1\n2\"\n"),
+  EXPECT_EQ(ReadRows("student,\"A,B\"\n\"Ann \"\"Q\"\" Lee\",\"1\n2\"\n"),
             (Rows{{"student", "A,B"}, {"Ann \"Q\" Lee", "1\n2"}}));
 }
 
@@ -51,8 +52,8 @@ TEST(CsvReading, CountsTheLinesOfTheFile) {
 }
 
 TEST(CsvReading, ReadsTheOldCodePageWhereATextIsNoUtf8) {
-  EXPECT_EQ(Read("student,AB\nJ\xFCrgen,1\n")[1][0], "J\xC3\xBCrgen");
-  EXPECT_EQ(Read("student,AB\nJ\xC3\xBCrgen,1\n")[1][0], "J\xC3\xBCrgen");
+  EXPECT_EQ(ReadRows("student,AB\nJ\xFCrgen,1\n")[1][0], "J\xC3\xBCrgen");
+  EXPECT_EQ(ReadRows("student,AB\nJ\xC3\xBCrgen,1\n")[1][0], "J\xC3\xBCrgen");
 }
 
 TEST(CsvReading, SaysWhatIsNoTable) {

@@ -182,6 +182,17 @@ TEST(ExplainJson, ChecksTheDrawing) {
   EXPECT_NEAR(checks.first().toObject().value(QStringLiteral("X")).toDouble(), 4, 0.03);
 }
 
+// They are told in words; programs that read the kinds know seven of them.
+TEST(ExplainJson, NamesGivenTwiceAreNotAmongTheChecks) {
+  QByteArray text = TriangleText();
+  text.replace("\"AC\",\"AC\"", "\"AB\",\"AB\"");
+  ASSERT_NE(text, TriangleText());
+  const QJsonObject object = QJsonDocument::fromJson(JsonOf(QStringLiteral("-"), text)).object();
+  EXPECT_TRUE(object.value(QStringLiteral("checks")).isArray());
+  for (const QJsonValue& check : ArrayAt(object, "checks")) EXPECT_NE(TextAt(check, "Kind"), QString());
+  EXPECT_FALSE(QJsonDocument(object).toJson().contains("are both called"));
+}
+
 TEST(ExplainJson, OfATrussWithoutUnknownForcesOnlyTheChecksAreTold) {
   const QByteArray json =
       JsonOf(QStringLiteral("-"),

@@ -1,5 +1,6 @@
-// A surface that writes down what is drawn on it. Every character is 6 pixels wide and 10 high (7 and 12 in
-// bold), so that positions of texts can be computed by hand.
+// A surface that writes down what is drawn on it. Every letter must be readable on light and on dark paper.
+// Every character is 6 pixels wide and 10 high (7 and 12 in bold), so that positions of texts can be computed
+// by hand.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,6 +10,7 @@
 #include <vector>
 
 #include "platform/Surface.h"
+#include "support/Contrast.h"
 
 struct DrawnLine {
   float X1, Y1, X2, Y2;
@@ -77,8 +79,17 @@ class RecordingSurface : public Surface {
 
   void PrintText(float left, float top, std::string_view text) override {
     Check(left, top);
+    if (!isRim_) CheckInk();
     Texts.push_back({left, top, std::string(text), Font});
     Note("text");
+  }
+
+  // The letters behind the letters are a rim of paper.
+  void PrintTextWithRim(float left, float top, std::string_view text, int paletteIndex) override {
+    isRim_ = true;
+    Surface::PrintTextWithRim(left, top, text, paletteIndex);
+    isRim_ = false;
+    CheckInk();
   }
 
   int Width = 1;
@@ -101,9 +112,17 @@ class RecordingSurface : public Surface {
     EXPECT_TRUE(std::abs(x) <= 1.01e6F && std::abs(y) <= 1.01e6F) << "(" << x << ", " << y << ") was drawn";
   }
 
+  void CheckInk() const {
+    const auto ink = static_cast<std::size_t>(Colour);
+    for (const PaletteColours& colours : {Palette, DarkPalette})
+      EXPECT_GE(ContrastOf(colours.at(ink), colours.at(White)), ReadableContrast)
+          << "letters of colour " << Colour;
+  }
+
   void Note(const char* kind) {
     if (Order.empty() || Order.back() != kind) Order.emplace_back(kind);
   }
 
   PixelPoint current_;
+  bool isRim_ = false;
 };

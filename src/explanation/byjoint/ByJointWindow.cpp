@@ -16,6 +16,7 @@
 #include "explanation/ShownText.h"
 #include "explanation/byjoint/HandSolution.h"
 #include "explanation/byjoint/HandView.h"
+#include "platform/qt/AccessibleRole.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/ReadOnlyText.h"
@@ -39,6 +40,7 @@ void ByJointWindow::CreateControls() {
   connect(lstSteps_, &QListWidget::currentRowChanged, this, &ByJointWindow::ShowStep);
   picStep_ = new HandView(this);
   picStep_->setObjectName(QStringLiteral("picStep"));
+  SetAccessibleRole(*picStep_, QAccessible::Graphic);
   picStep_->setAccessibleName(QStringLiteral("Picture of the step"));
   lblArrows_ = new QLabel(this);
   lblArrows_->setObjectName(QStringLiteral("lblArrows"));

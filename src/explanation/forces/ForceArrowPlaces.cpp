@@ -106,14 +106,14 @@ class ArrowPlacer {
       const Direction along{load.Fx / magnitude, -load.Fy / magnitude};
       const bool ends = IsTaken(load.Joint, along) && !IsTaken(load.Joint, -along);
       const double length = LengthOf(magnitude);
-      const PixelPoint from =
-          ends ? Beside(load.Joint, -along, ClearOfPin + length) : Beside(load.Joint, along, 0);
-      const PixelPoint to = ends ? Beside(load.Joint, -along, ClearOfPin) : Beside(load.Joint, along, length);
+      const Direction side = ends ? -along : along;
+      const PixelPoint nearEnd = Beside(load.Joint, side, ClearOfPin);
+      const PixelPoint farEnd = Beside(load.Joint, side, ClearOfPin + length);
       Add({.What = ArrowOf::Load,
            .Number = static_cast<int>(i) + 1,
            .Sense = ForceSense::Pushing,
            .Line = {}},
-          load.Joint, ends ? -along : along, from, to);
+          load.Joint, side, ends ? farEnd : nearEnd, ends ? nearEnd : farEnd);
     }
   }
 

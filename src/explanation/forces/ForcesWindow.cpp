@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QSplitter>
 #include <QTableWidget>
@@ -20,6 +21,7 @@
 #include "explanation/forces/ForcesPicture.h"
 #include "explanation/forces/ForcesText.h"
 #include "explanation/forces/ForcesView.h"
+#include "platform/qt/AccessibleRole.h"
 #include "platform/qt/QtPicture.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/ReadOnlyText.h"
@@ -28,6 +30,9 @@ namespace {
 
 // Letters on drawings are this share of those in reports.
 constexpr float LettersOfDrawing = 0.8F;
+
+// Of the list, where it has as many.
+constexpr int FewestRowsSeen = 4;
 
 constexpr int NumColumns = static_cast<int>(std::size(ForceRowHeads));
 
@@ -53,6 +58,7 @@ ForcesWindow::ForcesWindow(QWidget* parent)
 void ForcesWindow::CreateControls() {
   picForces_ = new ForcesView(this);
   picForces_->setObjectName(QStringLiteral("picForces"));
+  SetAccessibleRole(*picForces_, QAccessible::Graphic);
   picForces_->setAccessibleName(QStringLiteral("Drawing of the truss with its forces"));
   connect(picForces_, &ForcesView::Clicked, this, &ForcesWindow::Choose);
   connect(picForces_, &ForcesView::DrawnAnew, this, &ForcesWindow::ShowState);
@@ -91,7 +97,7 @@ void ForcesWindow::CreateList() {
   lstForces_->setSelectionBehavior(QAbstractItemView::SelectRows);
   lstForces_->setTabKeyNavigation(false);
   lstForces_->setWordWrap(false);
-  lstForces_->setMinimumSize(160, 80);
+  lstForces_->setMinimumWidth(160);
   connect(lstForces_, &QTableWidget::itemSelectionChanged, this, [this] {
     const QList<QTableWidgetItem*> chosen = lstForces_->selectedItems();
     picForces_->Mark(chosen.isEmpty() ? 0 : chosen.front()->row() + 1);
@@ -177,7 +183,16 @@ void ForcesWindow::FillList(const ReportFormat& format) {
     ++at;
   }
   lstForces_->resizeColumnsToContents();
+  lstForces_->setMinimumHeight(HeightForRows(std::min(at, FewestRowsSeen)));
   lstForces_->scrollToTop();
+}
+
+// Also with the scroll bar for columns that are too wide.
+int ForcesWindow::HeightForRows(int rows) const {
+  int height = 2 * lstForces_->frameWidth() + lstForces_->horizontalHeader()->sizeHint().height() +
+               lstForces_->horizontalScrollBar()->sizeHint().height();
+  for (int row = 0; row < rows; ++row) height += lstForces_->rowHeight(row);
+  return height;
 }
 
 void ForcesWindow::ShowState() {

@@ -31,6 +31,7 @@ class ForcesWindow final : public LearnWindow {
   void CreateKeys();
   void LayOut();
   void FillList(const ReportFormat& format);
+  int HeightForRows(int rows) const;
   void ShowState();
   void Choose(int unknown);
   void CopyPicture();

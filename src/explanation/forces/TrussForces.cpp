@@ -8,15 +8,11 @@
 #include "document/Truss.h"
 #include "explanation/DrawnFigures.h"
 #include "explanation/RigidityMatrix.h"
+#include "explanation/RoundingText.h"
 
 namespace {
 
 constexpr char DegreeSign = '\xB0';  // in the single-byte code page
-
-ForceSense SenseOf(double value) {
-  if (FormatSigFigs(value, {}) == "0") return ForceSense::Zero;
-  return value > 0 ? ForceSense::Pushing : ForceSense::Pulling;
-}
 
 std::string NameBefore(const std::string& text, const PlacedUnknown& unknown) {
   const bool isNamed = !unknown.Name.empty() && unknown.Name != UnnamedCaption;
@@ -46,10 +42,16 @@ bool MayBeRounding(const TrussForces& forces) {
 
 }  // namespace
 
+ForceSense SenseOf(double value) {
+  if (FormatSigFigs(value, {}) == "0") return ForceSense::Zero;
+  return value > 0 ? ForceSense::Pushing : ForceSense::Pulling;
+}
+
 TrussForces ForcesOf(ExplanationOnDemand& reasons, const ReportFormat& format) {
   const TrussAnalysis& analysis = reasons.Analysis();
   TrussForces forces{
       .Graph = reasons.Graph(), .Code = analysis.Reading.Code, .Exact = reasons.Rounded().Verdict.Code()};
+  forces.FiguresText = FiguresRemark(reasons.Rounded(), format);
   forces.HidesForces = !reasons.Rounded().Figures.Hidden.empty();
   forces.Unknowns.Resize(forces.Graph.NumUnknowns());
   for (int k = 1; k <= forces.Graph.NumUnknowns(); ++k) {
@@ -106,6 +108,7 @@ std::vector<std::string> RemarksOn(const TrussForces& forces) {
     remarks.emplace_back(
         "Forces below a millionth of the largest may be remnants of rounding: their sense is not sure.");
   }
+  if (!forces.FiguresText.empty()) remarks.push_back(forces.FiguresText);
   // No number can be large against no load.
   const double load = LargestLoad(forces.Graph);
   if (load > 0 && forces.Largest > NearlyAMechanism * load) {

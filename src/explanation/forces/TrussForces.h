@@ -33,12 +33,17 @@ struct TrussForces {
   std::vector<std::string> Loads{};  ///< the text of each of the graph's loads, empty for a load of 0
   double Largest = 0;                ///< magnitude of the largest unknown force, force units
 
+  /// That fewer figures are sure than are shown, as a sentence; empty where all are.
+  std::string FiguresText{};
+
   bool HidesForces = false;  ///< whether forces are exactly determined that the reduced matrix leaves open
 
   bool HasSolution() const { return Code != Outcome::Inconsistent; }
 };
 
 /// A force is zero when the solutions show it as 0; everything else keeps its sense, however small.
+ForceSense SenseOf(double value);
+
 TrussForces ForcesOf(ExplanationOnDemand& reasons, const ReportFormat& format);
 TrussForces ForcesOf(ExplanationOnDemand&& reasons, const ReportFormat& format);
 
@@ -48,7 +53,7 @@ const char* WordForUnknown(const TrussForces& forces);
 
 /// What must be known beside the forces, each a sentence: that there are none, that exactly it is otherwise,
 /// that they hold for these loads only, that some are undetermined or so small that they may be remnants of
-/// rounding.
+/// rounding, that not every figure is sure.
 std::vector<std::string> RemarksOn(const TrussForces& forces);
 
 /// The text of a load: the magnitude, and for one that slopes also its angle in degrees from the x axis,

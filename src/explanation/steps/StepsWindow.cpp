@@ -1,6 +1,5 @@
 #include "explanation/steps/StepsWindow.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
@@ -20,6 +19,7 @@
 #include "explanation/steps/StepListModel.h"
 #include "explanation/steps/StepMatrixModel.h"
 #include "explanation/steps/StepsTour.h"
+#include "platform/qt/AccessibleEvents.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
 
@@ -141,10 +141,7 @@ void StepsWindow::Announce(const QString& operation) {
   for (QWidget* control : std::initializer_list<QWidget*>{cmdFirst_, cmdBack_, cmdPlay_, cmdNext_, cmdLast_,
                                                           sldStep_, cmbUnknown_, tblMatrix_})
     control->setAccessibleDescription(operation);
-#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
-  QAccessibleAnnouncementEvent said(this, operation);
-  QAccessible::updateAccessibility(&said);
-#endif
+  ::Announce(*this, operation);
 }
 
 // A button that is switched off gives its focus away; another one, which is on, is at hand.

@@ -2,8 +2,12 @@
 
 #include <QColor>
 #include <algorithm>
+#include <array>
+#include <charconv>
 
 namespace {
+
+bool IsControl(char16_t code) { return code < 0x20 || (code >= 0x7F && code < 0xA0); }
 
 QByteArray Parent(const OdtStyles::Style& style) {
   if (style.HeadingLevel == 0) return {};
@@ -33,39 +37,57 @@ QByteArray Properties(const OdtStyles::Style& style) {
 
 QByteArray OdtPoints(double points) { return QByteArray::number(points, 'g', 6) + "pt"; }
 
-void OdtText::Write(const QString& text) {
-  for (qsizetype i = 0; i < text.size(); ++i) {
-    const QChar character = text[i];
-    if (character == u' ') {
-      i = WriteBlanks(text, i) - 1;
-    } else if (character == u'\t') {
-      Flush();
-      bytes_ += "<text:tab/>";
-    } else if (character == QChar(QChar::LineSeparator)) {
-      Flush();
-      bytes_ += "<text:line-break/>";
-    } else if (character.category() != QChar::Other_Control) {
-      letters_ += character;
+void OdtText::Write(QStringView text) {
+  qsizetype from = 0;  // of the letters that are not written yet
+  qsizetype i = 0;
+  while (i < text.size()) {
+    const char16_t code = text[i].unicode();
+    if (code == u' ') {
+      qsizetype end = i + 1;
+      while (end < text.size() && text[end] == u' ') ++end;
+      const bool isLetter = end == i + 1 && from < i && end < text.size() && text[end].isPrint();
+      if (!isLetter) {
+        WriteLetters(text.sliced(from, i - from));
+        WriteBlanks(end - i);
+        from = end;
+      }
+      i = end;
+      continue;
     }
+    if (IsControl(code) || code == QChar::LineSeparator) {
+      WriteLetters(text.sliced(from, i - from));
+      if (code == u'\t') bytes_ += "<text:tab/>";
+      if (code == QChar::LineSeparator) bytes_ += "<text:line-break/>";
+      from = i + 1;
+    }
+    ++i;
   }
-  Flush();
+  WriteLetters(text.sliced(from));
 }
 
-qsizetype OdtText::WriteBlanks(const QString& text, qsizetype begin) {
-  const auto isBlank = [](QChar character) { return character == u' '; };
-  const qsizetype end = std::find_if_not(text.cbegin() + begin, text.cend(), isBlank) - text.cbegin();
-  if (end == begin + 1 && !letters_.isEmpty() && end < text.size() && text[end].isPrint()) {
-    letters_ += u' ';
-    return end;
+// Most are few, and figures.
+void OdtText::WriteLetters(QStringView letters) {
+  const auto isItself = [](QChar letter) {
+    const char16_t code = letter.unicode();
+    return code < 0x80 && code != u'<' && code != u'>' && code != u'&' && code != u'"';
+  };
+  if (!std::ranges::all_of(letters, isItself)) {
+    bytes_ += letters.toString().toHtmlEscaped().toUtf8();
+    return;
   }
-  Flush();
-  bytes_ += end == begin + 1 ? "<text:s/>" : "<text:s text:c=\"" + QByteArray::number(end - begin) + "\"/>";
-  return end;
+  for (const QChar letter : letters) bytes_ += letter.toLatin1();
 }
 
-void OdtText::Flush() {
-  bytes_ += letters_.toHtmlEscaped().toUtf8();
-  letters_.clear();
+void OdtText::WriteBlanks(qsizetype count) {
+  if (count == 1) {
+    bytes_ += "<text:s/>";
+    return;
+  }
+  bytes_ += "<text:s text:c=\"";
+  std::array<char, 20> digits{};
+  const auto [end, failure] = std::to_chars(digits.begin(), digits.end(), count);
+  bytes_.append(digits.data(), end - digits.data());
+  bytes_ += "\"/>";
 }
 
 QByteArray OdtStyles::NameOf(const Paragraph& paragraph) {

@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringView>
 #include <vector>
 
 #include "paper/qt/DocumentWalk.h"
@@ -14,17 +15,15 @@ QByteArray OdtPoints(double points);
 /// one between two characters of the same run.
 class OdtText {
  public:
-  void Write(const QString& text);
+  void Write(QStringView text);
   void Markup(const QByteArray& markup) { bytes_ += markup; }
   const QByteArray& Bytes() const { return bytes_; }
 
  private:
-  /// Returns where the blanks end.
-  qsizetype WriteBlanks(const QString& text, qsizetype begin);
-  void Flush();
+  void WriteLetters(QStringView letters);
+  void WriteBlanks(qsizetype count);
 
   QByteArray bytes_;
-  QString letters_;
 };
 
 /// The styles that were met, in the order of their first appearance, named "P1", "P2" ... or "T1", "T2" ...

@@ -89,12 +89,11 @@ class OdtWriter final : public DocumentVisitor {
   explicit OdtWriter(const QTextDocument& document) : document_(document) { Walk(document_, *this); }
 
   QByteArray File() {
-    const QByteArray content = Content();
     // Readers count the bytes of such a file with 32 bits.
-    if (content.size() > std::numeric_limits<int>::max() / 2) return {};
+    if (text_.Bytes().size() > std::numeric_limits<int>::max() / 2) return {};
     ZipFile file;
     file.Add("mimetype", MediaType, ZipFile::Method::Stored);  // first, and as it is, so that it can be seen
-    file.Add("content.xml", content, ZipFile::Method::Deflated);
+    file.AddJoined("content.xml", {ContentBegin(), text_.Bytes(), ContentEnd}, ZipFile::Method::Deflated);
     file.Add("styles.xml",
              QByteArray(XmlHead) + "<office:document-styles" + NameSpaces + Styles() +
                  "</office:document-styles>\n",
@@ -174,12 +173,13 @@ class OdtWriter final : public DocumentVisitor {
     return bytes + "</office:meta>\n</office:document-meta>\n";
   }
 
-  QByteArray Content() const {
+  QByteArray ContentBegin() const {
     return QByteArray(XmlHead) + "<office:document-content" + NameSpaces + FontFaces() +
            "<office:automatic-styles>\n" + paragraphs_.Bytes() + runs_.Bytes() + PictureStyle +
-           TableStyles() + "</office:automatic-styles>\n<office:body>\n<office:text>\n" + text_.Bytes() +
-           "</office:text>\n</office:body>\n</office:document-content>\n";
+           TableStyles() + "</office:automatic-styles>\n<office:body>\n<office:text>\n";
   }
+
+  static constexpr const char* ContentEnd = "</office:text>\n</office:body>\n</office:document-content>\n";
 
   QByteArray FontFaces() const {
     std::vector<Letters> faces;

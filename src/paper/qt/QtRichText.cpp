@@ -78,8 +78,7 @@ void QtRichText::AppendText(std::string_view text, const CharacterFormat& format
     const auto lineEnd = std::find_if(at, end, IsLineEnd);
     if (lineEnd != at) {
       if (end_.atBlockStart()) {
-        SetRole(role);
-        SetWrapping(!monospaced);
+        FormatLine(role, !monospaced);
       } else if (!monospaced) {
         SetWrapping(true);
       }
@@ -94,9 +93,14 @@ void QtRichText::AppendText(std::string_view text, const CharacterFormat& format
   end_.endEditBlock();
 }
 
-void QtRichText::SetRole(LineRole role) {
-  if (role == LineRole::Text) return;
+// In one step: each makes the document look through what it knows of the line.
+void QtRichText::FormatLine(LineRole role, bool wraps) {
+  if (role == LineRole::Text) {
+    SetWrapping(wraps);
+    return;
+  }
   QTextBlockFormat line = end_.blockFormat();
+  if (line.nonBreakableLines() == wraps) line.setNonBreakableLines(!wraps);
   line.setProperty(RoleProperty, static_cast<int>(role));
   if (IsHeading(role)) line.setHeadingLevel(HeadingLevel(role));
   if (role == LineRole::PageTitle) line.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);

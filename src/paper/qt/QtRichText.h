@@ -35,7 +35,7 @@ class QtRichText final : public RichText {
   bool PastePicture(std::string_view description) override;
 
   const QTextCharFormat& Remembered(const CharacterFormat& format);
-  void SetRole(LineRole role);
+  void FormatLine(LineRole role, bool wraps);
   void SetWrapping(bool wraps);
 
   QTextDocument& document_;

@@ -16,9 +16,15 @@ struct Free {
 using Source = std::unique_ptr<zip_source_t, Free>;
 using Archive = std::unique_ptr<zip_t, Free>;
 
-bool AddTo(zip_t& archive, const QByteArray& name, const QByteArray& contents, ZipFile::Method method) {
-  Source source(
-      zip_source_buffer(&archive, contents.constData(), static_cast<zip_uint64_t>(contents.size()), 0));
+bool AddTo(zip_t& archive, const QByteArray& name, const std::vector<QByteArray>& pieces,
+           ZipFile::Method method) {
+  std::vector<zip_buffer_fragment_t> fragments;
+  for (const QByteArray& piece : pieces) {
+    // It is only read.
+    auto* bytes = reinterpret_cast<zip_uint8_t*>(const_cast<char*>(piece.constData()));
+    fragments.push_back({bytes, static_cast<zip_uint64_t>(piece.size())});
+  }
+  Source source(zip_source_buffer_fragment(&archive, fragments.data(), fragments.size(), 0));
   if (source == nullptr) return false;
   const zip_int64_t added = zip_file_add(&archive, name.constData(), source.get(), ZIP_FL_ENC_GUESS);
   if (added < 0) return false;
@@ -48,7 +54,7 @@ QByteArray ZipFile::Bytes() const {
   if (archive == nullptr) return {};
   zip_source_keep(written.get());  // closing the archive gives up one hold of it
   for (const Entry& entry : entries_) {
-    if (!AddTo(*archive, entry.Name, entry.Contents, entry.How)) return {};
+    if (!AddTo(*archive, entry.Name, entry.Pieces, entry.How)) return {};
   }
   if (zip_close(archive.get()) != 0) return {};
   static_cast<void>(archive.release());

@@ -2,13 +2,23 @@
 
 #include "text/CodePage.h"
 
+namespace {
+
+// The characters of the category "Other, control", without looking into its table.
+bool IsControl(QChar character) {
+  const char16_t code = character.unicode();
+  return code < 0x20 || (code >= 0x7F && code < 0xA0);
+}
+
+}  // namespace
+
 QString ToQt(const std::string& singleByteText) { return QString::fromStdString(ToUtf8(singleByteText)); }
 
 std::string FromQt(const QString& text) { return FromUtf8(text.toStdString()); }
 
 QString OneLineText(QString text) {
   for (QChar& character : text) {
-    if (character.category() == QChar::Other_Control) character = QLatin1Char(' ');
+    if (IsControl(character)) character = QLatin1Char(' ');
   }
   return text;
 }
@@ -16,7 +26,7 @@ QString OneLineText(QString text) {
 void MakePrintable(QString& text) {
   text.removeIf([](QChar character) {
     const bool stays = character == u'\t' || character == u'\r' || character == u'\n';
-    return !stays && character.category() == QChar::Other_Control;
+    return !stays && IsControl(character);
   });
   for (QChar& character : text) {
     const char16_t code = character.unicode();

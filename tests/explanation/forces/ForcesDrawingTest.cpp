@@ -241,6 +241,27 @@ TEST(ForcesDrawing, ALoadOnASupportKeepsClearOfItsGroundAndReaction) {
   EXPECT_LT(load.Y2, drawing.Members[0].Line.Y2) << "it stands above the joint";
 }
 
+// Between two members on one line there is no side that is free, nor is any side of a supported joint whose
+// load is small: the arrow is as long as it is said to be, and all of it is beside the pin.
+TEST(ForcesDrawing, NoPinHidesAnythingOfALoad) {
+  const SolvedForces truss(TrussBuilder()
+                               .Member(0, 0, 4, 0)
+                               .Member(4, 0, 8, 0)
+                               .Clamp(0, 0)
+                               .Clamp(8, 0)
+                               .Force(4, 0, 1, 0)
+                               .Force(8, 0, 0, 1000));
+  const ForcesDrawing drawing = truss.Drawn();
+  for (const int number : {1, 2}) {
+    const PixelLine& load = ArrowIn(drawing, ArrowOf::Load, number).Line;
+    EXPECT_GE(LengthOf(load), ShortestForceArrow - 1e-3F);
+    for (const PixelPoint& pin : drawing.Pins) {
+      EXPECT_GT(std::hypot(load.X1 - pin.X, load.Y1 - pin.Y), PinSize / 2);
+      EXPECT_GT(std::hypot(load.X2 - pin.X, load.Y2 - pin.Y), PinSize / 2);
+    }
+  }
+}
+
 TEST(ForcesDrawing, ALoadOfZeroHasNoArrow) {
   const SolvedForces truss(
       TrussBuilder().Member(0, 0, 4, 0, "m").Clamp(0, 0, "x", "y").Roller(4, 0, "r").Force(4, 0, 0, 0));

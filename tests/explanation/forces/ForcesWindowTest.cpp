@@ -309,4 +309,24 @@ TEST_F(ForcesWindowTest, NoTextIsCutWithLettersOfAnySize) {
   QApplication::setFont(usual);
 }
 
+// At its opening size, however large the letters are.
+TEST_F(ForcesWindowTest, TheListShowsAtLeastFourForces) {
+  for (const float points : {8.0F, 10.0F, 20.0F}) {
+    ForcesWindow window;
+    const auto truss = std::make_shared<Truss>(LongStrip());
+    const auto analysis = std::make_shared<const TrussAnalysis>(SolveTruss(*truss));
+    window.ShowSubject({.Document = truss,
+                        .Reasons = std::make_shared<ExplanationOnDemand>(*truss, *analysis),
+                        .Format = {},
+                        .Points = points});
+    window.BringUp();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    const auto& list = FindControl<QTableWidget>(window, "lstForces");
+    const int lastSeen = list.rowAt(list.viewport()->height() - 1);
+    EXPECT_TRUE(lastSeen < 0 || lastSeen >= 4 - 1) << points;
+    EXPECT_GE(list.viewport()->height(), 4 * list.rowHeight(0)) << points;
+    EXPECT_GT(FindControl<ForcesView>(window, "picForces").height(), 200) << points;
+  }
+}
+
 }  // namespace

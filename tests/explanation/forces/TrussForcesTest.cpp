@@ -222,4 +222,36 @@ TEST(WordForUnknown, IsAnotherWhereThereIsNoSolution) {
   EXPECT_STREQ(WordForUnknown(rope.Forces), "not found");
 }
 
+// Six joints on a circle but for the first, which stands a little off it: nearly a mechanism.
+TrussBuilder NearlyCriticalHexagon(float x) {
+  return TrussBuilder()
+      .Member(x, 0, 3, 4)
+      .Member(x, 0, -5, 0)
+      .Member(x, 0, 0, -5)
+      .Member(-3, 4, 3, 4)
+      .Member(-3, 4, -5, 0)
+      .Member(-3, 4, 0, -5)
+      .Member(-4, -3, 3, 4)
+      .Member(-4, -3, -5, 0)
+      .Member(-4, -3, 0, -5)
+      .Clamp(-4, -3)
+      .Roller(0, -5)
+      .Force(-3, 4, 0, -1000);
+}
+
+TEST(RemarksOnForces, SayHowFewFiguresAreSureWhereNotAllThatAreShownAre) {
+  const auto remarks = [](float x, int figures) {
+    std::string text;
+    for (const std::string& remark :
+         RemarksOn(SolvedForces(NearlyCriticalHexagon(x), {.SigFigs = figures, .Numbers = {}}).Forces))
+      text += remark + '\n';
+    return text;
+  };
+  EXPECT_THAT(remarks(5.005F, 6),
+              HasSubstr("figures of these forces are sure, because directions are rounded.  See \"Why this"));
+  EXPECT_THAT(remarks(5.00001F, 4), HasSubstr("Only the first "));
+  EXPECT_EQ(remarks(5.5F, 4).find("sure"), std::string::npos) << "all that are shown are";
+  EXPECT_EQ(remarks(5.5F, 2).find("sure"), std::string::npos);
+}
+
 }  // namespace

@@ -1,0 +1,124 @@
+// All letters in the windows can be read, in a light and in a dark theme. Those on the drawings are looked at
+// wherever a test draws.
+#include "support/Contrast.h"
+
+#include <QAbstractItemView>
+#include <QGroupBox>
+
+#include "support/WindowEditingFixture.h"
+
+namespace {
+
+double ContrastOfColors(const QColor& letters, const QColor& ground) {
+  const auto luminance = [](const QColor& color) {
+    return Luminance(color.red(), color.green(), color.blue());
+  };
+  return ContrastOf(luminance(letters), luminance(ground));
+}
+
+QPalette DarkTheme() {
+  QPalette dark(QColor(0x35, 0x35, 0x35));
+  dark.setColor(QPalette::Base, QColor(0x1E, 0x1E, 0x1E));
+  return dark;
+}
+
+// Of an item that is drawn by its model's own colours.
+void ExpectReadableItems(const QAbstractItemView& view) {
+  const QAbstractItemModel* model = view.model();
+  if (model == nullptr) return;
+  for (int row = 0; row < std::min(model->rowCount(), 20); ++row) {
+    for (int column = 0; column < std::min(model->columnCount(), 20); ++column) {
+      const QModelIndex index = model->index(row, column);
+      const QVariant ink = index.data(Qt::ForegroundRole);
+      const QVariant ground = index.data(Qt::BackgroundRole);
+      const QColor letters =
+          ink.isValid() ? ink.value<QBrush>().color() : view.palette().color(QPalette::Text);
+      const QColor paper =
+          ground.isValid() ? ground.value<QBrush>().color() : view.palette().color(QPalette::Base);
+      EXPECT_GE(ContrastOfColors(letters, paper), ReadableContrast) << view.objectName().toStdString();
+    }
+  }
+}
+
+void ExpectReadable(const QWidget& window) {
+  for (const QWidget* widget : window.findChildren<QWidget*>()) {
+    if (!widget->isVisibleTo(&window) || !widget->isEnabled()) continue;
+    const QPalette& colors = widget->palette();
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+      const QColor letters = colors.color(group, widget->foregroundRole());
+      const QColor ground = colors.color(group, widget->backgroundRole());
+      EXPECT_GE(ContrastOfColors(letters, ground), ReadableContrast)
+          << widget->metaObject()->className() << " " << widget->objectName().toStdString();
+      EXPECT_GE(ContrastOfColors(colors.color(group, QPalette::Text), colors.color(group, QPalette::Base)),
+                ReadableContrast)
+          << widget->metaObject()->className() << " " << widget->objectName().toStdString();
+    }
+    if (const auto* view = qobject_cast<const QAbstractItemView*>(widget)) ExpectReadableItems(*view);
+  }
+}
+
+class Contrast : public WindowEditingFixture, public testing::WithParamInterface<bool> {
+ protected:
+  void SetUp() override {
+    usual_ = QApplication::palette();
+    if (GetParam()) QApplication::setPalette(DarkTheme());
+  }
+  void TearDown() override { QApplication::setPalette(usual_); }
+
+  static void ExpectAllReadable() {
+    QApplication::processEvents();
+    int windows = 0;
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+      if (!window->isVisible()) continue;
+      ++windows;
+      ExpectReadable(*window);
+    }
+    EXPECT_GT(windows, 0);
+  }
+
+ private:
+  QPalette usual_;
+};
+
+}  // namespace
+
+TEST_P(Contrast, EverythingCanBeReadInEveryStep) {
+  Shown();
+  ExpectAllReadable();
+  ResizeInside(700, 600);
+  Click("cmdOKInstruct1");
+  OpenTruss(LoadedTriangle());
+  ExpectAllReadable();
+  Click("cmdNext1");
+  ExpectAllReadable();
+  Click("cmdNext2");
+  for (const char* report :
+       {"cmdReportCounting", "cmdReportSystemEqs", "cmdReportRREF", "cmdReportSolutions"}) {
+    Click(report);
+    ExpectAllReadable();
+  }
+  ClickLabel(JointLabel("A"));
+  for (QAction* entry : Find<QMenu>("mnuLearn")->actions()) entry->trigger();
+  ExpectAllReadable();
+}
+
+TEST_P(Contrast, EverythingCanBeReadInDialogs) {
+  programDirectory_ = ORVANE_PROGRAM_DIRECTORY;
+  Started(700, 600);
+  const auto look = [](QWidget& window) {
+    ExpectReadable(window);
+    window.close();
+  };
+  InModalWindow(look);
+  Trigger("mnuSettings");
+  InModalWindow(look);
+  Trigger("mnuHelpAbout");
+  Trigger("mnuHelpProgram");
+  ExpectAllReadable();
+  OpenInStep3(LoadedTriangle());
+  InModalWindow(look);
+  Trigger("mnuFilePrint");
+  EXPECT_EQ(modalWindows_, 3);
+}
+
+INSTANTIATE_TEST_SUITE_P(LightAndDark, Contrast, testing::Bool());
