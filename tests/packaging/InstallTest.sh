@@ -18,7 +18,7 @@ orvane=$root/usr/bin/orvane
 home=$(dirname "$(readlink -f "$orvane")")
 [ -f "$home/orvane.chm" ] || fail "the help does not stand beside the program"
 
-cd "$root/usr/share/doc"/*/examples
+cd "$root/usr/share/doc/orvane/examples"
 [ "$(ls ./*.trs | wc -l)" -eq "$(ls "$sources"/examples/*.trs | wc -l)" ] || fail "examples are missing"
 "$orvane" --report=solutions triangle.trs | grep -q '^ *AC  707.1$' || fail "the triangle has other forces"
 
