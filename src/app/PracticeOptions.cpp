@@ -52,7 +52,9 @@ std::string PracticeOptions::TakeExerciseFile(const CommandLineOption& option) {
 }
 
 void PracticeOptions::CheckMarking() const {
-  if (request_.KeyPath.empty() == request_.AnswersPath.empty())
+  if (!request_.KeyPath.empty() && !request_.AnswersPath.empty())
+    FailWith("--mark takes answers or a key, not both");
+  if (request_.KeyPath.empty() && request_.AnswersPath.empty())
     FailWith("--mark needs answers (--mark=ANSWERS.csv) or a key (--key=KEY.trs)");
 }
 

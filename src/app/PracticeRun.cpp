@@ -8,6 +8,7 @@
 #include "app/RunOutput.h"
 #include "explanation/TrussGraph.h"
 #include "platform/FileBytes.h"
+#include "practice/ForceNames.h"
 #include "practice/KeyComparison.h"
 #include "practice/Marking.h"
 #include "practice/QuestionBank.h"

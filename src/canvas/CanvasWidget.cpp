@@ -30,12 +30,12 @@ QSize SizeInDevicePixels(const QSize& size, qreal devicePixelRatio) {
 
 CanvasWidget::CanvasWidget(const Truss& truss, const Drawing& drawing, QWidget* parent)
     : QWidget(parent), truss_(truss), drawing_(drawing) {
+  CanvasAccessible::Install();  // a name that is set asks for the interface already
   setObjectName(QStringLiteral("picDraw"));
   setAccessibleName(QStringLiteral("Drawing of the truss"));
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
-  CanvasAccessible::Install();
   // A control that is hidden while it has the keys hands them on as Tab does, but nobody asked it to.
   connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* before, const QWidget* now) {
     if (now != this || before == nullptr || (before->isVisible() && before->isEnabled())) return;

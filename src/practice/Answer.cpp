@@ -36,6 +36,12 @@ int SenseOf(char letter) {
   return letter == 'T' || letter == 't' ? -1 : 0;
 }
 
+// Enough of a text to find it again.
+std::string Quoted(const std::string& text) {
+  constexpr std::size_t most = 40;
+  return '"' + (text.size() <= most ? text : text.substr(0, most) + " ...") + '"';
+}
+
 }  // namespace
 
 Answer ReadAnswer(std::string_view utf8Text, AnswerOf of, const NumberFormat& numbers) {
@@ -44,11 +50,10 @@ Answer ReadAnswer(std::string_view utf8Text, AnswerOf of, const NumberFormat& nu
   const int sense = SenseOf(text.back());
   const std::string number = sense == 0 ? text : Trimmed(std::string_view(text).substr(0, text.size() - 1));
   const std::optional<float> value = ReadTypedNumber(number, numbers.DecimalSeparator);
-  if (!value) return {{}, "\"" + text + "\" is not a number"};
+  if (!value) return {{}, Quoted(text) + " is not a number"};
   if (sense == 0) return {*value, {}};
-  if (of == AnswerOf::Reaction) return {{}, "\"" + text + "\": T and C are for members, not for reactions"};
+  if (of == AnswerOf::Reaction) return {{}, Quoted(text) + ": T and C are for members, not for reactions"};
   if (number.front() == '-' || number.front() == '+')
-    return {{},
-            "\"" + text + "\" has a sign and a letter: write a magnitude with T or C, or a signed number"};
+    return {{}, Quoted(text) + " has a sign and a letter: write a magnitude with T or C, or a signed number"};
   return {*value == 0 ? 0 : sense * static_cast<double>(*value), {}};
 }

@@ -8,20 +8,19 @@
 
 #include "practice/Answer.h"
 #include "practice/CsvReading.h"
-#include "text/CodePage.h"
+#include "practice/ForceNames.h"
 
 namespace {
 
-constexpr const char* StudentHeading = "student";
-
-std::string NameOf(const PlacedUnknown& unknown) {
-  const std::string name = ToUtf8(unknown.Name);
-  const std::size_t first = name.find_first_not_of(" \t");
-  if (first == std::string::npos) return {};
-  return name.substr(first, name.find_last_not_of(" \t") - first + 1);
-}
-
 std::string LastPart(const std::string& path) { return path.substr(path.find_last_of('/') + 1); }
+
+// The columns that are no forces may begin with a capital.
+std::string Known(const std::string& heading) {
+  for (const std::string known : {StudentHeading, FileHeading, VariantHeading}) {
+    if (IsHeading(heading, known)) return known;
+  }
+  return heading;
+}
 
 std::string At(const CsvLine& line) { return "line " + std::to_string(line.Number); }
 
@@ -33,7 +32,7 @@ class Reader {
       : trusses_(trusses), column_(column), names_(trusses.size()) {
     for (std::size_t t = 0; t < trusses.size(); ++t) {
       for (int k = 1; k <= trusses[t].Graph.NumUnknowns(); ++k)
-        names_[t].emplace(NameOf(trusses[t].Graph.Unknowns[k]), k);
+        names_[t].emplace(TrimmedName(trusses[t].Graph.Unknowns[k]), k);
     }
   }
 
@@ -63,6 +62,11 @@ class Reader {
     return std::ranges::any_of(names_, [&](const auto& names) { return names.contains(heading); });
   }
 
+  // Lines that are about variants are not marked as if there were none.
+  bool LacksVariants(const std::string& heading) const {
+    return column_ != TrussColumn::Variant && heading == VariantHeading;
+  }
+
   bool IsOfTrusses(const std::string& heading) {
     if (column_ == TrussColumn::None && heading == HeadingOf(TrussColumn::File)) column_ = TrussColumn::File;
     return column_ != TrussColumn::None && heading == HeadingOf(column_);
@@ -72,7 +76,7 @@ class Reader {
   bool ReadHeadings(const CsvLine& line) {
     std::set<std::string> seen;
     for (std::size_t c = 0; c < line.Cells.size(); ++c) {
-      const std::string& heading = line.Cells[c];
+      const std::string heading = Known(line.Cells[c]);
       columns_.push_back({heading});
       if (heading.empty()) continue;  // a column for notes
       if (!seen.insert(heading).second) {
@@ -81,6 +85,9 @@ class Reader {
         student_ = c;
       } else if (IsOfTrusses(heading)) {
         truss_ = c;
+      } else if (LacksVariants(heading)) {
+        sheet_.Problems.push_back(Place(line, c) + "--variants and --seed must say which variants these are");
+        return false;
       } else if (IsForce(heading)) {
         columns_[c].IsOfForce = true;
       } else {
@@ -97,7 +104,8 @@ class Reader {
     for (const CsvLine& line : table.Lines) {
       for (std::size_t c = 0; c < std::min(line.Cells.size(), columns_.size()); ++c) {
         const bool isAnswer = &line != &table.Lines.front() && columns_[c].IsOfForce;
-        if (isAnswer && line.Cells[c].find(',') != std::string::npos) numbers_.DecimalSeparator.assign(1, ',');
+        if (isAnswer && line.Cells[c].find(',') != std::string::npos)
+          numbers_.DecimalSeparator.assign(1, ',');
       }
     }
   }
@@ -185,11 +193,11 @@ const char* HeadingOf(TrussColumn column) {
     case TrussColumn::None:
       return "";
     case TrussColumn::File:
-      return "file";
+      return FileHeading;
     case TrussColumn::Variant:
       break;
   }
-  return "variant";
+  return VariantHeading;
 }
 
 std::vector<std::string> ForceNames(const std::vector<AskedTruss>& trusses) {
@@ -197,25 +205,11 @@ std::vector<std::string> ForceNames(const std::vector<AskedTruss>& trusses) {
   std::set<std::string> seen;
   for (const AskedTruss& truss : trusses) {
     for (int k = 1; k <= truss.Graph.NumUnknowns(); ++k) {
-      std::string name = NameOf(truss.Graph.Unknowns[k]);
+      std::string name = TrimmedName(truss.Graph.Unknowns[k]);
       if (seen.insert(name).second) names.push_back(std::move(name));
     }
   }
   return names;
-}
-
-std::string WhyNotByName(const TrussGraph& graph) {
-  std::set<std::string> seen;
-  for (int k = 1; k <= graph.NumUnknowns(); ++k) {
-    const std::string name = NameOf(graph.Unknowns[k]);
-    for (const char* heading :
-         {StudentHeading, HeadingOf(TrussColumn::File), HeadingOf(TrussColumn::Variant)}) {
-      if (name == heading) return "a force is called \"" + name + "\", as another column is";
-    }
-    if (name.empty() || name == UnnamedCaption) return "not every force has a name (--autoname gives names)";
-    if (!seen.insert(name).second) return "two forces are called \"" + name + '"';
-  }
-  return {};
 }
 
 AnswerSheet ReadAnswers(std::string_view bytes, const std::vector<AskedTruss>& trusses, TrussColumn column) {

@@ -39,10 +39,6 @@ struct AnswerSheet {
 /// beyond these. UTF-8, without outer blanks.
 std::vector<std::string> ForceNames(const std::vector<AskedTruss>& trusses);
 
-/// Why the answers to a truss cannot be told apart by the names of its forces, the rest of a sentence; empty
-/// when they can.
-std::string WhyNotByName(const TrussGraph& graph);
-
 /// Numbers have a decimal comma when there is a comma in any of the answers, else a decimal point. A line
 /// with a problem is left out; a column with one is passed over. A file is found by its name as it was given,
 /// or by the last part of it where no other file has the same.

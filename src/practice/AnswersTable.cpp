@@ -45,6 +45,7 @@ void AnswersTable::ShowForces(const QStringList& names) {
     setItem(row, Box, box);
     setItem(row, Verdict, ReadOnly(QString()));
   }
+  if (!names.isEmpty()) verticalHeader()->setDefaultSectionSize(sizeHintForRow(0));
   resizeColumnToContents(Name);
   setColumnWidth(Box, std::max(fontMetrics().horizontalAdvance(QStringLiteral("-88888.888 T")),
                                horizontalHeader()->sectionSizeHint(Box)));
@@ -73,9 +74,12 @@ void AnswersTable::ShowVerdict(int row, const QString& words) {
 }
 
 void AnswersTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
-  const bool isReturn = hint == QAbstractItemDelegate::SubmitModelCache;
-  QTableWidget::closeEditor(editor, hint);
-  if (isReturn && currentRow() + 1 < rowCount()) setCurrentCell(currentRow() + 1, Box);
+  const bool goesBack = hint == QAbstractItemDelegate::EditPreviousItem;
+  const bool goesOn =
+      hint == QAbstractItemDelegate::SubmitModelCache || hint == QAbstractItemDelegate::EditNextItem;
+  QTableWidget::closeEditor(editor, goesOn || goesBack ? QAbstractItemDelegate::NoHint : hint);
+  const int row = currentRow() + int{goesOn} - int{goesBack};
+  if (row >= 0 && row < rowCount()) setCurrentCell(row, Box);
 }
 
 void AnswersTable::keyPressEvent(QKeyEvent* event) {

@@ -24,7 +24,7 @@ class AnswersTable final : public QTableWidget {
   void ValueChanged(int row);
 
  protected:
-  /// Return goes on to the box below.
+  /// Return and Tab go on to the box below, Shift+Tab to the one above.
   void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
   /// Keys begin to write in the row's box wherever in the row the cursor is.

@@ -105,6 +105,13 @@ AnswerTable ReadWith(std::string_view text, char separator) {
 
 }  // namespace
 
+bool IsHeading(std::string_view heading, std::string_view smallLetters) {
+  if (heading == smallLetters) return true;
+  const bool hasCapital = !heading.empty() && heading[0] >= 'A' && heading[0] <= 'Z';
+  return hasCapital && heading.size() == smallLetters.size() && heading[0] - 'A' + 'a' == smallLetters[0] &&
+         heading.substr(1) == smallLetters.substr(1);
+}
+
 AnswerTable ReadCsv(std::string_view bytes, std::string_view expected) {
   if (std::ranges::any_of(WideMarks, [&](std::string_view mark) { return bytes.starts_with(mark); }))
     return {{}, "this is written in UTF-16; save it as CSV in UTF-8"};
@@ -113,7 +120,10 @@ AnswerTable ReadCsv(std::string_view bytes, std::string_view expected) {
   std::optional<AnswerTable> first;
   for (const char separator : Separators) {
     AnswerTable table = ReadWith(text, separator);
-    if (!table.Lines.empty() && std::ranges::count(table.Lines[0].Cells, expected) > 0) return table;
+    if (!table.Lines.empty() && std::ranges::any_of(table.Lines[0].Cells, [&](const std::string& cell) {
+          return IsHeading(cell, expected);
+        }))
+      return table;
     if (!first || !table.Why.empty()) first = std::move(table);
   }
   if (first->Why.empty()) first->Why = "the first line has no column \"" + std::string(expected) + '"';

@@ -16,6 +16,9 @@ struct AnswerTable {
   std::string Why;             ///< why the text is no table, UTF-8, e.g. "line 3: ..."; empty when it is one
 };
 
+/// Whether a heading is this one, which is in small letters; it may have a capital where it begins.
+bool IsHeading(std::string_view heading, std::string_view smallLetters);
+
 /// `expected` is a heading that the first line must have: the separator is the one with which it has. A first
 /// line like "sep=;", with which spreadsheets are told the separator, is passed over.
 AnswerTable ReadCsv(std::string_view bytes, std::string_view expected);

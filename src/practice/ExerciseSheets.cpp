@@ -3,9 +3,11 @@
 #include <algorithm>
 
 #include "analysis/FormatSigFigs.h"
+#include "explanation/Directions.h"
 #include "explanation/TrussGraph.h"
 #include "explanation/byjoint/HandSolution.h"
 #include "explanation/byjoint/HandText.h"
+#include "practice/JointPlaces.h"
 #include "reports/DescribePicture.h"
 #include "reports/RTBTable.h"
 #include "reports/ReportTables.h"
@@ -111,11 +113,21 @@ class Writer {
     RTBTable(ForcesOnPaper(std::move(names), values), report_, TableKind::HeaderRow, paper_.TableRoom);
   }
 
-  void WriteSheet(const Variant& variant) {
-    Title("The forces in a truss");
-    Text((set_.Name.empty() ? "" : set_.Name + ".  ") + LabelOfVariant(set_, variant) + '.', 0);
-    Text("Name: ______________________________     Date: ______________", 2);
+  void Begin(const Variant& variant, const std::string& what) {
+    Title("Variant " + std::to_string(variant.Number) + " of " + std::to_string(set_.Wishes.NumVariants) +
+          what);
+    Text("The forces in a truss.  " + Capital(WithoutControls(TitleOf(set_))) + '.', 0);
+  }
+
+  void DrawingWithPlaces(const Variant& variant) {
     Drawing(variant);
+    Text(Printable(JointPlaces(GraphOf(variant.Document, variant.Analysis), FormatOf(variant))), 2);
+  }
+
+  void WriteSheet(const Variant& variant) {
+    Begin(variant, "");
+    Text("Name: ______________________________     Date: ______________", 2);
+    DrawingWithPlaces(variant);
     Text(
         "Find the reactions and the forces in all members.  A positive value says that a member is in "
         "compression "
@@ -130,9 +142,8 @@ class Writer {
 
   void WriteSolution(const Variant& variant) {
     const ReportFormat format = FormatOf(variant);
-    Title("Solution");
-    Text((set_.Name.empty() ? "" : set_.Name + ".  ") + LabelOfVariant(set_, variant) + '.', 0);
-    Drawing(variant);
+    Begin(variant, ": solution");
+    DrawingWithPlaces(variant);
     std::vector<std::string> values;
     for (int k = 1; k <= variant.Analysis.System.NumUnknowns(); ++k)
       values.push_back(TableNumber(variant.Analysis.Reading.Values[k].value_or(0), format));
@@ -167,11 +178,6 @@ class Writer {
 
 std::string TitleOf(const ExerciseSet& set) {
   return (set.Name.empty() ? "" : set.Name + ", ") + "seed " + std::to_string(set.Wishes.Seed);
-}
-
-std::string LabelOfVariant(const ExerciseSet& set, const Variant& variant) {
-  return "Variant " + std::to_string(variant.Number) + " of " + std::to_string(set.Wishes.NumVariants) +
-         ", seed " + std::to_string(set.Wishes.Seed);
 }
 
 bool AppendExercise(const ExerciseSet& set, const ExercisePaper& paper) { return Writer(set, paper).Write(); }

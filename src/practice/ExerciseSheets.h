@@ -21,9 +21,6 @@ struct ExerciseSet {
 /// The set's name with its seed: "pratt, seed 42". UTF-8.
 std::string TitleOf(const ExerciseSet& set);
 
-/// "Variant 3 of 30, seed 42", with which the sheet can be made again.
-std::string LabelOfVariant(const ExerciseSet& set, const Variant& variant);
-
 struct ExercisePaper {
   RichText& Document;
   ClipboardAccess Clipboard;  ///< the one that `Document` pastes from
@@ -35,5 +32,6 @@ struct ExercisePaper {
   std::function<bool(double done)> Progress;
 };
 
-/// Appends all sheets; false when `Progress` ended it.
+/// Appends all sheets, each with its variant, and the seed with which it can be made again; false when
+/// `Progress` ended it.
 bool AppendExercise(const ExerciseSet& set, const ExercisePaper& paper);

@@ -5,11 +5,13 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QPushButton>
+#include <QRegularExpressionValidator>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QSpinBox>
@@ -69,7 +71,13 @@ void ExerciseWindow::CreateControls() {
   };
   txtVariants_ =
       number("txtVariants", MostVariants, UsualNumVariants, "How many sheets, each with other loads");
-  txtSeed_ = number("txtSeed", INT32_MAX, 1, "The same seed makes the same sheets again");
+  txtSeed_ = new QLineEdit(QStringLiteral("1"), this);
+  txtSeed_->setObjectName(QStringLiteral("txtSeed"));
+  txtSeed_->setMaxLength(20);
+  txtSeed_->setValidator(
+      new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[1-9][0-9]*")), txtSeed_));
+  txtSeed_->setToolTip(QStringLiteral("The same seed makes the same sheets again"));
+  connect(txtSeed_, &QLineEdit::textChanged, this, &ExerciseWindow::MakeLater);
   const auto choice = [this](const char* name, const char* caption, const char* tip) {
     auto* box = new QCheckBox(QString::fromLatin1(caption), this);
     box->setObjectName(QString::fromLatin1(name));
@@ -158,7 +166,7 @@ void ExerciseWindow::Clear() {
 
 VariantWishes ExerciseWindow::Wishes() const {
   return {.NumVariants = txtVariants_->value(),
-          .Seed = static_cast<std::uint64_t>(txtSeed_->value()),
+          .Seed = txtSeed_->text().toULongLong(),
           .Mirrors = chkMirrored_->isChecked(),
           .Renames = chkRenamed_->isChecked()};
 }
@@ -174,6 +182,10 @@ void ExerciseWindow::Make() {
   const QScopedValueRollback busy(isBusy_, true);
   const std::shared_ptr<const Truss> truss = truss_;
   const VariantWishes wishes = Wishes();
+  if (wishes.Seed == 0) {  // a number that is none, or too large
+    lblState_->setText(QStringLiteral("The seed is a number from 1 to %1.").arg(UINT64_MAX));
+    return;
+  }
   Variants made;
   {
     ReportProgressDialog progress(QStringLiteral("Making the variants ..."), on_.ProgressDelay, this);

@@ -14,6 +14,7 @@
 
 class QCheckBox;
 class QLabel;
+class QLineEdit;
 class QListWidget;
 class QPrinter;
 class QPrintPreviewWidget;
@@ -66,7 +67,7 @@ class ExerciseWindow final : public LearnWindow {
   bool isBusy_ = false;
   std::unique_ptr<QPrinter> paper_;
   QSpinBox* txtVariants_;
-  QSpinBox* txtSeed_;
+  QLineEdit* txtSeed_;
   QCheckBox* chkMirrored_;
   QCheckBox* chkRenamed_;
   QLabel* lblState_;

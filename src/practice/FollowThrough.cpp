@@ -129,6 +129,28 @@ Followed Follow(const TrussGraph& graph, const ForceValues& given, const std::ve
   return followed;
 }
 
+Table<char> ChecksThatFail(const Followed& followed, const HandSolution& solution) {
+  Table<char> xChecks(followed.Joints.Size()), yChecks(followed.Joints.Size());
+  for (const HandStep& step : solution.Steps) {
+    if (step.Kind != HandStepKind::Joint) continue;
+    for (const BalanceEquation& equation : step.Equations) {
+      if (equation.Use != BalanceUse::Holds) continue;
+      if (equation.Kind == BalanceKind::X) xChecks[step.Joint] = 1;
+      if (equation.Kind == BalanceKind::Y) yChecks[step.Joint] = 1;
+    }
+  }
+  Table<char> fails(followed.Joints.Size());
+  for (int j = 1; j <= fails.Size(); ++j) {
+    const FollowedJoint& joint = followed.Joints[j];
+    if (joint.What != JointVerdict::Slips) continue;
+    const double worth = BalancedWithin * std::hypot(joint.OverX, joint.OverY);
+    const bool xIsFine = std::abs(joint.OverX) <= worth || xChecks[j] != 0;
+    const bool yIsFine = std::abs(joint.OverY) <= worth || yChecks[j] != 0;
+    fails[j] = xIsFine && yIsFine ? 1 : 0;
+  }
+  return fails;
+}
+
 std::string JointText(int joint, const Followed& followed, const TrussGraph& graph,
                       const Table<Verdict>& verdicts, const DistinctNames& names,
                       const ReportFormat& format) {

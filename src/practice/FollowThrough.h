@@ -41,6 +41,10 @@ std::vector<int> OrderByHand(const TrussGraph& graph, const HandSolution& soluti
 /// `order` is that of OrderByHand. A joint without any force on it balances.
 Followed Follow(const TrussGraph& graph, const ForceValues& given, const std::vector<int>& order);
 
+/// Of each joint that does not balance, whether only such equations of it are wrong as the working by hand
+/// needs for no force: they check what was found elsewhere, and a slip shows in them again.
+Table<char> ChecksThatFail(const Followed& followed, const HandSolution& solution);
+
 /// What can be said of a joint, single-byte text: "C is right with your AC.", "C is right.", "The slip is at
 /// A: the vertical forces leave 250 upward.", "C cannot be judged yet: AC and BC are missing."
 std::string JointText(int joint, const Followed& followed, const TrussGraph& graph,

@@ -1,6 +1,7 @@
 #include "practice/Hints.h"
 
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 #include "explanation/Directions.h"
@@ -62,14 +63,39 @@ class Hinter {
     return open;
   }
 
+  // Where nothing else stands in an equation, or one force that is known and counts as much, the filled
+  // equation would be the value.
+  std::string FilledIn(const BalanceEquation& equation) const {
+    const auto isSought = [](const BalanceTerm& term) { return term.IsSought; };
+    const auto sought = std::ranges::find_if(equation.Terms, isSought);
+    const auto numSought = std::ranges::count_if(equation.Terms, isSought);
+    const auto numKnown = static_cast<std::ptrdiff_t>(equation.Terms.size()) - numSought;
+    if (numSought == 1 && numKnown == 0)
+      return "Nothing else stands in this equation: what must " + names_.Force(sought->Unknown) + " be?";
+    const auto known = std::ranges::find_if_not(equation.Terms, isSought);
+    const bool isAlone =
+        numSought == 1 && numKnown == 1 && known->Unknown != 0 &&
+        std::abs(std::abs(known->Factor) - std::abs(sought->Factor)) < 1e-9 * std::abs(sought->Factor);
+    if (isAlone)
+      return names_.Force(known->Unknown) + " you know; which sense must " + names_.Force(sought->Unknown) +
+             " have?";
+    return equations_.WithNumbers(equation);
+  }
+
+  // The equation in letters; where only one force stands in it, that says so.
+  std::string InLetters(const BalanceEquation& equation) const {
+    const std::string what = Capital(equations_.What(equation)) + ":  ";
+    if (equation.Terms.size() != 1) return what + equations_.InLetters(equation);
+    return what + "only " + names_.Force(equation.Terms.front().Unknown) + " stands in this.";
+  }
+
   std::array<std::string, NumHintLevels> WithEquations(const std::string& where, const HandStep& step,
                                                        const std::string& acting = {}) const {
     std::string letters = acting;
     std::string numbers;
     for (const BalanceEquation* equation : EquationsToSolve(step)) {
-      letters += (letters.empty() ? "" : "  ") + Capital(equations_.What(*equation)) + ":  " +
-                 equations_.InLetters(*equation);
-      numbers += (numbers.empty() ? "" : "  and  ") + equations_.WithNumbers(*equation);
+      letters += (letters.empty() ? "" : "  ") + InLetters(*equation);
+      numbers += (numbers.empty() ? "" : "  and  ") + FilledIn(*equation);
     }
     return {where, letters, numbers};
   }
@@ -78,7 +104,7 @@ class Hinter {
     std::vector<int> sought;
     for (const UnknownForce& force : step.Solved) sought.push_back(force.Unknown);
     const std::string where = "Take " + names_.JointInWords(step.Joint) + ": there only " +
-                              names_.Forces(sought) + (sought.size() == 1 ? " is" : " are") + " unknown.";
+                              names_.Forces(sought) + (sought.size() == 1 ? " is" : " are") + " to be found.";
     return {step.Joint, WithEquations(where, step, ActingText(step.Joint) + "  ")};
   }
 

@@ -25,6 +25,10 @@ bool JointMatch::IsExact(int joint) const {
 
 // Joints of the key by their x, so that only those nearby are looked at.
 std::vector<JointMatch::Pair> JointMatch::NearPairs(double nearX, double nearY) const {
+  // Places are singles; what is a tenth in decimals may be a little more in them.
+  const auto widened = [](double near) { return near * (1 + 1e-5); };
+  nearX = widened(nearX);
+  nearY = widened(nearY);
   std::multimap<double, int> byX;
   for (int j = 1; j <= key_.NumJoints(); ++j) byX.emplace(key_.Joints[j].X, j);
   std::vector<Pair> pairs;

@@ -26,11 +26,15 @@ class Marker {
     marked.Verdicts = Judge(answers.Given, truss_.Solutions);
     marked.NumRight =
         static_cast<int>(std::ranges::count(marked.Verdicts.First(marked.Verdicts.Size()), Verdict::Right));
-    const Followed followed = Follow(truss_.Graph, answers.Given, order_);
+    marked.CountsTensionPositive = CountsTensionPositive(truss_.Graph, marked.Verdicts, truss_.Solutions);
+    // Whoever counts the other way round throughout is followed in his own way of counting.
+    const Followed followed =
+        Follow(truss_.Graph,
+               marked.CountsTensionPositive ? WithMembersTurned(truss_.Graph, answers.Given) : answers.Given,
+               order_);
     marked.NumBalanced = followed.NumBalanced();
     marked.NumJudged = followed.NumJudged();
     if (followed.Slip != 0) marked.Slip = ToUtf8(names_.Joint(followed.Slip));
-    marked.CountsTensionPositive = CountsTensionPositive(truss_.Graph, marked.Verdicts, truss_.Solutions);
     return marked;
   }
 

@@ -8,6 +8,7 @@
 
 #include "explanation/byjoint/HandSolution.h"
 #include "explanation/byjoint/HandText.h"
+#include "practice/JointPlaces.h"
 #include "practice/Verdicts.h"
 #include "reports/DescribePicture.h"
 #include "text/CodePage.h"
@@ -56,6 +57,13 @@ std::string Base64(std::string_view bytes) {
 // A text inside a question's HTML: a name, a line of the working.
 std::string Html(const std::string& singleByteText) {
   return Escaped(WithoutControls(ToUtf8(singleByteText)));
+}
+
+// What would be read as the beginning of a box becomes a character reference.
+std::string WithoutBraces(std::string html) {
+  for (std::size_t at = html.find('{'); at != std::string::npos; at = html.find('{', at))
+    html.replace(at, 1, "&#123;");
+  return html;
 }
 
 // Values to six figures, which is more than anyone writes.
@@ -140,21 +148,19 @@ class Bank {
   }
 
   static std::string QuestionHtml(const Variant& variant) {
+    const TrussGraph graph = GraphOf(variant.Document, variant.Analysis);
+    const ReportFormat format{variant.Document.Settings.SigFigs, {}};
     std::string html =
         "<p>Find the reactions and the forces in all members. Compression is positive, tension "
         "negative. Reactions are positive in the directions of their arrows.</p>\n<p><img "
         "src=\"@@PLUGINFILE@@/" +
         FileName(variant) + "\" alt=\"" +
-        Escaped(DescribePicture(variant.Document, {.ForceValues = true, .Names = true})) +
-        "\"></p>\n<table>\n";
+        Escaped(DescribePicture(variant.Document, {.ForceValues = true, .Names = true})) + "\"></p>\n<p>" +
+        WithoutBraces(Html(JointPlaces(graph, format))) + "</p>\n<table>\n";
     const auto& values = variant.Analysis.Reading.Values;
     const double largest = LargestOf(values);
-    const TrussGraph graph = GraphOf(variant.Document, variant.Analysis);
     for (int k = 1; k <= values.Size(); ++k) {
-      // What would be read as the beginning of a box is written as a character reference.
-      std::string name = Html(variant.Analysis.System.UnknownList[k].Name);
-      for (std::size_t at = name.find('{'); at != std::string::npos; at = name.find('{', at))
-        name.replace(at, 1, "&#123;");
+      const std::string name = WithoutBraces(Html(variant.Analysis.System.UnknownList[k].Name));
       html += "<tr><td>" + name + "</td><td>" +
               BoxOf(values[k].value_or(0), largest, graph.Unknowns[k].IsMember()) + "</td></tr>\n";
     }

@@ -30,13 +30,6 @@ const char* WordsFor(Verdict verdict) {
   return "wrong";
 }
 
-ForceValues Turned(const TrussGraph& graph, ForceValues values) {
-  for (int k = 1; k <= values.Size(); ++k) {
-    if (graph.Unknowns[k].IsMember() && values[k]) values[k] = -*values[k];
-  }
-  return values;
-}
-
 // Loads and reactions on the whole truss; the members cancel.
 struct OuterForces {
   double X = 0, Y = 0;
@@ -69,9 +62,9 @@ Answer TriedTruss::Read(int unknown, std::string_view utf8Text) const {
   return ReadAnswer(utf8Text, isMember ? AnswerOf::Member : AnswerOf::Reaction, format_.Numbers);
 }
 
-Judgement TriedTruss::JudgeAll(const ForceValues& given) const {
+Judgement TriedTruss::JudgeAll(const ForceValues& given, int numUnreadable) const {
   const Table<Verdict> verdicts = Judge(given, solutions_);
-  Judgement judgement{Table<std::string>(given.Size()), {CountText(given, verdicts)}};
+  Judgement judgement{Table<std::string>(given.Size()), {CountText(given, verdicts, numUnreadable)}};
   for (int k = 1; k <= given.Size(); ++k) {
     if (given[k]) judgement.Words[k] = WordsFor(verdicts[k]);
   }
@@ -82,7 +75,7 @@ Judgement TriedTruss::JudgeAll(const ForceValues& given) const {
         "follows takes "
         "your members with the sense turned.");
   }
-  const ForceValues followed = isTurned ? Turned(graph_, given) : given;
+  const ForceValues followed = isTurned ? WithMembersTurned(graph_, given) : given;
   AddReactions(followed, judgement.Lines);
   AddJoints(followed, isTurned ? Judge(followed, solutions_) : verdicts, judgement.Lines);
   return judgement;
@@ -92,16 +85,19 @@ std::optional<Hint> TriedTruss::HintFor(const ForceValues& given) const {
   return NextHint(graph_, byHand_, Judge(given, solutions_), names_, format_);
 }
 
-std::string TriedTruss::CountText(const ForceValues& given, const Table<Verdict>& verdicts) const {
+std::string TriedTruss::CountText(const ForceValues& given, const Table<Verdict>& verdicts,
+                                  int numUnreadable) const {
   const auto all = given.First(given.Size());
   const auto numGiven =
       static_cast<int>(std::ranges::count_if(all, [](const auto& value) { return value.has_value(); }));
   if (numGiven == 0)
     return "Write a value first: a number, compression positive, or a magnitude with T or C.";
   const auto numRight = static_cast<int>(std::ranges::count(verdicts.First(verdicts.Size()), Verdict::Right));
-  const int numEmpty = given.Size() - numGiven;
+  const int numEmpty = given.Size() - numGiven - numUnreadable;
+  const std::string unreadable =
+      numUnreadable == 0 ? "" : ", " + Counted(numUnreadable, "is", "are") + " no forces";
   return std::to_string(numRight) + " of " + Counted(given.Size(), "force is", "forces are") + " right" +
-         (numEmpty == 0 ? "." : ", " + Counted(numEmpty, "is", "are") + " still empty.");
+         (numEmpty == 0 ? "" : ", " + Counted(numEmpty, "is", "are") + " still empty") + unreadable + '.';
 }
 
 // Wrong reactions can balance joint after joint, up to the last.
@@ -128,13 +124,16 @@ void TriedTruss::AddReactions(const ForceValues& given, std::vector<std::string>
     add(unknown.JointA, unknown.Along == Axis::X ? value : 0, unknown.Along == Axis::Y ? value : 0);
   }
   std::string left;
-  const auto tell = [&](const std::string& what, double over, double largest) {
+  const auto tell = [&](const std::string& what, double over, double largest, const char* positive,
+                        const char* negative) {
     if (std::abs(over) <= BalancedWithin * largest) return;
-    left += (left.empty() ? "" : ", ") + what + " leave " + FormatSigFigs(std::abs(over), format_);
+    left += (left.empty() ? "" : ", ") + what + " leave " + FormatSigFigs(std::abs(over), format_) + ' ' +
+            (over > 0 ? positive : negative);
   };
-  tell("the horizontal forces", outer.X, outer.LargestForce);
-  tell("the vertical forces", outer.Y, outer.LargestForce);
-  tell("the moments about " + names_.JointInWords(joint), outer.Moment, outer.LargestMoment);
+  tell("the horizontal forces", outer.X, outer.LargestForce, "to the right", "to the left");
+  tell("the vertical forces", outer.Y, outer.LargestForce, "upward", "downward");
+  tell("the moments about " + names_.JointInWords(joint), outer.Moment, outer.LargestMoment, "anticlockwise",
+       "clockwise");
   lines.push_back(left.empty() ? "Your reactions balance the whole truss."
                                : "Your reactions do not balance the whole truss: " + left + '.');
 }
@@ -142,6 +141,7 @@ void TriedTruss::AddReactions(const ForceValues& given, std::vector<std::string>
 void TriedTruss::AddJoints(const ForceValues& given, const Table<Verdict>& verdicts,
                            std::vector<std::string>& lines) const {
   const Followed followed = Follow(graph_, given, order_);
+  const Table<char> isOnlyCheck = ChecksThatFail(followed, byHand_);
   int numTold = 0;
   for (const int joint : followed.Order) {
     // Of a joint about which the student has said nothing there is nothing to say.
@@ -151,7 +151,10 @@ void TriedTruss::AddJoints(const ForceValues& given, const Table<Verdict>& verdi
         isOpen && std::ranges::none_of(UnknownsAt(joint), [&](int k) { return given[k].has_value(); });
     if (isUntouched) continue;
     if (++numTold > MostJointsTold) continue;
-    lines.push_back(JointText(joint, followed, graph_, verdicts, names_, format_));
+    lines.push_back(isOnlyCheck[joint] != 0 && joint != followed.Slip
+                        ? Capital(names_.JointInWords(joint)) +
+                              " does not balance either, but it only checks what came before."
+                        : JointText(joint, followed, graph_, verdicts, names_, format_));
   }
   if (numTold > MostJointsTold)
     lines.push_back("And " + Counted(numTold - MostJointsTold, "joint", "joints") + " more.");

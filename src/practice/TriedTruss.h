@@ -35,13 +35,14 @@ class TriedTruss {
   /// What a box says, in the locale's numbers.
   Answer Read(int unknown, std::string_view utf8Text) const;
 
-  Judgement JudgeAll(const ForceValues& given) const;
+  /// `numUnreadable` boxes hold no force, and count as empty but for this.
+  Judgement JudgeAll(const ForceValues& given, int numUnreadable = 0) const;
 
   /// What to do next; empty when nothing is left that is found by hand.
   std::optional<Hint> HintFor(const ForceValues& given) const;
 
  private:
-  std::string CountText(const ForceValues& given, const Table<Verdict>& verdicts) const;
+  std::string CountText(const ForceValues& given, const Table<Verdict>& verdicts, int numUnreadable) const;
   void AddReactions(const ForceValues& given, std::vector<std::string>& lines) const;
   void AddJoints(const ForceValues& given, const Table<Verdict>& verdicts,
                  std::vector<std::string>& lines) const;

@@ -11,6 +11,8 @@ namespace {
 // A small truss is not blown up.
 constexpr double MostEnlarged = 1.5;
 
+constexpr double RingRadius = 14;
+
 }  // namespace
 
 TrussView::TrussView(QWidget* parent) : QWidget(parent) {
@@ -20,20 +22,27 @@ TrussView::TrussView(QWidget* parent) : QWidget(parent) {
 
 QSize TrussView::sizeHint() const { return {420, 280}; }
 
-void TrussView::ShowPicture(std::optional<Picture> picture) {
-  picture_ = std::move(picture);
+void TrussView::ShowTruss(std::optional<PaintedTruss> truss) {
+  truss_ = std::move(truss);
+  pointedAt_.reset();
   PaintAnew();
+}
+
+void TrussView::PointAt(std::optional<PixelPoint> world) {
+  pointedAt_ = world;
+  update();
 }
 
 void TrussView::PaintAnew() {
   painted_ = QPixmap();
-  const PixelRect frame = picture_ ? picture_->Frame() : PixelRect{};
+  const PixelRect frame = truss_ ? truss_->Drawn.Frame() : PixelRect{};
   if (!IsEmpty(frame)) {
-    const double room = std::min(width() / static_cast<double>(frame.Width()),
-                                 height() / static_cast<double>(frame.Height()));
-    const double scale = std::min(room, MostEnlarged) * devicePixelRatioF();
-    painted_ = QPixmap(WholeDots(frame, scale));
-    PaintFrame(painted_, *picture_, frame, scale);
+    scale_ = std::min({width() / static_cast<double>(frame.Width()),
+                       height() / static_cast<double>(frame.Height()), MostEnlarged});
+    const double dots = scale_ * devicePixelRatioF();
+    painted_ = QPixmap(WholeDots(frame, dots));
+    painted_.fill(Qt::white);  // the frame need not fill the last dots
+    PaintFrame(painted_, truss_->Drawn, frame, dots);
     painted_.setDevicePixelRatio(devicePixelRatioF());
   }
   update();
@@ -44,7 +53,23 @@ void TrussView::paintEvent(QPaintEvent* /*event*/) {
   painter.fillRect(rect(), Qt::white);
   if (painted_.isNull()) return;
   const QSizeF size = painted_.deviceIndependentSize();
-  painter.drawPixmap(QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), painted_);
+  const QPointF corner((width() - size.width()) / 2, (height() - size.height()) / 2);
+  painter.drawPixmap(corner, painted_);
+  if (pointedAt_) PaintRing(painter, corner);
+}
+
+// A light ring inside a dark one can be seen on lines.
+void TrussView::PaintRing(QPainter& painter, const QPointF& corner) const {
+  const PixelRect frame = truss_->Drawn.Frame();
+  const double x = static_cast<double>(truss_->Mapping.XPixel(pointedAt_->X)) - frame.Left;
+  const double y = static_cast<double>(truss_->Mapping.YPixel(pointedAt_->Y)) - frame.Top;
+  const QPointF centre = corner + QPointF(x, y) * scale_;
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(Qt::white, 6));
+  painter.drawEllipse(centre, RingRadius, RingRadius);
+  painter.setPen(QPen(QColor(0, 90, 200), 3));
+  painter.drawEllipse(centre, RingRadius, RingRadius);
 }
 
 void TrussView::resizeEvent(QResizeEvent* event) {

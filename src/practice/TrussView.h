@@ -1,11 +1,12 @@
-// A widget that shows a picture of a truss, as large as it has room for, on white paper in every theme.
+// A widget that shows a picture of a truss, as large as it has room for, on white paper in every theme, and
+// can point at a place of it.
 #pragma once
 
 #include <QPixmap>
 #include <QWidget>
 #include <optional>
 
-#include "platform/Picture.h"
+#include "reports/TrussPaint.h"
 
 class TrussView final : public QWidget {
   Q_OBJECT
@@ -13,8 +14,12 @@ class TrussView final : public QWidget {
  public:
   explicit TrussView(QWidget* parent);
 
-  /// Without a picture the paper is blank.
-  void ShowPicture(std::optional<Picture> picture);
+  /// Without a truss the paper is blank. Points at nothing.
+  void ShowTruss(std::optional<PaintedTruss> truss);
+
+  /// Rings a place (world coordinates), or none.
+  void PointAt(std::optional<PixelPoint> world);
+  const std::optional<PixelPoint>& PointedAt() const { return pointedAt_; }
 
   QSize sizeHint() const override;
 
@@ -24,7 +29,10 @@ class TrussView final : public QWidget {
 
  private:
   void PaintAnew();
+  void PaintRing(QPainter& painter, const QPointF& corner) const;
 
-  std::optional<Picture> picture_;
+  std::optional<PaintedTruss> truss_;
+  std::optional<PixelPoint> pointedAt_;
   QPixmap painted_;
+  double scale_ = 1;  // points of the widget to a pixel of the picture
 };

@@ -13,6 +13,7 @@
 #include "platform/qt/QtTextMeasure.h"
 #include "platform/qt/ReadOnlyText.h"
 #include "practice/AnswersTable.h"
+#include "practice/JointPlaces.h"
 #include "practice/TrussView.h"
 #include "reports/DescribePicture.h"
 #include "reports/TrussPaint.h"
@@ -42,7 +43,7 @@ void TryWindow::CreateControls() {
   lblHow_ =
       new QLabel(QStringLiteral("Write the forces that you have found: numbers, compression positive, or "
                                 "magnitudes with T or C. Reactions are positive along their arrows. "
-                                "Nothing is stored."),
+                                "What you write is not saved."),
                  this);
   lblHow_->setObjectName(QStringLiteral("lblHow"));
   lblHow_->setWordWrap(true);
@@ -103,22 +104,28 @@ void TryWindow::ShowSubject(const LearnSubject& subject) {
   txtSaid_->setFont(LettersAt96(*this, subject.Points));
   WriteRows();
   QtTextMeasure measure;
-  picTruss_->ShowPicture(TrussPaint(
+  picTruss_->ShowTruss(PaintTruss(
       *subject.Document, subject.Format,
       [&measure](const TextFont& font, std::string_view text) { return measure.Measure(font, text); },
       NamesAndLoads));
   picTruss_->setAccessibleDescription(
       QString::fromStdString(DescribePicture(*subject.Document, NamesAndLoads)));
   hint_.reset();
-  Say({});
-  for (QPushButton* button : {cmdJudge_, cmdHint_, cmdEmpty_}) button->setEnabled(true);
+  opening_ = hasSolutions
+                 ? ShownText(JointPlaces(graph, subject.Format))
+                 : QStringLiteral(
+                       "The equations have no solution: no forces hold this truss under its loads, so "
+                       "there are none to find. \"Why this conclusion\" tells why.");
+  Say(opening_);
+  for (QPushButton* button : {cmdJudge_, cmdHint_, cmdEmpty_}) button->setEnabled(hasSolutions);
+  lstForces_->setEnabled(hasSolutions);
 }
 
 void TryWindow::Clear() {
   tried_.reset();
   hint_.reset();
   lstForces_->ShowForces({});
-  picTruss_->ShowPicture(std::nullopt);
+  picTruss_->ShowTruss(std::nullopt);
   Say({});
   for (QPushButton* button : {cmdJudge_, cmdHint_, cmdEmpty_}) button->setEnabled(false);
 }
@@ -146,14 +153,17 @@ void TryWindow::ForgetVerdict(int row) {
 void TryWindow::JudgeValues() {
   if (!tried_) return;
   lstForces_->TakeOver();
-  const Judgement judgement = tried_->JudgeAll(Given());
+  int numUnreadable = 0;
+  for (int row = 0; row < lstForces_->rowCount(); ++row)
+    numUnreadable += tried_->Read(row + 1, lstForces_->Value(row).toStdString()).IsWrong() ? 1 : 0;
+  const Judgement judgement = tried_->JudgeAll(Given(), numUnreadable);
   for (int k = 1; k <= judgement.Words.Size(); ++k) {
     const Answer answer = tried_->Read(k, lstForces_->Value(k - 1).toStdString());
     lstForces_->ShowVerdict(
         k - 1, answer.IsWrong() ? QString::fromStdString(answer.Why) : ShownText(judgement.Words[k]));
   }
   hint_.reset();
-  Q_EMIT PlaceLeft();
+  PointAt(0);
   Say(ShownText(judgement.Lines));
 }
 
@@ -174,11 +184,18 @@ void TryWindow::GiveHint() {
   std::vector<std::string> lines(hint_->Texts.begin(),
                                  hint_->Texts.begin() + static_cast<std::ptrdiff_t>(level_) + 1);
   Say(ShownText(lines));
-  if (hint_->Joint == 0) {
+  PointAt(hint_->Joint);
+}
+
+// On both drawings: the other one may be covered.
+void TryWindow::PointAt(int joint) {
+  if (joint == 0) {
+    picTruss_->PointAt(std::nullopt);
     Q_EMIT PlaceLeft();
   } else {
-    const PlacedJoint& joint = tried_->Graph().Joints[hint_->Joint];
-    Q_EMIT PlaceChosen(joint.X, joint.Y);
+    const PlacedJoint& place = tried_->Graph().Joints[joint];
+    picTruss_->PointAt(PixelPoint{place.X, place.Y});
+    Q_EMIT PlaceChosen(place.X, place.Y);
   }
 }
 
@@ -186,8 +203,8 @@ void TryWindow::EmptyBoxes() {
   if (!tried_) return;
   WriteRows();
   hint_.reset();
-  Q_EMIT PlaceLeft();
-  Say({});
+  PointAt(0);
+  Say(opening_);
   lstForces_->setFocus();
 }
 

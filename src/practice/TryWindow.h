@@ -44,10 +44,12 @@ class TryWindow final : public LearnWindow {
   void EmptyBoxes();
   void WriteRows();
   void Say(const QString& text);
+  void PointAt(int joint);
 
   std::unique_ptr<TriedTruss> tried_;
   std::optional<Hint> hint_;  // that is shown, up to level_
   std::size_t level_ = 0;
+  QString opening_;  // what is said before anything is asked
   QLabel* lblHow_;
   TrussView* picTruss_;
   AnswersTable* lstForces_;

@@ -6,8 +6,10 @@
 #include <utility>
 
 #include "analysis/Unknowns.h"
+#include "explanation/Directions.h"
 #include "explanation/ExactVerdict.h"
 #include "explanation/TrussGraph.h"
+#include "practice/ForceNames.h"
 #include "practice/MirroredTruss.h"
 #include "practice/OtherNames.h"
 #include "practice/RoundLoads.h"
@@ -49,6 +51,17 @@ std::optional<std::vector<bool>> MembersWithoutForce(const Truss& truss, const T
   return without;
 }
 
+// Whether the loads leave something over at any joint.
+bool IsLoaded(const TrussGraph& graph) {
+  Table<std::pair<double, double>> sums(graph.NumJoints());
+  for (const PlacedLoad& load : graph.Loads) {
+    sums[load.Joint].first += static_cast<double>(load.Fx);
+    sums[load.Joint].second += static_cast<double>(load.Fy);
+  }
+  return std::ranges::any_of(sums.First(sums.Size()),
+                             [](const auto& sum) { return sum != std::pair(0.0, 0.0); });
+}
+
 class Maker {
  public:
   Maker(const Truss& original, const VariantWishes& wishes, const std::function<bool(double)>& goOn)
@@ -61,6 +74,7 @@ class Maker {
     Truss sorted = original_;
     const TrussAnalysis analysis = SolveTruss(sorted);
     made.Why = WhyNotSolvable(sorted, analysis);
+    if (made.Why.empty()) made.Why = WhyNotByName(GraphOf(sorted, analysis));
     if (!made.Why.empty()) return made;
     withoutForce_ = MembersWithoutForce(sorted, analysis);
     while (static_cast<int>(made.All.size()) < wishes_.NumVariants) {
@@ -70,8 +84,8 @@ class Maker {
       }
       std::optional<Variant> next = Next(static_cast<int>(made.All.size()) + 1);
       if (!next) {
-        made.Why = "only " + std::to_string(made.All.size()) +
-                   " variants could be found whose loads differ and "
+        made.Why = "only " + Counted(static_cast<int>(made.All.size()), "variant", "variants") +
+                   " could be found whose loads differ and "
                    "leave the same members without force";
         break;
       }
@@ -147,7 +161,10 @@ std::string WhyNotSolvable(const Truss& truss, const TrussAnalysis& analysis) {
       analysis.Reading.Code != Outcome::Inconsistent &&
       std::ranges::all_of(values.First(values.Size()), [](const auto& value) { return value.has_value(); });
   if (!areAllKnown) return "the solutions of this truss do not give every force";
-  const ExactVerdict verdict = JudgeExactly(GraphOf(truss, analysis));
+  const TrussGraph graph = GraphOf(truss, analysis);
+  if (LargestOf(values) == 0 && IsLoaded(graph))
+    return "all forces of this truss are 0, as far as its solutions show: its loads are too small";
+  const ExactVerdict verdict = JudgeExactly(graph);
   const bool isUnique = verdict.Code() != Outcome::Inconsistent && verdict.SelfStresses() == 0;
   return isUnique ? "" : "the forces of this truss are not unique, exactly";
 }

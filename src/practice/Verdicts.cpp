@@ -79,3 +79,10 @@ bool CountsTensionPositive(const TrussGraph& graph, const Table<Verdict>& verdic
   }
   return numTurned >= 2;
 }
+
+ForceValues WithMembersTurned(const TrussGraph& graph, ForceValues values) {
+  for (int k = 1; k <= values.Size(); ++k) {
+    if (graph.Unknowns[k].IsMember() && values[k]) values[k] = -*values[k];
+  }
+  return values;
+}

@@ -44,3 +44,6 @@ Table<Verdict> Judge(const ForceValues& given, const ForceValues& solutions);
 /// are at least two: its writer counts tension as positive.
 bool CountsTensionPositive(const TrussGraph& graph, const Table<Verdict>& verdicts,
                            const ForceValues& solutions);
+
+/// The values of one who counts tension as positive, with compression positive: those of members turned.
+ForceValues WithMembersTurned(const TrussGraph& graph, ForceValues values);

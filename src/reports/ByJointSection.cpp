@@ -1,6 +1,7 @@
 // The truss solved joint by joint as a section of the printable report, with a picture of each step that is
 // about a joint or a part of the truss.
 #include <algorithm>
+#include <set>
 #include <string>
 
 #include "explanation/byjoint/HandPicture.h"
@@ -50,8 +51,15 @@ class ByJointSection {
       const std::string text = Printable(DescribeHandStep(graph_, solution_, index, on_.Format));
       const Picture picture = PictureOfHandStep(graph_, solution_, index, on_.Format, on_.Measure);
       if (!RTBPicture(picture, on_.Report, on_.Clipboard, 1, 0, text)) hasAllPictures_ = false;
+      AppendNoteOfArrows(solution_.Steps[index]);
     }
     AppendLines(step.Lines, 1);
+  }
+
+  // Once for all pictures that it is true of.
+  void AppendNoteOfArrows(const HandStep& step) {
+    const std::string note = NoteOfArrows(step);
+    if (notes_.insert(note).second) RTBText(on_.Report, note, 1, 0, PlainBlack);
   }
 
   void AppendLines(const std::vector<std::string>& lines, int breaksBefore) {
@@ -65,6 +73,7 @@ class ByJointSection {
   const TrussGraph& graph_;
   HandSolution solution_;
   HandReport report_;
+  std::set<std::string> notes_;  // of arrows, that stand in the report
   std::size_t numPictures_ = 0;
   bool hasAllPictures_ = true;
 };

@@ -43,14 +43,14 @@ class Painter {
       : truss_(truss), format_(format), measure_(measure), content_(content) {}
 
   /// The largest picture that has room on a page, or the smallest when none has.
-  Picture Fitting() const {
+  PaintedTruss Fitting() const {
     int low = NarrowestWindow;
-    Picture best = Painted(low);
-    if (!HasRoom(best)) return best;
+    PaintedTruss best = Painted(low);
+    if (!HasRoom(best.Drawn)) return best;
     for (int high = WidestWindow + 1; high - low > 1;) {
       const int middle = (low + high) / 2;
-      Picture larger = Painted(middle);
-      if (HasRoom(larger)) {
+      PaintedTruss larger = Painted(middle);
+      if (HasRoom(larger.Drawn)) {
         low = middle;
         best = std::move(larger);
       } else {
@@ -61,10 +61,12 @@ class Painter {
   }
 
  private:
-  Picture Painted(int width) const {
-    Picture picture(measure_);
+  PaintedTruss Painted(int width) const {
+    PaintedTruss painted{Picture(measure_), {}};
+    Picture& picture = painted.Drawn;
     const std::optional<Graph> mapping = MappingFor(truss_, width);
-    if (!mapping) return picture;
+    if (!mapping) return painted;
+    painted.Mapping = *mapping;
     Drawing drawing;
     drawing.Mapping = *mapping;
     PlaceElements(drawing, truss_, measure_);
@@ -73,7 +75,7 @@ class Painter {
     PaintDrawing(picture, drawing, truss_);
     if (content_.ForceValues) PrintForceValues(picture, drawing, truss_, format_);
     picture.Crop(MarginOfPicture);
-    return picture;
+    return painted;
   }
 
   static bool HasRoom(const Picture& picture) {
@@ -88,7 +90,12 @@ class Painter {
 
 }  // namespace
 
+PaintedTruss PaintTruss(const Truss& truss, const ReportFormat& format, const TextMeasure& measure,
+                        PictureContent content) {
+  return Painter(truss, format, measure, content).Fitting();
+}
+
 Picture TrussPaint(const Truss& truss, const ReportFormat& format, const TextMeasure& measure,
                    PictureContent content) {
-  return Painter(truss, format, measure, content).Fitting();
+  return PaintTruss(truss, format, measure, content).Drawn;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "analysis/FormatSigFigs.h"
+#include "canvas/Graph.h"
 #include "document/Truss.h"
 #include "paper/Page.h"
 #include "platform/Picture.h"
@@ -31,3 +32,12 @@ inline constexpr float PictureBorder = 40;
 /// no extent.
 Picture TrussPaint(const Truss& truss, const ReportFormat& format, const TextMeasure& measure,
                    PictureContent content);
+
+struct PaintedTruss {
+  Picture Drawn;
+  Graph Mapping;  ///< from the world to the picture's pixels
+};
+
+/// The same, for who points at something in the picture.
+PaintedTruss PaintTruss(const Truss& truss, const ReportFormat& format, const TextMeasure& measure,
+                        PictureContent content);

@@ -78,7 +78,7 @@ class AccessibleTree : public WindowEditingFixture {
       ++met;
       const bool holdsKeys =
           each->state().focusable && each->role() != QAccessible::Client && each->role() != QAccessible::Cell;
-      if (NeedsName(each->role()) || holdsKeys) EXPECT_FALSE(Name(each).trimmed().isEmpty()) << Where(each);
+      EXPECT_FALSE((NeedsName(each->role()) || holdsKeys) && Name(each).trimmed().isEmpty()) << Where(each);
       EXPECT_TRUE(IsPlain(Name(each))) << Where(each) << ": " << Name(each).toStdString();
       EXPECT_TRUE(IsPlain(each->text(QAccessible::Description)))
           << Where(each) << ": " << each->text(QAccessible::Description).toStdString();
@@ -188,7 +188,7 @@ TEST_F(AccessibleTree, ToolsAreAGroupOfCheckableButtonsWithTheirState) {
     accessible::Do(button, QAccessibleActionInterface::toggleAction());
     EXPECT_TRUE(button->state().checked) << "a chosen tool stays chosen";
     int checked = 0;
-    accessible::Walk(group, [&](QAccessibleInterface* each) { checked += each->state().checked; });
+    accessible::Walk(group, [&](QAccessibleInterface* each) { checked += each->state().checked ? 1 : 0; });
     EXPECT_EQ(checked, 1);
   }
 }

@@ -108,6 +108,7 @@ class Walk : Photographer {
     for (int i = 0; i < 5; ++i) forces.findChild<QPushButton*>(QStringLiteral("cmdZoomIn"))->click();
     forces.findChild<QTableWidget*>()->selectRow(12);
     Take(forces, "16-forces-zoomed");
+    TakeJointByJoint();
     Trigger("mnuLearnSteps");
     QWidget& steps = WindowNamed("Steps");
     Take(steps, "16-steps-begin");
@@ -127,6 +128,25 @@ class Walk : Photographer {
     Take(checks, "17-checks");
     Take(form_, "17-checks-place");
     checks.close();
+  }
+
+  // Of each kind of step the first one.
+  void TakeJointByJoint() {
+    Trigger("mnuLearnByJoint");
+    QWidget& window = WindowNamed("ByJoint");
+    auto& steps = *window.findChild<QListWidget*>(QStringLiteral("lstSteps"));
+    QStringList taken;
+    for (int row = 0; row < steps.count(); ++row) {
+      const QString kind = steps.item(row)->text().section(u' ', 2, 2).toLower();
+      if (taken.contains(kind)) continue;
+      taken.append(kind);
+      steps.setCurrentRow(row);
+      Take(window, QStringLiteral("16-byjoint-") + kind);
+    }
+    window.resize(420, 400);
+    steps.setCurrentRow(std::min(3, steps.count() - 1));
+    Take(window, "16-byjoint-narrow");
+    window.close();
   }
 
   void TakePractice() {

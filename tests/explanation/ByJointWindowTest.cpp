@@ -49,6 +49,40 @@ TEST_F(ByJointWindowTest, BeginsWithTheReactionsAndWhatIsAssumed) {
   EXPECT_EQ(Picture().Drawn()->Part.size(), 5U);
 }
 
+TEST_F(ByJointWindowTest, SaysWhichSensesThePicturesArrowsShow) {
+  Show(KingPostByHand());
+  const QLabel& note = FindControl<QLabel>(window_, "lblArrows");
+  EXPECT_TRUE(note.isVisible());
+  EXPECT_TRUE(note.text().startsWith(QStringLiteral("The picture's arrows show the senses found")));
+  // A triangle that hangs on three links in a larger one takes a cut.
+  Show(TrussBuilder()
+           .Member(0, 0, 12, 0)
+           .Member(0, 0, 6, 10)
+           .Member(12, 0, 6, 10)
+           .Member(5, 2, 8, 3)
+           .Member(8, 3, 6.5F, 5)
+           .Member(6.5F, 5, 5, 2)
+           .Member(0, 0, 5, 2)
+           .Member(12, 0, 8, 3)
+           .Member(6, 10, 6.5F, 5)
+           .Clamp(0, 0)
+           .Roller(12, 0)
+           .Force(5, 2, 10, -20));
+  for (int row = 0; row < Steps().count(); ++row) {
+    Steps().setCurrentRow(row);
+    const bool isSection = Steps().item(row)->text().contains(QStringLiteral("Section"));
+    if (row + 1 < Steps().count()) {
+      EXPECT_EQ(note.text().startsWith(QStringLiteral("The picture's arrows show the senses assumed")),
+                isSection)
+          << row;
+    }
+    if (isSection) {
+      EXPECT_FALSE(Picture().Drawn()->Cut.empty());
+    }
+  }
+  EXPECT_EQ(note.text(), QString()) << "beyond the steps";
+}
+
 TEST_F(ByJointWindowTest, NextAndBackGoFromStepToStepAndTellTheJoint) {
   Show(KingPostByHand());
   QSignalSpy chosen(&window_, &ByJointWindow::PlaceChosen);

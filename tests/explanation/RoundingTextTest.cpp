@@ -376,4 +376,16 @@ TEST(DifferentReadings, SayWhatEachOfTheThreeSays) {
   }
 }
 
+// Loads so small that what is left over is below the tolerance of the matrix.
+TEST(Rounding, NumbersThatHoldWithinTheFiguresAreNotCalledWrong) {
+  Truss truss =
+      TrussBuilder().Member(0, 0, 1, 3).Clamp(0, 0).Force(1, 3, 0.0001F, std::nextafter(0.0003F, 1.0F));
+  const TrussAnalysis analysis = SolveTruss(truss);
+  const Rounding rounding = ExplainTruss(truss, analysis).Rounded;
+  ASSERT_EQ(analysis.Reading.Code, Outcome::Redundant);
+  ASSERT_EQ(rounding.Verdict.Code(), Outcome::Inconsistent);
+  ASSERT_EQ(rounding.Figures.Within, Outcome::Redundant);
+  EXPECT_FALSE(rounding.HoldsNoNumber());
+}
+
 }  // namespace

@@ -156,6 +156,9 @@ TEST_F(PagedTextTest, APartWithATitleOfItsOwnBeginsAPage) {
   });
   EXPECT_EQ(numPages_, 3) << "and none before the first";
   EXPECT_EQ(pdf.NumPages(), 3);
+  int numInFooters = 0;
+  for (const PdfWord& word : pdf.Words()) numInFooters += word.Text == "bridge.trs:" ? 1 : 0;
+  EXPECT_EQ(numInFooters, 3) << "each footer names its part";
 }
 
 TEST_F(PagedTextTest, TheSizeOfLettersDoesNotDependOnTheDevice) {

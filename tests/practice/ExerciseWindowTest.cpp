@@ -47,10 +47,10 @@ class ExerciseWindowTest : public testing::Test {
 
   // As a user types: the old number goes first.
   void Type(const char* box, const char* number) {
-    auto& spin = FindControl<QSpinBox>(window_, box);
-    spin.setFocus();
-    spin.selectAll();
-    QTest::keyClicks(&spin, QString::fromLatin1(number));
+    auto& control = FindControl<QWidget>(window_, box);
+    control.setFocus();
+    QTest::keyClick(&control, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(&control, QString::fromLatin1(number));
   }
 
   TemporaryDirectory directory_;
@@ -80,6 +80,11 @@ TEST_F(ExerciseWindowTest, MakesThemAnewWhenANumberIsTyped) {
   Type("txtSeed", "77");
   WaitForVariants();
   EXPECT_EQ(window_.Set().Wishes.Seed, 77U);
+  Type("txtSeed", "18446744073709551615");
+  WaitForVariants();
+  EXPECT_EQ(window_.Set().Wishes.Seed, UINT64_MAX) << "as on the command line";
+  Type("txtSeed", "18446744073709551616");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return State().startsWith(QStringLiteral("The seed is a number")); }));
 }
 
 TEST_F(ExerciseWindowTest, ShowsTheSheetOfTheChosenVariantWithItsSolution) {

@@ -52,7 +52,7 @@ TEST(Hints, GoOnWhereTheStudentIs) {
   const Hint hint = stuck.After({{"Ax", 0}, {"Ay", 500}, {"B", 500}}).value();
   const TrussGraph& graph = stuck.Asked_().Graph;
   EXPECT_EQ(graph.Joints[hint.Joint].Name, "A");
-  EXPECT_EQ(hint.Texts[0], "Take joint A: there only AC and AB are unknown.");
+  EXPECT_EQ(hint.Texts[0], "Take joint A: there only AC and AB are to be found.");
   EXPECT_THAT(hint.Texts[1], StartsWith("At joint A act "));
   EXPECT_THAT(hint.Texts[2], HasSubstr("500")) << "the reaction that was found";
   EXPECT_THAT(hint.Texts[2], Not(HasSubstr("625")));
@@ -68,6 +68,30 @@ TEST(Hints, ComeBackToAWrongValue) {
   const Stuck stuck(RoundTriangle());
   const Hint hint = stuck.After(AnswersWith({{"B", 300}})).value();
   EXPECT_THAT(hint.Texts[1], StartsWith("Moments about"));
+}
+
+TEST(Hints, DoNotFillInWhatWouldBeTheValue) {
+  const Stuck stuck(RoundTriangle());
+  const Hint alone = stuck.After({{"B", 500}}).value();
+  EXPECT_THAT(alone.Texts[1], HasSubstr("only Ax stands in this."));
+  EXPECT_EQ(alone.Texts[2], "Nothing else stands in this equation: what must Ax be?");
+  // Two members in line, one of them known.
+  const Stuck tie(TrussBuilder()
+                      .Member(0, 0, 3, 0, "AB")
+                      .Member(3, 0, 6, 0, "BC")
+                      .Member(3, 0, 3, 4, "BD")
+                      .Member(0, 0, 3, 4, "AD")
+                      .Member(6, 0, 3, 4, "CD")
+                      .Clamp(0, 0, "Ax", "Ay")
+                      .Roller(6, 0, "C")
+                      .Force(3, 0, 0, -1000)
+                      .Joint(0, 0, "A")
+                      .Joint(3, 0, "B")
+                      .Joint(6, 0, "C")
+                      .Joint(3, 4, "D"));
+  const Hint inLine =
+      tie.After({{"Ax", 0}, {"Ay", 500}, {"C", 500}, {"AB", -375}, {"AD", 625}, {"BD", -1000}}).value();
+  for (const std::string& text : inLine.Texts) EXPECT_THAT(text, Not(HasSubstr("375")));
 }
 
 TEST(Hints, AreOverWhenAllIsFound) { EXPECT_FALSE(Stuck(RoundTriangle()).After(RightAnswers())); }

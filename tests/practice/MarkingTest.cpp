@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "PracticeFixture.h"
+#include "practice/ForceNames.h"
 
 namespace {
 
@@ -130,6 +131,30 @@ TEST(Marking, AStudentHasOneVariant) {
   EXPECT_EQ(marked.Students.size(), 2U);
 }
 
+TEST(Marking, RefusesVariantsWhereThereAreNone) {
+  const MarkedClass marked = Mark("student,variant,AB\nAnn,1,-375\n");
+  EXPECT_THAT(
+      marked.Problems,
+      ElementsAre("line 1, column 2 (variant): --variants and --seed must say which variants these are"));
+  EXPECT_THAT(marked.Students, IsEmpty());
+}
+
+TEST(Marking, TakesHeadingsThatBeginWithACapital) {
+  EXPECT_EQ(Marks("Student,File,AB\nAnn,triangle.trs,-375\n"),
+            Marks("student,file,AB\nAnn,triangle.trs,-375\n"));
+}
+
+TEST(Marking, FollowsOneWhoCountsTensionPositiveInHisOwnWay) {
+  EXPECT_THAT(Marks("student,AB,AC,BC,Ax,Ay,B\nBob,375,-625,-625,0,500,500\n"),
+              HasSubstr("Bob,right,right,right,sense,sense,sense,3,3,3,\r\n"));
+}
+
+TEST(Marking, NamesALongCellByItsBeginning) {
+  const MarkedClass marked = Mark("student,AB\nAnn," + std::string(100000, 'x') + "\n");
+  ASSERT_EQ(marked.Problems.size(), 1U);
+  EXPECT_LT(marked.Problems[0].size(), 150U);
+}
+
 TEST(Marking, NeedsNamesThatTellForcesApart) {
   const auto why = [](const Truss& truss) { return WhyNotByName(Asked(truss).Graph); };
   EXPECT_EQ(why(RoundTriangle()), "");
@@ -153,9 +178,9 @@ TEST(Marking, TellsHowTheClassDid) {
       "Bob,375,-625,-625,0,500,500\n"
       "Cem,1,2,3,4,5,6\n");
   EXPECT_THAT(text,
-              HasSubstr("3 students marked; every force is right for 1, every joint balances for 1.\n"));
+              HasSubstr("3 students marked; every force is right for 1, every joint balances for 2.\n"));
   EXPECT_THAT(text, HasSubstr("1 student counts tension as positive, throughout.\n"));
-  EXPECT_THAT(text, HasSubstr("First slips are most often at joint A: 2 students.\n"));
+  EXPECT_THAT(text, HasSubstr("First slips are most often at joint A: 1 student.\n"));
 }
 
 }  // namespace

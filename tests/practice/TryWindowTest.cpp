@@ -8,6 +8,7 @@
 
 #include "PracticeFixture.h"
 #include "practice/AnswersTable.h"
+#include "practice/TrussView.h"
 #include "support/CutTexts.h"
 #include "support/FindControl.h"
 #include "support/LearnWindowFixture.h"
@@ -40,7 +41,7 @@ TEST_F(TryWindowTest, HasAnEmptyBoxForEachForce) {
   EXPECT_EQ(Forces().item(0, 0)->text(), QStringLiteral("Ax"));
   EXPECT_EQ(Forces().item(5, 0)->text(), QStringLiteral("BC"));
   for (int row = 0; row < 6; ++row) EXPECT_EQ(Forces().Value(row) + Verdict(row), QString());
-  EXPECT_EQ(Said(), QString());
+  EXPECT_EQ(Said(), QStringLiteral("Joints (x, y):  A at (0, 0),  B at (6, 0),  C at (3, 4)."));
   EXPECT_TRUE(Forces().hasFocus());
 }
 
@@ -58,8 +59,8 @@ TEST_F(TryWindowTest, JudgesWhatIsTypedFromBoxToBox) {
   EXPECT_EQ(Verdict(5), QStringLiteral("close, within 5 %"));
   EXPECT_TRUE(
       Said().startsWith(QStringLiteral("3 of 6 forces are right.\nYour reactions do not balance the whole "
-                                       "truss: the vertical forces leave 4500, the moments about joint A "
-                                       "leave")));
+                                       "truss: the vertical forces leave 4500 upward, the moments "
+                                       "about joint A leave")));
   EXPECT_TRUE(Said().contains(QStringLiteral("The slip is at joint A: ")));
 }
 
@@ -81,7 +82,7 @@ TEST_F(TryWindowTest, FollowsTheStudentsOwnNumbers) {
   EXPECT_TRUE(Said().contains(QStringLiteral("Joint B is right with your B, AB and BC.")));
   EXPECT_TRUE(
       Said().contains(QStringLiteral("Your reactions do not balance the whole truss: the moments about joint "
-                                     "A leave 600.")));
+                                     "A leave 600 anticlockwise.")));
 }
 
 TEST_F(TryWindowTest, SaysThatTensionIsCountedPositive) {
@@ -102,6 +103,45 @@ TEST_F(TryWindowTest, SaysWhatIsNoForce) {
   EXPECT_TRUE(Verdict(3).contains(QStringLiteral("has a sign and a letter")));
   EXPECT_TRUE(Verdict(4).contains(QStringLiteral("\"<b>abc\" is not a number")));
   EXPECT_TRUE(Said().startsWith(QStringLiteral("Write a value first")));
+  Forces().setFocus();
+  Forces().setCurrentCell(0, 1);
+  Type(QStringLiteral("0"));
+  Press("cmdJudge");
+  EXPECT_TRUE(
+      Said().startsWith(QStringLiteral("1 of 6 forces are right, 3 are still empty, 2 are no forces.")));
+}
+
+TEST_F(TryWindowTest, TabGoesOnToTheNextBoxAndKeepsWhatIsWritten) {
+  Show(RoundTriangle());
+  for (const char* value : {"0", "500"}) {
+    QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(value));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QApplication::processEvents();
+  }
+  EXPECT_EQ(Forces().Value(0), QStringLiteral("0"));
+  EXPECT_EQ(Forces().Value(1), QStringLiteral("500"));
+  EXPECT_EQ(Forces().currentRow(), 2);
+  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("7"));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+  QApplication::processEvents();
+  EXPECT_EQ(Forces().Value(2), QStringLiteral("7"));
+  EXPECT_EQ(Forces().currentRow(), 1);
+}
+
+TEST_F(TryWindowTest, SaysThatATrussHasNoForces) {
+  Show(TrussBuilder().Member(0, 0, 4, 0, "a").Clamp(0, 0, "x", "y").Force(4, 0, 0, -1));
+  EXPECT_TRUE(Said().startsWith(QStringLiteral("The equations have no solution: no forces hold this truss")));
+  EXPECT_FALSE(FindControl<QPushButton>(window_, "cmdHint").isEnabled());
+}
+
+TEST_F(TryWindowTest, SaysOfAJointThatOnlyChecksThatItIsNoSlipOfItsOwn) {
+  Show(RoundTriangle());
+  // AC is wrong; AB and BC follow from it rightly.
+  for (const char* value : {"0", "500", "500", "-450", "750", "750"}) Type(QString::fromLatin1(value));
+  Press("cmdJudge");
+  EXPECT_TRUE(Said().contains(QStringLiteral("The slip is at joint A: ")));
+  EXPECT_TRUE(
+      Said().contains(QStringLiteral("does not balance either, but it only checks what came before.")));
 }
 
 TEST_F(TryWindowTest, HintsSayMoreEachTimeAndLightUpTheJoint) {
@@ -109,9 +149,10 @@ TEST_F(TryWindowTest, HintsSayMoreEachTimeAndLightUpTheJoint) {
   for (const char* value : {"0", "500", "500"}) Type(QString::fromLatin1(value));
   QSignalSpy chosen(&window_, &TryWindow::PlaceChosen);
   Press("cmdHint");
-  EXPECT_EQ(Said(), QStringLiteral("Take joint A: there only AC and AB are unknown."));
+  EXPECT_EQ(Said(), QStringLiteral("Take joint A: there only AC and AB are to be found."));
   ASSERT_EQ(chosen.count(), 1);
   EXPECT_EQ(chosen[0][0].toFloat(), 0);
+  EXPECT_TRUE(FindControl<TrussView>(window_, "picTruss").PointedAt());
   Press("cmdHint");
   EXPECT_EQ(Said().count(QLatin1Char('\n')), 1);
   Press("cmdHint");

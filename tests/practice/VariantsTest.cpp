@@ -272,6 +272,14 @@ TEST(Variants, AreNotMadeOfWhatHasNoAnswer) {
   const Truss hidden =
       TrussBuilder().Member(0, 0, 1, 3).Member(4, 12, 1, 3).Clamp(0, 0).Clamp(4, 12).Force(1, 3, 0, -1000);
   EXPECT_THAT(MakeVariants(hidden, {}).Why, HasSubstr("not unique, exactly"));
+  Truss unnamed = RoundTriangle();
+  unnamed.Labels[unnamed.Members[1].NameLabel1].Caption = UnnamedCaption;
+  EXPECT_THAT(MakeVariants(unnamed, {}).Why, HasSubstr("not every force has a name"));
+  unnamed.Labels[unnamed.Members[1].NameLabel1].Caption = "Ax";
+  EXPECT_THAT(MakeVariants(unnamed, {}).Why, HasSubstr("two forces are called"));
+  Truss tiny = RoundTriangle();
+  tiny.Forces[1].Fy = -1e-12F;
+  EXPECT_THAT(MakeVariants(tiny, {}).Why, HasSubstr("all forces of this truss are 0"));
 }
 
 // A bar between two loads that cancel each other; it carries nothing, and so do those of the variants.

@@ -17,6 +17,7 @@
 #include "explanation/byjoint/HandSolution.h"
 #include "explanation/byjoint/HandView.h"
 #include "platform/qt/AccessibleRole.h"
+#include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/ReadOnlyText.h"
 
@@ -41,6 +42,9 @@ void ByJointWindow::CreateControls() {
   picStep_->setObjectName(QStringLiteral("picStep"));
   SetAccessibleRole(*picStep_, QAccessible::Graphic);
   picStep_->setAccessibleName(QStringLiteral("Picture of the step"));
+  lblArrows_ = new QLabel(this);
+  lblArrows_->setObjectName(QStringLiteral("lblArrows"));
+  lblArrows_->setWordWrap(true);
   txtStep_ = MakeReadOnlyText(QStringLiteral("txtStep"), QStringLiteral("Equations of the step"), 10, this);
   txtStep_->setMinimumSize(160, 80);
   lblStep_ = new QLabel(this);
@@ -81,6 +85,7 @@ void ByJointWindow::LayOut() {
   buttons->addWidget(cmdCopy_);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(beside, 1);
+  layout->addWidget(lblArrows_);
   layout->addLayout(buttons);
 }
 
@@ -140,6 +145,8 @@ void ByJointWindow::ShowStep() {
   const auto index = static_cast<std::size_t>(std::max(0, row));
   const bool isStep = solved_ && row >= 0 && index < report_.Steps.size();
   picStep_->setVisible(isStep || !solved_);
+  lblArrows_->setText(isStep ? QString::fromStdString(NoteOfArrows(solved_->Solution.Steps[index]))
+                             : QString());
   picStep_->Show(isStep ? solved_ : nullptr, index);
   const QString description =
       isStep ? ShownText(DescribeHandStep(solved_->Graph, solved_->Solution, index, solved_->Format))
@@ -166,6 +173,7 @@ void ByJointWindow::ShowStep() {
   cmdBack_->setEnabled(mayGoBack);
   cmdNext_->setEnabled(mayGoOn);
   cmdCopy_->setEnabled(solved_ != nullptr);
+  KeepWholeHeight(*this);
   TellPlace();
 }
 
@@ -193,6 +201,12 @@ QWidget& ByJointWindow::FirstControl() { return *lstSteps_; }
 void ByJointWindow::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   if (!event->spontaneous()) TellPlace();
+}
+
+// In a narrow window the note takes more lines, and the window more height.
+void ByJointWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  KeepWholeHeight(*this);
 }
 
 void ByJointWindow::hideEvent(QHideEvent* event) {

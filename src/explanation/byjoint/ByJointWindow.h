@@ -36,6 +36,7 @@ class ByJointWindow final : public LearnWindow {
  protected:
   QWidget& FirstControl() override;
   void showEvent(QShowEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void hideEvent(QHideEvent* event) override;
 
  private:
@@ -49,6 +50,7 @@ class ByJointWindow final : public LearnWindow {
   HandReport report_;
   QListWidget* lstSteps_;
   HandView* picStep_;
+  QLabel* lblArrows_;
   QPlainTextEdit* txtStep_;
   QLabel* lblStep_;
   QPushButton* cmdBack_;

@@ -16,6 +16,7 @@ class Collector {
       : graph_(graph),
         format_(format),
         names_(graph, format),
+        asAssumed_(ShowsAssumedSenses(solution.Steps[index])),
         roles_(graph.NumUnknowns()),
         values_(graph.NumUnknowns()) {
     for (int k = 1; k <= graph.NumUnknowns(); ++k) roles_[k] = ForceRole::Open;
@@ -50,6 +51,11 @@ class Collector {
  private:
   std::string Number(double value) const { return FormatSigFigs(value, format_); }
 
+  std::string ValueText(const ForceOnPart& force) const {
+    if (force.Role == ForceRole::Open) return "?";
+    return Number(asAssumed_ ? force.Value : std::abs(force.Value));
+  }
+
   void AddMember(int k, int joint, int far) {
     const double dx = WrittenDifference(graph_.Joints[far].X, graph_.Joints[joint].X);
     const double dy = WrittenDifference(graph_.Joints[far].Y, graph_.Joints[joint].Y);
@@ -58,14 +64,13 @@ class Collector {
         .Unknown = k, .Joint = joint, .IsMember = true, .SideX = dx / length, .SideY = dy / length};
     force.Value = values_[k];
     force.Role = roles_[k];
-    const double sign = force.Value < 0 ? 1 : -1;
+    const double sign = force.Value < 0 && !asAssumed_ ? 1 : -1;
     force.X = sign * force.SideX;
     force.Y = sign * force.SideY;
     const std::string magnitude = Number(std::abs(force.Value));
-    force.Text = names_.Member(k) + ' ' +
-                 (force.Role == ForceRole::Open ? "?"
-                  : magnitude == "0"            ? magnitude
-                                                : magnitude + (force.Value < 0 ? " T" : " C"));
+    force.Text = names_.Member(k) + ' ' + ValueText(force);
+    if (force.Role != ForceRole::Open && !asAssumed_ && magnitude != "0")
+      force.Text += force.Value < 0 ? " T" : " C";
     forces_.push_back(std::move(force));
   }
 
@@ -74,9 +79,11 @@ class Collector {
     ForceOnPart force{.Unknown = k, .Joint = unknown.JointA};
     force.Value = values_[k];
     force.Role = roles_[k];
-    const double sign = (force.Value < 0 ? -1 : 1) * unknown.Sign;
-    (unknown.Along == Axis::X ? force.X : force.Y) = sign;
-    force.Text = names_.Force(k) + ' ' + (force.Role == ForceRole::Open ? "?" : Number(force.Value));
+    const bool isTurned = force.Value < 0 && !asAssumed_;
+    (unknown.Along == Axis::X ? force.X : force.Y) = (isTurned ? -1 : 1) * unknown.Sign;
+    force.Text = names_.Force(k) + ' ' + ValueText(force);
+    // The number of the solutions too, where the arrow is turned round.
+    if (isTurned) force.Text += " (" + Number(force.Value) + ')';
     forces_.push_back(std::move(force));
   }
 
@@ -95,6 +102,7 @@ class Collector {
   const TrussGraph& graph_;
   const ReportFormat& format_;
   DistinctNames names_;
+  bool asAssumed_;
   Table<ForceRole> roles_;
   Table<double> values_;
   std::vector<ForceOnPart> forces_;

@@ -8,10 +8,11 @@
 #include "explanation/byjoint/HandPicture.h"
 
 struct ForceOnPart {
-  int Unknown = 0;      ///< 0: a load
-  int Joint = 0;        ///< at which it acts
-  double X = 0, Y = 0;  ///< direction in which it acts on the joint, of length 1, y upward; of a force that
-                        ///< is 0 or open, the one assumed
+  int Unknown = 0;  ///< 0: a load
+  int Joint = 0;    ///< at which it acts
+  double X = 0,
+         Y = 0;  ///< direction of its arrow, of length 1, y upward: in which it acts on the joint, or is
+                 ///< assumed to (see ShowsAssumedSenses); of a force that is 0 or open, the one assumed
   bool IsMember = false;
   double SideX = 0, SideY = 0;  ///< of a member: from the joint along it
   double Value = 0;             ///< as in the solutions; of a load its magnitude

@@ -1,32 +1,40 @@
-// See the header.
+// What stands where in the picture of a step.
 #include "explanation/byjoint/HandPicture.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <optional>
+#include <map>
 
-#include "canvas/Arrow.h"
 #include "canvas/Paper.h"
-#include "document/Angles.h"
 #include "explanation/Directions.h"
 #include "explanation/DistinctNames.h"
-#include "explanation/TrussExtent.h"
+#include "explanation/byjoint/CutLine.h"
 #include "explanation/byjoint/ForcesOnPart.h"
-#include "platform/Palette.h"
+#include "explanation/byjoint/HandLabels.h"
 
 namespace {
 
-constexpr float GapAtJoint = 12;             // pixels, between a joint and the arrows at it
-constexpr float ArrowOnPart = 34;            // of a part of the truss, whose joints stand close to each other
-constexpr float BorderOfPart = 88;           // for the arrows and their texts
-constexpr std::size_t MostNamesByHand = 60;  // of joints; more would cover everything
-constexpr std::size_t MostTexts = 80;
-constexpr float TextGap = 4;
+constexpr float GapAtJoint = 12;       // pixels, between a joint and the arrows at it
+constexpr float GapAtCut = 3;          // and between the line of a cut and those that end there
+constexpr float ArrowOnPart = 34;      // of a part of the truss, whose joints stand close to each other
+constexpr float BorderOfPart = 66;     // for the arrows and their texts
+constexpr float LargestBorder = 0.3F;  // of a side of the room
+constexpr double FarthestPoint = 2;    // sizes of the part; a point of moments farther away is not drawn
 
-bool Meet(const PixelRect& a, const PixelRect& b) {
-  return a.Left < b.Right && b.Left < a.Right && a.Top < b.Bottom && b.Top < a.Bottom;
-}
+// A rectangle that grows around points, world coordinates.
+struct Bounds {
+  double Left = 0, Bottom = 0, Right = 0, Top = 0;
+  bool IsEmpty = true;
+
+  void Add(double x, double y) {
+    Left = IsEmpty ? x : std::min(Left, x);
+    Right = IsEmpty ? x : std::max(Right, x);
+    Bottom = IsEmpty ? y : std::min(Bottom, y);
+    Top = IsEmpty ? y : std::max(Top, y);
+    IsEmpty = false;
+  }
+  double Size() const { return std::max(Right - Left, Top - Bottom); }
+};
 
 class PartPainter {
  public:
@@ -35,38 +43,58 @@ class PartPainter {
       : graph_(graph),
         step_(solution.Steps[index]),
         room_(room),
-        measure_(measure),
+        format_(format),
         names_(graph, format),
         joints_(JointsOfStep(graph, step_)),
-        forces_(ForcesOnPart(graph, solution, index, format)) {}
+        forces_(ForcesOnPart(graph, solution, index, format)),
+        labels_(picture_, room, measure) {}
 
   HandPicture All() {
     if (step_.Joint != 0) {
-      scale_ = 0;
       arrow_ = std::min(LongestJointArrow, 0.3F * std::min(room_.Width(), room_.Height()));
     } else {
-      arrow_ = ArrowOnPart;
+      arrow_ = std::min(ArrowOnPart, 0.17F * std::min(room_.Width(), room_.Height()));
       MapPart();
       DrawMembers();
     }
     for (const int joint : joints_) picture_.Pins.push_back(At(joint));
     DrawPoints();
+    CutMembers();
     for (const ForceOnPart& force : forces_) DrawForce(force);
-    if (joints_.size() <= MostNamesByHand) {
-      for (const int joint : joints_) DrawName(joint);
-    }
+    PlaceTexts();
     return std::move(picture_);
   }
 
  private:
+  // Where a section is cut, only the part is drawn, with what is cut off as far as it goes.
+  bool IsCut() const { return step_.Kind == HandStepKind::Section && !step_.Cut.empty(); }
+
   void MapPart() {
-    const TrussExtent extent = ExtentOf(graph_);
-    const double width = std::max(1.0F, room_.Width() - 2 * BorderOfPart);
-    const double height = std::max(1.0F, room_.Height() - 2 * BorderOfPart);
-    const double unit = std::max(extent.Width() / width, extent.Height() / height);
+    Bounds bounds;
+    const auto add = [&](int joint) { bounds.Add(graph_.Joints[joint].X, graph_.Joints[joint].Y); };
+    if (IsCut()) {
+      for (const int joint : joints_) add(joint);
+      for (const int k : step_.Cut) {
+        add(graph_.Unknowns[k].JointA);
+        add(graph_.Unknowns[k].JointB);
+      }
+    } else {
+      for (int joint = 1; joint <= graph_.NumJoints(); ++joint) add(joint);
+    }
+    for (const BalanceEquation& equation : step_.Equations) {
+      Bounds wider = bounds;
+      wider.Add(equation.AtX, equation.AtY);
+      const bool isNear = wider.Size() <= FarthestPoint * bounds.Size();
+      if (equation.Kind == BalanceKind::Moment && isNear) bounds = wider;
+    }
+    const auto lengthIn = [](float side) {
+      return std::max(1.0F, side - 2 * std::min(BorderOfPart, LargestBorder * side));
+    };
+    const double unit = std::max((bounds.Right - bounds.Left) / lengthIn(room_.Width()),
+                                 (bounds.Top - bounds.Bottom) / lengthIn(room_.Height()));
     scale_ = unit > 0 ? 1 / unit : 0;
-    middleX_ = (extent.Left + extent.Right) / 2;
-    middleY_ = (extent.Bottom + extent.Top) / 2;
+    middleX_ = (bounds.Left + bounds.Right) / 2;
+    middleY_ = (bounds.Bottom + bounds.Top) / 2;
   }
 
   PixelPoint Place(double x, double y) const {
@@ -82,10 +110,15 @@ class PartPainter {
   void DrawMembers() {
     for (const PlacedUnknown& unknown : graph_.Unknowns.First(graph_.NumUnknowns())) {
       if (!unknown.IsMember()) continue;
+      const bool isInside = IsInside(unknown.JointA) && IsInside(unknown.JointB);
+      if (!isInside && IsCut()) continue;
       const PixelPoint a = At(unknown.JointA);
       const PixelPoint b = At(unknown.JointB);
-      const bool isInside = IsInside(unknown.JointA) && IsInside(unknown.JointB);
       (isInside ? picture_.Part : picture_.Others).push_back({a.X, a.Y, b.X, b.Y});
+      if (isInside) {
+        AddSide(unknown.JointA, a, b);
+        AddSide(unknown.JointB, b, a);
+      }
     }
   }
 
@@ -94,232 +127,143 @@ class PartPainter {
     for (const BalanceEquation& equation : step_.Equations) {
       if (equation.Kind != BalanceKind::Moment) continue;
       const PixelPoint point = Place(equation.AtX, equation.AtY);
-      if (std::ranges::count(picture_.Points, point) == 0) picture_.Points.push_back(point);
+      const bool isInRoom =
+          point.X >= room_.Left && point.X <= room_.Right && point.Y >= room_.Top && point.Y <= room_.Bottom;
+      if (isInRoom && std::ranges::count(picture_.Points, point) == 0) picture_.Points.push_back(point);
+    }
+  }
+
+  void CutMembers() {
+    if (!IsCut()) return;
+    std::vector<PixelLine> cut;
+    for (const int k : step_.Cut) {
+      const PlacedUnknown& member = graph_.Unknowns[k];
+      const bool atA = IsInside(member.JointA);
+      const PixelPoint inner = At(atA ? member.JointA : member.JointB);
+      const PixelPoint outer = At(atA ? member.JointB : member.JointA);
+      cut.push_back({inner.X, inner.Y, outer.X, outer.Y});
+    }
+    const CutLine line = DrawCut(picture_.Pins, cut);
+    picture_.Cut = line.Lines;
+    for (std::size_t i = 0; i < cut.size(); ++i) {
+      const PixelPoint at = line.Crossings[i];
+      picture_.Part.push_back({cut[i].X1, cut[i].Y1, at.X, at.Y});
+      picture_.Others.push_back({at.X, at.Y, cut[i].X2, cut[i].Y2});
+      cutAt_[step_.Cut[i]] = {at,
+                              std::hypot(double{cut[i].X2} - double{at.X}, double{cut[i].Y2} - double{at.Y})};
     }
   }
 
   // A member's arrow stands on its side of the joint. A load begins at its joint and a reaction ends there,
-  // unless a force stands there already and the other side is free.
-  std::pair<double, double> SideOf(const ForceOnPart& force) const {
+  // unless a force or a member stands there already and the other side is free.
+  PixelVector SideOf(const ForceOnPart& force) const {
     if (force.IsMember) return {force.SideX, force.SideY};
     const double usual = force.Role == ForceRole::Load ? 1 : -1;
-    const double x = usual * force.X;
-    const double y = usual * force.Y;
-    return Crowding(force, x, y) > Crowding(force, -x, -y) ? std::pair(-x, -y) : std::pair(x, y);
+    const PixelVector side{usual * force.X, usual * force.Y};
+    const PixelVector other{-side.X, -side.Y};
+    return Crowding(force.Joint, side) > Crowding(force.Joint, other) ? other : side;
   }
 
-  // The cosine of the angle to the nearest member; 0.9 and less is free.
-  double Crowding(const ForceOnPart& force, double x, double y) const {
+  // The cosine of the angle to what is nearest at the joint; 0.9 and less is free.
+  double Crowding(int joint, const PixelVector& side) const {
     double nearest = 0.9;
-    for (const ForceOnPart& other : forces_) {
-      if (other.Joint == force.Joint && other.IsMember)
-        nearest = std::max(nearest, x * other.SideX + y * other.SideY);
-    }
-    for (const auto& [joint, side] : sides_) {
-      if (joint == force.Joint) nearest = std::max(nearest, x * side.X + y * side.Y);
-    }
+    const auto there = sides_.find(joint);
+    if (there == sides_.end()) return nearest;
+    for (const PixelVector& taken : there->second)
+      nearest = std::max(nearest, side.X * taken.X + side.Y * taken.Y);
     return nearest;
   }
 
+  void AddSide(int joint, PixelPoint from, PixelPoint to) {
+    const double dx = double{to.X} - double{from.X};
+    const double dy = double{from.Y} - double{to.Y};
+    const double length = std::hypot(dx, dy);
+    if (length > 0) sides_[joint].push_back({dx / length, dy / length});
+  }
+
+  // Members come before loads and reactions, which keep clear of them.
   void DrawForce(const ForceOnPart& force) {
-    const std::pair<double, double> side = SideOf(force);
-    const double x = side.first;
-    const double y = side.second;
-    sides_.push_back({force.Joint, {static_cast<float>(x), static_cast<float>(y)}});
-    const PixelPoint joint = At(force.Joint);
-    const auto along = [&](double distance) {
-      return PixelPoint{FiniteSingle(joint.X + distance * x), FiniteSingle(joint.Y - distance * y)};
-    };
-    const PixelPoint inner = along(GapAtJoint);
-    const PixelPoint outer = along(GapAtJoint + arrow_);
-    const bool away = x * force.X + y * force.Y > 0;
-    const PixelPoint from = away ? inner : outer;
-    const PixelPoint to = away ? outer : inner;
-    HandArrow arrow{.Unknown = force.Unknown, .Line = {from.X, from.Y, to.X, to.Y}};
-    arrow.Role = force.Role == ForceRole::Found && force.Value == 0 ? ForceRole::Zero : force.Role;
-    if (forces_.size() <= MostTexts) {
-      arrow.Text = force.Text;
-      arrow.TextBox =
-          FreePlace(joint, x, -y, GapAtJoint + arrow_ + TextGap, measure_(TextFont{}, force.Text));
+    const PixelVector side = SideOf(force);
+    sides_[force.Joint].push_back(side);
+    PixelPoint from = At(force.Joint);
+    double gap = GapAtJoint;
+    double length = arrow_;
+    if (const auto cut = cutAt_.find(force.Unknown); cut != cutAt_.end()) {
+      from = cut->second.At;
+      gap = GapAtCut;
+      length = std::min(length, std::max(10.0, 0.8 * cut->second.Left));
     }
+    const auto along = [&](double distance) {
+      return PixelPoint{FiniteSingle(from.X + distance * side.X), FiniteSingle(from.Y - distance * side.Y)};
+    };
+    const bool away = side.X * force.X + side.Y * force.Y > 0;
+    const PixelPoint tail = along(away ? gap : gap + length);
+    const PixelPoint head = along(away ? gap + length : gap);
+    HandArrow arrow{.Unknown = force.Unknown, .Line = {tail.X, tail.Y, head.X, head.Y}};
+    arrow.Role = force.Role == ForceRole::Found && force.Value == 0 ? ForceRole::Zero : force.Role;
+    arrow.HasHead =
+        arrow.Role != ForceRole::Zero && (arrow.Role != ForceRole::Open || ShowsAssumedSenses(step_));
     picture_.Arrows.push_back(std::move(arrow));
   }
 
-  // Beyond the arrow, and as much farther out as it takes to stand clear of other texts.
-  PixelRect FreePlace(PixelPoint joint, double x, double y, float distance, const TextExtent& extent) {
-    PixelRect box;
-    for (int attempt = 0; attempt < 12; ++attempt) {
-      const double reach = distance + std::abs(x) * extent.Width / 2 + std::abs(y) * extent.Height / 2 +
-                           static_cast<float>(attempt) * extent.Height / 2;
-      box.Left = FiniteSingle(joint.X + reach * x - extent.Width / 2);
-      box.Top = FiniteSingle(joint.Y + reach * y - extent.Height / 2);
-      box.Right = box.Left + extent.Width;
-      box.Bottom = box.Top + extent.Height;
-      if (std::ranges::none_of(taken_, [&](const PixelRect& other) { return Meet(box, other); })) break;
+  void PlaceTexts() {
+    labels_.KeepClear();
+    if (forces_.size() <= MostHandTexts) {
+      for (std::size_t i = 0; i < forces_.size(); ++i) {
+        if (cutAt_.contains(forces_[i].Unknown)) {
+          labels_.CutArrow(picture_.Arrows[i], forces_[i].Text);
+        } else {
+          labels_.Arrow(picture_.Arrows[i], forces_[i].Text, At(forces_[i].Joint));
+        }
+      }
     }
-    taken_.push_back(box);
-    return box;
+    if (joints_.size() <= MostHandNames) {
+      for (const int joint : joints_) labels_.Name(names_.Joint(joint), At(joint), SidesAt(joint));
+    }
+    for (const BalanceEquation& equation : step_.Equations) {
+      if (equation.Kind == BalanceKind::Moment) NamePoint(equation);
+    }
   }
 
-  // In the widest gap between the forces and members at the joint.
-  void DrawName(int joint) {
-    std::vector<double> angles;
-    for (const auto& [at, side] : sides_) {
-      if (at == joint) angles.push_back(std::atan2(double{side.Y}, double{side.X}));
+  // A joint of the part has its name already.
+  void NamePoint(const BalanceEquation& equation) {
+    const PixelPoint point = Place(equation.AtX, equation.AtY);
+    if (std::ranges::count(picture_.Points, point) == 0 || std::ranges::count(picture_.Pins, point) != 0)
+      return;
+    for (int joint = 1; joint <= graph_.NumJoints(); ++joint) {
+      if (At(joint) == point) return labels_.Name(names_.Joint(joint), point, SidesAt(joint));
     }
-    for (const PlacedUnknown& unknown : graph_.Unknowns.First(graph_.NumUnknowns())) {
-      if (!unknown.IsMember() || unknown.JointA == unknown.JointB) continue;
-      if (unknown.JointA != joint && unknown.JointB != joint) continue;
-      const PlacedJoint& here = graph_.Joints[joint];
-      const PlacedJoint& far = graph_.Joints[unknown.JointA == joint ? unknown.JointB : unknown.JointA];
-      angles.push_back(std::atan2(double{far.Y} - double{here.Y}, double{far.X} - double{here.X}));
-    }
-    std::ranges::sort(angles);
-    double best = -HalfTurn / 4;
-    double widest = 0;
-    for (std::size_t i = 0; i < angles.size(); ++i) {
-      const double next = i + 1 < angles.size() ? angles[i + 1] : angles.front() + 2 * HalfTurn;
-      if (next - angles[i] <= widest) continue;
-      widest = next - angles[i];
-      best = (angles[i] + next) / 2;
-    }
-    const TextExtent extent = measure_(NameFont, names_.Joint(joint));
-    const PixelRect box = FreePlace(At(joint), std::cos(best), -std::sin(best), 6, extent);
-    picture_.Names.push_back({names_.Joint(joint), box});
+    labels_.Name(PairText(equation.AtX, equation.AtY, format_), point, {});
   }
 
-  static constexpr TextFont NameFont{.Points = 10, .Bold = true};
+  std::vector<PixelVector> SidesAt(int joint) const {
+    const auto there = sides_.find(joint);
+    return there == sides_.end() ? std::vector<PixelVector>{} : there->second;
+  }
 
-  struct Side {
-    int Joint;
-    PixelPoint Along;  // of length 1, y upward
+  struct CutPlace {
+    PixelPoint At;
+    double Left = 0;  // of the member, beyond the cut
   };
 
   const TrussGraph& graph_;
   const HandStep& step_;
   PixelRect room_;
-  const TextMeasure& measure_;
+  const ReportFormat& format_;
   DistinctNames names_;
   std::vector<int> joints_;
   std::vector<ForceOnPart> forces_;
   double scale_ = 0, middleX_ = 0, middleY_ = 0;
   float arrow_ = 0;
-  std::vector<Side> sides_;
-  std::vector<PixelRect> taken_;
+  std::map<int, std::vector<PixelVector>> sides_;  // taken, by joints; y upward
+  std::map<int, CutPlace> cutAt_;                  // by members
   HandPicture picture_;
+  HandLabels labels_;
 };
-
-// Found forces are blue and strong, loads red; what is 0 or open is grey and broken.
-struct Look {
-  std::int16_t Width;
-  std::int16_t Colour;
-};
-
-Look LookOf(ForceRole role) {
-  switch (role) {
-    case ForceRole::Found:
-      return {3, LightBlue};
-    case ForceRole::Load:
-      return {2, LightRed};
-    case ForceRole::Zero:
-    case ForceRole::Open:
-      return {1, DarkGrey};
-    case ForceRole::Known:
-      break;
-  }
-  return {2, Black};
-}
-
-void DrawPartLines(Surface& surface, const std::vector<PixelLine>& lines, int width, int colour) {
-  surface.SetLineWidth(width);
-  surface.SetForeground(colour);
-  for (const PixelLine& line : lines) DrawLine(surface, line);
-}
-
-void DrawBroken(Surface& surface, const PixelLine& line, double dash, double gap) {
-  const double dx = double{line.X2} - double{line.X1};
-  const double dy = double{line.Y2} - double{line.Y1};
-  const double length = std::hypot(dx, dy);
-  const int numDashes = length > 0 ? static_cast<int>(length / (dash + gap)) + 1 : 0;
-  for (int i = 0; i < numDashes; ++i) {
-    const double from = i * (dash + gap);
-    const double to = std::min(length, from + dash);
-    surface.Line(FiniteSingle(line.X1 + from / length * dx), FiniteSingle(line.Y1 + from / length * dy),
-                 FiniteSingle(line.X1 + to / length * dx), FiniteSingle(line.Y1 + to / length * dy));
-  }
-}
-
-void FillCircle(Surface& surface, PixelPoint centre, double radius, int colour) {
-  std::array<PixelPoint, 16> corners;
-  for (std::size_t i = 0; i < corners.size(); ++i) {
-    const double angle = 2 * HalfTurn * static_cast<double>(i) / static_cast<double>(corners.size());
-    corners[i] = {FiniteSingle(centre.X + radius * std::cos(angle)),
-                  FiniteSingle(centre.Y + radius * std::sin(angle))};
-  }
-  surface.FillPolygon(corners, colour);
-}
 
 }  // namespace
 
 HandPicture DrawHandStep(const TrussGraph& graph, const HandSolution& solution, std::size_t index,
                          const PixelRect& room, const ReportFormat& format, const TextMeasure& measure) {
   return PartPainter(graph, solution, index, room, format, measure).All();
-}
-
-void PaintHandPicture(Surface& surface, const HandPicture& picture) {
-  DrawPartLines(surface, picture.Others, 1, LightGrey);
-  DrawPartLines(surface, picture.Part, 2, Black);
-  for (const PixelPoint& pin : picture.Pins) {
-    FillCircle(surface, pin, 5, Black);
-    FillCircle(surface, pin, 3, White);
-  }
-  for (const PixelPoint& point : picture.Points) FillCircle(surface, point, 5, LightBlue);
-  for (const HandArrow& arrow : picture.Arrows) {
-    const Look look = LookOf(arrow.Role);
-    const bool isBroken = arrow.Role == ForceRole::Zero || arrow.Role == ForceRole::Open;
-    if (isBroken) {
-      surface.SetLineWidth(look.Width);
-      surface.SetForeground(look.Colour);
-      DrawBroken(surface, arrow.Line, arrow.Role == ForceRole::Zero ? 6 : 2, 4);
-    } else {
-      DrawArrow(surface, arrow.Line.X1, arrow.Line.Y1, arrow.Line.X2, arrow.Line.Y2, look.Width,
-                LabelArrowSize + 2, look.Colour);
-    }
-  }
-  surface.SetLineWidth(1);
-  surface.SetFont(TextFont{});
-  for (const HandArrow& arrow : picture.Arrows) {
-    if (!arrow.Text.empty())
-      surface.PrintTextWithRim(OntoPaper(arrow.TextBox.Left), OntoPaper(arrow.TextBox.Top), arrow.Text,
-                               Black);
-  }
-  surface.SetFont({.Points = 10, .Bold = true});
-  for (const HandPicture::Name& name : picture.Names)
-    surface.PrintTextWithRim(OntoPaper(name.Box.Left), OntoPaper(name.Box.Top), name.Text, Black);
-  surface.SetFont(TextFont{});
-  surface.SetForeground(Black);
-}
-
-Picture PictureOfHandStep(const TrussGraph& graph, const HandSolution& solution, std::size_t index,
-                          const ReportFormat& format, const TextMeasure& measure) {
-  Picture picture(measure);
-  const bool isJoint = solution.Steps[index].Joint != 0;
-  const PixelRect room{0, 0, isJoint ? 300.0F : 560.0F, isJoint ? 240.0F : 320.0F};
-  PaintHandPicture(picture, DrawHandStep(graph, solution, index, room, format, measure));
-  picture.Crop(6);
-  return picture;
-}
-
-std::string DescribeHandStep(const TrussGraph& graph, const HandSolution& solution, std::size_t index,
-                             const ReportFormat& format) {
-  const HandStep& step = solution.Steps[index];
-  const DistinctNames names(graph, format);
-  std::string text = step.Joint != 0 ? Capital(names.JointInWords(step.Joint)) + " alone"
-                                     : "The part with " + names.Joints(JointsOfStep(graph, step));
-  std::string separator = ", and what acts on it: ";
-  for (const ForceOnPart& force : ForcesOnPart(graph, solution, index, format)) {
-    text += separator + (force.Role == ForceRole::Load ? "a load of " : "") + force.Text;
-    separator = ", ";
-  }
-  return text + '.';
 }

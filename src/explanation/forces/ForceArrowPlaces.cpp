@@ -11,6 +11,8 @@ constexpr double CosineOfOneDirection = 0.966;
 // From a joint to the near end of an arrow: clear of a support's picture, or of the pin.
 constexpr double ClearOfSupport = 20, ClearOfPin = 6;
 
+constexpr double LeastScale = 0.25;
+
 struct Direction {
   double X = 0, Y = 0;
 
@@ -21,8 +23,11 @@ double Dot(const Direction& a, const Direction& b) { return a.X * b.X + a.Y * b.
 
 class ArrowPlacer {
  public:
-  ArrowPlacer(const TrussForces& forces, const Table<PixelPoint>& joints, const Table<PixelPoint>& grounds)
-      : forces_(forces), joints_(joints) {
+  ArrowPlacer(const TrussForces& forces, const Table<PixelPoint>& joints, const Table<PixelPoint>& grounds,
+              double margin)
+      : forces_(forces),
+        joints_(joints),
+        scale_(std::clamp((margin - ClearOfSupport) / LongestForceArrow, LeastScale, 1.0)) {
     taken_.Resize(joints.Size());
     for (const PlacedUnknown& unknown : forces.Graph.Unknowns.First(forces.Graph.NumUnknowns())) {
       if (unknown.IsMember()) TakeMember(unknown.JointA, unknown.JointB);
@@ -60,7 +65,7 @@ class ArrowPlacer {
 
   double LengthOf(double magnitude) const {
     const double share = largest_ > 0 && std::isfinite(magnitude) ? magnitude / largest_ : 0;
-    return ShortestForceArrow + share * (double{LongestForceArrow} - double{ShortestForceArrow});
+    return scale_ * (ShortestForceArrow + share * (double{LongestForceArrow} - double{ShortestForceArrow}));
   }
 
   PixelPoint Beside(int joint, const Direction& side, double distance) const {
@@ -115,12 +120,13 @@ class ArrowPlacer {
   const TrussForces& forces_;
   const Table<PixelPoint>& joints_;
   Table<std::vector<Direction>> taken_;  // by joint, pixels
+  double scale_;
   double largest_ = 0;
 };
 
 }  // namespace
 
 std::vector<DrawnForce> PlaceArrows(const TrussForces& forces, const Table<PixelPoint>& joints,
-                                    const Table<PixelPoint>& grounds) {
-  return ArrowPlacer(forces, joints, grounds).Arrows;
+                                    const Table<PixelPoint>& grounds, double margin) {
+  return ArrowPlacer(forces, joints, grounds, margin).Arrows;
 }

@@ -122,6 +122,15 @@ PixelRect ScaledRoom(const PixelRect& room, double zoom) {
           FiniteSingle(x + zoom * (room.Right - x)), FiniteSingle(y + zoom * (room.Bottom - y))};
 }
 
+// How far the joints stay away from the edges of the area.
+double MarginAround(const Table<PixelPoint>& joints, const PixelRect& area) {
+  double margin = std::max(area.Width(), area.Height());
+  for (const PixelPoint& at : joints.First(joints.Size()))
+    margin = std::min({margin, double{at.X} - double{area.Left}, double{area.Right} - double{at.X},
+                       double{at.Y} - double{area.Top}, double{area.Bottom} - double{at.Y}});
+  return margin;
+}
+
 double DistanceTo(const PixelLine& line, PixelPoint point) {
   const double dx = double{line.X2} - double{line.X1};
   const double dy = double{line.Y2} - double{line.Y1};
@@ -151,7 +160,7 @@ ForcesDrawing DrawForces(const ForcesScene& scene, const PixelRect& room, double
     drawing.Pins.assign(all.begin(), all.end());
   }
   const Table<PixelPoint> grounds = PlaceSupports(drawing, scene, mapping);
-  drawing.Arrows = PlaceArrows(forces, joints, grounds);
+  drawing.Arrows = PlaceArrows(forces, joints, grounds, MarginAround(joints, drawing.Area));
   PlaceForceLabels(drawing, scene, joints, measure);
   return drawing;
 }

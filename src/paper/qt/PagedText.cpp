@@ -60,7 +60,7 @@ class PagedText::Pages {
   void PlaceParagraph();
   void Add(Held next);
   double HeldHeight() const;
-  void BeginPage();
+  void BeginPage(const QString& title);
   void KeepHeldTogether();
   void PlaceHeld();
   void Place(Held next);
@@ -114,6 +114,7 @@ void PagedText::Pages::EndParagraph(const CharacterFormat& format) {
 
 void PagedText::Pages::PlaceParagraph() {
   const TextParagraph paragraph = std::exchange(paragraph_, {});
+  if (paragraph.Role == LineRole::PageTitle) BeginPage(paragraph.Text);
   Add({TextBlock(paragraph, fonts_, paper_), paragraph.Role, IsBlank(paragraph.Text)});
 }
 
@@ -131,7 +132,6 @@ bool PagedText::Pages::Paste() {
 
 // Held lines are placed with the first line that does not stay with the next, once there are enough of them.
 void PagedText::Pages::Add(Held next) {
-  if (next.Role == LineRole::PageTitle) BeginPage();
   if (IsHeading(next.Role) && linesHeld_ > 0) {
     KeepHeldTogether();
     PlaceHeld();
@@ -150,10 +150,11 @@ void PagedText::Pages::Add(Held next) {
   }
 }
 
-void PagedText::Pages::BeginPage() {
+void PagedText::Pages::BeginPage(const QString& title) {
   KeepHeldTogether();
   PlaceHeld();
   if (!paper_.AtTop()) paper_.Break();
+  paper_.SetPart(title);
 }
 
 double PagedText::Pages::HeldHeight() const {
@@ -215,6 +216,7 @@ int PagedText::Pages::Finish() {
   if (!paragraph_.Text.isEmpty()) PlaceParagraph();
   KeepHeldTogether();
   PlaceHeld();
+  paper_.Finish();
   return paper_.Number();
 }
 

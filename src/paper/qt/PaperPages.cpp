@@ -37,9 +37,7 @@ PaperPages::PaperPages(QPagedPaintDevice& device, QPainter& painter, QString foo
       textWidth_(device.width()),
       textHeight_(std::max(0.0, device.height() - FromPointsDown(FooterHeight))),
       paperWidth_(FromPointsAcross(device.pageLayout().fullRect(QPageLayout::Point).width() -
-                                   device.pageLayout().paintRect(QPageLayout::Point).left())) {
-  PaintFooter();
-}
+                                   device.pageLayout().paintRect(QPageLayout::Point).left())) {}
 
 bool PaperPages::Fits(double height) const {
   constexpr double halfADot = 0.5;
@@ -58,10 +56,15 @@ void PaperPages::Skip(double height) { used_ = std::min(used_ + height, textHeig
 void PaperPages::Break() {
   used_ = 0;
   if (refused_) return;
-  refused_ = !device_.newPage();
-  if (refused_) return;
-  ++number_;
   PaintFooter();
+  refused_ = !device_.newPage();
+  if (!refused_) ++number_;
+}
+
+void PaperPages::SetPart(const QString& part) { part_ = part; }
+
+void PaperPages::Finish() {
+  if (!refused_) PaintFooter();
 }
 
 void PaperPages::PaintFooter() {
@@ -73,10 +76,11 @@ void PaperPages::PaintFooter() {
   painter_.fillRect(QRectF(0, rule, textWidth_, FromPointsDown(RuleThickness)), FooterGrey);
 
   const double baseline = textHeight_ + FromPointsDown(FooterHeight) - metrics.descent();
+  const QString title = part_.isEmpty() ? footer_ : footer_ + QStringLiteral(": ") + part_;
   const QString page = QStringLiteral("Page %1").arg(number_);
   const double pageLeft = textWidth_ - metrics.horizontalAdvance(page);
   const double titleRoom = std::max(0.0, pageLeft - FromPointsAcross(FooterLetters * 2));
-  painter_.drawText(QPointF(0, baseline), metrics.elidedText(footer_, Qt::ElideMiddle, titleRoom));
+  painter_.drawText(QPointF(0, baseline), metrics.elidedText(title, Qt::ElideMiddle, titleRoom));
   painter_.drawText(QPointF(pageLeft, baseline), page);
   painter_.restore();
 }

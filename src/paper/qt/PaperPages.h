@@ -12,7 +12,7 @@ void SetPageMargins(QPagedPaintDevice& device);
 /// All lengths are dots of the device; (0, 0) is the top left corner of the text, x to the right, y downward.
 class PaperPages {
  public:
-  /// Begins the first page. `painter` is active on `device`.
+  /// Begins the first page. `painter` is active on `device`. Footers are painted when their pages end.
   PaperPages(QPagedPaintDevice& device, QPainter& painter, QString footer);
 
   QPainter& Painter() { return painter_; }
@@ -39,6 +39,12 @@ class PaperPages {
   /// Begins the next page.
   void Break();
 
+  /// What the footer of the present page and of those after it says behind the title; empty: nothing.
+  void SetPart(const QString& part);
+
+  /// Ends the last page.
+  void Finish();
+
   /// Whether the device refused a page; nothing ought to be painted then.
   bool Refused() const { return refused_; }
 
@@ -47,7 +53,7 @@ class PaperPages {
 
   QPagedPaintDevice& device_;
   QPainter& painter_;
-  QString footer_;
+  QString footer_, part_;
   double dpiX_, dpiY_;
   double textWidth_, textHeight_, paperWidth_;
   double used_ = 0;

@@ -2,6 +2,7 @@
 #include "explanation/byjoint/HandPicture.h"
 
 #include "HandSolutionFixture.h"
+#include "canvas/PixelBoxes.h"
 #include "support/RecordingSurface.h"
 
 namespace {
@@ -85,29 +86,170 @@ TEST(HandPicture, DoesNotKnowWhatLaterStepsFind) {
   for (const HandArrow& arrow : reactions.Arrows) EXPECT_EQ(arrow.Text.find(" T"), std::string::npos);
 }
 
-TEST(HandPicture, TextsStandClearOfEachOther) {
-  std::mt19937 random(8);
-  int numPairs = 0;
-  int numMeeting = 0;
-  for (int i = 0; i < 60; ++i) {
-    const PicturedTruss truss(RandomSimpleTrussOn(random, 5 + i % 6));
-    for (std::size_t step = 0; step < truss.Solution.Steps.size(); ++step) {
-      if (truss.Solution.Steps[step].Joint == 0) continue;
-      const HandPicture picture = truss.Of(step);
-      for (std::size_t a = 0; a < picture.Arrows.size(); ++a) {
-        for (std::size_t b = 0; b < a; ++b) {
-          const PixelRect& one = picture.Arrows[a].TextBox;
-          const PixelRect& other = picture.Arrows[b].TextBox;
-          ++numPairs;
-          if (one.Left < other.Right && other.Left < one.Right && one.Top < other.Bottom &&
-              other.Top < one.Bottom)
-            ++numMeeting;
-        }
-      }
+// How often a text covers another one, a line, a joint, a point of moments, an arrow or a leader.
+int NumCovered(const HandPicture& picture) {
+  std::vector<PixelRect> boxes;
+  std::vector<PixelLine> lines = picture.Part;
+  for (const HandArrow& arrow : picture.Arrows) {
+    lines.push_back(arrow.Line);
+    if (!arrow.Text.empty()) boxes.push_back(arrow.TextBox);
+    if (arrow.Leader) lines.push_back(*arrow.Leader);
+  }
+  for (const HandPicture::Name& name : picture.Names) boxes.push_back(name.Box);
+  for (const std::vector<PixelLine>* more : {&picture.Others, &picture.Cut})
+    lines.insert(lines.end(), more->begin(), more->end());
+  int numCovered = 0;
+  for (std::size_t i = 0; i < boxes.size(); ++i) {
+    for (std::size_t j = 0; j < i; ++j) numCovered += Overlap(boxes[i], boxes[j]) ? 1 : 0;
+    const PixelRect inner = Widened(boxes[i], -0.01F);  // a leader ends at its edge
+    for (const PixelLine& line : lines) numCovered += Crosses(line, inner) ? 1 : 0;
+    for (const std::vector<PixelPoint>* points : {&picture.Pins, &picture.Points}) {
+      for (const PixelPoint& at : *points)
+        numCovered += Overlap(boxes[i], Widened({at.X, at.Y, at.X, at.Y}, 4)) ? 1 : 0;
     }
   }
-  EXPECT_GT(numPairs, 1000);
-  EXPECT_LE(numMeeting, numPairs / 100);
+  return numCovered;
+}
+
+int NumTexts(const HandPicture& picture) {
+  return static_cast<int>(
+      std::ranges::count_if(picture.Arrows, [](const HandArrow& arrow) { return !arrow.Text.empty(); }));
+}
+
+TEST(HandPicture, NoTextCoversAnything) {
+  std::mt19937 random(8);
+  int numTexts = 0;
+  const auto look = [&numTexts](const PicturedTruss& truss) {
+    for (std::size_t step = 0; step < truss.Solution.Steps.size(); ++step) {
+      for (const PixelRect& room : {PixelRect{0, 0, 420, 300}, PixelRect{0, 0, 240, 170}}) {
+        const HandPicture picture = truss.Of(step, room);
+        EXPECT_EQ(NumCovered(picture), 0) << "step " << step + 1;
+        numTexts += NumTexts(picture);
+      }
+    }
+  };
+  WithEachExample([&](const Truss& truss) { look(PicturedTruss(truss)); });
+  for (int i = 0; i < 60; ++i) {
+    SCOPED_TRACE(i);
+    look(PicturedTruss(RandomSimpleTrussOn(random, 5 + i % 6)));
+  }
+  EXPECT_GT(numTexts, 5000);
+}
+
+TEST(HandPicture, EveryForceHasItsTextWhereThereIsRoom) {
+  int numForces = 0;
+  int numWithout = 0;
+  WithEachExample([&](const Truss& truss) {
+    const PicturedTruss pictured(truss);
+    for (std::size_t step = 0; step < pictured.Solution.Steps.size(); ++step) {
+      const HandPicture picture = pictured.Of(step);
+      numForces += static_cast<int>(picture.Arrows.size());
+      numWithout += static_cast<int>(picture.Arrows.size()) - NumTexts(picture);
+      EXPECT_FALSE(picture.Names.empty()) << "step " << step + 1;
+    }
+  });
+  EXPECT_GT(numForces, 500);
+  EXPECT_LE(numWithout, numForces / 200);
+}
+
+// Two triangles that lean against each other at C; only a section opens it.
+TrussBuilder ThreeHingedArch() {
+  return TrussBuilder()
+      .Member(0, 0, 2, 4, "AD")
+      .Member(0, 0, 4, 3, "AE")
+      .Member(2, 4, 4, 3, "DE")
+      .Member(2, 4, 6, 6, "CD")
+      .Member(4, 3, 6, 6, "CE")
+      .Member(12, 0, 10, 4, "BF")
+      .Member(12, 0, 8, 3, "BG")
+      .Member(10, 4, 8, 3, "FG")
+      .Member(10, 4, 6, 6, "CF")
+      .Member(8, 3, 6, 6, "CG")
+      .Clamp(0, 0, "Ax", "Ay")
+      .Clamp(12, 0, "Bx", "By")
+      .Joint(0, 0, "A")
+      .Joint(12, 0, "B")
+      .Joint(6, 6, "C")
+      .Force(2, 4, 9, -30);
+}
+
+std::size_t FirstSection(const PicturedTruss& truss) {
+  const auto found = std::ranges::find(truss.Solution.Steps, HandStepKind::Section, &HandStep::Kind);
+  EXPECT_NE(found, truss.Solution.Steps.end());
+  return static_cast<std::size_t>(found - truss.Solution.Steps.begin());
+}
+
+const HandArrow& NamedArrow(const PicturedTruss& truss, const HandPicture& picture, const std::string& name) {
+  const auto found = std::ranges::find_if(picture.Arrows, [&](const HandArrow& arrow) {
+    return arrow.Unknown != 0 && truss.Graph.Unknowns[arrow.Unknown].Name == name;
+  });
+  EXPECT_NE(found, picture.Arrows.end()) << name;
+  return *found;
+}
+
+TEST(HandPicture, ASectionShowsThePartThatIsKeptAndItsCut) {
+  const PicturedTruss truss(ThreeHingedArch());
+  const std::size_t index = FirstSection(truss);
+  const HandStep& step = truss.Solution.Steps[index];
+  const HandPicture picture = truss.Of(index);
+  ASSERT_EQ(step.Cut.size(), 2U);
+  EXPECT_EQ(picture.Pins.size(), 3U);
+  EXPECT_EQ(picture.Part.size(), 5U) << "three members, and two up to the cut";
+  EXPECT_EQ(picture.Others.size(), 2U) << "what is cut off of them";
+  ASSERT_EQ(picture.Cut.size(), 1U) << "a straight line";
+  ASSERT_EQ(picture.Points.size(), 1U) << "the crown, about which the moments are taken";
+  EXPECT_THAT(picture.Names, testing::Contains(testing::Field(&HandPicture::Name::Text, "C")));
+  // Each cut member ends on the line.
+  for (std::size_t i = 3; i < 5; ++i) {
+    const PixelPoint end = picture.Part[i].End2();
+    EXPECT_TRUE(Crosses(picture.Cut.front(), Widened({end.X, end.Y, end.X, end.Y}, 0.5F)));
+  }
+}
+
+TEST(HandPicture, ASectionShowsTheSensesAssumedAndSignedNumbers) {
+  const PicturedTruss truss(ThreeHingedArch());
+  const std::size_t index = FirstSection(truss);
+  const HandPicture picture = truss.Of(index);
+  for (const char* name : {"CD", "CE"}) {
+    const HandArrow& arrow = NamedArrow(truss, picture, name);
+    EXPECT_TRUE(arrow.HasHead);
+    EXPECT_EQ(arrow.Text, std::string(name) + " ?");
+    // It pushes: from the crown towards the part.
+    EXPECT_LT(HeadsAway(arrow, picture.Pins.front()), 0);
+  }
+  const HandArrow& found = NamedArrow(truss, picture, "Ax");
+  EXPECT_EQ(found.Role, ForceRole::Found);
+  EXPECT_GT(found.Line.X2, found.Line.X1) << "along its arrow, to the right";
+  EXPECT_THAT(DescribeHandStep(truss.Graph, truss.Solution, index, {}),
+              HasSubstr("The picture's arrows show the senses assumed"));
+}
+
+TEST(HandPicture, TheNumberOfASectionIsNegativeWhereItsArrowIsWrong) {
+  // The load pulls upwards: everything turns round, but not the arrows of the section.
+  const PicturedTruss truss(ThreeHingedArch().Force(6, 6, 0, 100));
+  const std::size_t index = FirstSection(truss);
+  const HandPicture picture = truss.Of(index);
+  const HandArrow& found = NamedArrow(truss, picture, "Ax");
+  EXPECT_GT(found.Line.X2, found.Line.X1);
+  EXPECT_THAT(found.Text, HasSubstr("Ax -"));
+  // In the pictures that show the senses found the arrow is turned round, with the number in brackets.
+  const HandPicture joint = truss.Of(truss.StepAt("A"));
+  const HandArrow& turned = NamedArrow(truss, joint, "Ax");
+  EXPECT_LT(turned.Line.X2, turned.Line.X1);
+  const double value = *truss.Solution.Values[turned.Unknown];
+  EXPECT_EQ(turned.Text, "Ax " + FormatSigFigs(-value, {}) + " (" + FormatSigFigs(value, {}) + ')');
+}
+
+TEST(HandPicture, SaysWhetherItsArrowsShowTheSensesFoundOrAssumed) {
+  for (const HandStepKind kind : {HandStepKind::Reactions, HandStepKind::ZeroForce, HandStepKind::Joint,
+                                  HandStepKind::Section, HandStepKind::Together}) {
+    const HandStep step{.Kind = kind,
+                        .Joint = kind == HandStepKind::Joint || kind == HandStepKind::ZeroForce ? 1 : 0};
+    EXPECT_EQ(ShowsAssumedSenses(step), kind == HandStepKind::Section);
+    EXPECT_THAT(NoteOfArrows(step),
+                testing::StartsWith(ShowsAssumedSenses(step) ? "The picture's arrows show the senses assumed"
+                                                             : "The picture's arrows show the senses found"));
+  }
 }
 
 TEST(HandPicture, PaintsLettersForEveryForce) {
@@ -116,7 +258,10 @@ TEST(HandPicture, PaintsLettersForEveryForce) {
   RecordingSurface surface;
   PaintHandPicture(surface, truss.Of(step));
   const std::string told = DescribeHandStep(truss.Graph, truss.Solution, step, {});
-  EXPECT_EQ(told, "Joint B alone, and what acts on it: B 500, AB 500 T, BC 707.1 C.");
+  EXPECT_EQ(told,
+            "Joint B alone, and what acts on it: B 500, AB 500 T, BC 707.1 C.  The picture's arrows show the "
+            "senses found, "
+            "not those assumed: away from the joint is tension, towards it compression.");
   std::vector<std::string> texts;
   for (const DrawnText& text : surface.Texts) texts.push_back(text.Text);
   for (const char* text : {"B 500", "AB 500 T", "BC 707.1 C", "B"})

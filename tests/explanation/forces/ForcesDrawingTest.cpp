@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "ForcesFixture.h"
+#include "canvas/PixelBoxes.h"
 #include "explanation/forces/ForceArrowPlaces.h"
 #include "explanation/forces/ForcesPicture.h"
 
@@ -184,6 +185,30 @@ TEST(ForcesDrawing, TheLargestLoadOrReactionHasTheLongestArrow) {
   EXPECT_NEAR(LengthOf(ArrowIn(drawing, ArrowOf::Reaction, truss.Unknown("Ax")).Line), ShortestForceArrow,
               0.01)
       << "a stub";
+}
+
+// In a low window they ran under the legend.
+TEST(ForcesDrawing, ArrowsStayOnTheDrawing) {
+  int numArrows = 0;
+  for (const auto& [name, truss] : ExampleTrusses()) {
+    const SolvedForces solved(truss);
+    for (const PixelRect& room :
+         {Room, PixelRect{0, 0, 480, 340}, PixelRect{0, 0, 330, 270}, PixelRect{0, 0, 400, 180}}) {
+      for (const double zoom : {1.0, 1.5}) {
+        const ForcesDrawing drawing = solved.Drawn(room, zoom);
+        const PixelRect area = Widened(drawing.Area, 1);
+        for (const DrawnForce& arrow : drawing.Arrows) {
+          for (const PixelPoint& end : {arrow.Line.End1(), arrow.Line.End2()}) {
+            EXPECT_TRUE(end.X >= area.Left && end.X <= area.Right && end.Y >= area.Top &&
+                        end.Y <= area.Bottom)
+                << name << " in " << room.Width() << " by " << room.Height();
+          }
+          ++numArrows;
+        }
+      }
+    }
+  }
+  EXPECT_GT(numArrows, 500);
 }
 
 // A line and an arrow that lie on each other could not be told apart.
