@@ -7,9 +7,8 @@ std::string DrawingNote(const DrawingState& state) {
   if (!state.JointsAreNumbered) note.append(" ").append(TooManyJointsText).append(" ");
   if (state.TrussIsOutside) {
     note +=
-        " A part of the truss lies outside the drawing; Settings can widen it, and a larger maximum x makes "
-        "it "
-        "higher too. ";
+        " A part of the truss lies outside the drawing; Settings can widen it, and a larger maximum x "
+        "makes it higher too. ";
   }
   if (state.TicksAreLeftOut) {
     note += " The hatch marks are too close to be drawn; Settings can space them wider. ";

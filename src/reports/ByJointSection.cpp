@@ -45,7 +45,8 @@ class ByJointSection {
  private:
   void AppendStep(std::size_t index) {
     const HandStepText& step = report_.Steps[index];
-    RTBText(on_.Report, std::to_string(index + 1) + ".  " + Printable(step.Heading), 2, 0, BoldBlack);
+    RTBText(on_.Report, std::to_string(index + 1) + ".  " + Printable(step.Heading), 2, 0, BoldBlack,
+            LineRole::Joined);
     if (solution_.Steps[index].Kind != HandStepKind::ZeroForce && numPictures_ < MostPictures) {
       ++numPictures_;
       const std::string text = Printable(DescribeHandStep(graph_, solution_, index, on_.Format));

@@ -68,10 +68,8 @@ std::string CountParagraph(int equations, int unknowns) {
   if (equations > unknowns) {
     return "There are more equations than unknowns so the system is overdetermined.  "
            "Some applied forces will cause the system to be redundant but others will cause it to be "
-           "inconsistent.  "
-           "Inconsistency implies that the original assumption that the forces sum to zero at each joint is "
-           "incorrect "
-           "and this in turn implies that the truss is unstable.";
+           "inconsistent.  Inconsistency implies that the original assumption that the forces sum to zero "
+           "at each joint is incorrect and this in turn implies that the truss is unstable.";
   }
   return "There are less equations than unknowns so the system is undetermined and "
          "a unique solution cannot be found.  We need more equations "

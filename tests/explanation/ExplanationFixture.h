@@ -2,7 +2,10 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
+#include <map>
 #include <random>
+#include <string>
 #include <vector>
 
 #include "analysis/Analysis.h"
@@ -62,4 +65,22 @@ inline Truss RandomSmallTruss(std::mt19937& random, int mostJoints, int gridSize
     if (std::find(at.begin(), at.end(), place) == at.end()) at.push_back(place);
   }
   return JoinedAtRandom(random, at);
+}
+
+/// Two members that lean on each other, 4 apart, under 1000: the lower, the more their directions matter.
+inline Truss LowArch(double height) {
+  const auto y = static_cast<float>(height);
+  return TrussBuilder()
+      .Member(0, 0, 2, y, "left")
+      .Member(2, y, 4, 0, "right")
+      .Clamp(0, 0, "Ax", "Ay")
+      .Clamp(4, 0, "Bx", "By")
+      .Force(2, y, 0, -1000);
+}
+
+/// Its forces by hand.
+inline std::map<std::string, double> ForcesOfLowArch(double height) {
+  const double thrust = 1000 / height;
+  const double push = thrust * std::hypot(2, height) / 2;
+  return {{"left", push}, {"right", push}, {"Ax", thrust}, {"Ay", 500}, {"Bx", -thrust}, {"By", 500}};
 }

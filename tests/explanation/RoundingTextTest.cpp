@@ -90,17 +90,8 @@ TEST(RoundingNotice, IsThereWheneverAShownFigureOfAnArchIsWrong) {
   int numTold = 0;
   for (int i = 1; i <= 80; ++i) {
     const double height = i * 0.0071;
-    const auto y = static_cast<float>(height);
-    Truss truss = TrussBuilder()
-                      .Member(0, 0, 2, y, "left")
-                      .Member(2, y, 4, 0, "right")
-                      .Clamp(0, 0, "Ax", "Ay")
-                      .Clamp(4, 0, "Bx", "By")
-                      .Force(2, y, 0, -1000);
-    const double thrust = 1000 / height;
-    const double push = thrust * std::hypot(2, height) / 2;
-    const std::map<std::string, double> forces = {{"left", push}, {"right", push}, {"Ax", thrust},
-                                                  {"Ay", 500},    {"Bx", -thrust}, {"By", 500}};
+    Truss truss = LowArch(height);
+    const std::map<std::string, double> forces = ForcesOfLowArch(height);
     const TrussAnalysis analysis = SolveTruss(truss);
     for (const int figures : {3, 4, 5, 6, 7}) {
       SCOPED_TRACE(testing::Message() << height << ", " << figures << " figures");

@@ -29,6 +29,13 @@ TEST_F(ByJointSectionTest, StandsBehindTheSolutionWhereItIsAskedFor) {
   }
 }
 
+TEST_F(ByJointSectionTest, KeepsTheHeadingOfAStepWithWhatFollows) {
+  TextWithJoints(Triangle());
+  const std::vector<std::string> joined = document_.LinesThatAre(LineRole::Joined);
+  EXPECT_THAT(joined, testing::Contains("1.  Reactions"));
+  EXPECT_THAT(joined, testing::Contains("2.  Joint A"));
+}
+
 TEST_F(ByJointSectionTest, HasAPictureOfEachStepWithItsWords) {
   TextWithJoints(Triangle());
   ASSERT_EQ(document_.Descriptions.size(), 6U) << "two of the truss, four of the steps";

@@ -44,6 +44,7 @@ struct TrussForces {
 /// A force is zero when the solutions show it as 0; everything else keeps its sense, however small.
 ForceSense SenseOf(double value);
 
+/// `format` is that of the solutions.
 TrussForces ForcesOf(ExplanationOnDemand& reasons, const ReportFormat& format);
 TrussForces ForcesOf(ExplanationOnDemand&& reasons, const ReportFormat& format);
 
