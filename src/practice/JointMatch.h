@@ -1,6 +1,7 @@
 // Which joint of one drawing is which joint of another one, by their places.
 #pragma once
 
+#include <compare>
 #include <vector>
 
 #include "document/Table.h"

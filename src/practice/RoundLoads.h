@@ -1,6 +1,8 @@
 // Loads of the same direction and another size, in round numbers.
 #pragma once
 
+#include <compare>
+
 #include "practice/SeededNumbers.h"
 
 struct RoundLoad {
