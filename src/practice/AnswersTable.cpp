@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 #include <algorithm>
 
 #include "platform/qt/QtText.h"
@@ -16,6 +17,21 @@ QTableWidgetItem* ReadOnly(const QString& text) {
   return item;
 }
 
+// Who does not see the row hears whose box has the keys.
+class NamingDelegate final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const override {
+    QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
+    if (editor != nullptr)
+      editor->setAccessibleName(QStringLiteral("Your value of ") +
+                                index.siblingAtColumn(0).data().toString());
+    return editor;
+  }
+};
+
 }  // namespace
 
 AnswersTable::AnswersTable(QWidget* parent) : QTableWidget(0, NumColumns, parent) {
@@ -27,6 +43,7 @@ AnswersTable::AnswersTable(QWidget* parent) : QTableWidget(0, NumColumns, parent
   setSelectionMode(QAbstractItemView::SingleSelection);
   setEditTriggers(QAbstractItemView::AllEditTriggers);
   setTabKeyNavigation(false);
+  setItemDelegate(new NamingDelegate(this));
   setWordWrap(true);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // what is said of a value wraps
   connect(this, &QTableWidget::cellChanged, this, [this](int row, int column) {

@@ -280,4 +280,11 @@ TEST_F(StepsWindowTest, CutsNoTextInLargeLettersAndSmallWindows) {
   }
 }
 
+TEST_F(StepsWindowTest, TheLastStepShowsTheColumnInWhichTheValuesAreRead) {
+  Show(LoadedTriangle(), 10, {460, 420});
+  Click("cmdLast");
+  const QRect rhs = Matrix().visualRect(Numbers().index(0, Numbers().columnCount() - 1));
+  EXPECT_TRUE(Matrix().viewport()->rect().intersects(rhs));
+}
+
 }  // namespace

@@ -227,7 +227,12 @@ TEST_F(TryWindowTest, SaysWhatEachBoxIsFor) {
   Show(RoundTriangle());
   const QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&Forces());
   EXPECT_EQ(table->text(QAccessible::Name), QStringLiteral("Your forces"));
-  Type(QStringLiteral("7"));
+  const QAccessibleInterface* window = QAccessible::queryAccessibleInterface(&window_);
+  EXPECT_EQ(window->role(), QAccessible::Dialog);
+  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("7"));
+  EXPECT_EQ(QApplication::focusWidget()->accessibleName(), QStringLiteral("Your value of Ax"));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  QApplication::processEvents();
   Press("cmdJudge");
   EXPECT_EQ(Forces().item(0, 1)->data(Qt::AccessibleTextRole).toString(),
             QStringLiteral("Your value of Ax: 7, wrong"));

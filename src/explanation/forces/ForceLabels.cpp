@@ -93,16 +93,24 @@ class LabelPlacer {
     TakesOrLeaves(label, placer_.ByArrow(arrow.Line, joint, WidthOfArrow, extent_));
   }
 
+  // Where there is no room for the signed number below it, the magnitude stands alone.
   void Member(const DrawnMember& member, bool isOneOfMany) {
-    ForceLabel label = Label(LabelOf::Member, member.Unknown, forces_.Unknowns[member.Unknown].Lines,
-                             {.Points = points_, .Bold = true});
+    const PixelLine& line = member.Line;
+    const double length = std::hypot(double{line.X2} - double{line.X1}, double{line.Y2} - double{line.Y1});
+    const std::vector<std::string>& lines = forces_.Unknowns[member.Unknown].Lines;
+    const bool isTooShort = isOneOfMany && length < LeastLength;
+    if (!isTooShort &&
+        (MemberTakes(member, lines) || (lines.size() > 1 && MemberTakes(member, {lines.front()}))))
+      return;
+    ++drawing_.NumLeftOut;
+  }
+
+ private:
+  bool MemberTakes(const DrawnMember& member, const std::vector<std::string>& lines) {
+    ForceLabel label = Label(LabelOf::Member, member.Unknown, lines, {.Points = points_, .Bold = true});
     const PixelLine& line = member.Line;
     const PixelVector along{double{line.X2} - double{line.X1}, double{line.Y2} - double{line.Y1}};
     const double length = std::hypot(along.X, along.Y);
-    if (isOneOfMany && length < LeastLength) {
-      ++drawing_.NumLeftOut;
-      return;
-    }
     const PixelVector normal = Outwards(line, length);
     for (const double share : ShareOfMember) {
       const PixelVector at{line.X1 + share * along.X, line.Y1 + share * along.Y};
@@ -110,14 +118,13 @@ class LabelPlacer {
         const double clear = member.Width / 2.0 + 2 * Air;
         const double distance = ReachOf(extent_, side) + clear * (std::abs(side.X) + std::abs(side.Y));
         const PixelVector middle{at.X + distance * side.X, at.Y + distance * side.Y};
-        if (Takes(label, placer_.At(BoxAround(middle, extent_)))) return;
+        if (Takes(label, placer_.At(BoxAround(middle, extent_)))) return true;
       }
     }
-    TakesOrLeaves(label,
-                  placer_.WithLeader({line.X1 + along.X / 2, line.Y1 + along.Y / 2}, normal, 0, extent_));
+    return Takes(label,
+                 placer_.WithLeader({line.X1 + along.X / 2, line.Y1 + along.Y / 2}, normal, 0, extent_));
   }
 
- private:
   // Across a member, away from the middle of the drawing, where fewer members are.
   PixelVector Outwards(const PixelLine& line, double length) const {
     if (!(length > 0)) return {0, -1};

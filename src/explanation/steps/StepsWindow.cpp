@@ -124,6 +124,9 @@ void StepsWindow::ShowPlace() {
   }
   const QModelIndex marked = numbers_->FirstMarked();
   if (marked.isValid()) tblMatrix_->scrollTo(marked);
+  // The values are read in the last column.
+  const bool isLast = tour_ && tour_->Place() + 1 == tour_->NumPlaces();
+  if (isLast && !marked.isValid()) tblMatrix_->scrollTo(numbers_->index(0, numbers_->columnCount() - 1));
   ShowPivotLine();
   ShowButtons();
   if (tour_) Announce(lblStep_->text() + QStringLiteral(": ") + lines.value(0));

@@ -52,6 +52,20 @@ TEST(ForcesDrawing, EveryTextHasItsPlaceBesideItsMember) {
   }
 }
 
+TEST(ForcesDrawing, WhereOnlyTheMagnitudeHasRoomItStandsAlone) {
+  const SolvedForces truss(TrussOf(RandomSimpleTruss(40, 3)));
+  int numAlone = 0;
+  for (const float width : {300.0F, 400.0F, 500.0F, 600.0F}) {
+    for (const ForceLabel& label : truss.Drawn({0, 0, width, width * 0.7F}).Labels) {
+      if (label.What != LabelOf::Member) continue;
+      const std::vector<std::string>& all = truss.Forces.Unknowns[label.Number].Lines;
+      EXPECT_EQ(label.Lines.front(), all.front());
+      numAlone += label.Lines.size() < all.size() ? 1 : 0;
+    }
+  }
+  EXPECT_GT(numAlone, 0);
+}
+
 TEST(ForcesDrawing, ATextAwayFromItsMemberHasALeaderToTheMiddle) {
   // A short bar between two long ones.
   const SolvedForces truss(TrussBuilder()
