@@ -55,7 +55,7 @@ TEST(ForcesDrawing, EveryTextHasItsPlaceBesideItsMember) {
 TEST(ForcesDrawing, WhereOnlyTheMagnitudeHasRoomItStandsAlone) {
   const SolvedForces truss(TrussOf(RandomSimpleTruss(40, 3)));
   int numAlone = 0;
-  for (const float width : {300.0F, 400.0F, 500.0F, 600.0F}) {
+  for (const float width : {120.0F, 160.0F, 200.0F, 240.0F, 300.0F, 400.0F, 500.0F}) {
     for (const ForceLabel& label : truss.Drawn({0, 0, width, width * 0.7F}).Labels) {
       if (label.What != LabelOf::Member) continue;
       const std::vector<std::string>& all = truss.Forces.Unknowns[label.Number].Lines;
