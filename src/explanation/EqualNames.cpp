@@ -39,6 +39,7 @@ class NameGroups {
 void AddReactions(const Truss& truss, const SupportRec& support, const std::string& joint,
                   NameGroups& groups) {
   const auto add = [&](int component, LabelIndex label) {
+    if (label == 0) return;  // the support is still being drawn
     const bool isAlongX = DirectionOf(support.TypeIndex, component).IsAlongX();
     groups.Add(truss.Name(label), "the reaction at " + joint + (isAlongX ? " along x" : " along y"),
                support.X, support.Y);

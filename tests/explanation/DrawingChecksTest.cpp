@@ -228,4 +228,15 @@ TEST(DrawingChecks, OfAsManyPairsAsAreToldNoneIsLeftOut) {
   for (const DrawingCheck& check : checks) EXPECT_EQ(check.Text.find("There are more"), std::string::npos);
 }
 
+TEST(DrawingChecks, PassOverAMemberThatIsStillBeingDrawn) {
+  Truss truss = TrussBuilder().Member(0, 0, 4, 0, "a").Clamp(0, 0).Roller(4, 0);
+  const std::size_t numBefore = Check(truss).size();
+  for (const float end : {0.01F, 4.0F, 7.0F}) {
+    Truss drawn = truss;
+    drawn.Members.GrowTo(++drawn.NumMembers);
+    drawn.Members[drawn.NumMembers] = {.X1 = 0, .Y1 = 0, .X2 = end, .Y2 = 0, .Live = true};
+    EXPECT_EQ(Check(drawn).size(), numBefore) << end;
+  }
+}
+
 }  // namespace
