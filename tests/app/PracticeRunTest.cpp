@@ -106,9 +106,10 @@ TEST_F(PracticeRunTest, ATrussThatCannotBeMarkedLeavesTheOthers) {
   const std::string unnamed = File("u.trs", Replaced(TriangleText, "\"AB\",\"AB\"", "\"[ ]\",\"[ ]\""));
   const std::string answers = File("a.csv", "student,file,AB\nAnn,triangle.trs,-500\nBob,u.trs,1\n");
   EXPECT_EQ(RunWords({"--mark=" + answers, unnamed, Triangle()}), NotAllDone);
-  EXPECT_THAT(Err.str(),
-              HasSubstr("u.trs: not every force has a name (Step 2 and --autoname give them); answers to it cannot "
-                        "be marked"));
+  EXPECT_THAT(
+      Err.str(),
+      HasSubstr("u.trs: not every force has a name (Step 2 and --autoname give them); answers to it cannot "
+                "be marked"));
   EXPECT_THAT(Err.str(), HasSubstr("there is no file \"u.trs\""));
   EXPECT_THAT(Out.str(), HasSubstr("triangle.trs,empty,empty,empty,right,"));
 }
