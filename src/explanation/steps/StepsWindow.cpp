@@ -50,7 +50,7 @@ void StepsWindow::ShowSubject(const LearnSubject& subject) {
   Clear();
   const TrussAnalysis& analysis = subject.Reasons->Analysis();
   tour_ = std::make_unique<StepsTour>(subject.Reasons->Graph(), EquationsOf(*subject.Document, analysis),
-                                      analysis.Reading, subject.Format);
+                                      analysis.Reading, subject.Reasons->Rounded(), subject.Format);
   SetLetters(subject.Points);
   operations_->Show(tour_.get());
   numbers_->Show(tour_.get());
@@ -65,6 +65,7 @@ void StepsWindow::ShowSubject(const LearnSubject& subject) {
     sldStep_->setRange(0, std::max(0, tour_->NumPlaces() - 1));
     sldStep_->setPageStep(std::max(1, tour_->NumPlaces() / 10));
   }
+  FitList();
   FitMatrix();
   ShowPlace();
 }

@@ -15,6 +15,7 @@ class QPlainTextEdit;
 class QPushButton;
 class QSlider;
 class QTableView;
+class ListSplitter;
 class StepListModel;
 class StepMatrixModel;
 class StepsTour;
@@ -51,6 +52,7 @@ class StepsWindow final : public LearnWindow {
   void LayOut();
   void SetLetters(float points);
   void ShowMarkLooks();
+  void FitList();
   void FitMatrix();
   void GoTo(int place);
   void GoToPivot(int unknown);
@@ -69,6 +71,7 @@ class StepsWindow final : public LearnWindow {
   StepMatrixModel* numbers_;
   QListView* lstSteps_;
   QTableView* tblMatrix_;
+  ListSplitter* beside_;
   QWidget* marks_;
   QPlainTextEdit* txtStep_;
   QLabel* lblStep_;

@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <array>
 
+#include "explanation/ListSplitter.h"
 #include "explanation/steps/StepListModel.h"
 #include "explanation/steps/StepMatrixModel.h"
 #include "explanation/steps/StepsTour.h"
@@ -173,14 +174,13 @@ void StepsWindow::ShowMarkLooks() {
 
 void StepsWindow::LayOut() {
   marks_ = MakeMarkNotes();
-  auto* beside = new QSplitter(Qt::Horizontal, this);
-  auto* below = new QSplitter(Qt::Vertical, beside);
-  beside->addWidget(lstSteps_);
-  beside->addWidget(below);
+  beside_ = new ListSplitter(*lstSteps_, this);
+  auto* below = new QSplitter(Qt::Vertical, beside_);
+  beside_->addWidget(below);
   below->addWidget(txtStep_);
   below->addWidget(tblMatrix_);
-  beside->setStretchFactor(0, 3);
-  beside->setStretchFactor(1, 5);
+  beside_->setStretchFactor(0, 3);
+  beside_->setStretchFactor(1, 5);
   below->setStretchFactor(0, 2);
   below->setStretchFactor(1, 5);
   auto* choice = new QHBoxLayout;
@@ -195,7 +195,7 @@ void StepsWindow::LayOut() {
   buttons->addStretch(1);
   buttons->addWidget(cmdCopy_);
   auto* layout = new QVBoxLayout(this);
-  layout->addWidget(beside, 1);
+  layout->addWidget(beside_, 1);
   layout->addWidget(marks_);
   layout->addLayout(choice);
   layout->addWidget(lblPivot_);
@@ -209,6 +209,8 @@ void StepsWindow::SetLetters(float points) {
   for (QWidget* widget : std::initializer_list<QWidget*>{lstSteps_, txtStep_, tblMatrix_})
     widget->setFont(letters);
 }
+
+void StepsWindow::FitList() { beside_->FitLines(lstSteps_->sizeHintForColumn(0)); }
 
 // All columns are as wide as the longest number of all steps, so that nothing moves from step to step.
 void StepsWindow::FitMatrix() {

@@ -16,6 +16,7 @@
 namespace {
 
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 // All figures, so that a number that is read is the number that was meant.
@@ -67,6 +68,8 @@ class PaperTable {
       EXPECT_FALSE(std::regex_search(sentence, std::regex("becomes|go|change"))) << sentence;
     }
   }
+
+  double At(const std::string& row, const std::string& column) const { return numbers_.at(row).at(column); }
 
   void ExpectSameAs(const PaperTable& other) const {
     EXPECT_EQ(rows_, other.rows_);
@@ -142,6 +145,34 @@ std::vector<std::string> AllRemarks(const SteppedTruss& truss, const StepText& t
   return remarks;
 }
 
+// Names that read like other words of the sentences, or like numbers.
+TEST(StepText, EverySentenceIsEnoughWhateverTheNames) {
+  const SteppedTruss truss(TrussBuilder()
+                               .Member(0, 0, 8, 0, "12")
+                               .Member(0, 0, 4, 4, "AC in A - x, 1")
+                               .Member(8, 0, 4, 4, "b and c")
+                               .Clamp(0, 0, "Ax", "R (x)")
+                               .Roller(8, 0, "[B]")
+                               .Joint(0, 0, "A - x")
+                               .Joint(8, 0, "2 times B")
+                               .Joint(4, 4, "C")
+                               .Force(4, 4, 0, -1000));
+  const StepText text = truss.Text(Exact);
+  EXPECT_EQ(text.Row(1), "[2 times B] - x");
+  EXPECT_EQ(text.Row(3), "[A - x] - x");
+  EXPECT_EQ(text.Row(5), "C - x");
+  EXPECT_EQ(text.Column(1), "Ax");
+  EXPECT_EQ(text.Column(2), "[R (x)]");
+  EXPECT_EQ(text.Column(4), "[12]");
+  StepMatrix matrix(truss.Story.Equations);
+  PaperTable paper(matrix, text);
+  for (const EliminationStep& step : truss.Story.Steps) {
+    paper.CarryOut(text.Sentence(step, false));
+    matrix.CarryOut(step);
+    paper.ExpectSameAs(PaperTable(matrix, text));
+  }
+}
+
 TEST(StepText, CallsRowsByTheirEquations) {
   const SteppedTruss truss(HandTriangle());
   const StepText text = truss.Text();
@@ -211,6 +242,7 @@ TEST(StepText, ExplainsAPivotBelowTheTolerance) {
   for (int k = 1; k <= 5; ++k) nearly.SetRow(k, {{k, 1}});
   nearly.SetRow(6, {{6, 3e-17}, {7, 5}});
   truss.Story = EliminateInSteps(nearly);
+  truss.Rounded.Verdict.Rank = 5;
   const std::size_t end = truss.StepOf(StepKind::PivotsEnd);
   ASSERT_NE(truss.Story.Steps[end].Number, 0);
   const StepText text = truss.Text();
@@ -222,12 +254,143 @@ TEST(StepText, ExplainsAPivotBelowTheTolerance) {
   EXPECT_EQ(remarks[1], "BC gets no pivot.");
 }
 
+TEST(StepText, SaysWherePivotsEndBeforeThereAreAsManyAsThereAreExactly) {
+  SteppedTruss truss(HandTriangle());
+  for (const double left : {3e-17, 0.0}) {
+    SparseMatrix<double> nearly(6, 7);
+    for (int k = 1; k <= 5; ++k) nearly.SetRow(k, {{k, 1}});
+    if (left != 0) nearly.SetRow(6, {{6, left}, {7, 5}});
+    truss.Story = EliminateInSteps(nearly);
+    EXPECT_THAT(
+        truss.Text().Remarks(truss.StepOf(StepKind::PivotsEnd)),
+        testing::Contains(left != 0 ? "Exactly there are 6 pivots: not all that is left is nothing, only "
+                                      "too small to be told from a remnant."
+                                    : "Exactly there are 6 pivots: what is left is 0 only because "
+                                      "directions are rounded to single precision."));
+  }
+}
+
+// Of the pivots of the critical hexagon the last one is nothing but a remnant.
+TEST(StepText, SaysWhereARemnantBecomesAPivotAndWhatFollows) {
+  const SteppedTruss truss(HandHexagon(5));
+  const StepText text = truss.Text();
+  std::vector<std::size_t> told;
+  std::size_t last = 0;
+  for (std::size_t i = 0; i < truss.Story.Steps.size(); ++i) {
+    if (truss.Story.Steps[i].Kind != StepKind::Pivot) continue;
+    last = i;
+    if (!text.Remarks(i).empty()) told.push_back(i);
+  }
+  EXPECT_EQ(told, std::vector<std::size_t>{last});
+  const std::string remark = text.Remarks(last).front();
+  EXPECT_THAT(remark, StartsWith("Exactly there are only 11 pivots, and nothing is left here: " +
+                                 text.Factor(truss.Story.Steps[last].Number) + " is a remnant of rounding"));
+  EXPECT_THAT(remark, HasSubstr("about 1E7 times smaller than the numbers that it is left over from"));
+  EXPECT_THAT(remark, HasSubstr("what follows from it does not hold"));
+  EXPECT_THAT(text.View(last, false), testing::Contains(remark)) << "and it is shown with the step";
+  EXPECT_THAT(text.RemarkOnPivot(12), remark);
+  EXPECT_EQ(text.RemarkOnPivot(11), "");
+}
+
+// A reader who does as the remark says, going through the operations on the pivot's row, finds numbers so
+// many times as large and no larger.
+TEST(StepText, ARemnantIsSoManyTimesSmallerThanWhatItIsLeftOverFrom) {
+  const SteppedTruss truss(HandHexagon(5));
+  const StepText text = truss.Text(Exact);
+  const EliminationPivot& pivot = truss.Story.Pivots.back();
+  PaperTable paper(StepMatrix(truss.Story.Equations), text);
+  double largest = 0;
+  for (const EliminationStep& step : truss.Story.Steps) {
+    if (step.Kind == StepKind::Pivot && step.Row == pivot.Row) break;
+    paper.CarryOut(text.Sentence(step, false));
+    largest = std::max(largest, std::abs(paper.At(text.Row(pivot.Row), text.Column(pivot.Column))));
+  }
+  std::smatch said;
+  const std::string remark = text.RemarkOnPivot(12);
+  ASSERT_TRUE(std::regex_search(remark, said, std::regex("about 1E([0-9]+) times smaller")));
+  EXPECT_NEAR(std::log10(largest / std::abs(pivot.Value)), std::stod(said[1]), 0.5);
+}
+
+TEST(StepText, TheLastStepSaysThatValuesOutOfARemnantDoNotHold) {
+  const SteppedTruss truss(HandHexagon(5));
+  const std::vector<std::string> remarks = truss.Text().Remarks(truss.Story.Steps.size() - 1);
+  ASSERT_EQ(remarks.size(), 2U);
+  EXPECT_THAT(remarks[0], HasSubstr("But these values do not hold: Cx = "));
+  EXPECT_THAT(remarks[1], HasSubstr("None of the numbers shown for the forces holds"));
+  EXPECT_THAT(remarks[1], HasSubstr("\"Why this conclusion\""));
+}
+
+// Where only some are left open, exactly, only these do not hold.
+TEST(StepText, TheLastStepTellsValuesThatHoldFromThoseThatDoNot) {
+  SteppedTruss truss(HandTriangle());
+  truss.Rounded.ShownThoughOpen = {4, 6};
+  const std::vector<std::string> remarks = truss.Text().Remarks(truss.Story.Steps.size() - 1);
+  EXPECT_THAT(remarks,
+              testing::IsSupersetOf({HasSubstr("is: Ax = 0, Ay = 500, B = 500 and AC = 707.1."),
+                                     HasSubstr("These values do not hold: AB = -500 and BC = 707.1.")}));
+}
+
+TEST(StepText, SaysOfARowThatDecidesWronglyThatARemnantDecides) {
+  // A rope with a load along it.
+  const SteppedTruss truss(TrussBuilder()
+                               .Member(0, 0, 1, 3, "AB")
+                               .Clamp(0, 0, "Ax", "Ay")
+                               .Joint(0, 0, "A")
+                               .Joint(1, 3, "B")
+                               .Force(1, 3, 100, 300));
+  ASSERT_EQ(truss.Analysis.Reading.Code, Outcome::Inconsistent);
+  ASSERT_EQ(truss.Rounded.Verdict.Code(), Outcome::Redundant);
+  EXPECT_THAT(AllRemarks(truss, truss.Text()),
+              testing::Contains(testing::AllOf(
+                  HasSubstr("This row decides that there is no solution.  But exactly the equations do not "
+                            "contradict each other: "),
+                  HasSubstr(" is a remnant of rounding, because directions are rounded to single precision"),
+                  HasSubstr(" of the largest load."))));
+}
+
+// Nothing is said of rounding where it changes nothing, whatever the truss.
+TEST(StepText, SaysNothingOfRemnantsWhereThereAreNone) {
+  int withRemnants = 0;
+  WithTrussesOfAllKinds([&](const Truss& given) {
+    const SteppedTruss truss(given);
+    if (truss.Graph.NumUnknowns() == 0) return;
+    const bool tooMany = static_cast<int>(truss.Story.Pivots.size()) > truss.Rounded.Verdict.Rank;
+    withRemnants += tooMany ? 1 : 0;
+    bool isTold = false;
+    for (const std::string& remark : AllRemarks(truss, truss.Text()))
+      isTold = isTold || remark.find("and nothing is left here") != std::string::npos;
+    EXPECT_EQ(isTold, tooMany);
+  });
+  EXPECT_GT(withRemnants, 0);
+}
+
 TEST(StepText, NamesTheUnknownsThatStayUndetermined) {
   const SteppedTruss truss(LooseSquare().Member(0, 0, 4, 4, "AC").Member(4, 0, 0, 4, "BD"));
   ASSERT_LT(truss.Graph.NumEquations(), truss.Graph.NumUnknowns());
   EXPECT_THAT(AllRemarks(truss, truss.Text()),
               testing::IsSupersetOf({HasSubstr(" no pivot: there are more unknowns than equations."),
                                      HasSubstr("which stay undetermined.")}));
+}
+
+TEST(StepText, SaysAllValuesHoweverMany) {
+  std::mt19937 random(11);
+  const SteppedTruss truss(RandomSimpleTrussOn(random, 20));
+  const std::string all = truss.Text().Remarks(truss.Story.Steps.size() - 1).front();
+  for (int k = 1; k <= truss.Graph.NumUnknowns(); ++k)
+    EXPECT_THAT(all, HasSubstr(truss.Text().Column(k) + " = "));
+  EXPECT_THAT(all, Not(HasSubstr(" more")));
+}
+
+TEST(StepText, OnlyFactorsThatAre1AreWrittenAs1) {
+  const SteppedTruss truss(HandTriangle());
+  const StepText text = truss.Text();
+  const EliminationStep divide{.Kind = StepKind::Divide, .Row = 6, .Column = 6, .Number = -0.99997778};
+  EXPECT_EQ(text.Title(divide), "Divide C - y by -0.99998");
+  EXPECT_EQ(text.Sentence(divide, false), "C - y becomes C - y divided by -0.99998.");
+  EXPECT_EQ(text.ShortForm(divide), "[C - y] := [C - y] / (-0.99998)");
+  const EliminationStep clear{
+      .Kind = StepKind::Clear, .Row = 6, .OtherRow = 1, .Column = 1, .Number = 1.0000000001};
+  EXPECT_EQ(text.Sentence(clear, false), "C - y becomes C - y minus 1.0000000001 times A - x.");
 }
 
 TEST(StepText, SaysTheValuesThatTheRowsGive) {
