@@ -43,6 +43,8 @@ double StepRounding::LargestBehind(int number) const {
 
 std::string StepRounding::OnPivot(int number, const std::string& value) const {
   if (!IsRemnant(number)) return {};
+  const bool isSaidWhich =
+      story_.IsToldInSteps() && (rounding_.HoldsNoNumber() || !rounding_.ShownThoughOpen.empty());
   const double share =
       LargestBehind(number) / std::abs(story_.Pivots[static_cast<std::size_t>(number - 1)].Value);
   return "Exactly " + PivotsText(rounding_.Verdict.Rank) + ", and nothing is left here: " + value +
@@ -51,8 +53,8 @@ std::string StepRounding::OnPivot(int number, const std::string& value) const {
                                      " times smaller than the numbers that it is left over from"
                                : "") +
          ".  It counts as a pivot because it is not below " + PowerOfTenText(PivotTolerance) +
-         ".  To divide by it makes numbers out of nothing: what follows from it does not hold, and the last "
-         "step says which values that are.";
+         ".  To divide by it makes numbers out of nothing: what follows from it does not hold" +
+         (isSaidWhich ? ", and the last step says which values that are." : ".");
 }
 
 std::string StepRounding::OnPivotsEnd(double largest) const {

@@ -28,7 +28,7 @@ namespace {
 // Pixels.
 constexpr int CellMargin = 10;  // beside a number, both sides together
 constexpr int RowMargin = 6;    // above and below, together
-constexpr int WidestName = 260;
+constexpr int WidestName = 130;  // the tool tip has all of it
 
 struct NotedMark {
   CellMark Mark;

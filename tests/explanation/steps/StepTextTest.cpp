@@ -71,6 +71,9 @@ class PaperTable {
 
   double At(const std::string& row, const std::string& column) const { return numbers_.at(row).at(column); }
 
+  const std::vector<std::string>& Rows() const { return rows_; }
+  const std::vector<std::string>& Columns() const { return columns_; }
+
   void ExpectSameAs(const PaperTable& other) const {
     EXPECT_EQ(rows_, other.rows_);
     EXPECT_EQ(columns_, other.columns_);
@@ -135,6 +138,158 @@ TEST(StepText, EverySentenceIsEnoughToCarryTheStepOut) {
     paper.ExpectSameAs(PaperTable(matrix, text));
   });
   EXPECT_EQ(kinds.size(), 11U) << "every kind has been told";
+}
+
+// What is said beside the sentences, held against the tables before and after the step.
+class PurposeReader {
+ public:
+  void Read(const PaperTable& before, const std::string& chosen, const PaperTable& after,
+            const std::string& carriedOut) {
+    static const std::regex goesOut("So (.+) goes out of (.+), where its coefficient is ([-0-9.E+]+)\\.");
+    static const std::regex small(
+        "So small (?:is|are) ([0-9]+) numbers?, (?:a remnant|remnants) of rounding\\.");
+    std::smatch part;
+    if (std::regex_match(chosen, part, goesOut)) {
+      EXPECT_EQ(before.At(part[2], part[1]), std::stod(part[3]));
+      EXPECT_EQ(after.At(part[2], part[1]), 0);
+      EXPECT_EQ(carriedOut, part[1].str() + " is gone from " + part[2].str() + ".");
+      ++NumGone;
+    } else if (std::regex_match(chosen, part, small)) {
+      EXPECT_EQ(NumSmall(before), std::stoi(part[1]));
+      EXPECT_THAT(carriedOut, StartsWith("It was " + part[1].str() + " number"));
+      ++NumCleaned;
+    } else if (chosen == "There is none: nothing changes.") {
+      EXPECT_EQ(NumSmall(before), 0);
+      after.ExpectSameAs(before);
+    }
+    EXPECT_EQ(NumSmall(after) > 0 && chosen.starts_with("So small"), false);
+  }
+
+  // The rows and columns that have had no pivot are what is left to choose from.
+  void ReadPivot(const PaperTable& table, const std::string& row, const std::string& column,
+                 const std::string& chosen) {
+    const double size = std::abs(table.At(row, column));
+    std::vector<std::pair<std::string, std::string>> asLarge;
+    for (const std::string& otherRow : table.Rows()) {
+      for (const std::string& other : table.Columns()) {
+        if (rowsUsed_.contains(otherRow) || columnsUsed_.contains(other)) continue;
+        if (std::abs(table.At(otherRow, other)) == size) asLarge.emplace_back(otherRow, other);
+      }
+    }
+    ASSERT_FALSE(asLarge.empty());
+    EXPECT_EQ(asLarge.front(), std::pair(row, column)) << "the first row counts, and in it the first column";
+    EXPECT_EQ(chosen.find("Others are as large") != std::string::npos, asLarge.size() > 1);
+    NumTied += asLarge.size() > 1 ? 1 : 0;
+    rowsUsed_.insert(row);
+    columnsUsed_.insert(column);
+  }
+
+  int NumGone = 0, NumCleaned = 0, NumTied = 0;
+
+ private:
+  static int NumSmall(const PaperTable& table) {
+    int count = 0;
+    for (const std::string& row : table.Rows()) {
+      std::vector<std::string> columns = table.Columns();
+      columns.emplace_back("RHS");
+      for (const std::string& column : columns) {
+        const double number = table.At(row, column);
+        count += number != 0 && std::abs(number) < 1e-10 ? 1 : 0;
+      }
+    }
+    return count;
+  }
+
+  std::set<std::string> rowsUsed_, columnsUsed_;
+};
+
+TEST(StepText, WhatEachStepIsForIsSeenInTheTable) {
+  int gone = 0, cleaned = 0, tied = 0;
+  WithTrussesOfAllKinds([&](const Truss& given) {
+    const SteppedTruss truss(given);
+    if (truss.Graph.NumUnknowns() == 0 || truss.Graph.NumUnknowns() > 12) return;
+    const StepText text = truss.Text(Exact);
+    StepMatrix matrix(truss.Story.Equations);
+    PurposeReader reader;
+    for (const EliminationStep& step : truss.Story.Steps) {
+      SCOPED_TRACE(text.Sentence(step, false));
+      const PaperTable before(matrix, text);
+      matrix.CarryOut(step);
+      if (step.Kind == StepKind::Pivot) {
+        reader.ReadPivot(before, text.Row(step.Row), text.Column(step.Column), text.Purpose(step, false));
+      } else {
+        reader.Read(before, text.Purpose(step, false), PaperTable(matrix, text), text.Purpose(step, true));
+      }
+      if (testing::Test::HasFailure()) return;
+    }
+    gone += reader.NumGone;
+    cleaned += reader.NumCleaned;
+    tied += reader.NumTied;
+  });
+  EXPECT_GT(gone, 100);
+  EXPECT_GT(cleaned, 0);
+  EXPECT_GT(tied, 100);
+}
+
+// The short form is enough by itself too.
+TEST(StepText, TheShortFormSaysTheSameOperation) {
+  const std::regex subtract(R"(\[(.+)\] := \[(.+)\] ([-+]) (?:([0-9.E+-]+) . )?\[(.+)\])");
+  const std::regex divide(R"(\[(.+)\] := \[(.+)\] / \(?(-?[0-9.E+-]+)\)?)");
+  int numRead = 0;
+  WithTrussesOfAllKinds([&](const Truss& given) {
+    const SteppedTruss truss(given);
+    if (truss.Graph.NumUnknowns() == 0 || truss.Graph.NumUnknowns() > 12) return;
+    const StepText text = truss.Text(Exact);
+    for (const EliminationStep& step : truss.Story.Steps) {
+      const std::string shortForm = text.ShortForm(step);
+      std::smatch part;
+      if (step.Kind == StepKind::Clear) {
+        ASSERT_TRUE(std::regex_match(shortForm, part, subtract)) << shortForm;
+        EXPECT_EQ(part[1], text.Row(step.Row));
+        EXPECT_EQ(part[2], text.Row(step.Row));
+        EXPECT_EQ(part[5], text.Row(step.OtherRow));
+        const double factor = part[4].matched ? std::stod(part[4]) : 1;
+        EXPECT_EQ(part[3] == "-" ? factor : -factor, step.Number);
+        ++numRead;
+      } else if (step.Kind == StepKind::Divide) {
+        ASSERT_TRUE(std::regex_match(shortForm, part, divide)) << shortForm;
+        EXPECT_EQ(part[1], text.Row(step.Row));
+        EXPECT_EQ(std::stod(part[3]), step.Number);
+      }
+    }
+  });
+  EXPECT_GT(numRead, 100);
+}
+
+// What the last step says is read from the rows as they stand then.
+TEST(StepText, WhatTheRowsSayStandsInThem) {
+  int numValues = 0, numOpen = 0;
+  WithTrussesOfAllKinds([&](const Truss& given) {
+    const SteppedTruss truss(given);
+    if (truss.Graph.NumUnknowns() == 0 || truss.Graph.NumUnknowns() > 24) return;
+    const StepText text = truss.Text(Exact);
+    StepMatrix matrix(truss.Story.Equations);
+    for (const EliminationStep& step : truss.Story.Steps) matrix.CarryOut(step);
+    const std::vector<std::string> remarks = text.Remarks(truss.Story.Steps.size() - 1);
+    if (std::ranges::count(remarks, InconsistentText) > 0) return;
+    std::string all;
+    for (const std::string& remark : remarks) {
+      if (remark.starts_with("A row whose") || remark.starts_with("These values")) all += remark + '\n';
+    }
+    for (int k = 1; k <= truss.Graph.NumUnknowns(); ++k) {
+      std::optional<double> value;
+      for (int row = 1; row <= matrix.NumRows(); ++row) {
+        const auto numbers = matrix.Row(row).first(static_cast<std::size_t>(matrix.NumUnknowns()));
+        const bool isAlone = std::ranges::count_if(numbers, [](double number) { return number != 0; }) == 1;
+        if (isAlone && matrix(row, k) == 1) value = matrix(row, matrix.NumUnknowns() + 1);
+      }
+      const std::string said = text.Column(k) + " = " + (value ? text.Number(*value) : "");
+      EXPECT_EQ(all.find(said) != std::string::npos, value.has_value()) << said << " in " << all;
+      (value ? numValues : numOpen) += 1;
+    }
+  });
+  EXPECT_GT(numValues, 100);
+  EXPECT_GT(numOpen, 20);
 }
 
 std::vector<std::string> AllRemarks(const SteppedTruss& truss, const StepText& text) {
