@@ -10,6 +10,7 @@
 #include "editing/NumberBox.h"
 #include "editing/ValueEditorFrame.h"
 #include "platform/qt/AccessibleRole.h"
+#include "platform/qt/OnPress.h"
 #include "platform/qt/QtText.h"
 
 namespace {
@@ -139,12 +140,12 @@ void ValueEditorFrame::AddButtons(QVBoxLayout* rows) {
   cmdNewCoordsOK_ = add("cmdNewCoordsOK", "OK", Qt::Key_O, "Apply these values (Enter)");
   cmdNewCoordsOK_->setDefault(true);
   cmdNewCoordsCancel_ = add("cmdNewCoordsCancel", "Cancel", Qt::Key_C, "Close without a change (Esc)");
-  connect(cmdNewCoordsOK_, &QPushButton::clicked, this, [this] {
+  OnPress(cmdNewCoordsOK_, this, [this] {
     editor_.cmdNewCoordsOK_Click(editingKind_);
     ShowEditor();
     Q_EMIT EditorChanged();
   });
-  connect(cmdNewCoordsCancel_, &QPushButton::clicked, this, [this] {
+  OnPress(cmdNewCoordsCancel_, this, [this] {
     editor_.cmdNewCoordsCancel_Click(editingKind_);
     ShowEditor();
     Q_EMIT EditorChanged();
