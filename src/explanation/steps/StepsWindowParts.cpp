@@ -27,8 +27,8 @@
 namespace {
 
 // Pixels.
-constexpr int CellMargin = 10;  // beside a number, both sides together
-constexpr int RowMargin = 6;    // above and below, together
+constexpr int CellMargin = 10;   // beside a number, both sides together
+constexpr int RowMargin = 6;     // above and below, together
 constexpr int WidestName = 130;  // the tool tip has all of it
 
 struct NotedMark {
@@ -204,7 +204,8 @@ void StepsWindow::SetLetters(float points) {
     widget->setFont(letters);
 }
 
-void StepsWindow::FitList() { beside_->FitLines(lstSteps_->sizeHintForColumn(0)); }
+// Every line has the size of the longest.
+void StepsWindow::FitList() { beside_->FitLines(lstSteps_->sizeHintForIndex(operations_->index(0)).width()); }
 
 // All columns are as wide as the longest number of all steps, so that nothing moves from step to step.
 void StepsWindow::FitMatrix() {
