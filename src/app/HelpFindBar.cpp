@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSignalBlocker>
 #include <QTextBrowser>
 #include <QToolButton>
 
@@ -47,7 +48,7 @@ FindBar::FindBar(QTextBrowser& browser, QWidget* parent)
   connect(previous, &QToolButton::clicked, this, &FindBar::FindPrevious);
   connect(next, &QToolButton::clicked, this, &FindBar::FindNext);
   connect(close, &QToolButton::clicked, this, &FindBar::Dismiss);
-  connect(txtFind_, &QLineEdit::textEdited, this, &FindBar::FindWhileTyping);
+  connect(txtFind_, &QLineEdit::textChanged, this, &FindBar::FindWhileTyping);
   connect(&browser_, &QTextBrowser::sourceChanged, this, [this] { ShowResult({}, true); });
 
   auto* row = new QHBoxLayout(this);
@@ -65,7 +66,10 @@ FindBar::FindBar(QTextBrowser& browser, QWidget* parent)
 
 void FindBar::Open() {
   const QString selected = OneLineText(browser_.textCursor().selectedText());
-  if (!selected.isEmpty()) txtFind_->setText(selected);
+  if (!selected.isEmpty()) {
+    const QSignalBlocker found(txtFind_);  // what is selected stays so
+    txtFind_->setText(selected);
+  }
   show();
   txtFind_->setFocus(Qt::ShortcutFocusReason);
   txtFind_->selectAll();

@@ -115,7 +115,8 @@ void ValueEditorFrame::AddBoxes(QVBoxLayout* rows) {
     auto* text = new NumberBox;
     text->setObjectName(ControlName(box == 1 ? "txtNewCoords1" : "txtNewCoords2"));
     label->setBuddy(text);
-    connect(text, &QLineEdit::textEdited, this, [this, box](const QString& typed) {
+    // Whoever sets the text of the box has typed it, with keys or without.
+    connect(text, &QLineEdit::textChanged, this, [this, box](const QString& typed) {
       editor_.txtNewCoords_Change(editingKind_, box, FromQt(typed));
     });
     grid->addWidget(label, box, 0);
@@ -140,9 +141,11 @@ void ValueEditorFrame::AddButtons(QVBoxLayout* rows) {
   cmdNewCoordsOK_->setDefault(true);
   cmdNewCoordsCancel_ = add("cmdNewCoordsCancel", "Cancel", Qt::Key_C, "Close without a change (Esc)");
   connect(cmdNewCoordsOK_, &QPushButton::clicked, this, [this] {
+    const bool wasOpen = editor_.IsOpen(editingKind_);
     editor_.cmdNewCoordsOK_Click(editingKind_);
     ShowEditor();
     Q_EMIT EditorChanged();
+    if (wasOpen && !editor_.IsOpen(editingKind_)) Q_EMIT ValuesStored();
   });
   connect(cmdNewCoordsCancel_, &QPushButton::clicked, this, [this] {
     editor_.cmdNewCoordsCancel_Click(editingKind_);

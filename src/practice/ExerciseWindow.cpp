@@ -21,6 +21,7 @@
 
 #include "document/DocumentLifecycle.h"
 #include "paper/qt/PaperPages.h"
+#include "paper/qt/PreviewInWords.h"
 #include "platform/qt/ScreenRoom.h"
 #include "practice/ExerciseFile.h"
 #include "practice/QuestionBank.h"
@@ -117,7 +118,6 @@ void ExerciseWindow::CreatePreview() {
   connect(lstVariants_, &QListWidget::currentRowChanged, this, &ExerciseWindow::ShowVariant);
   picSheet_ = new QPrintPreviewWidget(paper_.get(), this);
   picSheet_->setObjectName(QStringLiteral("picSheet"));
-  picSheet_->setAccessibleName(QStringLiteral("Sheet and solution of the variant"));
   picSheet_->setMinimumSize(200, 160);
   picSheet_->fitToWidth();
   connect(picSheet_, &QPrintPreviewWidget::paintRequested, this, &ExerciseWindow::PaintVariant);
@@ -206,13 +206,22 @@ void ExerciseWindow::Make() {
   ShowVariant();
 }
 
-void ExerciseWindow::ShowVariant() { picSheet_->updatePreview(); }
+void ExerciseWindow::ShowVariant() {
+  picSheet_->updatePreview();
+  PutInWords(*picSheet_, QStringLiteral("Sheet and solution of the variant"), [this] {
+    const std::optional<ExerciseSet> shown = ShownVariant();
+    return shown ? ExerciseInWords(*shown, numbers_) : QString();
+  });
+}
+
+std::optional<ExerciseSet> ExerciseWindow::ShownVariant() const {
+  const int row = lstVariants_->currentRow();
+  if (row < 0 || static_cast<std::size_t>(row) >= set_.All.size()) return std::nullopt;
+  return ExerciseSet{set_.Name, set_.Wishes, {set_.All[static_cast<std::size_t>(row)]}};
+}
 
 void ExerciseWindow::PaintVariant(QPrinter* printer) const {
-  const int row = lstVariants_->currentRow();
-  if (row < 0 || static_cast<std::size_t>(row) >= set_.All.size()) return;
-  const ExerciseSet shown{set_.Name, set_.Wishes, {set_.All[static_cast<std::size_t>(row)]}};
-  PrintExercise(shown, numbers_, *printer);
+  if (const std::optional<ExerciseSet> shown = ShownVariant()) PrintExercise(*shown, numbers_, *printer);
 }
 
 SavingAs ExerciseWindow::Saving(const char* what, const char* filter, const char* ending) const {
@@ -267,6 +276,7 @@ void ExerciseWindow::Print() {
     const bool isWhole = PrintExercise(set_, numbers_, *target, std::ref(progress));
     if (!isWhole) QMetaObject::invokeMethod(&preview, &QDialog::reject, Qt::QueuedConnection);
   });
+  PutInWords(preview, QStringLiteral("Pages"), [this] { return ExerciseInWords(set_, numbers_); });
   preview.exec();
 }
 

@@ -19,9 +19,11 @@
 #include "explanation/RoundingText.h"
 #include "paper/qt/DocumentFiles.h"
 #include "paper/qt/PaperPages.h"
+#include "paper/qt/PreviewInWords.h"
 #include "paper/qt/SmoothPictures.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/ScreenRoom.h"
+#include "platform/qt/TextInWords.h"
 #include "platform/qt/WindowInFront.h"
 #include "reports/ReportProgressDialog.h"
 #include "reports/ReportWindow.h"
@@ -200,6 +202,7 @@ void PrintableReportWindow::cmdReportPrint_Click() {
     // The preview may be about to open, so it is told to close only once it is there.
     if (!PrintOn(*target)) QMetaObject::invokeMethod(&preview, &QDialog::reject, Qt::QueuedConnection);
   });
+  PutInWords(preview, QStringLiteral("Pages"), [this] { return TextInWords(*RichTextBox1->document()); });
   preview.exec();
 }
 

@@ -121,4 +121,23 @@ TEST_P(Contrast, EverythingCanBeReadInDialogs) {
   EXPECT_EQ(modalWindows_, 3);
 }
 
+// What is no letter needs less, but the mark must stand out from the button and from what is around it.
+TEST_P(Contrast, TheToolThatHasTheKeysIsMarked) {
+  Started(700, 600);
+  constexpr double seen = 3;
+  for (int tool = 1; tool <= NumTools; ++tool) {
+    auto* button = Find<QToolButton>(("imgTool(" + std::to_string(tool) + ')').c_str());
+    for (const bool isChosen : {false, true}) {
+      if (isChosen) button->click();
+      button->setFocus(Qt::TabFocusReason);
+      const QImage picture = Widget("picToolBox")->grab().toImage();
+      const auto at = [&](int x, int y) { return picture.pixelColor(button->pos() + QPoint(x, y)); };
+      for (const int x : {8, 24}) {
+        EXPECT_GE(ContrastOfColors(at(x, 0), at(x, -2)), seen) << tool << " from around it";
+        EXPECT_GE(ContrastOfColors(at(x, 1), at(x, 3)), seen) << tool << " from the button";
+      }
+    }
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(LightAndDark, Contrast, testing::Bool());
