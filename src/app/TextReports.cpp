@@ -12,6 +12,7 @@
 #include "reports/CountingReport.h"
 #include "text/CodePage.h"
 #include "text/ControlCharacters.h"
+#include "text/CsvField.h"
 
 namespace {
 
@@ -94,13 +95,6 @@ std::string CsvText(const ReportTable& table, int row, int column) {
   return text;
 }
 
-std::string CsvField(const std::string& text) {
-  if (text.find_first_of(",\"") == std::string::npos) return text;
-  std::string field = "\"";
-  for (const char character : text) field.append(character == '"' ? 2 : 1, character);
-  return field + '"';
-}
-
 std::unique_ptr<ReportTable> LoadTable(const AnalysedFile& file, CsvTable table, const ReportFormat& format) {
   switch (table) {
     case CsvTable::Equations:
@@ -162,8 +156,8 @@ void WriteCsv(std::ostream& out, const AnalysedFile& file, CsvTable which, const
     line.clear();
     for (int column = 0; column < table->NumColumns(); ++column) {
       if (column > 0) line += ',';
-      line += CsvField(CsvText(*table, row, column));
+      line += CsvField(Shown(CsvText(*table, row, column)));
     }
-    out << Shown(line) << "\r\n";
+    out << line << "\r\n";
   }
 }

@@ -13,6 +13,7 @@
 #include "canvas/PaintDrawing.h"
 #include "canvas/Paper.h"
 #include "platform/qt/AccessibleEvents.h"
+#include "platform/qt/PlaceRing.h"
 #include "platform/qt/QtSurface.h"
 #include "platform/qt/QtText.h"
 
@@ -196,12 +197,7 @@ void CanvasWidget::PaintPointer(QPainter& painter) const {
   const QPointF centre(double{OntoPaper(drawing_.Mapping.XPixel(pointedAt_->X))} + 0.5,
                        double{OntoPaper(drawing_.Mapping.YPixel(pointedAt_->Y))} + 0.5);
   constexpr double radius = 18;
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(Qt::white, 6));
-  painter.drawEllipse(centre, radius, radius);
-  painter.setPen(QPen(QColor(0, 90, 200), 3));
-  painter.drawEllipse(centre, radius, radius);
+  PaintPlaceRing(painter, centre, radius);
 }
 
 LabelIndex CanvasWidget::LabelUnder(const QPointF& position) const {

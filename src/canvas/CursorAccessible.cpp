@@ -8,12 +8,6 @@ bool CursorAccessible::isValid() const {
   return canvas_ && canvas_->Access() != nullptr && canvas_->Access()->HasCursor();
 }
 
-QWindow* CursorAccessible::window() const { return canvas_ ? canvas_->window()->windowHandle() : nullptr; }
-
-QAccessibleInterface* CursorAccessible::parent() const {
-  return QAccessible::queryAccessibleInterface(canvas_);
-}
-
 double CursorAccessible::Value() const {
   const CanvasAccess::Place place = canvas_->Access()->Cursor();
   return double{axis_ == CursorAxis::X ? place.X : place.Y};
@@ -40,15 +34,6 @@ QRect CursorAccessible::rect() const {
   const QPoint at(qRound(OntoPaper(mapping.XPixel(place.X))), qRound(OntoPaper(mapping.YPixel(place.Y))));
   constexpr int reach = 4;
   return QRect(canvas_->mapToGlobal(at), QSize(1, 1)).adjusted(-reach, -reach, reach, reach);
-}
-
-QAccessible::State CursorAccessible::state() const {
-  QAccessible::State state;
-  state.invalid = !isValid();
-  if (state.invalid) return state;
-  state.disabled = !canvas_->isEnabled();
-  state.invisible = !canvas_->isVisible();
-  return state;
 }
 
 void* CursorAccessible::interface_cast(QAccessible::InterfaceType type) {

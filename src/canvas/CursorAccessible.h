@@ -1,31 +1,19 @@
 // One coordinate of the cursor that draws, as a number that can be read and set.
 #pragma once
 
-#include <QAccessibleInterface>
-#include <QPointer>
-
-#include "canvas/CanvasWidget.h"
+#include "canvas/LeafAccessible.h"
 
 enum class CursorAxis { X, Y };
 
-class CursorAccessible final : public QAccessibleInterface, public QAccessibleValueInterface {
+class CursorAccessible final : public LeafAccessible, public QAccessibleValueInterface {
  public:
-  CursorAccessible(CanvasWidget& canvas, CursorAxis axis) : canvas_(&canvas), axis_(axis) {}
+  CursorAccessible(CanvasWidget& canvas, CursorAxis axis) : LeafAccessible(canvas), axis_(axis) {}
 
   /// As long as there is a cursor to draw with.
   bool isValid() const override;
-  QObject* object() const override { return nullptr; }
-  QWindow* window() const override;
-  QAccessibleInterface* parent() const override;
-  QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
-  QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
-  int childCount() const override { return 0; }
-  int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
   QString text(QAccessible::Text text) const override;
-  void setText(QAccessible::Text /*text*/, const QString& /*value*/) override {}
   QRect rect() const override;
   QAccessible::Role role() const override { return QAccessible::SpinBox; }
-  QAccessible::State state() const override;
   void* interface_cast(QAccessible::InterfaceType type) override;
 
   // World coordinates; the range is that of the drawing area, a step that of the grid.
@@ -40,6 +28,5 @@ class CursorAccessible final : public QAccessibleInterface, public QAccessibleVa
  private:
   double Value() const;
 
-  QPointer<CanvasWidget> canvas_;
   CursorAxis axis_;
 };

@@ -9,12 +9,6 @@ bool ElementAccessible::isValid() const {
   return canvas_ && IsShown(canvas_->Shown(), canvas_->Document(), element_);
 }
 
-QWindow* ElementAccessible::window() const { return canvas_ ? canvas_->window()->windowHandle() : nullptr; }
-
-QAccessibleInterface* ElementAccessible::parent() const {
-  return QAccessible::queryAccessibleInterface(canvas_);
-}
-
 QString ElementAccessible::Name() const {
   return OneLineText(ToQt(InWords(canvas_->Document(), element_, canvas_->Separator())));
 }
@@ -51,13 +45,10 @@ QAccessible::Role ElementAccessible::role() const {
 }
 
 QAccessible::State ElementAccessible::state() const {
-  QAccessible::State state;
-  state.invalid = !isValid();
+  QAccessible::State state = LeafAccessible::state();
   if (state.invalid) return state;
-  state.disabled = !canvas_->isEnabled();
   state.focusable = canvas_->isEnabled();
   state.focused = canvas_->hasFocus() && canvas_->FocusElement() == element_;
-  state.invisible = !canvas_->isVisible();
   state.offscreen = !canvas_->rect().intersects(rect().translated(-canvas_->mapToGlobal(QPoint(0, 0))));
   return state;
 }

@@ -1,27 +1,17 @@
 // One element of the drawing in the accessibility tree: a member, a joint, a support, a force or a name.
 #pragma once
 
-#include <QAccessibleInterface>
-#include <QPointer>
-
-#include "canvas/CanvasWidget.h"
+#include "canvas/LeafAccessible.h"
 
 /// It stays when its element is erased, and is not valid then; it is valid again when an element of the same
 /// kind and number is drawn.
-class ElementAccessible final : public QAccessibleInterface, public QAccessibleActionInterface {
+class ElementAccessible final : public LeafAccessible, public QAccessibleActionInterface {
  public:
-  ElementAccessible(CanvasWidget& canvas, const Element& element) : canvas_(&canvas), element_(element) {}
+  ElementAccessible(CanvasWidget& canvas, const Element& element)
+      : LeafAccessible(canvas), element_(element) {}
 
   bool isValid() const override;
-  QObject* object() const override { return nullptr; }
-  QWindow* window() const override;
-  QAccessibleInterface* parent() const override;
-  QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
-  QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
-  int childCount() const override { return 0; }
-  int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
   QString text(QAccessible::Text text) const override;
-  void setText(QAccessible::Text /*text*/, const QString& /*value*/) override {}
   QRect rect() const override;
   QAccessible::Role role() const override;
   QAccessible::State state() const override;
@@ -40,7 +30,6 @@ class ElementAccessible final : public QAccessibleInterface, public QAccessibleA
   bool CanPress() const;
   QString Name() const;
 
-  QPointer<CanvasWidget> canvas_;
   Element element_;
   std::string told_;  // what decides its name, as it was last
 };

@@ -78,6 +78,12 @@ void AnswersTable::TakeOver() {
 
 QString AnswersTable::Value(int row) const { return item(row, Box)->text(); }
 
+std::vector<std::string> AnswersTable::Written() const {
+  std::vector<std::string> written;
+  for (int row = 0; row < rowCount(); ++row) written.push_back(Value(row).toStdString());
+  return written;
+}
+
 void AnswersTable::ShowVerdict(int row, const QString& words) {
   const QSignalBlocker silent(this);
   item(row, Verdict)->setText(words);

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <QTableWidget>
+#include <string>
+#include <vector>
 
 class AnswersTable final : public QTableWidget {
   Q_OBJECT
@@ -17,6 +19,10 @@ class AnswersTable final : public QTableWidget {
   void TakeOver();
 
   QString Value(int row) const;
+
+  /// The boxes of all rows. UTF-8.
+  std::vector<std::string> Written() const;
+
   void ShowVerdict(int row, const QString& words);
 
  Q_SIGNALS:

@@ -6,6 +6,7 @@
 
 #include "text/CodePage.h"
 #include "text/ControlCharacters.h"
+#include "text/CsvField.h"
 
 namespace {
 
@@ -136,8 +137,5 @@ std::string CsvTextField(const std::string& utf8Text) {
   const std::size_t first = text.find_first_not_of(' ');
   if (first != std::string::npos && std::string_view("=+-@\t\r").find(text[first]) != std::string_view::npos)
     text.insert(text.begin(), '\'');
-  if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
-  std::string field = "\"";
-  for (const char character : text) field.append(character == '"' ? 2 : 1, character);
-  return field + '"';
+  return CsvField(text);
 }

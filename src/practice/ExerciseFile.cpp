@@ -10,14 +10,7 @@ namespace {
 QString FooterOf(const ExerciseSet& set) { return QString::fromStdString(WithoutControls(TitleOf(set))); }
 
 DocumentBuilder BuilderOf(const ExerciseSet& set, const NumberFormat& numbers) {
-  return [&](const DocumentTools& tools) {
-    return AppendExercise(set, {.Document = tools.Document,
-                                .Clipboard = tools.Clipboard,
-                                .Measure = tools.Measure,
-                                .Numbers = numbers,
-                                .TableRoom = tools.TableRoom,
-                                .Progress = tools.Progress});
-  };
+  return [&](const DocumentTools& tools) { return AppendExercise(set, numbers, tools); };
 }
 
 }  // namespace

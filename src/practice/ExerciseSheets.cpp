@@ -12,19 +12,12 @@
 #include "reports/RTBTable.h"
 #include "reports/ReportTables.h"
 #include "reports/TrussPaint.h"
-#include "text/CodePage.h"
 #include "text/ControlCharacters.h"
 
 namespace {
 
 constexpr float LetterPoints = 10;
 constexpr PictureContent WithNamesAndValues{.ForceValues = true, .Names = true};
-
-// A name stays on its line.
-std::string Printable(std::string text) {
-  std::erase_if(text, IsControl);
-  return ToUtf8(text);
-}
 
 // Forces in pairs of columns, name and value, as many pairs beside each other as a page has room for.
 class ForcesOnPaper final : public ReportTable {
@@ -63,8 +56,8 @@ class ForcesOnPaper final : public ReportTable {
 
 class Writer {
  public:
-  Writer(const ExerciseSet& set, const ExercisePaper& paper)
-      : set_(set), paper_(paper), report_{paper.Document, LetterPoints} {}
+  Writer(const ExerciseSet& set, const NumberFormat& numbers, const DocumentTools& paper)
+      : set_(set), numbers_(numbers), paper_(paper), report_{paper.Document, LetterPoints} {}
 
   bool Write() {
     for (const Variant& variant : set_.All) {
@@ -85,7 +78,7 @@ class Writer {
   }
 
   ReportFormat FormatOf(const Variant& variant) const {
-    return {variant.Document.Settings.SigFigs, paper_.Numbers};
+    return {variant.Document.Settings.SigFigs, numbers_};
   }
 
   void Title(const std::string& title) {
@@ -121,7 +114,7 @@ class Writer {
 
   void DrawingWithPlaces(const Variant& variant) {
     Drawing(variant);
-    Text(Printable(JointPlaces(GraphOf(variant.Document, variant.Analysis), FormatOf(variant))), 2);
+    Text(PrintableText(JointPlaces(GraphOf(variant.Document, variant.Analysis), FormatOf(variant))), 2);
   }
 
   void WriteSheet(const Variant& variant) {
@@ -159,17 +152,18 @@ class Writer {
     Text(HandText::Convention(), 2);
     int number = 0;
     for (const HandStepText& step : report.Steps) {
-      RTBText(report_, std::to_string(++number) + ".  " + Printable(step.Heading), 2, 0, BoldBlack,
+      RTBText(report_, std::to_string(++number) + ".  " + PrintableText(step.Heading), 2, 0, BoldBlack,
               LineRole::Joined);
-      for (const std::string& line : step.Lines) Text(Printable(line));
+      for (const std::string& line : step.Lines) Text(PrintableText(line));
     }
     int breaksBefore = 2;
-    for (const std::string& line : report.Closing) Text(Printable(line), std::exchange(breaksBefore, 1));
+    for (const std::string& line : report.Closing) Text(PrintableText(line), std::exchange(breaksBefore, 1));
     Text({}, 1);
   }
 
   const ExerciseSet& set_;
-  const ExercisePaper& paper_;
+  const NumberFormat& numbers_;
+  const DocumentTools& paper_;
   ReportText report_;
   int numDone_ = 0;
 };
@@ -180,4 +174,6 @@ std::string TitleOf(const ExerciseSet& set) {
   return (set.Name.empty() ? "" : set.Name + ", ") + "seed " + std::to_string(set.Wishes.Seed);
 }
 
-bool AppendExercise(const ExerciseSet& set, const ExercisePaper& paper) { return Writer(set, paper).Write(); }
+bool AppendExercise(const ExerciseSet& set, const NumberFormat& numbers, const DocumentTools& paper) {
+  return Writer(set, numbers, paper).Write();
+}

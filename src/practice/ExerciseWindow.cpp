@@ -7,10 +7,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
-#include <QPushButton>
 #include <QRegularExpressionValidator>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
@@ -23,8 +21,10 @@
 #include "paper/qt/PaperPages.h"
 #include "paper/qt/PreviewInWords.h"
 #include "platform/qt/ScreenRoom.h"
+#include "platform/qt/TippedButton.h"
 #include "practice/ExerciseFile.h"
 #include "practice/QuestionBank.h"
+#include "reports/PrintPreview.h"
 #include "reports/ReportProgressDialog.h"
 #include "text/ControlCharacters.h"
 #include "text/Sentence.h"
@@ -32,7 +32,6 @@
 namespace {
 
 constexpr int UsualNumVariants = 10;
-constexpr QSize PreviewSize(900, 720);
 
 // Milliseconds. While a number is typed every digit would make other variants.
 constexpr int RemakeDelay = 400;
@@ -94,10 +93,7 @@ void ExerciseWindow::CreateControls() {
   lblState_->setWordWrap(true);
   const auto button = [this](const char* name, const char* caption, const char* tip,
                              void (ExerciseWindow::*slot)()) {
-    auto* made = new QPushButton(QString::fromLatin1(caption), this);
-    made->setObjectName(QString::fromLatin1(name));
-    made->setToolTip(QString::fromLatin1(tip));
-    made->setAutoDefault(false);
+    auto* made = TippedButton(name, caption, tip, this);
     connect(made, &QPushButton::clicked, this, slot);
     return made;
   };
@@ -263,21 +259,14 @@ void ExerciseWindow::SaveBank() {
 void ExerciseWindow::Print() {
   if (isBusy_ || set_.All.empty()) return;
   const QScopedValueRollback busy(isBusy_, true);
-  QPrinter printer(QPrinter::HighResolution);
-  printer.setPageSize(QPageSize(QPageSize::A4));
-  SetPageMargins(printer);
-  printer.setDocName(QString::fromStdString(WithoutControls(TitleOf(set_))));
-  QPrintPreviewDialog preview(&printer, this, Qt::Window);
-  preview.setObjectName(QStringLiteral("printPreview"));
-  preview.setWindowTitle(QStringLiteral("Print the exercise"));
-  preview.resize(PreviewSize.boundedTo(WindowRoom(*this)));
-  connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, [this, &preview](QPrinter* target) {
-    ReportProgressDialog progress(QStringLiteral("Making the pages ..."), on_.ProgressDelay, this);
-    const bool isWhole = PrintExercise(set_, numbers_, *target, std::ref(progress));
-    if (!isWhole) QMetaObject::invokeMethod(&preview, &QDialog::reject, Qt::QueuedConnection);
-  });
-  PutInWords(preview, QStringLiteral("Pages"), [this] { return ExerciseInWords(set_, numbers_); });
-  preview.exec();
+  ShowPrintPreview({.What = "exercise",
+                    .Name = QString::fromStdString(WithoutControls(TitleOf(set_))),
+                    .Paint =
+                        [this](QPagedPaintDevice& device, const DocumentProgress& progress) {
+                          return PrintExercise(set_, numbers_, device, progress);
+                        },
+                    .InWords = [this] { return ExerciseInWords(set_, numbers_); }},
+                   on_.ProgressDelay, on_.Messages, *this);
 }
 
 QWidget& ExerciseWindow::FirstControl() { return *txtVariants_; }

@@ -6,6 +6,7 @@
 
 #include "explanation/Directions.h"
 #include "explanation/byjoint/HandSolution.h"
+#include "practice/JointPlaces.h"
 
 namespace {
 
@@ -46,28 +47,46 @@ struct OuterForces {
   }
 };
 
+ForceValues ValuesOf(const Table<Answer>& answers) {
+  ForceValues values(answers.Size());
+  for (int k = 1; k <= answers.Size(); ++k) values[k] = answers[k].Value;
+  return values;
+}
+
 }  // namespace
 
-TriedTruss::TriedTruss(TrussGraph graph, ForceValues solutions, const ReportFormat& format)
+TriedTruss::TriedTruss(TrussGraph graph, const Classification& reading, const ReportFormat& format)
     : graph_(std::move(graph)),
       atJoint_(UnknownsByJoint(graph_)),
-      solutions_(std::move(solutions)),
+      hasForces_(reading.Code != Outcome::Inconsistent),
+      solutions_(hasForces_ ? reading.Values : ForceValues(graph_.NumUnknowns())),
       format_(format),
       names_(graph_, format_),
       byHand_(SolveByHand(graph_)),
       order_(OrderByHand(graph_, byHand_)) {}
 
-Answer TriedTruss::Read(int unknown, std::string_view utf8Text) const {
-  const bool isMember = graph_.Unknowns[unknown].IsMember();
-  return ReadAnswer(utf8Text, isMember ? AnswerOf::Member : AnswerOf::Reaction, format_.Numbers);
+std::string TriedTruss::Opening() const {
+  if (hasForces_) return JointPlaces(graph_, format_);
+  return "The equations have no solution: no forces hold this truss under its loads, so there are none to "
+         "find. \"Why this conclusion\" tells why.";
 }
 
-Judgement TriedTruss::JudgeAll(const ForceValues& given, int numUnreadable) const {
-  const Table<Verdict> verdicts = Judge(given, solutions_);
-  Judgement judgement{Table<std::string>(given.Size()), {CountText(given, verdicts, numUnreadable)}};
-  for (int k = 1; k <= given.Size(); ++k) {
-    if (given[k]) judgement.Words[k] = WordsFor(verdicts[k]);
+Table<Answer> TriedTruss::Read(const WrittenForces& written) const {
+  Table<Answer> answers(graph_.NumUnknowns());
+  for (int k = 1; k <= answers.Size(); ++k) {
+    const AnswerOf kind = graph_.Unknowns[k].IsMember() ? AnswerOf::Member : AnswerOf::Reaction;
+    answers[k] = ReadAnswer(written[static_cast<std::size_t>(k - 1)], kind, format_.Numbers);
   }
+  return answers;
+}
+
+Judgement TriedTruss::JudgeAll(const WrittenForces& written) const {
+  const Table<Answer> answers = Read(written);
+  const ForceValues given = ValuesOf(answers);
+  const Table<Verdict> verdicts = Judge(given, solutions_);
+  Judgement judgement{Table<std::string>(given.Size()), {CountText(answers, verdicts)}};
+  for (int k = 1; k <= given.Size(); ++k)
+    judgement.Words[k] = given[k] ? WordsFor(verdicts[k]) : answers[k].Why;
   const bool isTurned = CountsTensionPositive(graph_, verdicts, solutions_);
   if (isTurned) {
     judgement.Lines.emplace_back(
@@ -81,22 +100,20 @@ Judgement TriedTruss::JudgeAll(const ForceValues& given, int numUnreadable) cons
   return judgement;
 }
 
-std::optional<Hint> TriedTruss::HintFor(const ForceValues& given) const {
-  return NextHint(graph_, byHand_, Judge(given, solutions_), names_, format_);
+std::optional<Hint> TriedTruss::HintFor(const WrittenForces& written) const {
+  return NextHint(graph_, byHand_, Judge(ValuesOf(Read(written)), solutions_), names_, format_);
 }
 
-std::string TriedTruss::CountText(const ForceValues& given, const Table<Verdict>& verdicts,
-                                  int numUnreadable) const {
-  const auto all = given.First(given.Size());
-  const auto numGiven =
-      static_cast<int>(std::ranges::count_if(all, [](const auto& value) { return value.has_value(); }));
-  if (numGiven == 0)
+std::string TriedTruss::CountText(const Table<Answer>& answers, const Table<Verdict>& verdicts) const {
+  const auto all = answers.First(answers.Size());
+  const auto numEmpty = static_cast<int>(std::ranges::count_if(all, &Answer::IsEmpty));
+  const auto numUnreadable = static_cast<int>(std::ranges::count_if(all, &Answer::IsWrong));
+  if (numEmpty + numUnreadable == answers.Size())
     return "Write a value first: a number, compression positive, or a magnitude with T or C.";
   const auto numRight = static_cast<int>(std::ranges::count(verdicts.First(verdicts.Size()), Verdict::Right));
-  const int numEmpty = given.Size() - numGiven - numUnreadable;
   const std::string unreadable =
       numUnreadable == 0 ? "" : ", " + Counted(numUnreadable, "is", "are") + " no forces";
-  return std::to_string(numRight) + " of " + Counted(given.Size(), "force is", "forces are") + " right" +
+  return std::to_string(numRight) + " of " + Counted(answers.Size(), "force is", "forces are") + " right" +
          (numEmpty == 0 ? "" : ", " + Counted(numEmpty, "is", "are") + " still empty") + unreadable + '.';
 }
 

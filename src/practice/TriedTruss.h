@@ -4,9 +4,9 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "analysis/Classification.h"
 #include "analysis/FormatSigFigs.h"
 #include "explanation/DistinctNames.h"
 #include "explanation/TrussGraph.h"
@@ -16,33 +16,43 @@
 #include "practice/Hints.h"
 #include "practice/Verdicts.h"
 
-/// What is said of a student's values. Single-byte texts.
+/// What the boxes say, in the order of the unknowns and as many, in the locale's numbers. UTF-8.
+using WrittenForces = std::vector<std::string>;
+
+/// What is said of a student's values.
 struct Judgement {
-  Table<std::string> Words;  ///< of each unknown, "right", "right size, wrong sense"; empty without a value
-  std::vector<std::string> Lines;  ///< sentences: how many are right, what hangs together, where the slip is
+  Table<std::string> Words;  ///< of each unknown, "right", or why it is no force; UTF-8; empty: nothing said
+
+  /// Sentences: how many are right, what hangs together, where the slip is. Single-byte texts.
+  std::vector<std::string> Lines;
 };
 
 class TriedTruss {
  public:
-  /// `solutions` are those of every unknown, empty for what is not determined.
-  TriedTruss(TrussGraph graph, ForceValues solutions, const ReportFormat& format);
+  /// `reading` is that of the truss's solutions.
+  TriedTruss(TrussGraph graph, const Classification& reading, const ReportFormat& format);
   TriedTruss(const TriedTruss&) = delete;
   TriedTruss& operator=(const TriedTruss&) = delete;
 
   const TrussGraph& Graph() const { return graph_; }
   const std::string& NameOf(int unknown) const { return names_.Force(unknown); }
 
-  /// What a box says, in the locale's numbers.
-  Answer Read(int unknown, std::string_view utf8Text) const;
+  /// False when no forces hold the truss under its loads: then there are none to find.
+  bool HasForces() const { return hasForces_; }
 
-  /// `numUnreadable` boxes hold no force, and count as empty but for this.
-  Judgement JudgeAll(const ForceValues& given, int numUnreadable = 0) const;
+  /// What there is to know before anything is asked: where the joints are, or that there are no forces. A
+  /// single-byte text.
+  std::string Opening() const;
+
+  /// What is no force counts as empty, but is told.
+  Judgement JudgeAll(const WrittenForces& written) const;
 
   /// What to do next; empty when nothing is left that is found by hand.
-  std::optional<Hint> HintFor(const ForceValues& given) const;
+  std::optional<Hint> HintFor(const WrittenForces& written) const;
 
  private:
-  std::string CountText(const ForceValues& given, const Table<Verdict>& verdicts, int numUnreadable) const;
+  Table<Answer> Read(const WrittenForces& written) const;
+  std::string CountText(const Table<Answer>& answers, const Table<Verdict>& verdicts) const;
   void AddReactions(const ForceValues& given, std::vector<std::string>& lines) const;
   void AddJoints(const ForceValues& given, const Table<Verdict>& verdicts,
                  std::vector<std::string>& lines) const;
@@ -51,6 +61,7 @@ class TriedTruss {
 
   TrussGraph graph_;
   Table<std::vector<int>> atJoint_;
+  bool hasForces_;
   ForceValues solutions_;
   ReportFormat format_;
   DistinctNames names_;

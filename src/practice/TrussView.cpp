@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/qt/PlaceRing.h"
 #include "platform/qt/QtPicture.h"
 
 namespace {
@@ -58,18 +59,12 @@ void TrussView::paintEvent(QPaintEvent* /*event*/) {
   if (pointedAt_) PaintRing(painter, corner);
 }
 
-// A light ring inside a dark one can be seen on lines.
 void TrussView::PaintRing(QPainter& painter, const QPointF& corner) const {
   const PixelRect frame = truss_->Drawn.Frame();
   const double x = static_cast<double>(truss_->Mapping.XPixel(pointedAt_->X)) - frame.Left;
   const double y = static_cast<double>(truss_->Mapping.YPixel(pointedAt_->Y)) - frame.Top;
   const QPointF centre = corner + QPointF(x, y) * scale_;
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(Qt::white, 6));
-  painter.drawEllipse(centre, RingRadius, RingRadius);
-  painter.setPen(QPen(QColor(0, 90, 200), 3));
-  painter.drawEllipse(centre, RingRadius, RingRadius);
+  PaintPlaceRing(painter, centre, RingRadius);
 }
 
 void TrussView::resizeEvent(QResizeEvent* event) {

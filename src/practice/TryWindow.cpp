@@ -4,7 +4,6 @@
 #include <QHideEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -12,8 +11,8 @@
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtTextMeasure.h"
 #include "platform/qt/ReadOnlyText.h"
+#include "platform/qt/TippedButton.h"
 #include "practice/AnswersTable.h"
-#include "practice/JointPlaces.h"
 #include "practice/TrussView.h"
 #include "reports/DescribePicture.h"
 #include "reports/TrussPaint.h"
@@ -21,14 +20,6 @@
 namespace {
 
 constexpr PictureContent NamesAndLoads{.ForceValues = true, .Names = true};
-
-QPushButton* Button(const char* name, const char* caption, const char* tip, QWidget* parent) {
-  auto* button = new QPushButton(QString::fromLatin1(caption), parent);
-  button->setObjectName(QString::fromLatin1(name));
-  button->setToolTip(QString::fromLatin1(tip));
-  button->setAutoDefault(false);
-  return button;
-}
 
 }  // namespace
 
@@ -58,9 +49,11 @@ void TryWindow::CreateControls() {
   txtSaid_ =
       MakeReadOnlyText(QStringLiteral("txtSaid"), QStringLiteral("What is right, and hints"), 10, this);
   txtSaid_->setMinimumSize(160, 80);
-  cmdJudge_ = Button("cmdJudge", "&Judge my values", "Says what is right, and where a slip is (Alt+J)", this);
-  cmdHint_ = Button("cmdHint", "&Hint", "What to do next; again for more, but never the value (Alt+H)", this);
-  cmdEmpty_ = Button("cmdEmpty", "&Empty all", "Empties all boxes (Alt+E)", this);
+  cmdJudge_ =
+      TippedButton("cmdJudge", "&Judge my values", "Says what is right, and where a slip is (Alt+J)", this);
+  cmdHint_ =
+      TippedButton("cmdHint", "&Hint", "What to do next; again for more, but never the value (Alt+H)", this);
+  cmdEmpty_ = TippedButton("cmdEmpty", "&Empty all", "Empties all boxes (Alt+E)", this);
   connect(cmdJudge_, &QPushButton::clicked, this, &TryWindow::JudgeValues);
   connect(cmdHint_, &QPushButton::clicked, this, &TryWindow::GiveHint);
   connect(cmdEmpty_, &QPushButton::clicked, this, &TryWindow::EmptyBoxes);
@@ -95,11 +88,8 @@ void TryWindow::LayOut() {
 }
 
 void TryWindow::ShowSubject(const LearnSubject& subject) {
-  const TrussAnalysis& analysis = subject.Reasons->Analysis();
-  const TrussGraph& graph = subject.Reasons->Graph();
-  const bool hasSolutions = analysis.Reading.Code != Outcome::Inconsistent;
-  tried_ = std::make_unique<TriedTruss>(
-      graph, hasSolutions ? analysis.Reading.Values : ForceValues(graph.NumUnknowns()), subject.Format);
+  tried_ = std::make_unique<TriedTruss>(subject.Reasons->Graph(), subject.Reasons->Analysis().Reading,
+                                        subject.Format);
   lstForces_->setFont(LettersAt96(*this, subject.Points));
   txtSaid_->setFont(LettersAt96(*this, subject.Points));
   WriteRows();
@@ -111,14 +101,9 @@ void TryWindow::ShowSubject(const LearnSubject& subject) {
   picTruss_->setAccessibleDescription(
       QString::fromStdString(DescribePicture(*subject.Document, NamesAndLoads)));
   hint_.reset();
-  opening_ = hasSolutions
-                 ? ShownText(JointPlaces(graph, subject.Format))
-                 : QStringLiteral(
-                       "The equations have no solution: no forces hold this truss under its loads, so "
-                       "there are none to find. \"Why this conclusion\" tells why.");
-  Say(opening_);
-  for (QPushButton* button : {cmdJudge_, cmdHint_, cmdEmpty_}) button->setEnabled(hasSolutions);
-  lstForces_->setEnabled(hasSolutions);
+  Say(ShownText(tried_->Opening()));
+  for (QPushButton* button : {cmdJudge_, cmdHint_, cmdEmpty_}) button->setEnabled(tried_->HasForces());
+  lstForces_->setEnabled(tried_->HasForces());
 }
 
 void TryWindow::Clear() {
@@ -136,14 +121,6 @@ void TryWindow::WriteRows() {
   lstForces_->ShowForces(names);
 }
 
-// What is no number counts as not written.
-ForceValues TryWindow::Given() const {
-  ForceValues given(lstForces_->rowCount());
-  for (int k = 1; k <= given.Size(); ++k)
-    given[k] = tried_->Read(k, lstForces_->Value(k - 1).toStdString()).Value;
-  return given;
-}
-
 // The solutions may have been judged with another value.
 void TryWindow::ForgetVerdict(int row) {
   lstForces_->ShowVerdict(row, {});
@@ -153,15 +130,9 @@ void TryWindow::ForgetVerdict(int row) {
 void TryWindow::JudgeValues() {
   if (!tried_) return;
   lstForces_->TakeOver();
-  int numUnreadable = 0;
-  for (int row = 0; row < lstForces_->rowCount(); ++row)
-    numUnreadable += tried_->Read(row + 1, lstForces_->Value(row).toStdString()).IsWrong() ? 1 : 0;
-  const Judgement judgement = tried_->JudgeAll(Given(), numUnreadable);
-  for (int k = 1; k <= judgement.Words.Size(); ++k) {
-    const Answer answer = tried_->Read(k, lstForces_->Value(k - 1).toStdString());
-    lstForces_->ShowVerdict(
-        k - 1, answer.IsWrong() ? QString::fromStdString(answer.Why) : ShownText(judgement.Words[k]));
-  }
+  const Judgement judgement = tried_->JudgeAll(lstForces_->Written());
+  for (int k = 1; k <= judgement.Words.Size(); ++k)
+    lstForces_->ShowVerdict(k - 1, QString::fromStdString(judgement.Words[k]));
   hint_.reset();
   PointAt(0);
   Say(ShownText(judgement.Lines));
@@ -172,7 +143,7 @@ void TryWindow::GiveHint() {
   if (!tried_) return;
   lstForces_->TakeOver();
   if (!hint_) {
-    hint_ = tried_->HintFor(Given());
+    hint_ = tried_->HintFor(lstForces_->Written());
     level_ = 0;
   } else {
     level_ = std::min<std::size_t>(level_ + 1, NumHintLevels - 1);
@@ -204,7 +175,7 @@ void TryWindow::EmptyBoxes() {
   WriteRows();
   hint_.reset();
   PointAt(0);
-  Say(opening_);
+  Say(ShownText(tried_->Opening()));
   lstForces_->setFocus();
 }
 

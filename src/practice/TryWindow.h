@@ -37,7 +37,6 @@ class TryWindow final : public LearnWindow {
  private:
   void CreateControls();
   void LayOut();
-  ForceValues Given() const;
   void ForgetVerdict(int row);
   void JudgeValues();
   void GiveHint();
@@ -49,7 +48,6 @@ class TryWindow final : public LearnWindow {
   std::unique_ptr<TriedTruss> tried_;
   std::optional<Hint> hint_;  // that is shown, up to level_
   std::size_t level_ = 0;
-  QString opening_;  // what is said before anything is asked
   QLabel* lblHow_;
   TrussView* picTruss_;
   AnswersTable* lstForces_;

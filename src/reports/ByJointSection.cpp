@@ -7,19 +7,11 @@
 #include "explanation/byjoint/HandPicture.h"
 #include "explanation/byjoint/HandText.h"
 #include "reports/ReportExtras.h"
-#include "text/CodePage.h"
-#include "text/ControlCharacters.h"
 
 namespace {
 
 // More pictures would fill a book, and say nothing new.
 constexpr std::size_t MostPictures = 60;
-
-// A name stays on its line.
-std::string Printable(std::string text) {
-  std::erase_if(text, IsControl);
-  return ToUtf8(text);
-}
 
 class ByJointSection {
  public:
@@ -45,11 +37,11 @@ class ByJointSection {
  private:
   void AppendStep(std::size_t index) {
     const HandStepText& step = report_.Steps[index];
-    RTBText(on_.Report, std::to_string(index + 1) + ".  " + Printable(step.Heading), 2, 0, BoldBlack,
+    RTBText(on_.Report, std::to_string(index + 1) + ".  " + PrintableText(step.Heading), 2, 0, BoldBlack,
             LineRole::Joined);
     if (solution_.Steps[index].Kind != HandStepKind::ZeroForce && numPictures_ < MostPictures) {
       ++numPictures_;
-      const std::string text = Printable(DescribeHandStep(graph_, solution_, index, on_.Format));
+      const std::string text = PrintableText(DescribeHandStep(graph_, solution_, index, on_.Format));
       const Picture picture = PictureOfHandStep(graph_, solution_, index, on_.Format, on_.Measure);
       if (!RTBPicture(picture, on_.Report, on_.Clipboard, 1, 0, text)) hasAllPictures_ = false;
       AppendNoteOfArrows(solution_.Steps[index]);
@@ -65,7 +57,7 @@ class ByJointSection {
 
   void AppendLines(const std::vector<std::string>& lines, int breaksBefore) {
     for (const std::string& line : lines) {
-      RTBText(on_.Report, Printable(line), breaksBefore, 0, PlainBlack);
+      RTBText(on_.Report, PrintableText(line), breaksBefore, 0, PlainBlack);
       breaksBefore = 1;
     }
   }

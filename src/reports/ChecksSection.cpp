@@ -2,15 +2,12 @@
 // reads the paper sees what the command line says of the file.
 #include "explanation/DrawingChecks.h"
 #include "reports/ReportExtras.h"
-#include "text/CodePage.h"
-#include "text/ControlCharacters.h"
 
 AppendedExtra AppendChecks(const ReportExtraContext& context) {
   constexpr int breaksBefore = 2;
   RTBText(context.Report, ChecksHeading, breaksBefore, 0, SectionHeading, LineRole::Heading);
-  const auto append = [&](std::string text) {
-    std::erase_if(text, IsControl);
-    RTBText(context.Report, ToUtf8(text), breaksBefore, 0, PlainBlack, LineRole::Text);
+  const auto append = [&](std::string_view text) {
+    RTBText(context.Report, PrintableText(std::string(text)), breaksBefore, 0, PlainBlack, LineRole::Text);
   };
   const std::vector<DrawingCheck> checks =
       CheckDrawing(context.Document, UsuallyDrawn(context.Document), context.Format);

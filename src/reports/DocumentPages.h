@@ -7,22 +7,9 @@
 #include <functional>
 #include <optional>
 
-#include "paper/RichText.h"
-#include "platform/TextMeasure.h"
-#include "reports/RTBPicture.h"
+#include "reports/DocumentTools.h"
 
-/// What a document is built with. All of it lives as long as the call.
-struct DocumentTools {
-  RichText& Document;
-  ClipboardAccess Clipboard;  ///< a shelf of its own, which never fails
-  TextMeasure Measure;
-  float TableRoom = 0;  ///< width of the paper's text, points
-
-  /// Told how much is done, 0 .. 1; false when the user wants no more, or the device refuses pages.
-  std::function<bool(double done)> Progress;
-};
-
-/// Appends the document; false when it was ended.
+/// Appends the document, with a shelf of its own for pictures, which never fails; false when it was ended.
 using DocumentBuilder = std::function<bool(const DocumentTools&)>;
 
 /// Told how much is done, 0 .. 1; returns false when the user wants no more.

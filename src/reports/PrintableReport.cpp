@@ -174,11 +174,10 @@ class ReportBuilder {
 
   void AppendNotice() {
     const bool hasReasons = std::ranges::count(context_.With, ReportExtra::Why) > 0;
-    std::string notice = NoticeBelowConclusion(Reasons().Graph(), Reasons().Rounded(), format_,
-                                               hasReasons ? ReadOn::FurtherBelow : ReadOn::OnPaper);
+    const std::string notice = NoticeBelowConclusion(Reasons().Graph(), Reasons().Rounded(), format_,
+                                                     hasReasons ? ReadOn::FurtherBelow : ReadOn::OnPaper);
     if (notice.empty()) return;
-    std::erase_if(notice, IsControl);
-    AppendText(ToUtf8(notice));
+    AppendText(PrintableText(notice));
   }
 
   bool AppendExtra(ReportExtra extra) {

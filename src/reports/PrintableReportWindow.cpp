@@ -5,10 +5,6 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QLocale>
-#include <QPaintEngine>
-#include <QPrintPreviewDialog>
-#include <QPrinter>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -18,13 +14,11 @@
 #include "document/DocumentLifecycle.h"
 #include "explanation/RoundingText.h"
 #include "paper/qt/DocumentFiles.h"
-#include "paper/qt/PaperPages.h"
-#include "paper/qt/PreviewInWords.h"
 #include "paper/qt/SmoothPictures.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/ScreenRoom.h"
 #include "platform/qt/TextInWords.h"
-#include "platform/qt/WindowInFront.h"
+#include "reports/PrintPreview.h"
 #include "reports/ReportProgressDialog.h"
 #include "reports/ReportWindow.h"
 #include "text/ControlCharacters.h"
@@ -34,7 +28,6 @@ namespace {
 // Pixels.
 constexpr int DocumentMargin = 10;
 constexpr QSize StartSize(720, 620);
-constexpr QSize PreviewSize(900, 720);
 
 // A document with more characters keeps the width that it was laid out for, so that changing the window's
 // size does not lay out millions of characters again.
@@ -43,25 +36,10 @@ constexpr int LongDocument = 1'000'000;
 constexpr auto FileFilter =
     "Rich Text (*.rtf)|*.rtf|PDF (*.pdf)|*.pdf|OpenDocument Text (*.odt)|*.odt|Web Page (*.html)|*.html";
 
-QPageSize PaperOfThisCountry() {
-  return QPageSize(QLocale::system().measurementSystem() == QLocale::ImperialUSSystem ? QPageSize::Letter
-                                                                                      : QPageSize::A4);
-}
-
 QString DocumentName(const std::string& fileName) {
   const QString name = QFileInfo(QString::fromStdString(WithoutControls(fileName))).completeBaseName();
   return name.isEmpty() ? QStringLiteral("Orvane report") : name;
 }
-
-void PreparePaper(QPrinter& printer, const std::string& fileName) {
-  printer.setPageSize(PaperOfThisCountry());
-  SetPageMargins(printer);
-  printer.setDocName(DocumentName(fileName));
-  printer.setCreator(QStringLiteral("Orvane"));
-}
-
-// The preview records pages as pictures.
-bool IsPreview(const QPrinter& printer) { return printer.paintEngine()->type() == QPaintEngine::Picture; }
 
 }  // namespace
 
@@ -192,33 +170,14 @@ void PrintableReportWindow::cmdCopyToClipboard_Click() {
 void PrintableReportWindow::cmdReportPrint_Click() {
   if (busy_ || !HasDocument()) return;
   const QScopedValueRollback busy(busy_, true);
-  QPrinter printer(QPrinter::HighResolution);
-  PreparePaper(printer, on_.Subject.Document.FileName);
-  QPrintPreviewDialog preview(&printer, this, Qt::Window);
-  preview.setObjectName(QStringLiteral("printPreview"));
-  preview.setWindowTitle(QStringLiteral("Print the report"));
-  preview.resize(PreviewSize.boundedTo(WindowRoom(*this)));
-  connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, [this, &preview](QPrinter* target) {
-    // The preview may be about to open, so it is told to close only once it is there.
-    if (!PrintOn(*target)) QMetaObject::invokeMethod(&preview, &QDialog::reject, Qt::QueuedConnection);
-  });
-  PutInWords(preview, QStringLiteral("Pages"), [this] { return TextInWords(*RichTextBox1->document()); });
-  preview.exec();
-}
-
-// False when the user has cancelled.
-bool PrintableReportWindow::PrintOn(QPrinter& printer) {
-  const bool onPaper = !IsPreview(printer);
-  const QString what =
-      onPaper ? QStringLiteral("Printing the report ...") : QStringLiteral("Making the pages ...");
-  ReportProgressDialog progress(what, on_.ProgressDelay, WindowInFront());
-  const bool printed = PrintReport(on_.Subject, printer, std::ref(progress));
-  if (printed || progress.wasCanceled()) return printed;
-  progress.hide();
-  if (onPaper) {
-    on_.Access.Messages.Show({.Text = "The report could not be printed.", .Icon = MessageIcon::Exclamation});
-  }
-  return true;
+  ShowPrintPreview({.What = "report",
+                    .Name = DocumentName(on_.Subject.Document.FileName),
+                    .Paint =
+                        [this](QPagedPaintDevice& device, const DocumentProgress& progress) {
+                          return PrintReport(on_.Subject, device, progress);
+                        },
+                    .InWords = [this] { return TextInWords(*RichTextBox1->document()); }},
+                   on_.ProgressDelay, on_.Access.Messages, *this);
 }
 
 void PrintableReportWindow::cmdReportSaveAs_Click() {

@@ -13,7 +13,6 @@
 #include "reports/SavingAs.h"
 
 class QCheckBox;
-class QPrinter;
 class QPushButton;
 class QTextEdit;
 class ReportWindow;
@@ -80,7 +79,6 @@ class PrintableReportWindow final : public QDialog {
   void cmdCopyToClipboard_Click();
   void cmdReportPrint_Click();
   void cmdReportSaveAs_Click();
-  bool PrintOn(QPrinter& printer);
   SavingAs Saving() const;
   void SaveAs(const std::string& path, DocumentFileFormat format, const SavingAs& saving);
   void ChooseExtras();

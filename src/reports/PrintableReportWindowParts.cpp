@@ -1,12 +1,12 @@
 // The controls of the printable report's window, and where they stand.
 #include <QAction>
 #include <QCheckBox>
-#include <QPushButton>
 #include <QTextEdit>
 #include <algorithm>
 
 #include "platform/qt/FittedText.h"
 #include "platform/qt/TextInWords.h"
+#include "platform/qt/TippedButton.h"
 #include "reports/PrintableReportWindow.h"
 
 namespace {
@@ -28,14 +28,6 @@ constexpr int SmallestHeight = 200;
 
 constexpr auto CopyToolTip =
     "copies the selected text or (if nothing selected) the entire report to the clipboard";
-
-QPushButton* MakeButton(const char* name, const char* text, const QString& toolTip, QWidget* parent) {
-  auto* button = new QPushButton(QString::fromUtf8(text), parent);
-  button->setObjectName(QString::fromUtf8(name));
-  button->setToolTip(toolTip);
-  button->setAutoDefault(false);
-  return button;
-}
 
 QSize LargestOf(const std::vector<QCheckBox*>& boxes) {
   QSize largest(0, 0);
@@ -63,12 +55,12 @@ void PrintableReportWindow::MakeTextBox() {
 }
 
 void PrintableReportWindow::MakeButtons() {
-  cmdReportPrint = MakeButton("cmdReportPrint", "&Print ...",
-                              QStringLiteral("shows the pages and prints them (Ctrl+P)"), this);
-  cmdCopyToClipboard = MakeButton("cmdCopyToClipboard", "&Copy", QString::fromUtf8(CopyToolTip), this);
-  cmdReportClose = MakeButton("cmdReportClose", "Close", QStringLiteral("closes this window (Esc)"), this);
-  cmdReportSaveAs = MakeButton("cmdReportSaveAs", "&Save as ...",
-                               QStringLiteral("saves the report in a file (Ctrl+S)"), this);
+  cmdReportPrint =
+      TippedButton("cmdReportPrint", "&Print ...", "shows the pages and prints them (Ctrl+P)", this);
+  cmdCopyToClipboard = TippedButton("cmdCopyToClipboard", "&Copy", CopyToolTip, this);
+  cmdReportClose = TippedButton("cmdReportClose", "Close", "closes this window (Esc)", this);
+  cmdReportSaveAs =
+      TippedButton("cmdReportSaveAs", "&Save as ...", "saves the report in a file (Ctrl+S)", this);
   cmdReportClose->setDefault(true);
   connect(cmdReportPrint, &QPushButton::clicked, this, &PrintableReportWindow::cmdReportPrint_Click);
   connect(cmdCopyToClipboard, &QPushButton::clicked, this, &PrintableReportWindow::cmdCopyToClipboard_Click);

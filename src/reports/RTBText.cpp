@@ -1,6 +1,7 @@
 #include "reports/RTBText.h"
 
-#include <string>
+#include "text/CodePage.h"
+#include "text/ControlCharacters.h"
 
 namespace {
 
@@ -20,6 +21,11 @@ CharacterFormat FormatOf(std::string_view code, float points) {
                          .Underlined = isOn(2),
                          .Colour = hasColour ? code[3] - '0' : Black,
                          .Points = points};
+}
+
+std::string PrintableText(std::string text) {
+  std::erase_if(text, IsControl);
+  return ToUtf8(text);
 }
 
 void RTBTitle(const ReportText& report, std::string_view title, int breaksBefore, int breaksAfter) {

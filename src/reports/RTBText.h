@@ -1,6 +1,7 @@
 // Appending text to the printable report: the format codes, the title, and single pieces of formatted text.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "paper/RichText.h"
@@ -23,6 +24,10 @@ struct ReportText {
 
 /// The title's letters are this much larger than the text, points.
 inline constexpr float TitleEnlargement = 8;
+
+/// A single-byte text as documents take it, UTF-8: without control characters, so that a name stays on its
+/// line.
+std::string PrintableText(std::string text);
 
 /// Appends the document's title between line breaks: bold, and larger than the text. It stands on a line of
 /// its own, so the end of that line belongs to it and is not one of the line breaks after. UTF-8.

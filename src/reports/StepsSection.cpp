@@ -5,8 +5,6 @@
 #include "explanation/steps/PlainElimination.h"
 #include "explanation/steps/StepLines.h"
 #include "reports/ReportExtras.h"
-#include "text/CodePage.h"
-#include "text/ControlCharacters.h"
 
 AppendedExtra AppendSteps(const ReportExtraContext& context) {
   RTBText(context.Report, "Elimination, step by step:", 2, 0, SectionHeading, LineRole::Heading);
@@ -17,11 +15,10 @@ AppendedExtra AppendSteps(const ReportExtraContext& context) {
   bool isFirst = true;
   double numDone = 0;
   for (const StepLine& line : lines) {
-    std::string printable = line.Text;  // a name stays on its line
-    std::erase_if(printable, IsControl);
+    std::string printable = PrintableText(line.Text);
     if (line.Kind == StepLineKind::Remark) printable.insert(0, "      ");
     const bool begins = isFirst || line.Kind == StepLineKind::Pivot;
-    RTBText(context.Report, ToUtf8(printable), begins ? 2 : 1, 0,
+    RTBText(context.Report, printable, begins ? 2 : 1, 0,
             line.Kind == StepLineKind::Pivot ? BoldBlack : PlainBlack);
     isFirst = false;
     if (!context.Progress(++numDone / static_cast<double>(lines.size()))) return AppendedExtra::Ended;

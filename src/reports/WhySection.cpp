@@ -8,8 +8,6 @@
 #include "explanation/MotionText.h"
 #include "reports/RTBTable.h"
 #include "reports/ReportExtras.h"
-#include "text/CodePage.h"
-#include "text/ControlCharacters.h"
 
 namespace {
 
@@ -53,10 +51,9 @@ class WhySection {
     RTBText(on_.Report, heading, BreaksBefore, 0, SectionHeading, LineRole::Heading);
   }
 
-  // A name stays on its line, and a text on the page of its picture.
+  // A text stays on the page of its picture.
   void AppendText(std::string text, LineRole role = LineRole::Text) {
-    std::erase_if(text, IsControl);
-    RTBText(on_.Report, ToUtf8(text), BreaksBefore, 0, PlainBlack, role);
+    RTBText(on_.Report, PrintableText(std::move(text)), BreaksBefore, 0, PlainBlack, role);
   }
 
   // Set smaller where the paper is too narrow for it.
@@ -78,14 +75,13 @@ class WhySection {
 
   bool AppendMotion(std::size_t index) {
     const Motion& motion = explanation_.Exact.Motions[index];
-    std::string text = "Drawing of the truss in motion " + std::to_string(index + 1) +
-                       ", with an arrow at each joint that moves. " +
-                       MotionText(explanation_.Graph, motion, on_.Format);
-    std::erase_if(text, IsControl);
+    const std::string text = "Drawing of the truss in motion " + std::to_string(index + 1) +
+                             ", with an arrow at each joint that moves. " +
+                             MotionText(explanation_.Graph, motion, on_.Format);
     const Picture picture = MotionPicture(
         {.Document = on_.Document, .Graph = explanation_.Graph, .Moves = &motion, .Format = on_.Format},
         on_.Measure);
-    if (!RTBPicture(picture, on_.Report, on_.Clipboard, BreaksBefore, 0, ToUtf8(text))) {
+    if (!RTBPicture(picture, on_.Report, on_.Clipboard, BreaksBefore, 0, PrintableText(text))) {
       hasAllPictures_ = false;
     }
     return on_.Progress(static_cast<double>(index + 1) / static_cast<double>(NumMotionsTold() + 1));

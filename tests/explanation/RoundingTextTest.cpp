@@ -6,6 +6,7 @@
 #include <cmath>
 #include <map>
 
+#include "ExplanationFixture.h"
 #include "explanation/Explanation.h"
 #include "explanation/ExplanationText.h"
 #include "support/TrussBuilder.h"

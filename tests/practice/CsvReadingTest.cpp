@@ -77,13 +77,6 @@ TEST(CsvReading, AnyBytesAreReadOrRefused) {
   }
 }
 
-TEST(CsvTextField, IsQuotedWhereItMustBe) {
-  EXPECT_EQ(CsvTextField("Ann Lee"), "Ann Lee");
-  EXPECT_EQ(CsvTextField("Lee, Ann"), "\"Lee, Ann\"");
-  EXPECT_EQ(CsvTextField("a \"b\""), "\"a \"\"b\"\"\"");
-  EXPECT_EQ(CsvTextField("a\nb"), "\"a\nb\"");
-}
-
 TEST(CsvTextField, IsNoFormulaAnywhere) {
   for (const char* text : {"=1+1", "+1", "-1", "@SUM(A1)", "\t=1", "  =1"})
     EXPECT_EQ(CsvTextField(text), "'" + std::string(text)) << text;

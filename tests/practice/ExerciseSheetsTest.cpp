@@ -35,12 +35,12 @@ std::string BankOf(const Truss& truss, const std::string& name = "triangle") {
 class ExerciseSheetsTest : public testing::Test {
  protected:
   bool Append(const ExerciseSet& set) {
-    return AppendExercise(set, {.Document = Document,
-                                .Clipboard = {clipboard_, clock_, messages_},
-                                .Measure = RecordingSurface::Measure,
-                                .Numbers = {},
-                                .TableRoom = 480,
-                                .Progress = Progress});
+    return AppendExercise(set, NumberFormat(),
+                          {.Document = Document,
+                           .Clipboard = {clipboard_, clock_, messages_},
+                           .Measure = RecordingSurface::Measure,
+                           .TableRoom = 480,
+                           .Progress = Progress});
   }
 
  private:

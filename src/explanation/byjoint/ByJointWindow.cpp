@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QSignalBlocker>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -20,6 +19,7 @@
 #include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/ReadOnlyText.h"
+#include "platform/qt/TippedButton.h"
 
 ByJointWindow::ByJointWindow(QWidget* parent)
     : LearnWindow(QStringLiteral("ByJoint"), QStringLiteral("Joint by joint"), parent) {
@@ -51,15 +51,9 @@ void ByJointWindow::CreateControls() {
   lblStep_->setObjectName(QStringLiteral("lblStep"));
   lblStep_->setAlignment(Qt::AlignCenter);
 
-  const auto button = [this](const char* name, const char* caption, const char* tip) {
-    auto* made = new QPushButton(QString::fromLatin1(caption), this);
-    made->setObjectName(QString::fromLatin1(name));
-    made->setToolTip(QString::fromLatin1(tip));
-    return made;
-  };
-  cmdBack_ = button("cmdBack", "&Back", "The step before (Alt+B)");
-  cmdNext_ = button("cmdNextStep", "&Next", "The next step (Alt+N)");
-  cmdCopy_ = button("cmdCopy", "&Copy", "Copies all steps as text (Alt+C)");
+  cmdBack_ = TippedButton("cmdBack", "&Back", "The step before (Alt+B)", this);
+  cmdNext_ = TippedButton("cmdNextStep", "&Next", "The next step (Alt+N)", this);
+  cmdCopy_ = TippedButton("cmdCopy", "&Copy", "Copies all steps as text (Alt+C)", this);
   connect(cmdBack_, &QPushButton::clicked, this, [this] { GoTo(lstSteps_->currentRow() - 1); });
   connect(cmdNext_, &QPushButton::clicked, this, [this] { GoTo(lstSteps_->currentRow() + 1); });
   connect(cmdCopy_, &QPushButton::clicked, this,

@@ -8,7 +8,6 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QMimeData>
-#include <QPushButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QSplitter>
@@ -25,6 +24,7 @@
 #include "platform/qt/QtPicture.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/ReadOnlyText.h"
+#include "platform/qt/TippedButton.h"
 
 namespace {
 
@@ -35,14 +35,6 @@ constexpr float LettersOfDrawing = 0.8F;
 constexpr int FewestRowsSeen = 4;
 
 constexpr int NumColumns = static_cast<int>(std::size(ForceRowHeads));
-
-QPushButton* Button(const char* name, const char* caption, const char* toolTip, QWidget* parent) {
-  auto* button = new QPushButton(QString::fromLatin1(caption), parent);
-  button->setObjectName(QString::fromLatin1(name));
-  button->setToolTip(QString::fromLatin1(toolTip));
-  button->setAutoDefault(false);
-  return button;
-}
 
 }  // namespace
 
@@ -62,11 +54,12 @@ void ForcesWindow::CreateControls() {
   picForces_->setAccessibleName(QStringLiteral("Drawing of the truss with its forces"));
   connect(picForces_, &ForcesView::Clicked, this, &ForcesWindow::Choose);
   connect(picForces_, &ForcesView::DrawnAnew, this, &ForcesWindow::ShowState);
-  cmdZoomIn_ = Button("cmdZoomIn", "Zoom &in", "Larger (Ctrl++, or the mouse wheel)", this);
-  cmdZoomOut_ = Button("cmdZoomOut", "Zoom &out", "Smaller (Ctrl+-, or the mouse wheel)", this);
-  cmdZoomWhole_ = Button("cmdZoomWhole", "&Whole truss", "All of the truss (Ctrl+0)", this);
-  cmdCopyForces_ = Button("cmdCopyForces", "Copy &picture",
-                          "Copies the drawing with its legend (Ctrl+C while the drawing has the keys)", this);
+  cmdZoomIn_ = TippedButton("cmdZoomIn", "Zoom &in", "Larger (Ctrl++, or the mouse wheel)", this);
+  cmdZoomOut_ = TippedButton("cmdZoomOut", "Zoom &out", "Smaller (Ctrl+-, or the mouse wheel)", this);
+  cmdZoomWhole_ = TippedButton("cmdZoomWhole", "&Whole truss", "All of the truss (Ctrl+0)", this);
+  cmdCopyForces_ =
+      TippedButton("cmdCopyForces", "Copy &picture",
+                   "Copies the drawing with its legend (Ctrl+C while the drawing has the keys)", this);
   connect(cmdZoomIn_, &QPushButton::clicked, picForces_, &ForcesView::ZoomIn);
   connect(cmdZoomOut_, &QPushButton::clicked, picForces_, &ForcesView::ZoomOut);
   connect(cmdZoomWhole_, &QPushButton::clicked, picForces_, &ForcesView::ShowWhole);

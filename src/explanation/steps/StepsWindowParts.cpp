@@ -8,7 +8,6 @@
 #include <QLabel>
 #include <QListView>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QSlider>
 #include <QSplitter>
 #include <QTableView>
@@ -21,6 +20,7 @@
 #include "explanation/steps/StepsTour.h"
 #include "explanation/steps/StepsWindow.h"
 #include "platform/qt/ReadOnlyText.h"
+#include "platform/qt/TippedButton.h"
 
 namespace {
 
@@ -83,19 +83,13 @@ void StepsWindow::CreateMatrix() {
 }
 
 void StepsWindow::CreateControls() {
-  const auto button = [this](const char* name, const char* caption, const char* tip) {
-    auto* made = new QPushButton(QString::fromLatin1(caption), this);
-    made->setObjectName(QString::fromLatin1(name));
-    made->setToolTip(QString::fromLatin1(tip));
-    made->setAutoDefault(false);
-    return made;
-  };
-  cmdFirst_ = button("cmdFirst", "&First", "The equations as they were assembled (Alt+F)");
-  cmdBack_ = button("cmdBack", "&Back", "What was shown before (Alt+B)");
-  cmdPlay_ = button("cmdPlay", "&Play", "");
-  cmdNext_ = button("cmdNextStep", "&Next", "Carries the operation out, or chooses the next one (Alt+N)");
-  cmdLast_ = button("cmdLast", "&Last", "The reduced matrix, as in the RREF report (Alt+L)");
-  cmdCopy_ = button("cmdCopy", "&Copy", "Copies all steps as text (Alt+C)");
+  cmdFirst_ = TippedButton("cmdFirst", "&First", "The equations as they were assembled (Alt+F)", this);
+  cmdBack_ = TippedButton("cmdBack", "&Back", "What was shown before (Alt+B)", this);
+  cmdPlay_ = TippedButton("cmdPlay", "&Play", "", this);
+  cmdNext_ = TippedButton("cmdNextStep", "&Next",
+                          "Carries the operation out, or chooses the next one (Alt+N)", this);
+  cmdLast_ = TippedButton("cmdLast", "&Last", "The reduced matrix, as in the RREF report (Alt+L)", this);
+  cmdCopy_ = TippedButton("cmdCopy", "&Copy", "Copies all steps as text (Alt+C)", this);
   const auto goes = [this](QPushButton* from, auto where) {
     connect(from, &QPushButton::clicked, this, [this, where] {
       StopPlaying();
