@@ -10,6 +10,7 @@
 
 #include "app/HelpIcons.h"
 #include "platform/qt/FittedText.h"
+#include "platform/qt/MixedColor.h"
 #include "platform/qt/QtText.h"
 
 namespace {
@@ -33,6 +34,7 @@ FindBar::FindBar(QTextBrowser& browser, QWidget* parent)
   txtFind_->setObjectName(QStringLiteral("txtFind"));
   txtFind_->setAccessibleName(QStringLiteral("Find in page"));
   txtFind_->setPlaceholderText(QStringLiteral("Find in page"));
+  FollowColors();
   txtFind_->setClearButtonEnabled(true);
   txtFind_->setMaximumWidth(280);
   lblFound_->setObjectName(QStringLiteral("lblFound"));
@@ -62,6 +64,17 @@ FindBar::FindBar(QTextBrowser& browser, QWidget* parent)
   row->addWidget(close);
   setFocusProxy(txtFind_);
   hide();
+}
+
+void FindBar::FollowColors() {
+  QPalette readable = palette();
+  readable.setColor(QPalette::PlaceholderText, FaintLetters(readable));
+  txtFind_->setPalette(readable);
+}
+
+void FindBar::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) FollowColors();
 }
 
 void FindBar::Open() {

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QGraphicsView>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <utility>
 
 #include "platform/qt/TextInWords.h"
@@ -17,6 +18,8 @@ void PutInWords(QPrintPreviewWidget& preview, const QString& name, std::function
 
 void PutInWords(QPrintPreviewDialog& dialog, const QString& name, std::function<QString()> text) {
   if (auto* preview = dialog.findChild<QPrintPreviewWidget*>()) PutInWords(*preview, name, std::move(text));
+  // The toolkit puts a window of its own into the dialog.
+  for (auto* inner : dialog.findChildren<QMainWindow*>()) inner->setAccessibleName(dialog.windowTitle());
   for (auto* zoom : dialog.findChildren<QComboBox*>()) {
     zoom->setAccessibleName(QStringLiteral("Zoom"));
     if (zoom->lineEdit() != nullptr) zoom->lineEdit()->setAccessibleName(QStringLiteral("Zoom"));
