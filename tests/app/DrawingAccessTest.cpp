@@ -235,6 +235,7 @@ TEST_F(DrawingInWords, ANameIsAskedForByWhatItNamesAndTheKeysComeBackToIt) {
   QApplication::processEvents();
   EXPECT_EQ(modalWindows_, 1);
   EXPECT_EQ(about, QString::fromUtf8(name));
+  form_->activateWindow();  // as a window manager does when a dialog has gone
   EXPECT_TRUE(QTest::qWaitFor([&] { return label->state().focused; }));
   EXPECT_GE(listener.Count(QAccessible::Focus, QString::fromUtf8(name)), 1);
 }
