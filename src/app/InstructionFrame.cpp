@@ -11,6 +11,7 @@
 #include "app/Icons.h"
 #include "platform/qt/AccessibleRole.h"
 #include "platform/qt/FittedText.h"
+#include "platform/qt/OnPress.h"
 
 namespace {
 
@@ -92,7 +93,7 @@ InstructionFrame::InstructionFrame(QWidget* parent) : QFrame(parent) {
   cmdOKInstruct1->setObjectName(QStringLiteral("cmdOKInstruct1"));
   cmdOKInstruct1->setShortcut(Qt::ALT | Qt::Key_O);
   cmdOKInstruct1->setAutoDefault(true);
-  connect(cmdOKInstruct1, &QPushButton::clicked, this, &InstructionFrame::Dismissed);
+  OnPress(cmdOKInstruct1, this, &InstructionFrame::Dismissed);
   setFocusProxy(cmdOKInstruct1);
 
   rows_ = new QVBoxLayout(this);

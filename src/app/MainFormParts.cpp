@@ -17,6 +17,7 @@
 #include "app/StatusPanel.h"
 #include "app/TrussDrop.h"
 #include "platform/qt/FittedText.h"
+#include "platform/qt/OnPress.h"
 #include "platform/qt/WindowInFront.h"
 #include "reports/JointEquationsPanel.h"
 #include "reports/ReportWindow.h"
@@ -91,7 +92,7 @@ void MainForm::CreateToolPanel() {
       AddStepCaption(picToolBox_, QStringLiteral("Label9"), QStringLiteral("Step 1\nDesign the truss"));
   navigation.Next = AddStepButton(picToolBox_, QStringLiteral("cmdNext1"), QStringLiteral("&Next >"),
                                   QStringLiteral("Go to Step 2: name the forces and joints (Alt+Right)"));
-  connect(navigation.Next, &QPushButton::clicked, this, &MainForm::cmdNext1_Click);
+  OnPress(navigation.Next, this, &MainForm::cmdNext1_Click);
 }
 
 void MainForm::CreateNamePanel() {
@@ -104,8 +105,8 @@ void MainForm::CreateNamePanel() {
   QPushButton* clearNames =
       AddPanelButton(picStep2_, QStringLiteral("cmdAutoName(2)"), QStringLiteral("&Clear Names"),
                      QStringLiteral("Clear all the names"), 110, 98);
-  connect(autoName, &QPushButton::clicked, this, [this] { cmdAutoName_Click(1); });
-  connect(clearNames, &QPushButton::clicked, this, [this] { cmdAutoName_Click(2); });
+  OnPress(autoName, this, [this] { cmdAutoName_Click(1); });
+  OnPress(clearNames, this, [this] { cmdAutoName_Click(2); });
   StepNavigation& navigation = navigation_[1];
   navigation.CaptionLeft = 217;
   navigation.Caption =
@@ -114,8 +115,8 @@ void MainForm::CreateNamePanel() {
                                   QStringLiteral("Go back to Step 1: design the truss (Alt+Left)"));
   navigation.Next = AddStepButton(picStep2_, QStringLiteral("cmdNext2"), QStringLiteral("&Next >"),
                                   QStringLiteral("Go to Step 3: view the reports (Alt+Right)"));
-  connect(navigation.Prev, &QPushButton::clicked, this, &MainForm::cmdPrev2_Click);
-  connect(navigation.Next, &QPushButton::clicked, this, &MainForm::cmdNext2_Click);
+  OnPress(navigation.Prev, this, &MainForm::cmdPrev2_Click);
+  OnPress(navigation.Next, this, &MainForm::cmdNext2_Click);
 }
 
 void MainForm::CreateReportPanel() {
@@ -143,7 +144,7 @@ void MainForm::CreateReportPanel() {
     QPushButton* control =
         AddPanelButton(picStep3_, QString::fromLatin1(button.Name), QString::fromUtf8(button.Text),
                        QString::fromUtf8(button.ToolTip), 8 + i * (width + 2), width);
-    connect(control, &QPushButton::clicked, this, [this, report = button.Report] { ShowReport(report); });
+    OnPress(control, this, [this, report = button.Report] { ShowReport(report); });
   }
   StepNavigation& navigation = navigation_[2];
   navigation.CaptionLeft = 321;
@@ -151,7 +152,7 @@ void MainForm::CreateReportPanel() {
       AddStepCaption(picStep3_, QStringLiteral("Label11"), QStringLiteral("Step 3\nView reports"));
   navigation.Prev = AddStepButton(picStep3_, QStringLiteral("cmdPrev3"), QStringLiteral("< &Back"),
                                   QStringLiteral("Go back to Step 2: name the forces and joints (Alt+Left)"));
-  connect(navigation.Prev, &QPushButton::clicked, this, &MainForm::cmdPrev3_Click);
+  OnPress(navigation.Prev, this, &MainForm::cmdPrev3_Click);
 }
 
 void MainForm::CreateStatusBar() {

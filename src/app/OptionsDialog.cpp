@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "platform/qt/FittedText.h"
+#include "platform/qt/OnPress.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/ScreenRoom.h"
 
@@ -147,9 +148,9 @@ void OptionsDialog::MakeButtons() {
   cmdCancel = MakeButton("cmdCancel", "Cancel", Qt::Key_A);
   cmdFactory = MakeButton("cmdFactory", "Factory settings", Qt::Key_F);
   cmdFactory->setToolTip(QStringLiteral("Set all options to factory settings"));
-  connect(cmdClose, &QPushButton::clicked, this, &OptionsDialog::CloseIfGood);
-  connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(cmdFactory, &QPushButton::clicked, this, [this] { ShowInput(FactorySettings(format_)); });
+  OnPress(cmdClose, this, &OptionsDialog::CloseIfGood);
+  OnPress(cmdCancel, this, &QDialog::reject);
+  OnPress(cmdFactory, this, [this] { ShowInput(FactorySettings(format_)); });
 }
 
 void OptionsDialog::LayOut() {

@@ -10,7 +10,7 @@
 
 namespace {
 
-using Picture = std::vector<PictureShape>;
+using Shapes = std::vector<PictureShape>;
 
 constexpr float BoxSize = 32;
 constexpr float PinRadius = 3;
@@ -28,23 +28,23 @@ PictureShape CircleShape(float x, float y, float radius, int fill) {
   return {.Kind = ShapeKind::Circle, .Points = {{x, y}}, .Radius = radius, .Fill = fill};
 }
 
-void AddGround(Picture& picture, float y) {
+void AddGround(Shapes& picture, float y) {
   picture.push_back(LineShape(4, y, 28, y));
   for (const float x : {8.0F, 13.0F, 18.0F, 23.0F, 28.0F}) {
     picture.push_back(LineShape(x, y, x - 4, y + 4));
   }
 }
 
-Picture Clamp() {
-  Picture picture;
+Shapes Clamp() {
+  Shapes picture;
   AddGround(picture, 27);
   picture.push_back({.Kind = ShapeKind::Polygon, .Points = {{16, 16}, {25, 27}, {7, 27}}, .Fill = LightGrey});
   picture.push_back(CircleShape(16, 16, PinRadius, White));
   return picture;
 }
 
-Picture Roller() {
-  Picture picture;
+Shapes Roller() {
+  Shapes picture;
   AddGround(picture, 27);
   picture.push_back(CircleShape(11.5F, 24.5F, 2.5F, White));
   picture.push_back(CircleShape(20.5F, 24.5F, 2.5F, White));
@@ -67,15 +67,15 @@ PixelPoint Turned(PixelPoint point, GroundSide side) {
   return point;
 }
 
-Picture Turned(Picture picture, GroundSide side) {
+Shapes Turned(Shapes picture, GroundSide side) {
   for (PictureShape& shape : picture) {
     for (PixelPoint& point : shape.Points) point = Turned(point, side);
   }
   return picture;
 }
 
-std::array<Picture, LastSupportType + 1> AllPictures() {
-  std::array<Picture, LastSupportType + 1> pictures;
+std::array<Shapes, LastSupportType + 1> AllPictures() {
+  std::array<Shapes, LastSupportType + 1> pictures;
   for (std::int16_t type = 1; type <= LastSupportType; ++type) {
     pictures[static_cast<std::size_t>(type)] =
         Turned(type <= LastClampType ? Clamp() : Roller(), GroundSideOf(type));
@@ -118,6 +118,22 @@ const std::vector<PictureShape>& SupportPicture(std::int16_t type) {
   static const auto pictures = AllPictures();
   const bool known = type >= 1 && type <= LastSupportType;
   return pictures[known ? static_cast<std::size_t>(type) : 0];
+}
+
+PixelRect SupportPictureBox(std::int16_t type, PixelPoint centre) {
+  constexpr float half = BoxSize / 2, wide = half - 2, pin = 4;
+  const auto [x, y] = centre;
+  switch (GroundSideOf(type)) {
+    case GroundSide::Left:
+      return {x - half, y - wide, x + pin, y + wide};
+    case GroundSide::Above:
+      return {x - wide, y - half, x + wide, y + pin};
+    case GroundSide::Right:
+      return {x - pin, y - wide, x + half, y + wide};
+    case GroundSide::Below:
+      break;
+  }
+  return {x - wide, y - pin, x + wide, y + half};
 }
 
 // One disc on the other instead of an outline of many short lines: thousands of pins are painted.

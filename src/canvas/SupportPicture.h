@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/Palette.h"
+#include "platform/Picture.h"
 #include "platform/Surface.h"
 
 enum class ShapeKind { Line, Polygon, Circle };
@@ -28,6 +29,9 @@ GroundSide GroundSideOf(std::int16_t type);
 
 /// The shapes from back to front; none for codes other than 1 .. 8.
 const std::vector<PictureShape>& SupportPicture(std::int16_t type);
+
+/// The part of a picture centred here in which there is something, pixels.
+PixelRect SupportPictureBox(std::int16_t type, PixelPoint centre);
 
 /// Paints a picture with its box's top left corner at (left, top), magnified by `scale`. Leaves a black
 /// foreground and a line width of 1.

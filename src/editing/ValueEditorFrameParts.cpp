@@ -10,6 +10,7 @@
 #include "editing/NumberBox.h"
 #include "editing/ValueEditorFrame.h"
 #include "platform/qt/AccessibleRole.h"
+#include "platform/qt/OnPress.h"
 #include "platform/qt/QtText.h"
 
 namespace {
@@ -140,14 +141,13 @@ void ValueEditorFrame::AddButtons(QVBoxLayout* rows) {
   cmdNewCoordsOK_ = add("cmdNewCoordsOK", "OK", Qt::Key_O, "Apply these values (Enter)");
   cmdNewCoordsOK_->setDefault(true);
   cmdNewCoordsCancel_ = add("cmdNewCoordsCancel", "Cancel", Qt::Key_C, "Close without a change (Esc)");
-  connect(cmdNewCoordsOK_, &QPushButton::clicked, this, [this] {
-    const bool wasOpen = editor_.IsOpen(editingKind_);
+  OnPress(cmdNewCoordsOK_, this, [this] {
     editor_.cmdNewCoordsOK_Click(editingKind_);
     ShowEditor();
     Q_EMIT EditorChanged();
-    if (wasOpen && !editor_.IsOpen(editingKind_)) Q_EMIT ValuesStored();
+    if (!editor_.IsOpen(editingKind_)) Q_EMIT ValuesStored();
   });
-  connect(cmdNewCoordsCancel_, &QPushButton::clicked, this, [this] {
+  OnPress(cmdNewCoordsCancel_, this, [this] {
     editor_.cmdNewCoordsCancel_Click(editingKind_);
     ShowEditor();
     Q_EMIT EditorChanged();

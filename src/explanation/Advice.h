@@ -49,9 +49,10 @@ inline constexpr int MostClampsForRollers = 2;
 /// that move have one, at a joint with a roller along the other axis.
 /// Members to be added for internal motions, between existing joints, the shortest first; none passes through
 /// a third joint, or lies on another member, or joins ends that nearly meet, or joints without any member.
-/// Where there is none, a roller. Then what can be left out: first reactions (a roller will do instead of a
-/// clamp, or none instead of a roller), then members, the longest first. Each is part of a state of
-/// self-stress, and without it there are no more motions than before.
+/// Where there is none, a roller; for a motion of a part that stands apart, a roller there too. Then what can
+/// be left out: first reactions (a roller will do instead of a clamp, or none instead of a roller), then
+/// members, the longest first. Each is part of a state of self-stress, and without it there are no more
+/// motions than before.
 std::vector<Advice> AdviceFor(const TrussGraph& graph, const ExactReasons& reasons, const NearPlaces& near);
 
 /// Whether there is a reaction at the joint other than `except`.

@@ -1,6 +1,9 @@
 #include "explanation/AdviceText.h"
 
 #include <algorithm>
+#include <optional>
+#include <set>
+#include <utility>
 
 #include "explanation/Directions.h"
 #include "explanation/HoldingSet.h"
@@ -38,11 +41,13 @@ class AdviceTeller {
       if (advice.IsAddition()) additions.push_back(AdditionText(advice));
     }
     if (!additions.empty()) {
-      const std::string each = !paragraphs.empty() ? "Otherwise each"
-                               : Slips().empty()   ? "Each"
-                                                   : "If the drawing is to stay as it is: each";
-      paragraphs.push_back(each + " of these, added alone, stops one motion" + OthersOf(additions) + ": " +
-                           Joined(additions, "; ") + ".");
+      const std::string before = !paragraphs.empty() ? "Otherwise "
+                                 : Slips().empty()   ? ""
+                                                     : "If the drawing is to stay as it is: ";
+      const std::string these = additions.size() == 1 ? "this" : "each of these";
+      paragraphs.push_back(Capital(before + these + ", added alone, stops ") +
+                           (on_.Exact.Verdict.Mechanisms() == 1 ? "the motion" : "one motion") +
+                           OthersOf(additions) + ": " + Joined(additions, "; ") + ".");
       AddNumberNeeded(paragraphs);
     }
     return paragraphs;
@@ -58,36 +63,66 @@ class AdviceTeller {
                            " nearly meet.  Draw them to one place: " + StopsText(join->Stops) + ".");
     }
     AddTwins(paragraphs);
+    AddMembersWithoutLength(paragraphs);
     return paragraphs;
   }
 
-  // A state of self-stress of two members between the same joints and nothing else.
+  // The members of a state of self-stress of two members between the same joints and nothing else.
+  std::optional<std::pair<int, int>> Twins(const SelfStress& stress) const {
+    if (stress.Forces.size() != 2) return std::nullopt;
+    const std::pair<int, int> twins{stress.Forces[0].Unknown, stress.Forces[1].Unknown};
+    const PlacedUnknown& first = on_.Graph.Unknowns[twins.first];
+    const PlacedUnknown& second = on_.Graph.Unknowns[twins.second];
+    if (!first.IsMember() || !second.IsMember() ||
+        std::minmax(first.JointA, first.JointB) != std::minmax(second.JointA, second.JointB))
+      return std::nullopt;
+    return twins;
+  }
+
   void AddTwins(std::vector<std::string>& paragraphs) const {
     for (const SelfStress& stress : on_.Exact.SelfStresses) {
-      if (stress.Forces.size() != 2 || paragraphs.size() >= static_cast<std::size_t>(MostAdvice)) continue;
-      const int k = stress.Forces[0].Unknown;
-      const PlacedUnknown& first = on_.Graph.Unknowns[k];
-      const PlacedUnknown& second = on_.Graph.Unknowns[stress.Forces[1].Unknown];
-      if (!first.IsMember() || !second.IsMember() ||
-          std::minmax(first.JointA, first.JointB) != std::minmax(second.JointA, second.JointB))
-        continue;
-      paragraphs.push_back(names_.Members({k, stress.Forces[1].Unknown}) + " lie on one another, from " +
+      const auto twins = Twins(stress);
+      if (!twins || paragraphs.size() >= static_cast<std::size_t>(MostAdvice)) continue;
+      const PlacedUnknown& first = on_.Graph.Unknowns[twins->first];
+      paragraphs.push_back(names_.Members({twins->first, twins->second}) + " lie on one another, from " +
                            names_.Joint(first.JointA) + " to " + names_.Joint(first.JointB) +
                            ".  If one was drawn twice, erase the other: that takes away one state of "
                            "self-stress, and nothing moves that did not move before.");
     }
   }
 
-  // A truss that nothing holds needs supports before anything else.
-  void AddSupports(std::vector<std::string>& paragraphs) const {
-    if (!HasNoSupports(on_.Graph)) return;
-    std::string text = "This truss has no supports.";
-    if (StartsWithClamp()) {
-      text += "  A clamp at " + names_.JointInWords(on_.Together[0].JointA) + " and " +
-              AdditionText(on_.Together[2]) + " would hold it: " + StopsText(3) + ".";
+  void AddMembersWithoutLength(std::vector<std::string>& paragraphs) const {
+    for (int k = 1; k <= on_.Graph.NumUnknowns(); ++k) {
+      const PlacedUnknown& unknown = on_.Graph.Unknowns[k];
+      if (!HasNoLength(unknown) || paragraphs.size() >= static_cast<std::size_t>(MostAdvice)) continue;
+      paragraphs.push_back("Member " + names_.Member(k) + " begins and ends at " +
+                           names_.JointInWords(unknown.JointA) +
+                           ": it has no length, holds nothing and stands in no equation.  Erase it: that "
+                           "takes away one state of self-stress and changes nothing else.");
     }
-    paragraphs.push_back(text);
   }
+
+  static bool HasNoLength(const PlacedUnknown& unknown) { return unknown.JointA == unknown.JointB; }
+
+  std::set<int> ToldAsSlips() const {
+    std::set<int> told;
+    for (const SelfStress& stress : on_.Exact.SelfStresses) {
+      if (const auto twins = Twins(stress)) told.insert({twins->first, twins->second});
+      const int first = stress.Forces.front().Unknown;
+      if (HasNoLength(on_.Graph.Unknowns[first])) told.insert(first);
+    }
+    return told;
+  }
+
+  // A truss that nothing holds, of which the verdict says that a clamp and a roller would hold it.
+  void AddSupports(std::vector<std::string>& paragraphs) const {
+    constexpr int ofARigidPiece = 3;
+    if (!StartsWithClamp() || on_.Exact.Verdict.Mechanisms() != ofARigidPiece) return;
+    paragraphs.push_back("For example " + ClampText() + " and " + AdditionText(on_.Together[2]) + ": " +
+                         StopsText(ofARigidPiece) + ".");
+  }
+
+  std::string ClampText() const { return "a clamp at " + names_.JointInWords(on_.Together[0].JointA); }
 
   bool StartsWithClamp() const {
     return HasNoSupports(on_.Graph) && on_.Together.size() >= 3 &&
@@ -140,6 +175,10 @@ class AdviceTeller {
     if (!on_.Together.empty() && !(StartsWithClamp() && motions == 3)) {
       std::vector<std::string> set;
       for (const Advice& advice : on_.Together) set.push_back(AdditionText(advice));
+      if (StartsWithClamp()) {
+        set.erase(set.begin());
+        set.front() = ClampText();
+      }
       text += "  Together these are enough: " + Joined(set, "; ") + ".";
     }
     paragraphs.push_back(text);
@@ -163,15 +202,20 @@ class AdviceTeller {
            " motions";
   }
 
+  // What was told as a slip is not told again.
   std::vector<std::string> Removals() const {
+    const std::set<int> slips = ToldAsSlips();
     std::vector<std::string> removals;
-    for (const Advice* advice : Suggested(AdviceKind::Remove))
-      removals.push_back(RemovalText(advice->Unknown));
+    for (const Advice* advice : Suggested(AdviceKind::Remove)) {
+      if (!slips.contains(advice->Unknown)) removals.push_back(RemovalText(advice->Unknown));
+    }
     if (removals.empty()) return {};
-    return {"Each of these, left out alone, lets nothing move that did not move before" + OthersOf(removals) +
-            ": " + ListOf(removals) +
-            ".  They are part of a self-stress.  A member is not superfluous because its force is 0: "
-            "under another load it may be needed."};
+    const bool isOne = removals.size() == 1;
+    return {(isOne ? "This, left out, lets" : "Each of these, left out alone, lets") +
+            std::string(" nothing move that did not move before") + OthersOf(removals) + ": " +
+            ListOf(removals) + (isOne ? ".  It is" : ".  They are") +
+            " part of a self-stress.  A member is not superfluous because its force is 0: under another load "
+            "it may be needed."};
   }
 
   // A clamp without one of its reactions is a roller, and a roller without its own is nothing.

@@ -63,6 +63,8 @@ class Checker {
     FindMembersThroughJoints();
     numPairsTold_ = 0;
     FindCoincidentMembers();
+    numPairsTold_ = 0;
+    FindMembersWithoutLength();
     FindCoincidentSupports();
     FindWhatIsApart();
     FindSingleMemberJoints();
@@ -175,6 +177,17 @@ class Checker {
       }
     }
     return graph_.Joints[graph_.Unknowns[second].JointA];
+  }
+
+  void FindMembersWithoutLength() {
+    for (int k = 1; k <= graph_.NumUnknowns(); ++k) {
+      const int joint = graph_.Unknowns[k].JointA;
+      if (joint != graph_.Unknowns[k].JointB) continue;
+      if (!TellPair(CheckKind::NoLength, graph_.Joints[joint].X, graph_.Joints[joint].Y,
+                    "Member " + names_.Member(k) + " begins and ends at " + names_.JointWithPlace(joint) +
+                        ": it has no length and holds nothing."))
+        return;
+    }
   }
 
   void FindCoincidentSupports() {
@@ -293,6 +306,7 @@ const char* KindWord(CheckKind kind) {
       return "single-member-joint";
     case CheckKind::OutsideDrawing:
       return "outside-drawing";
+    case CheckKind::NoLength:
     case CheckKind::EqualNames:
       break;
   }

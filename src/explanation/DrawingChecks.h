@@ -13,6 +13,7 @@ enum class CheckKind {
   NearEnds,            ///< two joints nearly meet
   ThroughJoint,        ///< a member passes through a joint at which it does not end
   CoincidentMembers,   ///< two members lie on one another, all along or for a part
+  NoLength,            ///< a member begins and ends at one joint
   CoincidentSupports,  ///< two supports stand at one place
   Apart,               ///< a support or a force touches no member
   SingleMemberJoint,   ///< a joint has one member and no support
@@ -35,7 +36,7 @@ inline constexpr const char* NothingFoundText = "Nothing was found.";
 
 /// Joints that nearly meet, members through joints and members on one another are told up to this many of
 /// each, the last with the words that there are more: of n elements at one place there would be n squared.
-inline constexpr int MostPairs = 1000;
+inline constexpr int MostPairs = 100;
 
 /// All findings, by kind in the order of CheckKind. Joints nearly meet when the mouse would join them, or
 /// when they are not farther apart than a thousandth of the drawing's width; a joint is on a member within

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <set>
-#include <unordered_map>
 #include <utility>
 
 #include "canvas/Arrow.h"
@@ -12,22 +11,21 @@
 #include "canvas/Paper.h"
 #include "canvas/RedrawTruss.h"
 #include "document/JointList.h"
-#include "explanation/ClearNames.h"
+#include "explanation/MotionTexts.h"
 #include "explanation/SwungTruss.h"
+#include "explanation/forces/PaintForces.h"
 #include "platform/Palette.h"
 
 namespace {
 
 constexpr int Yellow = 14;
-constexpr int MotionBandWidth = 8;   // pixels
 constexpr int MotionArrowWidth = 2;  // pixels
 constexpr float MarginOfMotion = 6;
 
 // Air around the truss for supports and names, pixels.
 constexpr float MotionBorder = 56;
 
-// More names, or arrows closer to each other than this many pixels, would cover everything.
-constexpr int MostNamedJoints = 150;
+// Of more arrows, those closer to each other than this many pixels would cover everything.
 constexpr std::size_t MostArrowsAnywhere = 100;
 constexpr float CellOfCrowdedArrow = 24;
 
@@ -165,32 +163,6 @@ void AddArrows(const Motion& motion, const JointPlaces& places, double pixelsPer
   }
 }
 
-// The names of joints, each with the places that its joint has at rest and at both ends of its swing.
-void ClearNames(const MotionScene& scene, double largest, MotionDrawing& drawing) {
-  const Motion still;
-  const Motion& motion = scene.Moves != nullptr ? *scene.Moves : still;
-  std::unordered_map<PositionKey, int, PositionHash> numbers;
-  for (int j = 1; j <= scene.Graph.NumJoints(); ++j)
-    numbers.emplace(PositionKey(scene.Graph.Joints[j].X, scene.Graph.Joints[j].Y), j);
-  const Graph& mapping = drawing.Objects.Mapping;
-  const JointPlaces there(scene.Graph, mapping, motion, largest);
-  const JointPlaces back(scene.Graph, mapping, motion, -largest);
-  std::vector<CarriedName> names;
-  for (int j = 1; j <= drawing.Shown.NumJoints; ++j) {
-    const JointRec& joint = drawing.Shown.Joints[j];
-    const JointRec& atRest = scene.Document.Joints[j];
-    const auto number = numbers.find(PositionKey(atRest.X, atRest.Y));
-    if (number == numbers.end() || !drawing.Objects.lblRodJoint[joint.NameLabel].Visible) continue;
-    names.push_back({joint.NameLabel, {{mapping.XPixel(joint.X), mapping.YPixel(joint.Y)}}});
-    if (!there.Moves(number->second)) continue;
-    for (const JointPlaces* places : {&there, &back}) {
-      names.back().Places.push_back(places->AtRest(number->second));
-      names.back().Places.push_back(places->Moved(number->second));
-    }
-  }
-  KeepNamesClear(drawing.Objects, names, drawing.Arrows);
-}
-
 void AddMotion(const MotionScene& scene, double size, double swing, MotionDrawing& drawing) {
   const Graph& mapping = drawing.Objects.Mapping;
   const double largest = LargestSwing * size;
@@ -217,7 +189,7 @@ void PaintMotionArrow(Surface& surface, const PixelLine& arrow) {
 Picture PictureIn(const MotionScene& scene, const TextExtent& room, const TextMeasure& measure) {
   Picture picture(measure);
   const MotionDrawing drawing = DrawMotion(scene, {0, 0, room.Width, room.Height}, 1, measure);
-  PaintMotion(picture, drawing, scene.Graph);
+  PaintMotion(picture, drawing);
   picture.Crop(MarginOfMotion);
   return picture;
 }
@@ -243,20 +215,20 @@ MotionDrawing DrawMotion(const MotionScene& scene, const PixelRect& room, double
   LengthenForces(drawing.Shown, PixelsPerUnit(drawing.Objects.Mapping));
   PlaceTruss(drawing.Objects, drawing.Shown, scene.NamesOfForces, measure);
   if (scene.Moves != nullptr) AddMotion(scene, size, held, drawing);
-  if (drawing.Shown.NumJoints <= MostNamedJoints) ClearNames(scene, LargestSwing * size, drawing);
-  if (scene.Stressed != nullptr) {
-    drawing.Marks = MarksOf(*scene.Stressed, scene.Graph, drawing.Objects.Mapping, scene.Format, measure);
-  }
+  if (scene.Stressed != nullptr)
+    drawing.Marks = MarksOf(*scene.Stressed, scene.Graph, drawing.Objects.Mapping, scene.Format);
+  PlaceMotionTexts(scene, room, held, drawing, measure);
   return drawing;
 }
 
-void PaintMotion(Surface& surface, const MotionDrawing& drawing, const TrussGraph& graph) {
+void PaintMotion(Surface& surface, const MotionDrawing& drawing) {
   DrawLines(surface, drawing.Moved, MotionBandWidth, Yellow);
   DrawLines(surface, drawing.AtRest, 1, DarkGrey);
-  PaintStressBands(surface, drawing.Marks, graph);
+  PaintStressBands(surface, drawing.Marks);
   PaintDrawing(surface, drawing.Objects, drawing.Shown);
   for (const PixelLine& arrow : drawing.Arrows) PaintMotionArrow(surface, arrow);
-  PaintStressTexts(surface, drawing.Marks, graph);
+  for (const PixelLine& leader : drawing.Leaders) PaintLeader(surface, leader);
+  PaintStressTexts(surface, drawing.Marks);
 }
 
 Picture MotionPicture(const MotionScene& scene, const TextMeasure& measure, const TextExtent& largest) {

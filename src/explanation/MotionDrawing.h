@@ -24,6 +24,10 @@ struct MotionScene {
 /// Pixels. Arrows of a motion say where a joint goes, and by how much against the others.
 inline constexpr float ShortestMotionArrow = 10;
 inline constexpr float MotionHeadLength = 10;
+inline constexpr int MotionBandWidth = 8;  ///< under members that move
+
+/// More names would cover everything.
+inline constexpr int MostNamedJoints = 150;
 
 struct MotionDrawing {
   Truss Shown;      ///< the truss, swung
@@ -37,18 +41,19 @@ struct MotionDrawing {
   std::vector<PixelLine> Arrows;
 
   std::vector<StressMark> Marks;
+
+  std::vector<PixelLine> Leaders;  ///< from names that stand away from their joints to these
 };
 
 /// The drawing in a room of this size (pixels), as large as it can be with some air around it; it stands
-/// still when `swing` (-1 .. 1) changes. Joints have their names, unless they are so many that names would
-/// cover everything.
+/// still when `swing` (-1 .. 1) changes. Joints have their names, unless they are more than MostNamedJoints.
 MotionDrawing DrawMotion(const MotionScene& scene, const PixelRect& room, double swing,
                          const TextMeasure& measure);
 
 /// Paints the drawing over what the surface holds: first the members at rest, thin and grey, and the marks;
 /// then the truss; arrows and texts in front. Leaves a black foreground, a line width of 1 and the font
 /// TextFont{}.
-void PaintMotion(Surface& surface, const MotionDrawing& drawing, const TrussGraph& graph);
+void PaintMotion(Surface& surface, const MotionDrawing& drawing);
 
 /// The still picture for files and documents: at its largest swing, with arrows, cropped, no larger than
 /// `largest` (pixels of 96 to the inch) unless names or supports alone are. Empty when there is nothing to

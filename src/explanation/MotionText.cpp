@@ -113,12 +113,21 @@ std::string MotionTeller::Text(const Motion& motion) {
                                  : "  The loads do no work on it, so they do not drive it.");
 }
 
+// Which way a reaction acts: the sign alone tells that only to who remembers its support's direction.
+std::string MotionTeller::SenseText(const UnknownForce& force) const {
+  const PlacedUnknown& unknown = graph_.Unknowns[force.Unknown];
+  if (unknown.IsMember() || unknown.Sign == 0) return {};
+  if (force.Value > 0) return " (" + DirectionOfReaction(unknown, 1) + ')';
+  return " (" + FormatSigFigs(-force.Value, format_) + ' ' + DirectionOfReaction(unknown, -1) + ')';
+}
+
 std::string MotionTeller::Text(const SelfStress& stress) const {
   std::vector<int> unknowns;
   std::vector<std::string> pairs;
   for (const UnknownForce& force : stress.Forces) {
     unknowns.push_back(force.Unknown);
-    pairs.push_back(names_.Force(force.Unknown) + " = " + FormatSigFigs(force.Value, format_));
+    pairs.push_back(names_.Force(force.Unknown) + " = " + FormatSigFigs(force.Value, format_) +
+                    SenseText(force));
   }
   const std::string who = names_.ForcesAtStart(unknowns);
   if (unknowns.size() == 1)

@@ -29,7 +29,7 @@ class MotionTeller {
   /// sentence.
   std::string Displacements(const Motion& motion) const;
 
-  /// Which unknowns hang together, and in what proportions.
+  /// Which unknowns hang together, and in what proportions; of reactions also which way they act.
   std::string Text(const SelfStress& stress) const;
 
  private:
@@ -37,6 +37,7 @@ class MotionTeller {
   std::string PieceText(const MovingPiece& piece) const;
   std::string FurtherText(std::span<const MovingPiece> pieces) const;
   std::string TurnText(const MovingPiece& piece) const;
+  std::string SenseText(const UnknownForce& force) const;
 
   const TrussGraph& graph_;
   ReportFormat format_;

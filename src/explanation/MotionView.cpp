@@ -47,7 +47,7 @@ void MotionView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   QtSurface surface(painter, QRectF(rect()));
   surface.Clear();
-  if (drawn_) PaintMotion(surface, *drawn_, shown_->Reasons->Graph);
+  if (drawn_) PaintMotion(surface, *drawn_);
   if (!hasFocus()) return;
   painter.setRenderHint(QPainter::Antialiasing, false);
   painter.setPen(QPen(QColor(0, 90, 200), 2));

@@ -49,5 +49,11 @@ std::string FreeForcesText(const Explanation& explanation, const DistinctNames& 
   }
   if (numLeft > 0) dependences += "; and so on for " + Counted(numLeft, "more force", "more forces");
   if (!dependences.empty()) text += "  The others then follow: " + dependences + ".";
+  // A member without length is stressed by nothing.
+  const bool isOneStressed = !open.Dependent.empty() || std::ranges::any_of(open.Free, [&](int k) {
+    const PlacedUnknown& unknown = explanation.Graph.Unknowns[k];
+    return unknown.JointA != unknown.JointB;
+  });
+  if (!isOneStressed) return text;
   return text + "  Which values they take depends on how the members behave under stress.";
 }

@@ -51,7 +51,7 @@ class RoundingWriter {
     }
     if (on_.Figures.Within != on_.Verdict.Code()) {
       text += std::string(text.empty() ? "" : "  ") + WithinText + ", " + OutcomeText(on_.Figures.Within) +
-              ": coordinates and loads are written with seven figures at most.";
+              ".  Coordinates and loads are written with seven figures at most.";
     }
     return text;
   }

@@ -20,6 +20,7 @@
 #include "explanation/MotionView.h"
 #include "platform/qt/AccessibleRole.h"
 #include "platform/qt/FittedText.h"
+#include "platform/qt/OnPress.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/ReadOnlyText.h"
 
@@ -81,7 +82,7 @@ void WhyWindow::CreateControls() {
 
   cmdPlay_ = new QPushButton(this);
   cmdPlay_->setObjectName(QStringLiteral("cmdPlay"));
-  connect(cmdPlay_, &QPushButton::clicked, this, [this] { player_->IsPlaying() ? StopPlaying() : Play(); });
+  OnPress(cmdPlay_, this, [this] { player_->IsPlaying() ? StopPlaying() : Play(); });
 
   lblNote_ = new QLabel(this);
   lblNote_->setObjectName(QStringLiteral("lblNote"));

@@ -15,6 +15,7 @@
 
 #include "platform/MessageBox.h"
 #include "platform/qt/FittedText.h"
+#include "platform/qt/OnPress.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/ScreenRoom.h"
 
@@ -94,8 +95,8 @@ CustomInputBox::CustomInputBox(const std::string& prompt, const std::string& def
   cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
   cmdCancel->setAutoDefault(false);
   cmdCancel->setShortcut(Qt::ALT | Qt::Key_C);
-  connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
-  connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+  OnPress(cmdOK, this, &QDialog::accept);
+  OnPress(cmdCancel, this, &QDialog::reject);
 
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();

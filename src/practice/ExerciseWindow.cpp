@@ -20,6 +20,7 @@
 #include "document/DocumentLifecycle.h"
 #include "paper/qt/PaperPages.h"
 #include "paper/qt/PreviewInWords.h"
+#include "platform/qt/OnPress.h"
 #include "platform/qt/ScreenRoom.h"
 #include "platform/qt/TippedButton.h"
 #include "practice/ExerciseFile.h"
@@ -94,7 +95,7 @@ void ExerciseWindow::CreateControls() {
   const auto button = [this](const char* name, const char* caption, const char* tip,
                              void (ExerciseWindow::*slot)()) {
     auto* made = TippedButton(name, caption, tip, this);
-    connect(made, &QPushButton::clicked, this, slot);
+    OnPress(made, this, slot);
     return made;
   };
   cmdSaveSheets_ =

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "explanation/ShownText.h"
+#include "platform/qt/OnPress.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtTextMeasure.h"
 #include "platform/qt/ReadOnlyText.h"
@@ -54,9 +55,9 @@ void TryWindow::CreateControls() {
   cmdHint_ =
       TippedButton("cmdHint", "&Hint", "What to do next; again for more, but never the value (Alt+H)", this);
   cmdEmpty_ = TippedButton("cmdEmpty", "&Empty all", "Empties all boxes (Alt+E)", this);
-  connect(cmdJudge_, &QPushButton::clicked, this, &TryWindow::JudgeValues);
-  connect(cmdHint_, &QPushButton::clicked, this, &TryWindow::GiveHint);
-  connect(cmdEmpty_, &QPushButton::clicked, this, &TryWindow::EmptyBoxes);
+  OnPress(cmdJudge_, this, &TryWindow::JudgeValues);
+  OnPress(cmdHint_, this, &TryWindow::GiveHint);
+  OnPress(cmdEmpty_, this, &TryWindow::EmptyBoxes);
 }
 
 void TryWindow::LayOut() {

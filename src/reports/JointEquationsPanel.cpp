@@ -13,6 +13,7 @@
 
 #include "platform/qt/AccessibleRole.h"
 #include "platform/qt/FittedText.h"
+#include "platform/qt/OnPress.h"
 #include "platform/qt/QtText.h"
 #include "reports/OutlineColor.h"
 
@@ -74,7 +75,7 @@ JointEquationsPanel::JointEquationsPanel(QWidget* parent)
   cmdOKJointReport_->setDefault(true);
   layout->addSpacing(6);
   layout->addWidget(cmdOKJointReport_, 0, Qt::AlignRight);
-  connect(cmdOKJointReport_, &QPushButton::clicked, this, &QWidget::hide);
+  OnPress(cmdOKJointReport_, this, &QWidget::hide);
 
   // The cancel button of the whole window while it is shown, wherever the focus went.
   auto* cancel = new QShortcut(QKeySequence(Qt::Key_Escape), this);

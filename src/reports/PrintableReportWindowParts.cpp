@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/qt/FittedText.h"
+#include "platform/qt/OnPress.h"
 #include "platform/qt/TextInWords.h"
 #include "platform/qt/TippedButton.h"
 #include "reports/PrintableReportWindow.h"
@@ -62,10 +63,10 @@ void PrintableReportWindow::MakeButtons() {
   cmdReportSaveAs =
       TippedButton("cmdReportSaveAs", "&Save as ...", "saves the report in a file (Ctrl+S)", this);
   cmdReportClose->setDefault(true);
-  connect(cmdReportPrint, &QPushButton::clicked, this, &PrintableReportWindow::cmdReportPrint_Click);
-  connect(cmdCopyToClipboard, &QPushButton::clicked, this, &PrintableReportWindow::cmdCopyToClipboard_Click);
-  connect(cmdReportClose, &QPushButton::clicked, this, &QDialog::reject);
-  connect(cmdReportSaveAs, &QPushButton::clicked, this, &PrintableReportWindow::cmdReportSaveAs_Click);
+  OnPress(cmdReportPrint, this, &PrintableReportWindow::cmdReportPrint_Click);
+  OnPress(cmdCopyToClipboard, this, &PrintableReportWindow::cmdCopyToClipboard_Click);
+  OnPress(cmdReportClose, this, &QDialog::reject);
+  OnPress(cmdReportSaveAs, this, &PrintableReportWindow::cmdReportSaveAs_Click);
 }
 
 // What the document has beyond the usual sections; nothing at first.

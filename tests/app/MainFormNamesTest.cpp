@@ -260,4 +260,14 @@ TEST_F(MainFormNames, AutoNameAndClearNamesAreShownAtOnce) {
   EXPECT_NE(Picture(), cleared);
 }
 
+// A key or a screen reader presses a button for a moment, and in that moment the step may be left.
+TEST_F(MainFormNames, AreNotClearedByAPressThatEndsInTheNextStep) {
+  const std::string before = MemberNames();
+  Find<QPushButton>("cmdAutoName(2)")->animateClick();
+  Click("cmdNext2");
+  ASSERT_TRUE(Find<QPushButton>("cmdPrev3")->isVisible());
+  QTest::qWait(200);
+  EXPECT_EQ(MemberNames(), before);
+}
+
 }  // namespace

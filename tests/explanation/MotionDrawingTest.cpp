@@ -8,7 +8,12 @@
 #include "ExplanationFixture.h"
 #include "canvas/Arrow.h"
 #include "canvas/PaintDrawing.h"
+#include "canvas/PixelBoxes.h"
+#include "canvas/SupportPicture.h"
+#include "document/JointList.h"
+#include "document/TrussFile.h"
 #include "explanation/ExactVerdict.h"
+#include "explanation/MotionText.h"
 #include "explanation/SwungTruss.h"
 #include "platform/Palette.h"
 #include "support/RecordingSurface.h"
@@ -69,6 +74,43 @@ Reasoned CrossedSquare() {
                       .Member(4, 0, 0, 4, "d2")
                       .Clamp(0, 0, "x", "y")
                       .Roller(4, 0, "r"));
+}
+
+// The letters of the names that are shown.
+std::vector<PixelRect> NamesIn(const MotionDrawing& drawing) {
+  std::vector<PixelRect> boxes;
+  for (const JointRec& joint : drawing.Shown.JointsInUse()) {
+    const LabelPlace& place = drawing.Objects.lblRodJoint[joint.NameLabel];
+    if (!place.Visible) continue;
+    boxes.push_back({place.Left + place.TextLeft, place.Top + place.TextTop, place.Left + place.Width,
+                     place.Top + place.Height});
+  }
+  return boxes;
+}
+
+// How often a text lies on a member (where it is drawn, or thin where it was), an arrow, a pin, a support or
+// another text.
+int NumCovered(const MotionDrawing& drawing, const std::vector<PixelRect>& texts) {
+  int count = 0;
+  for (const PixelRect& text : texts) {
+    const auto crosses = [&text](const PixelLine& line) { return Crosses(line, text); };
+    for (int i = 1; i <= drawing.Shown.NumMembers; ++i) {
+      count += int{crosses(drawing.Objects.Rod[i])};
+      for (const PixelPoint& pin : {drawing.Objects.Rod[i].End1(), drawing.Objects.Rod[i].End2()})
+        count += int{Overlap(text, Widened({pin.X, pin.Y, pin.X, pin.Y}, PinSize / 2))};
+    }
+    for (int i = 1; i <= drawing.Shown.NumSupports; ++i) {
+      const PixelPoint at = drawing.Objects.Support[i];
+      const float half = SupportPictureSize / 2;
+      count += int{
+          Overlap(text, SupportPictureBox(drawing.Shown.Supports[i].TypeIndex, {at.X + half, at.Y + half}))};
+    }
+    for (int i = 1; i <= drawing.Shown.NumForces; ++i) count += int{crosses(drawing.Objects.Force[i])};
+    count += static_cast<int>(std::ranges::count_if(drawing.Arrows, crosses));
+    count += static_cast<int>(std::ranges::count_if(drawing.AtRest, crosses));
+    for (const PixelRect& other : texts) count += int{&other != &text && Overlap(other, text)};
+  }
+  return count;
 }
 
 double LengthOf(const PixelLine& line) { return std::hypot(line.X2 - line.X1, line.Y2 - line.Y1); }
@@ -193,7 +235,7 @@ TEST(MotionDrawing, PaintsTheMembersAtRestThinAndGreyUnderTheTruss) {
   const Reasoned truss = PushedParallelogram();
   const MotionDrawing drawing = truss.Drawn(truss.Motion(0));
   RecordingSurface surface;
-  PaintMotion(surface, drawing, truss.Graph);
+  PaintMotion(surface, drawing);
   const PixelLine& rest = drawing.AtRest[2];
   const PixelLine& moved = drawing.Moved[2];
   const auto grey =
@@ -240,23 +282,20 @@ TEST(MotionDrawing, SelfStressIsToldByLetters) {
     EXPECT_EQ(mark.IsCompression, value > 0);
     const std::string& name = truss.Graph.Unknowns[mark.Unknown].Name;
     const std::string size = name[0] == 'd' ? "1" : "0.7071";
-    EXPECT_EQ(mark.Text, name + ' ' + size + (value > 0 ? " C" : " T"));
+    EXPECT_EQ(mark.Label.Lines.front(), name + ' ' + size + (value > 0 ? " C" : " T"));
   }
 }
 
 // The two diagonals have their middles at one place.
-TEST(MotionDrawing, TextsOfASelfStressDoNotCoverEachOther) {
+TEST(MotionDrawing, TextsOfASelfStressCoverNeitherEachOtherNorMembersNorNames) {
   const Reasoned truss = CrossedSquare();
   const MotionDrawing drawing = truss.Drawn(truss.Stress(0));
-  for (const StressMark& a : drawing.Marks) {
-    for (const StressMark& b : drawing.Marks) {
-      if (&a == &b) continue;
-      const TextExtent extent = RecordingSurface::Measure(TextFont{}, a.Text);
-      EXPECT_TRUE(std::abs(a.TextTopLeft.X - b.TextTopLeft.X) >= extent.Width - 0.01F ||
-                  std::abs(a.TextTopLeft.Y - b.TextTopLeft.Y) >= extent.Height - 0.01F)
-          << a.Text << " and " << b.Text;
-    }
+  std::vector<PixelRect> boxes = NamesIn(drawing);
+  for (const StressMark& mark : drawing.Marks) {
+    ASSERT_FALSE(mark.Label.Lines.empty()) << mark.Unknown;
+    boxes.push_back(mark.Label.Box);
   }
+  EXPECT_EQ(NumCovered(drawing, boxes), 0);
 }
 
 // Two clamps and a bar between them push against each other.
@@ -271,10 +310,22 @@ TEST(MotionDrawing, AReactionOfASelfStressIsAnArrowInItsDirection) {
     if (unknown.IsMember()) continue;
     ++numArrows;
     const double value = mark.IsCompression ? 1 : -1;
-    EXPECT_GT(value * (mark.Line.X2 - mark.Line.X1), 0) << mark.Text;
-    EXPECT_EQ(mark.Text, unknown.Name + (mark.IsCompression ? " 1" : " -1"));
+    EXPECT_GT(value * (mark.Line.X2 - mark.Line.X1), 0) << unknown.Name;
+    EXPECT_EQ(mark.Label.Lines.front(), unknown.Name + " 1") << "the arrow tells the sense";
+    EXPECT_EQ(mark.Label.Lines.size(), mark.IsCompression ? 1U : 2U);
+    EXPECT_EQ(mark.Label.Lines.back(), mark.IsCompression ? unknown.Name + " 1"
+                                                          : "(\x96"
+                                                            "1)");
   }
   EXPECT_EQ(numArrows, 2);
+}
+
+TEST(SelfStressText, TellsWhichWayAReactionActs) {
+  const Reasoned truss(
+      TrussBuilder().Member(0, 0, 4, 0, "m").Clamp(0, 0, "ax", "ay").Clamp(4, 0, "bx", "by"));
+  EXPECT_EQ(SelfStressText(truss.Graph, truss.Reasons.SelfStresses.front(), {}),
+            "ax, bx and m hang together: forces in the proportions ax = 1 (to the right), bx = -1 (1 to the "
+            "left) and m = 1 (compression positive) are in balance without any load.");
 }
 
 TEST(MotionDrawing, TheTextOfAReactionIsNotCutBesideTheEdge) {
@@ -285,9 +336,9 @@ TEST(MotionDrawing, TheTextOfAReactionIsNotCutBesideTheEdge) {
   for (const float width : {240.0F, 320.0F, 900.0F}) {
     const PixelRect room{.Left = 0, .Top = 0, .Right = width, .Bottom = 200};
     for (const StressMark& mark : DrawMotion(truss.Stress(0), room, 0, RecordingSurface::Measure).Marks) {
-      const TextExtent extent = RecordingSurface::Measure(TextFont{}, mark.Text);
-      EXPECT_GE(mark.TextTopLeft.X, room.Left) << mark.Text << " in " << width;
-      EXPECT_LE(mark.TextTopLeft.X + extent.Width, room.Right) << mark.Text << " in " << width;
+      ASSERT_FALSE(mark.Label.Lines.empty()) << mark.Unknown << " in " << width;
+      EXPECT_GE(mark.Label.Box.Left, room.Left) << mark.Label.Lines.front() << " in " << width;
+      EXPECT_LE(mark.Label.Box.Right, room.Right) << mark.Label.Lines.front() << " in " << width;
     }
   }
 }
@@ -313,7 +364,7 @@ TEST(MotionDrawing, DrawsAnythingThatAFileCanHold) {
                                .Force(size, size, 3e38F, -3e38F));
       for (std::size_t i = 0; i < truss.Reasons.Motions.size(); ++i) {
         RecordingSurface surface;
-        PaintMotion(surface, truss.Drawn(truss.Motion(i)), truss.Graph);
+        PaintMotion(surface, truss.Drawn(truss.Motion(i)));
         EXPECT_THAT(surface.Lines, Not(IsEmpty()));
       }
     }
@@ -341,23 +392,8 @@ TEST(MotionDrawing, ASelfStressIsDrawnWithoutLoads) {
   const MotionDrawing drawing = truss.Drawn(truss.Stress(0));
   EXPECT_FALSE(drawing.Shown.Forces[1].Active);
   RecordingSurface surface;
-  PaintMotion(surface, drawing, truss.Graph);
+  PaintMotion(surface, drawing);
   for (const DrawnLine& line : surface.Lines) EXPECT_NE(line.Colour, ForceColour);
-}
-
-TEST(MotionDrawing, TextsOfASelfStressStandOnPaper) {
-  const Reasoned truss = CrossedSquare();
-  const MotionDrawing drawing = truss.Drawn(truss.Stress(0));
-  RecordingSurface surface;
-  PaintMotion(surface, drawing, truss.Graph);
-  for (const StressMark& mark : drawing.Marks) {
-    const float width = RecordingSurface::Measure(TextFont{}, mark.Text).Width;
-    const bool isCovered = std::ranges::any_of(surface.Fills, [&](const auto& corners) {
-      return corners.size() == 4 && corners[0].X <= mark.TextTopLeft.X &&
-             std::abs(corners[0].Y - mark.TextTopLeft.Y) < 1 && corners[2].X >= mark.TextTopLeft.X + width;
-    });
-    EXPECT_TRUE(isCovered) << mark.Text;
-  }
 }
 
 bool LiesOn(const PixelLine& arrow, const LabelPlace& place) {
@@ -435,6 +471,94 @@ TEST(MotionDrawing, NamesOfJointsThatNearlyMeetDoNotCoverEachOther) {
           << "gap " << gap;
     }
   }
+}
+
+Reasoned SquaresInAGrid(int numSquares) {
+  TrussBuilder builder;
+  const auto at = [](int i) { return static_cast<float>(3 * i); };
+  for (int i = 0; i <= numSquares; ++i) {
+    for (int j = 0; j <= numSquares; ++j) {
+      if (i < numSquares) builder.Member(at(i), at(j), at(i + 1), at(j));
+      if (j < numSquares) builder.Member(at(i), at(j), at(i), at(j + 1));
+    }
+  }
+  builder.Clamp(0, 0).Roller(at(numSquares), 0).Force(at(numSquares), at(numSquares), 1000, 0);
+  for (int i = 0; i <= numSquares; ++i) {
+    for (int j = 0; j <= numSquares; ++j)
+      builder.Joint(at(i), at(j), std::string(1, static_cast<char>('A' + i)) + std::to_string(j));
+  }
+  return Reasoned(builder);
+}
+
+Reasoned ExampleTruss(const std::string& name) {
+  Truss truss;
+  EXPECT_EQ(ReadTruss(truss, CanvasBounds{}, std::string(ORVANE_EXAMPLES_DIR) + "/" + name + ".trs"),
+            std::nullopt);
+  EXPECT_TRUE(CheckJoints(truss));
+  return Reasoned(std::move(truss));
+}
+
+void ExpectReadable(const Reasoned& truss, const std::string& name) {
+  std::vector<MotionScene> scenes = {{.Document = truss.Document, .Graph = truss.Graph}};
+  for (std::size_t i = 0; i < truss.Reasons.Motions.size(); ++i) scenes.push_back(truss.Motion(i));
+  for (std::size_t i = 0; i < truss.Reasons.SelfStresses.size(); ++i) scenes.push_back(truss.Stress(i));
+  for (const MotionScene& scene : scenes) {
+    for (const PixelRect& room : {Room, PixelRect{0, 0, 340, 260}, PixelRect{0, 0, 900, 700}}) {
+      for (const double swing : {-1.0, -0.5, 0.0, 0.5, 1.0}) {
+        const MotionDrawing drawing = DrawMotion(scene, room, swing, RecordingSurface::Measure);
+        std::vector<PixelRect> texts = NamesIn(drawing);
+        EXPECT_EQ(static_cast<int>(texts.size()), truss.Document.NumJoints)
+            << name << ", room " << room.Width() << ": a name is missing";
+        for (const StressMark& mark : drawing.Marks) {
+          if (!mark.Label.Lines.empty()) texts.push_back(mark.Label.Box);
+        }
+        EXPECT_EQ(NumCovered(drawing, texts), 0) << name << ", room " << room.Width() << ", swing " << swing;
+      }
+    }
+  }
+}
+
+TEST(MotionTexts, LieOnNothingInTheMotionsOfTheExamples) {
+  for (const char* name : {"critical-hexagon", "flat-arch", "inconsistent", "leaning-panel", "near-joint",
+                           "not-enough", "one-too-many", "parallelogram", "redundant", "sloping-arch",
+                           "three-rollers", "tie", "triangle", "undetermined", "wrong-roller"})
+    ExpectReadable(ExampleTruss(name), name);
+  ExpectReadable(SquaresInAGrid(3), "a grid");
+}
+
+// While it is played, a name keeps its place beside its joint.
+TEST(MotionTexts, GoAlongWithTheirJoints) {
+  const Reasoned truss = ExampleTruss("critical-hexagon");
+  const MotionDrawing rest = truss.Drawn(truss.Motion(0), 0);
+  for (const double swing : {-1.0, -0.3, 0.8, 1.0}) {
+    const MotionDrawing swung = truss.Drawn(truss.Motion(0), swing);
+    for (int j = 1; j <= rest.Shown.NumJoints; ++j) {
+      const auto beside = [j](const MotionDrawing& drawing) {
+        const JointRec& joint = drawing.Shown.Joints[j];
+        const LabelPlace& place = drawing.Objects.lblRodJoint[joint.NameLabel];
+        return PixelPoint{place.Left - drawing.Objects.Mapping.XPixel(joint.X),
+                          place.Top - drawing.Objects.Mapping.YPixel(joint.Y)};
+      };
+      EXPECT_NEAR(beside(swung).X, beside(rest).X, 0.01) << swing;
+      EXPECT_NEAR(beside(swung).Y, beside(rest).Y, 0.01) << swing;
+    }
+  }
+}
+
+// Five joints on a line that a long name each would cover.
+TEST(MotionTexts, AreLedToTheirJointsWhereTheyCannotStandBesideThem) {
+  TrussBuilder builder;
+  for (int i = 0; i < 12; ++i) {
+    const auto x = static_cast<float>(i);
+    builder.Member(x, 0, x + 1, 0).Joint(x, 0, "a rather long name " + std::to_string(i));
+  }
+  const Reasoned truss(builder.Joint(12, 0, "the last").Clamp(0, 0).Clamp(12, 0));
+  const MotionDrawing drawing = truss.Drawn(truss.Stress(0));
+  EXPECT_FALSE(drawing.Leaders.empty());
+  RecordingSurface surface;
+  PaintMotion(surface, drawing);
+  for (const PixelLine& leader : drawing.Leaders)
+    EXPECT_THAT(surface.Lines, Contains(DrawnLine{leader.X1, leader.Y1, leader.X2, leader.Y2, 1, DarkGrey}));
 }
 
 }  // namespace

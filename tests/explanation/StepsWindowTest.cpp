@@ -290,4 +290,15 @@ TEST_F(StepsWindowTest, TheLastStepShowsTheColumnInWhichTheValuesAreRead) {
   EXPECT_TRUE(Matrix().viewport()->rect().intersects(rhs));
 }
 
+// By a screen reader, which presses a button for a moment.
+TEST_F(StepsWindowTest, APressThatEndsWhenTheTrussIsGoneDoesNothing) {
+  for (const char* name : {"cmdNextStep", "cmdLast", "cmdFirst", "cmdPlay", "cmdCopy"}) {
+    Show(StripOf(2));
+    Button(name).animateClick();
+    window_.Clear();
+    QTest::qWait(150);
+    EXPECT_EQ(NumOperations(), 0) << name;
+  }
+}
+
 }  // namespace

@@ -17,6 +17,7 @@
 #include "explanation/byjoint/HandView.h"
 #include "platform/qt/AccessibleRole.h"
 #include "platform/qt/FittedText.h"
+#include "platform/qt/OnPress.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/ReadOnlyText.h"
 #include "platform/qt/TippedButton.h"
@@ -54,10 +55,9 @@ void ByJointWindow::CreateControls() {
   cmdBack_ = TippedButton("cmdBack", "&Back", "The step before (Alt+B)", this);
   cmdNext_ = TippedButton("cmdNextStep", "&Next", "The next step (Alt+N)", this);
   cmdCopy_ = TippedButton("cmdCopy", "&Copy", "Copies all steps as text (Alt+C)", this);
-  connect(cmdBack_, &QPushButton::clicked, this, [this] { GoTo(lstSteps_->currentRow() - 1); });
-  connect(cmdNext_, &QPushButton::clicked, this, [this] { GoTo(lstSteps_->currentRow() + 1); });
-  connect(cmdCopy_, &QPushButton::clicked, this,
-          [this] { QApplication::clipboard()->setText(CopiedText()); });
+  OnPress(cmdBack_, this, [this] { GoTo(lstSteps_->currentRow() - 1); });
+  OnPress(cmdNext_, this, [this] { GoTo(lstSteps_->currentRow() + 1); });
+  OnPress(cmdCopy_, this, [this] { QApplication::clipboard()->setText(CopiedText()); });
 }
 
 void ByJointWindow::LayOut() {

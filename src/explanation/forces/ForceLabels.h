@@ -9,3 +9,6 @@
 /// `joints` are the graph's joints on the drawing.
 void PlaceForceLabels(ForcesDrawing& drawing, const ForcesScene& scene, const Table<PixelPoint>& joints,
                       const TextMeasure& measure);
+
+/// The size of a label's lines, one below the other.
+TextExtent ExtentOfLines(const ForceLabel& label, const TextMeasure& measure);

@@ -21,6 +21,7 @@
 #include "explanation/forces/ForcesText.h"
 #include "explanation/forces/ForcesView.h"
 #include "platform/qt/AccessibleRole.h"
+#include "platform/qt/OnPress.h"
 #include "platform/qt/QtPicture.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/ReadOnlyText.h"
@@ -60,10 +61,10 @@ void ForcesWindow::CreateControls() {
   cmdCopyForces_ =
       TippedButton("cmdCopyForces", "Copy &picture",
                    "Copies the drawing with its legend (Ctrl+C while the drawing has the keys)", this);
-  connect(cmdZoomIn_, &QPushButton::clicked, picForces_, &ForcesView::ZoomIn);
-  connect(cmdZoomOut_, &QPushButton::clicked, picForces_, &ForcesView::ZoomOut);
-  connect(cmdZoomWhole_, &QPushButton::clicked, picForces_, &ForcesView::ShowWhole);
-  connect(cmdCopyForces_, &QPushButton::clicked, this, &ForcesWindow::CopyPicture);
+  OnPress(cmdZoomIn_, picForces_, &ForcesView::ZoomIn);
+  OnPress(cmdZoomOut_, picForces_, &ForcesView::ZoomOut);
+  OnPress(cmdZoomWhole_, picForces_, &ForcesView::ShowWhole);
+  OnPress(cmdCopyForces_, this, &ForcesWindow::CopyPicture);
   chkSwapHues_ = new QCheckBox(QStringLiteral("&Swap colours"), this);
   chkSwapHues_->setObjectName(QStringLiteral("chkSwapHues"));
   chkSwapHues_->setToolTip(

@@ -89,23 +89,6 @@ class Painter {
     DrawLine(surface_, line);
   }
 
-  void Label(const ForceLabel& label) const {
-    Pen(1, label.What == LabelOf::Load ? DarkRed : Black);
-    float top = label.Box.Top;
-    for (std::size_t i = 0; i < label.Lines.size(); ++i) {
-      surface_.SetFont({.Points = label.Font.Points, .Bold = label.Font.Bold && i == 0});
-      surface_.PrintText(OntoPaper(label.Box.Left), OntoPaper(top), label.Lines[i]);
-      top += surface_.Extent(label.Lines[i]).Height;
-    }
-  }
-
-  void Leader(const PixelLine& line) const {
-    Pen(1, DarkGrey);
-    DrawLine(surface_, line);
-    Pen(3, DarkGrey);
-    DrawLine(surface_, {line.X2, line.Y2, line.X2, line.Y2});
-  }
-
   bool Sees(const PixelRect& box) const { return !look_.Visible || Overlap(box, *look_.Visible); }
   bool Sees(const PixelLine& line) const {
     return !look_.Visible || Crosses(line, Widened(*look_.Visible, BandWidth));
@@ -169,6 +152,25 @@ void PaintMark(const Painter& painter, const ForcesDrawing& drawing, int unknown
 
 }  // namespace
 
+void PaintLabel(Surface& surface, const ForceLabel& label) {
+  surface.SetLineWidth(1);
+  surface.SetForeground(label.What == LabelOf::Load ? DarkRed : Black);
+  float top = label.Box.Top;
+  for (std::size_t i = 0; i < label.Lines.size(); ++i) {
+    surface.SetFont({.Points = label.Font.Points, .Bold = label.Font.Bold && i == 0});
+    surface.PrintText(OntoPaper(label.Box.Left), OntoPaper(top), label.Lines[i]);
+    top += surface.Extent(label.Lines[i]).Height;
+  }
+}
+
+void PaintLeader(Surface& surface, const PixelLine& leader) {
+  surface.SetForeground(DarkGrey);
+  surface.SetLineWidth(1);
+  DrawLine(surface, leader);
+  surface.SetLineWidth(3);
+  DrawLine(surface, {leader.X2, leader.Y2, leader.X2, leader.Y2});
+}
+
 void PaintForces(Surface& surface, const ForcesDrawing& drawing, const ForcesLook& look) {
   const Painter painter(surface, look);
   PaintMark(painter, drawing, look.Marked);
@@ -192,10 +194,10 @@ void PaintForces(Surface& surface, const ForcesDrawing& drawing, const ForcesLoo
       PaintCircle(surface, pin.X, pin.Y, radius, White);
   }
   for (const ForceLabel& label : drawing.Labels) {
-    if (label.Leader && painter.Sees(*label.Leader)) painter.Leader(*label.Leader);
+    if (label.Leader && painter.Sees(*label.Leader)) PaintLeader(surface, *label.Leader);
   }
   for (const ForceLabel& label : drawing.Labels) {
-    if (painter.Sees(label.Box)) painter.Label(label);
+    if (painter.Sees(label.Box)) PaintLabel(surface, label);
   }
   painter.End();
 }

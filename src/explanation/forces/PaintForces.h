@@ -18,5 +18,10 @@ struct ForcesLook {
 /// and the font TextFont{}.
 void PaintForces(Surface& surface, const ForcesDrawing& drawing, const ForcesLook& look);
 
+/// Paint the lines of a label, and a leader with a dot at its end; each leaves its own pen, the first its
+/// font.
+void PaintLabel(Surface& surface, const ForceLabel& label);
+void PaintLeader(Surface& surface, const PixelLine& leader);
+
 /// Paints the legend with its top left corner at a point, on paper of its own, and leaves the same.
 void PaintLegend(Surface& surface, const ForcesLegend& legend, PixelPoint topLeft, const ForcesLook& look);

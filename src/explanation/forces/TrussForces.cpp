@@ -19,6 +19,16 @@ std::string NameBefore(const std::string& text, const PlacedUnknown& unknown) {
   return isNamed ? unknown.Name + ' ' + text : text;
 }
 
+bool MayBeRounding(const TrussForces& forces) {
+  return std::ranges::any_of(forces.Unknowns.First(forces.Unknowns.Size()),
+                             [&forces](const ForceFound& force) {
+                               const double magnitude = std::abs(force.Value);
+                               return magnitude > 0 && magnitude < NothingWithinFigures * forces.Largest;
+                             });
+}
+
+}  // namespace
+
 std::vector<std::string> LinesOf(const PlacedUnknown& unknown, const ForceFound& force,
                                  const ReportFormat& format) {
   if (force.Sense == ForceSense::Undetermined) return {NameBefore("?", unknown)};
@@ -31,16 +41,6 @@ std::vector<std::string> LinesOf(const PlacedUnknown& unknown, const ForceFound&
   if (unknown.IsMember() || !pushes) lines.push_back('(' + TableNumber(force.Value, format) + ')');
   return lines;
 }
-
-bool MayBeRounding(const TrussForces& forces) {
-  return std::ranges::any_of(forces.Unknowns.First(forces.Unknowns.Size()),
-                             [&forces](const ForceFound& force) {
-                               const double magnitude = std::abs(force.Value);
-                               return magnitude > 0 && magnitude < NothingWithinFigures * forces.Largest;
-                             });
-}
-
-}  // namespace
 
 ForceSense SenseOf(double value) {
   if (FormatSigFigs(value, {}) == "0") return ForceSense::Zero;

@@ -44,6 +44,10 @@ struct TrussForces {
 /// A force is zero when the solutions show it as 0; everything else keeps its sense, however small.
 ForceSense SenseOf(double value);
 
+/// The texts that stand at an unknown with this force: see ForceFound.
+std::vector<std::string> LinesOf(const PlacedUnknown& unknown, const ForceFound& force,
+                                 const ReportFormat& format);
+
 /// `format` is that of the solutions.
 TrussForces ForcesOf(ExplanationOnDemand& reasons, const ReportFormat& format);
 TrussForces ForcesOf(ExplanationOnDemand&& reasons, const ReportFormat& format);

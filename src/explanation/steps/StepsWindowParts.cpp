@@ -19,6 +19,7 @@
 #include "explanation/steps/StepMatrixModel.h"
 #include "explanation/steps/StepsTour.h"
 #include "explanation/steps/StepsWindow.h"
+#include "platform/qt/OnPress.h"
 #include "platform/qt/ReadOnlyText.h"
 #include "platform/qt/TippedButton.h"
 
@@ -91,7 +92,7 @@ void StepsWindow::CreateControls() {
   cmdLast_ = TippedButton("cmdLast", "&Last", "The reduced matrix, as in the RREF report (Alt+L)", this);
   cmdCopy_ = TippedButton("cmdCopy", "&Copy", "Copies all steps as text (Alt+C)", this);
   const auto goes = [this](QPushButton* from, auto where) {
-    connect(from, &QPushButton::clicked, this, [this, where] {
+    OnPress(from, this, [this, where] {
       StopPlaying();
       GoTo(where());
     });
@@ -100,9 +101,8 @@ void StepsWindow::CreateControls() {
   goes(cmdBack_, [this] { return tour_->Place() - 1; });
   goes(cmdNext_, [this] { return tour_->Place() + 1; });
   goes(cmdLast_, [this] { return tour_->NumPlaces() - 1; });
-  connect(cmdPlay_, &QPushButton::clicked, this, &StepsWindow::PlayOrStop);
-  connect(cmdCopy_, &QPushButton::clicked, this,
-          [this] { QApplication::clipboard()->setText(CopiedText()); });
+  OnPress(cmdPlay_, this, &StepsWindow::PlayOrStop);
+  OnPress(cmdCopy_, this, [this] { QApplication::clipboard()->setText(CopiedText()); });
   sldStep_ = new QSlider(Qt::Horizontal, this);
   sldStep_->setObjectName(QStringLiteral("sldStep"));
   sldStep_->setAccessibleName(QStringLiteral("Place in the elimination"));
