@@ -7,7 +7,7 @@
 
 #include "ExplanationFixture.h"
 #include "ReasonsThatHold.h"
-#include "WholeNumberRank.h"
+#include "support/WholeNumberRank.h"
 
 namespace {
 

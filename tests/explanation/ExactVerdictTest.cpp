@@ -10,7 +10,7 @@
 
 #include "ExplanationFixture.h"
 #include "ReasonsThatHold.h"
-#include "WholeNumberRank.h"
+#include "support/WholeNumberRank.h"
 
 namespace {
 
