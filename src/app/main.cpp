@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <csignal>
 #include <iostream>
+#include <new>
 #include <optional>
 #include <string>
 #include <vector>
@@ -108,9 +109,7 @@ int RunWithoutWindow(const CommandLine& commandLine) {
                                                             .VariantPicture = VariantPng});
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int Start(int argc, char** argv) {
   PrepareStandardStreams();
   // The order of what the toolkit writes into files must not change from run to run.
   QHashSeed::setDeterministicGlobalSeed();
@@ -123,4 +122,15 @@ int main(int argc, char** argv) {
   if (commandLine.What != CommandLine::Mode::Window) return RunWithoutWindow(commandLine);
   if (IsTerminalAlone()) EndWithoutDisplay(QString());
   return RunWindow(argc, argv, commandLine);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return Start(argc, argv);
+  } catch (const std::bad_alloc&) {
+    std::cerr << "orvane: there is not enough memory\n";
+    return NotAllDone;
+  }
 }

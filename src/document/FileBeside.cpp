@@ -55,12 +55,12 @@ bool IsKept(const std::string& path, const SystemFile& file) {
 FileBeside::FileBeside(std::string folder, mode_t mode) : folder_(std::move(folder)) {
   RemoveLeftovers(folder_);
   for (int number = 1; number <= MaxSavesAtOnce; ++number) {
-    const std::string path = PathOf(folder_, number);
+    std::string path = PathOf(folder_, number);
     SystemFile file(path, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, mode);
     error_ = file.Error();
     if (file.IsOpen() && IsKept(path, file)) {
       file_ = std::move(file);
-      path_ = path;
+      path_ = std::move(path);  // nothing may fail between its creation and here: it would never be removed
       return;
     }
     if (error_ != 0 && error_ != EEXIST) return;

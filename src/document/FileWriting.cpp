@@ -100,7 +100,7 @@ SystemFile OpenInPlace(const std::string& path, std::string& why) {
   return file;
 }
 
-std::string WriteInPlace(const std::string& path, std::string_view bytes) {
+std::string WriteInPlace(const std::string& path, std::string_view bytes, std::string& doubt) {
   std::string why;
   const SystemFile file = OpenInPlace(path, why);
   if (!why.empty()) return why;
@@ -113,7 +113,14 @@ std::string WriteInPlace(const std::string& path, std::string_view bytes) {
   if (error != 0) why = WhyFailed(error);
   if (!isWhole) why += ", and what the file held before could not be put back";
   if (!isWhole && !copy.Path().empty()) why += "; it is kept in " + copy.Path();
-  if (isWhole) copy.Remove();
+  if (isWhole && !copy.Remove()) {
+    const std::string kept = "what it held before is still kept in " + copy.Path();
+    if (error == 0) {
+      doubt = kept;
+    } else {
+      why += "; " + kept;
+    }
+  }
   return why;
 }
 
@@ -146,16 +153,16 @@ bool OnlyInPlace(int error) { return error == EACCES || error == EPERM || error 
 std::string Replace(const std::string& target, std::string_view bytes, const SystemFile& existing,
                     const struct stat& old, std::string& doubt) {
   FileBeside beside(FolderOf(target), PrivateMode);
-  if (OnlyInPlace(beside.Error())) return WriteInPlace(target, bytes);
+  if (OnlyInPlace(beside.Error())) return WriteInPlace(target, bytes, doubt);
   if (beside.Error() != 0) return WhyFailed(beside.Error());
   if (!KeepAttributes(existing.Descriptor(), old, beside.File().Descriptor())) {
-    return WriteInPlace(target, bytes);
+    return WriteInPlace(target, bytes, doubt);
   }
   int error = WriteBytes(beside.File(), bytes);
   if (error != 0) return WhyFailed(error);
   error = beside.TakePlaceOf(target);
   doubt = DoubtAbout(beside);
-  if (OnlyInPlace(error)) return WriteInPlace(target, bytes);
+  if (OnlyInPlace(error)) return WriteInPlace(target, bytes, doubt);
   return error == 0 ? std::string() : WhyFailed(error);
 }
 
@@ -170,7 +177,7 @@ std::string WriteOver(const std::string& path, std::string_view bytes, std::stri
   }
   const std::string target = BehindLinks(path);
   const bool hasItsNameAlone = old->st_nlink == 1 && LeadsTo(*old, target);
-  return hasItsNameAlone ? Replace(target, bytes, existing, *old, doubt) : WriteInPlace(path, bytes);
+  return hasItsNameAlone ? Replace(target, bytes, existing, *old, doubt) : WriteInPlace(path, bytes, doubt);
 }
 
 }  // namespace

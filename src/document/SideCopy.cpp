@@ -100,9 +100,10 @@ bool SideCopy::Keep(const std::string& folder, const std::string& name, std::str
   return isKept;
 }
 
-void SideCopy::Remove() {
-  if (!path_.empty()) unlink(path_.c_str());
+bool SideCopy::Remove() {
+  if (!path_.empty() && unlink(path_.c_str()) != 0) return false;
   path_.clear();
+  return true;
 }
 
 std::string LeftCopyOf(const std::string& path) {

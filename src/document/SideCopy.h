@@ -17,8 +17,8 @@ class SideCopy {
   /// Where the copy stands; empty when no place took it.
   const std::string& Path() const { return path_; }
 
-  /// The file is whole. A copy that is not removed stays for good.
-  void Remove();
+  /// The file is whole. A copy that is not removed stays for good; false when the system does not remove it.
+  [[nodiscard]] bool Remove();
 
  private:
   bool Keep(const std::string& folder, const std::string& name, std::string_view bytes);

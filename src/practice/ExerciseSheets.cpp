@@ -39,10 +39,8 @@ class ForcesOnPaper final : public ReportTable {
     return isName ? names_[index] : values_[index];
   }
 
-  void VisitCells(const std::function<void(int, int)>& visit) const override {
-    for (int row = 0; row < NumRows(); ++row) {
-      for (int column = 0; column < NumColumns(); ++column) visit(row, column);
-    }
+  void VisitRow(int, int firstColumn, int lastColumn, const std::function<void(int)>& visit) const override {
+    VisitAll(firstColumn, lastColumn, visit);
   }
 
  private:

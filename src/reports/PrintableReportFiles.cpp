@@ -4,9 +4,8 @@
 #include <utility>
 
 #include "paper/Page.h"
-#include "paper/qt/DocumentFiles.h"
+#include "paper/qt/FileText.h"
 #include "paper/qt/QtRichText.h"
-#include "paper/qt/RtfWriter.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtTextMeasure.h"
 #include "reports/DocumentPages.h"
@@ -33,6 +32,19 @@ BuiltReport BuildReport(const ReportSubject& subject, const DocumentTools& tools
                                .Reasons = subject.Reasons});
 }
 
+// Text whose pictures go over the clipboard.
+BuiltReport BuildInto(RichText& text, const ReportSubject& subject, const ClipboardAccess& access,
+                      float tableRoom, const ReportProgress& progress) {
+  QtTextMeasure measure;
+  return BuildReport(subject,
+                     {.Document = text,
+                      .Clipboard = access,
+                      .Measure = [&measure](const TextFont& font,
+                                            std::string_view word) { return measure.Measure(font, word); },
+                      .TableRoom = tableRoom,
+                      .Progress = progress});
+}
+
 DocumentBuilder BuilderOf(const ReportSubject& subject) {
   return [&subject](const DocumentTools& tools) { return BuildReport(subject, tools) != BuiltReport::Ended; };
 }
@@ -45,14 +57,7 @@ ReportDocument BuildReportDocument(const ReportSubject& subject, const Clipboard
   ReportDocument report{.Text = std::make_unique<QTextDocument>()};
   report.Text->setMetaInformation(QTextDocument::DocumentTitle, Title(subject.Document));
   QtRichText text(*report.Text, std::move(clipboard));
-  QtTextMeasure measure;
-  report.State = BuildReport(
-      subject, {.Document = text,
-                .Clipboard = access,
-                .Measure = [&measure](const TextFont& font,
-                                      std::string_view word) { return measure.Measure(font, word); },
-                .TableRoom = tableRoom,
-                .Progress = progress});
+  report.State = BuildInto(text, subject, access, tableRoom, progress);
   if (report.State == BuiltReport::Ended) report.Text = nullptr;
   return report;
 }
@@ -64,17 +69,10 @@ std::optional<QByteArray> ReportFile(const ReportSubject& subject, DocumentFileF
   QuietShelf shelf;
   const float tableRoom =
       format == DocumentFileFormat::Html ? 0 : static_cast<float>(PointsOf(PageTextWidth));
-  const auto [document, state] = BuildReportDocument(
-      subject, shelf.Access(), [&shelf] { return shelf.Bitmap(); }, tableRoom, progress);
-  if (document == nullptr) return std::nullopt;
-  switch (format) {
-    case DocumentFileFormat::Rtf:
-      return ToRtf(*document);
-    case DocumentFileFormat::Odt:
-      return ToOdt(*document);
-    default:
-      return ToHtml(*document);
-  }
+  FileText text(format, Title(subject.Document), [&shelf] { return shelf.Bitmap(); });
+  if (BuildInto(text, subject, shelf.Access(), tableRoom, progress) == BuiltReport::Ended)
+    return std::nullopt;
+  return text.TakeBytes();
 }
 
 bool PrintReport(const ReportSubject& subject, QPagedPaintDevice& device, const ReportProgress& progress) {

@@ -156,6 +156,7 @@ class TableWriter {
   }
 
   bool WriteBlock(const Block& block) {
+    FillWithZeros(block);
     for (int row = 0; row < table_.NumRows(); ++row) {
       WriteRow(row, block);
       ++rowsWritten_;
@@ -167,11 +168,11 @@ class TableWriter {
   void WriteRow(int row, const Block& block) {
     role_ = row == 0 ? LineRole::TableHeader : LineRole::TableRow;
     std::string first = Filled(row, 0);
-    std::string others;
-    for (int column = block.FirstColumn; column <= block.LastColumn; ++column) {
-      others.append(BlanksBetweenColumns, ' ');
-      others += Filled(row, column);
-    }
+    std::string others = zeros_;
+    table_.VisitRow(row, block.FirstColumn, block.LastColumn, [&](int column) {
+      const std::string text = Filled(row, column);
+      others.replace(placeInRow_[static_cast<std::size_t>(column)], text.size(), text);
+    });
     if (row == 0) {
       AppendPiece(first + others, LightBlue);
       AppendPiece(LineBreak, Black);
@@ -180,6 +181,19 @@ class TableWriter {
       AppendPiece(others.append(LineBreak), Black);
     } else {
       AppendPiece(first.append(others).append(LineBreak), Black);
+    }
+  }
+
+  // What a row has beside its first cell where all of it is zero, and where each column stands in it.
+  void FillWithZeros(const Block& block) {
+    zeros_.clear();
+    placeInRow_.resize(widths_.size());
+    for (int column = block.FirstColumn; column <= block.LastColumn; ++column) {
+      zeros_.append(BlanksBetweenColumns, ' ');
+      placeInRow_[static_cast<std::size_t>(column)] = zeros_.size();
+      std::string zero = "0";
+      FillUp(zero, Width(column));
+      zeros_ += zero;
     }
   }
 
@@ -209,6 +223,8 @@ class TableWriter {
   const TableProgress& progress_;
   int numColumns_;
   std::vector<int> widths_;  // characters, of each column
+  std::string zeros_;
+  std::vector<std::size_t> placeInRow_;
   CharacterFormat cell_;
   LineRole role_ = LineRole::TableHeader;  // of the row that is written
   double rowsToWrite_ = 0;

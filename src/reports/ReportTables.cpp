@@ -1,6 +1,7 @@
 // The Equations and the RREF table are one kind of table over two matrices.
 #include "reports/ReportTables.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -31,12 +32,15 @@ class MatrixTable : public ReportTable {
   }
 
   template <class Matrix>
-  void VisitMatrix(const Matrix& matrix, const std::function<void(int, int)>& visit) const {
-    for (int column = 0; column < NumColumns(); ++column) visit(0, column);
-    for (int row = 1; row <= matrix.NumRows(); ++row) {
-      visit(row, 0);
-      for (const auto& entry : matrix.Row(row)) visit(row, entry.Column);
-    }
+  static void VisitRowOf(const Matrix& matrix, int row, int firstColumn, int lastColumn,
+                         const std::function<void(int)>& visit) {
+    if (row == 0) return VisitAll(firstColumn, lastColumn, visit);
+    if (firstColumn == 0) visit(0);
+    const auto entries = matrix.Row(row);
+    for (auto entry =
+             std::ranges::lower_bound(entries, firstColumn, {}, [](const auto& e) { return e.Column; });
+         entry != entries.end() && entry->Column <= lastColumn; ++entry)
+      visit(entry->Column);
   }
 
   const TrussAnalysis& analysis_;
@@ -59,8 +63,9 @@ class EquationsTable final : public MatrixTable {
     return CellText(System().DisplayEquations, row, column);
   }
 
-  void VisitCells(const std::function<void(int, int)>& visit) const override {
-    VisitMatrix(System().DisplayEquations, visit);
+  void VisitRow(int row, int firstColumn, int lastColumn,
+                const std::function<void(int)>& visit) const override {
+    VisitRowOf(System().DisplayEquations, row, firstColumn, lastColumn, visit);
   }
 
  private:
@@ -81,8 +86,9 @@ class RREFTable final : public MatrixTable {
     return CellText(System().EquationMatrix, row, column);
   }
 
-  void VisitCells(const std::function<void(int, int)>& visit) const override {
-    VisitMatrix(System().EquationMatrix, visit);
+  void VisitRow(int row, int firstColumn, int lastColumn,
+                const std::function<void(int)>& visit) const override {
+    VisitRowOf(System().EquationMatrix, row, firstColumn, lastColumn, visit);
   }
 
  private:
@@ -106,11 +112,8 @@ class SolutionsTable final : public ReportTable {
     return value ? TableNumber(*value, format_) : "undetermined";
   }
 
-  void VisitCells(const std::function<void(int, int)>& visit) const override {
-    for (int row = 0; row < NumRows(); ++row) {
-      visit(row, 0);
-      visit(row, 1);
-    }
+  void VisitRow(int, int firstColumn, int lastColumn, const std::function<void(int)>& visit) const override {
+    VisitAll(firstColumn, lastColumn, visit);
   }
 
  private:
@@ -119,6 +122,15 @@ class SolutionsTable final : public ReportTable {
 };
 
 }  // namespace
+
+void ReportTable::VisitCells(const std::function<void(int, int)>& visit) const {
+  for (int row = 0; row < NumRows(); ++row)
+    VisitRow(row, 0, NumColumns() - 1, [&visit, row](int column) { visit(row, column); });
+}
+
+void ReportTable::VisitAll(int firstColumn, int lastColumn, const std::function<void(int)>& visit) {
+  for (int column = firstColumn; column <= lastColumn; ++column) visit(column);
+}
 
 std::unique_ptr<ReportTable> LoadGridWithEquations(const TrussAnalysis& analysis,
                                                    const ReportFormat& format) {

@@ -22,9 +22,17 @@ class ReportTable {
   virtual int NumColumns() const = 0;
   virtual std::string Text(int row, int column) const = 0;
 
-  /// Calls `visit` for every cell, row by row, but for cells that are known to show "0". Lets widths be
-  /// measured without asking for each zero.
-  virtual void VisitCells(const std::function<void(int row, int column)>& visit) const = 0;
+  /// Calls `visit` for the cells of a row from the first column to the last, both inclusive, but for cells
+  /// that are known to show "0".
+  virtual void VisitRow(int row, int firstColumn, int lastColumn,
+                        const std::function<void(int column)>& visit) const = 0;
+
+  /// The same for every cell, row by row. Lets widths be measured without asking for each zero.
+  void VisitCells(const std::function<void(int row, int column)>& visit) const;
+
+ protected:
+  /// VisitRow of a row of which nothing is known.
+  static void VisitAll(int firstColumn, int lastColumn, const std::function<void(int column)>& visit);
 };
 
 /// The augmented matrix as assembled.

@@ -52,6 +52,8 @@ std::size_t SequenceLength(unsigned char first) {
 }  // namespace
 
 std::string ToUtf8(std::string_view singleByteText) {
+  const auto isAscii = [](char byte) { return static_cast<unsigned char>(byte) < 0x80; };
+  if (std::ranges::all_of(singleByteText, isAscii)) return std::string(singleByteText);
   std::string text;
   text.reserve(singleByteText.size());
   for (const char byte : singleByteText) AppendUtf8(text, UnicodeOf(static_cast<unsigned char>(byte)));

@@ -17,7 +17,7 @@ TEST(SideCopy, OfARunningSaveIsNoLeftOne) {
   SideCopy copy(path, "old");
   directory.Put("a", "half");
   EXPECT_EQ(InAnotherProcess([&] { return LeftCopyOf(path); }), "");
-  copy.Remove();
+  EXPECT_TRUE(copy.Remove());
   EXPECT_THAT(directory.Names(), ElementsAre("a"));
 }
 

@@ -300,6 +300,22 @@ TEST(OpenDocument, ALargeTableIsPackedWhole) {
   EXPECT_EQ(Read(text.Document).Text(), TextOf(text.Document));
 }
 
+// It is packed piece by piece.
+TEST(OpenDocument, ALongTextIsWhole) {
+  RichTextUnderTest text;
+  text.Append("Rows\r\n", DarkRedHeading, LineRole::Heading);
+  for (int row = 0; row < 9000; ++row)
+    text.Append(std::to_string(row * 7919LL) +
+                    "   \xE2\x80\x93"
+                    "1   " +
+                    std::to_string(row) + "\r\n",
+                TableLetters);
+  const OdtReading odt(ToOdt(text.Document));
+  EXPECT_GT(odt.File("content.xml").size(), 1U << 19);
+  EXPECT_LT(odt.Bytes.size(), 1 << 18);
+  EXPECT_EQ(odt.Text() + '\n', TextOf(text.Document));
+}
+
 TEST(OpenDocument, TheSameDocumentGivesTheSameBytesOnAnyDay) {
   const QByteArray odt = ToOdt(SampleRichText().Document);
   EXPECT_EQ(odt, ToOdt(SampleRichText().Document));

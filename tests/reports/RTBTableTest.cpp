@@ -29,11 +29,10 @@ class WrittenTable : public ReportTable {
   std::string Text(int row, int column) const override {
     return rows_[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
   }
-  void VisitCells(const std::function<void(int, int)>& visit) const override {
-    for (int row = 0; row < NumRows(); ++row) {
-      for (int column = 0; column < NumColumns(); ++column) {
-        if (Text(row, column) != "0") visit(row, column);
-      }
+  void VisitRow(int row, int firstColumn, int lastColumn,
+                const std::function<void(int)>& visit) const override {
+    for (int column = firstColumn; column <= lastColumn; ++column) {
+      if (Text(row, column) != "0") visit(column);
     }
   }
 

@@ -74,6 +74,17 @@ void ExpectVisitsAllButZeros(const ReportTable& table) {
     EXPECT_LT(row, table.NumRows());
     EXPECT_LT(column, table.NumColumns());
   }
+  // A part of a row visits what the whole row visits there.
+  for (int row = 0; row < table.NumRows(); ++row) {
+    const int end = table.NumColumns() - 1;
+    for (const auto& [first, last] : {std::pair(0, 0), std::pair(1, std::min(3, end)), std::pair(end, end)}) {
+      std::set<std::pair<int, int>> part;
+      table.VisitRow(row, first, last, [&part, row](int column) { part.emplace(row, column); });
+      EXPECT_EQ(part, (std::set<std::pair<int, int>>(visited.lower_bound({row, first}),
+                                                     visited.upper_bound({row, last}))))
+          << row << ", " << first << " to " << last;
+    }
+  }
 }
 
 }  // namespace

@@ -3,7 +3,10 @@
 #include <QBuffer>
 #include <QPixmap>
 #include <QUrl>
+#include <algorithm>
+#include <cmath>
 
+#include "paper/Page.h"
 #include "platform/qt/QtPicture.h"
 
 QImage ImageOf(const QTextDocument& document, const QString& name) {
@@ -25,6 +28,16 @@ QSizeF ShownSize(const QTextImageFormat& format, const QImage& image) {
   const bool hasWidth = format.hasProperty(QTextFormat::ImageWidth) && format.width() > 0;
   const bool hasHeight = format.hasProperty(QTextFormat::ImageHeight) && format.height() > 0;
   return {hasWidth ? format.width() : own.width(), hasHeight ? format.height() : own.height()};
+}
+
+QSizeF SizeOnPage(const QImage& image, QStringView lineBefore) {
+  const auto isTab = [](QChar c) { return c == u'\t'; };
+  const auto tabs = std::ranges::find_if_not(lineBefore, isTab) - lineBefore.begin();
+  const qreal room = std::max(PagePictureWidth - StandardTabStop * static_cast<qreal>(tabs), StandardTabStop);
+  const QSizeF size = SizeOnScreen(image);
+  const qreal factor = std::min({1.0, room / size.width(), PagePictureHeight / size.height()});
+  return {std::max(1.0, std::round(size.width() * factor)),
+          std::max(1.0, std::round(size.height() * factor))};
 }
 
 QByteArray PngBytes(const QImage& image) {

@@ -2,9 +2,11 @@
 
 #include <QHash>
 #include <QTextFragment>
+#include <QTextImageFormat>
 #include <algorithm>
 #include <utility>
 
+#include "paper/qt/DocumentImages.h"
 #include "paper/qt/QtRichText.h"
 
 namespace {
@@ -92,14 +94,20 @@ class Walker {
     if (format.isImageFormat()) {
       FlushRun();
       const auto pictures = text.count(QChar(QChar::ObjectReplacementCharacter));
-      const QString description = format.stringProperty(QTextFormat::ImageAltText);
-      for (qsizetype i = 0; i < pictures; ++i) visitor_.Picture(format.toImageFormat(), description);
+      VisitPictures(format.toImageFormat(), pictures);
       return;
     }
     const Letters& letters = LettersOf(fragment.charFormatIndex(), format);
     if (letters != runLetters_) FlushRun();
     runLetters_ = letters;
     run_ += text;
+  }
+
+  void VisitPictures(const QTextImageFormat& format, qsizetype count) {
+    const QImage image = ImageOf(part_.Document, format.name());
+    if (image.isNull()) return;
+    const QString description = format.stringProperty(QTextFormat::ImageAltText);
+    for (qsizetype i = 0; i < count; ++i) visitor_.Picture(image, ShownSize(format, image), description);
   }
 
   void FlushRun() {

@@ -2,13 +2,14 @@
 // from.
 #pragma once
 
+#include <QByteArray>
 #include <QColor>
+#include <QImage>
 #include <QString>
 #include <QTextBlock>
 #include <QTextCharFormat>
 #include <QTextCursor>
 #include <QTextDocument>
-#include <QTextImageFormat>
 
 #include "paper/RichText.h"
 
@@ -60,10 +61,18 @@ class DocumentVisitor {
 
   /// Runs that follow one another look different. The text has no line ends but U+2028.
   virtual void Run(const Letters& letters, const QString& text) = 0;
-  virtual void Picture(const QTextImageFormat& format, const QString& description) = 0;
+  /// `size` is that at which it is shown, in pixels of 96 to the inch.
+  virtual void Picture(const QImage& image, const QSizeF& size, const QString& description) = 0;
 
   /// `ended`: its end belongs to the part, too, so that another paragraph begins.
   virtual void EndParagraph(bool ended) = 0;
+};
+
+/// A visitor that makes a file of what it sees.
+class DocumentWriter : public DocumentVisitor {
+ public:
+  /// The file's bytes. To be asked for once, when everything was visited.
+  virtual QByteArray TakeBytes() = 0;
 };
 
 /// What the document's own information calls it; empty when it says nothing.

@@ -3,8 +3,12 @@
 #include "paper/qt/HtmlWriter.h"
 
 #include <QImage>
+#include <algorithm>
 #include <cmath>
+#include <memory>
+#include <utility>
 
+#include "paper/qt/AsciiText.h"
 #include "paper/qt/DocumentImages.h"
 
 namespace {
@@ -20,19 +24,19 @@ QByteArray FontSize(const Letters& letters) {
   return "font-size:" + QByteArray::number(letters.Points, 'g', 4) + "pt";
 }
 
-class HtmlWriter final : public DocumentVisitor {
+class HtmlWriter final : public DocumentWriter {
  public:
-  explicit HtmlWriter(const DocumentPart& part) : part_(part) {
-    const QString title = TitleOf(part);
+  explicit HtmlWriter(const QString& title) {
     html_ = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>" +
             (title.isEmpty() ? QStringLiteral("Orvane") : title).toHtmlEscaped().toUtf8() +
             "</title>\n</head>\n<body>\n<!--StartFragment-->";
-    Walk(part_, *this);
-    ClosePreformatted();
-    html_ += "<!--EndFragment-->\n</body>\n</html>\n";
   }
 
-  const QByteArray& Html() const { return html_; }
+  QByteArray TakeBytes() override {
+    ClosePreformatted();
+    html_ += "<!--EndFragment-->\n</body>\n</html>\n";
+    return std::move(html_);
+  }
 
   void BeginParagraph(const Paragraph& paragraph) override {
     const Letters& letters = paragraph.First;
@@ -62,18 +66,15 @@ class HtmlWriter final : public DocumentVisitor {
     if (letters.Bold) html_ += "<b>";
     if (letters.Italic) html_ += "<i>";
     if (letters.Underlined) html_ += "<u>";
-    html_ += text.toHtmlEscaped().replace(QChar(QChar::LineSeparator), QStringLiteral("<br>")).toUtf8();
+    Write(text);
     if (letters.Underlined) html_ += "</u>";
     if (letters.Italic) html_ += "</i>";
     if (letters.Bold) html_ += "</b>";
     if (!style.isEmpty()) html_ += "</span>";
   }
 
-  void Picture(const QTextImageFormat& format, const QString& description) override {
-    const QImage image = ImageOf(part_.Document, format.name());
-    if (image.isNull()) return;
+  void Picture(const QImage& image, const QSizeF& size, const QString& description) override {
     isEmpty_ = false;
-    const QSizeF size = ShownSize(format, image);
     html_ += "<img alt=\"" + description.toHtmlEscaped().toUtf8() + "\" width=\"" +
              QByteArray::number(std::lround(size.width())) + "\" height=\"" +
              QByteArray::number(std::lround(size.height())) + "\" src=\"data:image/png;base64,";
@@ -99,6 +100,15 @@ class HtmlWriter final : public DocumentVisitor {
     isPreformatted_ = false;
   }
 
+  void Write(const QString& text) {
+    const auto isItself = [](QChar letter) {
+      const char16_t code = letter.unicode();
+      return code < 0x80 && code != u'<' && code != u'>' && code != u'&' && code != u'"';
+    };
+    if (std::all_of(text.cbegin(), text.cend(), isItself)) return AppendAscii(html_, text);
+    html_ += text.toHtmlEscaped().replace(QChar(QChar::LineSeparator), QStringLiteral("<br>")).toUtf8();
+  }
+
   // What a run has that its paragraph has not.
   QByteArray Style(const Letters& letters) const {
     QByteArray style;
@@ -112,7 +122,6 @@ class HtmlWriter final : public DocumentVisitor {
     return style;
   }
 
-  const DocumentPart& part_;
   QByteArray html_;
   Letters paragraph_;  // family and size of the paragraph's first letters
   QByteArray element_;
@@ -122,4 +131,12 @@ class HtmlWriter final : public DocumentVisitor {
 
 }  // namespace
 
-QByteArray ToHtml(const DocumentPart& part) { return HtmlWriter(part).Html(); }
+std::unique_ptr<DocumentWriter> NewHtmlWriter(const QString& title) {
+  return std::make_unique<HtmlWriter>(title);
+}
+
+QByteArray ToHtml(const DocumentPart& part) {
+  HtmlWriter writer(TitleOf(part));
+  Walk(part, writer);
+  return writer.TakeBytes();
+}

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <memory>
 
 #include "paper/qt/DocumentWalk.h"
 
@@ -10,3 +11,6 @@
 /// lines that do not wrap are preformatted. Headings are headings, and pictures say what they show. The same
 /// document gives the same bytes.
 QByteArray ToHtml(const DocumentPart& part);
+
+/// The same of a document that is not there as a whole.
+std::unique_ptr<DocumentWriter> NewHtmlWriter(const QString& title);

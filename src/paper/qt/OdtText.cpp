@@ -5,7 +5,12 @@
 #include <array>
 #include <charconv>
 
+#include "paper/qt/AsciiText.h"
+
 namespace {
+
+// Bytes of text that wait to be packed.
+constexpr std::size_t MostWaiting = 1 << 18;
 
 bool IsControl(char16_t code) { return code < 0x20 || (code >= 0x7F && code < 0xA0); }
 
@@ -36,6 +41,21 @@ QByteArray Properties(const OdtStyles::Style& style) {
 }  // namespace
 
 QByteArray OdtPoints(double points) { return QByteArray::number(points, 'g', 6) + "pt"; }
+
+void OdtText::Markup(QByteArrayView markup) {
+  bytes_.append(markup.data(), static_cast<std::size_t>(markup.size()));
+  if (bytes_.size() >= MostWaiting) Pack();
+}
+
+void OdtText::Pack() {
+  packed_.Write(bytes_);
+  bytes_.clear();
+}
+
+Deflated OdtText::Take() {
+  Pack();
+  return packed_.Take(DeflateStream::End::OfAll);
+}
 
 void OdtText::Write(QStringView text) {
   qsizetype from = 0;  // of the letters that are not written yet
@@ -72,10 +92,10 @@ void OdtText::WriteLetters(QStringView letters) {
     return code < 0x80 && code != u'<' && code != u'>' && code != u'&' && code != u'"';
   };
   if (!std::ranges::all_of(letters, isItself)) {
-    bytes_ += letters.toString().toHtmlEscaped().toUtf8();
+    bytes_ += letters.toString().toHtmlEscaped().toStdString();
     return;
   }
-  for (const QChar letter : letters) bytes_ += letter.toLatin1();
+  AppendAscii(bytes_, letters);
 }
 
 void OdtText::WriteBlanks(qsizetype count) {
@@ -83,25 +103,27 @@ void OdtText::WriteBlanks(qsizetype count) {
     bytes_ += "<text:s/>";
     return;
   }
-  bytes_ += "<text:s text:c=\"";
-  std::array<char, 20> digits{};
-  const auto [end, failure] = std::to_chars(digits.begin(), digits.end(), count);
-  bytes_.append(digits.data(), end - digits.data());
-  bytes_ += "\"/>";
+  std::array<char, 48> element = {"<text:s text:c=\""};
+  char* const digits = element.data() + QByteArrayView(element.data()).size();
+  char* const end = std::to_chars(digits, element.data() + element.size(), count).ptr;
+  bytes_.append(element.data(), static_cast<std::size_t>(end - element.data())).append("\"/>");
 }
 
-QByteArray OdtStyles::NameOf(const Paragraph& paragraph) {
+const QByteArray& OdtStyles::NameOf(const Paragraph& paragraph) {
   return NameOf(Style{.Look = paragraph.First,
                       .HeadingLevel = paragraph.HeadingLevel(),
                       .StaysWithNext = paragraph.StaysWithNext,
                       .StaysWhole = paragraph.StaysWhole()});
 }
 
-QByteArray OdtStyles::NameOf(const Style& style) {
+const QByteArray& OdtStyles::NameOf(const Style& style) {
   const auto found = std::find(met_.begin(), met_.end(), style);
-  const auto number = static_cast<int>(found - met_.begin()) + 1;
-  if (found == met_.end()) met_.push_back(style);
-  return initial_ + QByteArray::number(number);
+  const auto index = static_cast<std::size_t>(found - met_.begin());
+  if (found == met_.end()) {
+    met_.push_back(style);
+    names_.push_back(initial_ + QByteArray::number(static_cast<int>(met_.size())));
+  }
+  return names_[index];
 }
 
 QByteArray OdtStyles::Bytes() const {

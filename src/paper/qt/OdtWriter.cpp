@@ -5,6 +5,8 @@
 #include <QImage>
 #include <algorithm>
 #include <limits>
+#include <memory>
+#include <utility>
 #include <vector>
 
 #include "paper/Page.h"
@@ -84,16 +86,20 @@ constexpr const char* RowBegin =
     "<table:table-row table:style-name=\"Row\"><table:table-cell table:style-name=\"Cell\""
     " office:value-type=\"string\">";
 
-class OdtWriter final : public DocumentVisitor {
+class OdtWriter final : public DocumentWriter {
  public:
-  explicit OdtWriter(const QTextDocument& document) : document_(document) { Walk(document_, *this); }
+  explicit OdtWriter(QString title) : title_(std::move(title)) {}
 
-  QByteArray File() {
+  QByteArray TakeBytes() override {
+    text_.Markup(ContentEnd);
+    DeflateStream begin;  // it tells what was met in the text
+    begin.Write(ContentBegin());
+    const Deflated content = DeflateStream::Joined(begin.Take(DeflateStream::End::OfPart), text_.Take());
     // Readers count the bytes of such a file with 32 bits.
-    if (text_.Bytes().size() > std::numeric_limits<int>::max() / 2) return {};
+    if (!content.IsWhole || content.Size > std::numeric_limits<int>::max() / 2) return {};
     ZipFile file;
     file.Add("mimetype", MediaType, ZipFile::Method::Stored);  // first, and as it is, so that it can be seen
-    file.AddJoined("content.xml", {ContentBegin(), text_.Bytes(), ContentEnd}, ZipFile::Method::Deflated);
+    file.AddDeflated("content.xml", content);
     file.Add("styles.xml",
              QByteArray(XmlHead) + "<office:document-styles" + NameSpaces + Styles() +
                  "</office:document-styles>\n",
@@ -114,7 +120,11 @@ class OdtWriter final : public DocumentVisitor {
     if (IsRow(role_)) text_.Markup(RowBegin);
     const int level = paragraph.HeadingLevel();
     element_ = level > 0 ? "text:h" : "text:p";
-    text_.Markup('<' + element_ + " text:style-name=\"" + paragraphs_.NameOf(paragraph) + '"');
+    text_.Markup("<");
+    text_.Markup(element_);
+    text_.Markup(" text:style-name=\"");
+    text_.Markup(paragraphs_.NameOf(paragraph));
+    text_.Markup("\"");
     if (level > 0) text_.Markup(" text:outline-level=\"" + QByteArray::number(level) + '"');
     text_.Markup(">");
   }
@@ -128,15 +138,17 @@ class OdtWriter final : public DocumentVisitor {
 
   void Run(const Letters& letters, const QString& text) override {
     const bool differs = letters != paragraph_;
-    if (differs) text_.Markup("<text:span text:style-name=\"" + runs_.NameOf(letters) + "\">");
+    if (differs) {
+      text_.Markup("<text:span text:style-name=\"");
+      text_.Markup(runs_.NameOf(letters));
+      text_.Markup("\">");
+    }
     text_.Write(text);
     if (differs) text_.Markup("</text:span>");
   }
 
-  void Picture(const QTextImageFormat& format, const QString& description) override {
-    const QImage image = ImageOf(document_, format.name());
-    if (image.isNull()) return;
-    const QSizeF size = ShownSize(format, image) * 0.75;  // pixels of 96 to the inch in points
+  void Picture(const QImage& image, const QSizeF& pixels, const QString& description) override {
+    const QSizeF size = pixels * 0.75;  // pixels of 96 to the inch in points
     const QByteArray number = QByteArray::number(static_cast<int>(pictures_.size()) + 1);
     text_.Markup("<draw:frame draw:name=\"Picture " + number +
                  "\" draw:style-name=\"Picture\" text:anchor-type=\"as-char\" svg:width=\"" +
@@ -148,7 +160,9 @@ class OdtWriter final : public DocumentVisitor {
   }
 
   void EndParagraph(bool) override {
-    text_.Markup("</" + element_ + '>');
+    text_.Markup("</");
+    text_.Markup(element_);
+    text_.Markup(">");
     if (IsRow(role_)) text_.Markup("</table:table-cell></table:table-row>");
     if (role_ == LineRole::TableHeader) text_.Markup("</table:table-header-rows>");
     text_.Markup("\n");
@@ -166,10 +180,9 @@ class OdtWriter final : public DocumentVisitor {
 
   // Without a date, so that the same document gives the same bytes.
   QByteArray Information() const {
-    const QString title = TitleOf(document_);
     QByteArray bytes = QByteArray(XmlHead) + "<office:document-meta" + NameSpaces +
                        "<office:meta>\n<meta:generator>Orvane</meta:generator>\n";
-    if (!title.isEmpty()) bytes += "<dc:title>" + title.toHtmlEscaped().toUtf8() + "</dc:title>\n";
+    if (!title_.isEmpty()) bytes += "<dc:title>" + title_.toHtmlEscaped().toUtf8() + "</dc:title>\n";
     return bytes + "</office:meta>\n</office:document-meta>\n";
   }
 
@@ -216,10 +229,10 @@ class OdtWriter final : public DocumentVisitor {
     return bytes + "</manifest:manifest>\n";
   }
 
-  const QTextDocument& document_;
+  QString title_;
   Letters paragraph_;
   LineRole role_ = LineRole::Text;
-  QByteArray element_;
+  const char* element_ = "";
   int numTables_ = 0;
   OdtText text_;
   OdtStyles paragraphs_{'P', "paragraph"};
@@ -229,4 +242,12 @@ class OdtWriter final : public DocumentVisitor {
 
 }  // namespace
 
-QByteArray ToOdt(const QTextDocument& document) { return OdtWriter(document).File(); }
+std::unique_ptr<DocumentWriter> NewOdtWriter(const QString& title) {
+  return std::make_unique<OdtWriter>(title);
+}
+
+QByteArray ToOdt(const QTextDocument& document) {
+  OdtWriter writer(TitleOf(document));
+  Walk(document, writer);
+  return writer.TakeBytes();
+}

@@ -7,34 +7,16 @@
 #include <QTextOption>
 #include <QUrl>
 #include <algorithm>
-#include <cmath>
 
-#include "paper/Page.h"
-#include "platform/qt/QtPicture.h"
+#include "paper/qt/DocumentImages.h"
 #include "platform/qt/QtText.h"
 
 namespace {
-
-constexpr qreal TabStop = 48;  // pixels of 96 to the inch
 
 // The property of a line's format that holds its role.
 constexpr int RoleProperty = QTextFormat::UserProperty + 1;
 
 bool IsLineEnd(QChar character) { return character == u'\r' || character == u'\n'; }
-
-// What is left of the page's width in a line that begins with tabs.
-qreal RoomBehind(const QString& line) {
-  const auto tabs =
-      std::find_if_not(line.cbegin(), line.cend(), [](QChar c) { return c == u'\t'; }) - line.cbegin();
-  return std::max(PagePictureWidth - TabStop * static_cast<qreal>(tabs), TabStop);
-}
-
-QSizeF SizeOnPage(const QImage& image, qreal room) {
-  const QSizeF size = SizeOnScreen(image);
-  const qreal factor = std::min({1.0, room / size.width(), PagePictureHeight / size.height()});
-  return {std::max(1.0, std::round(size.width() * factor)),
-          std::max(1.0, std::round(size.height() * factor))};
-}
 
 }  // namespace
 
@@ -61,7 +43,7 @@ QtRichText::QtRichText(QTextDocument& document, std::function<QImage()> clipboar
   document_.setUndoRedoEnabled(false);
   document_.setDefaultFont(QFont(QStringLiteral("Arial"), 10));
   QTextOption option = document_.defaultTextOption();
-  option.setTabStopDistance(TabStop);
+  option.setTabStopDistance(StandardTabStop);
   document_.setDefaultTextOption(option);
 }
 
@@ -128,7 +110,7 @@ bool QtRichText::PastePicture(std::string_view description) {
 
   end_.beginEditBlock();
   end_.setPosition(document_.characterCount() - 1);
-  const QSizeF size = SizeOnPage(image, RoomBehind(end_.block().text()));
+  const QSizeF size = SizeOnPage(image, end_.block().text());
   QTextImageFormat format;
   format.setName(name);
   format.setWidth(size.width());

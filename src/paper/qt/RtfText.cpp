@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "paper/qt/AsciiText.h"
 #include "text/CodePage.h"
 
 namespace {
@@ -13,16 +14,37 @@ constexpr qsizetype HexPerLine = 128;
 }  // namespace
 
 void RtfText::Text(const QString& text, bool separatesBlanks) {
+  const auto isItself = [](char16_t code) {
+    return code >= 0x20 && code < 0x7F && code != u'\\' && code != u'{' && code != u'}';
+  };
+  QStringView plain;  // not written yet
   char16_t before = 0;
-  for (const QChar character : text) {
-    const char16_t code = character.unicode();
+  const auto flush = [&] {
+    if (!plain.isEmpty()) Letters(plain);
+    plain = {};
+  };
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    const char16_t code = text[i].unicode();
     if (separatesBlanks && code == u' ' && before == u' ') {
+      flush();
       BeginGroup();
       EndGroup();
     }
-    Write(code);
+    if (isItself(code)) {
+      plain = plain.isEmpty() ? QStringView(text).sliced(i, 1) : QStringView(plain.begin(), plain.size() + 1);
+    } else {
+      flush();
+      Write(code);
+    }
     before = code;
   }
+  flush();
+}
+
+void RtfText::Letters(QStringView plain) {
+  if (wordIsOpen_) bytes_ += ' ';
+  AppendAscii(bytes_, plain);
+  wordIsOpen_ = false;
 }
 
 void RtfText::Write(char16_t code) {

@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QHash>
 #include <QString>
+#include <QStringView>
 
 /// A control word ends at the first character that cannot belong to it; where a character follows that could,
 /// a blank ends it.
@@ -52,6 +53,7 @@ class RtfText {
     bytes_ += character;
     wordIsOpen_ = false;
   }
+  void Letters(QStringView plain);
   void Write(char16_t code);
   void Unicode(char16_t code);
 

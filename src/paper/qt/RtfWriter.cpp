@@ -5,7 +5,9 @@
 #include <QImage>
 #include <algorithm>
 #include <cmath>
+#include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "paper/Page.h"
@@ -84,18 +86,19 @@ class RtfTables {
   std::vector<QRgb> colours_;
 };
 
-class RtfWriter final : public DocumentVisitor {
+class RtfWriter final : public DocumentWriter {
  public:
-  explicit RtfWriter(const DocumentPart& part) : part_(part) {
-    tables_.FontIndex(part.Document.defaultFont().family(), false);
+  RtfWriter(QString title, const QString& standardFamily) : title_(std::move(title)) {
+    tables_.FontIndex(standardFamily, false);
     text_.Word("plain");
-    Walk(part_, *this);
   }
 
-  QByteArray Bytes() const {
-    return "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deftab720\r\n" + tables_.Bytes() +
-           (hasHeadings_ ? HeadingStyles : "") + Information() + Paper() + "\\viewkind1\\uc1\\pard" +
-           text_.Bytes() + "}\r\n";
+  QByteArray TakeBytes() override {
+    QByteArray bytes = "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deftab720\r\n" + tables_.Bytes() +
+                       (hasHeadings_ ? HeadingStyles : "") + Information() + Paper() +
+                       "\\viewkind1\\uc1\\pard";
+    bytes += text_.Bytes();
+    return bytes.append("}\r\n");
   }
 
   void BeginTable() override { isInTable_ = true; }
@@ -124,10 +127,7 @@ class RtfWriter final : public DocumentVisitor {
     text_.Text(text, !letters.Monospaced);
   }
 
-  void Picture(const QTextImageFormat& format, const QString& description) override {
-    const QImage image = ImageOf(part_.Document, format.name());
-    if (image.isNull()) return;
-    const QSizeF size = ShownSize(format, image);
+  void Picture(const QImage& image, const QSizeF& size, const QString& description) override {
     text_.BeginGroup();
     text_.Word("pict");
     if (!description.isEmpty()) Describe(description);
@@ -161,10 +161,9 @@ class RtfWriter final : public DocumentVisitor {
   };
 
   QByteArray Information() const {
-    const QString title = TitleOf(part_);
-    if (title.isEmpty()) return {};
+    if (title_.isEmpty()) return {};
     RtfText text;
-    text.Text(title);
+    text.Text(title_);
     return "{\\info{\\title" + text.Bytes() + "}}\r\n";
   }
 
@@ -225,7 +224,7 @@ class RtfWriter final : public DocumentVisitor {
     current_ = next;
   }
 
-  const DocumentPart& part_;
+  QString title_;
   RtfTables tables_;
   RtfText text_;
   std::optional<Letters> current_;
@@ -236,4 +235,12 @@ class RtfWriter final : public DocumentVisitor {
 
 }  // namespace
 
-QByteArray ToRtf(const DocumentPart& part) { return RtfWriter(part).Bytes(); }
+std::unique_ptr<DocumentWriter> NewRtfWriter(const QString& title, const QString& standardFamily) {
+  return std::make_unique<RtfWriter>(title, standardFamily);
+}
+
+QByteArray ToRtf(const DocumentPart& part) {
+  RtfWriter writer(TitleOf(part), part.Document.defaultFont().family());
+  Walk(part, writer);
+  return writer.TakeBytes();
+}

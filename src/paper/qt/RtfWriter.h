@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <memory>
 
 #include "paper/qt/DocumentWalk.h"
 
@@ -10,3 +11,7 @@
 /// as an outline, and tables of one-cell rows whose headers are shown again on each page. Braces, backslashes
 /// and every character outside ASCII are escaped. The same document gives the same bytes.
 QByteArray ToRtf(const DocumentPart& part);
+
+/// The same of a document that is not there as a whole; `standardFamily` is that of letters of which nothing
+/// else is said.
+std::unique_ptr<DocumentWriter> NewRtfWriter(const QString& title, const QString& standardFamily);

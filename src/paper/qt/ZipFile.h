@@ -2,8 +2,11 @@
 #pragma once
 
 #include <QByteArray>
+#include <optional>
 #include <utility>
 #include <vector>
+
+#include "paper/qt/DeflateStream.h"
 
 class ZipFile {
  public:
@@ -12,12 +15,12 @@ class ZipFile {
   /// `name` is ASCII; folders are written with "/". Every file is dated 1 January 1980, the first day that
   /// the format knows.
   void Add(const QByteArray& name, const QByteArray& contents, Method method) {
-    AddJoined(name, {contents}, method);
+    entries_.push_back({name, contents, {}, method});
   }
 
-  /// The pieces stand in the file one after the other. They are shared, not copied.
-  void AddJoined(const QByteArray& name, std::vector<QByteArray> pieces, Method method) {
-    entries_.push_back({name, std::move(pieces), method});
+  /// One that is packed already.
+  void AddDeflated(const QByteArray& name, Deflated contents) {
+    entries_.push_back({name, {}, std::move(contents), Method::Deflated});
   }
 
   /// The file's bytes, with its directory; empty when it cannot be made.
@@ -26,7 +29,8 @@ class ZipFile {
  private:
   struct Entry {
     QByteArray Name;
-    std::vector<QByteArray> Pieces;
+    QByteArray Contents;
+    std::optional<Deflated> Packed;  // in place of the contents
     Method How;
   };
   std::vector<Entry> entries_;

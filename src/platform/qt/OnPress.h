@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <functional>
 #include <type_traits>
 
 /// Calls the slot, a member function of `context` or a function without arguments, for each press of the
@@ -9,12 +10,11 @@
 /// has been hidden or disabled in that moment does nothing.
 template <class Context, class Slot>
 void OnPress(QAbstractButton* button, Context* context, Slot slot) {
-  QObject::connect(button, &QAbstractButton::clicked, context, [button, context, slot] {
-    if (!button->isVisible() || !button->isEnabled()) return;
-    if constexpr (std::is_member_function_pointer_v<Slot>) {
-      (context->*slot)();
-    } else {
-      slot();
-    }
-  });
+  if constexpr (std::is_member_function_pointer_v<Slot>) {
+    OnPress(button, context, std::bind_front(slot, context));
+  } else {
+    QObject::connect(button, &QAbstractButton::clicked, context, [button, slot] {
+      if (button->isVisible() && button->isEnabled()) slot();
+    });
+  }
 }

@@ -1,5 +1,7 @@
 #include "platform/qt/QtText.h"
 
+#include <algorithm>
+
 #include "text/CodePage.h"
 
 namespace {
@@ -24,6 +26,12 @@ QString OneLineText(QString text) {
 }
 
 void MakePrintable(QString& text) {
+  // Most texts are figures and blanks.
+  const auto isPlain = [](QChar character) {
+    const char16_t code = character.unicode();
+    return (code >= 0x20 && code < 0x7F) || (code >= 0xA0 && code < QChar::LineSeparator);
+  };
+  if (std::all_of(text.cbegin(), text.cend(), isPlain)) return;
   text.removeIf([](QChar character) {
     const bool stays = character == u'\t' || character == u'\r' || character == u'\n';
     return !stays && IsControl(character);

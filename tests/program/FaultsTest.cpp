@@ -1,0 +1,244 @@
+// What a failing disk, a lack of memory and a sudden end leave behind: at every call of the system, one after
+// the other.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "program/RunProgram.h"
+
+namespace {
+
+// How the target stands before the program writes it.
+enum class Target { Absent, There, Linked, WithTwoNames };
+
+struct Fault {
+  const char* Calls = "changes";
+  const char* Kind = "fail";
+  int At = 0;
+  int Error = ENOSPC;
+};
+
+class Faults : public testing::Test {
+ protected:
+  static constexpr const char* Old = "the old file, which is no truss\r\n";
+
+  void SetUp() override { input_ = files_.File(QStringLiteral("in.trs"), TriangleText()); }
+
+  // A folder as it was before the first run.
+  void Prepare(Target target, const QString& name) {
+    QDir(files_.Path(QStringLiteral("out"))).removeRecursively();
+    QDir(files_.Path({})).mkdir(QStringLiteral("out"));
+    output_ = files_.Path(QStringLiteral("out/") + name);
+    const QString other = files_.Path(QStringLiteral("out/other"));
+    if (target == Target::There) files_.File(QStringLiteral("out/") + name, Old);
+    if (target == Target::Linked || target == Target::WithTwoNames)
+      files_.File(QStringLiteral("out/other"), Old);
+    if (target == Target::Linked) QFile::link(other, output_);
+    if (target == Target::WithTwoNames) {
+      ASSERT_EQ(link(other.toUtf8().constData(), output_.toUtf8().constData()), 0);
+    }
+    before_ = Names();
+  }
+
+  QStringList Names() const {
+    return QDir(files_.Path(QStringLiteral("out")))
+        .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+  }
+
+  // Nothing when the program was killed.
+  std::optional<Ended> Run(const QString& options, const Fault& fault) {
+    const QString script = QStringLiteral(
+                               "ORVANE_FAULT_CALLS=%1 ORVANE_FAULT_KIND=%2 ORVANE_FAULT_AT=%3 "
+                               "ORVANE_FAULT_ERROR=%4 ORVANE_FAULT_COUNT=%5 LD_PRELOAD=%6 "
+                               "\"$0\" \"$@\"; exit $?")
+                               .arg(QLatin1String(fault.Calls), QLatin1String(fault.Kind))
+                               .arg(fault.At)
+                               .arg(fault.Error)
+                               .arg(files_.Path(QStringLiteral("count")), QStringLiteral(ORVANE_FAULTS));
+    QStringList words;
+    for (const QString& word : options.split(u' ')) words.append(QString(word).replace(u'%', output_));
+    Ended ended = RunShell(script, words + QStringList{input_}, {});
+    if (ended.Status == 128 + SIGKILL) return std::nullopt;
+    return ended;
+  }
+
+  // Nothing when there is no such file.
+  static QByteArray Bytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+
+  int NumCalls() const { return Bytes(files_.Path(QStringLiteral("count"))).trimmed().toInt(); }
+
+  // Every call fails once in each way.
+  void FailEveryCall(const QString& options, const QString& name, Target target,
+                     const std::vector<Fault>& kinds) {
+    Prepare(target, name);
+    const std::optional<Ended> whole = Run(options, {});
+    ASSERT_TRUE(whole && whole->Status == 0) << whole->Err.toStdString();
+    const QByteArray expected = Bytes(output_);
+    const QStringList after = Names();
+    const int numCalls = NumCalls();
+    ASSERT_GT(numCalls, 3);
+    for (const Fault& kind : kinds) {
+      for (int at = 1; at <= numCalls; ++at) {
+        SCOPED_TRACE(std::string(kind.Kind) + " " + std::to_string(kind.Error) + " at call " +
+                     std::to_string(at));
+        Prepare(target, name);
+        Fault fault = kind;
+        fault.At = at;
+        const std::optional<Ended> ended = Run(options, fault);
+        ASSERT_TRUE(ended.has_value());
+        const QByteArray bytes = Bytes(output_);
+        const bool isNew = bytes == expected;
+        EXPECT_TRUE(isNew || bytes == (target == Target::Absent ? QByteArray() : QByteArray(Old)))
+            << bytes.size() << " bytes";
+        EXPECT_TRUE(ended->Status == 0 || ended->Status == 1) << ended->Status;
+        if (!isNew) {
+          EXPECT_EQ(ended->Status, 1) << "what is not written is told";
+        }
+        if (ended->Status == 1) {
+          EXPECT_TRUE(ended->Err.startsWith("orvane: ")) << ended->Err.toStdString();
+          EXPECT_EQ(ended->Err.count('\n'), 1) << ended->Err.toStdString();
+        }
+        const QStringList left = Names();
+        EXPECT_TRUE(left == after || left == before_ || IsTold(left, *ended))
+            << left.join(u' ').toStdString();
+      }
+    }
+  }
+
+  // What cannot even be removed is named in the message.
+  bool IsTold(const QStringList& left, const Ended& ended) const {
+    for (const QString& name : left) {
+      const bool isUsual = before_.contains(name) || output_.endsWith(u'/' + name);
+      if (!isUsual && !ended.Err.contains(name.toUtf8())) return false;
+    }
+    return true;
+  }
+
+  TestFiles files_;
+  QString input_, output_;
+  QStringList before_;
+};
+
+TEST_F(Faults, AtEveryCallOfASaveLeaveTheOldFileOrTheNew) {
+  for (const Target target : {Target::Absent, Target::There, Target::Linked, Target::WithTwoNames}) {
+    SCOPED_TRACE("target " + std::to_string(static_cast<int>(target)));
+    FailEveryCall(QStringLiteral("--convert=%"), QStringLiteral("out.trs"), target,
+                  {{.Error = ENOSPC}, {.Error = EIO}, {.Error = EPERM}, {.Kind = "short"}});
+  }
+}
+
+TEST_F(Faults, AtEveryCallOfADocumentLeaveTheOldFileOrTheNew) {
+  for (const char* name : {"out.odt", "out.pdf"})
+    FailEveryCall(QStringLiteral("--document=%"), QString::fromLatin1(name), Target::There,
+                  {{.Error = ENOSPC}, {.Kind = "short"}});
+}
+
+TEST_F(Faults, AtEveryCallOfAPictureLeaveTheOldFileOrTheNew) {
+  for (const char* name : {"out.svg", "out.pdf"})
+    FailEveryCall(QStringLiteral("--picture=%"), QString::fromLatin1(name), Target::There,
+                  {{.Error = ENOSPC}, {.Kind = "short"}});
+}
+
+TEST_F(Faults, AtEveryReadAreTold) {
+  Prepare(Target::Absent, QStringLiteral("out.trs"));
+  const std::optional<Ended> whole = Run(QStringLiteral("--csv=solutions"), {.Calls = "reads"});
+  ASSERT_TRUE(whole && whole->Status == 0);
+  for (int at = 1; at <= NumCalls(); ++at) {
+    const std::optional<Ended> ended =
+        Run(QStringLiteral("--csv=solutions"), {.Calls = "reads", .At = at, .Error = EIO});
+    ASSERT_TRUE(ended.has_value());
+    if (ended->Out == whole->Out && ended->Status == 0) continue;
+    EXPECT_EQ(ended->Status, 1);
+    EXPECT_EQ(ended->Err.count('\n'), 1) << ended->Err.toStdString();
+  }
+}
+
+// The libraries that draw letters do without, or end the program instead of telling; what is written is whole
+// in any case.
+TEST_F(Faults, OfMemoryAreToldInOneLineAndLeaveTheOldFileOrTheNew) {
+  struct Work {
+    const char* Options;
+    const char* Name;
+    bool IsTold;
+    const char* End = "";  // of a whole file
+  };
+  for (const Work& work :
+       {Work{"--convert=%", "out.trs", true}, Work{"--json --explain", "out.trs", true},
+        Work{"--report=why,checks,steps,byjoint", "out.trs", true},
+        Work{"--document=%", "out.odt", false, "PK\5\6"}, Work{"--picture=%", "out.svg", false, "</svg>"}}) {
+    const QString options = QString::fromLatin1(work.Options);
+    const QString name = QString::fromLatin1(work.Name);
+    Prepare(Target::There, name);
+    const std::optional<Ended> whole = Run(options, {.Calls = "memory"});
+    ASSERT_TRUE(whole && whole->Status == 0) << work.Options;
+    const QByteArray expected = Bytes(output_);
+    const int numCalls = NumCalls();
+    const int numFirst = work.IsTold ? 60 : 0;  // one by one; the others so that there are some 30 of them
+    for (int at = 1; at <= numCalls; at += at < numFirst ? 1 : std::max(1, numCalls / 30)) {
+      SCOPED_TRACE(std::string(work.Options) + " without memory at allocation " + std::to_string(at));
+      Prepare(Target::There, name);
+      const std::optional<Ended> ended = Run(options, {.Calls = "memory", .At = at, .Error = ENOMEM});
+      ASSERT_TRUE(ended.has_value());
+      const QByteArray bytes = Bytes(output_);
+      if (!work.IsTold) {
+        EXPECT_TRUE(bytes == Old || bytes.right(30).contains(work.End)) << bytes.size() << " bytes";
+        continue;
+      }
+      EXPECT_TRUE(bytes == expected || bytes == Old) << bytes.size() << " bytes";
+      EXPECT_TRUE(ended->Status == 0 || ended->Status == 1) << ended->Status << ended->Err.toStdString();
+      if (ended->Status == 1) {
+        EXPECT_EQ(ended->Err.count('\n'), 1) << ended->Err.toStdString();
+      }
+      EXPECT_EQ(Names().join(u' ').toStdString(), before_.join(u' ').toStdString());
+    }
+  }
+}
+
+// The power goes, or the user kills it. Where the file is written in place, its old bytes stand beside it.
+TEST_F(Faults, OfTheWholeProgramLeaveAFileThatCanBeUsed) {
+  const QString options = QStringLiteral("--convert=%");
+  const QString name = QStringLiteral("out.trs");
+  for (const Target target : {Target::Absent, Target::There, Target::Linked, Target::WithTwoNames}) {
+    for (const char* calls : {"changes", "reads", "memory"}) {
+      Prepare(target, name);
+      ASSERT_TRUE(Run(options, {.Calls = calls}).has_value());
+      const QByteArray expected = Bytes(output_);
+      const int numCalls = NumCalls();
+      const int most = qEnvironmentVariableIntValue("ORVANE_KILLS") / 12;
+      for (int at = 1; at <= numCalls; at += std::max(1, numCalls / std::max(most, 20))) {
+        SCOPED_TRACE("target " + std::to_string(static_cast<int>(target)) + ", killed at " +
+                     std::to_string(at) + " of " + calls);
+        Prepare(target, name);
+        EXPECT_FALSE(Run(options, {.Calls = calls, .Kind = "kill", .At = at}).has_value());
+        const QByteArray bytes = Bytes(output_);
+        const QByteArray old = target == Target::Absent ? QByteArray() : QByteArray(Old);
+        bool hasCopy = false;
+        for (const QString& left : Names())
+          hasCopy = hasCopy || (left != QLatin1String("other") && !output_.endsWith(u'/' + left) &&
+                                Bytes(files_.Path(QStringLiteral("out/") + left)) == old);
+        EXPECT_TRUE(bytes == expected || bytes == old || hasCopy) << bytes.size() << " bytes";
+        if (bytes != expected && bytes != old) continue;  // a later save asks about the copy first
+        const std::optional<Ended> again = Run(options, {});
+        ASSERT_TRUE(again.has_value());
+        if (again->Status == 0) {
+          EXPECT_EQ(Bytes(output_), expected) << "the next save works";
+        } else {
+          EXPECT_TRUE(hasCopy) << again->Err.toStdString();
+        }
+      }
+    }
+  }
+}
+
+}  // namespace
