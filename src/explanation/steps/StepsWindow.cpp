@@ -130,7 +130,7 @@ void StepsWindow::ShowPlace() {
   if (isLast && !marked.isValid()) tblMatrix_->scrollTo(numbers_->index(0, numbers_->columnCount() - 1));
   ShowPivotLine();
   ShowButtons();
-  if (tour_) Announce(lblStep_->text() + QStringLiteral(": ") + lines.value(0));
+  if (tour_) Announce(*this, lblStep_->text() + QStringLiteral(": ") + lines.value(0));
 }
 
 void StepsWindow::ShowPivotLine() {
@@ -138,14 +138,6 @@ void StepsWindow::ShowPivotLine() {
                          ? ShownText(tour_->PivotLine(cmbUnknown_->currentIndex() + 1))
                          : QString());
   KeepWholeHeight(*this);
-}
-
-// A screen reader tells what is done whichever control has the keys.
-void StepsWindow::Announce(const QString& operation) {
-  for (QWidget* control : std::initializer_list<QWidget*>{cmdFirst_, cmdBack_, cmdPlay_, cmdNext_, cmdLast_,
-                                                          sldStep_, cmbUnknown_, tblMatrix_})
-    control->setAccessibleDescription(operation);
-  ::Announce(*this, operation);
 }
 
 // A button that is switched off gives its focus away; another one, which is on, is at hand.

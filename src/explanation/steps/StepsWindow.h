@@ -59,7 +59,6 @@ class StepsWindow final : public LearnWindow {
   void ShowPlace();
   void ShowPivotLine();
   void ShowButtons();
-  void Announce(const QString& operation);
   void PlayOrStop();
   void StopPlaying();
   bool MayPlay() const;
