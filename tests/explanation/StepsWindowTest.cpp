@@ -216,7 +216,7 @@ TEST_F(StepsWindowTest, IsGoneThroughWithItsLettersAlone) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::clipboard()->text() == window_.CopiedText(); }));
 }
 
-// The list by its rows, the slider by its groove.
+// The slider by its groove, the list by its rows, the unknown out of its list.
 TEST_F(StepsWindowTest, IsGoneThroughWithTheMouseAlone) {
   Show(LoadedTriangle());
   for (int row = 0; row < NumOperations(); ++row) {
@@ -232,6 +232,18 @@ TEST_F(StepsWindowTest, IsGoneThroughWithTheMouseAlone) {
   const int last = Slider().value();
   QTest::mouseClick(&Slider(), Qt::LeftButton, {}, QPoint(2, Slider().height() / 2));
   EXPECT_LT(Slider().value(), last);
+  const int interval = QApplication::doubleClickInterval();
+  QApplication::setDoubleClickInterval(1);  // within it a release would be that of the click that opened it
+  QTest::mouseClick(&Unknowns(), Qt::LeftButton);
+  QAbstractItemView* choices = Unknowns().view();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return choices->isVisible(); }));
+  QTest::qWait(20);
+  const QPoint fourth = choices->visualRect(choices->model()->index(3, 0)).center();
+  QTest::mouseMove(choices->viewport(), fourth);
+  QTest::mouseClick(choices->viewport(), Qt::LeftButton, {}, fourth);
+  QApplication::setDoubleClickInterval(interval);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Unknowns().currentIndex() == 3; }));
+  EXPECT_TRUE(Sentence().startsWith(QStringLiteral("The pivot is the coefficient of AB")));
 }
 
 // Who sees nothing hears each operation, and in the matrix the names of rows and columns.
