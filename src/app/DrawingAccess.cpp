@@ -1,5 +1,11 @@
 #include "app/DrawingAccess.h"
 
+// Who draws with the cursor wants to know where it stands.
+std::string DrawingAccess::TellAll() const {
+  const std::string cursor = on_.Tools.CursorWords();
+  return cursor.empty() ? AllInWords(on_.Document) : cursor;
+}
+
 std::string DrawingAccess::Tell(const Element& element) const {
   if (on_.Step.Current() != 3 || !on_.Step.Analysis()) return {};
   if (told_ != on_.Step.Analysis()) {

@@ -25,6 +25,7 @@ class DrawingAccess final : public CanvasAccess {
   explicit DrawingAccess(Partners partners) : on_(std::move(partners)) {}
 
   std::string Separator() const override { return on_.Numbers.DecimalSeparator; }
+  std::string TellAll() const override;
   std::string Tell(const Element& element) const override;
   bool CanPress(const Element& element) const override;
   void Press(const Element& element) override;

@@ -79,6 +79,11 @@ void FileMenuView::Update() {
     QAction* action = mnuRecentFile_[static_cast<std::size_t>(entry)];
     action->setVisible(on_.Recent.IsShown(entry));
     if (entry == 0) continue;
+    if (!on_.Recent.IsShown(entry)) {
+      // A screen reader meets it all the same.
+      action->setText(QStringLiteral("No recent file"));
+      continue;
+    }
     // An ampersand in a path is no access key.
     action->setText(QString::fromStdString(on_.Recent.Caption(entry)).replace(u'&', QStringLiteral("&&")));
   }

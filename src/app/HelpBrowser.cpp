@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/qt/TextInWords.h"
+
 namespace {
 
 constexpr qreal DotsPerPixel = 2;      // of the pictures in the help file
@@ -112,6 +114,7 @@ HelpBrowser::HelpBrowser(const HelpFile& file, QWidget* parent)
         return QImage::fromData(file_.Read(NameOf(loaded_.resolved(QUrl(name)))));
       }) {
   setObjectName(QStringLiteral("txtHelp"));
+  TellPicturesInWords(*this);
   setAccessibleName(QStringLiteral("Help page"));
   setOpenLinks(false);
   connect(this, &QTextBrowser::anchorClicked, this, &HelpBrowser::FollowLink);

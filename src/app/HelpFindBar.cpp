@@ -4,11 +4,13 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSignalBlocker>
 #include <QTextBrowser>
 #include <QToolButton>
 
 #include "app/HelpIcons.h"
 #include "platform/qt/FittedText.h"
+#include "platform/qt/MixedColor.h"
 #include "platform/qt/QtText.h"
 
 namespace {
@@ -32,6 +34,7 @@ FindBar::FindBar(QTextBrowser& browser, QWidget* parent)
   txtFind_->setObjectName(QStringLiteral("txtFind"));
   txtFind_->setAccessibleName(QStringLiteral("Find in page"));
   txtFind_->setPlaceholderText(QStringLiteral("Find in page"));
+  FollowColors();
   txtFind_->setClearButtonEnabled(true);
   txtFind_->setMaximumWidth(280);
   lblFound_->setObjectName(QStringLiteral("lblFound"));
@@ -47,7 +50,7 @@ FindBar::FindBar(QTextBrowser& browser, QWidget* parent)
   connect(previous, &QToolButton::clicked, this, &FindBar::FindPrevious);
   connect(next, &QToolButton::clicked, this, &FindBar::FindNext);
   connect(close, &QToolButton::clicked, this, &FindBar::Dismiss);
-  connect(txtFind_, &QLineEdit::textEdited, this, &FindBar::FindWhileTyping);
+  connect(txtFind_, &QLineEdit::textChanged, this, &FindBar::FindWhileTyping);
   connect(&browser_, &QTextBrowser::sourceChanged, this, [this] { ShowResult({}, true); });
 
   auto* row = new QHBoxLayout(this);
@@ -63,9 +66,23 @@ FindBar::FindBar(QTextBrowser& browser, QWidget* parent)
   hide();
 }
 
+void FindBar::FollowColors() {
+  QPalette readable = palette();
+  readable.setColor(QPalette::PlaceholderText, FaintLetters(readable));
+  txtFind_->setPalette(readable);
+}
+
+void FindBar::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) FollowColors();
+}
+
 void FindBar::Open() {
   const QString selected = OneLineText(browser_.textCursor().selectedText());
-  if (!selected.isEmpty()) txtFind_->setText(selected);
+  if (!selected.isEmpty()) {
+    const QSignalBlocker found(txtFind_);  // what is selected stays so
+    txtFind_->setText(selected);
+  }
   show();
   txtFind_->setFocus(Qt::ShortcutFocusReason);
   txtFind_->selectAll();

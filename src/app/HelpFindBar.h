@@ -28,10 +28,12 @@ class FindBar final : public QWidget {
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   void Find(QTextDocument::FindFlags direction);
   void FindWhileTyping();
+  void FollowColors();
   void ShowResult(const QString& text, bool found);
   void FitResult();
 

@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QShortcut>
+#include <algorithm>
 #include <utility>
 
 #include "app/ExplanationReport.h"
@@ -23,6 +24,8 @@ namespace {
 
 // Milliseconds. While a member is dragged the drawing changes with every movement of the mouse.
 constexpr int RecheckDelay = 150;
+
+constexpr const char* TitleInStep3 = "Lear&n";
 
 }  // namespace
 
@@ -137,7 +140,7 @@ void LearnMenu::EnterStep(int step, std::shared_ptr<ExplanationOnDemand> reasons
     for (Entry& entry : entries_) Forget(entry);
   }
   // Its letter must be that of no button of the step: Step 3 has Solutions, the others Next.
-  mnuLearn_->setTitle(step == 3 ? QStringLiteral("Lear&n") : QStringLiteral("&Learn"));
+  mnuLearn_->setTitle(QString::fromLatin1(step == 3 ? TitleInStep3 : "&Learn"));
   const bool explains = step == 3 && reasons_ != nullptr;
   const QString hint = QString::fromLatin1(LearnMenuStatusText(step, reasons_ != nullptr)).trimmed();
   for (const Entry& entry : entries_) {
@@ -158,6 +161,15 @@ void LearnMenu::Forget(Entry& entry) const {
 
 void LearnMenu::FollowDrawing() {
   if (checks_->isVisible()) recheck_.start();
+}
+
+QKeySequence LearnMenu::KeyInStep3() { return QKeySequence::mnemonic(QString::fromLatin1(TitleInStep3)); }
+
+void LearnMenu::OpenAt(QWidget& window) {
+  const QList<QAction*> actions = mnuLearn_->actions();
+  mnuLearn_->popup(window.mapToGlobal(QPoint()));
+  const auto first = std::ranges::find_if(actions, &QAction::isEnabled);
+  if (first != actions.end()) mnuLearn_->setActiveAction(*first);
 }
 
 void LearnMenu::Close() {

@@ -2,6 +2,7 @@
 // of the drawing.
 #pragma once
 
+#include <QKeySequence>
 #include <QObject>
 #include <QTimer>
 #include <functional>
@@ -58,6 +59,12 @@ class LearnMenu final : public QObject {
   /// The truss, its names or its place on the canvas have changed: checks that are shown are made anew, as
   /// soon as there is a moment.
   void FollowDrawing();
+
+  /// Opens the menu in the main window in Step 3.
+  static QKeySequence KeyInStep3();
+
+  /// Opens the menu at a window that has no menus of its own, ready for the keys.
+  void OpenAt(QWidget& window);
 
   /// Closes all windows.
   void Close();

@@ -203,7 +203,9 @@ void MainForm::RenameLabel(LabelIndex label) {
   const LabelPlace& place = drawing_.lblRodJoint[label];
   const int left = TwipsPerPixel * x() + InTwips(place.Left) + 400;
   const int top = TwipsPerPixel * y() + InTwips(place.Top) + 1200;
-  const std::string typed = InputBox2("Enter a new name:", on_.Document.Name(label), left, top, this);
+  const std::string typed =
+      InputBox2("Enter a new name:", on_.Document.Name(label), left, top, this,
+                InWords(on_.Document, {ElementKind::Label, label}, on_.Numbers.DecimalSeparator));
   Rename(on_.Document, label, typed);
   ShowNames();
 }

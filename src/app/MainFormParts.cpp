@@ -259,6 +259,7 @@ void MainForm::CreateReportShortcuts() {
   };
   fileMenu_->AddKeys(*report_);
   add(QKeySequence::HelpContents, [this] { ShowHelpOnReport(); });
+  add(LearnMenu::KeyInStep3(), [this] { learn_->OpenAt(*report_); });
   // The access keys of the panel, so that a reader goes from report to report, and back, without the mouse.
   for (QPushButton* button : picStep3_->findChildren<QPushButton*>()) {
     add(QKeySequence::mnemonic(button->text()), [button] { button->click(); });

@@ -7,10 +7,11 @@
 #include "text/CodePage.h"
 #include "text/ControlCharacters.h"
 
-void WriteSteps(std::ostream& out, const AnalysedFile& file, const ReportFormat& format) {
-  const TrussGraph graph = GraphOf(file.Document, file.Analysis);
+void WriteSteps(std::ostream& out, const AnalysedFile& file, ExplanationOnDemand& reasons,
+                const ReportFormat& format) {
   const EliminationInSteps story = EliminateInSteps(EquationsOf(file.Document, file.Analysis));
-  const StepText text(graph, story, file.Analysis.Reading, format);
+  const StepText text(reasons.Graph(), story, file.Analysis.Reading, reasons.Rounded(), format,
+                      ReadOn::InTexts);
   out << "Elimination, step by step:\n";
   for (const std::string& line : PlainStepLines(text)) out << VisibleText(ToUtf8(line)) << '\n';
 }

@@ -5,6 +5,8 @@
 
 #include "analysis/FormatSigFigs.h"
 #include "app/FileAnalysis.h"
+#include "explanation/Explanation.h"
 
 /// The section "steps", in UTF-8 with line ends LF; for a truss with at least one unknown force.
-void WriteSteps(std::ostream& out, const AnalysedFile& file, const ReportFormat& format);
+void WriteSteps(std::ostream& out, const AnalysedFile& file, ExplanationOnDemand& reasons,
+                const ReportFormat& format);

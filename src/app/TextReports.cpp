@@ -82,9 +82,7 @@ void WriteSolutions(std::ostream& out, const AnalysedFile& file, const ReportFor
 void WriteNotice(std::ostream& out, ExplanationOnDemand& reasons, const ReportFormat& format) {
   const std::string notice = RoundingNotice(reasons.Graph(), reasons.Rounded(), format);
   if (notice.empty()) return;
-  out << '\n'
-      << Shown(notice) << '\n'
-      << "Read on with --report=why, and in the help under \"" << RoundingHelpTitle << "\".\n";
+  out << '\n' << Shown(notice) << '\n' << ReadOnText(ReadOn::InTexts) << '\n';
 }
 
 // Everything right of the first column and below the heading is a number or a word, and who computes with it
@@ -142,7 +140,7 @@ void WriteReport(std::ostream& out, const AnalysedFile& file, const WantedSectio
     const auto wants = [&](ExplainedSection which) { return explained == which; };
     section(wants(ExplainedSection::Why) && hasUnknowns, [&] { WriteWhy(out, reasons.Whole(), format); });
     section(wants(ExplainedSection::Checks), [&] { WriteChecks(out, file, format); });
-    section(wants(ExplainedSection::Steps) && hasUnknowns, [&] { WriteSteps(out, file, format); });
+    section(wants(ExplainedSection::Steps) && hasUnknowns, [&] { WriteSteps(out, file, reasons, format); });
     section(wants(ExplainedSection::ByJoint) && hasUnknowns, [&] { WriteByJoint(out, file, format); });
   }
 }

@@ -14,6 +14,9 @@ class CanvasAccess {
   /// The decimal separator of the user's locale.
   virtual std::string Separator() const = 0;
 
+  /// What there is to say of the whole drawing now. A single-byte text.
+  virtual std::string TellAll() const = 0;
+
   /// What is known of an element besides its name and place, e.g. its force; empty when nothing is. A
   /// single-byte text.
   virtual std::string Tell(const Element& element) const = 0;

@@ -5,6 +5,7 @@
 
 #include "canvas/DrawnElements.h"
 #include "platform/qt/AccessibleEvents.h"
+#include "platform/qt/QtText.h"
 
 namespace {
 
@@ -64,6 +65,11 @@ bool CanvasAccessible::HasCursor() const {
   return canvas_.isEnabled() && canvas_.Access() != nullptr && canvas_.Access()->HasCursor();
 }
 
+QString CanvasAccessible::text(QAccessible::Text text) const {
+  if (text != QAccessible::Description || canvas_.Access() == nullptr) return QAccessibleWidget::text(text);
+  return OneLineText(ToQt(canvas_.Access()->TellAll()));
+}
+
 int CanvasAccessible::childCount() const {
   return QAccessibleWidget::childCount() + static_cast<int>(Elements().size()) + (HasCursor() ? 2 : 0);
 }
@@ -121,7 +127,7 @@ void CanvasAccessible::doAction(const QString& name) {
   if (name != pressAction()) {
     QAccessibleWidget::doAction(name);
   } else if (HasCursor()) {
-    canvas_.Access()->PressAtCursor();
+    canvas_.PressLater({});
   }
 }
 

@@ -21,6 +21,8 @@ class CanvasAccessible final : public QAccessibleWidget {
   /// Makes the toolkit use this class for every canvas.
   static void Install();
 
+  /// The description is never kept: it is what there is to say when somebody asks.
+  QString text(QAccessible::Text text) const override;
   int childCount() const override;
   QAccessibleInterface* child(int index) const override;
   int indexOfChild(const QAccessibleInterface* child) const override;

@@ -97,10 +97,25 @@ void CanvasWidget::FocusOn(const Element& element) {
 void CanvasWidget::MoveFocus(const Element& element) {
   focus_ = element;
   update();
-  if (!IsSomebodyListening() || !hasFocus()) return;
+  TellFocus();
+}
+
+void CanvasWidget::TellFocus() {
+  if (!focus_ || !hasFocus() || !IsSomebodyListening()) return;
   QAccessibleInterface* canvas = QAccessible::queryAccessibleInterface(this);
   QAccessibleEvent event(canvas->focusChild(), QAccessible::Focus);
   TellListeners(event);
+}
+
+void CanvasWidget::PressLater(const std::optional<Element>& element) {
+  const auto press = [this, element] {
+    if (access_ == nullptr || !isEnabled()) return;
+    if (!element) return access_->PressAtCursor();
+    if (!IsShown(drawing_, truss_, *element) || !access_->CanPress(*element)) return;
+    if (element->Kind == ElementKind::Label) FocusOn(*element);
+    access_->Press(*element);
+  };
+  QMetaObject::invokeMethod(this, press, Qt::QueuedConnection);
 }
 
 void CanvasWidget::SetLabelsActive(bool active) {
@@ -247,6 +262,8 @@ void CanvasWidget::keyPressEvent(QKeyEvent* event) {
 void CanvasWidget::focusInEvent(QFocusEvent* event) {
   focusCameByTab_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
   QWidget::focusInEvent(event);
+  // The toolkit tells of the whole canvas as soon as this is done.
+  if (focus_) QMetaObject::invokeMethod(this, &CanvasWidget::TellFocus, Qt::QueuedConnection);
   update();
 }
 

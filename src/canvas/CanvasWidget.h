@@ -41,6 +41,11 @@ class CanvasWidget final : public QWidget {
   /// Takes the keyboard and puts it on an element that is to be seen, with a frame around it.
   void FocusOn(const Element& element);
 
+  /// Presses on an element, or without one at the cursor, once the caller has gone: what opens then waits for
+  /// an answer, and who asked for the press must not wait for that. An element gets the keys too, to come
+  /// back to it.
+  void PressLater(const std::optional<Element>& element);
+
   /// What can be told of the elements and done to them; must outlive the widget, and may be null.
   void SetAccess(CanvasAccess* access) { access_ = access; }
   CanvasAccess* Access() const { return access_; }
@@ -94,6 +99,7 @@ class CanvasWidget final : public QWidget {
   bool CanHoldFocus(int label) const;
   void MoveFocus(const Element& element);
   void TellChanges();
+  void TellFocus();
   LabelIndex NextLabel(int step) const;
 
   const Truss& truss_;

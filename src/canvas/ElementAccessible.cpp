@@ -68,7 +68,7 @@ QStringList ElementAccessible::actionNames() const {
 void ElementAccessible::doAction(const QString& name) {
   if (!isValid() || !canvas_->isEnabled()) return;
   if (name == setFocusAction()) canvas_->FocusOn(element_);
-  if (name == pressAction() && CanPress()) canvas_->Access()->Press(element_);
+  if (name == pressAction() && CanPress()) canvas_->PressLater(element_);
 }
 
 bool ElementAccessible::IsRenamed() {

@@ -84,6 +84,15 @@ void TellCount(std::string& text, int count, const char* thing) {
   text += count == 1 ? std::string("a ") + thing : std::to_string(count) + ' ' + thing + 's';
 }
 
+std::string TellCounts(int members, int clamps, int rollers, int forces) {
+  std::string text;
+  TellCount(text, members, "member");
+  TellCount(text, clamps, "clamp");
+  TellCount(text, rollers, "roller");
+  TellCount(text, forces, "force");
+  return text;
+}
+
 std::string AroundJoint(const Truss& truss, const JointRec& joint) {
   const auto isHere = [&joint](float x, float y) { return x == joint.X && y == joint.Y; };
   int members = 0, clamps = 0, rollers = 0, forces = 0;
@@ -93,12 +102,7 @@ std::string AroundJoint(const Truss& truss, const JointRec& joint) {
     if (support.Live && isHere(support.X, support.Y)) ++(support.IsClamp() ? clamps : rollers);
   }
   for (const ForceRec& force : truss.ForcesInUse()) forces += int{force.Active && isHere(force.X, force.Y)};
-  std::string text;
-  TellCount(text, members, "member");
-  TellCount(text, clamps, "clamp");
-  TellCount(text, rollers, "roller");
-  TellCount(text, forces, "force");
-  return text;
+  return TellCounts(members, clamps, rollers, forces);
 }
 
 std::string HoldsHow(const SupportRec& support) {
@@ -142,4 +146,15 @@ std::string MoreInWords(const Truss& truss, const Element& element) {
   if (element.Kind == ElementKind::Joint) return AroundJoint(truss, truss.Joints[element.Index]);
   if (element.Kind == ElementKind::Support) return HoldsHow(truss.Supports[element.Index]);
   return {};
+}
+
+std::string AllInWords(const Truss& truss) {
+  int members = 0, clamps = 0, rollers = 0, forces = 0;
+  for (const MemberRec& member : truss.MembersInUse()) members += int{member.Live};
+  for (const SupportRec& support : truss.SupportsInUse()) {
+    if (support.Live) ++(support.IsClamp() ? clamps : rollers);
+  }
+  for (const ForceRec& force : truss.ForcesInUse()) forces += int{force.Active};
+  const std::string text = TellCounts(members, clamps, rollers, forces);
+  return text.empty() ? "nothing drawn yet" : text;
 }

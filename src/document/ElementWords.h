@@ -35,3 +35,6 @@ std::string InWords(const Truss& truss, const Element& element, const std::strin
 /// members, a clamp, a force"); of a roller in which direction it pushes ("pushes up"), of a clamp that it
 /// holds both ways. Empty for the others.
 std::string MoreInWords(const Truss& truss, const Element& element);
+
+/// How many there are of each kind: "3 members, a clamp, a roller, a force"; "nothing drawn yet".
+std::string AllInWords(const Truss& truss);

@@ -43,6 +43,11 @@ CanvasTools::CanvasTools(const Partners& partners)
       on_.Canvas.ShowDrawing();
       ShowState();
     });
+    connect(frame, &ValueEditorFrame::ValuesStored, this, [this, kind = frame->Kind()] {
+      const Element changed{kind == MemberKind ? ElementKind::Member : ElementKind::Force,
+                            valueEditor_.Index()};
+      if (IsSomebodyListening()) Tell("now " + InWords(on_.Document, changed, on_.Numbers.DecimalSeparator));
+    });
   }
 }
 
@@ -184,7 +189,7 @@ bool CanvasTools::HandleKey(QKeyEvent* event) {
   const int key = event->key();
   if (HandleArrow(event)) {
     ShowAfterKey();
-    TellCursor();
+    if (IsSomebodyListening()) Tell(CursorWords());
     return true;
   }
   if (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter) {
@@ -235,7 +240,7 @@ void CanvasTools::MoveCursor(float x, float y) {
   if (!active_) return;
   cursor_.MoveTo({on_.Picture.Mapping.XPixel(x), on_.Picture.Mapping.YPixel(y)});
   ShowAfterKey();
-  TellCursor();
+  if (IsSomebodyListening()) Tell(CursorWords());
 }
 
 CanvasAccess::Place CanvasTools::CursorPlace() const {
@@ -252,20 +257,15 @@ void CanvasTools::PressAtCursor() {
   cursor_.PressOrRelease();
   ShowAfterKey();
   if (!beforePress_) return;
-  Tell(PressInWords(*beforePress_, on_.Document, on_.Picture, mouse_, cursor_.Position(),
-                    on_.Numbers.DecimalSeparator));
+  Tell(PressInWords(*beforePress_, on_.Document, on_.Picture, mouse_, on_.Tools.Selected(),
+                    cursor_.Position(), on_.Numbers.DecimalSeparator));
   if (!mouse_.IsDragging()) beforePress_.reset();
 }
 
-void CanvasTools::TellCursor() {
-  if (!IsSomebodyListening()) return;
-  Tell(CursorInWords(on_.Document, on_.Picture, mouse_, on_.Tools.Selected(), cursor_.Position(),
-                     on_.Numbers.DecimalSeparator));
+std::string CanvasTools::CursorWords() const {
+  if (!active_ || !cursor_.IsVisible()) return {};
+  return CursorInWords(on_.Document, on_.Picture, mouse_, on_.Tools.Selected(), cursor_.Position(),
+                       on_.Numbers.DecimalSeparator);
 }
 
-void CanvasTools::Tell(const std::string& words) {
-  if (!IsSomebodyListening()) return;
-  const QString text = OneLineText(ToQt(words));
-  on_.Canvas.setAccessibleDescription(text);
-  Announce(on_.Canvas, text);
-}
+void CanvasTools::Tell(const std::string& words) { Announce(on_.Canvas, OneLineText(ToQt(words))); }

@@ -65,6 +65,10 @@ class CanvasTools final : public QObject {
   /// Where a press at the keyboard's cursor would land (world coordinates).
   CanvasAccess::Place CursorPlace() const;
 
+  /// The same in words, with what it would snap to and act on; empty while the cursor is not to be seen. A
+  /// single-byte text.
+  std::string CursorWords() const;
+
   /// As Space or Enter does.
   void PressAtCursor();
 
@@ -88,7 +92,6 @@ class CanvasTools final : public QObject {
   bool HandleArrow(QKeyEvent* event);
   std::optional<PixelPoint> PlaceToPress(const Element& element) const;
   void ShowAfterKey();
-  void TellCursor();
   void Tell(const std::string& words);
   bool IsInRoom(float x, float y) const;
 

@@ -27,13 +27,28 @@ std::string SnapInWords(const Truss& truss, const SnappedPoint& point) {
   return truss.Settings.SnapGrid ? "grid point" : "";
 }
 
-std::string UnderInWords(const Truss& truss, const Drawing& drawing, Tool tool, PixelPoint at,
-                         const std::string& separator) {
+// What the Move tool takes hold of: an end of a member (1, 2) or the head of a force (3).
+std::string HandleInWords(const Truss& truss, const Selection& object, int handle,
+                          const std::string& separator) {
+  const std::string whole = " of " + InWords(truss, object, separator);
+  if (handle == 3) return "the head" + whole;
+  const MemberRec& member = truss.Members[object.Index];
+  return "the end " +
+         (handle == 1 ? PointInWords(member.X1, member.Y1, separator)
+                      : PointInWords(member.X2, member.Y2, separator)) +
+         whole;
+}
+
+std::string UnderInWords(const Truss& truss, const Drawing& drawing, const MouseEditing& editing, Tool tool,
+                         PixelPoint at, const std::string& separator) {
+  if (editing.IsDragging()) return {};
   if (ActsOnSupports(tool)) {
     const int support = SupportAt(truss, drawing, at.X, at.Y);
     if (support != 0) return InWords(truss, Element{ElementKind::Support, support}, separator);
   }
   if (!ActsOnLines(tool)) return {};
+  const int handle = editing.HandleUnder(at);
+  if (handle != 0) return HandleInWords(truss, editing.Selected(), handle, separator);
   return InWords(truss, ObjectAt(truss, drawing, at.X, at.Y), separator);
 }
 
@@ -47,6 +62,31 @@ bool IsLiveElement(const Truss& truss, const Element& element) {
     default:
       return index <= truss.NumForces && truss.Forces[index].Active;
   }
+}
+
+// What has begun to be dragged at the cursor.
+std::string DragInWords(const Truss& truss, const Drawing& drawing, const MouseEditing& editing, Tool tool,
+                        PixelPoint cursor, const std::string& separator) {
+  if (editing.ActionCode() != 0)
+    return "moving " + HandleInWords(truss, editing.Selected(), editing.ActionCode(), separator);
+  const int support = tool == Tool::Move ? SupportAt(truss, drawing, cursor.X, cursor.Y) : 0;
+  if (support != 0) return "moving " + InWords(truss, Element{ElementKind::Support, support}, separator);
+  const auto from = editing.LocationOf(cursor);
+  return "from " + CursorInWords(truss, drawing, editing, tool, from ? from->Pixel : cursor, separator);
+}
+
+// With the Move tool it is the ends and heads that are moved, by a press of their own.
+std::string PickedInWords(const Truss& truss, const MouseEditing& editing, Tool tool,
+                          const std::string& separator) {
+  const Selection picked = editing.Selected();
+  if (picked.Type == ObjectType::None) return "nothing changed";
+  const std::string words = "picked " + InWords(truss, picked, separator);
+  if (tool != Tool::Move) return words;
+  if (picked.Type == ObjectType::Member) return words + "; its ends can be moved";
+  const ForceRec& force = truss.Forces[picked.Index];
+  const auto head = editing.LocationOf({force.PixX2, force.PixY2});
+  return words + "; its head" + (head ? " at " + PointInWords(head->X, head->Y, separator) : "") +
+         " can be moved";
 }
 
 std::string WholeInWords(const Truss& truss, const Element& element, const std::string& separator) {
@@ -66,23 +106,18 @@ std::string CursorInWords(const Truss& truss, const Drawing& drawing, const Mous
   std::string words = (isThere ? "" : "snaps to ") + PointInWords(point->X, point->Y, separator);
   for (const auto& [before, more] :
        {std::pair(", ", SnapInWords(truss, *point)),
-        std::pair(", on ", UnderInWords(truss, drawing, tool, cursor, separator))}) {
+        std::pair(", on ", UnderInWords(truss, drawing, editing, tool, cursor, separator))}) {
     if (!more.empty()) words += before + more;
   }
   return words;
 }
 
 std::string PressInWords(const ChangesInWords& before, const Truss& truss, const Drawing& drawing,
-                         const MouseEditing& editing, PixelPoint cursor, const std::string& separator) {
-  if (editing.IsDragging()) {
-    const auto from = editing.LocationOf(cursor);
-    return "from " +
-           CursorInWords(truss, drawing, editing, Tool::None, from ? from->Pixel : cursor, separator);
-  }
-  std::string changes = before.Since(truss, separator);
-  if (!changes.empty()) return changes;
-  const std::string picked = InWords(truss, editing.Selected(), separator);
-  return picked.empty() ? "nothing changed" : "picked " + picked;
+                         const MouseEditing& editing, Tool tool, PixelPoint cursor,
+                         const std::string& separator) {
+  if (editing.IsDragging()) return DragInWords(truss, drawing, editing, tool, cursor, separator);
+  const std::string changes = before.Since(truss, separator);
+  return changes.empty() ? PickedInWords(truss, editing, tool, separator) : changes;
 }
 
 std::string ChangesInWords::Since(const Truss& now, const std::string& separator) const {

@@ -8,7 +8,8 @@
 #include "editing/MouseEditing.h"
 
 /// "(3, 4), joint A"; "(3.5, 4), grid point"; beginning with "snaps to" where that is not the cursor's own
-/// place; and with a tool that acts on what is there ", on member AB from (0, 0) to (3, 4)". `cursor` is in
+/// place; and with a tool that acts on what is there ", on member AB from (0, 0) to (3, 4)", or where an end
+/// or head can be taken hold of ", on the end (3, 4) of member AB from (0, 0) to (3, 4)". `cursor` is in
 /// pixels. Empty where a press does nothing.
 std::string CursorInWords(const Truss& truss, const Drawing& drawing, const MouseEditing& editing, Tool tool,
                           PixelPoint cursor, const std::string& separator);
@@ -29,6 +30,8 @@ class ChangesInWords {
 };
 
 /// What a press at the cursor (pixels) has done since: "from (3, 4), joint A" when something is being drawn
-/// or moved from there, what has changed, "picked member AB from (0, 0) to (3, 0)", or "nothing changed".
+/// from there, "moving the end (3, 0) of member AB from (0, 0) to (3, 0)", what has changed, "picked member
+/// AB from (0, 0) to (3, 0)", with the Move tool and what of it can be moved, or "nothing changed".
 std::string PressInWords(const ChangesInWords& before, const Truss& truss, const Drawing& drawing,
-                         const MouseEditing& editing, PixelPoint cursor, const std::string& separator);
+                         const MouseEditing& editing, Tool tool, PixelPoint cursor,
+                         const std::string& separator);

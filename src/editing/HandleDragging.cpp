@@ -16,17 +16,6 @@ bool IsOnPoint(PixelPoint point, PixelPoint mouse) {
 
 PixelPoint HeadOf(const ForceRec& force) { return {force.PixX2, force.PixY2}; }
 
-// 1, 2 or 3 as the action code says; 0: no handle there.
-int ActionAt(const EditingContext& on, const Selection& selection, PixelPoint mouse) {
-  if (!IsSelectionShown(on.Picture) || !IsLive(on.Document, selection)) return 0;
-  if (selection.Type == ObjectType::Force) {
-    return IsOnPoint(HeadOf(on.Document.Forces[selection.Index]), mouse) ? 3 : 0;
-  }
-  const PixelLine& rod = on.Picture.Rod[selection.Index];
-  if (IsOnPoint(rod.End1(), mouse)) return 1;
-  return IsOnPoint(rod.End2(), mouse) ? 2 : 0;
-}
-
 // Marks the element again after a redraw, and with the Numerical Value tool opens its panel.
 void SelectAgain(const EditingContext& on, const Selection& selection) {
   if (!IsLive(on.Document, selection)) return;
@@ -217,13 +206,19 @@ class ForceHeadDragging final : public HandleDrag {
 
 }  // namespace
 
+int HandleAt(const EditingContext& on, const Selection& selection, PixelPoint mouse) {
+  if (!IsSelectionShown(on.Picture) || !IsLive(on.Document, selection)) return 0;
+  if (selection.Type == ObjectType::Force) {
+    return IsOnPoint(HeadOf(on.Document.Forces[selection.Index]), mouse) ? 3 : 0;
+  }
+  const PixelLine& rod = on.Picture.Rod[selection.Index];
+  if (IsOnPoint(rod.End1(), mouse)) return 1;
+  return IsOnPoint(rod.End2(), mouse) ? 2 : 0;
+}
+
 std::unique_ptr<Drag> GrabHandle(const EditingContext& on, Selection& selection, PixelPoint mouse) {
-  const int action = ActionAt(on, selection, mouse);
+  const int action = HandleAt(on, selection, mouse);
   if (action == 0) return nullptr;
   if (action == 3) return std::make_unique<ForceHeadDragging>(on, selection, mouse);
   return std::make_unique<MemberEndDragging>(on, selection, mouse, action);
-}
-
-bool IsOnHandle(const EditingContext& on, const Selection& selection, PixelPoint mouse) {
-  return ActionAt(on, selection, mouse) != 0;
 }

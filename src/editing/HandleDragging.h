@@ -10,5 +10,6 @@
 /// becomes the big one. Null when there is none. `selection` must outlive the drag.
 std::unique_ptr<Drag> GrabHandle(const EditingContext& on, Selection& selection, PixelPoint mouse);
 
-/// Whether a press there would grab a handle.
-bool IsOnHandle(const EditingContext& on, const Selection& selection, PixelPoint mouse);
+/// Which handle a press there would grab: 1 or 2, that end of the selected member; 3, the head of the
+/// selected force; 0, none.
+int HandleAt(const EditingContext& on, const Selection& selection, PixelPoint mouse);

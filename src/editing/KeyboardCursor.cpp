@@ -36,22 +36,23 @@ float Within(float value, float end1, float end2) {
 
 }  // namespace
 
-void KeyboardCursor::KeepInside() {
+PixelPoint KeyboardCursor::KeptInside(PixelPoint place) const {
   const Graph& graph = drawing_.Mapping;
-  position_.X = Within(position_.X, graph.PixelX1, graph.PixelX2);
-  position_.Y = Within(position_.Y, graph.PixelY1, graph.PixelY2);
+  return {Within(place.X, graph.PixelX1, graph.PixelX2), Within(place.Y, graph.PixelY1, graph.PixelY2)};
+}
+
+PixelPoint KeyboardCursor::Position() const {
+  const Graph& graph = drawing_.Mapping;
+  if (visible_ || graph.IsEmpty()) return position_;
+  const PixelPoint middle{(graph.PixelX1 + graph.PixelX2) / 2, (graph.PixelY1 + graph.PixelY2) / 2};
+  const PixelPoint last = placed_ ? position_ : middle;
+  return KeptInside({XOnGrid(graph, truss_.Settings, last.X, 0), YOnGrid(graph, truss_.Settings, last.Y, 0)});
 }
 
 void KeyboardCursor::Show() {
-  if (!visible_) {
-    const Graph& graph = drawing_.Mapping;
-    if (!placed_) position_ = {(graph.PixelX1 + graph.PixelX2) / 2, (graph.PixelY1 + graph.PixelY2) / 2};
-    position_.X = XOnGrid(graph, truss_.Settings, position_.X, 0);
-    position_.Y = YOnGrid(graph, truss_.Settings, position_.Y, 0);
-  }
+  position_ = Position();
   placed_ = true;
   visible_ = true;
-  KeepInside();
 }
 
 void KeyboardCursor::Move(ArrowKey key, bool onePixel) {
@@ -66,15 +67,14 @@ void KeyboardCursor::Move(ArrowKey key, bool onePixel) {
   } else {
     position_.Y = YOnGrid(drawing_.Mapping, truss_.Settings, position_.Y, direction);
   }
-  KeepInside();
+  position_ = KeptInside(position_);
   editing_.KeyMove(position_.X, position_.Y);
 }
 
 void KeyboardCursor::MoveTo(PixelPoint place) {
   if (drawing_.Mapping.IsEmpty() || std::isnan(place.X) || std::isnan(place.Y)) return;
   Show();
-  position_ = place;
-  KeepInside();
+  position_ = KeptInside(place);
   editing_.KeyMove(position_.X, position_.Y);
 }
 

@@ -33,12 +33,12 @@ class KeyboardCursor {
 
   bool IsVisible() const { return visible_; }
 
-  /// Pixels.
-  PixelPoint Position() const { return position_; }
+  /// Pixels; before it is shown, where it would come up.
+  PixelPoint Position() const;
 
  private:
   void Show();
-  void KeepInside();
+  PixelPoint KeptInside(PixelPoint place) const;
 
   MouseEditing& editing_;
   const Truss& truss_;

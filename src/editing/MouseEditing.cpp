@@ -196,6 +196,8 @@ void MouseEditing::SelectTool(int tool) {
 
 // --- what is shown
 
+int MouseEditing::HandleUnder(PixelPoint mouse) const { return HandleAt(on_, selection_, mouse); }
+
 Selection MouseEditing::Selected() const {
   return IsSelectionShown(on_.Picture) && IsLive(on_.Document, selection_) ? selection_ : Selection{};
 }
@@ -219,6 +221,6 @@ PointerShape MouseEditing::PointerAt(PixelPoint mouse) const {
   const bool onSupport = ActsOnSupports(tool) && SupportAt(on_.Document, on_.Picture, mouse.X, mouse.Y) != 0;
   const bool onLine =
       ActsOnLines(tool) && (ObjectAt(on_.Document, on_.Picture, mouse.X, mouse.Y).Type != ObjectType::None ||
-                            IsOnHandle(on_, selection_, mouse));
+                            HandleUnder(mouse) != 0);
   return onSupport || onLine ? PointerShape::PointingHand : PointerShape::Default;
 }

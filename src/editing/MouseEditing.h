@@ -61,6 +61,9 @@ class MouseEditing {
   /// Where a press or a release at a pixel would land; nothing where it does nothing.
   std::optional<SnappedPoint> LocationOf(PixelPoint mouse) const;
 
+  /// The handle that a press there would grab, as an action code; 0 none.
+  int HandleUnder(PixelPoint mouse) const;
+
   /// What the handles mark; none while they are hidden.
   Selection Selected() const;
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QSignalBlocker>
 #include <algorithm>
 
@@ -13,6 +14,24 @@ namespace {
 constexpr int ButtonSize = 32;
 constexpr int LeftMargin = 4;
 constexpr int TopMargin = 6;
+constexpr int FocusWidth = 2;
+
+// The picture covers the whole button, so that the mark of the keys goes over it; in the colour of its
+// letters, which stands out from the button and from what is around it in every theme.
+class ToolButton final : public QToolButton {
+ public:
+  using QToolButton::QToolButton;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QToolButton::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter painter(this);
+    painter.setPen(
+        QPen(palette().color(QPalette::ButtonText), FocusWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.drawRect(rect().adjusted(FocusWidth / 2, FocusWidth / 2, -FocusWidth / 2, -FocusWidth / 2));
+  }
+};
 
 }  // namespace
 
@@ -21,7 +40,7 @@ ToolBox::ToolBox(ToolPalette& palette, QWidget* parent) : QFrame(parent), palett
   SetAccessibleRole(*this, QAccessible::Grouping);
   setAccessibleName(QStringLiteral("Tools"));
   for (int tool = 1; tool <= NumTools; ++tool) {
-    auto* button = new QToolButton(this);
+    auto* button = new ToolButton(this);
     buttons_[static_cast<std::size_t>(tool - 1)] = button;
     const QString name = QString::fromLatin1(ToolName(tool));
     button->setObjectName(QStringLiteral("imgTool(%1)").arg(tool));
@@ -29,9 +48,7 @@ ToolBox::ToolBox(ToolPalette& palette, QWidget* parent) : QFrame(parent), palett
     button->setToolTip(QStringLiteral("%1 (%2)").arg(name).arg(tool));
     button->setGeometry(LeftMargin + (tool - 1) * ButtonSize, TopMargin, ButtonSize, ButtonSize);
     button->setAutoRaise(true);
-    button->setStyleSheet(
-        QStringLiteral("QToolButton { border: none; padding: 0; } "
-                       "QToolButton:focus { border: 1px dotted palette(highlight); }"));
+    button->setStyleSheet(QStringLiteral("QToolButton { border: none; padding: 0; }"));
     button->setIconSize(QSize(ButtonSize, ButtonSize));
     button->setFocusPolicy(Qt::TabFocus);
     button->setMouseTracking(true);

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalBlocker>
 #include <algorithm>
 
 #include "platform/qt/FittedText.h"
@@ -70,6 +71,7 @@ void ValueEditorFrame::ShowValues() {
     // What is being typed keeps its cursor.
     const std::string& text = editor_.Text(editingKind_, box);
     if (FromQt(txtNewCoords_[at]->text()) == text) continue;
+    const QSignalBlocker filled(txtNewCoords_[at]);
     txtNewCoords_[at]->setText(ToQt(text));
     if (txtNewCoords_[at]->hasFocus()) txtNewCoords_[at]->selectAll();
   }

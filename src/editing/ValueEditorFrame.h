@@ -23,6 +23,8 @@ class ValueEditorFrame final : public QFrame {
   /// The editor must outlive the frame.
   ValueEditorFrame(EditingKind editingKind, ValueEditor& editor, QWidget* canvas);
 
+  EditingKind Kind() const { return editingKind_; }
+
   /// The part of the canvas in which the frame may lie. Until it is set, that is the whole canvas.
   void SetRoom(const QRect& room);
 
@@ -35,6 +37,8 @@ class ValueEditorFrame final : public QFrame {
   void ForgetPlace();
 
  Q_SIGNALS:
+  /// What was typed has been written into the truss.
+  void ValuesStored();
   /// The editor has changed: its panel may be closed, the handles gone, the truss redrawn.
   void EditorChanged();
 

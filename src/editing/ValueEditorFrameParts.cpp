@@ -116,7 +116,8 @@ void ValueEditorFrame::AddBoxes(QVBoxLayout* rows) {
     auto* text = new NumberBox;
     text->setObjectName(ControlName(box == 1 ? "txtNewCoords1" : "txtNewCoords2"));
     label->setBuddy(text);
-    connect(text, &QLineEdit::textEdited, this, [this, box](const QString& typed) {
+    // Whoever sets the text of the box has typed it, with keys or without.
+    connect(text, &QLineEdit::textChanged, this, [this, box](const QString& typed) {
       editor_.txtNewCoords_Change(editingKind_, box, FromQt(typed));
     });
     grid->addWidget(label, box, 0);
@@ -144,6 +145,7 @@ void ValueEditorFrame::AddButtons(QVBoxLayout* rows) {
     editor_.cmdNewCoordsOK_Click(editingKind_);
     ShowEditor();
     Q_EMIT EditorChanged();
+    if (!editor_.IsOpen(editingKind_)) Q_EMIT ValuesStored();
   });
   OnPress(cmdNewCoordsCancel_, this, [this] {
     editor_.cmdNewCoordsCancel_Click(editingKind_);

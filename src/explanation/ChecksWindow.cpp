@@ -12,6 +12,7 @@
 #include <algorithm>
 
 #include "explanation/ShownText.h"
+#include "platform/qt/AccessibleRole.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/ReadOnlyText.h"
 
@@ -29,6 +30,7 @@ ChecksWindow::ChecksWindow(QWidget* parent)
     : QWidget(parent, Qt::Window), lblChecks_(new QLabel(this)), lstChecks_(new QListWidget(this)) {
   setObjectName(QStringLiteral("Checks"));
   setWindowTitle(QStringLiteral("Check the drawing"));
+  SetAccessibleRole(*this, QAccessible::Dialog);
   lblChecks_->setObjectName(QStringLiteral("lblChecks"));
   lblChecks_->setWordWrap(true);
   lstChecks_->setObjectName(QStringLiteral("lstChecks"));

@@ -42,6 +42,10 @@ std::string PairOf(const std::string& x, const std::string& y, const ReportForma
   return '(' + x + (format.Numbers.DecimalSeparator == "," ? "; " : ", ") + y + ')';
 }
 
+std::string PowerOfTenText(double number) {
+  return "1E" + std::to_string(static_cast<int>(std::lround(std::log10(number))));
+}
+
 std::string Capital(std::string text) {
   if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
   return text;

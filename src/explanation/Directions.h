@@ -29,5 +29,8 @@ std::string PairText(double x, double y, const ReportFormat& format);
 /// The same of two numbers that are texts already.
 std::string PairOf(const std::string& x, const std::string& y, const ReportFormat& format);
 
+/// The power of ten that is nearest to a positive number: "1E-8", "1E5".
+std::string PowerOfTenText(double number);
+
 /// Its first letter, when it is one of a to z, as a capital.
 std::string Capital(std::string text);

@@ -17,13 +17,27 @@ constexpr const char* MemberWord = "member ";
 
 constexpr double OfTheSize = 1e7;
 
+// Whether a name reads like more than one thing where it stands among words or in an equation.
+bool IsOdd(const std::string& name) {
+  return name.find_first_of(" \xA0()[]{}<>=+-*/|,:;\xB7\xD7\xF7\x96") != std::string::npos;
+}
+
+// Names of joints stand behind the word, and are no numbers there.
+bool IsOddForForce(const std::string& name) {
+  return IsOdd(name) ||
+         (!name.empty() && std::string_view("0123456789.").find(name.front()) != std::string_view::npos);
+}
+
+std::string InBrackets(const std::string& name) { return '[' + name + ']'; }
+
 std::int64_t CellOf(double at, double size) { return static_cast<std::int64_t>(std::floor(at / size)); }
 
 }  // namespace
 
-DistinctNames::DistinctNames(const TrussGraph& graph, const ReportFormat& format)
+DistinctNames::DistinctNames(const TrussGraph& graph, const ReportFormat& format, OddNames odd)
     : graph_(graph),
       format_(format),
+      odd_(odd),
       ofJoints_(WorthOf(graph.Joints)),
       ofForces_(WorthOf(graph.Unknowns)),
       places_(graph.NumJoints()),
@@ -63,9 +77,26 @@ void DistinctNames::FindPlaces() {
   }
 }
 
+std::string DistinctNames::OwnOfJoint(int joint) const {
+  const std::string& name = graph_.Joints[joint].Name;
+  return odd_ == OddNames::InBrackets && IsOdd(name) ? InBrackets(name) : name;
+}
+
+std::string DistinctNames::OwnOfForce(const PlacedUnknown& unknown) const {
+  return odd_ == OddNames::InBrackets && IsOddForForce(unknown.Name) ? InBrackets(unknown.Name)
+                                                                     : unknown.Name;
+}
+
+std::string DistinctNames::ForceInEquation(int unknown) const {
+  const std::string& name = forces_[unknown];
+  const bool isPlain = ofForces_[unknown] == Own::Tells && !IsOddForForce(graph_.Unknowns[unknown].Name);
+  const bool hasBrackets = ofForces_[unknown] == Own::Tells && odd_ == OddNames::InBrackets;
+  return isPlain || hasBrackets ? name : InBrackets(name);
+}
+
 void DistinctNames::NameJoints() {
   for (int j = 1; j <= graph_.NumJoints(); ++j) {
-    const std::string& name = graph_.Joints[j].Name;
+    const std::string name = OwnOfJoint(j);
     joints_[j] = ofJoints_[j] == Own::Tells      ? name
                  : ofJoints_[j] == Own::IsShared ? name + " at " + places_[j]
                                                  : places_[j];
@@ -91,13 +122,13 @@ std::string DistinctNames::EndsOf(const PlacedUnknown& member) const {
 }
 
 std::string DistinctNames::NameOf(const PlacedUnknown& unknown, Own own) const {
-  if (own == Own::Tells) return unknown.Name;
+  if (own == Own::Tells) return OwnOfForce(unknown);
   const bool isShared = own == Own::IsShared;
   if (unknown.IsMember())
-    return isShared ? unknown.Name + " (" + EndsOf(unknown) + ")" : MemberWord + EndsOf(unknown);
+    return isShared ? OwnOfForce(unknown) + " (" + EndsOf(unknown) + ")" : MemberWord + EndsOf(unknown);
   const std::string axis = unknown.Sign == 0 ? "" : unknown.Along == Axis::X ? "x" : "y";
   const std::string at = "at " + joints_[unknown.JointA];
-  if (isShared) return unknown.Name + " (" + (axis.empty() ? "" : "along " + axis + ' ') + at + ")";
+  if (isShared) return OwnOfForce(unknown) + " (" + (axis.empty() ? "" : "along " + axis + ' ') + at + ")";
   return (axis.empty() ? "" : axis + '-') + "reaction " + at;
 }
 
@@ -125,7 +156,7 @@ std::string DistinctNames::WithPlace(int joint) const {
 std::string DistinctNames::Equation(int joint, Axis axis) const {
   const std::string letter = axis == Axis::X ? "x" : "y";
   if (ofJoints_[joint] == Own::IsMissing) return letter + " at " + places_[joint];
-  return graph_.Joints[joint].Name + " - " + letter +
+  return OwnOfJoint(joint) + " - " + letter +
          (ofJoints_[joint] == Own::IsShared ? " at " + places_[joint] : "");
 }
 

@@ -11,6 +11,13 @@
 #include "analysis/FormatSigFigs.h"
 #include "explanation/TrussGraph.h"
 
+/// How names stand that read like more than a name: that hold blanks, brackets, commas or signs of
+/// arithmetic, and names of forces that begin like a number.
+enum class OddNames {
+  AsTheyAre,   ///< for lists, tables and pictures, where each name stands by itself
+  InBrackets,  ///< "[left chord]", for sentences and equations
+};
+
 /// The names of a truss, single-byte texts. Who has a name that no other has is called by it. A joint without
 /// one is called by its place, "(3, 4)"; one that shares its name by both, "A at (3, 4)". A member without a
 /// name is called by its ends, "member A to C"; one that shares it by both, "AB (A to C)". A reaction without
@@ -19,10 +26,13 @@
 class DistinctNames {
  public:
   /// The graph must outlive it.
-  DistinctNames(const TrussGraph& graph, const ReportFormat& format);
+  DistinctNames(const TrussGraph& graph, const ReportFormat& format, OddNames odd = OddNames::AsTheyAre);
 
   const std::string& Joint(int joint) const { return joints_[joint]; }
   const std::string& Force(int unknown) const { return forces_[unknown]; }
+
+  /// In an equation, where all that is not one plain name is in brackets: "[member A to C]".
+  std::string ForceInEquation(int unknown) const;
 
   /// The same without the word "member", for sentences that say it.
   std::string Member(int unknown) const;
@@ -77,12 +87,15 @@ class DistinctNames {
   void NameJoints();
   void NameForces();
   void FindSpots();
+  std::string OwnOfJoint(int joint) const;
+  std::string OwnOfForce(const PlacedUnknown& unknown) const;
   std::string EndsOf(const PlacedUnknown& member) const;
   std::string NameOf(const PlacedUnknown& unknown, Own own) const;
   int JointAt(double x, double y) const;
 
   const TrussGraph& graph_;
   ReportFormat format_;  // of places
+  OddNames odd_;
   Table<Own> ofJoints_, ofForces_;
   Table<std::string> places_, joints_, forces_;
   double near_ = 0;  // world units

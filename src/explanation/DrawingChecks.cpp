@@ -45,7 +45,7 @@ class Checker {
         where_(where),
         format_(format),
         graph_(DrawnGraph(truss)),
-        names_(graph_, format),
+        names_(graph_, format, OddNames::InBrackets),
         near_(truss.Settings, where) {
     for (int j = 1; j <= truss.NumJoints; ++j) {
       jointAt_.emplace(PositionKey(truss.Joints[j].X, truss.Joints[j].Y), j);

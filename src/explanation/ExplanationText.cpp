@@ -35,7 +35,7 @@ class Writer {
         graph_(explanation.Graph),
         verdict_(explanation.Exact.Verdict),
         format_(format),
-        names_(graph_, format) {}
+        names_(graph_, format, OddNames::InBrackets) {}
 
   std::vector<ExplanationSection> All() {
     Add(VerdictHeading, VerdictParagraphs());

@@ -1,8 +1,12 @@
 #include "explanation/MotionChoices.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "explanation/Directions.h"
 #include "explanation/DistinctNames.h"
 #include "explanation/MotionText.h"
+#include "explanation/RigidityMatrix.h"
 
 namespace {
 
@@ -53,6 +57,24 @@ const Motion* MotionOf(const MotionChoice& choice, const ExactReasons& reasons) 
   return choice.What == MotionChoice::Kind::Motion ? NumberIn(reasons.Motions, choice.Number) : nullptr;
 }
 
+namespace {
+
+// Whether each member keeps its direction, so that it keeps its length however far it goes.
+bool IsPureSliding(const TrussGraph& graph, const Motion& motion) {
+  constexpr double nothing = 1e-12;  // of the largest displacement, which is 1
+  const std::vector<double> by = DisplacementsByColumn(graph, motion);
+  const auto differs = [&](const PlacedUnknown& member, Axis axis) {
+    const auto a = static_cast<std::size_t>(ColumnOf(member.JointA, axis));
+    const auto b = static_cast<std::size_t>(ColumnOf(member.JointB, axis));
+    return std::abs(by[a] - by[b]) > nothing;
+  };
+  return std::ranges::none_of(graph.Unknowns.First(graph.NumUnknowns()), [&](const PlacedUnknown& unknown) {
+    return unknown.IsMember() && (differs(unknown, Axis::X) || differs(unknown, Axis::Y));
+  });
+}
+
+}  // namespace
+
 const SelfStress* SelfStressOf(const MotionChoice& choice, const ExactReasons& reasons) {
   return choice.What == MotionChoice::Kind::SelfStress ? NumberIn(reasons.SelfStresses, choice.Number)
                                                        : nullptr;
@@ -69,10 +91,13 @@ std::string DescribeChoice(const MotionChoice* choice, const TrussGraph& graph, 
   return name + '.';
 }
 
-const char* NoteOnChoice(const MotionChoice* choice) {
+const char* NoteOnChoice(const MotionChoice* choice, const TrussGraph& graph, const ExactReasons& reasons) {
   if (choice == nullptr) return "The truss has neither motions nor states of self-stress.";
   if (choice->What == MotionChoice::Kind::Motion) {
-    return "Grey: at rest. The size of the motion means nothing; lengths change at second order only.";
+    const Motion* motion = MotionOf(*choice, reasons);
+    return motion != nullptr && IsPureSliding(graph, *motion)
+               ? "Grey: at rest. The size of the motion means nothing; no member turns or changes its length."
+               : "Grey: at rest. The size of the motion means nothing; lengths change at second order only.";
   }
   return "C: compression, T: tension. Only the proportions mean something; no load is needed for them.";
 }

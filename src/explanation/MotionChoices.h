@@ -29,4 +29,4 @@ std::string DescribeChoice(const MotionChoice* choice, const TrussGraph& graph, 
                            const ReportFormat& format);
 
 /// What must be known to read the drawing.
-const char* NoteOnChoice(const MotionChoice* choice);
+const char* NoteOnChoice(const MotionChoice* choice, const TrussGraph& graph, const ExactReasons& reasons);

@@ -24,7 +24,7 @@ const char* ExtentText(MotionExtent extent) {
 }  // namespace
 
 MotionTeller::MotionTeller(const TrussGraph& graph, const ReportFormat& format)
-    : graph_(graph), format_(format), pieces_(graph), names_(graph, format) {}
+    : graph_(graph), format_(format), pieces_(graph), names_(graph, format, OddNames::InBrackets) {}
 
 std::string MotionTeller::Displacements(const Motion& motion) const {
   const auto by = [this](const JointDisplacement& at) {

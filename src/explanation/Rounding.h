@@ -14,6 +14,10 @@ struct VanishedCoefficient {
   Axis Along = Axis::X;
 };
 
+/// Whether what stands on the right of a row without coefficients, as a share of the largest load, is so
+/// small that the rounding of directions can have left it.
+inline bool IsLeftByRounding(double share) { return share > 0 && share < 1e-3; }
+
 struct Rounding {
   ExactVerdict Verdict;
   DrawnFigures Figures;
@@ -29,8 +33,7 @@ struct Rounding {
   /// every pivot; where the outcomes differ.
   std::vector<VanishedCoefficient> Vanished;
 
-  /// Whether the remnant is so small that the rounding of directions can have left it.
-  bool IsRemnantOfRounding() const { return Remnant > 0 && RemnantShare < 1e-3; }
+  bool IsRemnantOfRounding() const { return Remnant > 0 && IsLeftByRounding(RemnantShare); }
 
   /// The largest force that the reduced matrix shows by the largest load; 0 without either.
   double ShownMagnification = 0;

@@ -29,11 +29,6 @@ constexpr const char* WithinText = "Within the figures of the drawing, where a m
 // Without its colon.
 std::string HeadingText(const std::string& heading) { return heading.substr(0, heading.size() - 1); }
 
-// The power of ten nearest to a positive number, as "1E-8".
-std::string MagnitudeText(double share) {
-  return "1E" + std::to_string(static_cast<int>(std::lround(std::log10(share))));
-}
-
 class RoundingWriter {
  public:
   RoundingWriter(const TrussGraph& graph, const Rounding& rounding, const ReportFormat& format)
@@ -169,11 +164,12 @@ class RoundingWriter {
     const std::string rounded = "directions are rounded to single precision";
     const std::string row = Number(on_.Remnant) + " on the right of a row without coefficients";
     if (on_.IsRemnantOfRounding()) {
-      return rounded + ": " + row + " is a remnant of rounding, about " + MagnitudeText(on_.RemnantShare) +
+      return rounded + ": " + row + " is a remnant of rounding, about " + PowerOfTenText(on_.RemnantShare) +
              " of the largest load";
     }
     if (on_.Vanished.empty() && on_.Remnant == 0) return rounded;
-    std::string text = "what is smaller than " + MagnitudeText(PivotTolerance) + " counts as nothing in it: ";
+    std::string text =
+        "what is smaller than " + PowerOfTenText(PivotTolerance) + " counts as nothing in it: ";
     text += on_.Vanished.empty() ? "the coefficients of a row cancel down to that" : VanishedText();
     return on_.Remnant == 0 ? text : text + ", which leaves " + row;
   }
@@ -195,7 +191,7 @@ class RoundingWriter {
   std::string SmallText() const {
     std::string text;
     if (const std::vector<int>& zeros = sure_.ShownAsZero; !zeros.empty()) {
-      text = DistinctNames(graph_, format_).ForcesAtStart(zeros, 6) +
+      text = DistinctNames(graph_, format_, OddNames::InBrackets).ForcesAtStart(zeros, 6) +
              (zeros.size() == 1 ? " is not 0, but so small that it is shown as 0."
                                 : " are not 0, but so small that they are shown as 0.");
     }
@@ -212,7 +208,7 @@ class RoundingWriter {
   }
 
   std::string Names(const std::vector<int>& unknowns) const {
-    return DistinctNames(graph_, format_).Forces(unknowns, MostNamed);
+    return DistinctNames(graph_, format_, OddNames::InBrackets).Forces(unknowns, MostNamed);
   }
 
   std::string Number(double value) const { return FormatSigFigs(value, format_); }
@@ -308,11 +304,16 @@ const char* ReadOnText(ReadOn where) {
   switch (where) {
     case ReadOn::OnScreen:
       break;
+    case ReadOn::InTexts:
+      return "Read on with --report=why, and in the help under \"Exact and rounded verdicts\".";
     case ReadOn::OnPaper:
       return "In the program read on in the menu Learn under \"Why this conclusion\", and in the help under "
              "\"Exact and rounded verdicts\".";
     case ReadOn::FurtherBelow:
       return "Read on further below under \"Why this conclusion\", and in the program's help under \"Exact "
+             "and rounded verdicts\".";
+    case ReadOn::FurtherAbove:
+      return "Read on further above under \"Why this conclusion\", and in the program's help under \"Exact "
              "and rounded verdicts\".";
   }
   return "Read on under Learn, \"Why this conclusion\", and in the help under \"Exact and rounded "

@@ -15,8 +15,10 @@ inline constexpr const char* RoundingHelpTitle = "Exact and rounded verdicts";
 /// Where to read on, for whoever has the notice before him.
 enum class ReadOn {
   OnScreen,      ///< in the program: under Learn, and in the help
+  InTexts,       ///< the command line, or what it has written
   OnPaper,       ///< in the program, which he may not have before him
   FurtherBelow,  ///< on the same paper, which has the reasons
+  FurtherAbove,  ///< the same, where they stand before
 };
 const char* ReadOnText(ReadOn where);
 

@@ -240,7 +240,7 @@ void WhyWindow::ShowChoice() {
   picMotion_->setToolTip(PlainToolTip(description));
   cmbMotion_->setToolTip(PlainToolTip(cmbMotion_->currentText()));
   cmbMotion_->setAccessibleDescription(cmbMotion_->currentText());
-  lblNote_->setText(QString::fromLatin1(NoteOnChoice(choice)));
+  lblNote_->setText(QString::fromLatin1(NoteOnChoice(choice, explanation_->Graph, explanation_->Exact)));
   ShowControls();
   KeepWholeHeight(*this);
 }

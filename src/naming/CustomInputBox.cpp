@@ -64,7 +64,8 @@ const QScreen* ScreenAt(QPoint point, const QWidget& dialog) {
 
 }  // namespace
 
-CustomInputBox::CustomInputBox(const std::string& prompt, const std::string& defaultText, QWidget* parent)
+CustomInputBox::CustomInputBox(const std::string& prompt, const std::string& defaultText, QWidget* parent,
+                               const std::string& about)
     : QDialog(parent),
       Label1(new QLabel(this)),
       txtInput(new QLineEdit(this)),
@@ -81,6 +82,7 @@ CustomInputBox::CustomInputBox(const std::string& prompt, const std::string& def
 
   txtInput->setObjectName(QStringLiteral("txtInput"));
   txtInput->setAccessibleName(ToQt(prompt));
+  txtInput->setAccessibleDescription(OneLineText(ToQt(about)));
   txtInput->setMaxLength(std::numeric_limits<int>::max());
   txtInput->setMinimumWidth(PreferredTextWidth);
   // Only typed and pasted text is kept to one line: a name that came from a file stays as it is until edited.
@@ -131,8 +133,8 @@ void CustomInputBox::showEvent(QShowEvent* event) {
 }
 
 std::string InputBox2(const std::string& prompt, const std::string& defaultText, int left, int top,
-                      QWidget* parent) {
-  CustomInputBox dialog(prompt, defaultText, parent);
+                      QWidget* parent, const std::string& about) {
+  CustomInputBox dialog(prompt, defaultText, parent, about);
   dialog.MoveOnScreen(QPoint(left / TwipsPerPixel, top / TwipsPerPixel));
   return dialog.exec() == QDialog::Accepted ? dialog.Text() : std::string();
 }

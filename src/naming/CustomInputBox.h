@@ -15,8 +15,10 @@ class CustomInputBox final : public QDialog {
   Q_OBJECT
 
  public:
-  /// Both texts are single-byte texts and shown as they are, never as markup.
-  CustomInputBox(const std::string& prompt, const std::string& defaultText, QWidget* parent);
+  /// All texts are single-byte texts and shown as they are, never as markup. `about` is told to who cannot
+  /// see where the dialog stands.
+  CustomInputBox(const std::string& prompt, const std::string& defaultText, QWidget* parent,
+                 const std::string& about = {});
 
   /// What the text box holds, as a single-byte text: characters outside the code page become "?".
   std::string Text() const;
@@ -37,5 +39,6 @@ class CustomInputBox final : public QDialog {
 
 /// Asks for a text with a fresh dialog whose left top corner lies at `left`, `top` (twips on the screen, kept
 /// visible). Returns the text exactly as typed, or "" when the user cancels. All texts are single-byte texts.
+/// `about` as above.
 std::string InputBox2(const std::string& prompt, const std::string& defaultText, int left, int top,
-                      QWidget* parent);
+                      QWidget* parent, const std::string& about = {});

@@ -25,6 +25,10 @@ bool PrintExercise(const ExerciseSet& set, const NumberFormat& numbers, QPagedPa
   return PrintDocument(device, FooterOf(set), BuilderOf(set, numbers), progress);
 }
 
+QString ExerciseInWords(const ExerciseSet& set, const NumberFormat& numbers) {
+  return QString::fromStdString(DocumentInWords(BuilderOf(set, numbers)));
+}
+
 std::string VariantPng(const Variant& variant, const NumberFormat& numbers) {
   QtTextMeasure measure;
   const Picture picture = TrussPaint(

@@ -16,5 +16,8 @@ std::optional<QByteArray> ExercisePdf(const ExerciseSet& set, const NumberFormat
 bool PrintExercise(const ExerciseSet& set, const NumberFormat& numbers, QPagedPaintDevice& device,
                    const DocumentProgress& progress = {});
 
+/// All that stands on the pages, for readers aloud.
+QString ExerciseInWords(const ExerciseSet& set, const NumberFormat& numbers);
+
 /// The picture of a variant with names and loads, as the bytes of a PNG file.
 std::string VariantPng(const Variant& variant, const NumberFormat& numbers);

@@ -19,6 +19,7 @@
 
 #include "document/DocumentLifecycle.h"
 #include "paper/qt/PaperPages.h"
+#include "paper/qt/PreviewInWords.h"
 #include "platform/qt/OnPress.h"
 #include "platform/qt/ScreenRoom.h"
 #include "platform/qt/TippedButton.h"
@@ -114,7 +115,6 @@ void ExerciseWindow::CreatePreview() {
   connect(lstVariants_, &QListWidget::currentRowChanged, this, &ExerciseWindow::ShowVariant);
   picSheet_ = new QPrintPreviewWidget(paper_.get(), this);
   picSheet_->setObjectName(QStringLiteral("picSheet"));
-  picSheet_->setAccessibleName(QStringLiteral("Sheet and solution of the variant"));
   picSheet_->setMinimumSize(200, 160);
   picSheet_->fitToWidth();
   connect(picSheet_, &QPrintPreviewWidget::paintRequested, this, &ExerciseWindow::PaintVariant);
@@ -203,13 +203,22 @@ void ExerciseWindow::Make() {
   ShowVariant();
 }
 
-void ExerciseWindow::ShowVariant() { picSheet_->updatePreview(); }
+void ExerciseWindow::ShowVariant() {
+  picSheet_->updatePreview();
+  PutInWords(*picSheet_, QStringLiteral("Sheet and solution of the variant"), [this] {
+    const std::optional<ExerciseSet> shown = ShownVariant();
+    return shown ? ExerciseInWords(*shown, numbers_) : QString();
+  });
+}
+
+std::optional<ExerciseSet> ExerciseWindow::ShownVariant() const {
+  const int row = lstVariants_->currentRow();
+  if (row < 0 || static_cast<std::size_t>(row) >= set_.All.size()) return std::nullopt;
+  return ExerciseSet{set_.Name, set_.Wishes, {set_.All[static_cast<std::size_t>(row)]}};
+}
 
 void ExerciseWindow::PaintVariant(QPrinter* printer) const {
-  const int row = lstVariants_->currentRow();
-  if (row < 0 || static_cast<std::size_t>(row) >= set_.All.size()) return;
-  const ExerciseSet shown{set_.Name, set_.Wishes, {set_.All[static_cast<std::size_t>(row)]}};
-  PrintExercise(shown, numbers_, *printer);
+  if (const std::optional<ExerciseSet> shown = ShownVariant()) PrintExercise(*shown, numbers_, *printer);
 }
 
 SavingAs ExerciseWindow::Saving(const char* what, const char* filter, const char* ending) const {
@@ -256,7 +265,8 @@ void ExerciseWindow::Print() {
                     .Paint =
                         [this](QPagedPaintDevice& device, const DocumentProgress& progress) {
                           return PrintExercise(set_, numbers_, device, progress);
-                        }},
+                        },
+                    .InWords = [this] { return ExerciseInWords(set_, numbers_); }},
                    on_.ProgressDelay, on_.Messages, *this);
 }
 

@@ -4,6 +4,7 @@
 
 #include <QTimer>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "explanation/LearnWindow.h"
@@ -53,6 +54,7 @@ class ExerciseWindow final : public LearnWindow {
   void MakeLater();
   void Make();
   void ShowVariant();
+  std::optional<ExerciseSet> ShownVariant() const;
   void PaintVariant(QPrinter* printer) const;
   void SaveSheets();
   void SaveBank();

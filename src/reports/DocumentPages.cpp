@@ -8,6 +8,7 @@
 #include <QPrinter>
 #include <utility>
 
+#include "paper/PlainText.h"
 #include "paper/qt/PagedText.h"
 #include "paper/qt/PaperPages.h"
 #include "paper/qt/SteadyPdf.h"
@@ -47,6 +48,20 @@ bool PrintDocument(QPagedPaintDevice& device, const QString& title, const Docume
   if (isWhole) pages.Finish();
   if (!isWhole) Abandon(device, painter);
   return isWhole && !pages.Refused();
+}
+
+std::string DocumentInWords(const DocumentBuilder& build) {
+  PlainText words;
+  QuietShelf shelf;
+  QtTextMeasure measure;
+  constexpr float width = 540;  // points, about what a sheet has
+  build({.Document = words,
+         .Clipboard = shelf.Access(),
+         .Measure = [&measure](const TextFont& font,
+                               std::string_view text) { return measure.Measure(font, text); },
+         .TableRoom = width,
+         .Progress = [](double /*done*/) { return true; }});
+  return words.Text();
 }
 
 std::optional<QByteArray> PdfOfDocument(const QString& title, const DocumentBuilder& build,

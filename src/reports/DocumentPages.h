@@ -20,6 +20,9 @@ using DocumentProgress = std::function<bool(double done)>;
 bool PrintDocument(QPagedPaintDevice& device, const QString& title, const DocumentBuilder& build,
                    const DocumentProgress& progress = {});
 
+/// What stands on the pages as text, UTF-8, with the pictures in words.
+std::string DocumentInWords(const DocumentBuilder& build);
+
 /// The same as a PDF file on A4, the same bytes for the same document. Nothing when `progress` ended it;
 /// empty bytes when they could not be made.
 std::optional<QByteArray> PdfOfDocument(const QString& title, const DocumentBuilder& build,

@@ -6,6 +6,7 @@
 #include <QPrinter>
 
 #include "paper/qt/PaperPages.h"
+#include "paper/qt/PreviewInWords.h"
 #include "platform/qt/ScreenRoom.h"
 #include "platform/qt/WindowInFront.h"
 #include "reports/ReportProgressDialog.h"
@@ -56,5 +57,6 @@ void ShowPrintPreview(const PrintedDocument& document, int progressDelay, Messag
     if (!PaintOn(*target, document, progressDelay, messages))
       QMetaObject::invokeMethod(&preview, &QDialog::reject, Qt::QueuedConnection);
   });
+  PutInWords(preview, QStringLiteral("Pages"), document.InWords);
   preview.exec();
 }

@@ -14,6 +14,9 @@ struct PrintedDocument {
 
   /// Paints all pages; false when the progress or the device has ended it.
   std::function<bool(QPagedPaintDevice& device, const DocumentProgress& progress)> Paint;
+
+  /// All that stands on them, for readers aloud.
+  std::function<QString()> InWords;
 };
 
 /// On this country's paper; returns when the preview is closed. The user can end the making of the pages,

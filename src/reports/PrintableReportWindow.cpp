@@ -17,6 +17,7 @@
 #include "paper/qt/SmoothPictures.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/ScreenRoom.h"
+#include "platform/qt/TextInWords.h"
 #include "reports/PrintPreview.h"
 #include "reports/ReportProgressDialog.h"
 #include "reports/ReportWindow.h"
@@ -174,7 +175,8 @@ void PrintableReportWindow::cmdReportPrint_Click() {
                     .Paint =
                         [this](QPagedPaintDevice& device, const DocumentProgress& progress) {
                           return PrintReport(on_.Subject, device, progress);
-                        }},
+                        },
+                    .InWords = [this] { return TextInWords(*RichTextBox1->document()); }},
                    on_.ProgressDelay, on_.Access.Messages, *this);
 }
 

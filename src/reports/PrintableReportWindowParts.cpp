@@ -6,6 +6,7 @@
 
 #include "platform/qt/FittedText.h"
 #include "platform/qt/OnPress.h"
+#include "platform/qt/TextInWords.h"
 #include "platform/qt/TippedButton.h"
 #include "reports/PrintableReportWindow.h"
 
@@ -40,6 +41,7 @@ QSize LargestOf(const std::vector<QCheckBox*>& boxes) {
 void PrintableReportWindow::MakeTextBox() {
   RichTextBox1 = new QTextEdit(this);
   RichTextBox1->setObjectName(QStringLiteral("RichTextBox1"));
+  TellPicturesInWords(*RichTextBox1);
   RichTextBox1->setAccessibleName(QStringLiteral("The report"));
   RichTextBox1->setReadOnly(true);
   RichTextBox1->setTabChangesFocus(true);

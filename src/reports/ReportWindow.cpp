@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/qt/AccessibleRole.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/ReadOnlyText.h"
@@ -53,6 +54,7 @@ ReportWindow::ReportWindow(NumberFormat numbers, QWidget* parent)
                                   NoticeMargin, this)) {
   setObjectName(QStringLiteral("Report"));
   setWindowTitle(QStringLiteral("Report"));
+  SetAccessibleRole(*this, QAccessible::Dialog);
   setMinimumSize(SmallestSize);
   resize(760, 540);
 

@@ -10,7 +10,9 @@ AppendedExtra AppendSteps(const ReportExtraContext& context) {
   RTBText(context.Report, "Elimination, step by step:", 2, 0, SectionHeading, LineRole::Heading);
   const TrussAnalysis& analysis = context.Reasons.Analysis();
   const EliminationInSteps story = EliminateInSteps(EquationsOf(context.Document, analysis));
-  const StepText text(context.Reasons.Graph(), story, analysis.Reading, context.Format);
+  const bool hasReasons = std::ranges::count(context.With, ReportExtra::Why) > 0;
+  const StepText text(context.Reasons.Graph(), story, analysis.Reading, context.Reasons.Rounded(),
+                      context.Format, hasReasons ? ReadOn::FurtherAbove : ReadOn::OnPaper);
   const std::vector<StepLine> lines = StepLines(text, StepsOnPaper);
   bool isFirst = true;
   double numDone = 0;

@@ -3,8 +3,10 @@
 #include "support/AccessibleTree.h"
 
 #include <QComboBox>
+#include <QGraphicsView>
 #include <QRegularExpression>
 #include <QTableView>
+#include <QTextBrowser>
 
 #include "app/AboutForm.h"
 #include "app/HelpViewer.h"
@@ -45,6 +47,9 @@ bool NeedsName(QAccessible::Role role) {
     case QAccessible::Window:
     case QAccessible::Link:
     case QAccessible::ProgressBar:
+    case QAccessible::Grip:
+    case QAccessible::Document:
+    case QAccessible::AlertMessage:
     case QAccessible::NoRole:
       return true;
     default:
@@ -74,8 +79,14 @@ class AccessibleTree : public WindowEditingFixture {
   // works with must be reachable.
   static void ExpectNamed(QWidget& window) {
     int met = 0;
+    ExpectIsWindow(window);
     accessible::Walk(accessible::Of(window), [&met](QAccessibleInterface* each) {
       ++met;
+      if (each->role() == QAccessible::PopupMenu) ExpectEntriesNamed(each);
+      if (qobject_cast<QGraphicsView*>(each->object()) != nullptr) {
+        ASSERT_NE(each->textInterface(), nullptr) << Where(each);
+        EXPECT_GT(each->textInterface()->characterCount(), 100) << Where(each);
+      }
       const bool holdsKeys =
           each->state().focusable && each->role() != QAccessible::Client && each->role() != QAccessible::Cell;
       EXPECT_FALSE((NeedsName(each->role()) || holdsKeys) && Name(each).trimmed().isEmpty()) << Where(each);
@@ -84,6 +95,25 @@ class AccessibleTree : public WindowEditingFixture {
           << Where(each) << ": " << each->text(QAccessible::Description).toStdString();
     });
     EXPECT_GT(met, 2) << window.objectName().toStdString();
+  }
+
+  // A reader asks a window what it is as soon as it comes up.
+  static void ExpectIsWindow(QWidget& window) {
+    if (!window.isWindow() || window.windowType() == Qt::Popup) return;
+    const QAccessible::Role role = accessible::Of(window)->role();
+    EXPECT_TRUE(role == QAccessible::Window || role == QAccessible::Dialog ||
+                role == QAccessible::AlertMessage)
+        << window.objectName().toStdString() << " " << role;
+    EXPECT_FALSE(Name(accessible::Of(window)).isEmpty()) << window.objectName().toStdString();
+  }
+
+  // Those too that are not shown now: they are children of the menu all the same.
+  static void ExpectEntriesNamed(QAccessibleInterface* menu) {
+    for (int i = 0; i < menu->childCount(); ++i) {
+      QAccessibleInterface* entry = menu->child(i);
+      EXPECT_TRUE(entry->role() == QAccessible::Separator || !Name(entry).isEmpty())
+          << Where(menu) << " " << i;
+    }
   }
 
   static void ExpectAllNamed() {
@@ -142,8 +172,79 @@ TEST_F(AccessibleTree, EverythingHasANameInTheWindowsOfLearn) {
   OpenInStep3(LoadedTriangle());
   for (QAction* entry : Find<QMenu>("mnuLearn")->actions()) {
     if (!entry->isSeparator()) entry->trigger();
+    QApplication::processEvents();  // what a window makes once it is there
     ExpectAllNamed();
   }
+}
+
+TEST_F(AccessibleTree, EverythingHasANameInPrintPreviewsAndTheirPagesAreRead) {
+  Started(700, 600);
+  OpenInStep3(LoadedTriangle());
+  const auto lookAtPages = [this](const QString& expected) {
+    InModalWindow([expected](QWidget& preview) {
+      ExpectNamed(preview);
+      auto* pages = preview.findChild<QGraphicsView*>();
+      const QAccessibleTextInterface* read = accessible::Of(*pages)->textInterface();
+      ASSERT_NE(read, nullptr);
+      const QString text = read->text(0, read->characterCount());
+      EXPECT_TRUE(text.contains(expected)) << text.toStdString();
+      EXPECT_TRUE(text.contains(QStringLiteral("[picture: "))) << text.toStdString();
+      preview.close();
+    });
+  };
+  InModalWindow([&](QWidget& window) {
+    lookAtPages(QStringLiteral("The solution:"));
+    QTest::mouseClick(window.findChild<QPushButton*>(QStringLiteral("cmdReportPrint")), Qt::LeftButton);
+    window.close();
+  });
+  Trigger("mnuFilePrint");
+  Trigger("mnuLearnExercise");
+  QWidget* exercise = nullptr;
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == QStringLiteral("Exercise")) exercise = window;
+  }
+  ASSERT_NE(exercise, nullptr);
+  auto* print = exercise->findChild<QPushButton*>(QStringLiteral("cmdPrint"));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return print->isEnabled(); }));
+  lookAtPages(QStringLiteral("Variant 3"));
+  QTest::mouseClick(print, Qt::LeftButton);
+  EXPECT_EQ(modalWindows_, 3);
+}
+
+TEST_F(AccessibleTree, PicturesInTextsAreReadInWords) {
+  programDirectory_ = ORVANE_PROGRAM_DIRECTORY;
+  Started(700, 600);
+  OpenInStep3(LoadedTriangle());
+  InModalWindow([](QWidget& window) {
+    auto* box = window.findChild<QTextEdit*>(QStringLiteral("RichTextBox1"));
+    QAccessibleTextInterface* read = accessible::Of(*box)->textInterface();
+    const QString text = read->text(0, read->characterCount());
+    EXPECT_TRUE(text.contains(QStringLiteral("[picture: "))) << text.toStdString();
+    EXPECT_FALSE(text.contains(QChar::ObjectReplacementCharacter));
+    // A place behind the pictures is the same place for eyes and ears.
+    const auto solutions = static_cast<int>(text.indexOf(QStringLiteral("The solution:")));
+    ASSERT_GT(solutions, 0);
+    read->setSelection(0, solutions, solutions + 13);
+    EXPECT_EQ(box->textCursor().selectedText(), QStringLiteral("The solution:"));
+    int start = 0, end = 0;
+    read->selection(0, &start, &end);
+    EXPECT_EQ(start, solutions);
+    EXPECT_EQ(end, solutions + 13);
+    window.close();
+  });
+  Trigger("mnuFilePrint");
+  EXPECT_EQ(modalWindows_, 1);
+  Trigger("mnuHelpProgram");
+  QString help;
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    auto* page = window->findChild<QTextEdit*>(QStringLiteral("txtHelp"));
+    if (page == nullptr) continue;
+    auto* browser = qobject_cast<QTextBrowser*>(page);
+    browser->setSource(QUrl(QStringLiteral("help:/program/first-truss.htm")));
+    help = accessible::Of(*page)->textInterface()->text(0, 1 << 20);
+  }
+  EXPECT_TRUE(help.contains(QStringLiteral("[picture: The main window with the welcome sheet]")))
+      << help.left(2000).toStdString();
 }
 
 TEST_F(AccessibleTree, EverythingHasANameInMenusAndDialogs) {

@@ -4,7 +4,9 @@
 
 #include <QAbstractItemView>
 #include <QGroupBox>
+#include <QStyledItemDelegate>
 
+#include "platform/qt/MixedColor.h"
 #include "support/WindowEditingFixture.h"
 
 namespace {
@@ -22,20 +24,35 @@ QPalette DarkTheme() {
   return dark;
 }
 
-// Of an item that is drawn by its model's own colours.
+// Letters through which the ground is seen are as faint as what comes out.
+QColor LettersOn(const QColor& letters, const QColor& ground) {
+  return MixedColor(ground, QColor(letters.rgb()), letters.alphaF());
+}
+
+// How an item is painted is for its delegate to say, which tells only those of its kind.
+struct Delegate : QStyledItemDelegate {
+  static QStyleOptionViewItem OptionOf(const QAbstractItemView& view, const QModelIndex& index) {
+    QStyleOptionViewItem option;
+    option.palette = view.palette();
+    const auto* own = qobject_cast<const QStyledItemDelegate*>(view.itemDelegate());
+    if (own != nullptr) (own->*(&Delegate::initStyleOption))(&option, index);
+    return option;
+  }
+};
+
+// Of an item that is drawn by its model's or its delegate's own colours.
 void ExpectReadableItems(const QAbstractItemView& view) {
   const QAbstractItemModel* model = view.model();
   if (model == nullptr) return;
   for (int row = 0; row < std::min(model->rowCount(), 20); ++row) {
     for (int column = 0; column < std::min(model->columnCount(), 20); ++column) {
       const QModelIndex index = model->index(row, column);
-      const QVariant ink = index.data(Qt::ForegroundRole);
-      const QVariant ground = index.data(Qt::BackgroundRole);
-      const QColor letters =
-          ink.isValid() ? ink.value<QBrush>().color() : view.palette().color(QPalette::Text);
-      const QColor paper =
-          ground.isValid() ? ground.value<QBrush>().color() : view.palette().color(QPalette::Base);
-      EXPECT_GE(ContrastOfColors(letters, paper), ReadableContrast) << view.objectName().toStdString();
+      const QStyleOptionViewItem option = Delegate::OptionOf(view, index);
+      const bool hasGround = option.backgroundBrush.style() != Qt::NoBrush;
+      const QColor paper = hasGround ? option.backgroundBrush.color() : option.palette.color(QPalette::Base);
+      const QColor letters = LettersOn(option.palette.color(QPalette::Text), paper);
+      EXPECT_GE(ContrastOfColors(letters, paper), ReadableContrast)
+          << view.objectName().toStdString() << ": " << option.text.toStdString();
     }
   }
 }
@@ -52,6 +69,13 @@ void ExpectReadable(const QWidget& window) {
       EXPECT_GE(ContrastOfColors(colors.color(group, QPalette::Text), colors.color(group, QPalette::Base)),
                 ReadableContrast)
           << widget->metaObject()->className() << " " << widget->objectName().toStdString();
+    }
+    const auto* box = qobject_cast<const QLineEdit*>(widget);
+    if (box != nullptr && !box->placeholderText().isEmpty()) {
+      const QColor ground = colors.color(QPalette::Base);
+      EXPECT_GE(ContrastOfColors(LettersOn(colors.color(QPalette::PlaceholderText), ground), ground),
+                ReadableContrast)
+          << widget->objectName().toStdString();
     }
     if (const auto* view = qobject_cast<const QAbstractItemView*>(widget)) ExpectReadableItems(*view);
   }
@@ -119,6 +143,25 @@ TEST_P(Contrast, EverythingCanBeReadInDialogs) {
   InModalWindow(look);
   Trigger("mnuFilePrint");
   EXPECT_EQ(modalWindows_, 3);
+}
+
+// What is no letter needs less, but the mark must stand out from the button and from what is around it.
+TEST_P(Contrast, TheToolThatHasTheKeysIsMarked) {
+  Started(700, 600);
+  constexpr double seen = 3;
+  for (int tool = 1; tool <= NumTools; ++tool) {
+    auto* button = Find<QToolButton>(("imgTool(" + std::to_string(tool) + ')').c_str());
+    for (const bool isChosen : {false, true}) {
+      if (isChosen) button->click();
+      button->setFocus(Qt::TabFocusReason);
+      const QImage picture = Widget("picToolBox")->grab().toImage();
+      const auto at = [&](int x, int y) { return picture.pixelColor(button->pos() + QPoint(x, y)); };
+      for (const int x : {8, 24}) {
+        EXPECT_GE(ContrastOfColors(at(x, 0), at(x, -2)), seen) << tool << " from around it";
+        EXPECT_GE(ContrastOfColors(at(x, 1), at(x, 3)), seen) << tool << " from the button";
+      }
+    }
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(LightAndDark, Contrast, testing::Bool());

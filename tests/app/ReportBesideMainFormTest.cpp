@@ -1,5 +1,6 @@
 // The report window beside the main window: where it opens, and that one goes from report to report in it.
 #include <QAbstractItemView>
+#include <QMenu>
 
 #include "platform/qt/ScreenRoom.h"
 #include "support/MainFormFixture.h"
@@ -87,6 +88,26 @@ TEST_F(ReportBesideMainForm, TheAccessKeysOfTheReportButtonsWorkInTheReportToo) 
     EXPECT_EQ(Report()->windowTitle(), QString::fromLatin1(report.Caption));
     EXPECT_TRUE(Report()->isActiveWindow());
   }
+}
+
+// The report has no menus, and hides those of the main window from who has only the keys.
+TEST_F(ReportBesideMainForm, TheKeyOfTheMenuLearnWorksInTheReportToo) {
+  Started();
+  OpenInStep3(LoadedTriangle());
+  ASSERT_TRUE(QTest::qWaitForWindowActive(Report()));
+  QTest::keyClick(Report()->focusWidget(), Qt::Key_N, Qt::AltModifier);
+  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(menu, nullptr);
+  EXPECT_EQ(menu->objectName(), QStringLiteral("mnuLearn"));
+  ASSERT_NE(menu->activeAction(), nullptr) << "the first entry is at hand";
+  EXPECT_EQ(menu->activeAction()->objectName(), QStringLiteral("mnuLearnTry"));
+  QTest::keyClick(menu, Qt::Key_J);
+  QWidget* byJoint = nullptr;
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == QStringLiteral("ByJoint") && window->isVisible()) byJoint = window;
+  }
+  ASSERT_NE(byJoint, nullptr);
+  EXPECT_TRUE(QTest::qWaitForWindowActive(byJoint));
 }
 
 // It is the active window whenever a report has been asked for.

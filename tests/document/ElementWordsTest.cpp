@@ -147,3 +147,19 @@ TEST(ElementWords, OfASupportItIsToldHowItHolds) {
   EXPECT_EQ(holds(5), "pushes right");
   EXPECT_EQ(MoreInWords(ToldTriangle(), {ElementKind::Member, 1}), "");
 }
+
+TEST(AllInWords, CountsWhatIsThere) {
+  EXPECT_EQ(AllInWords(TrussBuilder()), "nothing drawn yet");
+  Truss truss = TrussBuilder()
+                    .Member(0, 0, 4, 0)
+                    .Member(4, 0, 4, 3)
+                    .Clamp(0, 0, "Ax", "Ay")
+                    .Roller(4, 0, "B")
+                    .Force(4, 3, 0, -2)
+                    .Force(4, 3, 1, 0);
+  EXPECT_EQ(AllInWords(truss), "2 members, a clamp, a roller, 2 forces");
+  truss.Members[1].Live = false;
+  truss.Supports[1].Live = false;
+  truss.Forces[2].Active = false;
+  EXPECT_EQ(AllInWords(truss), "a member, a roller, a force");
+}

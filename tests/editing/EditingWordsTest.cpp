@@ -197,7 +197,8 @@ TEST(PressInWords, TellsWhereADragBeginsAndWhatItMade) {
   Teller teller(Corner());
   const ChangesInWords before(teller.Document);
   const auto told = [&](PixelPoint cursor) {
-    return PressInWords(before, teller.Document, teller.Picture, teller.Mouse, cursor, ".");
+    return PressInWords(before, teller.Document, teller.Picture, teller.Mouse, teller.Tools.Selected(),
+                        cursor, ".");
   };
   teller.Cursor.ChooseTool(1);
   teller.Cursor.MoveTo({Editor::Px(2) + 3, Editor::Py(2)});
@@ -213,13 +214,37 @@ TEST(PressInWords, TellsWhatIsPickedOrThatNothingHappened) {
   const auto toldAfter = [&](float x, float y) {
     const ChangesInWords before(teller.Document);
     teller.Click(x, y);
-    return PressInWords(before, teller.Document, teller.Picture, teller.Mouse, {Editor::Px(x), Editor::Py(y)},
-                        ".");
+    return PressInWords(before, teller.Document, teller.Picture, teller.Mouse, teller.Tools.Selected(),
+                        {Editor::Px(x), Editor::Py(y)}, ".");
   };
   teller.Use(Tool::Move);
-  EXPECT_EQ(toldAfter(4, 2), "picked member AB from (2, 2) to (6, 2)");
+  EXPECT_EQ(toldAfter(4, 2), "picked member AB from (2, 2) to (6, 2); its ends can be moved");
   EXPECT_EQ(toldAfter(9, 9), "nothing changed");
   teller.Use(Tool::NumericalValue);
   teller.Document.Members[2].Live = false;
   EXPECT_EQ(toldAfter(6, 5), "picked force at (6, 6), 0 right, 2000 down");
+}
+
+TEST(PressInWords, TheMoveToolTellsWhatItTakesHoldOf) {
+  Teller teller(Corner());
+  const auto press = [&](float x, float y) {
+    const ChangesInWords before(teller.Document);
+    teller.Cursor.MoveTo({Editor::Px(x), Editor::Py(y)});
+    teller.Cursor.PressOrRelease();
+    return PressInWords(before, teller.Document, teller.Picture, teller.Mouse, teller.Tools.Selected(),
+                        teller.Cursor.Position(), ".");
+  };
+  teller.Use(Tool::Move);
+  EXPECT_EQ(press(2, 2), "moving clamp at (2, 2), forces Ax and Ay");
+  EXPECT_EQ(teller.At(2, 3), "(2, 3), grid point");
+  press(2, 2);
+  press(4, 2);
+  EXPECT_EQ(teller.At(6, 2), "(6, 2), joint, on the end (6, 2) of member AB from (2, 2) to (6, 2)");
+  EXPECT_EQ(press(6, 2), "moving the end (6, 2) of member AB from (2, 2) to (6, 2)");
+  const ChangesInWords before(teller.Document);
+  press(6, 3);
+  EXPECT_EQ(teller.Document.Members[1].Y2, 3);
+  teller.Document.Members[2].Live = false;
+  EXPECT_EQ(press(6, 5), "picked force at (6, 6), 0 right, 2000 down; its head at (6, 4) can be moved");
+  EXPECT_EQ(press(6, 4), "moving the head of force at (6, 6), 0 right, 2000 down");
 }

@@ -49,6 +49,48 @@ TEST_F(ByJointWindowTest, BeginsWithTheReactionsAndWhatIsAssumed) {
   EXPECT_EQ(Picture().Drawn()->Part.size(), 5U);
 }
 
+// Two joints of one name are told apart by their places.
+TEST_F(ByJointWindowTest, TheListIsAsWideAsItsLines) {
+  for (const float points : {9.0F, 14.0F}) {
+    Show(TrussBuilder()
+             .Member(0, 0, 4.02F, 0, "AD")
+             .Member(4.02F, 0, 8, 0, "BD")
+             .Member(0, 0, 4, 4, "AC")
+             .Member(8, 0, 4, 4, "BC")
+             .Member(4.02F, 0, 4, 4, "CD")
+             .Clamp(0, 0, "Ax", "Ay")
+             .Roller(8, 0, "B")
+             .Joint(0, 0, "Near")
+             .Joint(8, 0, "Near")
+             .Joint(4, 4, "Near")
+             .Joint(4.02F, 0, "Near")
+             .Force(4, 4, 0, -1000),
+         points, {900, 700});
+    const QFontMetrics letters(Steps().font());
+    int widest = 0;
+    for (int row = 0; row < Steps().count(); ++row) {
+      widest = std::max(widest, letters.horizontalAdvance(Steps().item(row)->text()));
+      EXPECT_LT(Steps().visualItemRect(Steps().item(row)).height(), 2 * letters.height())
+          << Steps().item(row)->text().toStdString();
+    }
+    EXPECT_GE(Steps().viewport()->width(), widest);
+    EXPECT_LT(Steps().width(), window_.width() / 2);
+  }
+}
+
+TEST_F(ByJointWindowTest, TheListStaysAsWideAsTheUserHasItMade) {
+  Show(KingPostByHand());
+  auto& splitter = *qobject_cast<QSplitter*>(Steps().parentWidget());
+  QWidget* edge = splitter.handle(1);
+  const QPoint middle = edge->rect().center();
+  QTest::mousePress(edge, Qt::LeftButton, {}, middle);
+  QTest::mouseMove(edge, middle + QPoint(80, 0));
+  QTest::mouseRelease(edge, Qt::LeftButton, {}, middle + QPoint(80, 0));
+  const int chosen = Steps().width();
+  Show(KingPostByHand());
+  EXPECT_EQ(Steps().width(), chosen);
+}
+
 TEST_F(ByJointWindowTest, SaysWhichSensesThePicturesArrowsShow) {
   Show(KingPostByHand());
   const QLabel& note = FindControl<QLabel>(window_, "lblArrows");
@@ -117,6 +159,70 @@ TEST_F(ByJointWindowTest, GoesToTheEndAndBackWithKeysAlone) {
   QTest::keyClick(&window_, Qt::Key_Escape);
   EXPECT_FALSE(window_.isVisible());
   EXPECT_GE(left.count(), 1);
+}
+
+TEST_F(ByJointWindowTest, IsReadThroughWithTheMouseAlone) {
+  Show(KingPostByHand());
+  QStringList read;
+  for (int row = 0; row < Steps().count(); ++row) {
+    QListWidgetItem* item = Steps().item(row);
+    QTest::mouseClick(Steps().viewport(), Qt::LeftButton, {}, Steps().visualItemRect(item).center());
+    EXPECT_EQ(Steps().currentRow(), row);
+    read.append(Text());
+    EXPECT_EQ(Picture().isVisible(), row + 1 < Steps().count());
+  }
+  QTest::mouseClick(&FindControl<QPushButton>(window_, "cmdCopy"), Qt::LeftButton);
+  for (const QString& text : read)
+    EXPECT_TRUE(QApplication::clipboard()->text().contains(text.section(u'\n', -1)));
+}
+
+TEST_F(ByJointWindowTest, IsReadThroughWithItsLettersAlone) {
+  Show(KingPostByHand());
+  const auto press = [this](Qt::Key key) {
+    QTest::keyClick(window_.focusWidget(), key, Qt::AltModifier);
+    QTest::qWait(1);
+  };
+  for (int row = 1; row < Steps().count(); ++row) {
+    press(Qt::Key_N);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Steps().currentRow() == row; })) << row;
+  }
+  press(Qt::Key_B);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Steps().currentRow() == Steps().count() - 2; }));
+  press(Qt::Key_C);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::clipboard()->text() == window_.CopiedText(); }));
+}
+
+TEST_F(ByJointWindowTest, EveryControlIsReachedWithTabAndTellsItself) {
+  Show(KingPostByHand());
+  QTest::keyClick(&Steps(), Qt::Key_Down);
+  QStringList reached;
+  for (int i = 0; i < 10; ++i) {
+    QWidget* at = window_.focusWidget();
+    reached.append(at->objectName());
+    EXPECT_FALSE(QAccessible::queryAccessibleInterface(at)->text(QAccessible::Name).isEmpty())
+        << at->objectName().toStdString();
+    QTest::keyClick(at, Qt::Key_Tab);
+    if (window_.focusWidget() == &Steps()) break;
+  }
+  for (const char* name : {"lstSteps", "picStep", "txtStep", "cmdBack", "cmdNextStep", "cmdCopy"})
+    EXPECT_TRUE(reached.contains(QString::fromLatin1(name))) << name;
+}
+
+// Who sees nothing hears of each step its heading and all its lines.
+TEST_F(ByJointWindowTest, IsReadThroughTheAccessibilityTree) {
+  Show(KingPostByHand());
+  QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&Steps());
+  QAccessibleInterface* text =
+      QAccessible::queryAccessibleInterface(&FindControl<QPlainTextEdit>(window_, "txtStep"));
+  ASSERT_NE(text->textInterface(), nullptr);
+  ASSERT_EQ(list->childCount(), Steps().count());
+  EXPECT_EQ(text->text(QAccessible::Name), QStringLiteral("Equations of the step"));
+  for (int row = 0; row < list->childCount(); ++row) {
+    EXPECT_EQ(list->child(row)->text(QAccessible::Name), Steps().item(row)->text());
+    QTest::keyClick(&Steps(), row == 0 ? Qt::Key_Home : Qt::Key_Down);
+    EXPECT_TRUE(list->child(row)->state().selected) << row;
+    EXPECT_EQ(text->textInterface()->text(0, text->textInterface()->characterCount()), Text());
+  }
 }
 
 TEST_F(ByJointWindowTest, SaysWhatThePictureShows) {

@@ -70,9 +70,12 @@ TEST(MotionChoices, AreDescribedInWords) {
       describe(&choices[1]),
       "Self-stress 1.  " + SelfStressText(truss.Reasons.Graph, truss.Reasons.Exact.SelfStresses[0], {}));
   EXPECT_THAT(describe(nullptr), HasSubstr("as it stands"));
-  EXPECT_THAT(NoteOnChoice(&choices[0]), AllOf(HasSubstr("size of the motion means nothing"),
-                                               HasSubstr("lengths change at second order only")));
-  EXPECT_THAT(NoteOnChoice(&choices[1]), AllOf(HasSubstr("C: compression"), HasSubstr("T: tension")));
+  const auto note = [&](const MotionChoice& choice) {
+    return NoteOnChoice(&choice, truss.Reasons.Graph, truss.Reasons.Exact);
+  };
+  EXPECT_THAT(note(choices[0]), AllOf(HasSubstr("size of the motion means nothing"),
+                                      HasSubstr("lengths change at second order only")));
+  EXPECT_THAT(note(choices[1]), AllOf(HasSubstr("C: compression"), HasSubstr("T: tension")));
 }
 
 TEST(MotionChoices, TheWholeTrussIsNotNamedJointByJoint) {
@@ -80,6 +83,28 @@ TEST(MotionChoices, TheWholeTrussIsNotNamedJointByJoint) {
   const auto choices = MotionChoices(truss.Reasons.Graph, truss.Reasons.Exact, {});
   ASSERT_THAT(choices, Not(IsEmpty()));
   EXPECT_EQ(choices[0].Title, "Motion 1: the whole truss moves");
+}
+
+// What slides without turning keeps every length, however far it goes.
+TEST(MotionChoices, OnlyWhereMembersTurnDoLengthsChangeAtAll) {
+  const auto noteOn = [](const TrussBuilder& builder) {
+    const Explained truss(builder);
+    const auto choices = MotionChoices(truss.Reasons.Graph, truss.Reasons.Exact, {});
+    return std::string(NoteOnChoice(&choices.at(0), truss.Reasons.Graph, truss.Reasons.Exact));
+  };
+  const std::string slides = "no member turns or changes its length.";
+  const std::string turns = "lengths change at second order only.";
+  const TrussBuilder bar = TrussBuilder().Member(0, 0, 4, 0, "m");
+  EXPECT_THAT(noteOn(TrussBuilder(bar).Roller(0, 0, "r").Roller(4, 0, "s")), HasSubstr(slides));
+  EXPECT_THAT(noteOn(TrussBuilder(bar).Clamp(0, 0, "r", "t")), HasSubstr(turns));
+  EXPECT_THAT(noteOn(TrussBuilder()
+                         .Member(0, 0, 0, 3, "a")
+                         .Member(4, 0, 4, 3, "b")
+                         .Member(0, 3, 4, 3, "c")
+                         .Clamp(0, 0, "r", "t")
+                         .Clamp(4, 0, "u", "v")),
+              HasSubstr(turns))
+      << "one member slides, but two turn";
 }
 
 TEST(WhyText, HasAGapBetweenSectionsAndTheTableBelowTheFirstHeading) {

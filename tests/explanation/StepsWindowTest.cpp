@@ -3,6 +3,7 @@
 #include "explanation/steps/StepsWindow.h"
 
 #include "explanation/steps/StepMatrixModel.h"
+#include "support/AccessibleTree.h"
 #include "support/CutTexts.h"
 #include "support/FindControl.h"
 #include "support/LearnWindowFixture.h"
@@ -176,16 +177,118 @@ TEST_F(StepsWindowTest, DoesNotPlayWhereTheDesktopAsksForLessMotion) {
 
 TEST_F(StepsWindowTest, TellsAScreenReaderTheOperationAndTheMarks) {
   Show(LoadedTriangle());
+  const accessible::Listener listener;
   Slider().setValue(6);
-  const QString said = Position() + QStringLiteral(": ") + Sentence();
+  EXPECT_EQ(listener.Said, QStringList(Position() + QStringLiteral(": ") + Sentence()));
   for (QWidget* control : std::initializer_list<QWidget*>{&Button("cmdNextStep"), &Slider(), &Matrix()})
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(control)->text(QAccessible::Description), said);
+    EXPECT_LT(QAccessible::queryAccessibleInterface(control)->text(QAccessible::Description).size(), 80)
+        << "what a control is for, not what has been said";
   QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&Matrix());
   ASSERT_NE(table->tableInterface(), nullptr);
   EXPECT_EQ(table->tableInterface()->cellAt(2, 2)->text(QAccessible::Name), QStringLiteral("1, decides"));
   EXPECT_EQ(table->tableInterface()->cellAt(0, 2)->text(QAccessible::Name), QStringLiteral("-1, changes"));
   EXPECT_EQ(table->tableInterface()->cellAt(0, 2)->text(QAccessible::Description),
             QStringLiteral("A - x, AB"));
+}
+
+TEST_F(StepsWindowTest, IsGoneThroughWithItsLettersAlone) {
+  Show(LoadedTriangle());
+  const auto press = [this](Qt::Key key) {
+    QTest::keyClick(window_.focusWidget(), key, Qt::AltModifier);
+    QTest::qWait(1);
+  };
+  const auto comesTo = [this](int place) {
+    return QTest::qWaitFor([&] { return Slider().value() == place; });
+  };
+  press(Qt::Key_L);
+  EXPECT_TRUE(comesTo(Slider().maximum()));
+  press(Qt::Key_B);
+  EXPECT_TRUE(comesTo(Slider().maximum() - 1));
+  press(Qt::Key_F);
+  EXPECT_TRUE(comesTo(0));
+  press(Qt::Key_N);
+  EXPECT_TRUE(comesTo(1));
+  press(Qt::Key_G);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Unknowns().hasFocus(); }));
+  QTest::keyClick(&Unknowns(), Qt::Key_End);
+  EXPECT_TRUE(Sentence().startsWith(QStringLiteral("The pivot is the coefficient of BC")));
+  press(Qt::Key_C);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::clipboard()->text() == window_.CopiedText(); }));
+}
+
+// The slider by its groove, the list by its rows, the unknown out of its list.
+TEST_F(StepsWindowTest, IsGoneThroughWithTheMouseAlone) {
+  Show(LoadedTriangle());
+  for (int row = 0; row < NumOperations(); ++row) {
+    const QModelIndex at = List().model()->index(row, 0);
+    List().scrollTo(at);
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, List().visualRect(at).center());
+    EXPECT_EQ(List().currentIndex().row(), row);
+    EXPECT_EQ(Position(), row == 0 ? QStringLiteral("The beginning") : Position());
+    if (row > 0) {
+      EXPECT_TRUE(Position().startsWith(QStringLiteral("Step %1 of ").arg(row))) << row;
+    }
+  }
+  const int last = Slider().value();
+  QTest::mouseClick(&Slider(), Qt::LeftButton, {}, QPoint(2, Slider().height() / 2));
+  EXPECT_LT(Slider().value(), last);
+  const int interval = QApplication::doubleClickInterval();
+  QApplication::setDoubleClickInterval(1);  // within it a release would be that of the click that opened it
+  QTest::mouseClick(&Unknowns(), Qt::LeftButton);
+  QAbstractItemView* choices = Unknowns().view();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return choices->isVisible(); }));
+  QTest::qWait(20);
+  const QPoint fourth = choices->visualRect(choices->model()->index(3, 0)).center();
+  QTest::mouseMove(choices->viewport(), fourth);
+  QTest::mouseClick(choices->viewport(), Qt::LeftButton, {}, fourth);
+  QApplication::setDoubleClickInterval(interval);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Unknowns().currentIndex() == 3; }));
+  EXPECT_TRUE(Sentence().startsWith(QStringLiteral("The pivot is the coefficient of AB")));
+}
+
+// Who sees nothing hears each operation, and in the matrix the names of rows and columns.
+TEST_F(StepsWindowTest, IsReadThroughTheAccessibilityTree) {
+  Show(LoadedTriangle());
+  QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&List());
+  QAccessibleInterface* text =
+      QAccessible::queryAccessibleInterface(&FindControl<QPlainTextEdit>(window_, "txtStep"));
+  ASSERT_NE(text->textInterface(), nullptr);
+  ASSERT_EQ(list->childCount(), NumOperations());
+  List().setFocus();
+  for (int row = 0; row < list->childCount(); ++row) {
+    EXPECT_EQ(list->child(row)->text(QAccessible::Name), Operation(row));
+    QTest::keyClick(&List(), row == 0 ? Qt::Key_Home : Qt::Key_Down);
+    EXPECT_EQ(text->textInterface()->text(0, text->textInterface()->characterCount()), Text());
+  }
+  QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&Matrix());
+  ASSERT_NE(table->tableInterface(), nullptr);
+  EXPECT_EQ(table->tableInterface()->rowDescription(0), QStringLiteral("A - x"));
+  EXPECT_EQ(table->tableInterface()->columnDescription(6), QStringLiteral("RHS"));
+}
+
+TEST_F(StepsWindowTest, SaysWhereARemnantBecomesAPivot) {
+  Show(TrussBuilder()
+           .Member(5, 0, 3, 4, "AD")
+           .Member(5, 0, -5, 0, "AE")
+           .Member(5, 0, 0, -5, "AF")
+           .Member(-3, 4, 3, 4, "BD")
+           .Member(-3, 4, -5, 0, "BE")
+           .Member(-3, 4, 0, -5, "BF")
+           .Member(-4, -3, 3, 4, "CD")
+           .Member(-4, -3, -5, 0, "CE")
+           .Member(-4, -3, 0, -5, "CF")
+           .Clamp(-4, -3, "Cx", "Cy")
+           .Roller(0, -5, "F")
+           .Force(-3, 4, 0, -1000));
+  int told = 0;
+  for (int row = 0; row < NumOperations(); ++row) {
+    List().setCurrentIndex(List().model()->index(row, 0));
+    told += Text().contains(QStringLiteral(" is a remnant of rounding")) ? 1 : 0;
+  }
+  EXPECT_EQ(told, 1);
+  Click("cmdLast");
+  EXPECT_TRUE(Text().contains(QStringLiteral("But these values do not hold: ")));
+  EXPECT_TRUE(Text().contains(QStringLiteral("Read on under Learn, \"Why this conclusion\"")));
 }
 
 TEST_F(StepsWindowTest, EveryControlIsReachedWithTab) {
@@ -278,6 +381,30 @@ TEST_F(StepsWindowTest, CutsNoTextInLargeLettersAndSmallWindows) {
     for (int column = 0; column < Numbers().columnCount(); ++column)
       EXPECT_GT(Matrix().columnWidth(column), letters.horizontalAdvance(QStringLiteral("-0.7071")));
   }
+}
+
+TEST_F(StepsWindowTest, TheListIsAsWideAsItsLinesButLeavesTheLargerPartToTheMatrix) {
+  for (const float points : {9.0F, 18.0F}) {
+    Show(LoadedTriangle(), points, {1100, 700});
+    QFont bold = List().font();
+    bold.setBold(true);
+    int widest = 0;
+    for (int row = 0; row < NumOperations(); ++row)
+      widest = std::max(widest, QFontMetrics(bold).horizontalAdvance(Operation(row)));
+    EXPECT_TRUE(List().viewport()->width() >= widest || List().width() >= 1100 * 2 / 5 - 20) << points;
+    EXPECT_LT(List().width(), window_.width() / 2);
+  }
+}
+
+TEST_F(StepsWindowTest, AllValuesOfTheLastStepCanBeScrolledTo) {
+  Show(StripOf(12), 10, {700, 520});
+  Click("cmdLast");
+  auto& box = FindControl<QPlainTextEdit>(window_, "txtStep");
+  for (int k = 1; k <= Unknowns().count(); ++k)
+    EXPECT_TRUE(Text().contains(Unknowns().itemText(k - 1) + QStringLiteral(" = "))) << k;
+  box.setFocus();
+  QTest::keyClick(&box, Qt::Key_End, Qt::ControlModifier);
+  EXPECT_TRUE(box.viewport()->rect().contains(box.cursorRect().center()));
 }
 
 TEST_F(StepsWindowTest, TheLastStepShowsTheColumnInWhichTheValuesAreRead) {

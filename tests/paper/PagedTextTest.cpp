@@ -412,6 +412,24 @@ TEST_F(PagedTextTest, AHeadingStaysWithTheFirstRowOfItsTable) {
   }
 }
 
+TEST_F(PagedTextTest, TheLastRowOfATableStandsAloneOnNoPage) {
+  std::set<int> pagesOfLast;
+  for (int rows = 12; rows <= 40; ++rows) {
+    for (const bool textFollows : {true, false}) {
+      const auto pdf = Paint([rows, textFollows](PagedText& text) {
+        Lines(text, 5);
+        AppendRows(text, "Eqn.", rows);
+        if (textFollows) text.Append("after\r\n", Plain);
+      });
+      const int last = pdf.Word(Numbered("row", rows)).Page;
+      EXPECT_EQ(last, pdf.Word(Numbered("row", rows - 1)).Page) << rows;
+      EXPECT_LT(pdf.Word(Numbered("row", rows - 1)).Top, pdf.Word(Numbered("row", rows)).Top) << rows;
+      pagesOfLast.insert(last);
+    }
+  }
+  EXPECT_GE(pagesOfLast.size(), 2U) << "some of the tables end just behind a page";
+}
+
 TEST_F(PagedTextTest, AHeaderStaysWithItsFirstRow) {
   for (int before = 12; before <= 20; ++before) {
     const auto pdf = Paint([before](PagedText& text) {

@@ -42,6 +42,18 @@ TEST_F(StepsSectionTest, StandsBehindTheSolutionWhereItIsAskedFor) {
   }
 }
 
+// The reasons stand before the steps on the same paper, or in the program only.
+TEST_F(StepsSectionTest, TheLastStepSaysWhereToReadOnForPaper) {
+  const Truss tie = TrussBuilder().Member(0, 0, 1, 3, "AB").Clamp(0, 0, "Ax", "Ay").Force(1, 3, 100, 300);
+  const std::string alone = TextWithSteps(tie);
+  const auto lastStep = [](const std::string& text) { return text.substr(text.find("The rows are read.")); };
+  EXPECT_THAT(lastStep(alone), testing::HasSubstr("In the program read on in the menu Learn"));
+  document_ = RecordingRichText(clipboard_);
+  with_ = {ReportExtra::Why, ReportExtra::Steps};
+  EXPECT_THAT(lastStep(TextOf(tie)),
+              testing::HasSubstr("Read on further above under \"Why this conclusion\""));
+}
+
 TEST_F(StepsSectionTest, TellsOfALongEliminationOnlyThePivots) {
   const std::string text = TextWithSteps(LongStrip(16));
   EXPECT_THAT(text, testing::HasSubstr(" steps, which would fill too many pages: only the pivots follow"));

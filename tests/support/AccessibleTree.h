@@ -98,12 +98,25 @@ class Listener {
   }
 
   std::vector<Event> Events;
+  QStringList Said;  ///< what a screen reader was given to say, in this order
+
+  QString LastSaid() const { return Said.isEmpty() ? QString() : Said.last(); }
 
  private:
   void Hear(QAccessibleEvent& event) {
     QAccessibleInterface* about = event.accessibleInterface();
     if (about == nullptr || !about->isValid()) return;
     Events.push_back({event.type(), about->text(QAccessible::Name), about->text(QAccessible::Description)});
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    if (event.type() == QAccessible::Announcement)
+      Said.append(static_cast<QAccessibleAnnouncementEvent&>(event).message());
+#else
+    // A reader says a notice that comes up, and without a word for what it is when it is a status bar's.
+    if (event.type() != QAccessible::ObjectShow || about->role() != QAccessible::Notification) return;
+    EXPECT_EQ(about->parent()->role(), QAccessible::StatusBar);
+    EXPECT_FALSE(about->state().invisible);
+    Said.append(about->text(QAccessible::Name));
+#endif
   }
 };
 

@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "explanation/ListSplitter.h"
 #include "explanation/ShownText.h"
 #include "explanation/byjoint/HandSolution.h"
 #include "explanation/byjoint/HandView.h"
@@ -61,14 +62,13 @@ void ByJointWindow::CreateControls() {
 }
 
 void ByJointWindow::LayOut() {
-  auto* beside = new QSplitter(Qt::Horizontal, this);
-  auto* below = new QSplitter(Qt::Vertical, beside);
-  beside->addWidget(lstSteps_);
-  beside->addWidget(below);
+  beside_ = new ListSplitter(*lstSteps_, this);
+  auto* below = new QSplitter(Qt::Vertical, beside_);
+  beside_->addWidget(below);
   below->addWidget(picStep_);
   below->addWidget(txtStep_);
-  beside->setStretchFactor(0, 1);
-  beside->setStretchFactor(1, 3);
+  beside_->setStretchFactor(0, 1);
+  beside_->setStretchFactor(1, 3);
   below->setStretchFactor(0, 1);
   below->setStretchFactor(1, 1);
   auto* buttons = new QHBoxLayout;
@@ -78,7 +78,7 @@ void ByJointWindow::LayOut() {
   buttons->addSpacing(12);
   buttons->addWidget(cmdCopy_);
   auto* layout = new QVBoxLayout(this);
-  layout->addWidget(beside, 1);
+  layout->addWidget(beside_, 1);
   layout->addWidget(lblArrows_);
   layout->addLayout(buttons);
 }
@@ -105,7 +105,16 @@ void ByJointWindow::ShowSubject(const LearnSubject& subject) {
     lstSteps_->addItem(QStringLiteral("What is found"));
     lstSteps_->setCurrentRow(0);
   }
+  FitList();
   ShowStep();
+}
+
+void ByJointWindow::FitList() {
+  const QFontMetrics letters(lstSteps_->font());
+  int widest = 0;
+  for (int row = 0; row < lstSteps_->count(); ++row)
+    widest = std::max(widest, letters.horizontalAdvance(lstSteps_->item(row)->text()));
+  beside_->FitLines(widest);
 }
 
 void ByJointWindow::Clear() {

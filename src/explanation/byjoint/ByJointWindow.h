@@ -8,6 +8,7 @@
 #include "explanation/byjoint/HandText.h"
 
 class HandView;
+class ListSplitter;
 class QLabel;
 class QListWidget;
 class QPlainTextEdit;
@@ -42,12 +43,14 @@ class ByJointWindow final : public LearnWindow {
  private:
   void CreateControls();
   void LayOut();
+  void FitList();
   void ShowStep();
   void GoTo(int row);
   void TellPlace();
 
   std::shared_ptr<const SolvedByHand> solved_;
   HandReport report_;
+  ListSplitter* beside_ = nullptr;
   QListWidget* lstSteps_;
   HandView* picStep_;
   QLabel* lblArrows_;

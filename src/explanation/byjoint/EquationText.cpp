@@ -5,7 +5,6 @@
 #include <cmath>
 #include <functional>
 #include <numbers>
-#include <string_view>
 
 #include "explanation/Directions.h"
 #include "explanation/RigidityMatrix.h"
@@ -34,12 +33,6 @@ double SumOf(const BalanceEquation& equation, bool positive) {
 
 // The whole force counts.
 bool IsOne(double factor) { return std::abs(factor - 1) < 1e-12; }
-
-// Whether a name reads like a number or like more than one thing where it stands in an equation.
-bool IsMistakable(const std::string& name) {
-  return name.find_first_of(" ()[]=+*/\xB7") != std::string::npos ||
-         (!name.empty() && std::string_view("0123456789.,-").find(name.front()) != std::string_view::npos);
-}
 
 // P times the first sought force and Q times the second make Right; P is positive.
 struct SortedEquation {
@@ -105,10 +98,7 @@ std::string EquationText::Degrees(double radians, bool withCosine) const {
   return FixedText(degrees, decimals, format_.Numbers.DecimalSeparator) + '\xB0';
 }
 
-std::string EquationText::Name(int unknown) const {
-  const std::string& name = names_.Force(unknown);
-  return IsMistakable(name) ? '[' + name + ']' : name;
-}
+std::string EquationText::Name(int unknown) const { return names_.ForceInEquation(unknown); }
 
 // As the cosine of a thousandth of a degree.
 bool EquationText::IsWrittenAsOne(double factor) const { return Number(factor) == "1"; }

@@ -1,7 +1,21 @@
 // What the steps found, and how it compares with the solutions that the reduced matrix shows.
+#include <algorithm>
+
 #include "explanation/Directions.h"
 #include "explanation/SureFigures.h"
 #include "explanation/byjoint/HandText.h"
+
+namespace {
+
+// Wherever what is found by hand and what the reduced matrix shows are not the same.
+constexpr const char* ReadOnWhy = "See \"Why this conclusion\".";
+
+bool HasValues(const Classification& shown) {
+  return std::ranges::any_of(shown.Values.First(shown.Values.Size()),
+                             [](const std::optional<double>& value) { return value.has_value(); });
+}
+
+}  // namespace
 
 std::vector<std::string> HandText::Closing(const Classification& shown) const {
   std::vector<std::string> lines;
@@ -14,6 +28,11 @@ std::vector<std::string> HandText::Closing(const Classification& shown) const {
         "The equations contradict each other, so no forces balance the loads.  The values found before that "
         "satisfy only the equations from which they come.");
     if (!open.empty()) lines.push_back("Not found:  " + names_.Forces(open, 24) + ".");
+    if (shown.Code != Outcome::Inconsistent)
+      lines.push_back(
+          "The reduced matrix does not say so, because its directions are rounded to single precision" +
+          std::string(HasValues(shown) ? ": exactly, the solutions that it gives balance nothing" : "") +
+          ".  " + ReadOnWhy);
     return lines;
   }
   if (open.empty()) {
@@ -35,7 +54,8 @@ void HandText::AddOtherForces(const Classification& shown, std::vector<std::stri
     if (solution_.Values[k] && !shown.Values[k]) hidden.push_back(k);
     if (!solution_.Values[k] && shown.Values[k]) open.push_back(k);
   }
-  const std::string because = ", because its directions are rounded to single precision.";
+  const std::string because =
+      std::string(", because its directions are rounded to single precision.  ") + ReadOnWhy;
   if (!hidden.empty())
     lines.push_back("The reduced matrix leaves " + names_.Forces(hidden) + " open" + because);
   if (!open.empty()) {
@@ -47,8 +67,9 @@ void HandText::AddOtherForces(const Classification& shown, std::vector<std::stri
 void HandText::AddAgreement(const Classification& shown, std::vector<std::string>& lines) const {
   if (shown.Code == Outcome::Inconsistent) {
     lines.emplace_back(
-        "The reduced matrix says that there is no solution, because its directions are rounded to single "
-        "precision.");
+        std::string("The reduced matrix says that there is no solution, because its directions are rounded "
+                    "to single precision.  ") +
+        ReadOnWhy);
     return;
   }
   AddOtherForces(shown, lines);

@@ -31,7 +31,7 @@ HandText::HandText(const TrussGraph& graph, const HandSolution& solution, const 
     : graph_(graph),
       solution_(solution),
       format_(format),
-      names_(graph, format),
+      names_(graph, format, OddNames::InBrackets),
       equations_(graph, names_, format_) {}
 
 const char* HandText::Convention() {

@@ -2,6 +2,7 @@
 // reduced matrix. Each can be carried out by itself (StepMatrix), and told in a sentence (StepText).
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <vector>
 
@@ -49,6 +50,9 @@ struct EmptiedRow {
   int Row = 0;
   double RightHandSide = 0;  ///< after it
 
+  /// Whether it says that 0 is another number; what is smaller in magnitude will be cleaned.
+  bool Contradicts() const { return std::abs(RightHandSide) >= PivotTolerance; }
+
   friend bool operator==(const EmptiedRow&, const EmptiedRow&) = default;
 };
 
@@ -62,4 +66,8 @@ struct EliminationInSteps {
   std::vector<EmptiedRow> Emptied;       ///< by ascending steps and rows
 
   bool IsToldInSteps() const { return !Steps.empty(); }
+
+  /// Of the rows that steps 0 .. `step` have emptied those that decide what the rows say, in the order in
+  /// which they were emptied: those that contradict or, where none does in the end, those that say 0 = 0.
+  std::vector<EmptiedRow> DecidingRows(std::size_t step) const;
 };

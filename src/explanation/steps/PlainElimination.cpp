@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 #include "analysis/Equations.h"
@@ -134,6 +135,15 @@ class StepRecorder {
 }  // namespace
 
 void EliminatePlainly(StepMatrix& matrix, const TellStep& done) { PlainWork(matrix, done).Run(); }
+
+std::vector<EmptiedRow> EliminationInSteps::DecidingRows(std::size_t step) const {
+  const bool contradicts = std::ranges::any_of(Emptied, &EmptiedRow::Contradicts);
+  std::vector<EmptiedRow> deciding;
+  std::ranges::copy_if(Emptied, std::back_inserter(deciding), [&](const EmptiedRow& emptied) {
+    return emptied.Step <= step && emptied.Contradicts() == contradicts;
+  });
+  return deciding;
+}
 
 EliminationInSteps EliminateInSteps(SparseMatrix<double> equations) {
   EliminationInSteps story;

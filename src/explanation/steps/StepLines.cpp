@@ -22,11 +22,16 @@ void AddStep(const StepText& text, std::size_t index, std::vector<StepLine>& lin
   for (std::string& remark : text.Remarks(index)) lines.push_back({StepLineKind::Remark, std::move(remark)});
 }
 
+void AddPivot(const StepText& text, std::size_t number, std::vector<StepLine>& lines) {
+  lines.push_back({StepLineKind::Operation, WithNumber(number, text.Pivot(text.Story().Pivots[number - 1]))});
+  std::string remark = text.RemarkOnPivot(static_cast<int>(number));
+  if (!remark.empty()) lines.push_back({StepLineKind::Remark, std::move(remark)});
+}
+
 void AddPivots(const StepText& text, std::size_t most, std::vector<StepLine>& lines) {
   const std::vector<EliminationPivot>& pivots = text.Story().Pivots;
   const std::size_t told = std::min(most, pivots.size());
-  for (std::size_t i = 0; i < told; ++i)
-    lines.push_back({StepLineKind::Operation, WithNumber(i + 1, text.Pivot(pivots[i]))});
+  for (std::size_t number = 1; number <= told; ++number) AddPivot(text, number, lines);
   if (told < pivots.size())
     lines.push_back({StepLineKind::Text, "And " + std::to_string(pivots.size() - told) +
                                              " more pivots, which would fill too many pages."});

@@ -2,6 +2,7 @@
 
 #include "explanation/ShownText.h"
 #include "explanation/steps/StepsTour.h"
+#include "platform/qt/MixedColor.h"
 #include "platform/qt/QtText.h"
 
 namespace {
@@ -125,7 +126,7 @@ void StepCellDelegate::initStyleOption(QStyleOptionViewItem* option, const QMode
   if (mark == CellMark::None) {
     // What is 0 stands back behind the numbers.
     if (option->text == QLatin1String("0"))
-      option->palette.setColor(QPalette::Text, option->palette.color(QPalette::PlaceholderText));
+      option->palette.setColor(QPalette::Text, FaintLetters(option->palette));
     return;
   }
   const MarkLook look = LookOf(mark, option->palette);

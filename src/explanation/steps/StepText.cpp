@@ -4,21 +4,23 @@
 #include <cmath>
 #include <utility>
 
+#include "analysis/TellingNumber.h"
 #include "explanation/Directions.h"
 #include "explanation/steps/PlainElimination.h"
-#include "text/NumberText.h"
 
 namespace {
-
-constexpr std::size_t MostNamed = 12;
 
 bool IsUnit(double factor) { return std::abs(factor) == 1; }
 
 }  // namespace
 
 StepText::StepText(const TrussGraph& graph, const EliminationInSteps& story, const Classification& shown,
-                   const ReportFormat& format)
-    : story_(story), shown_(shown), format_(format), names_(graph, format) {}
+                   const Rounding& rounding, const ReportFormat& format, ReadOn where)
+    : story_(story),
+      shown_(shown),
+      format_(format),
+      names_(graph, format, OddNames::InBrackets),
+      rounding_(graph, story, rounding, format, where) {}
 
 std::vector<std::string> StepText::Introduction() {
   return {
@@ -34,14 +36,9 @@ std::string StepText::Column(int column) const {
   return column > NumUnknowns() ? "RHS" : names_.Force(column);
 }
 
-std::string StepText::Number(double value) const {
-  std::string text = FormatSigFigs(value, format_);
-  if (text != "0" || value == 0) return text;
-  const int figures = std::clamp(format_.SigFigs, 1, 17);
-  DecimalDigits digits = DecimalDigits::Of(value);
-  digits.RoundToSignificant(figures);
-  return ScientificText(digits, figures, format_.Numbers.DecimalSeparator);
-}
+std::string StepText::Number(double value) const { return NumberNot0(value, format_); }
+
+std::string StepText::Factor(double value) const { return NumberNot1(value, format_); }
 
 std::string StepText::Coefficient(const EliminationStep& step) const {
   return "the coefficient of " + Column(step.Column) + " in " + Row(step.Row);
@@ -58,7 +55,7 @@ std::string StepText::Title(const EliminationStep& step) const {
     case StepKind::ExchangeColumns:
       return "Exchange " + Column(step.Column) + " and " + Column(step.OtherColumn);
     case StepKind::Divide:
-      return "Divide " + Row(step.Row) + " by " + Number(step.Number);
+      return "Divide " + Row(step.Row) + " by " + Factor(step.Number);
     case StepKind::Clear:
       return Subtraction(step);
     case StepKind::PivotsEnd:
@@ -81,14 +78,14 @@ std::string StepText::Sentence(const EliminationStep& step, bool isCarriedOut) c
     case StepKind::Begin:
       return "The equations as they were assembled.";
     case StepKind::Pivot:
-      return "The pivot is " + Coefficient(step) + ", " + Number(step.Number) + ".";
+      return "The pivot is " + Coefficient(step) + ", " + Factor(step.Number) + ".";
     case StepKind::ExchangeRows:
       return "The rows " + Row(step.Row) + " and " + Row(step.OtherRow) + change;
     case StepKind::ExchangeColumns:
       return "The columns of " + Column(step.Column) + " and " + Column(step.OtherColumn) + change;
     case StepKind::Divide:
       return Row(step.Row) + (isCarriedOut ? " has become " : " becomes ") + Row(step.Row) + " divided by " +
-             Number(step.Number) + ".";
+             Factor(step.Number) + ".";
     case StepKind::Clear:
       return Row(step.Row) + (isCarriedOut ? " has become " : " becomes ") + Subtraction(step) + ".";
     case StepKind::PivotsEnd:
@@ -109,7 +106,7 @@ std::string StepText::Sentence(const EliminationStep& step, bool isCarriedOut) c
 }
 
 std::string StepText::Subtraction(const EliminationStep& step) const {
-  const std::string factor = IsUnit(step.Number) ? "" : Number(std::abs(step.Number)) + " times ";
+  const std::string factor = IsUnit(step.Number) ? "" : Factor(std::abs(step.Number)) + " times ";
   return Row(step.Row) + (step.Number < 0 ? " plus " : " minus ") + factor + Row(step.OtherRow);
 }
 
@@ -121,12 +118,12 @@ std::string StepText::ShortForm(const EliminationStep& step) const {
     case StepKind::ExchangeColumns:
       return Column(step.Column) + " <-> " + Column(step.OtherColumn);
     case StepKind::Divide: {
-      const std::string pivot = Number(step.Number);
+      const std::string pivot = Factor(step.Number);
       return row(step.Row) + " := " + row(step.Row) + " / " + (step.Number < 0 ? '(' + pivot + ')' : pivot);
     }
     case StepKind::Clear:
       return row(step.Row) + " := " + row(step.Row) + (step.Number < 0 ? " + " : " - ") +
-             (IsUnit(step.Number) ? "" : Number(std::abs(step.Number)) + TimesSign) + row(step.OtherRow);
+             (IsUnit(step.Number) ? "" : Factor(std::abs(step.Number)) + TimesSign) + row(step.OtherRow);
     default:
       return "";
   }
@@ -148,7 +145,7 @@ std::string StepText::Purpose(const EliminationStep& step, bool isCarriedOut) co
     case StepKind::Clear:
       return isCarriedOut ? Column(step.Column) + " is gone from " + Row(step.Row) + "."
                           : "So " + Column(step.Column) + " goes out of " + Row(step.Row) +
-                                ", where its coefficient is " + Number(step.Number) + ".";
+                                ", where its coefficient is " + Factor(step.Number) + ".";
     case StepKind::Clean: {
       const std::string count = Counted(static_cast<int>(step.Number), "number", "numbers");
       const bool one = step.Number == 1;
@@ -178,110 +175,6 @@ std::string StepText::PivotsEnd(const EliminationStep& step) const {
          ": no further pivot.";
 }
 
-// Of the unknowns there are some.
-std::string StepText::WithoutPivot() const {
-  std::vector<bool> hasPivot(static_cast<std::size_t>(NumUnknowns()) + 1);
-  for (const EliminationPivot& pivot : story_.Pivots) hasPivot[static_cast<std::size_t>(pivot.Column)] = true;
-  std::vector<int> without;
-  for (int k = 1; k <= NumUnknowns(); ++k) {
-    if (!hasPivot[static_cast<std::size_t>(k)]) without.push_back(k);
-  }
-  return names_.ForcesAtStart(without, MostNamed) + (without.size() == 1 ? " gets" : " get") + " no pivot";
-}
-
-std::vector<std::string> StepText::Remarks(std::size_t index) const {
-  std::vector<std::string> remarks;
-  const EliminationStep& step = story_.Steps[index];
-  if (step.Kind == StepKind::PivotsEnd && static_cast<int>(story_.Pivots.size()) < NumUnknowns()) {
-    if (step.Number != 0)
-      remarks.emplace_back(
-          "It is smaller than 1E-10 in magnitude and counts as a remnant of rounding: who divided by it "
-          "would make large forces out of nothing.");
-    const bool fewer = static_cast<int>(story_.Pivots.size()) == story_.Equations.NumRows();
-    remarks.push_back(WithoutPivot() + (fewer ? ": there are more unknowns than equations." : "."));
-  }
-  AddEmptied(index, remarks);
-  if (step.Kind == StepKind::Read) AddReading(remarks);
-  return remarks;
-}
-
-// Of those that steps from .. to have emptied. What is so small will be cleaned, if it has not been yet.
-std::vector<int> StepText::EmptiedRows(std::size_t from, std::size_t to, bool contradicting) const {
-  std::vector<int> rows;
-  for (const EmptiedRow& emptied : story_.Emptied) {
-    const bool contradicts = std::abs(emptied.RightHandSide) >= PivotTolerance;
-    if (emptied.Step >= from && emptied.Step <= to && contradicts == contradicting)
-      rows.push_back(emptied.Row);
-  }
-  return rows;
-}
-
-std::string StepText::Rows(const std::vector<int>& rows) const {
-  std::vector<std::string> list;
-  list.reserve(rows.size());
-  for (const int row : rows) list.push_back(Row(row));
-  return ListOf(list, MostNamed);
-}
-
-void StepText::AddEmptied(std::size_t index, std::vector<std::string>& remarks) const {
-  const std::string left = index == 0 ? "" : " left";
-  for (const EmptiedRow& emptied : story_.Emptied) {
-    if (emptied.Step != index || std::abs(emptied.RightHandSide) < PivotTolerance) continue;
-    remarks.push_back(Row(emptied.Row) + " has no coefficient" + left + ", and " +
-                      Number(emptied.RightHandSide) +
-                      " on its right: it says 0 = " + Number(emptied.RightHandSide) +
-                      ".  No forces can make that true.  This row decides that there is no solution.");
-    if (remarks.size() >= MostNamed) break;
-  }
-  const std::vector<int> zeros = EmptiedRows(index, index, false);
-  if (zeros.empty()) return;
-  const bool one = zeros.size() == 1;
-  std::string small;
-  if (one) {
-    const auto found = std::ranges::find(story_.Emptied, zeros.front(), &EmptiedRow::Row);
-    if (found->RightHandSide != 0)
-      small =
-          " (" + Number(found->RightHandSide) + " is smaller than 1E-10 in magnitude and will be cleaned)";
-  }
-  remarks.push_back(Rows(zeros) + (one ? " has" : " have") + " no coefficient" + left +
-                    ", and 0 on the right" + small + ": 0 = 0.  " + (one ? "It says" : "They say") +
-                    " nothing that the other equations do not say, and " + (one ? "makes" : "make") +
-                    " the system redundant.");
-}
-
-void StepText::AddReading(std::vector<std::string>& remarks) const {
-  const std::size_t last = story_.Steps.size() - 1;
-  const std::vector<int> contradicting = EmptiedRows(0, last, true);
-  if (!contradicting.empty()) {
-    const bool one = contradicting.size() == 1;
-    remarks.push_back(Rows(contradicting) + (one ? " has" : " have") +
-                      " no coefficient left and something else than 0 on the right, and " +
-                      (one ? "decides" : "decide") + " the conclusion.");
-    remarks.emplace_back(InconsistentText);
-    return;
-  }
-  std::vector<std::string> values;
-  std::vector<int> undetermined;
-  for (int k = 1; k <= NumUnknowns(); ++k) {
-    if (shown_.Values[k]) {
-      values.push_back(Column(k) + " = " + Number(*shown_.Values[k]));
-    } else {
-      undetermined.push_back(k);
-    }
-  }
-  if (!values.empty())
-    remarks.push_back("A row whose only coefficient is a 1 says what the unknown of that column is: " +
-                      ListOf(values, MostNamed) + ".");
-  if (!undetermined.empty())
-    remarks.push_back("No row has a single coefficient for " + names_.Forces(undetermined, MostNamed) +
-                      ", which " + (undetermined.size() == 1 ? "stays" : "stay") + " undetermined.");
-  const std::vector<int> zeros = EmptiedRows(0, last, false);
-  if (zeros.empty()) return;
-  remarks.push_back(Rows(zeros) + (zeros.size() == 1 ? " says 0 = 0 and decides" : " say 0 = 0 and decide") +
-                    " the conclusion.");
-  remarks.emplace_back(RedundantText);
-}
-
 std::vector<std::string> StepText::View(std::size_t index, bool isCarriedOut) const {
   const EliminationStep& step = story_.Steps[index];
   std::vector<std::string> lines = {Sentence(step, isCarriedOut)};
@@ -298,7 +191,7 @@ std::vector<std::string> StepText::View(std::size_t index, bool isCarriedOut) co
 }
 
 std::string StepText::Pivot(const EliminationPivot& pivot) const {
-  return Row(pivot.Row) + ", " + Column(pivot.Column) + ":  " + Number(pivot.Value);
+  return Row(pivot.Row) + ", " + Column(pivot.Column) + ":  " + Factor(pivot.Value);
 }
 
 std::string StepText::OnlyPivots() const {

@@ -9,12 +9,14 @@
 #include "analysis/FormatSigFigs.h"
 #include "explanation/DistinctNames.h"
 #include "explanation/steps/EliminationSteps.h"
+#include "explanation/steps/StepRounding.h"
 
 class StepText {
  public:
-  /// The first three must outlive it; `shown` is what the analysis read from the reduced matrix.
+  /// The first four must outlive it; `shown` is what the analysis read from the reduced matrix, `where` what
+  /// the reader has before him.
   StepText(const TrussGraph& graph, const EliminationInSteps& story, const Classification& shown,
-           const ReportFormat& format);
+           const Rounding& rounding, const ReportFormat& format, ReadOn where = ReadOn::OnScreen);
 
   /// How rows are called, and why there are no fractions; said once, before the first step.
   static std::vector<std::string> Introduction();
@@ -32,6 +34,9 @@ class StepText {
   /// cleaned.
   std::string Number(double value) const;
 
+  /// The same of what a row is divided by or taken times: only 1 is written as "1".
+  std::string Factor(double value) const;
+
   /// "C - y becomes C - y minus 0.6 times A - x."; with `isCarriedOut` "C - y has become ...".
   std::string Sentence(const EliminationStep& step, bool isCarriedOut) const;
 
@@ -41,8 +46,8 @@ class StepText {
   /// What it is for or, carried out, what it has done.
   std::string Purpose(const EliminationStep& step, bool isCarriedOut) const;
 
-  /// What has come about with step number `index`: rows that decide the conclusion, why there is no further
-  /// pivot, what the rows say. Often nothing.
+  /// What has come about with step number `index`: rows that decide the conclusion, a pivot that rounding has
+  /// left, why there is no further one, what the rows say and what that is worth. Often nothing.
   std::vector<std::string> Remarks(std::size_t index) const;
 
   /// All that is said of a step while it is looked at: the sentence, its short form, what it is for, and what
@@ -51,6 +56,9 @@ class StepText {
 
   /// "A - x, AB:  0.7071".
   std::string Pivot(const EliminationPivot& pivot) const;
+
+  /// Of pivot `number`, 1 the first, that it is a remnant of rounding; mostly empty.
+  std::string RemarkOnPivot(int number) const;
 
   /// Instead of the introduction, where the system is too large to be told in steps.
   std::string OnlyPivots() const;
@@ -62,14 +70,17 @@ class StepText {
   std::string Subtraction(const EliminationStep& step) const;
   std::string PivotsEnd(const EliminationStep& step) const;
   std::string WithoutPivot() const;
+  void AddPivotsEnd(const EliminationStep& step, std::vector<std::string>& remarks) const;
   void AddEmptied(std::size_t index, std::vector<std::string>& remarks) const;
   void AddReading(std::vector<std::string>& remarks) const;
-  std::vector<int> EmptiedRows(std::size_t from, std::size_t to, bool contradicting) const;
-  std::string Rows(const std::vector<int>& rows) const;
+  void AddValues(std::vector<std::string>& remarks) const;
+  int PivotNumber(std::size_t index) const;
+  std::string RowsOf(const std::vector<EmptiedRow>& emptied) const;
   int NumUnknowns() const { return story_.Equations.NumColumns() - 1; }
 
   const EliminationInSteps& story_;
   const Classification& shown_;
   ReportFormat format_;
   DistinctNames names_;
+  StepRounding rounding_;
 };

@@ -124,9 +124,8 @@ void StepWalk::MarkMovedRows() {
   }
 }
 
-// The rows without coefficients: what stands on their right decides.
+// What stands on the right of rows without coefficients.
 void StepWalk::MarkEmptied() {
-  for (const EmptiedRow& emptied : story_->Emptied) {
-    if (emptied.Step <= View().Step) SetMark(emptied.Row, matrix_.NumUnknowns() + 1, CellMark::Pivot);
-  }
+  for (const EmptiedRow& emptied : story_->DecidingRows(View().Step))
+    SetMark(emptied.Row, matrix_.NumUnknowns() + 1, CellMark::Pivot);
 }

@@ -8,11 +8,12 @@
 #include "explanation/steps/PlainElimination.h"
 
 StepsTour::StepsTour(TrussGraph graph, SparseMatrix<double> equations, const Classification& shown,
-                     const ReportFormat& format)
+                     Rounding rounding, const ReportFormat& format)
     : graph_(std::move(graph)),
       shown_(shown),
+      rounding_(std::move(rounding)),
       story_(std::make_shared<const EliminationInSteps>(EliminateInSteps(std::move(equations)))),
-      text_(graph_, *story_, shown_, format) {
+      text_(graph_, *story_, shown_, rounding_, format) {
   if (story_->IsToldInSteps()) walk_.emplace(story_);
 }
 
@@ -59,7 +60,11 @@ std::string StepsTour::Position() const {
 std::vector<std::string> StepsTour::Lines() const {
   if (walk_) return text_.View(walk_->View().Step, walk_->View().IsCarriedOut);
   if (NumPlaces() == 0) return {text_.OnlyPivots()};
-  return {Title(place_), text_.OnlyPivots()};
+  std::vector<std::string> lines = {Title(place_)};
+  for (const std::string& line : {text_.RemarkOnPivot(place_ + 1), text_.OnlyPivots()}) {
+    if (!line.empty()) lines.push_back(line);
+  }
+  return lines;
 }
 
 std::optional<int> StepsTour::PlaceOfPivot(int unknown) const {

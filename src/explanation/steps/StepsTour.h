@@ -13,7 +13,7 @@
 class StepsTour {
  public:
   /// Begins at the first place. At least one unknown.
-  StepsTour(TrussGraph graph, SparseMatrix<double> equations, const Classification& shown,
+  StepsTour(TrussGraph graph, SparseMatrix<double> equations, const Classification& shown, Rounding rounding,
             const ReportFormat& format);
 
   StepsTour(const StepsTour&) = delete;
@@ -61,6 +61,7 @@ class StepsTour {
 
   TrussGraph graph_;
   Classification shown_;
+  Rounding rounding_;
   std::shared_ptr<const EliminationInSteps> story_;
   StepText text_;
   std::optional<StepWalk> walk_;

@@ -50,7 +50,7 @@ void StepsWindow::ShowSubject(const LearnSubject& subject) {
   Clear();
   const TrussAnalysis& analysis = subject.Reasons->Analysis();
   tour_ = std::make_unique<StepsTour>(subject.Reasons->Graph(), EquationsOf(*subject.Document, analysis),
-                                      analysis.Reading, subject.Format);
+                                      analysis.Reading, subject.Reasons->Rounded(), subject.Format);
   SetLetters(subject.Points);
   operations_->Show(tour_.get());
   numbers_->Show(tour_.get());
@@ -65,6 +65,7 @@ void StepsWindow::ShowSubject(const LearnSubject& subject) {
     sldStep_->setRange(0, std::max(0, tour_->NumPlaces() - 1));
     sldStep_->setPageStep(std::max(1, tour_->NumPlaces() / 10));
   }
+  FitList();
   FitMatrix();
   ShowPlace();
 }
@@ -129,7 +130,7 @@ void StepsWindow::ShowPlace() {
   if (isLast && !marked.isValid()) tblMatrix_->scrollTo(numbers_->index(0, numbers_->columnCount() - 1));
   ShowPivotLine();
   ShowButtons();
-  if (tour_) Announce(lblStep_->text() + QStringLiteral(": ") + lines.value(0));
+  if (tour_) Announce(*this, lblStep_->text() + QStringLiteral(": ") + lines.value(0));
 }
 
 void StepsWindow::ShowPivotLine() {
@@ -137,14 +138,6 @@ void StepsWindow::ShowPivotLine() {
                          ? ShownText(tour_->PivotLine(cmbUnknown_->currentIndex() + 1))
                          : QString());
   KeepWholeHeight(*this);
-}
-
-// A screen reader tells what is done whichever control has the keys.
-void StepsWindow::Announce(const QString& operation) {
-  for (QWidget* control : std::initializer_list<QWidget*>{cmdFirst_, cmdBack_, cmdPlay_, cmdNext_, cmdLast_,
-                                                          sldStep_, cmbUnknown_, tblMatrix_})
-    control->setAccessibleDescription(operation);
-  ::Announce(*this, operation);
 }
 
 // A button that is switched off gives its focus away; another one, which is on, is at hand.

@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <array>
 
+#include "explanation/ListSplitter.h"
 #include "explanation/steps/StepListModel.h"
 #include "explanation/steps/StepMatrixModel.h"
 #include "explanation/steps/StepsTour.h"
@@ -26,9 +27,9 @@
 namespace {
 
 // Pixels.
-constexpr int CellMargin = 10;  // beside a number, both sides together
-constexpr int RowMargin = 6;    // above and below, together
-constexpr int WidestName = 260;
+constexpr int CellMargin = 10;   // beside a number, both sides together
+constexpr int RowMargin = 6;     // above and below, together
+constexpr int WidestName = 130;  // the tool tip has all of it
 
 struct NotedMark {
   CellMark Mark;
@@ -167,14 +168,13 @@ void StepsWindow::ShowMarkLooks() {
 
 void StepsWindow::LayOut() {
   marks_ = MakeMarkNotes();
-  auto* beside = new QSplitter(Qt::Horizontal, this);
-  auto* below = new QSplitter(Qt::Vertical, beside);
-  beside->addWidget(lstSteps_);
-  beside->addWidget(below);
+  beside_ = new ListSplitter(*lstSteps_, this);
+  auto* below = new QSplitter(Qt::Vertical, beside_);
+  beside_->addWidget(below);
   below->addWidget(txtStep_);
   below->addWidget(tblMatrix_);
-  beside->setStretchFactor(0, 3);
-  beside->setStretchFactor(1, 5);
+  beside_->setStretchFactor(0, 3);
+  beside_->setStretchFactor(1, 5);
   below->setStretchFactor(0, 2);
   below->setStretchFactor(1, 5);
   auto* choice = new QHBoxLayout;
@@ -189,7 +189,7 @@ void StepsWindow::LayOut() {
   buttons->addStretch(1);
   buttons->addWidget(cmdCopy_);
   auto* layout = new QVBoxLayout(this);
-  layout->addWidget(beside, 1);
+  layout->addWidget(beside_, 1);
   layout->addWidget(marks_);
   layout->addLayout(choice);
   layout->addWidget(lblPivot_);
@@ -203,6 +203,9 @@ void StepsWindow::SetLetters(float points) {
   for (QWidget* widget : std::initializer_list<QWidget*>{lstSteps_, txtStep_, tblMatrix_})
     widget->setFont(letters);
 }
+
+// Every line has the size of the longest.
+void StepsWindow::FitList() { beside_->FitLines(lstSteps_->sizeHintForIndex(operations_->index(0)).width()); }
 
 // All columns are as wide as the longest number of all steps, so that nothing moves from step to step.
 void StepsWindow::FitMatrix() {

@@ -2,8 +2,6 @@
 
 #include <QColor>
 #include <algorithm>
-#include <array>
-#include <charconv>
 
 #include "paper/qt/AsciiText.h"
 
@@ -95,7 +93,11 @@ void OdtText::WriteLetters(QStringView letters) {
     bytes_ += letters.toString().toHtmlEscaped().toStdString();
     return;
   }
-  AppendAscii(bytes_, letters);
+  if (letters.size() == 1) {
+    bytes_ += static_cast<char>(letters.front().unicode());
+  } else {
+    AppendAscii(bytes_, letters);
+  }
 }
 
 void OdtText::WriteBlanks(qsizetype count) {
@@ -103,10 +105,10 @@ void OdtText::WriteBlanks(qsizetype count) {
     bytes_ += "<text:s/>";
     return;
   }
-  std::array<char, 48> element = {"<text:s text:c=\""};
-  char* const digits = element.data() + QByteArrayView(element.data()).size();
-  char* const end = std::to_chars(digits, element.data() + element.size(), count).ptr;
-  bytes_.append(element.data(), static_cast<std::size_t>(end - element.data())).append("\"/>");
+  // Columns of a table have the same few widths all over.
+  if (count != blanks_) blanksElement_ = "<text:s text:c=\"" + std::to_string(count) + "\"/>";
+  blanks_ = count;
+  bytes_ += blanksElement_;
 }
 
 const QByteArray& OdtStyles::NameOf(const Paragraph& paragraph) {

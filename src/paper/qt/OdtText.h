@@ -14,9 +14,9 @@
 /// A length as the file has it.
 QByteArray OdtPoints(double points);
 
-/// Packed as it is written, because it is fifty times as long as the file that holds it.
 /// Text in which every blank that a reader might take for layout is an element of its own: all but a single
-/// one between two characters of the same run.
+/// one between two characters of the same run. It is packed as it is written, because it is fifty times as
+/// long as the file that holds it.
 class OdtText {
  public:
   void Write(QStringView text);
@@ -30,8 +30,10 @@ class OdtText {
   void WriteLetters(QStringView letters);
   void WriteBlanks(qsizetype count);
 
-  std::string bytes_;     // quicker than an array of the toolkit's for appending little by little
-  DeflateStream packed_;  // what stands before them
+  std::string bytes_;          // quicker than an array of the toolkit's for appending little by little
+  qsizetype blanks_ = 0;       // that were written last
+  std::string blanksElement_;  // and how
+  DeflateStream packed_;       // what stands before them
 };
 
 /// The styles that were met, in the order of their first appearance, named "P1", "P2" ... or "T1", "T2" ...

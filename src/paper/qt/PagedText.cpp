@@ -65,7 +65,9 @@ class PagedText::Pages {
   void PlaceHeld();
   void Place(Held next);
   void PaintLines(PageBlock& block);
-  void ContinueTable(const PageBlock& row);
+  void AddRow(Held row);
+  void PlaceLastRows();
+  void ContinueTable(double height);
 
   const PictureShelf& shelf_;
   PaperPages paper_;
@@ -74,6 +76,7 @@ class PagedText::Pages {
   std::vector<Held> held_;                  // what is to stand on the same page
   int linesHeld_ = 0;                       // without headings and blank ones
   std::unique_ptr<PageBlock> tableHeader_;  // of the table that is being placed
+  std::vector<Held> lastRows_;              // of it, up to two that may be its last
   bool afterReturn_ = false;
   bool afterPicture_ = false;
 };
@@ -132,12 +135,13 @@ bool PagedText::Pages::Paste() {
 
 // Held lines are placed with the first line that does not stay with the next, once there are enough of them.
 void PagedText::Pages::Add(Held next) {
+  if (next.Role != LineRole::TableRow) PlaceLastRows();
   if (IsHeading(next.Role) && linesHeld_ > 0) {
     KeepHeldTogether();
     PlaceHeld();
   }
-  const bool isFree = next.Role == LineRole::Text || next.Role == LineRole::TableRow;
-  if (held_.empty() && isFree) return Place(std::move(next));
+  if (held_.empty() && next.Role == LineRole::TableRow) return AddRow(std::move(next));
+  if (held_.empty() && next.Role == LineRole::Text) return Place(std::move(next));
   if (next.IsBody()) linesHeld_ += next.Block->IsWhole() ? LinesBelowHeading : next.Block->NumLines();
   const bool ends = !next.IsBlank && !StaysWithNext(next.Role);
   const bool isEnough = next.Role != LineRole::Text || linesHeld_ >= LinesBelowHeading;
@@ -150,7 +154,24 @@ void PagedText::Pages::Add(Held next) {
   }
 }
 
+// The last row of a table takes the one above it to the next page, so that none stands there alone.
+void PagedText::Pages::AddRow(Held row) {
+  lastRows_.push_back(std::move(row));
+  if (lastRows_.size() <= 2) return;
+  Place(std::move(lastRows_.front()));
+  lastRows_.erase(lastRows_.begin());
+}
+
+void PagedText::Pages::PlaceLastRows() {
+  double height = 0;
+  for (const Held& row : lastRows_) height += row.Block->HeightOfFirst(row.Block->NumLines());
+  if (height > 0) ContinueTable(height);
+  for (Held& row : lastRows_) Place(std::move(row));
+  lastRows_.clear();
+}
+
 void PagedText::Pages::BeginPage(const QString& title) {
+  PlaceLastRows();
   KeepHeldTogether();
   PlaceHeld();
   if (!paper_.AtTop()) paper_.Break();
@@ -190,7 +211,7 @@ void PagedText::Pages::Place(Held next) {
   PageBlock& block = *next.Block;
   if (next.IsBlank) return paper_.Skip(block.HeightOfFirst(block.NumLines()));
   block.LimitHeight(paper_.TextHeight());
-  if (next.Role == LineRole::TableRow) ContinueTable(block);
+  if (next.Role == LineRole::TableRow) ContinueTable(block.HeightOfFirst(block.NumLines()));
   PaintLines(block);
   if (next.Role == LineRole::TableHeader) tableHeader_ = std::move(next.Block);
 }
@@ -203,9 +224,8 @@ void PagedText::Pages::PaintLines(PageBlock& block) {
   }
 }
 
-// Begins the next page with the table's header when the row does not fit on this one.
-void PagedText::Pages::ContinueTable(const PageBlock& row) {
-  const double height = row.HeightOfFirst(row.NumLines());
+// Begins the next page with the table's header when rows of this height do not fit on this one.
+void PagedText::Pages::ContinueTable(double height) {
   if (tableHeader_ == nullptr || paper_.AtTop() || paper_.Fits(height)) return;
   paper_.Break();
   const double headerHeight = tableHeader_->HeightOfFirst(tableHeader_->NumLines());
@@ -214,6 +234,7 @@ void PagedText::Pages::ContinueTable(const PageBlock& row) {
 
 int PagedText::Pages::Finish() {
   if (!paragraph_.Text.isEmpty()) PlaceParagraph();
+  PlaceLastRows();
   KeepHeldTogether();
   PlaceHeld();
   paper_.Finish();

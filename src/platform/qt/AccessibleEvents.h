@@ -12,9 +12,10 @@ bool IsSomebodyListening();
 /// Hands an event on. Nothing happens while nobody listens.
 void TellListeners(QAccessibleEvent& event);
 
-/// A screen reader says the text as soon as it has finished what it is saying. The toolkit hands the text
-/// itself over from version 6.8 on; before, it only tells that the widget has something to say, which is then
-/// asked for its name and description.
+/// A screen reader says the text, whatever has the keys. From version 6.8 on the toolkit hands the text
+/// itself over. Before, a change of a name or description reaches the reader without its text; so a notice
+/// with this name comes up in the status bar of the window, which has one without a size where it has none to
+/// be seen.
 void Announce(QWidget& from, const QString& text);
 
 /// From now on this listens in place of the desktop, as tests do; the desktop again when it is empty.

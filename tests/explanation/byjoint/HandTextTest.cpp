@@ -108,23 +108,6 @@ TEST(HandText, SaysWhatIsNotDetermined) {
   EXPECT_EQ(told.Closing().front(), "The equations do not determine p, r and a.");
 }
 
-// Six joints on a circle but for A, which is `a` from the middle; at 5 they are in their critical form.
-TrussBuilder HandHexagon(float a) {
-  return TrussBuilder()
-      .Member(a, 0, 3, 4, "AD")
-      .Member(a, 0, -5, 0, "AE")
-      .Member(a, 0, 0, -5, "AF")
-      .Member(-3, 4, 3, 4, "BD")
-      .Member(-3, 4, -5, 0, "BE")
-      .Member(-3, 4, 0, -5, "BF")
-      .Member(-4, -3, 3, 4, "CD")
-      .Member(-4, -3, -5, 0, "CE")
-      .Member(-4, -3, 0, -5, "CF")
-      .Clamp(-4, -3, "Cx", "Cy")
-      .Roller(0, -5, "F")
-      .Force(-3, 4, 0, -1000);
-}
-
 TEST(HandText, SaysInHowManyFiguresTheValuesAgree) {
   const ToldByHand told(HandHexagon(5.005F));
   EXPECT_THAT(
@@ -191,7 +174,7 @@ TEST(HandText, SaysWhichForcesTheReducedMatrixLeavesOpen) {
   EXPECT_THAT(panel.Closing(),
               ElementsAre("The equations do not determine Ax, Bx, AB, AC, AD, BC, BD and CD.",
                           "The reduced matrix leaves Ay and By open, because its directions are rounded to "
-                          "single precision."));
+                          "single precision.  See \"Why this conclusion\"."));
 }
 
 TEST(HandText, SaysWhichNumbersOfTheReducedMatrixDoNotHold) {
@@ -203,7 +186,7 @@ TEST(HandText, SaysWhichNumbersOfTheReducedMatrixDoNotHold) {
       HandText(told.Graph, solution, told.Format).Closing(told.Reading),
       ElementsAre("The equations do not determine BC.",
                   "For BC the reduced matrix shows a number that does not hold, because its directions "
-                  "are rounded to single precision.",
+                  "are rounded to single precision.  See \"Why this conclusion\".",
                   "The values agree with the solutions that the reduced matrix gives."));
 }
 
@@ -385,7 +368,7 @@ TEST(HandText, SaysOfAReactionWhereItIsAssumedToAct) {
                                                   .Clamp(8, 0, "Cx", "Cy")
                                                   .Force(4, 3, 80, -900)));
   EXPECT_THAT(all,
-              HasSubstr("Sought:  12, assumed to push into the joint; Ax, assumed to act to the right.\n"));
+              HasSubstr("Sought:  [12], assumed to push into the joint; Ax, assumed to act to the right.\n"));
 }
 
 // A nearly level member's component is its whole force within the figures shown.
@@ -452,7 +435,42 @@ TEST(HandText, PutsNamesThatReadLikeNumbersInBrackets) {
                                                   .Clamp(8, 0, "Cx", "Cy")
                                                   .Force(4, 3, 80, -900)));
   EXPECT_THAT(all, HasSubstr("0.6 \xB7 [12]\n"));
+  EXPECT_THAT(all, HasSubstr("Sought:  [12], assumed")) << "in sentences as in equations";
   EXPECT_THAT(all, HasSubstr("0.8 \xB7 b\n"));
+}
+
+// A name stands everywhere as it stands in an equation.
+TEST(HandText, WritesANameTheSameWayInEverySentence) {
+  const ToldByHand told(TrussBuilder()
+                            .Member(0, 0, 8, 0, "lower, long")
+                            .Member(0, 0, 4, 3, "<i>l</i>")
+                            .Member(8, 0, 4, 3, "a-b")
+                            .Clamp(0, 0, "R x", "&amp;")
+                            .Roller(8, 0, "B")
+                            .Joint(0, 0, "left end")
+                            .Joint(8, 0, "B")
+                            .Joint(4, 3, "C")
+                            .Force(4, 3, 0, -1000));
+  std::string all = AllLines(told);
+  for (const HandStepText& step : told.Texts()) all += step.Heading + '\n';
+  for (const std::string name : {"lower, long", "<i>l</i>", "a-b", "R x", "&amp;", "left end"}) {
+    int count = 0;
+    for (std::size_t at = all.find(name); at != std::string::npos; at = all.find(name, at + 1)) {
+      ++count;
+      EXPECT_EQ(all.substr(at - 1, name.size() + 2), '[' + name + ']');
+    }
+    EXPECT_GT(count, 1) << name;
+  }
+}
+
+TEST(HandText, SaysWhereTheReducedMatrixDoesNotSeeAContradiction) {
+  const std::vector<std::string> hexagon = ToldByHand(HandHexagon(5)).Closing();
+  EXPECT_EQ(hexagon.back(),
+            "The reduced matrix does not say so, because its directions are rounded to single precision: "
+            "exactly, the solutions that it gives balance nothing.  See \"Why this conclusion\".");
+  const std::vector<std::string> loose =
+      ToldByHand(TrussBuilder().Member(0, 0, 4, 0, "m").Clamp(0, 0, "x", "y").Force(4, 0, 0, -5)).Closing();
+  EXPECT_THAT(loose, testing::Each(testing::Not(HasSubstr("reduced matrix")))) << "it says the same";
 }
 
 }  // namespace

@@ -16,6 +16,7 @@
 namespace {
 
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 // All figures, so that a number that is read is the number that was meant.
@@ -67,6 +68,11 @@ class PaperTable {
       EXPECT_FALSE(std::regex_search(sentence, std::regex("becomes|go|change"))) << sentence;
     }
   }
+
+  double At(const std::string& row, const std::string& column) const { return numbers_.at(row).at(column); }
+
+  const std::vector<std::string>& Rows() const { return rows_; }
+  const std::vector<std::string>& Columns() const { return columns_; }
 
   void ExpectSameAs(const PaperTable& other) const {
     EXPECT_EQ(rows_, other.rows_);
@@ -134,12 +140,192 @@ TEST(StepText, EverySentenceIsEnoughToCarryTheStepOut) {
   EXPECT_EQ(kinds.size(), 11U) << "every kind has been told";
 }
 
+// What is said beside the sentences, held against the tables before and after the step.
+class PurposeReader {
+ public:
+  void Read(const PaperTable& before, const std::string& chosen, const PaperTable& after,
+            const std::string& carriedOut) {
+    static const std::regex goesOut("So (.+) goes out of (.+), where its coefficient is ([-0-9.E+]+)\\.");
+    static const std::regex small(
+        "So small (?:is|are) ([0-9]+) numbers?, (?:a remnant|remnants) of rounding\\.");
+    std::smatch part;
+    if (std::regex_match(chosen, part, goesOut)) {
+      EXPECT_EQ(before.At(part[2], part[1]), std::stod(part[3]));
+      EXPECT_EQ(after.At(part[2], part[1]), 0);
+      EXPECT_EQ(carriedOut, part[1].str() + " is gone from " + part[2].str() + ".");
+      ++NumGone;
+    } else if (std::regex_match(chosen, part, small)) {
+      EXPECT_EQ(NumSmall(before), std::stoi(part[1]));
+      EXPECT_THAT(carriedOut, StartsWith("It was " + part[1].str() + " number"));
+      ++NumCleaned;
+    } else if (chosen == "There is none: nothing changes.") {
+      EXPECT_EQ(NumSmall(before), 0);
+      after.ExpectSameAs(before);
+    }
+    EXPECT_EQ(NumSmall(after) > 0 && chosen.starts_with("So small"), false);
+  }
+
+  // The rows and columns that have had no pivot are what is left to choose from.
+  void ReadPivot(const PaperTable& table, const std::string& row, const std::string& column,
+                 const std::string& chosen) {
+    const double size = std::abs(table.At(row, column));
+    std::vector<std::pair<std::string, std::string>> asLarge;
+    for (const std::string& otherRow : table.Rows()) {
+      for (const std::string& other : table.Columns()) {
+        if (rowsUsed_.contains(otherRow) || columnsUsed_.contains(other)) continue;
+        if (std::abs(table.At(otherRow, other)) == size) asLarge.emplace_back(otherRow, other);
+      }
+    }
+    ASSERT_FALSE(asLarge.empty());
+    EXPECT_EQ(asLarge.front(), std::pair(row, column)) << "the first row counts, and in it the first column";
+    EXPECT_EQ(chosen.find("Others are as large") != std::string::npos, asLarge.size() > 1);
+    NumTied += asLarge.size() > 1 ? 1 : 0;
+    rowsUsed_.insert(row);
+    columnsUsed_.insert(column);
+  }
+
+  int NumGone = 0, NumCleaned = 0, NumTied = 0;
+
+ private:
+  static int NumSmall(const PaperTable& table) {
+    int count = 0;
+    for (const std::string& row : table.Rows()) {
+      std::vector<std::string> columns = table.Columns();
+      columns.emplace_back("RHS");
+      for (const std::string& column : columns) {
+        const double number = table.At(row, column);
+        count += number != 0 && std::abs(number) < 1e-10 ? 1 : 0;
+      }
+    }
+    return count;
+  }
+
+  std::set<std::string> rowsUsed_, columnsUsed_;
+};
+
+TEST(StepText, WhatEachStepIsForIsSeenInTheTable) {
+  int gone = 0, cleaned = 0, tied = 0;
+  WithTrussesOfAllKinds([&](const Truss& given) {
+    const SteppedTruss truss(given);
+    if (truss.Graph.NumUnknowns() == 0 || truss.Graph.NumUnknowns() > 12) return;
+    const StepText text = truss.Text(Exact);
+    StepMatrix matrix(truss.Story.Equations);
+    PurposeReader reader;
+    for (const EliminationStep& step : truss.Story.Steps) {
+      SCOPED_TRACE(text.Sentence(step, false));
+      const PaperTable before(matrix, text);
+      matrix.CarryOut(step);
+      if (step.Kind == StepKind::Pivot) {
+        reader.ReadPivot(before, text.Row(step.Row), text.Column(step.Column), text.Purpose(step, false));
+      } else {
+        reader.Read(before, text.Purpose(step, false), PaperTable(matrix, text), text.Purpose(step, true));
+      }
+      if (testing::Test::HasFailure()) return;
+    }
+    gone += reader.NumGone;
+    cleaned += reader.NumCleaned;
+    tied += reader.NumTied;
+  });
+  EXPECT_GT(gone, 100);
+  EXPECT_GT(cleaned, 0);
+  EXPECT_GT(tied, 100);
+}
+
+// The short form is enough by itself too.
+TEST(StepText, TheShortFormSaysTheSameOperation) {
+  const std::regex subtract(R"(\[(.+)\] := \[(.+)\] ([-+]) (?:([0-9.E+-]+) . )?\[(.+)\])");
+  const std::regex divide(R"(\[(.+)\] := \[(.+)\] / \(?(-?[0-9.E+-]+)\)?)");
+  int numRead = 0;
+  WithTrussesOfAllKinds([&](const Truss& given) {
+    const SteppedTruss truss(given);
+    if (truss.Graph.NumUnknowns() == 0 || truss.Graph.NumUnknowns() > 12) return;
+    const StepText text = truss.Text(Exact);
+    for (const EliminationStep& step : truss.Story.Steps) {
+      const std::string shortForm = text.ShortForm(step);
+      std::smatch part;
+      if (step.Kind == StepKind::Clear) {
+        ASSERT_TRUE(std::regex_match(shortForm, part, subtract)) << shortForm;
+        EXPECT_EQ(part[1], text.Row(step.Row));
+        EXPECT_EQ(part[2], text.Row(step.Row));
+        EXPECT_EQ(part[5], text.Row(step.OtherRow));
+        const double factor = part[4].matched ? std::stod(part[4]) : 1;
+        EXPECT_EQ(part[3] == "-" ? factor : -factor, step.Number);
+        ++numRead;
+      } else if (step.Kind == StepKind::Divide) {
+        ASSERT_TRUE(std::regex_match(shortForm, part, divide)) << shortForm;
+        EXPECT_EQ(part[1], text.Row(step.Row));
+        EXPECT_EQ(std::stod(part[3]), step.Number);
+      }
+    }
+  });
+  EXPECT_GT(numRead, 100);
+}
+
+// What the last step says is read from the rows as they stand then.
+TEST(StepText, WhatTheRowsSayStandsInThem) {
+  int numValues = 0, numOpen = 0;
+  WithTrussesOfAllKinds([&](const Truss& given) {
+    const SteppedTruss truss(given);
+    if (truss.Graph.NumUnknowns() == 0 || truss.Graph.NumUnknowns() > 24) return;
+    const StepText text = truss.Text(Exact);
+    StepMatrix matrix(truss.Story.Equations);
+    for (const EliminationStep& step : truss.Story.Steps) matrix.CarryOut(step);
+    const std::vector<std::string> remarks = text.Remarks(truss.Story.Steps.size() - 1);
+    if (std::ranges::count(remarks, InconsistentText) > 0) return;
+    std::string all;
+    for (const std::string& remark : remarks) {
+      if (remark.starts_with("A row whose") || remark.starts_with("These values")) all += remark + '\n';
+    }
+    for (int k = 1; k <= truss.Graph.NumUnknowns(); ++k) {
+      std::optional<double> value;
+      for (int row = 1; row <= matrix.NumRows(); ++row) {
+        const auto numbers = matrix.Row(row).first(static_cast<std::size_t>(matrix.NumUnknowns()));
+        const bool isAlone = std::ranges::count_if(numbers, [](double number) { return number != 0; }) == 1;
+        if (isAlone && matrix(row, k) == 1) value = matrix(row, matrix.NumUnknowns() + 1);
+      }
+      const std::string said = text.Column(k) + " = " + (value ? text.Number(*value) : "");
+      EXPECT_EQ(all.find(said) != std::string::npos, value.has_value()) << said << " in " << all;
+      (value ? numValues : numOpen) += 1;
+    }
+  });
+  EXPECT_GT(numValues, 100);
+  EXPECT_GT(numOpen, 20);
+}
+
 std::vector<std::string> AllRemarks(const SteppedTruss& truss, const StepText& text) {
   std::vector<std::string> remarks;
   for (std::size_t i = 0; i < truss.Story.Steps.size(); ++i) {
     for (const std::string& remark : text.Remarks(i)) remarks.push_back(remark);
   }
   return remarks;
+}
+
+// Names that read like other words of the sentences, or like numbers.
+TEST(StepText, EverySentenceIsEnoughWhateverTheNames) {
+  const SteppedTruss truss(TrussBuilder()
+                               .Member(0, 0, 8, 0, "12")
+                               .Member(0, 0, 4, 4, "AC in A - x, 1")
+                               .Member(8, 0, 4, 4, "b and c")
+                               .Clamp(0, 0, "Ax", "R (x)")
+                               .Roller(8, 0, "[B]")
+                               .Joint(0, 0, "A - x")
+                               .Joint(8, 0, "2 times B")
+                               .Joint(4, 4, "C")
+                               .Force(4, 4, 0, -1000));
+  const StepText text = truss.Text(Exact);
+  EXPECT_EQ(text.Row(1), "[2 times B] - x");
+  EXPECT_EQ(text.Row(3), "[A - x] - x");
+  EXPECT_EQ(text.Row(5), "C - x");
+  EXPECT_EQ(text.Column(1), "Ax");
+  EXPECT_EQ(text.Column(2), "[R (x)]");
+  EXPECT_EQ(text.Column(4), "[12]");
+  StepMatrix matrix(truss.Story.Equations);
+  PaperTable paper(matrix, text);
+  for (const EliminationStep& step : truss.Story.Steps) {
+    paper.CarryOut(text.Sentence(step, false));
+    matrix.CarryOut(step);
+    paper.ExpectSameAs(PaperTable(matrix, text));
+  }
 }
 
 TEST(StepText, CallsRowsByTheirEquations) {
@@ -211,6 +397,7 @@ TEST(StepText, ExplainsAPivotBelowTheTolerance) {
   for (int k = 1; k <= 5; ++k) nearly.SetRow(k, {{k, 1}});
   nearly.SetRow(6, {{6, 3e-17}, {7, 5}});
   truss.Story = EliminateInSteps(nearly);
+  truss.Rounded.Verdict.Rank = 5;
   const std::size_t end = truss.StepOf(StepKind::PivotsEnd);
   ASSERT_NE(truss.Story.Steps[end].Number, 0);
   const StepText text = truss.Text();
@@ -222,12 +409,143 @@ TEST(StepText, ExplainsAPivotBelowTheTolerance) {
   EXPECT_EQ(remarks[1], "BC gets no pivot.");
 }
 
+TEST(StepText, SaysWherePivotsEndBeforeThereAreAsManyAsThereAreExactly) {
+  SteppedTruss truss(HandTriangle());
+  for (const double left : {3e-17, 0.0}) {
+    SparseMatrix<double> nearly(6, 7);
+    for (int k = 1; k <= 5; ++k) nearly.SetRow(k, {{k, 1}});
+    if (left != 0) nearly.SetRow(6, {{6, left}, {7, 5}});
+    truss.Story = EliminateInSteps(nearly);
+    EXPECT_THAT(
+        truss.Text().Remarks(truss.StepOf(StepKind::PivotsEnd)),
+        testing::Contains(left != 0 ? "Exactly there are 6 pivots: not all that is left is nothing, only "
+                                      "too small to be told from a remnant."
+                                    : "Exactly there are 6 pivots: what is left is 0 only because "
+                                      "directions are rounded to single precision."));
+  }
+}
+
+// Of the pivots of the critical hexagon the last one is nothing but a remnant.
+TEST(StepText, SaysWhereARemnantBecomesAPivotAndWhatFollows) {
+  const SteppedTruss truss(HandHexagon(5));
+  const StepText text = truss.Text();
+  std::vector<std::size_t> told;
+  std::size_t last = 0;
+  for (std::size_t i = 0; i < truss.Story.Steps.size(); ++i) {
+    if (truss.Story.Steps[i].Kind != StepKind::Pivot) continue;
+    last = i;
+    if (!text.Remarks(i).empty()) told.push_back(i);
+  }
+  EXPECT_EQ(told, std::vector<std::size_t>{last});
+  const std::string remark = text.Remarks(last).front();
+  EXPECT_THAT(remark, StartsWith("Exactly there are only 11 pivots, and nothing is left here: " +
+                                 text.Factor(truss.Story.Steps[last].Number) + " is a remnant of rounding"));
+  EXPECT_THAT(remark, HasSubstr("about 1E7 times smaller than the numbers that it is left over from"));
+  EXPECT_THAT(remark, HasSubstr("what follows from it does not hold"));
+  EXPECT_THAT(text.View(last, false), testing::Contains(remark)) << "and it is shown with the step";
+  EXPECT_THAT(text.RemarkOnPivot(12), remark);
+  EXPECT_EQ(text.RemarkOnPivot(11), "");
+}
+
+// A reader who does as the remark says, going through the operations on the pivot's row, finds numbers so
+// many times as large and no larger.
+TEST(StepText, ARemnantIsSoManyTimesSmallerThanWhatItIsLeftOverFrom) {
+  const SteppedTruss truss(HandHexagon(5));
+  const StepText text = truss.Text(Exact);
+  const EliminationPivot& pivot = truss.Story.Pivots.back();
+  PaperTable paper(StepMatrix(truss.Story.Equations), text);
+  double largest = 0;
+  for (const EliminationStep& step : truss.Story.Steps) {
+    if (step.Kind == StepKind::Pivot && step.Row == pivot.Row) break;
+    paper.CarryOut(text.Sentence(step, false));
+    largest = std::max(largest, std::abs(paper.At(text.Row(pivot.Row), text.Column(pivot.Column))));
+  }
+  std::smatch said;
+  const std::string remark = text.RemarkOnPivot(12);
+  ASSERT_TRUE(std::regex_search(remark, said, std::regex("about 1E([0-9]+) times smaller")));
+  EXPECT_NEAR(std::log10(largest / std::abs(pivot.Value)), std::stod(said[1]), 0.5);
+}
+
+TEST(StepText, TheLastStepSaysThatValuesOutOfARemnantDoNotHold) {
+  const SteppedTruss truss(HandHexagon(5));
+  const std::vector<std::string> remarks = truss.Text().Remarks(truss.Story.Steps.size() - 1);
+  ASSERT_EQ(remarks.size(), 2U);
+  EXPECT_THAT(remarks[0], HasSubstr("But these values do not hold: Cx = "));
+  EXPECT_THAT(remarks[1], HasSubstr("None of the numbers shown for the forces holds"));
+  EXPECT_THAT(remarks[1], HasSubstr("\"Why this conclusion\""));
+}
+
+// Where only some are left open, exactly, only these do not hold.
+TEST(StepText, TheLastStepTellsValuesThatHoldFromThoseThatDoNot) {
+  SteppedTruss truss(HandTriangle());
+  truss.Rounded.ShownThoughOpen = {4, 6};
+  const std::vector<std::string> remarks = truss.Text().Remarks(truss.Story.Steps.size() - 1);
+  EXPECT_THAT(remarks,
+              testing::IsSupersetOf({HasSubstr("is: Ax = 0, Ay = 500, B = 500 and AC = 707.1."),
+                                     HasSubstr("These values do not hold: AB = -500 and BC = 707.1.")}));
+}
+
+TEST(StepText, SaysOfARowThatDecidesWronglyThatARemnantDecides) {
+  // A rope with a load along it.
+  const SteppedTruss truss(TrussBuilder()
+                               .Member(0, 0, 1, 3, "AB")
+                               .Clamp(0, 0, "Ax", "Ay")
+                               .Joint(0, 0, "A")
+                               .Joint(1, 3, "B")
+                               .Force(1, 3, 100, 300));
+  ASSERT_EQ(truss.Analysis.Reading.Code, Outcome::Inconsistent);
+  ASSERT_EQ(truss.Rounded.Verdict.Code(), Outcome::Redundant);
+  EXPECT_THAT(AllRemarks(truss, truss.Text()),
+              testing::Contains(testing::AllOf(
+                  HasSubstr("This row decides that there is no solution.  But exactly the equations do not "
+                            "contradict each other: "),
+                  HasSubstr(" is a remnant of rounding, because directions are rounded to single precision"),
+                  HasSubstr(" of the largest load."))));
+}
+
+// Nothing is said of rounding where it changes nothing, whatever the truss.
+TEST(StepText, SaysNothingOfRemnantsWhereThereAreNone) {
+  int withRemnants = 0;
+  WithTrussesOfAllKinds([&](const Truss& given) {
+    const SteppedTruss truss(given);
+    if (truss.Graph.NumUnknowns() == 0) return;
+    const bool tooMany = static_cast<int>(truss.Story.Pivots.size()) > truss.Rounded.Verdict.Rank;
+    withRemnants += tooMany ? 1 : 0;
+    bool isTold = false;
+    for (const std::string& remark : AllRemarks(truss, truss.Text()))
+      isTold = isTold || remark.find("and nothing is left here") != std::string::npos;
+    EXPECT_EQ(isTold, tooMany);
+  });
+  EXPECT_GT(withRemnants, 0);
+}
+
 TEST(StepText, NamesTheUnknownsThatStayUndetermined) {
   const SteppedTruss truss(LooseSquare().Member(0, 0, 4, 4, "AC").Member(4, 0, 0, 4, "BD"));
   ASSERT_LT(truss.Graph.NumEquations(), truss.Graph.NumUnknowns());
   EXPECT_THAT(AllRemarks(truss, truss.Text()),
               testing::IsSupersetOf({HasSubstr(" no pivot: there are more unknowns than equations."),
                                      HasSubstr("which stay undetermined.")}));
+}
+
+TEST(StepText, SaysAllValuesHoweverMany) {
+  std::mt19937 random(11);
+  const SteppedTruss truss(RandomSimpleTrussOn(random, 20));
+  const std::string all = truss.Text().Remarks(truss.Story.Steps.size() - 1).front();
+  for (int k = 1; k <= truss.Graph.NumUnknowns(); ++k)
+    EXPECT_THAT(all, HasSubstr(truss.Text().Column(k) + " = "));
+  EXPECT_THAT(all, Not(HasSubstr(" more")));
+}
+
+TEST(StepText, OnlyFactorsThatAre1AreWrittenAs1) {
+  const SteppedTruss truss(HandTriangle());
+  const StepText text = truss.Text();
+  const EliminationStep divide{.Kind = StepKind::Divide, .Row = 6, .Column = 6, .Number = -0.99997778};
+  EXPECT_EQ(text.Title(divide), "Divide C - y by -0.99998");
+  EXPECT_EQ(text.Sentence(divide, false), "C - y becomes C - y divided by -0.99998.");
+  EXPECT_EQ(text.ShortForm(divide), "[C - y] := [C - y] / (-0.99998)");
+  const EliminationStep clear{
+      .Kind = StepKind::Clear, .Row = 6, .OtherRow = 1, .Column = 1, .Number = 1.0000000001};
+  EXPECT_EQ(text.Sentence(clear, false), "C - y becomes C - y minus 1.0000000001 times A - x.");
 }
 
 TEST(StepText, SaysTheValuesThatTheRowsGive) {

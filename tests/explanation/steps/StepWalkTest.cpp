@@ -113,6 +113,32 @@ TEST(StepWalk, MarksWhatIsCleanedAndTheRowsThatDecide) {
   EXPECT_EQ(Marked(walk, truss.Story.Emptied.at(0).Row, CellMark::Pivot), std::vector<int>{8});
 }
 
+// A triangle without supports under a load has rows of both kinds: 0 = 500 and 0 = 0.
+TEST(StepWalk, MarksOfRowsWithoutCoefficientsOnlyThoseThatDecide) {
+  const SteppedTruss truss(TrussBuilder()
+                               .Member(0, 0, 8, 0, "AB")
+                               .Member(0, 0, 4, 3, "AC")
+                               .Member(8, 0, 4, 3, "BC")
+                               .Joint(0, 0, "A")
+                               .Joint(8, 0, "B")
+                               .Joint(4, 3, "C")
+                               .Force(4, 3, 0, -1000));
+  StepWalk walk = WalkThrough(truss);
+  walk.GoTo(walk.NumViews() - 1);
+  const StepText text = truss.Text();
+  const std::string said = text.Remarks(truss.Story.Steps.size() - 1).front();
+  ASSERT_EQ(truss.Story.Emptied.size(), 3U);
+  for (const EmptiedRow& emptied : truss.Story.Emptied) {
+    const bool isMarked = walk.Mark(emptied.Row, 4) == CellMark::Pivot;
+    EXPECT_EQ(isMarked, emptied.RightHandSide != 0) << text.Row(emptied.Row);
+    EXPECT_EQ(isMarked, said.find(text.Row(emptied.Row)) != std::string::npos) << said;
+  }
+  for (std::size_t i = 0; i < truss.Story.Steps.size(); ++i) {
+    for (const std::string& remark : text.Remarks(i))
+      EXPECT_EQ(remark.find("makes the system redundant"), std::string::npos) << remark;
+  }
+}
+
 TEST(StepWalk, MarksWhatChangesItsPlace) {
   const SteppedTruss truss(LooseSquare());
   StepWalk walk = WalkThrough(truss);

@@ -16,9 +16,12 @@ struct SteppedTruss {
       : Document(std::move(truss)),
         Analysis(SolveTruss(Document)),
         Graph(GraphOf(Document, Analysis)),
+        Rounded(Graph.NumUnknowns() == 0 ? Rounding{} : RoundingOf(Graph, Analysis, JudgeExactly(Graph))),
         Story(EliminateInSteps(EquationsOf(Document, Analysis))) {}
 
-  StepText Text(const ReportFormat& format = {}) const { return {Graph, Story, Analysis.Reading, format}; }
+  StepText Text(const ReportFormat& format = {}) const {
+    return {Graph, Story, Analysis.Reading, Rounded, format};
+  }
   std::size_t StepOf(StepKind kind) const {
     const auto found = std::ranges::find(Story.Steps, kind, &EliminationStep::Kind);
     return static_cast<std::size_t>(found - Story.Steps.begin());
@@ -27,6 +30,7 @@ struct SteppedTruss {
   Truss Document;
   TrussAnalysis Analysis;
   TrussGraph Graph;
+  Rounding Rounded;
   EliminationInSteps Story;
 };
 
