@@ -27,8 +27,8 @@ inline TrussBuilder HandTriangle() {
       .Force(4, 4, 0, -1000);
 }
 
-/// Six joints on a circle but for A, which is `a` from the middle; at 5 they are in their critical form: movable,
-/// which only numbers that are not rounded show.
+/// Six joints on a circle but for A, which is `a` from the middle; at 5 they are in their critical form:
+/// movable, which only numbers that are not rounded show.
 inline TrussBuilder HandHexagon(float a) {
   return TrussBuilder()
       .Member(a, 0, 3, 4, "AD")
