@@ -46,14 +46,15 @@ AdviceCandidates::AdviceCandidates(const TrussGraph& graph, const ExactReasons& 
 std::vector<Advice> AdviceCandidates::EndsToJoin() const {
   std::vector<Advice> ends;
   near_.ForEachPair(graph_.Joints, [&](int first, int second) {
-    if (joined_.contains({first, second}) || !IsAGap(first, second)) return true;
+    if (!IsAGap(first, second)) return true;
     ends.push_back({.Kind = AdviceKind::JoinEnds, .JointA = first, .JointB = second});
     return ends.size() < At(MostAdvice);
   });
   return ends;
 }
 
-// Beside the members that end there; in a drawing of many small ones all joints are near each other.
+// Beside the members that end there, so that joints with a member between them have none; in a drawing of
+// many small members all joints are near each other.
 bool AdviceCandidates::IsAGap(int first, int second) const {
   constexpr double oneQuarter = 0.25 * 0.25;
   const double gap = SquaredLength(graph_, first, second);

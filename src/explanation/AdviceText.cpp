@@ -73,9 +73,8 @@ class AdviceTeller {
     const std::pair<int, int> twins{stress.Forces[0].Unknown, stress.Forces[1].Unknown};
     const PlacedUnknown& first = on_.Graph.Unknowns[twins.first];
     const PlacedUnknown& second = on_.Graph.Unknowns[twins.second];
-    if (!first.IsMember() || !second.IsMember() ||
-        std::minmax(first.JointA, first.JointB) != std::minmax(second.JointA, second.JointB))
-      return std::nullopt;
+    // Two members that hold each other in balance alone lie between the same joints.
+    if (!first.IsMember() || !second.IsMember()) return std::nullopt;
     return twins;
   }
 

@@ -58,6 +58,16 @@ TEST(OpenForces, AMemberIsFreeRatherThanAReaction) {
   EXPECT_EQ(graph.Unknowns[open.Free[0]].Name, "AB");
 }
 
+// Three vectors of which each shares both its forces: none has one of its own before another is taken out.
+TEST(OpenForces, AFreeForceIsTakenOutOfTheOtherVectors) {
+  const TrussGraph graph =
+      GraphOf(TrussBuilder().Member(0, 0, 3, 4, "a").Member(0, 0, 3, 0, "b").Member(3, 0, 3, 4, "c"));
+  const std::vector<ModularRow> vectors = {{{0, 1}, {1, 1}}, {{1, 1}, {2, 1}}, {{0, 1}, {2, 1}}};
+  const OpenForces open = OpenForcesOf<FirstField>(graph, vectors);
+  EXPECT_THAT(open.Free, testing::ElementsAre(1, 2, 3));
+  EXPECT_TRUE(open.Dependent.empty());
+}
+
 TEST(OpenForces, WithAllFreeOnesButOneFixedJustTheOnesThatDependOnItAreOpen) {
   std::mt19937 random(77);
   int numFree = 0;

@@ -89,6 +89,8 @@ TEST(SureFigures, OfAllForcesAreThoseOfTheWorstThatIsNot0) {
   EXPECT_THAT(least({{1, 2.05971e9, 2.05993e9}, {2, -2118.46, -2005.01}, {3, 50, 0}}), Optional(1));
   EXPECT_THAT(least({{1, 1000, 1000}, {2, 1e-5, 0}}), Optional(MostSureFigures)) << "0 has no figure";
   EXPECT_THAT(least({{1, 0, -1e-12}}), Optional(0));
+  EXPECT_THAT(least({{1, 10000, 10000}, {2, 1.23449, 1.23451}}), Optional(3))
+      << "the fourth figure that is shown is another one, be the difference ever so small";
   EXPECT_THAT(least({{1, 707.10672, 707.10678}}), Optional(6));
   EXPECT_THAT(least({{1, 0, 0}}), Optional(MostSureFigures));
   EXPECT_EQ(least({}), std::nullopt);

@@ -2,6 +2,7 @@
 
 #include "HandSolutionFixture.h"
 #include "explanation/ExactVerdict.h"
+#include "explanation/byjoint/JointBalance.h"
 #include "explanation/byjoint/TrussBalance.h"
 #include "support/RandomTruss.h"
 
@@ -325,6 +326,39 @@ TEST(HandSolution, APartThatContradictsItselfLeavesTheOthersAlone) {
   const HandSolution solution = SolveByHand(graph);
   EXPECT_TRUE(solution.Contradicts());
   EXPECT_EQ(Found(solution).size(), 6U);
+}
+
+// It is found first, at the joint across whose only member the load pulls.
+TEST(HandSolution, APartThatContradictsItselfFirstLeavesTheOthersAlone) {
+  const TrussGraph graph = GraphOf(HandTriangle()
+                                       .Member(20, 20, 24, 20, "0")
+                                       .Clamp(20, 20, "0x", "0y")
+                                       .Joint(20, 20, "0a")
+                                       .Joint(24, 20, "0b")
+                                       .Force(24, 20, 0, -1));
+  const HandSolution solution = SolveByHand(graph);
+  EXPECT_TRUE(solution.Contradicts());
+  for (int k = 1; k <= graph.NumUnknowns(); ++k) {
+    if (!graph.Unknowns[k].Name.starts_with('0')) {
+      EXPECT_TRUE(solution.Values[k].has_value()) << graph.Unknowns[k].Name;
+    }
+  }
+}
+
+// Whatever the rounding of their directions is.
+TEST(SolvableShare, IsNothingForTwoMembersInLine) {
+  for (int x = 1; x <= 12; ++x) {
+    for (int y = 1; y <= 12; ++y) {
+      const auto dx = static_cast<float>(x), dy = static_cast<float>(y);
+      const TrussGraph graph = GraphOf(TrussBuilder()
+                                           .Member(0, 0, dx, dy)
+                                           .Member(dx, dy, 4 * dx, 4 * dy)
+                                           .Joint(dx, dy, "")
+                                           .Joint(0, 0, "a")
+                                           .Joint(4 * dx, 4 * dy, "b"));
+      EXPECT_EQ(SolvableShare(TrussBalance(graph), 1), 0) << x << ", " << y;
+    }
+  }
 }
 
 TEST(HandSolution, GoesAroundWhatIsUndetermined) {

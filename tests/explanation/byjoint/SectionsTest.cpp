@@ -5,6 +5,7 @@
 
 #include "HandSolutionFixture.h"
 #include "explanation/byjoint/Bridges.h"
+#include "explanation/byjoint/ForcesOnPart.h"
 #include "explanation/byjoint/RigidParts.h"
 
 namespace {
@@ -78,6 +79,20 @@ TEST(Sections, OpenAFinkRoofByItsTieWithMomentsAboutTheRidge) {
   EXPECT_EQ(static_cast<int>(Found(fink.Solution).size()), fink.Graph.NumUnknowns());
   ExpectEquationsHold(fink.Solution);
   ExpectJointsInBalance(fink.Graph, fink.Solution);
+}
+
+// The tie pulls; its arrow still shows that it was assumed to push, and its number is negative.
+TEST(Sections, AnArrowKeepsTheSenseAssumed) {
+  const Fink fink = LargeFink();
+  const HandStep* section = FirstOf(fink.Solution, HandStepKind::Section);
+  ASSERT_NE(section, nullptr);
+  const auto index = static_cast<std::size_t>(section - fink.Solution.Steps.data());
+  const std::vector<ForceOnPart> forces = ForcesOnPart(fink.Graph, fink.Solution, index, {});
+  const auto tie = std::ranges::find(forces, section->Solved.front().Unknown,
+                                     [](const ForceOnPart& force) { return force.Unknown; });
+  ASSERT_NE(tie, forces.end());
+  EXPECT_LT(tie->Value, 0);
+  EXPECT_NEAR(tie->X * tie->SideX + tie->Y * tie->SideY, -1, 1e-9);
 }
 
 // A large triangle with a small one inside, which hangs on a link at each corner: three members or more at
