@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "explanation/Directions.h"
+#include "explanation/ExactVerdict.h"
 #include "explanation/byjoint/HandSolution.h"
 #include "practice/JointPlaces.h"
 
@@ -58,8 +59,8 @@ ForceValues ValuesOf(const Table<Answer>& answers) {
 TriedTruss::TriedTruss(TrussGraph graph, const Classification& reading, const ReportFormat& format)
     : graph_(std::move(graph)),
       atJoint_(UnknownsByJoint(graph_)),
-      hasForces_(reading.Code != Outcome::Inconsistent),
-      solutions_(hasForces_ ? reading.Values : ForceValues(graph_.NumUnknowns())),
+      hasForces_(JudgeExactly(graph_).Code() != Outcome::Inconsistent),
+      solutions_(reading.Code == Outcome::Inconsistent ? ForceValues(graph_.NumUnknowns()) : reading.Values),
       format_(format),
       names_(graph_, format_),
       byHand_(SolveByHand(graph_)),

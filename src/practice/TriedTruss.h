@@ -29,7 +29,8 @@ struct Judgement {
 
 class TriedTruss {
  public:
-  /// `reading` is that of the truss's solutions.
+  /// `reading` is that of the truss's solutions; where rounding alone contradicts, values are judged by
+  /// joints.
   TriedTruss(TrussGraph graph, const Classification& reading, const ReportFormat& format);
   TriedTruss(const TriedTruss&) = delete;
   TriedTruss& operator=(const TriedTruss&) = delete;
@@ -37,7 +38,7 @@ class TriedTruss {
   const TrussGraph& Graph() const { return graph_; }
   const std::string& NameOf(int unknown) const { return names_.Force(unknown); }
 
-  /// False when no forces hold the truss under its loads: then there are none to find.
+  /// False when, exactly, no forces hold the truss under its loads: then there are none to find.
   bool HasForces() const { return hasForces_; }
 
   /// What there is to know before anything is asked: where the joints are, or that there are no forces. A

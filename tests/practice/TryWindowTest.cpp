@@ -134,6 +134,17 @@ TEST_F(TryWindowTest, SaysThatATrussHasNoForces) {
   EXPECT_FALSE(FindControl<QPushButton>(window_, "cmdHint").isEnabled());
 }
 
+// What the reduced matrix says is rounded: it takes these for a unique solution and for a contradiction.
+TEST_F(TryWindowTest, WhetherThereAreForcesIsDecidedExactly) {
+  Show(TrussBuilder().Member(0, 0, 1, 3).Member(1, 3, 4, 12).Clamp(0, 0).Clamp(4, 12).Force(1, 3, 0, -1000));
+  ASSERT_NE(analysis_->Reading.Code, Outcome::Inconsistent);
+  EXPECT_TRUE(Said().startsWith(QStringLiteral("The equations have no solution: no forces hold this truss")));
+  Show(TrussBuilder().Member(0, 0, 1, 3, "tie").Clamp(0, 0, "x", "y").Force(1, 3, 100, 300));
+  ASSERT_EQ(analysis_->Reading.Code, Outcome::Inconsistent);
+  EXPECT_TRUE(Said().startsWith(QStringLiteral("Joints (x, y)")));
+  EXPECT_TRUE(FindControl<QPushButton>(window_, "cmdJudge").isEnabled());
+}
+
 TEST_F(TryWindowTest, SaysOfAJointThatOnlyChecksThatItIsNoSlipOfItsOwn) {
   Show(RoundTriangle());
   // AC is wrong; AB and BC follow from it rightly.
