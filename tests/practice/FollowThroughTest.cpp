@@ -101,8 +101,11 @@ TEST(FollowThrough, TheSlipIsTheFirstInTheOrderOfTheWorkingByHand) {
   const std::vector<int> order = OrderByHand(asked.Graph, SolveByHand(asked.Graph));
   EXPECT_THAT(order, testing::UnorderedElementsAre(1, 2, 3)) << "every joint once";
   // Nothing is right: the slip is at the first.
-  const Student student({{"Ax", 9}, {"Ay", 9}, {"B", 9}, {"AB", 99}, {"AC", 9}, {"BC", -9}});
+  const std::map<std::string, double> wrong{{"Ax", 9},  {"Ay", 9}, {"B", 9},
+                                            {"AB", 99}, {"AC", 9}, {"BC", -9}};
+  const Student student(wrong);
   EXPECT_EQ(student.All().Slip, order.front());
+  EXPECT_EQ(Follow(asked.Graph, ValuesOf(asked.Graph, wrong), {3, 1, 2}).Slip, 3);
   EXPECT_THAT(student.TextOf(asked.Graph.Joints[order.back()].Name.c_str()),
               testing::StartsWith("Nor do the forces"));
 }
