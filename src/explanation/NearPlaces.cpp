@@ -84,7 +84,9 @@ void NearPlaces::ForEachPair(const Table<PlacedJoint>& joints,
 bool NearPlaces::PassesThrough(const MemberLine& member, const PlacedJoint& joint) const {
   if (member.Length() == 0) return false;
   const MemberLine::Seen seen = member.See(joint);
-  return seen.Aside <= thousandth_ && seen.Along > thousandth_ && seen.Along < member.Length() - thousandth_;
+  // In a drawing without extent nothing is near, and where the member's own end is seen is rounded.
+  const double margin = std::max(thousandth_, 1e-9 * member.Length());
+  return seen.Aside <= thousandth_ && seen.Along > margin && seen.Along < member.Length() - margin;
 }
 
 bool NearPlaces::LieOnOneAnother(const PlacedJoint& a, const PlacedJoint& b, const PlacedJoint& c,

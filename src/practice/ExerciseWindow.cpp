@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPainter>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QRegularExpressionValidator>
@@ -218,7 +219,11 @@ std::optional<ExerciseSet> ExerciseWindow::ShownVariant() const {
 }
 
 void ExerciseWindow::PaintVariant(QPrinter* printer) const {
-  if (const std::optional<ExerciseSet> shown = ShownVariant()) PrintExercise(*shown, numbers_, *printer);
+  if (const std::optional<ExerciseSet> shown = ShownVariant()) {
+    PrintExercise(*shown, numbers_, *printer);
+  } else {
+    QPainter(printer).end();  // an empty page: without any the pages of the last truss would stay
+  }
 }
 
 SavingAs ExerciseWindow::Saving(const char* what, const char* filter, const char* ending) const {

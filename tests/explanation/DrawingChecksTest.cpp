@@ -40,6 +40,24 @@ TrussBuilder Sound() {
 
 TEST(DrawingChecks, ASoundTrussHasNone) { EXPECT_THAT(Check(Sound()), IsEmpty()); }
 
+// A file can say so. No member passes through its own end, however that is rounded.
+TEST(DrawingChecks, ASoundTrussHasNoneInADrawingWithoutExtentEither) {
+  for (int x = 1; x <= 12; ++x) {
+    for (int y = 1; y <= 12; ++y) {
+      const auto dx = static_cast<float>(x), dy = static_cast<float>(y);
+      Truss truss = TrussBuilder()
+                        .Member(0, 0, dx, dy, "AC")
+                        .Member(20, 0, dx, dy, "BC")
+                        .Clamp(0, 0)
+                        .Clamp(20, 0)
+                        .Force(dx, dy, 0, -1);
+      truss.Settings.XMin = truss.Settings.XMax = -4;
+      for (const DrawingCheck& check : Check(truss))
+        EXPECT_THAT(check.Text, testing::Not(HasSubstr("passes through"))) << x << ", " << y;
+    }
+  }
+}
+
 TEST(DrawingChecks, EndsThatNearlyMeetAreTwoJoints) {
   // The drawing is 20 wide: 0.02 is a thousandth of it.
   const auto apart = [](float gap) {

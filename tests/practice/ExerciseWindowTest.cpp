@@ -96,6 +96,15 @@ TEST_F(ExerciseWindowTest, ShowsTheSheetOfTheChosenVariantWithItsSolution) {
   EXPECT_GE(preview.pageCount(), 2);
 }
 
+TEST_F(ExerciseWindowTest, ShowsAnEmptyPageWhereThereIsNoVariant) {
+  Show(RoundTriangle());
+  const auto& preview = FindControl<QPrintPreviewWidget>(window_, "picSheet");
+  ASSERT_GE(preview.pageCount(), 2);
+  Show(TrussBuilder().Member(0, 0, 4, 0, "a").Clamp(0, 0, "x", "y").Force(4, 0, 0, -1));
+  EXPECT_TRUE(QTest::qWaitFor([this] { return List().count() == 0; }));
+  EXPECT_EQ(preview.pageCount(), 1);
+}
+
 TEST_F(ExerciseWindowTest, SavesTheSheets) {
   Show(RoundTriangle());
   chooser_.Choice = directory_ / "sheets";
