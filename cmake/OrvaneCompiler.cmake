@@ -38,8 +38,9 @@ endif()
 
 # orvane_join_sources(TARGET): compiles several of its files as one. Most of the time that a file takes goes into headers
 # and templates which its neighbours use as well. Names in unnamed namespaces must then differ within a folder.
+set(ORVANE_JOINED_FILES 8)
 function(orvane_join_sources target)
-  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE ${ORVANE_JOINED_FILES})
   # The compiler takes the joined files for headers.
   target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
 endfunction()

@@ -1,5 +1,5 @@
 // What the eight tool buttons show: small drawings in a box of 32 by 32 pixels, in a dark colour and one
-// bright one.
+// bright one. They are files (glyphs/*.svg); the supports are drawn as the canvas draws them.
 #pragma once
 
 #include <QColor>
