@@ -8,6 +8,7 @@
 
 #include "canvas/SupportPicture.h"
 #include "document/Truss.h"
+#include "platform/qt/MixedColor.h"
 #include "platform/qt/RoundPen.h"
 
 namespace {
@@ -94,7 +95,7 @@ void DrawReOrientation(QPainter& painter, const GlyphColours& colours) {
   DrawHead(painter, last + along * 4, along, 7.5, colours.Accent);
 
   painter.setPen(RoundPen(colours.Ink, OutlineWidth));
-  painter.setBrush(Mixed(colours.Ground, colours.Ink, 0.25));
+  painter.setBrush(MixedColor(colours.Ground, colours.Ink, 0.25F));
   painter.drawPolygon(QPolygonF{{{16, 14}, {20.5, 20.5}, {11.5, 20.5}}});
   painter.setBrush(colours.Ground);
   painter.drawEllipse(QPointF(16, 13.5), 2.2, 2.2);
@@ -136,17 +137,12 @@ QColor AccentOn(const QColor& ground) {
   return ground.lightness() > 128 ? QColor(0xC4, 0x36, 0x2B) : QColor(0xFF, 0x8F, 0x78);
 }
 
-QColor Mixed(const QColor& a, const QColor& b, double partOfB) {
-  const auto mix = [partOfB](int from, int to) { return qRound(from + (to - from) * partOfB); };
-  return QColor(mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue()));
-}
-
 void DrawSupport(QPainter& painter, std::int16_t type, const GlyphColours& colours, qreal lineWidth) {
   painter.setPen(RoundPen(colours.Ink, lineWidth));
   for (const PictureShape& shape : SupportPicture(type)) {
     QPolygonF points;
     for (const PixelPoint& point : shape.Points) points << QPointF(double{point.X}, double{point.Y});
-    painter.setBrush(shape.Fill == White ? colours.Ground : Mixed(colours.Ground, colours.Ink, 0.25));
+    painter.setBrush(shape.Fill == White ? colours.Ground : MixedColor(colours.Ground, colours.Ink, 0.25F));
     switch (shape.Kind) {
       case ShapeKind::Line:
         painter.drawLine(points[0], points[1]);

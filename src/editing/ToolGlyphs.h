@@ -15,9 +15,6 @@ struct GlyphColours {
 /// The red of force arrows, in the shade that stands out on the ground.
 QColor AccentOn(const QColor& ground);
 
-/// `a` with `partOfB` (0 .. 1) of it replaced by `b`.
-QColor Mixed(const QColor& a, const QColor& b, double partOfB);
-
 /// Draws the glyph of tool 1 .. 8 (in the order of the palette) with the box's left top corner at the
 /// painter's origin. Other numbers draw nothing.
 void DrawToolGlyph(QPainter& painter, int tool, const GlyphColours& colours);
