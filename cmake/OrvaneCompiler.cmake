@@ -34,6 +34,11 @@ if(ORVANE_SANITIZE)
   target_compile_definitions(orvane_compiler INTERFACE _GLIBCXX_ASSERTIONS)
 endif()
 
+if(ORVANE_THREAD_SANITIZER)
+  target_compile_options(orvane_compiler INTERFACE -fsanitize=thread)
+  target_link_options(orvane_compiler INTERFACE -fsanitize=thread)
+endif()
+
 if(ORVANE_FUZZ)
   # Coverage for the fuzzer in every library; only the targets themselves link its main.
   target_compile_options(orvane_compiler INTERFACE -fsanitize=fuzzer-no-link)
