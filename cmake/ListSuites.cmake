@@ -1,5 +1,6 @@
 # Writes SUITES, a file for CTest with a test for each suite of PROGRAM (of GoogleTest), in this ENVIRONMENT; those
 # that are SLOW begin before others.
+cmake_minimum_required(VERSION 3.25)
 execute_process(COMMAND ${PROGRAM} --gtest_list_tests OUTPUT_VARIABLE list COMMAND_ERROR_IS_FATAL ANY)
 string(REPLACE "\n" ";" list "${list}")
 set(tests "")
