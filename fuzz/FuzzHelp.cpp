@@ -70,14 +70,14 @@ void CheckTopic(const std::string& topic) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   InputBytes input(data, size);
   const int choice = input.Below(256);
-  if (choice == 0) {
-    CheckFile(Damaged(input));  // takes longest: all of it is hashed
-  } else if (choice < 64) {
-    CheckFile(QByteArray(input.Rest().data(), static_cast<qsizetype>(input.Rest().size())));
-  } else if (choice < 192) {
+  if (choice < 128) {
     CheckContents(input.Rest());
-  } else {
+  } else if (choice < 192) {
     CheckTopic(std::string(input.Rest()));
+  } else if (choice < 255) {
+    CheckFile(QByteArray(input.Rest().data(), static_cast<qsizetype>(input.Rest().size())));
+  } else {
+    CheckFile(Damaged(input));  // takes longest: all of it is hashed
   }
   return 0;
 }
