@@ -51,7 +51,9 @@ class RoundingWriter {
     return text;
   }
 
-  /// Of the numbers that the table shows for the forces, those that mean nothing.
+  /// Of the numbers that the table shows for the forces, those that mean nothing. Where forces balance the
+  /// loads, a number for one that is left open may stand in one of many such states: it is not determined,
+  /// but not wrong.
   std::string WrongNumbers() const {
     const std::vector<int>& open = on_.ShownThoughOpen;
     if (!on_.HoldsNoNumber() && open.empty()) return {};
@@ -61,7 +63,7 @@ class RoundingWriter {
       text = "None of the numbers shown for the forces holds, be they large or small";
     } else {
       text = "The equations leave " + Names(open) + " open; the " +
-             (one ? "number shown for it does" : "numbers shown for them do") + " not hold";
+             (one ? "number shown for it is" : "numbers shown for them are") + " not determined";
     }
     if (on_.ShownMagnification > NearlyAMechanism) {
       text += ": with up to " + Number(on_.ShownMagnification) + " times the largest load " +

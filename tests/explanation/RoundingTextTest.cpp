@@ -9,7 +9,7 @@
 #include "ExplanationFixture.h"
 #include "explanation/Explanation.h"
 #include "explanation/ExplanationText.h"
-#include "support/TrussBuilder.h"
+#include "support/HandTrusses.h"
 
 namespace {
 
@@ -142,7 +142,7 @@ TEST(RoundingNotice, SaysThatNoNumberHoldsWhereThereIsNoSolution) {
   }
 }
 
-TEST(RoundingNotice, NumbersOfForcesThatAreLeftOpenDoNotHold) {
+TEST(RoundingNotice, NumbersOfForcesThatAreLeftOpenAreNotDetermined) {
   // The critical form under a load that its clamp takes alone.
   Truss truss = HexagonOf(3, 0).Force(-4, -3, 0, -1000);
   const Explanation explanation = ExplainRounding(truss);
@@ -152,8 +152,19 @@ TEST(RoundingNotice, NumbersOfForcesThatAreLeftOpenDoNotHold) {
   const std::string notice = RoundingNotice(explanation.Graph, explanation.Rounded, {});
   EXPECT_THAT(notice,
               HasSubstr("The equations leave AD, AE, AF, BD, BE, BF and 3 more open; the numbers shown "
-                        "for them do not hold"));
+                        "for them are not determined"));
   EXPECT_THAT(notice, Not(HasSubstr("None of the numbers")));
+}
+
+// Fifty and fifty of the load, as any other share, balance it.
+TEST(RoundingNotice, NumbersOfABalancedArchAreNotCalledWrong) {
+  EXPECT_EQ(
+      NoticeOf(SlopingArch(100, 300)),
+      "Exactly, the system is redundant: these loads are in balance.  The reduced matrix says otherwise "
+      "because directions are rounded to single precision.  The equations leave Ax, Ay, Bx, By, AC and BC "
+      "open; the numbers shown for them are not determined: directions are rounded to single precision, "
+      "and a remnant of that stands as a pivot where exactly there is none.");
+  EXPECT_THAT(NoticeOf(SlopingArch(300, -100)), HasSubstr("None of the numbers shown for the forces holds"));
 }
 
 // The braced panel on two clamps: moments about them give Ay and By, whatever its slopes are.
@@ -240,8 +251,8 @@ TEST(RoundingNotice, ANumberForAnOpenForceMayComeFromACoefficientThatIsLost) {
   rounding.ShownThoughOpen = {5};
   EXPECT_EQ(
       RoundingNotice(graph, rounding, {}),
-      "The equations leave AB open; the number shown for it does not hold: directions are rounded to single "
-      "precision, and a coefficient that exactly is not 0 counts as nothing.");
+      "The equations leave AB open; the number shown for it is not determined: directions are rounded to "
+      "single precision, and a coefficient that exactly is not 0 counts as nothing.");
   EXPECT_THAT(DifferentReadings(graph, rounding, {}),
               HasSubstr("exactly, AB is left open, but the reduced matrix shows a number for it."));
 }
@@ -252,8 +263,9 @@ TEST(DifferentReadings, TellTheForcesAlsoWhereTheOutcomesDiffer) {
               AllOf(HasSubstr("exactly, the system is redundant"),
                     HasSubstr(".  Exactly, AD, AE, AF, BD, BE, BF and 3 more are left open, but the reduced "
                               "matrix shows numbers for them.  More stands")));
-  EXPECT_THAT(NoticeOf(truss), HasSubstr("do not hold: directions are rounded to single precision, and a "
-                                         "remnant of that stands as a pivot where exactly there is none."));
+  EXPECT_THAT(NoticeOf(truss),
+              HasSubstr("are not determined: directions are rounded to single precision, and a "
+                        "remnant of that stands as a pivot where exactly there is none."));
 }
 
 TEST(RoundingNotice, WithinTheFiguresNumbersHoldThoughExactlyThereAreNone) {

@@ -46,7 +46,8 @@ std::vector<std::string> HandText::Closing(const Classification& shown) const {
   return lines;
 }
 
-// Where the reduced matrix finds other forces: which, and that it is wrong there.
+// Where the reduced matrix finds other forces: which, and why. What it shows for forces that are left open is
+// one of many states that balance the loads.
 void HandText::AddOtherForces(const Classification& shown, std::vector<std::string>& lines) const {
   std::vector<int> hidden;
   std::vector<int> open;
@@ -60,7 +61,8 @@ void HandText::AddOtherForces(const Classification& shown, std::vector<std::stri
     lines.push_back("The reduced matrix leaves " + names_.Forces(hidden) + " open" + because);
   if (!open.empty()) {
     lines.push_back("For " + names_.Forces(open) + " the reduced matrix shows " +
-                    (open.size() == 1 ? "a number that does" : "numbers that do") + " not hold" + because);
+                    (open.size() == 1 ? "a number that is" : "numbers that are") + " not determined" +
+                    because);
   }
 }
 

@@ -120,7 +120,7 @@ void StepText::AddReading(std::vector<std::string>& remarks) const {
   if (!worth.empty()) remarks.push_back(std::move(worth));
 }
 
-// Those that do not hold apart from those that do.
+// Those that do not hold, or are not determined, apart from those that are.
 void StepText::AddValues(std::vector<std::string>& remarks) const {
   std::vector<std::string> values;
   std::vector<std::string> wrong;
@@ -134,9 +134,11 @@ void StepText::AddValues(std::vector<std::string>& remarks) const {
   }
   const std::string single = "A row whose only coefficient is a 1 says what the unknown of that column is";
   if (!values.empty()) remarks.push_back(single + ": " + ListOf(values, All) + ".");
-  if (!wrong.empty())
-    remarks.push_back((values.empty() ? single + ".  But these values" : "These values") +
-                      " do not hold: " + ListOf(wrong, All) + ".");
+  if (!wrong.empty()) {
+    const bool one = wrong.size() == 1;
+    remarks.push_back((values.empty() ? single + ".  But t" : "T") + (one ? "his value " : "hese values ") +
+                      rounding_.WhatFails(one) + ": " + ListOf(wrong, All) + ".");
+  }
   if (!undetermined.empty())
     remarks.push_back("No row has a single coefficient for " + names_.Forces(undetermined, All) + ", which " +
                       (undetermined.size() == 1 ? "stays" : "stay") + " undetermined.");

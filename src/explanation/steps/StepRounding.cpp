@@ -53,7 +53,8 @@ std::string StepRounding::OnPivot(int number, const std::string& value) const {
                                      " times smaller than the numbers that it is left over from"
                                : "") +
          ".  It counts as a pivot because it is not below " + PowerOfTenText(PivotTolerance) +
-         ".  To divide by it makes numbers out of nothing: what follows from it does not hold" +
+         ".  To divide by it makes numbers out of nothing: what follows from it " +
+         (rounding_.Verdict.Code() == Outcome::Inconsistent ? "does not hold" : "is not determined") +
          (isSaidWhich ? ", and the last step says which values that are." : ".");
 }
 
@@ -78,6 +79,11 @@ std::string StepRounding::OnContradiction(double rightHandSide, const std::strin
 
 bool StepRounding::Holds(int unknown) const {
   return !rounding_.HoldsNoNumber() && !std::ranges::binary_search(rounding_.ShownThoughOpen, unknown);
+}
+
+std::string StepRounding::WhatFails(bool one) const {
+  if (rounding_.HoldsNoNumber()) return one ? "does not hold" : "do not hold";
+  return one ? "is not determined" : "are not determined";
 }
 
 std::string StepRounding::OnReading() const {

@@ -28,8 +28,12 @@ class StepRounding {
   /// That a row without coefficients decides wrongly, by `rightHandSide`, that there is no solution.
   std::string OnContradiction(double rightHandSide, const std::string& value) const;
 
-  /// Whether the number that the reduced matrix gives the unknown holds.
+  /// Whether the number that the reduced matrix gives the unknown holds, and no other would.
   bool Holds(int unknown) const;
+
+  /// What is wrong with the numbers, or the one number, for which this is not so: they "do not hold" where no
+  /// forces balance the loads, and else "are not determined", being those of one of many balanced states.
+  std::string WhatFails(bool one) const;
 
   /// What the values are worth, and where to read on.
   std::string OnReading() const;

@@ -12,44 +12,7 @@
 #include "explanation/ExplanationFixture.h"
 #include "explanation/RigidityMatrix.h"
 #include "explanation/byjoint/HandSolution.h"
-
-/// A triangle on a clamp and a roller under a load of 1000 at its top.
-inline TrussBuilder HandTriangle() {
-  return TrussBuilder()
-      .Member(0, 0, 8, 0, "AB")
-      .Member(0, 0, 4, 4, "AC")
-      .Member(8, 0, 4, 4, "BC")
-      .Clamp(0, 0, "Ax", "Ay")
-      .Roller(8, 0, "B")
-      .Joint(0, 0, "A")
-      .Joint(8, 0, "B")
-      .Joint(4, 4, "C")
-      .Force(4, 4, 0, -1000);
-}
-
-/// Six joints on a circle but for A, which is `a` from the middle; at 5 they are in their critical form:
-/// movable, which only numbers that are not rounded show.
-inline TrussBuilder HandHexagon(float a) {
-  return TrussBuilder()
-      .Member(a, 0, 3, 4, "AD")
-      .Member(a, 0, -5, 0, "AE")
-      .Member(a, 0, 0, -5, "AF")
-      .Member(-3, 4, 3, 4, "BD")
-      .Member(-3, 4, -5, 0, "BE")
-      .Member(-3, 4, 0, -5, "BF")
-      .Member(-4, -3, 3, 4, "CD")
-      .Member(-4, -3, -5, 0, "CE")
-      .Member(-4, -3, 0, -5, "CF")
-      .Clamp(-4, -3, "Cx", "Cy")
-      .Roller(0, -5, "F")
-      .Joint(a, 0, "A")
-      .Joint(-3, 4, "B")
-      .Joint(-4, -3, "C")
-      .Joint(3, 4, "D")
-      .Joint(-5, 0, "E")
-      .Joint(0, -5, "F")
-      .Force(-3, 4, 0, -1000);
-}
+#include "support/HandTrusses.h"
 
 inline int CountSteps(const HandSolution& solution, HandStepKind kind) {
   return static_cast<int>(std::ranges::count(solution.Steps, kind, &HandStep::Kind));

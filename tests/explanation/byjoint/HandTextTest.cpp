@@ -177,17 +177,24 @@ TEST(HandText, SaysWhichForcesTheReducedMatrixLeavesOpen) {
                           "single precision.  See \"Why this conclusion\"."));
 }
 
-TEST(HandText, SaysWhichNumbersOfTheReducedMatrixDoNotHold) {
+TEST(HandText, SaysWhichNumbersOfTheReducedMatrixAreNotDetermined) {
   const ToldByHand told(HandTriangle());
   HandSolution solution = told.Solution;
   const int last = told.Graph.NumUnknowns();
   solution.Values[last].reset();
-  EXPECT_THAT(
-      HandText(told.Graph, solution, told.Format).Closing(told.Reading),
-      ElementsAre("The equations do not determine BC.",
-                  "For BC the reduced matrix shows a number that does not hold, because its directions "
-                  "are rounded to single precision.  See \"Why this conclusion\".",
-                  "The values agree with the solutions that the reduced matrix gives."));
+  EXPECT_THAT(HandText(told.Graph, solution, told.Format).Closing(told.Reading),
+              ElementsAre("The equations do not determine BC.",
+                          "For BC the reduced matrix shows a number that is not determined, because its "
+                          "directions are rounded to single precision.  See \"Why this conclusion\".",
+                          "The values agree with the solutions that the reduced matrix gives."));
+}
+
+TEST(HandText, NumbersOfABalancedArchAreNotDetermined) {
+  EXPECT_THAT(ToldByHand(SlopingArch(100, 300)).Closing(),
+              ElementsAre("The equations do not determine Ax, Ay, Bx, By, AC and BC.",
+                          "For Ax, Ay, Bx, By, AC and BC the reduced matrix shows numbers that are not "
+                          "determined, because its directions are rounded to single precision.  See \"Why "
+                          "this conclusion\"."));
 }
 
 // "0.8 \xB7 3125 + (-1000) + CH", with what is sought put in.

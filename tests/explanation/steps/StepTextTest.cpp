@@ -475,14 +475,35 @@ TEST(StepText, TheLastStepSaysThatValuesOutOfARemnantDoNotHold) {
   EXPECT_THAT(remarks[1], HasSubstr("\"Why this conclusion\""));
 }
 
-// Where only some are left open, exactly, only these do not hold.
-TEST(StepText, TheLastStepTellsValuesThatHoldFromThoseThatDoNot) {
+// Along their line the members carry the load, only not in one way: the numbers are those of one of them.
+TEST(StepText, WhatFollowsFromARemnantInABalancedTrussIsNotDetermined) {
+  for (const bool balanced : {true, false}) {
+    const SteppedTruss truss(balanced ? SlopingArch(100, 300) : SlopingArch(300, -100));
+    ASSERT_EQ(truss.Analysis.Reading.Code, Outcome::Neither);
+    ASSERT_EQ(truss.Rounded.Verdict.Code(), balanced ? Outcome::Redundant : Outcome::Inconsistent);
+    const StepText text = truss.Text();
+    EXPECT_THAT(text.RemarkOnPivot(6), HasSubstr(balanced ? "what follows from it is not determined, and"
+                                                          : "what follows from it does not hold, and"));
+    EXPECT_THAT(text.Remarks(truss.Story.Steps.size() - 1).front(),
+                HasSubstr(balanced ? "But these values are not determined: Ax = -50, Ay = -150, "
+                                   : "But these values do not hold: Ax = "));
+    std::string all;
+    for (const std::string& remark : AllRemarks(truss, text)) all += remark;
+    EXPECT_THAT(all, Not(HasSubstr(balanced ? " hold:" : "not determined")));
+  }
+}
+
+// Where only some are left open, exactly, only these are not determined.
+TEST(StepText, TheLastStepTellsValuesThatAreDeterminedFromThoseThatAreNot) {
   SteppedTruss truss(HandTriangle());
   truss.Rounded.ShownThoughOpen = {4, 6};
   const std::vector<std::string> remarks = truss.Text().Remarks(truss.Story.Steps.size() - 1);
-  EXPECT_THAT(remarks,
-              testing::IsSupersetOf({HasSubstr("is: Ax = 0, Ay = 500, B = 500 and AC = 707.1."),
-                                     HasSubstr("These values do not hold: AB = -500 and BC = 707.1.")}));
+  EXPECT_THAT(remarks, testing::IsSupersetOf(
+                           {HasSubstr("is: Ax = 0, Ay = 500, B = 500 and AC = 707.1."),
+                            HasSubstr("These values are not determined: AB = -500 and BC = 707.1.")}));
+  truss.Rounded.ShownThoughOpen = {4};
+  EXPECT_THAT(truss.Text().Remarks(truss.Story.Steps.size() - 1),
+              testing::Contains(HasSubstr("This value is not determined: AB = -500.")));
 }
 
 TEST(StepText, SaysOfARowThatDecidesWronglyThatARemnantDecides) {
