@@ -5,6 +5,7 @@
 #include <numeric>
 
 #include "explanation/DistinctNames.h"
+#include "explanation/Length.h"
 #include "explanation/RigidityMatrix.h"
 
 namespace {
@@ -59,7 +60,7 @@ class Collector {
   void AddMember(int k, int joint, int far) {
     const double dx = WrittenDifference(graph_.Joints[far].X, graph_.Joints[joint].X);
     const double dy = WrittenDifference(graph_.Joints[far].Y, graph_.Joints[joint].Y);
-    const double length = std::hypot(dx, dy);
+    const double length = LengthOf(dx, dy);
     ForceOnPart force{
         .Unknown = k, .Joint = joint, .IsMember = true, .SideX = dx / length, .SideY = dy / length};
     force.Value = values_[k];
@@ -90,7 +91,7 @@ class Collector {
   void AddLoad(const PlacedLoad& load) {
     const double fx = WrittenDifference(load.Fx, 0);
     const double fy = WrittenDifference(load.Fy, 0);
-    const double size = std::hypot(fx, fy);
+    const double size = LengthOf(fx, fy);
     if (size == 0) return;
     ForceOnPart force{.Joint = load.Joint, .X = fx / size, .Y = fy / size};
     force.Value = size;

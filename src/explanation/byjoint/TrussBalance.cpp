@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "explanation/Length.h"
 #include "explanation/RigidityMatrix.h"
 
 namespace {
@@ -65,7 +66,7 @@ TrussBalance::TrussBalance(const TrussGraph& graph)
       const PlacedJoint& b = graph.Joints[unknown.JointB];
       const double dx = WrittenDifference(a.X, b.X);
       const double dy = WrittenDifference(a.Y, b.Y);
-      lengths_[k] = std::hypot(dx, dy);
+      lengths_[k] = LengthOf(dx, dy);
       if (unknown.JointA == unknown.JointB) continue;
       directions_[k] = places_[unknown.JointA].Exact - places_[unknown.JointB].Exact;
       unitX_[k] = dx / lengths_[k];
@@ -125,7 +126,7 @@ double TrussBalance::ArmShare(int unknown, const PlanePoint& point) const {
   const PlanePoint& b = placed.IsMember() ? places_[placed.JointB] : a;
   const double arm = std::abs((a.X - point.X) * unitY_[unknown] - (a.Y - point.Y) * unitX_[unknown]);
   const double distance =
-      std::min(std::hypot(a.X - point.X, a.Y - point.Y), std::hypot(b.X - point.X, b.Y - point.Y));
+      std::min(LengthOf(a.X - point.X, a.Y - point.Y), LengthOf(b.X - point.X, b.Y - point.Y));
   return distance > 0 ? arm / distance : 0;
 }
 
