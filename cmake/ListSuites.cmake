@@ -1,4 +1,6 @@
-# Writes SUITES, a file for CTest with a test for each suite of PROGRAM (of GoogleTest), in this ENVIRONMENT.
+# Writes SUITES, a file for CTest with a test for each suite of PROGRAM (of GoogleTest), in this ENVIRONMENT; those
+# that are SLOW begin before others.
+cmake_minimum_required(VERSION 3.25)
 execute_process(COMMAND ${PROGRAM} --gtest_list_tests OUTPUT_VARIABLE list COMMAND_ERROR_IS_FATAL ANY)
 string(REPLACE "\n" ";" list "${list}")
 set(tests "")
@@ -7,6 +9,9 @@ foreach(line IN LISTS list)
   if(line MATCHES "^([A-Za-z0-9_/]+)\\.( *#.*)?$")
     set(suite ${CMAKE_MATCH_1})
     string(APPEND tests "add_test([==[${suite}]==] [==[${PROGRAM}]==] --gtest_brief=1 [==[--gtest_filter=${suite}.*]==])\n")
+    if(suite IN_LIST SLOW)
+      string(APPEND tests "set_tests_properties([==[${suite}]==] PROPERTIES COST 1000)\n")
+    endif()
     if(ENVIRONMENT)
       string(APPEND tests "set_tests_properties([==[${suite}]==] PROPERTIES ENVIRONMENT [==[${ENVIRONMENT}]==])\n")
     endif()

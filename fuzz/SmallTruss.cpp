@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int MostJoints = 7, MostMembers = 14, MostSupports = 4, MostLoads = 3;
+constexpr int MostJoints = 5, MostMembers = 10, MostSupports = 3, MostLoads = 2;
 constexpr int NumCoordinates = 8, LargestLoad = 3;
 
 // Counts the lines of a section.

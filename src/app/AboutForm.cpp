@@ -7,6 +7,7 @@
 #include "app/Icons.h"
 #include "platform/MessageBox.h"
 #include "platform/qt/FittedText.h"
+#include "platform/qt/OnPress.h"
 #include "platform/qt/ScreenRoom.h"
 
 namespace {
@@ -37,7 +38,7 @@ AboutForm::AboutForm(QWidget* parent) : QDialog(parent) {
   Command1->setObjectName(QStringLiteral("Command1"));
   Command1->setShortcut(Qt::ALT | Qt::Key_O);
   Command1->setDefault(true);
-  connect(Command1, &QPushButton::clicked, this, &QDialog::accept);
+  OnPress(Command1, this, &QDialog::accept);
 
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(16, 16, 16, 14);

@@ -11,6 +11,7 @@
 #include "app/HelpIcons.h"
 #include "platform/qt/FittedText.h"
 #include "platform/qt/MixedColor.h"
+#include "platform/qt/OnPress.h"
 #include "platform/qt/QtText.h"
 
 namespace {
@@ -47,9 +48,9 @@ FindBar::FindBar(QTextBrowser& browser, QWidget* parent)
       MakeButton("cmdFindNext", QStringLiteral("Find next"), QStringLiteral("F3"), HelpGlyph::Next);
   QToolButton* close = MakeButton("cmdFindClose", QStringLiteral("Close the find bar"), QStringLiteral("Esc"),
                                   HelpGlyph::Close);
-  connect(previous, &QToolButton::clicked, this, &FindBar::FindPrevious);
-  connect(next, &QToolButton::clicked, this, &FindBar::FindNext);
-  connect(close, &QToolButton::clicked, this, &FindBar::Dismiss);
+  OnPress(previous, this, &FindBar::FindPrevious);
+  OnPress(next, this, &FindBar::FindNext);
+  OnPress(close, this, &FindBar::Dismiss);
   connect(txtFind_, &QLineEdit::textChanged, this, &FindBar::FindWhileTyping);
   connect(&browser_, &QTextBrowser::sourceChanged, this, [this] { ShowResult({}, true); });
 

@@ -1,5 +1,5 @@
 // What the eight tool buttons show: small drawings in a box of 32 by 32 pixels, in a dark colour and one
-// bright one.
+// bright one. They are files (glyphs/*.svg); the supports are drawn as the canvas draws them.
 #pragma once
 
 #include <QColor>
@@ -14,9 +14,6 @@ struct GlyphColours {
 
 /// The red of force arrows, in the shade that stands out on the ground.
 QColor AccentOn(const QColor& ground);
-
-/// `a` with `partOfB` (0 .. 1) of it replaced by `b`.
-QColor Mixed(const QColor& a, const QColor& b, double partOfB);
 
 /// Draws the glyph of tool 1 .. 8 (in the order of the palette) with the box's left top corner at the
 /// painter's origin. Other numbers draw nothing.

@@ -3,6 +3,7 @@
 #include <QPainter>
 
 #include "editing/ToolGlyphs.h"
+#include "platform/qt/MixedColor.h"
 
 namespace {
 
@@ -10,12 +11,12 @@ namespace {
 QColor DrawButton(QPainter& painter, bool pressed, const QPalette& palette) {
   const QColor face = palette.color(QPalette::Button);
   const QColor text = palette.color(QPalette::ButtonText);
-  const QColor ground = pressed ? Mixed(face, text, 0.16) : face;
-  const double shine = face.lightness() > 128 ? 0.35 : 0.10;
+  const QColor ground = pressed ? MixedColor(face, text, 0.16F) : face;
+  const float shine = face.lightness() > 128 ? 0.35F : 0.10F;
   QLinearGradient light(0, 0, 0, ToolPictureSize);
-  light.setColorAt(0, pressed ? Mixed(ground, Qt::black, 0.10) : Mixed(ground, Qt::white, shine));
-  light.setColorAt(pressed ? 0.25 : 1, pressed ? ground : Mixed(ground, Qt::black, 0.04));
-  painter.setPen(QPen(pressed ? AccentOn(face) : Mixed(face, text, 0.45), pressed ? 1.5 : 1));
+  light.setColorAt(0, pressed ? MixedColor(ground, Qt::black, 0.10F) : MixedColor(ground, Qt::white, shine));
+  light.setColorAt(pressed ? 0.25 : 1, pressed ? ground : MixedColor(ground, Qt::black, 0.04F));
+  painter.setPen(QPen(pressed ? AccentOn(face) : MixedColor(face, text, 0.45F), pressed ? 1.5 : 1));
   painter.setBrush(light);
   const qreal inset = pressed ? 0.75 : 0.5;
   painter.drawRoundedRect(

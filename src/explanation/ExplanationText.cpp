@@ -164,8 +164,9 @@ class Writer {
   std::string OneEquationText(const ContradictionProof& proof) const {
     const WeightedEquation& equation = proof.Equations.front();
     const std::string load = Number(proof.Sum / equation.Factor);
-    return "No force acts on " + names_.JointInWords(equation.Joint) + " in the direction of the equation " +
-           names_.Equation(equation.Joint, equation.Along) + ", only a load: it says 0 = " + load +
+    return "No unknown force acts on " + names_.JointInWords(equation.Joint) +
+           " in the direction of the equation " + names_.Equation(equation.Joint, equation.Along) +
+           ", only a load: it says 0 = " + load +
            ", and contradicts itself.  In words of mechanics: on motion " +
            std::to_string(proof.MotionNumber) + " the load does work, and nothing is there to balance it.";
   }

@@ -132,10 +132,10 @@ AnswerTable ReadCsv(std::string_view bytes, std::string_view expected) {
 }
 
 std::string CsvTextField(const std::string& utf8Text) {
-  std::string text = utf8Text;
+  std::string text = VisibleText(utf8Text);
   // Also behind blanks, which spreadsheets pass over.
   const std::size_t first = text.find_first_not_of(' ');
-  if (first != std::string::npos && std::string_view("=+-@\t\r").find(text[first]) != std::string_view::npos)
+  if (first != std::string::npos && std::string_view("=+-@").find(text[first]) != std::string_view::npos)
     text.insert(text.begin(), '\'');
   return CsvField(text);
 }

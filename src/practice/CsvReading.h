@@ -24,5 +24,6 @@ bool IsHeading(std::string_view heading, std::string_view smallLetters);
 AnswerTable ReadCsv(std::string_view bytes, std::string_view expected);
 
 /// A field as it is written: in quotes where it must be. A text that a spreadsheet would take for a formula
-/// gets an apostrophe in front, which makes it a text there.
+/// gets an apostrophe in front, which makes it a text there, and control characters are signs (VisibleText):
+/// a terminal would obey them.
 std::string CsvTextField(const std::string& utf8Text);

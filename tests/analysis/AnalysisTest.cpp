@@ -34,7 +34,7 @@ struct Answers {
 };
 
 // 3-4-5 members on a clamp and a roller, 8 wide and 3 high.
-TrussBuilder Triangle() {
+TrussBuilder SmallTriangle() {
   return TrussBuilder()
       .Member(0, 0, 8, 0, "AB")
       .Member(0, 0, 4, 3, "AC")
@@ -62,7 +62,7 @@ TrussBuilder Square() {
 TEST(SolveTruss, ATriangleHasTheForcesOfItsGeometry) {
   // 600 down at the top: 300 on each support; each leaning member 300 * 5/3 in compression, the lower one
   // 500 * 4/5 in tension. The ratios 0.6 and 0.8 are singles, hence the tolerance.
-  const Answers answers(Triangle().Force(4, 3, 0, -600));
+  const Answers answers(SmallTriangle().Force(4, 3, 0, -600));
   EXPECT_EQ(answers.Reading.Code, Outcome::Neither);
   EXPECT_NEAR(*answers.Force("Ax"), 0, 1e-9);
   EXPECT_NEAR(*answers.Force("Ay"), 300, 1e-9);
@@ -92,7 +92,7 @@ TEST(SolveTruss, ARightTriangleWithAxisParallelMembersIsSolvedExactly) {
 }
 
 TEST(SolveTruss, WithAsManyEquationsAsUnknownsTheReducedMatrixIsTheIdentity) {
-  const Answers answers(Triangle().Force(4, 3, 70, -600));
+  const Answers answers(SmallTriangle().Force(4, 3, 70, -600));
   const SparseMatrix<double>& matrix = answers.System.EquationMatrix;
   ASSERT_EQ(matrix.NumRows(), 6);
   ASSERT_EQ(matrix.NumColumns(), 7);
@@ -104,7 +104,7 @@ TEST(SolveTruss, WithAsManyEquationsAsUnknownsTheReducedMatrixIsTheIdentity) {
 }
 
 TEST(SolveTruss, TheEquationsStayAsAssembledForTheirReport) {
-  const Answers answers(Triangle().Force(4, 3, 0, -600));
+  const Answers answers(SmallTriangle().Force(4, 3, 0, -600));
   const SparseMatrix<float>& equations = answers.System.DisplayEquations;
   std::vector<float> lastRow;
   for (int column = 1; column <= 7; ++column) lastRow.push_back(equations(6, column));
@@ -191,12 +191,12 @@ TEST(SolveTruss, AnUnknownThatWasMovedIsFoundThroughTheColumnOrder) {
 }
 
 TEST(SolveTruss, TheForceInAMemberWithoutLengthIsUndetermined) {
-  const Answers answers(Triangle().Member(4, 3, 4, 3, "dot").Force(4, 3, 0, -600));
+  const Answers answers(SmallTriangle().Member(4, 3, 4, 3, "dot").Force(4, 3, 0, -600));
   EXPECT_EQ(answers.Force("dot"), std::nullopt);
   EXPECT_NEAR(*answers.Force("B"), 300, 1e-9);
 }
 
 TEST(SolveTruss, AForceApartFromTheTrussHasNothingToBalanceIt) {
-  EXPECT_EQ(Answers(Triangle().Force(20, 20, 0, -1)).Reading.Code, Outcome::Inconsistent);
-  EXPECT_EQ(Answers(Triangle().Force(20, 20, 0, 0)).Reading.Code, Outcome::Redundant);
+  EXPECT_EQ(Answers(SmallTriangle().Force(20, 20, 0, -1)).Reading.Code, Outcome::Inconsistent);
+  EXPECT_EQ(Answers(SmallTriangle().Force(20, 20, 0, 0)).Reading.Code, Outcome::Redundant);
 }

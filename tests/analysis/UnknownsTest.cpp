@@ -35,7 +35,7 @@ std::vector<LabelIndex> LabelsOf(const EquationSystem& system) {
   return labels;
 }
 
-Table<Unknown> ListOf(const std::vector<std::pair<LabelIndex, std::string>>& entries) {
+Table<Unknown> UnknownsNamed(const std::vector<std::pair<LabelIndex, std::string>>& entries) {
   Table<Unknown> list(static_cast<int>(entries.size()));
   int k = 0;
   for (const auto& [label, name] : entries) list[++k] = Unknown{label, name};
@@ -127,7 +127,7 @@ TEST(Unknowns, CountingAgainStartsFromNothing) {
 }
 
 TEST(SortUnknowns, ComparesCharacterCodes) {
-  Table<Unknown> list = ListOf({{1, "a"},
+  Table<Unknown> list = UnknownsNamed({{1, "a"},
                                 {2, UnnamedCaption},
                                 {3, "\xC4"},
                                 {4, "9"},
@@ -144,7 +144,7 @@ TEST(SortUnknowns, ComparesCharacterCodes) {
 }
 
 TEST(SortUnknowns, CarriesTheLabelsAndKeepsEqualNamesInOrder) {
-  Table<Unknown> list = ListOf({{5, "b"}, {1, "a"}, {9, "b"}, {3, "a"}, {7, "b"}});
+  Table<Unknown> list = UnknownsNamed({{5, "b"}, {1, "a"}, {9, "b"}, {3, "a"}, {7, "b"}});
   SortUnknowns(list, 1, 5);
   std::vector<LabelIndex> labels;
   for (int k = 1; k <= 5; ++k) labels.push_back(list[k].Label);
@@ -162,7 +162,7 @@ TEST(SortUnknowns, KeepsEqualNamesInOrderInLongListsToo) {
 }
 
 TEST(SortUnknowns, TouchesItsRangeOnly) {
-  Table<Unknown> list = ListOf({{1, "z"}, {2, "y"}, {3, "x"}, {4, "w"}, {5, "a"}});
+  Table<Unknown> list = UnknownsNamed({{1, "z"}, {2, "y"}, {3, "x"}, {4, "w"}, {5, "a"}});
   SortUnknowns(list, 2, 4);
   std::vector<LabelIndex> labels;
   for (int k = 1; k <= 5; ++k) labels.push_back(list[k].Label);
@@ -170,7 +170,7 @@ TEST(SortUnknowns, TouchesItsRangeOnly) {
 }
 
 TEST(ColumnMap, FindsTheFirstUnknownWithALabelAndZeroForNone) {
-  const ColumnMap columns(ListOf({{7, "a"}, {3, "b"}, {7, "c"}}));
+  const ColumnMap columns(UnknownsNamed({{7, "a"}, {3, "b"}, {7, "c"}}));
   EXPECT_EQ(columns.Column(7), 1);
   EXPECT_EQ(columns.Column(3), 2);
   EXPECT_EQ(columns.Column(5), 0);

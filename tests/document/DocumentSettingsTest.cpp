@@ -8,7 +8,7 @@ namespace {
 
 // 400 by 300 pixels.
 constexpr CanvasBounds Bounds{.PixL = 50, .PixR = 450, .PixT = 70, .PixB = 370};
-constexpr float LargestSingle = std::numeric_limits<float>::max();
+constexpr float LargestLength = std::numeric_limits<float>::max();
 
 }  // namespace
 
@@ -90,11 +90,11 @@ TEST(DeriveView, AnEmptyRangeHasNoHatches) {
 
 TEST(DeriveView, AResultBeyondSinglePrecisionIsZero) {
   DocumentSettings settings;
-  settings.XMin = -LargestSingle;
-  settings.XMax = LargestSingle;
+  settings.XMin = -LargestLength;
+  settings.XMax = LargestLength;
   const DerivedView view = DeriveView(settings, Bounds);
   EXPECT_EQ(view.YMax, 0);
-  EXPECT_EQ(view.HatchCountX, LargestSingle);  // twice the largest single over 2
+  EXPECT_EQ(view.HatchCountX, LargestLength);  // twice the largest single over 2
   EXPECT_EQ(view.HatchCountY, 0);
 }
 
@@ -127,7 +127,7 @@ TEST(GridCount, StaysWithin16Bits) {
   EXPECT_EQ(GridCount(0, 32768, 1), 32767);
   EXPECT_EQ(GridCount(0, 1e30F, 1), 32767);
   EXPECT_EQ(GridCount(1e30F, 0, 1), -32768);
-  EXPECT_EQ(GridCount(-LargestSingle, LargestSingle, 1), 32767);
+  EXPECT_EQ(GridCount(-LargestLength, LargestLength, 1), 32767);
 }
 
 TEST(TaggedNumber, GivesItsValueWhateverItsType) {

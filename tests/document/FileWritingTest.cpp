@@ -45,7 +45,7 @@ extern "C" int fsync(int file) {
 
 namespace {
 
-constexpr const char* NoFile = "it is a pipe or a device, not a file";
+constexpr const char* NotWritten = "it is a pipe or a device, not a file";
 constexpr const char* NoPermission = "there is no permission to write it";
 constexpr const char* TooLarge = "the file would be larger than the system allows";
 constexpr const char* AccessList = "system.posix_acl_access";
@@ -247,8 +247,8 @@ TEST(WriteWholeFile, RefusesLinksThatGoRound) {
 TEST(WriteWholeFile, RefusesPipesAndDevicesAtOnce) {
   const TemporaryDirectory directory;
   ASSERT_EQ(mkfifo((directory / "pipe").c_str(), 0600), 0);
-  EXPECT_EQ(WriteWholeFile(directory / "pipe", "text"), NoFile);
-  EXPECT_EQ(WriteWholeFile("/dev/null", "text"), NoFile);
+  EXPECT_EQ(WriteWholeFile(directory / "pipe", "text"), NotWritten);
+  EXPECT_EQ(WriteWholeFile("/dev/null", "text"), NotWritten);
 }
 
 TEST(WriteWholeFile, WritesIntoADeviceWhenItMay) {

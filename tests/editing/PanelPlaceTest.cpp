@@ -9,12 +9,12 @@
 
 namespace {
 
-constexpr PixelBox Room{0, 46, 500, 454};
+constexpr PixelBox CanvasRoom{0, 46, 500, 454};
 constexpr PanelSize Panel{200, 150};
 
 bool IsInside(PixelPoint place) {
-  return place.X >= Room.Left && place.Y >= Room.Top && place.X + Panel.Width <= Room.Right() &&
-         place.Y + Panel.Height <= Room.Bottom();
+  return place.X >= CanvasRoom.Left && place.Y >= CanvasRoom.Top && place.X + Panel.Width <= CanvasRoom.Right() &&
+         place.Y + Panel.Height <= CanvasRoom.Bottom();
 }
 
 // Whether a point every tenth of a percent of the line is off the panel, by `distance` pixels.
@@ -33,7 +33,7 @@ bool IsClear(const PixelLine& line, PixelPoint place, float distance = 0) {
 void ExpectGoodPlace(const PixelLine& line) {
   SCOPED_TRACE(testing::Message() << "(" << line.X1 << ", " << line.Y1 << ") - (" << line.X2 << ", "
                                   << line.Y2 << ")");
-  const PixelPoint place = PanelPlace(line, Panel, Room);
+  const PixelPoint place = PanelPlace(line, Panel, CanvasRoom);
   EXPECT_TRUE(IsInside(place)) << place.X << ", " << place.Y;
   EXPECT_TRUE(IsClear(line, place)) << place.X << ", " << place.Y;
 }
@@ -41,18 +41,18 @@ void ExpectGoodPlace(const PixelLine& line) {
 }  // namespace
 
 TEST(PanelPlace, IsBesideTheObject) {
-  const PixelPoint place = PanelPlace({100, 200, 150, 300}, Panel, Room);
+  const PixelPoint place = PanelPlace({100, 200, 150, 300}, Panel, CanvasRoom);
   EXPECT_EQ(place, (PixelPoint{164, 175}));
 }
 
 TEST(PanelPlace, IsLeftOfAnObjectAtTheRightEdge) {
-  const PixelPoint place = PanelPlace({450, 200, 450, 300}, Panel, Room);
+  const PixelPoint place = PanelPlace({450, 200, 450, 300}, Panel, CanvasRoom);
   EXPECT_EQ(place, (PixelPoint{236, 175}));
 }
 
 TEST(PanelPlace, IsBelowAWideObjectOrAboveIt) {
-  EXPECT_EQ(PanelPlace({10, 200, 490, 200}, Panel, Room), (PixelPoint{150, 214}));
-  EXPECT_EQ(PanelPlace({10, 450, 490, 450}, Panel, Room), (PixelPoint{150, 286}));
+  EXPECT_EQ(PanelPlace({10, 200, 490, 200}, Panel, CanvasRoom), (PixelPoint{150, 214}));
+  EXPECT_EQ(PanelPlace({10, 450, 490, 450}, Panel, CanvasRoom), (PixelPoint{150, 286}));
 }
 
 TEST(PanelPlace, IsInTheFreeCornerBesideASlopingObject) {
@@ -63,11 +63,11 @@ TEST(PanelPlace, IsInTheFreeCornerBesideASlopingObject) {
 
 TEST(PanelPlace, LeavesRoomForHandlesAndArrowHeads) {
   const PixelLine line{100, 200, 150, 300};
-  EXPECT_TRUE(IsClear(line, PanelPlace(line, Panel, Room), 12));
+  EXPECT_TRUE(IsClear(line, PanelPlace(line, Panel, CanvasRoom), 12));
 }
 
 TEST(PanelPlace, MindsOnlyWhatCanBeSeenOfTheObject) {
-  const PixelPoint place = PanelPlace({-3e38F, 200, 100, 200}, Panel, Room);
+  const PixelPoint place = PanelPlace({-3e38F, 200, 100, 200}, Panel, CanvasRoom);
   EXPECT_EQ(place, (PixelPoint{114, 125}));
 }
 
@@ -94,13 +94,13 @@ TEST(PanelPlace, IsClearOfEveryObjectInACanvasOfTheStartingSize) {
 }
 
 TEST(KeptInside, LeavesAPanelThatLiesInsideAlone) {
-  EXPECT_EQ(KeptInside({20, 60}, Panel, Room), (PixelPoint{20, 60}));
-  EXPECT_EQ(KeptInside({300, 350}, Panel, Room), (PixelPoint{300, 350}));
+  EXPECT_EQ(KeptInside({20, 60}, Panel, CanvasRoom), (PixelPoint{20, 60}));
+  EXPECT_EQ(KeptInside({300, 350}, Panel, CanvasRoom), (PixelPoint{300, 350}));
 }
 
 TEST(KeptInside, PushesAPanelBackFromEveryEdge) {
-  EXPECT_EQ(KeptInside({-5, 10}, Panel, Room), (PixelPoint{0, 46}));
-  EXPECT_EQ(KeptInside({301, 351}, Panel, Room), (PixelPoint{300, 350}));
+  EXPECT_EQ(KeptInside({-5, 10}, Panel, CanvasRoom), (PixelPoint{0, 46}));
+  EXPECT_EQ(KeptInside({301, 351}, Panel, CanvasRoom), (PixelPoint{300, 350}));
 }
 
 TEST(KeptInside, KeepsTheLeftTopCornerInARoomThatIsTooSmall) {
@@ -112,8 +112,8 @@ TEST(PanelDrag, DropsThePanelAtThePointerMinusTheGrabOffset) {
   EXPECT_FALSE(drag.IsDragging());
   drag.Begin(30, 12);
   EXPECT_TRUE(drag.IsDragging());
-  EXPECT_EQ(drag.Place({130, 212}, Panel, Room), (PixelPoint{100, 200}));
-  EXPECT_EQ(drag.Place({1000, 0}, Panel, Room), (PixelPoint{300, 46}));
+  EXPECT_EQ(drag.Place({130, 212}, Panel, CanvasRoom), (PixelPoint{100, 200}));
+  EXPECT_EQ(drag.Place({1000, 0}, Panel, CanvasRoom), (PixelPoint{300, 46}));
   drag.End();
   EXPECT_FALSE(drag.IsDragging());
 }

@@ -39,7 +39,7 @@ std::string WholeText(const Truss& truss) {
 }
 
 // A girder whose lower chord is A, B, C, without its supports and the chord.
-TrussBuilder Girder() {
+TrussBuilder ThreeJointGirder() {
   return TrussBuilder()
       .Member(0, 0, 2, 3, "AD")
       .Member(4, 0, 2, 3, "BD")
@@ -53,11 +53,11 @@ TrussBuilder Girder() {
       .Joint(6, 3, "E");
 }
 
-TrussBuilder WholeGirder() { return Girder().Member(0, 0, 4, 0, "AB").Member(4, 0, 8, 0, "BC"); }
+TrussBuilder WholeGirder() { return ThreeJointGirder().Member(0, 0, 4, 0, "AB").Member(4, 0, 8, 0, "BC"); }
 
 TEST(Oversights, AMemberAcrossAJointIsDrawnInTwoParts) {
   const std::string text = HelpFor(
-      Girder().Member(8, 0, 0, 0, "AC").Clamp(0, 0, "Ax", "Ay").Roller(8, 0, "C").Force(4, 0, 0, -1000));
+      ThreeJointGirder().Member(8, 0, 0, 0, "AC").Clamp(0, 0, "Ax", "Ay").Roller(8, 0, "C").Force(4, 0, 0, -1000));
   EXPECT_THAT(text,
               StartsWith("Member AC passes joint B at (4, 0) without ending there.  Draw it as two members "
                          "that end there, C to B and B to A: then nothing can move any more.\nIf the drawing "
@@ -100,7 +100,7 @@ TEST(Oversights, ATrussWithoutSupportsGetsAClampAndARoller) {
   EXPECT_THAT(HelpFor(TrussBuilder().Member(1, 0, 1, 5).Joint(1, 0, "foot").Joint(1, 5, "head")),
               HasSubstr("a roller at joint head that holds it sideways"));
   // Without the chord it takes more.
-  EXPECT_THAT(HelpFor(Girder()),
+  EXPECT_THAT(HelpFor(ThreeJointGirder()),
               AllOf(StartsWith("Each of these, added alone, stops one motion"),
                     HasSubstr("Together these are enough: a clamp at joint A; a roller at joint C that holds "
                               "it up and down; ")));
@@ -108,7 +108,7 @@ TEST(Oversights, ATrussWithoutSupportsGetsAClampAndARoller) {
 
 // Its verdict says it; the advice takes that up and does not say it again.
 TEST(Oversights, ThatATrussHasNoSupportsIsToldOnce) {
-  for (const TrussBuilder& builder : {WholeGirder().Force(6, 3, 0, -1000), Girder(), WholeGirder()}) {
+  for (const TrussBuilder& builder : {WholeGirder().Force(6, 3, 0, -1000), ThreeJointGirder(), WholeGirder()}) {
     const std::string text = WholeText(builder);
     const std::size_t first = text.find("no supports");
     ASSERT_NE(first, std::string::npos);
@@ -158,7 +158,7 @@ TEST(Oversights, APartThatStandsApartIsOfferedASupport) {
 TEST(Oversights, AnEndBesideAMembersOwnEndIsJoinedAndTheMemberNotSplit) {
   // The strut ends 0.3 beside the foot, where the mouse would join them, and so on one of the chord's
   // members.
-  const std::string text = HelpFor(Girder()
+  const std::string text = HelpFor(ThreeJointGirder()
                                        .Member(0, 0, 4, 0, "AB")
                                        .Member(4, 0, 8, 0, "BC")
                                        .Member(6, 3, 7.7F, 0, "strut")

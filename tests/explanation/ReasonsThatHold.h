@@ -5,12 +5,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <tuple>
-#include <utility>
 #include <vector>
 
 #include "explanation/ExactVerdict.h"
 #include "explanation/RigidityMatrix.h"
+#include "support/NumericRank.h"
 
 inline double LargestLengthening(const TrussGraph& graph, const Motion& motion) {
   const SparseMatrix<double> rigidity = RigidityRows(graph);
@@ -35,28 +34,6 @@ inline double LargestImbalance(const TrussGraph& graph, const SelfStress& stress
     }
   }
   return std::abs(*std::ranges::max_element(sums, {}, [](double sum) { return std::abs(sum); }));
-}
-
-/// Independent vectors, by elimination with complete pivoting in double precision.
-inline int NumericRank(std::vector<std::vector<double>> rows) {
-  int rank = 0;
-  for (std::size_t done = 0; done < rows.size(); ++done) {
-    std::size_t row = done;
-    std::size_t column = 0;
-    for (std::size_t r = done; r < rows.size(); ++r) {
-      for (std::size_t c = 0; c < rows[r].size(); ++c) {
-        if (std::abs(rows[r][c]) > std::abs(rows[row][column])) std::tie(row, column) = std::pair(r, c);
-      }
-    }
-    if (std::abs(rows[row][column]) < 1e-7) break;
-    std::swap(rows[row], rows[done]);
-    ++rank;
-    for (std::size_t r = done + 1; r < rows.size(); ++r) {
-      const double factor = rows[r][column] / rows[done][column];
-      for (std::size_t c = 0; c < rows[r].size(); ++c) rows[r][c] -= factor * rows[done][c];
-    }
-  }
-  return rank;
 }
 
 inline int RankOf(const TrussGraph& graph, const std::vector<Motion>& motions) {

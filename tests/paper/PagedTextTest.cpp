@@ -36,7 +36,7 @@ Picture Rectangle(float width, float height) {
   return picture;
 }
 
-Picture Square(float side) { return Rectangle(side, side); }
+Picture SquarePicture(float side) { return Rectangle(side, side); }
 
 std::string Numbered(std::string word, int number) { return word.append(std::to_string(number)); }
 
@@ -284,7 +284,7 @@ TEST_F(PagedTextTest, AHeadingStaysWithTwoLinesOfOneLongParagraph) {
 }
 
 TEST_F(PagedTextTest, AHeadingStaysWithItsPicture) {
-  ASSERT_TRUE(shelf_.PutPicture(Square(100)));
+  ASSERT_TRUE(shelf_.PutPicture(SquarePicture(100)));
   for (int before = 5; before <= 12; ++before) {
     const auto pdf = Paint([before](PagedText& text) {
       Lines(text, before);
@@ -478,7 +478,7 @@ TEST_F(PagedTextTest, ALineHigherThanAPageTakesOne) {
 }
 
 TEST_F(PagedTextTest, APictureIsShownAtItsSizeIndentedByATab) {
-  ASSERT_TRUE(shelf_.PutPicture(Square(96)));
+  ASSERT_TRUE(shelf_.PutPicture(SquarePicture(96)));
   const auto pdf = Paint([](PagedText& text) {
     text.Append("above\r\n\t", Plain);
     text.Paste();
@@ -494,7 +494,7 @@ TEST_F(PagedTextTest, APictureIsShownAtItsSizeIndentedByATab) {
 }
 
 TEST_F(PagedTextTest, APictureThatDoesNotFitOnTheRestOfThePageGoesToTheNext) {
-  ASSERT_TRUE(shelf_.PutPicture(Square(150)));
+  ASSERT_TRUE(shelf_.PutPicture(SquarePicture(150)));
   const auto pdf = Paint([](PagedText& text) {
     Lines(text, 12);
     text.Paste();
@@ -508,7 +508,7 @@ TEST_F(PagedTextTest, APictureThatDoesNotFitOnTheRestOfThePageGoesToTheNext) {
 }
 
 TEST_F(PagedTextTest, APictureLargerThanThePageIsShownSmaller) {
-  ASSERT_TRUE(shelf_.PutPicture(Square(900)));
+  ASSERT_TRUE(shelf_.PutPicture(SquarePicture(900)));
   const auto pdf = Paint([](PagedText& text) {
     text.Append("Heading\r\n\r\n\t", Heading, LineRole::Heading);
     text.Paste();

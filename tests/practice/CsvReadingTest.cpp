@@ -78,10 +78,16 @@ TEST(CsvReading, AnyBytesAreReadOrRefused) {
 }
 
 TEST(CsvTextField, IsNoFormulaAnywhere) {
-  for (const char* text : {"=1+1", "+1", "-1", "@SUM(A1)", "\t=1", "  =1"})
+  for (const char* text : {"=1+1", "+1", "-1", "@SUM(A1)", "  =1"})
     EXPECT_EQ(CsvTextField(text), "'" + std::string(text)) << text;
   EXPECT_EQ(CsvTextField("=A1,B1"), "\"'=A1,B1\"");
   EXPECT_EQ(CsvTextField("a=b"), "a=b");
+}
+
+TEST(CsvTextField, CommandsNoTerminal) {
+  EXPECT_EQ(CsvTextField("Eve\x1B[2J"), "Eve␛[2J");
+  EXPECT_EQ(CsvTextField("two\nlines"), "two␊lines");
+  EXPECT_EQ(CsvTextField("\t=1"), "␉=1");
 }
 
 }  // namespace

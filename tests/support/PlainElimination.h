@@ -2,8 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <utility>
-#include <vector>
 
 #include "explanation/steps/PlainElimination.h"
 
@@ -13,24 +11,6 @@ struct ReducedMatrix {
   Table<std::int16_t> ColumnOrder;
 };
 
-inline ReducedMatrix AtItsPlaces(const StepMatrix& matrix) {
-  const int N = matrix.NumUnknowns();
-  ReducedMatrix reduced{SparseMatrix<double>(matrix.NumRows(), N + 1), Table<std::int16_t>(N)};
-  for (int k = 1; k <= N; ++k) reduced.ColumnOrder[k] = static_cast<std::int16_t>(matrix.ColumnAt(k));
-  for (int place = 1; place <= matrix.NumRows(); ++place) {
-    const int row = matrix.RowAt(place);
-    std::vector<SparseMatrix<double>::Entry> entries;
-    for (int k = 1; k <= N + 1; ++k) {
-      const double value = matrix(row, k <= N ? matrix.ColumnAt(k) : k);
-      if (value != 0) entries.push_back({k, value});
-    }
-    reduced.Equations.SetRow(place, std::move(entries));
-  }
-  return reduced;
-}
+ReducedMatrix AtItsPlaces(const StepMatrix& matrix);
 
-inline ReducedMatrix ReducedPlainly(const SparseMatrix<double>& equations) {
-  StepMatrix matrix(equations);
-  EliminatePlainly(matrix, [](const EliminationStep&) {});
-  return AtItsPlaces(matrix);
-}
+ReducedMatrix ReducedPlainly(const SparseMatrix<double>& equations);

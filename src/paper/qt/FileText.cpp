@@ -2,22 +2,18 @@
 
 #include <algorithm>
 
+#include "paper/qt/AppendedText.h"
 #include "paper/qt/DocumentImages.h"
 #include "paper/qt/HtmlWriter.h"
 #include "paper/qt/OdtWriter.h"
 #include "paper/qt/RtfWriter.h"
-#include "platform/qt/QtText.h"
 
 namespace {
-
-QString FamilyOf(FontFamily family) {
-  return family == FontFamily::Monospaced ? QStringLiteral("Courier New") : QStringLiteral("Arial");
-}
 
 std::unique_ptr<DocumentWriter> NewWriter(DocumentFileFormat format, const QString& title) {
   switch (format) {
     case DocumentFileFormat::Rtf:
-      return NewRtfWriter(title, FamilyOf(FontFamily::Proportional));
+      return NewRtfWriter(title, FamilyName(FontFamily::Proportional));
     case DocumentFileFormat::Odt:
       return NewOdtWriter(title);
     default:
@@ -25,14 +21,11 @@ std::unique_ptr<DocumentWriter> NewWriter(DocumentFileFormat format, const QStri
   }
 }
 
-bool EndsLine(QChar character) { return character == u'\r' || character == u'\n'; }
-
 Letters LettersIn(const CharacterFormat& format) {
-  const PaletteColour& colour = Palette[static_cast<std::size_t>(format.Colour) % Palette.size()];
-  return {.Family = FamilyOf(format.Family),
+  return {.Family = FamilyName(format.Family),
           .Monospaced = format.Family == FontFamily::Monospaced,
           .Points = double{format.Points},
-          .Colour = qRgb(colour.Red, colour.Green, colour.Blue),
+          .Colour = ColourOf(format).rgb(),
           .Bold = format.Bold,
           .Italic = format.Italic,
           .Underlined = format.Underlined};
@@ -46,23 +39,15 @@ FileText::FileText(DocumentFileFormat format, const QString& title, std::functio
       lookIfEmpty_(LettersIn(CharacterFormat())) {}
 
 void FileText::AppendText(std::string_view text, const CharacterFormat& format, LineRole role) {
-  QString characters = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-  MakePrintable(characters);
-  QStringView rest = characters;
-  while (!rest.isEmpty()) {
-    const auto lineEnd = std::ranges::find_if(rest, EndsLine);
-    const qsizetype length = lineEnd - rest.begin();
-    AppendLetters(rest.first(length), format, role);
-    if (length == rest.size()) return;
-    const bool pair = rest[length] == u'\r' && length + 1 < rest.size() && rest[length + 1] == u'\n';
-    rest = rest.sliced(length + (pair ? 2 : 1));
+  const auto endLine = [&] {
     EndParagraph(true);
     lookIfEmpty_ = Remembered(format);
-  }
+  };
+  ReadLines(
+      text, [&](QStringView letters) { AppendLetters(letters, format, role); }, endLine);
 }
 
 void FileText::AppendLetters(QStringView letters, const CharacterFormat& format, LineRole role) {
-  if (letters.isEmpty()) return;
   const bool monospaced = format.Family == FontFamily::Monospaced;
   if (pieces_.empty()) {
     role_ = role;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "paper/Page.h"
+#include "paper/qt/AppendedText.h"
 
 namespace {
 
@@ -17,7 +18,7 @@ constexpr double RuleThickness = 0.5;
 constexpr QColor FooterGrey(96, 96, 96);
 
 QFont FooterFont() {
-  QFont font(QStringLiteral("Arial"));
+  QFont font(FamilyName(FontFamily::Proportional));
   font.setPointSizeF(FooterLetters);
   return font;
 }

@@ -8,26 +8,23 @@
 #include <QUrl>
 #include <algorithm>
 
+#include "paper/qt/AppendedText.h"
 #include "paper/qt/DocumentImages.h"
-#include "platform/qt/QtText.h"
 
 namespace {
 
 // The property of a line's format that holds its role.
 constexpr int RoleProperty = QTextFormat::UserProperty + 1;
 
-bool IsLineEnd(QChar character) { return character == u'\r' || character == u'\n'; }
-
 }  // namespace
 
 QTextCharFormat ToQt(const CharacterFormat& format) {
-  const PaletteColour& colour = Palette[static_cast<std::size_t>(format.Colour) % Palette.size()];
   const bool monospaced = format.Family == FontFamily::Monospaced;
   QTextCharFormat qtFormat;
-  qtFormat.setFontFamilies({monospaced ? QStringLiteral("Courier New") : QStringLiteral("Arial")});
+  qtFormat.setFontFamilies({FamilyName(format.Family)});
   if (monospaced) qtFormat.setFontStyleHint(QFont::Monospace);
   qtFormat.setFontPointSize(double{format.Points});
-  qtFormat.setForeground(QColor(colour.Red, colour.Green, colour.Blue));
+  qtFormat.setForeground(ColourOf(format));
   if (format.Bold) qtFormat.setFontWeight(QFont::Bold);
   if (format.Italic) qtFormat.setFontItalic(true);
   if (format.Underlined) qtFormat.setFontUnderline(true);
@@ -41,37 +38,27 @@ LineRole RoleOf(const QTextBlock& line) {
 QtRichText::QtRichText(QTextDocument& document, std::function<QImage()> clipboard)
     : document_(document), end_(&document), clipboard_(std::move(clipboard)) {
   document_.setUndoRedoEnabled(false);
-  document_.setDefaultFont(QFont(QStringLiteral("Arial"), 10));
+  document_.setDefaultFont(QFont(FamilyName(FontFamily::Proportional), 10));
   QTextOption option = document_.defaultTextOption();
   option.setTabStopDistance(StandardTabStop);
   document_.setDefaultTextOption(option);
 }
 
 void QtRichText::AppendText(std::string_view text, const CharacterFormat& format, LineRole role) {
-  QString characters = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-  MakePrintable(characters);
   const QTextCharFormat& qtFormat = Remembered(format);
   const bool monospaced = format.Family == FontFamily::Monospaced;
 
   end_.beginEditBlock();
   end_.setPosition(document_.characterCount() - 1);
-  const auto end = characters.cend();
-  for (auto at = characters.cbegin(); at != end;) {
-    const auto lineEnd = std::find_if(at, end, IsLineEnd);
-    if (lineEnd != at) {
-      if (end_.atBlockStart()) {
-        FormatLine(role, !monospaced);
-      } else if (!monospaced) {
-        SetWrapping(true);
-      }
-      end_.insertText(characters.mid(at - characters.cbegin(), lineEnd - at), qtFormat);
+  const auto insert = [&](QStringView letters) {
+    if (end_.atBlockStart()) {
+      FormatLine(role, !monospaced);
+    } else if (!monospaced) {
+      SetWrapping(true);
     }
-    at = lineEnd;
-    if (at == end) break;
-    const bool pair = *at == u'\r' && at + 1 != end && at[1] == u'\n';
-    at += pair ? 2 : 1;
-    end_.insertBlock(QTextBlockFormat(), qtFormat);
-  }
+    end_.insertText(letters.toString(), qtFormat);
+  };
+  ReadLines(text, insert, [&] { end_.insertBlock(QTextBlockFormat(), qtFormat); });
   end_.endEditBlock();
 }
 

@@ -400,10 +400,9 @@ TEST(HandText, SaysWhichReactionsTheWholeTrussDoesNotGive) {
                                 .Force(6, 3, 0, -300);
   const std::vector<HandStepText> texts = ToldByHand(beam).Texts();
   ASSERT_EQ(texts.front().Heading, "Reactions");
-  EXPECT_EQ(
-      texts.front().Lines.back(),
-      "This balance does not give Ay, RB and RC: each of its equations that are left holds more than one "
-      "of them.  The joints and sections that follow may.");
+  EXPECT_EQ(texts.front().Lines.back(),
+            "This balance does not give Ay, RB and RC: none of its equations holds only one of them.  The "
+            "joints and sections that follow may give them.");
   for (const HandStepText& text : ToldByHand(HandTriangle()).Texts())
     EXPECT_THAT(text.Lines, testing::Not(testing::Contains(HasSubstr("does not give"))));
 }
