@@ -30,21 +30,22 @@ ExactNumber ExactMeasure(const Measure& measure, const ExactVector& force, const
 void Balance::AddKnown(const BalanceTerm& term, const ExactNumber& part) {
   Equation.Terms.push_back(term);
   Rest = Rest + part;
-  KnownSide& side = term.Factor > 0 ? Left : Right;
+  KnownSide& side = term.Factor > 0 ? left_ : right_;
   side.Sum = side.Sum + part;
   side.LargestTerm = std::max(side.LargestTerm, std::abs(term.Factor * term.Force));
 }
 
 void Balance::Close(double unit) {
   Equation.Use = Rest.IsZero() ? BalanceUse::Holds : BalanceUse::Contradicts;
-  Equation.KnownLeft = Left.Sum.ToDouble() / unit;
-  Equation.KnownRight = (-Right.Sum).ToDouble() / unit;
+  Equation.KnownLeft = left_.Sum.ToDouble() / unit;
+  Equation.KnownRight = (-right_.Sum).ToDouble() / unit;
   Equation.KnownSum = Rest.ToDouble() / unit;
   if (!Rest.IsZero()) return;
   // The same number, which the rounding of forces that were found by the matrix has touched less on the side
   // where they are smaller.
-  (Left.LargestTerm < Right.LargestTerm ? Equation.KnownRight : Equation.KnownLeft) =
-      Left.LargestTerm < Right.LargestTerm ? Equation.KnownLeft : Equation.KnownRight;
+  const bool isLeftSmaller = left_.LargestTerm < right_.LargestTerm;
+  Equation.KnownLeft = isLeftSmaller ? Equation.KnownLeft : Equation.KnownRight;
+  Equation.KnownRight = Equation.KnownLeft;
 }
 
 TrussBalance::TrussBalance(const TrussGraph& graph)

@@ -51,7 +51,7 @@ struct Balance {
     ExactNumber Sum;
     double LargestTerm = 0;
   };
-  KnownSide Left, Right;
+  KnownSide left_, right_;
 };
 
 /// The exact force of a member is its force divided by its length, as in RigidityMatrix.h.
