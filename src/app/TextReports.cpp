@@ -148,7 +148,13 @@ void WriteReport(std::ostream& out, const AnalysedFile& file, const WantedSectio
   });
   for (const ExplainedSection explained : wanted.Explained) {
     const auto wants = [&](ExplainedSection which) { return explained == which; };
-    section(wants(ExplainedSection::Why) && hasUnknowns, [&] { WriteWhy(out, reasons.Whole(), format); });
+    section(wants(ExplainedSection::Why), [&] {
+      if (!hasUnknowns) {
+        out << NothingToExplainText << '\n';
+        return;
+      }
+      WriteWhy(out, reasons.Whole(), format);
+    });
     section(wants(ExplainedSection::Checks), [&] { WriteChecks(out, file, format); });
     section(wants(ExplainedSection::Steps) && hasUnknowns, [&] { WriteSteps(out, file, reasons, format); });
     section(wants(ExplainedSection::ByJoint) && hasUnknowns, [&] { WriteByJoint(out, file, format); });

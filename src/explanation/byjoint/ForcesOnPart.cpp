@@ -16,7 +16,7 @@ class Collector {
             const ReportFormat& format)
       : graph_(graph),
         format_(format),
-        names_(graph, format),
+        names_(graph, format, OddNames::InBrackets),
         asAssumed_(ShowsAssumedSenses(solution.Steps[index])),
         roles_(graph.NumUnknowns()),
         values_(graph.NumUnknowns()) {
@@ -50,7 +50,7 @@ class Collector {
   }
 
  private:
-  std::string Number(double value) const { return FormatSigFigs(value, format_); }
+  std::string Number(double value) const { return NumberNot0(value, format_); }
 
   std::string ValueText(const ForceOnPart& force) const {
     if (force.Role == ForceRole::Open) return "?";
