@@ -266,8 +266,9 @@ TEST(DrawingChecks, OfVeryManyPairsOnlyTheFirstAreTold) {
                                     std::pair<Truss, CheckKind>(through, CheckKind::ThroughJoint)}) {
     const std::vector<DrawingCheck> checks = Check(truss);
     EXPECT_EQ(NumOfKind(checks, kind), MostPairs);
-    const auto last = std::ranges::find_if(checks.rbegin(), checks.rend(),
-                                           [kind](const DrawingCheck& check) { return check.Kind == kind; });
+    const auto last =
+        std::ranges::find_if(checks.rbegin(), checks.rend(),
+                             [wanted = kind](const DrawingCheck& check) { return check.Kind == wanted; });
     EXPECT_THAT(last->Text, HasSubstr("There are more of this kind."));
     EXPECT_EQ(std::ranges::count_if(checks,
                                     [](const DrawingCheck& check) {
