@@ -1,5 +1,6 @@
-// The elimination on trusses of three shapes, beside the plain algorithm and, where it is installed, beside
-// Eigen's LU decomposition with complete pivoting. The plain ones are left out where they take a minute.
+// The elimination on trusses of all shapes, beside the plain algorithm and, where they are installed, beside
+// Eigen's LU decomposition with complete pivoting and LAPACK's dgesv, which pivots by columns only, does not
+// reduce and wants as many unknowns as equations. The plain ones are left out where they take a minute.
 #include <benchmark/benchmark.h>
 
 #include <string>
@@ -13,16 +14,14 @@
 #include <Eigen/Dense>
 #endif
 
+#if defined(ORVANE_HAVE_LAPACK)
+extern "C" void dgesv_(const int* n, const int* nrhs, double* a, const int* lda, int* pivots, double* b,
+                       const int* ldb, int* info);
+#endif
+
 namespace {
 
 using Matrix = SparseMatrix<double>;
-
-struct NamedShape {
-  std::string Name;
-  TrussShape (*Make)(int numUnknowns);
-};
-
-TrussShape RandomTruss(int numUnknowns) { return RandomSimpleTruss(numUnknowns, 1); }
 
 void Fast(benchmark::State& state, const Matrix& equations, unsigned numThreads) {
   EliminationTuning tuning;
@@ -68,6 +67,30 @@ void EigenFullPivLu(benchmark::State& state, const Matrix& equations) {
 }
 #endif
 
+#if defined(ORVANE_HAVE_LAPACK)
+// Coefficients column by column, in place of which their triangles come.
+void LapackDgesv(benchmark::State& state, const Matrix& equations) {
+  const int N = equations.NumRows();
+  std::vector<double> given(static_cast<std::size_t>(N) * static_cast<std::size_t>(N + 1));
+  for (int row = 1; row <= N; ++row) {
+    for (const auto& [column, value] : equations.Row(row))
+      given[static_cast<std::size_t>(column - 1) * static_cast<std::size_t>(N) +
+            static_cast<std::size_t>(row - 1)] = value;
+  }
+  std::vector<int> pivots(static_cast<std::size_t>(N));
+  for (auto unused : state) {
+    state.PauseTiming();
+    std::vector<double> numbers = given;
+    state.ResumeTiming();
+    const int one = 1;
+    int info = 0;
+    double* loads = numbers.data() + static_cast<std::size_t>(N) * static_cast<std::size_t>(N);
+    dgesv_(&N, &one, numbers.data(), &N, pivots.data(), loads, &N, &info);
+    benchmark::DoNotOptimize(numbers);
+  }
+}
+#endif
+
 void Register(const NamedShape& shape, int numUnknowns) {
   const Matrix equations = EquationsOf(shape.Make(numUnknowns));
   const std::string name = shape.Name + "/" + std::to_string(numUnknowns) + "/";
@@ -76,6 +99,10 @@ void Register(const NamedShape& shape, int numUnknowns) {
   };
   add("fast, one thread", [equations](benchmark::State& state) { Fast(state, equations, 1); });
   add("fast", [equations](benchmark::State& state) { Fast(state, equations, 0); });
+#if defined(ORVANE_HAVE_LAPACK)
+  if (equations.NumRows() == equations.NumColumns() - 1)
+    add("LAPACK dgesv", [equations](benchmark::State& state) { LapackDgesv(state, equations); });
+#endif
   if (numUnknowns > 1600) return;
   add("plain", [equations](benchmark::State& state) { Plain(state, equations); });
 #if defined(ORVANE_HAVE_EIGEN)
@@ -86,12 +113,8 @@ void Register(const NamedShape& shape, int numUnknowns) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const std::vector<NamedShape> shapes = {{"Warren strip", WarrenStrip},
-                                          {"random simple truss", RandomTruss},
-                                          {"triangulated grid", TriangulatedGrid},
-                                          {"braced grid", BracedGrid}};
   for (const int numUnknowns : {200, 800, 1600, 4096}) {
-    for (const NamedShape& shape : shapes) Register(shape, numUnknowns);
+    for (const NamedShape& shape : AllShapes()) Register(shape, numUnknowns);
   }
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();

@@ -56,12 +56,3 @@ std::string FileTextOf(const TrussShape& shape) {
   Truss truss = DocumentOf(shape);
   return TrussText(truss);
 }
-
-const std::vector<NamedShape>& AllShapes() {
-  static const std::vector<NamedShape> shapes = {
-      {"Warren strip", WarrenStrip},
-      {"random simple truss", [](int numUnknowns) { return RandomSimpleTruss(numUnknowns, 1); }},
-      {"triangulated grid", TriangulatedGrid},
-      {"braced grid", BracedGrid}};
-  return shapes;
-}

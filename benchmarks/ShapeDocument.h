@@ -1,9 +1,7 @@
 // The truss shapes as documents and as files.
 #pragma once
 
-#include <functional>
 #include <string>
-#include <vector>
 
 #include "document/Truss.h"
 #include "support/TrussShapes.h"
@@ -16,11 +14,3 @@ Truss DocumentOf(const TrussShape& shape);
 
 /// The bytes of its file.
 std::string FileTextOf(const TrussShape& shape);
-
-struct NamedShape {
-  std::string Name;
-  std::function<TrussShape(int numUnknowns)> Make;
-};
-
-/// The shapes that every benchmark of documents runs on.
-const std::vector<NamedShape>& AllShapes();

@@ -6,9 +6,6 @@ if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE Release)
 endif()
 
-# What -O3 adds is worth its time where many numbers are reckoned with; the room that does so asks for it.
-string(REPLACE -O3 -O2 CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")
-
 find_program(ORVANE_CCACHE ccache)
 if(ORVANE_CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${ORVANE_CCACHE})

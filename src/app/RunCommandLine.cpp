@@ -2,7 +2,9 @@
 #include "app/RunCommandLine.h"
 
 #include <new>
+#include <optional>
 
+#include "app/JsonAhead.h"
 #include "app/PracticeRun.h"
 #include "app/RunOutput.h"
 #include "app/TextReports.h"
@@ -18,14 +20,15 @@ class Run {
   Run(const CommandLine& commandLine, const CommandLineEnvironment& environment)
       : commandLine_(commandLine),
         environment_(environment),
-        output_(environment, commandLine.Files.size()) {}
+        output_(environment, commandLine.Files.size()),
+        jsonAhead_(commandLine, environment) {}
 
   ExitStatus AllFiles() {
     for (std::size_t i = 0; i < commandLine_.Files.size() && environment_.Out; ++i) {
       output_.ShowProgress(i);
       const std::string& file = commandLine_.Files[i];
       try {
-        OneFile(file);
+        if (!HasJsonAhead(i)) OneFile(file);
       } catch (const std::bad_alloc&) {
         output_.Complain(file, "there is not enough memory for this truss");
       }
@@ -39,6 +42,18 @@ class Run {
   }
 
  private:
+  // Whether what there is to say of the file has been made ahead, and is said.
+  bool HasJsonAhead(std::size_t index) {
+    if (commandLine_.What != CommandLine::Mode::Json) return false;
+    const std::optional<FileJson> json = jsonAhead_.Take(index);
+    if (!json) return false;
+    const std::string& argument = commandLine_.Files[index];
+    if (!json->Error.empty()) output_.Complain(argument, json->Error);
+    for (const std::string& remark : json->Remarks) output_.Say(argument, remark);
+    environment_.Out << json->Object << '\n';
+    return true;
+  }
+
   void OneFile(const std::string& argument) {
     AnalysedFile file = ReadForAnalysis(argument, commandLine_.AutoName, environment_.In);
     if (!file.IsComplete()) output_.Complain(argument, file.Error);
@@ -154,6 +169,7 @@ class Run {
   const CommandLine& commandLine_;
   const CommandLineEnvironment& environment_;
   RunOutput output_;
+  JsonAhead jsonAhead_;
 };
 
 }  // namespace

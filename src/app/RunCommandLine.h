@@ -24,7 +24,7 @@ struct CommandLineEnvironment {
   std::function<std::chrono::steady_clock::time_point()> Now = std::chrono::steady_clock::now;
   NumberFormat Numbers;
 
-  /// Writes one JSON object (UTF-8, no line end) for an analysed file.
+  /// Writes one JSON object (UTF-8, no line end) for an analysed file. Called on several threads at once.
   std::function<void(std::ostream& out, const AnalysedFile& file, const JsonExtras& extras,
                      const ReportFormat& format)>
       Json;

@@ -17,6 +17,7 @@
 #include "app/JsonReport.h"
 #include "app/MainForm.h"
 #include "app/PaperOutput.h"
+#include "app/ReadableSelection.h"
 #include "app/RunCommandLine.h"
 #include "document/FilePaths.h"
 #include "platform/FileBytes.h"
@@ -68,6 +69,7 @@ int RunWindow(int argc, char** argv, const CommandLine& commandLine) {
   QApplication::setApplicationVersion(QStringLiteral(ORVANE_VERSION));
   QApplication::setDesktopFileName(QStringLiteral("orvane"));
   QApplication::setWindowIcon(ApplicationIcon());
+  const ReadableSelection readableSelection;
 
   Truss truss;
   QtSettingsStore store;

@@ -301,11 +301,48 @@ TEST_F(RandomSystems, WithMagnitudesAroundTheTolerance) {
 
 TEST(TrussSystems, OfEveryShape) {
   for (const int numUnknowns : {6, 8, 14, 40, 100, 210, 400}) {
-    const std::string size = std::to_string(numUnknowns);
-    ExpectTheDefinition(EquationsOf(WarrenStrip(numUnknowns)), "strip of " + size);
-    ExpectTheDefinition(EquationsOf(TriangulatedGrid(numUnknowns)), "triangulated grid of " + size);
-    ExpectTheDefinition(EquationsOf(BracedGrid(numUnknowns)), "braced grid of " + size);
-    ExpectTheDefinition(EquationsOf(RandomSimpleTruss(numUnknowns, Seed)), "random truss of " + size);
+    for (const NamedShape& shape : AllShapes()) {
+      ExpectTheDefinition(EquationsOf(shape.Make(numUnknowns)),
+                          shape.Name + " of " + std::to_string(numUnknowns));
+    }
+  }
+}
+
+TEST(TrussShapes, AreWhatTheyAreCalled) {
+  for (const int numUnknowns : {200, 1600, 4096}) {
+    for (const NamedShape& shape : AllShapes()) {
+      const TrussShape truss = shape.Make(numUnknowns);
+      const int size = std::max(truss.NumUnknowns(), truss.NumEquations());
+      EXPECT_NEAR(size, numUnknowns, numUnknowns / 8.0) << shape.Name;
+      EXPECT_LE(size, numUnknowns) << shape.Name;
+    }
+    const auto surplus = [](const TrussShape& shape) { return shape.NumUnknowns() - shape.NumEquations(); };
+    EXPECT_NEAR(surplus(TwoTours(numUnknowns, Seed)), 0, 6) << "the tours may share members";
+    EXPECT_GT(surplus(DelaunayTruss(numUnknowns, Seed)), numUnknowns / 4);
+    EXPECT_GT(surplus(CompleteTruss(numUnknowns)), numUnknowns / 2);
+    EXPECT_LT(surplus(GappedStrip(numUnknowns)), -numUnknowns / 5);
+  }
+}
+
+TEST(TrussShapes, ADelaunayTriangulationHasNoJointInACircle) {
+  const TrussShape truss = DelaunayTruss(300, Seed);
+  const auto numJoints = static_cast<int>(truss.Joints.size());
+  EXPECT_LE(static_cast<int>(truss.Members.size()), 3 * numJoints - 6);
+  EXPECT_GE(static_cast<int>(truss.Members.size()), 3 * numJoints - 40) << "all but the edge is triangles";
+  // A member whose circle, with itself as the diameter, is empty belongs to it.
+  const auto between = [&](int a, int b, int at) {
+    const auto& p = truss.Joints[static_cast<std::size_t>(a)];
+    const auto& q = truss.Joints[static_cast<std::size_t>(b)];
+    const auto& c = truss.Joints[static_cast<std::size_t>(at)];
+    return (p.X - c.X) * (q.X - c.X) + (p.Y - c.Y) * (q.Y - c.Y) < 0;
+  };
+  for (int a = 0; a < numJoints; ++a) {
+    for (int b = a + 1; b < numJoints; ++b) {
+      bool isEmpty = true;
+      for (int c = 0; c < numJoints && isEmpty; ++c) isEmpty = c == a || c == b || !between(a, b, c);
+      const bool isMember = std::ranges::count(truss.Members, std::pair(a, b)) == 1;
+      EXPECT_TRUE(isMember || !isEmpty) << a << ", " << b;
+    }
   }
 }
 

@@ -6,6 +6,7 @@
 #include <QGroupBox>
 #include <QStyledItemDelegate>
 
+#include "app/ReadableSelection.h"
 #include "platform/qt/MixedColor.h"
 #include "support/WindowEditingFixture.h"
 
@@ -162,6 +163,39 @@ TEST_P(Contrast, TheToolThatHasTheKeysIsMarked) {
       }
     }
   }
+}
+
+TEST_P(Contrast, WhatIsSelectedCanBeReadInEveryTheme) {
+  const auto expectReadable = [](const QPalette& palette) {
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+      EXPECT_GE(ContrastOfColors(palette.color(group, QPalette::HighlightedText),
+                                 palette.color(group, QPalette::Highlight)),
+                ReadableContrast);
+    }
+  };
+  const ReadableSelection readableSelection;
+  Started(700, 600);
+  expectReadable(form_->palette());
+  // Also when the theme changes; middle grey is where letters have least room.
+  for (const auto& [letters, ground] : {std::pair{QColor(Qt::white), QColor(0x30, 0x8C, 0xC6)},
+                                        {QColor(Qt::black), QColor(0x20, 0x20, 0x60)},
+                                        {QColor(0x77, 0x77, 0x77), QColor(0x70, 0x70, 0x70)}}) {
+    QPalette theme = QApplication::palette();
+    theme.setColor(QPalette::HighlightedText, letters);
+    theme.setColor(QPalette::Highlight, ground);
+    QApplication::setPalette(theme);
+    QApplication::processEvents();
+    expectReadable(QApplication::palette());
+    expectReadable(Widget("picToolBox")->palette());
+    EXPECT_EQ(QApplication::palette().color(QPalette::HighlightedText), letters);
+  }
+}
+
+TEST(ReadableSelection, LeavesAThemeThatIsReadableAsItIs) {
+  QPalette theme(QColor(0xF0, 0xF0, 0xF0));
+  theme.setColor(QPalette::Highlight, QColor(0x00, 0x00, 0x80));
+  theme.setColor(QPalette::HighlightedText, Qt::white);
+  EXPECT_EQ(WithReadableSelection(theme), theme);
 }
 
 INSTANTIATE_TEST_SUITE_P(LightAndDark, Contrast, testing::Bool());

@@ -67,6 +67,36 @@ TEST_F(RunCommandLineTest, JsonIsOneLineForEachFile) {
   EXPECT_EQ(Out.str(), "{" + b + "}\n{" + a + "}\n");
 }
 
+TEST_F(RunCommandLineTest, JsonOfManyFilesStandsInTheirOrderWhateverTheyAre) {
+  Input = TriangleText;
+  const std::string large =
+      Replaced(TriangleText, "\"AB\",\"AB\"", "\"AB\",\"" + std::string(9000, 'x') + "\"");
+  std::vector<std::string> words = {"--json"};
+  std::string objects;
+  std::string problems;
+  for (int i = 0; i < 700; ++i) {
+    const std::string name = std::to_string(i) + ".trs";
+    std::string file = Path(name);
+    std::string error;
+    if (i % 7 == 3) {
+      error = BrokenWhy;
+      File(name, BrokenTriangle());
+    } else if (i % 50 == 11) {
+      error = "the file cannot be opened for reading";
+    } else if (i == 256) {
+      file = "-";
+    } else {
+      File(name, i % 100 == 0 ? large : TriangleText);
+    }
+    words.push_back(file);
+    objects += "{" + file + (error.empty() ? "" : "|" + error) + "}\n";
+    if (!error.empty()) problems += "orvane: " + file + ": " + error + "\n";
+  }
+  EXPECT_EQ(RunWords(words), NotAllDone);
+  EXPECT_EQ(Out.str(), objects);
+  EXPECT_EQ(Err.str(), problems);
+}
+
 TEST_F(RunCommandLineTest, JsonHasMatricesWhenAsked) {
   Input = TriangleText;
   EXPECT_EQ(RunWords({"--json", "--matrices", "-"}), Done);

@@ -2,10 +2,14 @@
 #include "support/TrussShapes.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <map>
+#include <numbers>
+#include <numeric>
 #include <random>
+#include <set>
 
 namespace {
 
@@ -26,6 +30,55 @@ int AddGridJoints(TrussShape& shape, int numJoints) {
     shape.Joints.push_back({static_cast<float>(joint % width), static_cast<float>(joint / width)});
   }
   return width;
+}
+
+template <class Random>
+TrussShape::Joint JointAnywhere(Random& random) {
+  const auto below = [&random](unsigned bound) { return static_cast<float>(random() % bound); };
+  const float x = below(100000) / 100;
+  return {x, below(100000) / 100};
+}
+
+struct Triangle {
+  std::array<int, 3> Joints;
+};
+
+// Whether a point lies inside the circle through the corners.
+bool IsInCircle(const TrussShape::Joint& at, const TrussShape::Joint& a, const TrussShape::Joint& b,
+                const TrussShape::Joint& c) {
+  const auto from = [&at](const TrussShape::Joint& joint) {
+    const double x = static_cast<double>(joint.X) - static_cast<double>(at.X);
+    const double y = static_cast<double>(joint.Y) - static_cast<double>(at.Y);
+    return std::array{x, y, x * x + y * y};
+  };
+  const auto p = from(a);
+  const auto q = from(b);
+  const auto r = from(c);
+  const double circle = p[0] * (q[1] * r[2] - r[1] * q[2]) - p[1] * (q[0] * r[2] - r[0] * q[2]) +
+                        p[2] * (q[0] * r[1] - r[0] * q[1]);
+  const double turn = (q[0] - p[0]) * (r[1] - p[1]) - (q[1] - p[1]) * (r[0] - p[0]);
+  return circle * turn > 0;
+}
+
+// Joint after joint: the triangles whose circles it lies in go, and their outline is joined to it. The last
+// three joints are the corners of one triangle around all.
+std::vector<Triangle> Triangulation(const std::vector<TrussShape::Joint>& joints) {
+  const int outer = static_cast<int>(joints.size()) - 3;
+  std::vector<Triangle> triangles{{{outer, outer + 1, outer + 2}}};
+  const auto at = [&joints](int joint) { return joints[static_cast<std::size_t>(joint)]; };
+  for (int joint = 0; joint < outer; ++joint) {
+    std::map<std::pair<int, int>, int> sides;  // how many of the triangles that go have it
+    std::erase_if(triangles, [&](const Triangle& triangle) {
+      const auto& [a, b, c] = triangle.Joints;
+      if (!IsInCircle(at(joint), at(a), at(b), at(c))) return false;
+      for (const auto& [one, other] : {std::pair{a, b}, {b, c}, {c, a}}) ++sides[std::minmax({one, other})];
+      return true;
+    });
+    for (const auto& [side, times] : sides) {
+      if (times == 1) triangles.push_back({{side.first, side.second, joint}});
+    }
+  }
+  return triangles;
 }
 
 }  // namespace
@@ -52,8 +105,7 @@ TrussShape RandomSimpleTruss(int numUnknowns, unsigned seed) {
   };
   const int numJoints = NumJointsFor(numUnknowns);
   for (int joint = 0; joint < numJoints; ++joint) {
-    shape.Joints.push_back(
-        {static_cast<float>(below(100000)) / 100, static_cast<float>(below(100000)) / 100});
+    shape.Joints.push_back(JointAnywhere(random));
     if (joint == 0) continue;
     const int first = below(joint);
     shape.Members.emplace_back(first, joint);
@@ -98,6 +150,79 @@ TrussShape BracedGrid(int numUnknowns) {
     shape.Members.emplace_back(numJoints - 1, numJoints - width);
   AddLoads(shape);
   return shape;
+}
+
+TrussShape DelaunayTruss(int numUnknowns, unsigned seed) {
+  TrussShape shape;
+  std::mt19937 random(seed);
+  const int numJoints = std::max(numUnknowns / 3, 3);
+  for (int joint = 0; joint < numJoints; ++joint) shape.Joints.push_back(JointAnywhere(random));
+  std::vector<TrussShape::Joint> joints = shape.Joints;
+  joints.insert(joints.end(), {{-1e5F, -1e5F}, {1e5F, -1e5F}, {0, 1e5F}});
+  std::set<std::pair<int, int>> members;
+  for (const Triangle& triangle : Triangulation(joints)) {
+    const auto& [a, b, c] = triangle.Joints;
+    for (const auto& [one, other] : {std::pair{a, b}, {b, c}, {c, a}}) {
+      if (std::max(one, other) < numJoints) members.insert(std::minmax({one, other}));
+    }
+  }
+  shape.Members.assign(members.begin(), members.end());
+  AddLoads(shape);
+  return shape;
+}
+
+TrussShape TwoTours(int numUnknowns, unsigned seed) {
+  TrussShape shape;
+  std::mt19937 random(seed);
+  const int numJoints = std::max(numUnknowns / 2, 5);
+  for (int joint = 0; joint < numJoints; ++joint) shape.Joints.push_back(JointAnywhere(random));
+  std::vector<int> tour(static_cast<std::size_t>(numJoints));
+  std::iota(tour.begin(), tour.end(), 0);
+  std::set<std::pair<int, int>> members;
+  for (int time = 0; time < 2; ++time) {
+    for (std::size_t i = tour.size() - 1; i > 0; --i) std::swap(tour[i], tour[random() % (i + 1)]);
+    for (std::size_t i = 0; i < tour.size(); ++i)
+      members.insert(std::minmax({tour[i], tour[(i + 1) % tour.size()]}));
+  }
+  shape.Members.assign(members.begin(), members.end());
+  // As many as make the numbers of unknowns and equations equal.
+  shape.Members.resize(std::min(shape.Members.size(), static_cast<std::size_t>(2 * numJoints - 3)));
+  AddLoads(shape);
+  return shape;
+}
+
+TrussShape CompleteTruss(int numUnknowns) {
+  TrussShape shape;
+  int numJoints = 3;
+  while ((numJoints + 1) * numJoints / 2 + 3 <= numUnknowns) ++numJoints;
+  for (int joint = 0; joint < numJoints; ++joint) {
+    const double angle = 2 * std::numbers::pi * joint / numJoints;
+    shape.Joints.push_back(
+        {static_cast<float>(1000 * std::cos(angle)), static_cast<float>(1000 * std::sin(angle))});
+    for (int other = 0; other < joint; ++other) shape.Members.emplace_back(other, joint);
+  }
+  AddLoads(shape);
+  return shape;
+}
+
+TrussShape GappedStrip(int numUnknowns) {
+  TrussShape shape = WarrenStrip(numUnknowns);
+  std::size_t number = 0;
+  std::erase_if(shape.Members, [&number](const auto&) { return ++number % 4 == 0; });
+  return shape;
+}
+
+const std::vector<NamedShape>& AllShapes() {
+  static const std::vector<NamedShape> shapes = {
+      {"Warren strip", WarrenStrip},
+      {"random simple truss", [](int numUnknowns) { return RandomSimpleTruss(numUnknowns, 1); }},
+      {"triangulated grid", TriangulatedGrid},
+      {"braced grid", BracedGrid},
+      {"Delaunay triangulation", [](int numUnknowns) { return DelaunayTruss(numUnknowns, 1); }},
+      {"two random tours", [](int numUnknowns) { return TwoTours(numUnknowns, 1); }},
+      {"complete", CompleteTruss},
+      {"strip with gaps", GappedStrip}};
+  return shapes;
 }
 
 SparseMatrix<double> EquationsOf(const TrussShape& shape) {

@@ -41,8 +41,12 @@ QSizeF SizeOnPage(const QImage& image, QStringView lineBefore) {
 }
 
 QByteArray PngBytes(const QImage& image) {
+  // Packing a large drawing well takes seconds and gains little.
+  constexpr qint64 manyPixels = 4'000'000;
+  constexpr int packedFast = 70;  // of the toolkit's qualities: the less, the smaller
+  const bool isLarge = qint64{image.width()} * image.height() > manyPixels;
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
-  return image.save(&buffer, "PNG") ? bytes : QByteArray();
+  return image.save(&buffer, "PNG", isLarge ? packedFast : -1) ? bytes : QByteArray();
 }

@@ -6,6 +6,7 @@
 #include <QSvgGenerator>
 #include <algorithm>
 
+#include "paper/qt/DocumentImages.h"
 #include "paper/qt/SteadyPdf.h"
 #include "platform/qt/QtPicture.h"
 
@@ -20,11 +21,7 @@ constexpr double LongestPage = 14'400;
 constexpr PixelRect OneWhitePixel{0, 0, 1, 1};
 
 QByteArray PngFile(const Picture& picture, const PixelRect& frame) {
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  const bool saved = ToImage(picture, frame, PictureDotsPerInch).save(&buffer, "PNG");
-  return saved ? bytes : QByteArray();
+  return PngBytes(ToImage(picture, frame, PictureDotsPerInch));
 }
 
 QByteArray SvgFile(const Picture& picture, const PixelRect& frame) {
