@@ -1,15 +1,20 @@
-// What surrounds the elimination, on the largest document that 16-bit counters allow: reading, joint list,
-// unknowns and assembly, classification, the tables' cells, writing.
+// The stages between a file and its tables, on the largest document that 16-bit counters allow and on growing
+// ones.
 #include <benchmark/benchmark.h>
 
 #include "ShapeDocument.h"
 #include "analysis/Analysis.h"
 #include "analysis/Classification.h"
+#include "analysis/Elimination.h"
 #include "analysis/Equations.h"
 #include "analysis/Unknowns.h"
+#include "canvas/RedrawTruss.h"
 #include "document/JointList.h"
 #include "document/TrussFile.h"
+#include "explanation/ExactVerdict.h"
+#include "platform/Picture.h"
 #include "reports/ReportTables.h"
+#include "support/FakeMessageBox.h"
 
 namespace {
 
@@ -66,6 +71,42 @@ void Writing(State& state, const TrussShape& shape) {
   for (auto unused : state) benchmark::DoNotOptimize(TrussText(truss));
 }
 
+void Eliminating(State& state, const TrussShape& shape) {
+  Truss truss = DocumentOf(shape);
+  EquationSystem assembled;
+  Assemble(truss, assembled);
+  for (auto unused : state) {
+    state.PauseTiming();
+    EquationSystem system = assembled;
+    state.ResumeTiming();
+    SolveToRREF(system.EquationMatrix.NumRows(), system.NumUnknowns(), system.EquationMatrix,
+                system.ColumnOrder);
+    benchmark::DoNotOptimize(system);
+  }
+}
+
+void Judging(State& state, const TrussShape& shape) {
+  Truss truss = DocumentOf(shape);
+  const TrussGraph graph = GraphOf(truss, SolveTruss(truss));
+  for (auto unused : state) benchmark::DoNotOptimize(JudgeExactly(graph));
+}
+
+// All that a redraw does but paint.
+void Redrawing(State& state, const TrussShape& shape) {
+  Truss truss = DocumentOf(shape);
+  Drawing drawing;
+  drawing.LabelsShown = true;
+  const TextMeasure measure = [](const TextFont&, std::string_view text) {
+    return TextExtent{6 * static_cast<float>(text.size()), 12};
+  };
+  const CanvasContext context{.Bounds = {}, .Numbers = {}, .Measure = measure};
+  FakeMessageBox messages;
+  Picture picture(measure);
+  for (auto unused : state) {
+    if (!RedrawTruss(truss, drawing, picture, context, messages)) state.SkipWithError("not redrawn");
+  }
+}
+
 void Classifying(State& state, const TrussShape& shape) {
   Truss truss = DocumentOf(shape);
   const EquationSystem system = SolveTruss(truss).System;
@@ -92,29 +133,40 @@ void VisitingCells(State& state, const TrussShape& shape) {
   state.counters["cells"] = static_cast<double>(numCells);
 }
 
-int Register() {
-  struct Step {
-    const char* Name;
-    void (*Run)(State& state, const TrussShape& shape);
-  };
-  constexpr Step steps[] = {{"read", Reading},
-                            {"joint list", JointList},
-                            {"unknowns and assembly", UnknownsAndAssembly},
-                            {"from file to equations", FromFileToEquations},
-                            {"write", Writing},
-                            {"classify", Classifying},
-                            {"visit the cells of all tables", VisitingCells}};
+struct Stage {
+  const char* Name;
+  void (*Run)(State& state, const TrussShape& shape);
+};
+
+void Register(const std::string& name, const Stage& stage, const NamedShape& shape, int numUnknowns) {
+  benchmark::RegisterBenchmark((name + stage.Name).c_str(), [make = shape.Make, run = stage.Run,
+                                                             numUnknowns](State& state) {
+    run(state, make(numUnknowns));
+  })->Unit(benchmark::kMillisecond);
+}
+
+// scripts/growth reads the second kind: a stage, a shape and a size, between slashes.
+int RegisterAll() {
+  constexpr Stage stages[] = {{"read", Reading},
+                              {"joint list", JointList},
+                              {"redraw", Redrawing},
+                              {"unknowns and assembly", UnknownsAndAssembly},
+                              {"elimination", Eliminating},
+                              {"classify", Classifying},
+                              {"exact verdict", Judging},
+                              {"visit the cells of all tables", VisitingCells},
+                              {"write", Writing},
+                              {"from file to equations", FromFileToEquations}};
   for (const NamedShape& shape : AllShapes()) {
-    for (const Step& step : steps) {
-      benchmark::RegisterBenchmark(
-          ("largest document/" + shape.Name + "/" + step.Name).c_str(),
-          [make = shape.Make, run = step.Run](State& state) { run(state, make(LargestNumUnknowns)); })
-          ->Unit(benchmark::kMillisecond);
+    for (const Stage& stage : stages) {
+      Register("largest document/" + shape.Name + "/", stage, shape, LargestNumUnknowns);
+      for (const int numUnknowns : {250, 500, 1000, 2000, 4000})
+        Register("growth/" + std::to_string(numUnknowns) + "/" + shape.Name + "/", stage, shape, numUnknowns);
     }
   }
   return 0;
 }
 
-[[maybe_unused]] const int registered = Register();
+[[maybe_unused]] const int registered = RegisterAll();
 
 }  // namespace

@@ -15,14 +15,19 @@ option(ORVANE_JOIN_SOURCES "Compile the files of a room several at a time" ON)
 # orvane_room(NAME
 #   logic_links PUBLIC ... PRIVATE ...
 #   logic A.h A.cpp ...              the rules: library orvane_NAME
+#   files C.h C.cpp ...              those of them that open files, in the words of POSIX, or need one that does; left out
+#                                    where there is no POSIX, for scripts/other-machines
 #   windows_links PUBLIC ... PRIVATE ...
 #   windows B.h B.cpp ...)           the widgets: library orvane_NAME_windows, which links the logic and Qt
 # The furniture of one room (a folder of src/), each file named. A room's files reach the headers of the rooms that it
 # links and no others, so that an include upwards, or of Qt in the logic, does not compile. PUBLIC are those whose
 # headers stand in this room's headers, PRIVATE those that only its .cpp files include.
 function(orvane_room name)
-  cmake_parse_arguments(ROOM "" "" "logic;logic_links;windows;windows_links" ${ARGN})
+  cmake_parse_arguments(ROOM "" "" "logic;logic_links;files;windows;windows_links" ${ARGN})
 
+  if(UNIX)
+    list(APPEND ROOM_logic ${ROOM_files})
+  endif()
   add_library(orvane_${name} STATIC ${ROOM_logic})
   orvane_include_folder(orvane_${name} ${name})
   target_link_libraries(orvane_${name} PUBLIC orvane_compiler ${ROOM_logic_links})

@@ -9,6 +9,10 @@
 #include "explanation/DrawingChecks.h"
 #include "explanation/ExplanationText.h"
 
+/// What stands in place of the section "why" for a truss without an unknown force.
+inline constexpr const char* NothingToExplainText =
+    "There is nothing to explain: a truss without members and supports has no unknown force.";
+
 /// The section "why", in UTF-8 with line ends LF; for a truss with at least one unknown force.
 void WriteWhy(std::ostream& out, const Explanation& explanation, const ReportFormat& format);
 

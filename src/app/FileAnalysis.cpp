@@ -3,36 +3,29 @@
 #include <optional>
 
 #include "document/JointList.h"
-#include "document/TrussFile.h"
+#include "document/TrussText.h"
 #include "naming/Naming.h"
-#include "platform/FileBytes.h"
 #include "text/CodePage.h"
 
-namespace {
-
-std::optional<ReadError> Read(AnalysedFile& file, std::istream& standardInput) {
-  const CanvasBounds bounds;
-  const bool isStandardInput = file.Argument == "-";
-  if (!isStandardInput) file.Document.FileName = file.Argument;
-  const FileBytes input =
-      isStandardInput ? ReadWholeStream(standardInput) : ReadWholeFile(file.Argument, PipesAndDevices::Taken);
-  if (!input.Problem.empty()) return ReadError{0, input.Problem};
-  const TrussReading reading = ReadTrussWithRest(file.Document, bounds, input.Bytes);
-  file.UnreadLine = reading.UnreadLine;
-  return reading.Error;
-}
-
-}  // namespace
-
-AnalysedFile ReadForAnalysis(const std::string& argument, bool autoName, std::istream& standardInput) {
+AnalysedFile FileWithBytes(const std::string& argument, bool autoName, const FileBytes& input) {
   AnalysedFile file;
   file.Argument = argument;
-  if (const auto error = Read(file, standardInput)) file.Error = ToUtf8(error->Text());
+  const std::string path = argument == "-" ? "" : argument;
+  file.Document.FileName = path;
+  std::optional<ReadError> error;
+  if (input.Problem.empty()) {
+    const TrussReading reading = ReadTrussWithRest(file.Document, CanvasBounds{}, input.Bytes);
+    file.UnreadLine = reading.UnreadLine;
+    error = reading.Error;
+  } else {
+    error = ReadError{0, input.Problem};
+  }
+  if (error) file.Error = ToUtf8(error->Text());
   if (!CheckJoints(file.Document)) {
     // Nothing can be said of a truss whose joints cannot be numbered.
     if (file.IsComplete()) file.Error = TooManyJointsText;
     ResetAll(file.Document);
-    file.Document.FileName = argument == "-" ? "" : argument;
+    file.Document.FileName = path;
   }
   if (autoName) AutoName(file.Document);
   return file;

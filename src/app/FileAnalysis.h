@@ -8,6 +8,7 @@
 
 #include "analysis/Analysis.h"
 #include "document/Truss.h"
+#include "platform/FileBytes.h"
 
 struct AnalysedFile {
   std::string Argument;  ///< the file as the user named it; "-" is standard input
@@ -26,6 +27,9 @@ struct AnalysedFile {
 /// Reads the file (or `standardInput` for "-") and, with `autoName`, names everything. After a read error
 /// what was read is used. No analysis yet.
 AnalysedFile ReadForAnalysis(const std::string& argument, bool autoName, std::istream& standardInput);
+
+/// The same from what has been read of it.
+AnalysedFile FileWithBytes(const std::string& argument, bool autoName, const FileBytes& input);
 
 /// Fills Analysis and Remarks.
 void Analyse(AnalysedFile& file);

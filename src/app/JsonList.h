@@ -1,5 +1,5 @@
-// JSON arrays and objects put together item by item. The toolkit's own objects sort their keys and know
-// doubles only; here keys stand in the order given, and singles are singles. The toolkit escapes the texts.
+// JSON arrays and objects put together item by item, so that keys stand in the order given, and singles are
+// singles.
 #pragma once
 
 #include <ostream>

@@ -36,7 +36,7 @@ bool Meet(const ScreenBox& a, const ScreenBox& b) {
 }
 
 // Less than this share of what a window asks for is no use where it may cover others instead.
-constexpr double UsefulShare = 0.55;
+constexpr double UsefulShare = 0.6;
 
 int UsefulHeight(const ReportSizes& sizes, int most) {
   return std::min(most,
@@ -141,7 +141,7 @@ ScreenBox PlaceOfExplanation(const ScreenBox& screen, const ScreenBox& mainWindo
                              const std::vector<ScreenBox>& others, int panelBottom,
                              const ReportSizes& sizes) {
   const auto isFree = [&](const ScreenBox& place) {
-    return place.Width >= sizes.SmallestWidth &&
+    return place.Width >= UsefulWidth(sizes, std::min(sizes.Width, screen.Width)) &&
            place.Height >= UsefulHeight(sizes, std::min(sizes.Height, screen.Height)) &&
            std::ranges::none_of(others, [&](const ScreenBox& other) { return Meet(place, other); });
   };

@@ -44,8 +44,8 @@ inline constexpr ReportSizes ChecksSizes{
     .Width = 480, .Height = 320, .SmallestWidth = 300, .SmallestHeight = 160};
 
 /// The place of a window that is read beside the main window and `others` (the report window and its like,
-/// those that are shown), with its frame, inside `screen` and never of less than about half of what it asks
-/// for, as far as the screen has it: on a side of the main window where none of them stands, if there is
+/// those that are shown), with its frame, inside `screen` and never of less than three fifths of what it
+/// asks for, as far as the screen has it: on a side of the main window where none of them stands, if there is
 /// enough width; else below one of them; else as the report would stand; and where that would cover one of
 /// them, where least is covered: above all the beginning of no title, then buttons, drawing and texts.
 ScreenBox PlaceOfExplanation(const ScreenBox& screen, const ScreenBox& mainWindow,

@@ -40,18 +40,28 @@ std::vector<std::size_t> ColumnWidths(const ReportTable& table) {
   return widths;
 }
 
+// Nearly all cells of a large matrix are "0": what stands between the others is taken from a line of zeros.
 void WriteTable(std::ostream& out, const ReportTable& table) {
   out << table.Heading() << '\n';
-  const std::vector<std::size_t> widths = ColumnWidths(table);
+  std::vector<std::size_t> begins = {0};  // of each column, its gap included, and the end of the last one
+  std::string zeros;
+  for (const std::size_t width : ColumnWidths(table)) {
+    zeros.append((zeros.empty() ? 0 : ColumnGap) + width - 1, ' ');
+    zeros += '0';
+    begins.push_back(zeros.size());
+  }
   std::string line;
   for (int row = 0; row < table.NumRows(); ++row) {
     line.clear();
-    for (int column = 0; column < table.NumColumns(); ++column) {
+    std::size_t done = 0;
+    table.VisitRow(row, 0, table.NumColumns() - 1, [&](int column) {
       const std::string cell = table.Text(row, column);
-      line.append((column > 0 ? ColumnGap : 0) + widths[static_cast<std::size_t>(column)] - cell.size(), ' ');
-      line += cell;
-    }
-    out << Shown(line) << '\n';
+      const std::size_t begin = begins[static_cast<std::size_t>(column)];
+      const std::size_t end = begins[static_cast<std::size_t>(column) + 1];
+      line.append(zeros, done, begin - done).append(end - begin - cell.size(), ' ').append(Shown(cell));
+      done = end;
+    });
+    out << line.append(zeros, done) << '\n';
   }
 }
 
@@ -138,7 +148,13 @@ void WriteReport(std::ostream& out, const AnalysedFile& file, const WantedSectio
   });
   for (const ExplainedSection explained : wanted.Explained) {
     const auto wants = [&](ExplainedSection which) { return explained == which; };
-    section(wants(ExplainedSection::Why) && hasUnknowns, [&] { WriteWhy(out, reasons.Whole(), format); });
+    section(wants(ExplainedSection::Why), [&] {
+      if (!hasUnknowns) {
+        out << NothingToExplainText << '\n';
+        return;
+      }
+      WriteWhy(out, reasons.Whole(), format);
+    });
     section(wants(ExplainedSection::Checks), [&] { WriteChecks(out, file, format); });
     section(wants(ExplainedSection::Steps) && hasUnknowns, [&] { WriteSteps(out, file, reasons, format); });
     section(wants(ExplainedSection::ByJoint) && hasUnknowns, [&] { WriteByJoint(out, file, format); });
@@ -149,13 +165,21 @@ void WriteCsv(std::ostream& out, const AnalysedFile& file, CsvTable which, const
   const auto table = LoadTable(file, which, format);
   const bool noRows = which == CsvTable::Solutions && file.Analysis.Reading.Code == Outcome::Inconsistent;
   const int numRows = noRows ? 1 : table->NumRows();
+  const auto numColumns = static_cast<std::size_t>(table->NumColumns());
+  std::string zeros;
+  for (std::size_t column = 0; column < numColumns; ++column) zeros += ",0";
   std::string line;
   for (int row = 0; row < numRows; ++row) {
     line.clear();
-    for (int column = 0; column < table->NumColumns(); ++column) {
-      if (column > 0) line += ',';
-      line += CsvField(Shown(CsvText(*table, row, column)));
-    }
-    out << line << "\r\n";
+    std::size_t done = 0;  // columns
+    table->VisitRow(row, 0, table->NumColumns() - 1, [&](int column) {
+      const auto at = static_cast<std::size_t>(column);
+      line.append(zeros, 0, 2 * (at - done))
+          .append(1, ',')
+          .append(CsvField(Shown(CsvText(*table, row, column))));
+      done = at + 1;
+    });
+    line.append(zeros, 0, 2 * (numColumns - done));
+    out << std::string_view(line).substr(1) << "\r\n";
   }
 }

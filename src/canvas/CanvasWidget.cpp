@@ -191,13 +191,22 @@ void CanvasWidget::PointAt(std::optional<PixelPoint> world) {
   update();
 }
 
-// A light ring inside a dark one can be seen on paper and on lines.
+// A light ring inside a dark one can be seen on paper and on lines. It leaves out the names, above all that
+// of the joint at which it points.
 void CanvasWidget::PaintPointer(QPainter& painter) const {
   if (!pointedAt_) return;
   const QPointF centre(double{OntoPaper(drawing_.Mapping.XPixel(pointedAt_->X))} + 0.5,
                        double{OntoPaper(drawing_.Mapping.YPixel(pointedAt_->Y))} + 0.5);
   constexpr double radius = 18;
+  QRegion room(rect());
+  for (const LabelPlace& label : drawing_.lblRodJoint.First(drawing_.lblRodJoint.Size())) {
+    const QRectF box(double{label.Left}, double{label.Top}, double{label.Width}, double{label.Height});
+    if (label.Visible) room -= box.toAlignedRect();
+  }
+  painter.save();
+  painter.setClipRegion(room);
   PaintPlaceRing(painter, centre, radius);
+  painter.restore();
 }
 
 LabelIndex CanvasWidget::LabelUnder(const QPointF& position) const {

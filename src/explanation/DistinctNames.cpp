@@ -34,6 +34,8 @@ std::int64_t CellOf(double at, double size) { return static_cast<std::int64_t>(s
 
 }  // namespace
 
+std::string NameBesideValue(const std::string& name) { return IsOddForForce(name) ? InBrackets(name) : name; }
+
 DistinctNames::DistinctNames(const TrussGraph& graph, const ReportFormat& format, OddNames odd)
     : graph_(graph),
       format_(format),

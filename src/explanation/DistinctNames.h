@@ -18,6 +18,9 @@ enum class OddNames {
   InBrackets,  ///< "[left chord]", for sentences and equations
 };
 
+/// The name of a force beside its value: in brackets when it reads like more than a name.
+std::string NameBesideValue(const std::string& name);
+
 /// The names of a truss, single-byte texts. Who has a name that no other has is called by it. A joint without
 /// one is called by its place, "(3, 4)"; one that shares its name by both, "A at (3, 4)". A member without a
 /// name is called by its ends, "member A to C"; one that shares it by both, "AB (A to C)". A reaction without

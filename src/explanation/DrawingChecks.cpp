@@ -1,6 +1,7 @@
 #include "explanation/DrawingChecks.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
 #include <set>
@@ -13,6 +14,7 @@
 #include "explanation/DistinctNames.h"
 #include "explanation/EqualNames.h"
 #include "explanation/RigidityMatrix.h"
+#include "explanation/TrussExtent.h"
 
 namespace {
 
@@ -46,7 +48,7 @@ class Checker {
         format_(format),
         graph_(DrawnGraph(truss)),
         names_(graph_, format, OddNames::InBrackets),
-        near_(truss.Settings, where) {
+        near_(truss.Settings, where, ExtentOf(graph_).Size()) {
     for (int j = 1; j <= truss.NumJoints; ++j) {
       jointAt_.emplace(PositionKey(truss.Joints[j].X, truss.Joints[j].Y), j);
     }
@@ -162,9 +164,23 @@ class Checker {
       const PlacedJoint& end = SharedPlace(first, second, unit);
       if (!TellPair(CheckKind::CoincidentMembers, end.X, end.Y,
                     "Member " + names_.Member(first) + " and member " + names_.Member(second) +
-                        " lie on one another" + At(end.X, end.Y) + "."))
+                        " lie on one another" + Stretch(first, second) + "."))
         return;
     }
+  }
+
+  // From where to where two members on one line share it: of their four ends the two in the middle.
+  std::string Stretch(int first, int second) const {
+    const MemberLine line = LineOf(first);
+    std::array<const PlacedJoint*, 4> ends{};
+    std::size_t at = 0;
+    for (const int member : {first, second}) {
+      for (const int joint : {graph_.Unknowns[member].JointA, graph_.Unknowns[member].JointB})
+        ends[at++] = &graph_.Joints[joint];
+    }
+    std::ranges::stable_sort(ends, {}, [&line](const PlacedJoint* joint) { return line.See(*joint).Along; });
+    return " from " + PairText(ends[1]->X, ends[1]->Y, format_) + " to " +
+           PairText(ends[2]->X, ends[2]->Y, format_);
   }
 
   // An end of one of two members on one line that lies on the part they share.

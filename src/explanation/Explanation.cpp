@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "explanation/HoldingSet.h"
+#include "explanation/TrussExtent.h"
 
 namespace {
 
@@ -22,7 +23,7 @@ Explanation Explain(const Truss& truss, const TrussAnalysis& analysis, TrussGrap
   explanation.Exact = ReasonExactly(explanation.Graph);
   explanation.Determined = DeterminedForces(explanation.Graph, explanation.Exact);
   explanation.Proof = ProveContradiction(explanation.Graph, explanation.Exact.Motions);
-  const NearPlaces near(truss.Settings, UsuallyDrawn(truss));
+  const NearPlaces near(truss.Settings, UsuallyDrawn(truss), ExtentOf(explanation.Graph).Size());
   explanation.Suggestions = AdviceFor(explanation.Graph, explanation.Exact, near);
   explanation.Together = SetThatHolds(explanation.Graph, explanation.Exact, near);
   explanation.Rounded =

@@ -98,7 +98,8 @@ class Writer {
 
   std::vector<std::string> VerdictParagraphs() const {
     std::vector<std::string> paragraphs = {ConclusionText()};
-    for (const std::string& remark : {DifferentReadings(graph_, on_.Rounded, format_), NoSupportsText(on_)}) {
+    for (const std::string& remark : {DifferentReadings(graph_, on_.Rounded, format_), NoSupportsText(on_),
+                                      PartsWithoutSupportText(on_, names_)}) {
       if (!remark.empty()) paragraphs.push_back(remark);
     }
     paragraphs.push_back("This truss has " + Motions(verdict_.Mechanisms()) + " and " +
@@ -133,6 +134,7 @@ class Writer {
   std::vector<std::string> ProofParagraphs() const {
     if (!on_.Proof) return {};
     const ContradictionProof& proof = *on_.Proof;
+    if (proof.Equations.size() == 1) return {OneEquationText(proof)};
     std::vector<std::string> terms;
     for (const WeightedEquation& equation : proof.Equations) {
       terms.push_back(Factor(equation.Factor) + " times the equation " +
@@ -156,6 +158,17 @@ class Writer {
         "every coefficient is a difference of coordinates, and the sum is exactly 0" +
         std::string(proof.IsWhole ? "." : ", when the factors are not rounded as they are here."));
     return paragraphs;
+  }
+
+  // It has no force on its left, since nothing else could cancel one.
+  std::string OneEquationText(const ContradictionProof& proof) const {
+    const WeightedEquation& equation = proof.Equations.front();
+    const std::string load = Number(proof.Sum / equation.Factor);
+    return "No unknown force acts on " + names_.JointInWords(equation.Joint) +
+           " in the direction of the equation " + names_.Equation(equation.Joint, equation.Along) +
+           ", only a load: it says 0 = " + load +
+           ", and contradicts itself.  In words of mechanics: on motion " +
+           std::to_string(proof.MotionNumber) + " the load does work, and nothing is there to balance it.";
   }
 
   // The equations of the proof with force densities as unknowns, one below the other.

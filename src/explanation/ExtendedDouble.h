@@ -2,8 +2,6 @@
 // are of so different sizes that what matters would be lost in the rounding of the largest.
 #pragma once
 
-#include <cmath>
-
 /// High is the double nearest to the number, Low what is left. About 32 figures.
 struct ExtendedDouble {
   double High = 0, Low = 0;
@@ -20,9 +18,8 @@ struct ExtendedDouble {
   friend ExtendedDouble operator-(const ExtendedDouble& a, const ExtendedDouble& b) { return a + -b; }
 
   friend ExtendedDouble operator*(const ExtendedDouble& a, const ExtendedDouble& b) {
-    const double product = a.High * b.High;
-    const double rest = std::fma(a.High, b.High, -product);
-    return Ordered(product, rest + (a.High * b.Low + a.Low * b.High));
+    const ExtendedDouble high = Product(a.High, b.High);
+    return Ordered(high.High, high.Low + (a.High * b.Low + a.Low * b.High));
   }
 
   friend ExtendedDouble operator/(const ExtendedDouble& a, const ExtendedDouble& b) {
@@ -45,5 +42,22 @@ struct ExtendedDouble {
   static ExtendedDouble Ordered(double a, double b) {
     const double sum = a + b;
     return {sum, b - (sum - a)};
+  }
+
+  // Exactly a * b. Not by std::fma, which is not exact on every machine.
+  static ExtendedDouble Product(double a, double b) {
+    const ExtendedDouble ofA = Halves(a);
+    const ExtendedDouble ofB = Halves(b);
+    const double product = a * b;
+    const double rest =
+        ofA.High * ofB.High - product + ofA.High * ofB.Low + ofA.Low * ofB.High + ofA.Low * ofB.Low;
+    return {product, rest};
+  }
+
+  // The number as a sum of two with half of the figures each, so that their products are exact.
+  static ExtendedDouble Halves(double number) {
+    const double shifted = 134217729 * number;  // 2^27 + 1
+    const double high = shifted - (shifted - number);
+    return {high, number - high};
   }
 };

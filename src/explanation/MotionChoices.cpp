@@ -53,6 +53,11 @@ std::vector<MotionChoice> MotionChoices(const TrussGraph& graph, const ExactReas
   return choices;
 }
 
+std::string BeginningOfText(const MotionChoice& choice) {
+  return (choice.What == MotionChoice::Kind::Motion ? "Motion " : "Self-stress ") +
+         std::to_string(choice.Number) + '.';
+}
+
 const Motion* MotionOf(const MotionChoice& choice, const ExactReasons& reasons) {
   return choice.What == MotionChoice::Kind::Motion ? NumberIn(reasons.Motions, choice.Number) : nullptr;
 }

@@ -19,6 +19,9 @@ struct MotionChoice {
 std::vector<MotionChoice> MotionChoices(const TrussGraph& graph, const ExactReasons& reasons,
                                         const ReportFormat& format);
 
+/// With which words the paragraph of the explanation begins that tells it: "Motion 1.".
+std::string BeginningOfText(const MotionChoice& choice);
+
 /// The motion or state that was chosen; null for a choice of the other kind.
 const Motion* MotionOf(const MotionChoice& choice, const ExactReasons& reasons);
 const SelfStress* SelfStressOf(const MotionChoice& choice, const ExactReasons& reasons);

@@ -130,10 +130,12 @@ std::string MotionTeller::Text(const SelfStress& stress) const {
                     SenseText(force));
   }
   const std::string who = names_.ForcesAtStart(unknowns);
+  const bool anyMember =
+      std::ranges::any_of(unknowns, [this](int k) { return graph_.Unknowns[k].IsMember(); });
   if (unknowns.size() == 1)
     return who + " stands in no equation: it may have any value, whatever the others have.";
   return who + " hang together: forces in the proportions " + ListOf(pairs) +
-         " (compression positive) are in balance without any load.";
+         (anyMember ? " (compression positive)" : "") + " are in balance without any load.";
 }
 
 std::string MotionText(const TrussGraph& graph, const Motion& motion, const ReportFormat& format) {

@@ -40,16 +40,18 @@ DrawnWhere UsuallyDrawn(const Truss& truss) {
   return DrawnOn(bounds, graph, usual.CanvasWidth, usual.CanvasHeight);
 }
 
-NearPlaces::NearPlaces(const DocumentSettings& settings, const DrawnWhere& where)
+NearPlaces::NearPlaces(const DocumentSettings& settings, const DrawnWhere& where, double size)
     : snapX_(where.SnapX),
       snapY_(where.SnapY),
-      thousandth_(std::abs(double{settings.XMax} - double{settings.XMin}) / 1000) {}
+      thousandth_(std::min(std::abs(double{settings.XMax} - double{settings.XMin}) / 1000, size / 10)),
+      farthest_(size / 10) {}
 
 bool NearPlaces::Meet(const PlacedJoint& a, const PlacedJoint& b) const {
   const double dx = std::abs(WrittenDifference(a.X, b.X));
   const double dy = std::abs(WrittenDifference(a.Y, b.Y));
   // A thousandth that is written in decimals counts as one: 0.02 of 20.
-  return (dx < snapX_ && dy < snapY_) || std::sqrt(dx * dx + dy * dy) <= thousandth_ * (1 + 1e-6);
+  const double distance = std::sqrt(dx * dx + dy * dy);
+  return (dx < snapX_ && dy < snapY_ && distance <= farthest_) || distance <= thousandth_ * (1 + 1e-6);
 }
 
 // Joints in cells as large as the distance looked for: what is near stands in the same or a neighbouring

@@ -44,13 +44,15 @@ class NearPlaces {
   /// Only equal places are near each other.
   NearPlaces() = default;
 
-  NearPlaces(const DocumentSettings& settings, const DrawnWhere& where);
+  /// `size` is the longer side of the rectangle around all joints, world units: of a drawing that is tiny on
+  /// its canvas nothing is near that is farther apart than a tenth of it.
+  NearPlaces(const DocumentSettings& settings, const DrawnWhere& where, double size);
 
-  /// Of the drawing's width, world units.
+  /// Of the drawing's width, or what is near in a tiny drawing, world units.
   double Thousandth() const { return thousandth_; }
 
   /// Whether two joints nearly meet: the mouse would join them, or they are not farther apart than a
-  /// thousandth of the drawing's width.
+  /// thousandth of the drawing's width; and than a tenth of its size.
   bool Meet(const PlacedJoint& a, const PlacedJoint& b) const;
 
   /// Calls `take` with every two joints that nearly meet, the lower first, by ascending second and then first
@@ -65,5 +67,5 @@ class NearPlaces {
                        const PlacedJoint& d) const;
 
  private:
-  double snapX_ = 0, snapY_ = 0, thousandth_ = 0;
+  double snapX_ = 0, snapY_ = 0, thousandth_ = 0, farthest_ = 0;
 };

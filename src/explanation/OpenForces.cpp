@@ -8,6 +8,7 @@
 
 #include "analysis/Elimination.h"
 #include "explanation/At.h"
+#include "explanation/Length.h"
 #include "explanation/RigidityMatrix.h"
 
 namespace {
@@ -50,7 +51,7 @@ class FreeChooser {
     if (!unknown.IsMember()) return {true, 0};
     const PlacedJoint& a = graph_.Joints[unknown.JointA];
     const PlacedJoint& b = graph_.Joints[unknown.JointB];
-    return {false, -std::hypot(double{a.X} - double{b.X}, double{a.Y} - double{b.Y})};
+    return {false, -LengthOf(double{a.X} - double{b.X}, double{a.Y} - double{b.Y})};
   }
 
   static std::uint64_t In(const ModularRow& vector, int column) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include "explanation/Length.h"
 #include "text/DecimalDigits.h"
 
 namespace {
@@ -39,8 +40,9 @@ ExtendedDouble ExtendedDifference(float a, float b) {
   const Wide difference = InUnits(first, unit) - InUnits(second, unit);
   const auto high = static_cast<double>(difference);
   const ExtendedDouble whole{high, static_cast<double>(difference - static_cast<Wide>(high))};
-  const ExtendedDouble scale{std::pow(10.0, std::abs(unit))};  // exact up to 10^22
-  return unit < 0 ? whole / scale : whole * scale;
+  double scale = 1;
+  for (int power = 0; power < std::abs(unit); ++power) scale *= 10;  // exact up to 10^22
+  return unit < 0 ? whole / ExtendedDouble{scale} : whole * ExtendedDouble{scale};
 }
 
 template <class Field>
@@ -171,6 +173,6 @@ double LargestLoad(const TrussGraph& graph) {
   const std::vector<double> loads = LoadVector(graph);
   double largest = 0;
   for (std::size_t i = 0; i + 1 < loads.size(); i += 2)
-    largest = std::max(largest, std::hypot(loads[i], loads[i + 1]));
+    largest = std::max(largest, LengthOf(loads[i], loads[i + 1]));
   return largest;
 }

@@ -10,6 +10,9 @@
 /// for one with supports.
 std::string NoSupportsText(const Explanation& explanation);
 
+/// Of a truss with supports: which of its parts have none. Empty where each has one.
+std::string PartsWithoutSupportText(const Explanation& explanation, const DistinctNames& names);
+
 /// Of a truss that keeps its shape and has as many equations as unknowns, and that moves all the same: what
 /// Counting's sentence about triangles takes for granted, and why it does not hold here.
 std::string TrianglesText(const Explanation& explanation, const DistinctNames& names);

@@ -61,7 +61,10 @@ void WhyWindow::CreateControls() {
   cmbMotion_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   cmbMotion_->setMinimumContentsLength(12);
   lblMotion_->setBuddy(cmbMotion_);
-  connect(cmbMotion_, &QComboBox::currentIndexChanged, this, &WhyWindow::ShowChoice);
+  connect(cmbMotion_, &QComboBox::currentIndexChanged, this, [this] {
+    ShowChoice();
+    if (const MotionChoice* choice = Chosen()) ShowParagraphOf(*choice);
+  });
 
   lblSwing_ = new QLabel(QStringLiteral("S&wing:"), this);
   sldSwing_ = new QSlider(Qt::Horizontal, this);
@@ -243,6 +246,17 @@ void WhyWindow::ShowChoice() {
   lblNote_->setText(QString::fromLatin1(NoteOnChoice(choice, explanation_->Graph, explanation_->Exact)));
   ShowControls();
   KeepWholeHeight(*this);
+}
+
+// Brings the text of what is drawn into sight, at the top where there is text enough below it.
+void WhyWindow::ShowParagraphOf(const MotionChoice& choice) {
+  const std::string beginning = BeginningOfText(choice);
+  const auto line =
+      std::ranges::find_if(lines_, [&](const WhyLine& told) { return told.Text.starts_with(beginning); });
+  if (line == lines_.end()) return;
+  const QTextBlock block = txtWhy_->document()->findBlockByNumber(static_cast<int>(line - lines_.begin()));
+  txtWhy_->moveCursor(QTextCursor::End);
+  txtWhy_->setTextCursor(QTextCursor(block));
 }
 
 void WhyWindow::ShowControls() {

@@ -49,6 +49,7 @@ class WhyWindow final : public LearnWindow {
   void WriteText(const std::vector<WhyLine>& lines);
   void FitTable();
   void ShowChoice();
+  void ShowParagraphOf(const MotionChoice& choice);
   void ShowControls();
   void Play();
   void FollowPlayer(double swing);

@@ -29,7 +29,8 @@ enum class LineRole {
   Joined,       ///< stands whole on one page with the line that follows
   JoinedLast,   ///< ends what Joined began
   TableHeader,  ///< the first row of another table, shown again on each page that the table goes on to
-  TableRow      ///< one more row of the table above
+  TableRow,     ///< one more row of the table above
+  JoinedRow     ///< the same, on the page of the row below: for tables so small that they stand whole
 };
 
 /// 1 for titles, 2 for a section, 0 for what is no heading.
@@ -38,11 +39,14 @@ constexpr int HeadingLevel(LineRole role) {
   return role == LineRole::Heading ? 2 : 0;
 }
 constexpr bool IsHeading(LineRole role) { return HeadingLevel(role) > 0; }
-constexpr bool IsRow(LineRole role) { return role == LineRole::TableHeader || role == LineRole::TableRow; }
+/// One below the header.
+constexpr bool IsBodyRow(LineRole role) { return role == LineRole::TableRow || role == LineRole::JoinedRow; }
+constexpr bool IsRow(LineRole role) { return role == LineRole::TableHeader || IsBodyRow(role); }
 
 /// Whether a page never ends below such a line, nor below blank lines that follow it.
 constexpr bool StaysWithNext(LineRole role) {
-  return IsHeading(role) || role == LineRole::Joined || role == LineRole::TableHeader;
+  return IsHeading(role) || role == LineRole::Joined || role == LineRole::TableHeader ||
+         role == LineRole::JoinedRow;
 }
 
 /// A line break is CR LF; a CR or an LF alone is one too. A line that is monospaced throughout is part of a

@@ -9,6 +9,7 @@
 namespace {
 
 constexpr std::size_t MaxFileSize = std::size_t{256} << 20U;
+constexpr std::size_t LargeFileSize = std::size_t{16} << 20U;
 
 constexpr const char* CannotBeOpened = "the file cannot be opened for reading";
 constexpr const char* NotReadToItsEnd = "the file could not be read to its end";
@@ -23,6 +24,9 @@ bool Append(FileBytes& result, std::string_view piece) {
     result = Failed("the file is larger than any truss");
     return false;
   }
+  // Growing twofold would need the largest size one and a half times; room that is not used takes no memory.
+  const bool isLarge = result.Bytes.size() + piece.size() > LargeFileSize;
+  if (isLarge && result.Bytes.capacity() < MaxFileSize) result.Bytes.reserve(MaxFileSize);
   result.Bytes += piece;
   return true;
 }

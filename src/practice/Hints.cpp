@@ -57,7 +57,8 @@ class Hinter {
     OpenEquations open;
     for (const BalanceEquation& equation : step.Equations) {
       if (equation.Use == BalanceUse::SolvesTogether) open.push_back(&equation);
-      const bool isNext = equation.Use == BalanceUse::Solves && open.empty() && IsOpen(equation.Solved);
+      const bool isNext =
+          equation.Use == BalanceUse::Solves && open.empty() && IsOpen(equation.Solved.Unknown);
       if (isNext) open.push_back(&equation);
     }
     return open;

@@ -66,10 +66,13 @@ class WhySection {
     RTBText(on_.Report, "", BreaksBefore, 0, PlainBlack);
     for (const std::string& line : lines) {
       const bool isHeader = &line == &lines.front();
+      const LineRole role = isHeader                 ? LineRole::TableHeader
+                            : &line == &lines.back() ? LineRole::TableRow
+                                                     : LineRole::JoinedRow;
       format.Colour = isHeader ? LightBlue : Black;
-      on_.Report.Document.Append(line, format, isHeader ? LineRole::TableHeader : LineRole::TableRow);
+      on_.Report.Document.Append(line, format, role);
       format.Colour = Black;
-      on_.Report.Document.Append(LineBreak, format, isHeader ? LineRole::TableHeader : LineRole::TableRow);
+      on_.Report.Document.Append(LineBreak, format, role);
     }
   }
 

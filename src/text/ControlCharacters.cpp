@@ -51,6 +51,25 @@ void ForEachCharacter(std::string_view text, Piece piece) {
   }
 }
 
+// The number of a character of at most three bytes.
+unsigned CodeOf(std::string_view character) {
+  unsigned code = ByteAt(character, 0) & (character.size() == 1 ? 0x7FU : 0xFFU >> (character.size() + 1));
+  for (std::size_t i = 1; i < character.size(); ++i) code = code << 6U | (ByteAt(character, i) & 0x3FU);
+  return code;
+}
+
+// The short form where JSON has one.
+std::string EscapeOf(unsigned code) {
+  constexpr std::string_view digits = "0123456789abcdef";
+  constexpr std::string_view shortForms = "\"\"\\\\\bb\ff\nn\rr\tt";  // each after its character
+  for (std::size_t i = 0; i < shortForms.size(); i += 2) {
+    if (code == ByteAt(shortForms, i)) return {'\\', shortForms[i + 1]};
+  }
+  std::string escape = "\\u";
+  for (unsigned shift = 16; shift > 0; shift -= 4) escape += digits[code >> (shift - 4) & 0xFU];
+  return escape;
+}
+
 }  // namespace
 
 std::string VisibleText(std::string_view utf8Text) {
@@ -76,6 +95,21 @@ std::string WithoutControls(std::string_view utf8Text) {
     kept += character.empty() ? std::string_view(&first, 1) : character;
   });
   return kept;
+}
+
+std::string JsonEscaped(std::string_view utf8Text) {
+  std::string json;
+  json.reserve(utf8Text.size());
+  ForEachCharacter(utf8Text, [&json](std::string_view character, char first) {
+    const bool isEscaped = IsC0OrDel(static_cast<std::uint8_t>(first)) || first == '"' || first == '\\' ||
+                           IsC1(character) || IsDirectionMark(character);
+    if (isEscaped) {
+      json += EscapeOf(CodeOf(character));
+    } else {
+      json += character.empty() ? ReplacementCharacter : character;
+    }
+  });
+  return json;
 }
 
 bool IsDirectionMark(std::string_view character) {

@@ -10,6 +10,10 @@
 /// C1, marks of direction and bytes that are not UTF-8 as U+FFFD. Each is one character wide.
 std::string VisibleText(std::string_view utf8Text);
 
+/// How a text stands between the quotes of JSON, and no terminal obeys it: quotes, backslashes, control
+/// characters and marks of direction escaped, bytes that are not UTF-8 as U+FFFD.
+std::string JsonEscaped(std::string_view utf8Text);
+
 /// Whether one character, in UTF-8, is a mark of direction: U+061C, U+200E, U+200F, U+202A to U+202E or
 /// U+2066 to U+2069.
 bool IsDirectionMark(std::string_view character);

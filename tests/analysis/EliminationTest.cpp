@@ -137,23 +137,23 @@ TEST(Elimination, AMagnitudeBelowTheToleranceStopsTheEliminationAndIsCleaned) {
 }
 
 TEST(Elimination, TheSmallestPivotIsTheSameInEveryPhase) {
-  for (const auto& [name, tuning] : AllWays()) {
+  for (const NamedTuning& way : AllWays()) {
     const auto rows = [&](double smallest) {
-      return RowsOf(Solve(MatrixOf({{smallest, 0, 3}, {0, -1, 2}}), tuning).Equations);
+      return RowsOf(Solve(MatrixOf({{smallest, 0, 3}, {0, -1, 2}}), way.Tuning).Equations);
     };
-    EXPECT_EQ(rows(1e-10), (std::vector<std::vector<double>>{{1, 0, 3 / 1e-10}, {0, 1, -2}})) << name;
-    EXPECT_EQ(rows(-1e-10), (std::vector<std::vector<double>>{{1, 0, -3 / 1e-10}, {0, 1, -2}})) << name;
-    EXPECT_EQ(rows(9.99e-11), (std::vector<std::vector<double>>{{0, 0, 3}, {0, 1, -2}})) << name;
+    EXPECT_EQ(rows(1e-10), (std::vector<std::vector<double>>{{1, 0, 3 / 1e-10}, {0, 1, -2}})) << way.Name;
+    EXPECT_EQ(rows(-1e-10), (std::vector<std::vector<double>>{{1, 0, -3 / 1e-10}, {0, 1, -2}})) << way.Name;
+    EXPECT_EQ(rows(9.99e-11), (std::vector<std::vector<double>>{{0, 0, 3}, {0, 1, -2}})) << way.Name;
   }
 }
 
 TEST(Elimination, TiesGoToTheFirstRowAndThenTheFirstColumnInEveryPhase) {
-  for (const auto& [name, tuning] : AllWays()) {
+  for (const NamedTuning& way : AllWays()) {
     const auto order = [&](const std::vector<std::vector<double>>& rows) {
-      return OrderOf(Solve(MatrixOf(rows), tuning));
+      return OrderOf(Solve(MatrixOf(rows), way.Tuning));
     };
-    EXPECT_EQ(order({{0, 2, -2, 1, 0}, {2, 0, 0, 1, 0}}), (std::vector<int>{2, 1, 3, 4})) << name;
-    EXPECT_EQ(order({{1, 0, -2, 2, 0}, {0, 2, 0, 0, 0}}), (std::vector<int>{3, 2, 1, 4})) << name;
+    EXPECT_EQ(order({{0, 2, -2, 1, 0}, {2, 0, 0, 1, 0}}), (std::vector<int>{2, 1, 3, 4})) << way.Name;
+    EXPECT_EQ(order({{1, 0, -2, 2, 0}, {0, 2, 0, 0, 0}}), (std::vector<int>{3, 2, 1, 4})) << way.Name;
   }
 }
 

@@ -158,6 +158,32 @@ TEST_F(MainFormLearn, JointByJointLightsUpTheJointOnTheDrawing) {
   EXPECT_EQ(steps.count(), 0) << "the window forgets a truss that may change";
 }
 
+// Seen with the names of its forces and joints; the ring is drawn around them.
+TEST_F(MainFormLearn, TheRingAroundAJointLeavesItsNameToBeRead) {
+  Started();
+  OpenInStep3(LoadedTriangle());
+  CanvasWidget& canvas = *Canvas();
+  const Truss truss = LoadedTriangle();
+  for (const JointRec& joint : truss.Joints.First(3)) {
+    canvas.PointAt(std::nullopt);
+    const QImage plain = canvas.grab().toImage();
+    canvas.PointAt(PixelPoint{joint.X, joint.Y});
+    const QImage ringed = canvas.grab().toImage();
+    EXPECT_NE(plain, ringed);
+    int numLabels = 0;
+    const Drawing& drawing = canvas.Shown();
+    for (const LabelPlace& label : drawing.lblRodJoint.First(drawing.lblRodJoint.Size())) {
+      if (!label.Visible) continue;
+      ++numLabels;
+      const QRect box =
+          QRectF(double{label.Left}, double{label.Top}, double{label.Width}, double{label.Height})
+              .toAlignedRect();
+      EXPECT_EQ(plain.copy(box), ringed.copy(box));
+    }
+    EXPECT_GE(numLabels, 3);
+  }
+}
+
 TEST_F(MainFormLearn, AHintLightsUpTheJointOnTheDrawing) {
   Started();
   OpenInStep3(LoadedTriangle());

@@ -175,6 +175,24 @@ TEST(ExplanationPlace, EveryWindowOpensWholeAndOfAUsefulSizeWithTheTitlesOfTheOt
   }
 }
 
+// None is squeezed into a gap that others would not take.
+TEST(ExplanationPlace, EveryWindowHasThreeFifthsOfTheWidthThatItAsksFor) {
+  for (const ReportSizes& sizes :
+       {ExplanationSizes, ForcesSizes, StepsSizes, ByJointSizes, TrySizes, ExerciseSizes, ChecksSizes}) {
+    for (const ScreenBox& screen : {Notebook, LargeScreen, SmallScreen}) {
+      for (int left = 0; left + 566 <= screen.Width; left += 20) {
+        const ScreenBox mainWindow{left, 40, 566, 500};
+        const ScreenBox report = PlaceBeside(screen, mainWindow);
+        for (const std::vector<ScreenBox>& others : {std::vector<ScreenBox>{}, std::vector{report}}) {
+          const ScreenBox place =
+              PlaceOfExplanation(screen, mainWindow, others, PanelBottom(mainWindow), sizes);
+          EXPECT_GE(place.Width, 3 * std::min(sizes.Width, screen.Width) / 5) << sizes.Width << ", " << left;
+        }
+      }
+    }
+  }
+}
+
 TEST(ExplanationPlace, AWindowThatIsCoveredAnywayLeavesTheButtonsFreeWhereItCan) {
   const ScreenBox mainWindow = MainWindowOn(Notebook);
   const ScreenBox report = PlaceBeside(Notebook, mainWindow);

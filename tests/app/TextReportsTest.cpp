@@ -372,11 +372,15 @@ TEST(TextReports, ExplanationsFollowInTheOrderNamed) {
 }
 
 TEST(TextReports, WithoutAnUnknownForceThereIsNothingToExplain) {
+  const std::string nothing =
+      "There is nothing to explain: a truss without members and supports has no unknown force.\n";
   std::ostringstream out;
   WriteReport(out, Analysed(TrussBuilder().Force(1, 1, 0, 5)),
               {{}, {ExplainedSection::Why, ExplainedSection::Checks}}, {});
-  EXPECT_THAT(out.str(),
-              testing::StartsWith("Checks of the drawing:\nThe force (0, 5) at (1, 1) acts on no member."));
+  EXPECT_EQ(out.str(), nothing + "\nChecks of the drawing:\nThe force (0, 5) at (1, 1) acts on no member.\n");
+  std::ostringstream empty;
+  WriteReport(empty, Analysed(TrussBuilder()), {{}, {ExplainedSection::Why}}, {});
+  EXPECT_EQ(empty.str(), nothing);
 }
 
 // A rope that hangs straight; rounded directions contradict each other.

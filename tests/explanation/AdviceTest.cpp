@@ -37,7 +37,9 @@ std::string Written(const TrussGraph& graph, const Advice& advice) {
 }
 
 // In a drawing 20 wide, 15 high, whose thousandth is 0.02.
-NearPlaces OnTheUsualDrawing() { return {DocumentSettings{}, {.Bounds = {}, .SnapX = 0.4F, .SnapY = 0.4F}}; }
+NearPlaces OnTheUsualDrawing() {
+  return {DocumentSettings{}, {.Bounds = {}, .SnapX = 0.4F, .SnapY = 0.4F}, 20};
+}
 
 std::vector<std::string> AdviceOn(const Truss& truss) {
   const TrussGraph graph = GraphOf(truss);

@@ -4,26 +4,10 @@
 #include "explanation/byjoint/HandView.h"
 #include "support/CutTexts.h"
 #include "support/FindControl.h"
+#include "support/HandTrusses.h"
 #include "support/LearnWindowFixture.h"
-#include "support/TrussBuilder.h"
 
 namespace {
-
-Truss KingPostByHand() {
-  return TrussBuilder()
-      .Member(0, 0, 4, 0, "AD")
-      .Member(4, 0, 8, 0, "BD")
-      .Member(0, 0, 4, 4, "AC")
-      .Member(8, 0, 4, 4, "BC")
-      .Member(4, 0, 4, 4, "CD")
-      .Clamp(0, 0, "Ax", "Ay")
-      .Roller(8, 0, "B")
-      .Joint(0, 0, "A")
-      .Joint(8, 0, "B")
-      .Joint(4, 4, "C")
-      .Joint(4, 0, "D")
-      .Force(4, 4, 0, -1000);
-}
 
 class ByJointWindowTest : public LearnWindowFixture<ByJointWindow> {
  protected:
@@ -37,7 +21,7 @@ class ByJointWindowTest : public LearnWindowFixture<ByJointWindow> {
 };
 
 TEST_F(ByJointWindowTest, BeginsWithTheReactionsAndWhatIsAssumed) {
-  Show(KingPostByHand());
+  Show(KingPost());
   EXPECT_EQ(Steps().item(0)->text(), QStringLiteral("1.  Reactions"));
   EXPECT_EQ(Steps().item(1)->text(), QStringLiteral("2.  Nothing in CD"));
   EXPECT_EQ(Steps().item(Steps().count() - 1)->text(), QStringLiteral("What is found"));
@@ -52,19 +36,7 @@ TEST_F(ByJointWindowTest, BeginsWithTheReactionsAndWhatIsAssumed) {
 // Two joints of one name are told apart by their places.
 TEST_F(ByJointWindowTest, TheListIsAsWideAsItsLines) {
   for (const float points : {9.0F, 14.0F}) {
-    Show(TrussBuilder()
-             .Member(0, 0, 4.02F, 0, "AD")
-             .Member(4.02F, 0, 8, 0, "BD")
-             .Member(0, 0, 4, 4, "AC")
-             .Member(8, 0, 4, 4, "BC")
-             .Member(4.02F, 0, 4, 4, "CD")
-             .Clamp(0, 0, "Ax", "Ay")
-             .Roller(8, 0, "B")
-             .Joint(0, 0, "Near")
-             .Joint(8, 0, "Near")
-             .Joint(4, 4, "Near")
-             .Joint(4.02F, 0, "Near")
-             .Force(4, 4, 0, -1000),
+    Show(KingPost(4.02F).Joint(0, 0, "Near").Joint(8, 0, "Near").Joint(4, 4, "Near").Joint(4.02F, 0, "Near"),
          points, {900, 700});
     const QFontMetrics letters(Steps().font());
     int widest = 0;
@@ -79,7 +51,7 @@ TEST_F(ByJointWindowTest, TheListIsAsWideAsItsLines) {
 }
 
 TEST_F(ByJointWindowTest, TheListStaysAsWideAsTheUserHasItMade) {
-  Show(KingPostByHand());
+  Show(KingPost());
   auto& splitter = *qobject_cast<QSplitter*>(Steps().parentWidget());
   QWidget* edge = splitter.handle(1);
   const QPoint middle = edge->rect().center();
@@ -87,12 +59,12 @@ TEST_F(ByJointWindowTest, TheListStaysAsWideAsTheUserHasItMade) {
   QTest::mouseMove(edge, middle + QPoint(80, 0));
   QTest::mouseRelease(edge, Qt::LeftButton, {}, middle + QPoint(80, 0));
   const int chosen = Steps().width();
-  Show(KingPostByHand());
+  Show(KingPost());
   EXPECT_EQ(Steps().width(), chosen);
 }
 
 TEST_F(ByJointWindowTest, SaysWhichSensesThePicturesArrowsShow) {
-  Show(KingPostByHand());
+  Show(KingPost());
   const QLabel& note = FindControl<QLabel>(window_, "lblArrows");
   EXPECT_TRUE(note.isVisible());
   EXPECT_TRUE(note.text().startsWith(QStringLiteral("The picture's arrows show the senses found")));
@@ -126,7 +98,7 @@ TEST_F(ByJointWindowTest, SaysWhichSensesThePicturesArrowsShow) {
 }
 
 TEST_F(ByJointWindowTest, NextAndBackGoFromStepToStepAndTellTheJoint) {
-  Show(KingPostByHand());
+  Show(KingPost());
   QSignalSpy chosen(&window_, &ByJointWindow::PlaceChosen);
   QTest::mouseClick(&Next(), Qt::LeftButton);
   ASSERT_EQ(chosen.count(), 1);
@@ -137,13 +109,27 @@ TEST_F(ByJointWindowTest, NextAndBackGoFromStepToStepAndTellTheJoint) {
   EXPECT_EQ(Steps().currentItem()->text(), QStringLiteral("3.  Joint A"));
   EXPECT_EQ(chosen.last()[0].toFloat(), 0);
   EXPECT_EQ(FindControl<QLabel>(window_, "lblStep").text(),
-            QStringLiteral("Step 3 of %1").arg(Steps().count() - 1));
+            QStringLiteral("Step 3 of %1").arg(Steps().count()));
   QTest::mouseClick(&Back(), Qt::LeftButton);
   EXPECT_EQ(Steps().currentRow(), 1);
 }
 
+// What is found is the last entry of the list, and counts.
+TEST_F(ByJointWindowTest, CountsWhatTheListShows) {
+  for (const Truss& truss : {Truss(KingPost()), Truss(HandTriangle()), Truss(SlopingArch(100, 300))}) {
+    Show(truss);
+    for (int row = 0; row < Steps().count(); ++row) {
+      Steps().setCurrentRow(row);
+      EXPECT_EQ(FindControl<QLabel>(window_, "lblStep").text(),
+                QStringLiteral("Step %1 of %2").arg(row + 1).arg(Steps().count()));
+    }
+  }
+  window_.Clear();
+  EXPECT_EQ(FindControl<QLabel>(window_, "lblStep").text(), QString());
+}
+
 TEST_F(ByJointWindowTest, GoesToTheEndAndBackWithKeysAlone) {
-  Show(KingPostByHand());
+  Show(KingPost());
   Next().setFocus();
   for (int i = 0; i < 40 && Next().isEnabled(); ++i) QTest::keyClick(&Next(), Qt::Key_Space);
   EXPECT_EQ(Steps().currentRow(), Steps().count() - 1);
@@ -162,7 +148,7 @@ TEST_F(ByJointWindowTest, GoesToTheEndAndBackWithKeysAlone) {
 }
 
 TEST_F(ByJointWindowTest, IsReadThroughWithTheMouseAlone) {
-  Show(KingPostByHand());
+  Show(KingPost());
   QStringList read;
   for (int row = 0; row < Steps().count(); ++row) {
     QListWidgetItem* item = Steps().item(row);
@@ -177,7 +163,7 @@ TEST_F(ByJointWindowTest, IsReadThroughWithTheMouseAlone) {
 }
 
 TEST_F(ByJointWindowTest, IsReadThroughWithItsLettersAlone) {
-  Show(KingPostByHand());
+  Show(KingPost());
   const auto press = [this](Qt::Key key) {
     QTest::keyClick(window_.focusWidget(), key, Qt::AltModifier);
     QTest::qWait(1);
@@ -193,7 +179,7 @@ TEST_F(ByJointWindowTest, IsReadThroughWithItsLettersAlone) {
 }
 
 TEST_F(ByJointWindowTest, EveryControlIsReachedWithTabAndTellsItself) {
-  Show(KingPostByHand());
+  Show(KingPost());
   QTest::keyClick(&Steps(), Qt::Key_Down);
   QStringList reached;
   for (int i = 0; i < 10; ++i) {
@@ -210,7 +196,7 @@ TEST_F(ByJointWindowTest, EveryControlIsReachedWithTabAndTellsItself) {
 
 // Who sees nothing hears of each step its heading and all its lines.
 TEST_F(ByJointWindowTest, IsReadThroughTheAccessibilityTree) {
-  Show(KingPostByHand());
+  Show(KingPost());
   QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&Steps());
   QAccessibleInterface* text =
       QAccessible::queryAccessibleInterface(&FindControl<QPlainTextEdit>(window_, "txtStep"));
@@ -226,7 +212,7 @@ TEST_F(ByJointWindowTest, IsReadThroughTheAccessibilityTree) {
 }
 
 TEST_F(ByJointWindowTest, SaysWhatThePictureShows) {
-  Show(KingPostByHand());
+  Show(KingPost());
   Steps().setCurrentRow(2);
   const QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&Picture());
   EXPECT_EQ(spoken->text(QAccessible::Name), QStringLiteral("Picture of the step"));
@@ -235,7 +221,7 @@ TEST_F(ByJointWindowTest, SaysWhatThePictureShows) {
 }
 
 TEST_F(ByJointWindowTest, CopiesAllStepsAsText) {
-  Show(KingPostByHand());
+  Show(KingPost());
   QTest::mouseClick(&FindControl<QPushButton>(window_, "cmdCopy"), Qt::LeftButton);
   const QString copied = QApplication::clipboard()->text();
   EXPECT_EQ(copied, window_.CopiedText());
@@ -244,7 +230,7 @@ TEST_F(ByJointWindowTest, CopiesAllStepsAsText) {
 }
 
 TEST_F(ByJointWindowTest, EmptiesWhenTheTrussIsGone) {
-  Show(KingPostByHand());
+  Show(KingPost());
   window_.Clear();
   EXPECT_EQ(Steps().count(), 0);
   EXPECT_EQ(Text(), QString());
@@ -254,7 +240,7 @@ TEST_F(ByJointWindowTest, EmptiesWhenTheTrussIsGone) {
 
 TEST_F(ByJointWindowTest, CutsNoTextInLargeLettersAndSmallWindows) {
   for (const float points : {10.0F, 16.0F}) {
-    Show(KingPostByHand(), points, {460, 320});
+    Show(KingPost(), points, {460, 320});
     for (int row = 0; row < Steps().count(); ++row) {
       Steps().setCurrentRow(row);
       EXPECT_THAT(CutTexts::In(window_), testing::IsEmpty());

@@ -72,6 +72,28 @@ TEST(DrawingChecks, EndsThatNearlyMeetAreTwoJoints) {
   EXPECT_THAT(Check(apart(0.5F), 0.43F), ElementsAre(Found(CheckKind::SingleMemberJoint, "Joint D")));
 }
 
+// All of it lies within the mouse's reach, and none of it is meant to be one joint.
+TEST(DrawingChecks, ATinyDrawingIsMeasuredByItsOwnSize) {
+  for (const float size : {1.0F, 0.1F, 0.01F, 0.001F}) {
+    SCOPED_TRACE(size);
+    const auto triangle = TrussBuilder()
+                              .Member(4, 4, 4 + 4 * size, 4, "AB")
+                              .Member(4 + 4 * size, 4, 4 + 2 * size, 4 + 2 * size, "BC")
+                              .Member(4 + 2 * size, 4 + 2 * size, 4, 4, "CA")
+                              .Clamp(4, 4, "Ax", "Ay")
+                              .Roller(4 + 4 * size, 4, "B");
+    EXPECT_THAT(Check(triangle, 0.43F), IsEmpty());
+    // A slip of a fiftieth of it.
+    const float beside = 4 + 4.08F * size;
+    EXPECT_THAT(
+        Check(TrussBuilder(triangle)
+                  .Member(beside, 4, beside, 4 + 2 * size, "l")
+                  .Member(beside, 4 + 2 * size, 4 + 2 * size, 4 + 2 * size, "t"),
+              0.43F),
+        ElementsAre(Found(CheckKind::NearEnds, "nearly meet"), Found(CheckKind::SingleMemberJoint, "")));
+  }
+}
+
 TEST(DrawingChecks, WhatHasNoNameIsToldByItsPlace) {
   const auto checks = Check(TrussBuilder()
                                 .Member(4, 4, 8, 4)
@@ -132,11 +154,17 @@ TEST(DrawingChecks, AMemberThroughAJointIsNotConnectedThere) {
 }
 
 TEST(DrawingChecks, MembersOnOneAnotherAreFoundAlsoWhenTheyOverlapInPart) {
+  EXPECT_THAT(Check(Sound().Member(8, 4, 4, 4, "twin")),
+              ElementsAre(Found(CheckKind::CoincidentMembers,
+                                "Member AB and member twin lie on one another from (4, 4) to (8, 4).")));
   EXPECT_THAT(
-      Check(Sound().Member(8, 4, 4, 4, "twin")),
-      ElementsAre(Found(CheckKind::CoincidentMembers, "Member AB and member twin lie on one another")));
-  EXPECT_THAT(Check(Sound().Member(6, 4, 10, 4, "long").Member(10, 4, 6, 6, "stay")),
-              testing::Contains(Found(CheckKind::CoincidentMembers, "Member AB and member long")));
+      Check(Sound().Member(6, 4, 10, 4, "long").Member(10, 4, 6, 6, "stay")),
+      testing::Contains(Found(CheckKind::CoincidentMembers,
+                              "Member AB and member long lie on one another from (6, 4) to (8, 4).")));
+  EXPECT_THAT(
+      Check(Sound().Member(7, 4, 5, 4, "inside")),
+      testing::Contains(Found(CheckKind::CoincidentMembers,
+                              "Member AB and member inside lie on one another from (5, 4) to (7, 4).")));
   EXPECT_THAT(Check(Sound().Member(8, 4, 10, 4, "on").Member(10, 4, 6, 6, "stay")), IsEmpty())
       << "members in line that meet at their ends";
   EXPECT_THAT(Check(Sound().Member(4, 5, 8, 5, "beside").Member(4, 5, 4, 4, "l").Member(8, 5, 8, 4, "r")),
@@ -238,8 +266,9 @@ TEST(DrawingChecks, OfVeryManyPairsOnlyTheFirstAreTold) {
                                     std::pair<Truss, CheckKind>(through, CheckKind::ThroughJoint)}) {
     const std::vector<DrawingCheck> checks = Check(truss);
     EXPECT_EQ(NumOfKind(checks, kind), MostPairs);
-    const auto last = std::ranges::find_if(checks.rbegin(), checks.rend(),
-                                           [kind](const DrawingCheck& check) { return check.Kind == kind; });
+    const auto last =
+        std::ranges::find_if(checks.rbegin(), checks.rend(),
+                             [wanted = kind](const DrawingCheck& check) { return check.Kind == wanted; });
     EXPECT_THAT(last->Text, HasSubstr("There are more of this kind."));
     EXPECT_EQ(std::ranges::count_if(checks,
                                     [](const DrawingCheck& check) {

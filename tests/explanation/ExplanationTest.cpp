@@ -441,6 +441,40 @@ TEST(ExplanationText, NamesWhichMembersTurnTogether) {
   EXPECT_THAT(TextOf(explanation), HasSubstr("The whole truss turns anticlockwise about joint A."));
 }
 
+// Reactions are neither compressed nor pulled.
+TEST(ExplanationText, SelfStressOfReactionsAloneSpeaksOfNoCompression) {
+  const Explanation explanation = Explain(
+      TrussBuilder().Member(0, 0, 4, 0, "AB").Clamp(0, 0, "Ax", "Ay").Roller(0, 0, "RA").Roller(4, 0, "RB"));
+  const std::string text = TextOf(explanation);
+  EXPECT_THAT(text, HasSubstr("Ay and RA hang together: forces in the proportions "));
+  EXPECT_THAT(text, HasSubstr(" are in balance without any load."));
+  EXPECT_THAT(text, Not(HasSubstr("compression")));
+}
+
+// Nothing is there that could be rounded.
+TEST(ContradictionProof, OfALoadOnNothingIsOneEquation) {
+  for (const float load : {-5.0F, 7.5F}) {
+    const Explanation explanation = Explain(TrussBuilder()
+                                                .Member(0, 0, 4, 0, "AB")
+                                                .Member(4, 0, 2, 3, "BC")
+                                                .Member(0, 0, 2, 3, "AC")
+                                                .Clamp(0, 0, "Ax", "Ay")
+                                                .Roller(4, 0, "RB")
+                                                .Force(7, 7, 0, load)
+                                                .Joint(7, 7, "E"));
+    ASSERT_TRUE(explanation.Proof);
+    ASSERT_EQ(explanation.Proof->Equations.size(), 1U);
+    const std::string text = TextOf(explanation);
+    EXPECT_THAT(
+        text,
+        HasSubstr("Why no forces balance the loads:\nNo unknown force acts on joint E in the direction of "
+                  "the equation E - y, only a load: it says 0 = " +
+                  std::string(load < 0 ? "5" : "-7.5") + ", and contradicts itself."));
+    EXPECT_THAT(text, Not(HasSubstr("rounded")));
+    EXPECT_THAT(text, Not(HasSubstr("times the equation")));
+  }
+}
+
 TEST(ExplanationText, SelfStressNamesItsForcesInProportion) {
   const Explanation explanation =
       Explain(TrussBuilder().Member(0, 0, 4, 0, "a").Member(0, 0, 4, 0, "b").Clamp(0, 0).Roller(4, 0));

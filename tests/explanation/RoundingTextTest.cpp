@@ -57,13 +57,6 @@ TrussBuilder HexagonOf(float x, float load = -1000) {
       .Joint(0, -5, "F");
 }
 
-// A rope of length 5 at 37 degrees with a load along it, typed in polar form.
-TrussBuilder PolarTie() {
-  const auto x = static_cast<float>(5 * std::cos(37 * 3.141592654 / 180));
-  const auto y = static_cast<float>(5 * std::sin(37 * 3.141592654 / 180));
-  return TrussBuilder().Member(0, 0, x, y, "AB").Clamp(0, 0, "Ax", "Ay").Force(x, y, 200 * x, 200 * y);
-}
-
 TrussBuilder PlainTriangle() {
   return TrussBuilder()
       .Member(0, 0, 4, 0, "AB")
@@ -167,22 +160,8 @@ TEST(RoundingNotice, NumbersOfABalancedArchAreNotCalledWrong) {
   EXPECT_THAT(NoticeOf(SlopingArch(300, -100)), HasSubstr("None of the numbers shown for the forces holds"));
 }
 
-// The braced panel on two clamps: moments about them give Ay and By, whatever its slopes are.
-TrussBuilder Panel(float left, float right, float height) {
-  return TrussBuilder()
-      .Member(0, 0, 8, 0, "AB")
-      .Member(8, 0, right, height, "BC")
-      .Member(right, height, left, height, "CD")
-      .Member(0, 0, left, height, "AD")
-      .Member(0, 0, right, height, "AC")
-      .Member(8, 0, left, height, "BD")
-      .Clamp(0, 0, "Ax", "Ay")
-      .Clamp(8, 0, "Bx", "By")
-      .Force(right, height, 0, -1000);
-}
-
 TEST(RoundingNotice, NamesTheForcesThatAreDeterminedThoughTheTableLeavesThemOpen) {
-  const Explanation explanation = ExplainRounding(Panel(1, 6, 3));
+  const Explanation explanation = ExplainRounding(LeaningPanel(1, 6, 3));
   ASSERT_TRUE(explanation.Rounded.Agrees()) << "only the determined forces are others";
   const std::string notice = RoundingNotice(explanation.Graph, explanation.Rounded, {});
   EXPECT_EQ(notice,
@@ -190,10 +169,10 @@ TEST(RoundingNotice, NamesTheForcesThatAreDeterminedThoughTheTableLeavesThemOpen
             "because directions are rounded to single precision: beside the 1 in their rows it has "
             "coefficients of up to 2.268E-8 that are remnants of rounding and exactly are 0.");
   EXPECT_THAT(RoundingParagraphs(explanation.Graph, explanation.Rounded, {}), testing::ElementsAre(notice));
-  EXPECT_THAT(Opening(Panel(1, 6, 3)),
+  EXPECT_THAT(Opening(LeaningPanel(1, 6, 3)),
               StartsWith("The readings of this truss differ: exactly, Ay and By are determined, but the "
                          "reduced matrix leaves them open.  More stands below, under \"What rounding"));
-  EXPECT_EQ(NoticeOf(Panel(0, 8, 8)), "") << "at 45 degrees the directions are alike";
+  EXPECT_EQ(NoticeOf(LeaningPanel(0, 8, 8)), "") << "at 45 degrees the directions are alike";
 }
 
 // Whatever the slopes: what is determined and not shown is named, with what moments say, and nothing else is.
@@ -202,7 +181,8 @@ TEST(RoundingNotice, HiddenForcesAreThoseThatTheTableCallsUndetermined) {
   for (int left = 0; left <= 3; ++left) {
     for (int right = 4; right <= 9; ++right) {
       for (int height = 1; height <= 7; height += 2) {
-        Truss truss = Panel(static_cast<float>(left), static_cast<float>(right), static_cast<float>(height));
+        Truss truss =
+            LeaningPanel(static_cast<float>(left), static_cast<float>(right), static_cast<float>(height));
         const TrussAnalysis analysis = SolveTruss(truss);
         const DrawnFigures figures = ExplainTruss(truss, analysis).Rounded.Figures;
         const std::map<std::string, double> vertical = {{"Ay", 1000 - 125.0 * right}, {"By", 125.0 * right}};
@@ -228,7 +208,7 @@ TEST(RoundingNotice, HiddenForcesAreThoseThatTheTableCallsUndetermined) {
 }
 
 TEST(RoundingNotice, AForceHiddenByALostPivotIsSaidToBe) {
-  Truss truss = Panel(1, 6, 3);
+  Truss truss = LeaningPanel(1, 6, 3);
   const TrussAnalysis analysis = SolveTruss(truss);
   const TrussGraph graph = GraphOf(truss, analysis);
   Rounding rounding;
@@ -242,7 +222,7 @@ TEST(RoundingNotice, AForceHiddenByALostPivotIsSaidToBe) {
 }
 
 TEST(RoundingNotice, ANumberForAnOpenForceMayComeFromACoefficientThatIsLost) {
-  Truss truss = Panel(1, 6, 3);
+  Truss truss = LeaningPanel(1, 6, 3);
   const TrussAnalysis analysis = SolveTruss(truss);
   const TrussGraph graph = GraphOf(truss, analysis);
   Rounding rounding;

@@ -6,6 +6,7 @@
 #include "support/AccessibleTree.h"
 #include "support/CutTexts.h"
 #include "support/FindControl.h"
+#include "support/HandTrusses.h"
 #include "support/LearnWindowFixture.h"
 #include "support/LoadedTriangle.h"
 
@@ -267,19 +268,7 @@ TEST_F(StepsWindowTest, IsReadThroughTheAccessibilityTree) {
 }
 
 TEST_F(StepsWindowTest, SaysWhereARemnantBecomesAPivot) {
-  Show(TrussBuilder()
-           .Member(5, 0, 3, 4, "AD")
-           .Member(5, 0, -5, 0, "AE")
-           .Member(5, 0, 0, -5, "AF")
-           .Member(-3, 4, 3, 4, "BD")
-           .Member(-3, 4, -5, 0, "BE")
-           .Member(-3, 4, 0, -5, "BF")
-           .Member(-4, -3, 3, 4, "CD")
-           .Member(-4, -3, -5, 0, "CE")
-           .Member(-4, -3, 0, -5, "CF")
-           .Clamp(-4, -3, "Cx", "Cy")
-           .Roller(0, -5, "F")
-           .Force(-3, 4, 0, -1000));
+  Show(HandHexagon(5));
   int told = 0;
   for (int row = 0; row < NumOperations(); ++row) {
     List().setCurrentIndex(List().model()->index(row, 0));

@@ -57,6 +57,31 @@ TEST(NoSupportsText, OpensTheReasonsOfATrussThatStandsOnNothing) {
   EXPECT_THAT(OpeningParagraphs(FreeTriangle().Roller(0, 0, "r")), Not(Contains(HasSubstr("no supports"))));
 }
 
+TEST(PartsWithoutSupportText, NamesThePartsThatStandOnNothing) {
+  const TrussBuilder held = FreeTriangle().Clamp(0, 0, "Ax", "Ay").Roller(8, 0, "RB");
+  const std::string apart = "The truss is in parts that no member joins.  ";
+  EXPECT_THAT(OpeningParagraphs(held), Not(Contains(HasSubstr(apart))));
+  const TrussBuilder two = TrussBuilder(held)
+                               .Member(10, 0, 14, 0)
+                               .Member(14, 0, 12, 3)
+                               .Member(10, 0, 12, 3)
+                               .Joint(10, 0, "D")
+                               .Joint(14, 0, "E")
+                               .Joint(12, 3, "F");
+  EXPECT_EQ(OpeningParagraphs(two).at(1),
+            apart + "The part with joints D, E and F has no support: nothing holds it in its place.");
+  EXPECT_EQ(
+      OpeningParagraphs(TrussBuilder(two).Member(20, 0, 22, 0).Joint(20, 0, "G").Joint(22, 0, "H")).at(1),
+      apart +
+          "The part with joints D, E and F and the part with joints G and H have no support: nothing "
+          "holds them in their places.");
+  EXPECT_THAT(OpeningParagraphs(TrussBuilder(two).Roller(10, 0, "r")), Not(Contains(HasSubstr(apart))))
+      << "with a support too few it is said elsewhere";
+  EXPECT_THAT(OpeningParagraphs(TrussBuilder(held).Force(20, 20, 5, 5)), Not(Contains(HasSubstr(apart))))
+      << "a load on nothing is no part";
+  EXPECT_THAT(OpeningParagraphs(FreeTriangle()), Not(Contains(HasSubstr(apart))));
+}
+
 // What is said of a clamp and a roller is tried out, on trusses of all kinds.
 TEST(NoSupportsText, AClampAndARollerHoldWhatTheyAreSaidToHold) {
   std::mt19937 random(11);

@@ -2,6 +2,7 @@
 // one that does not.
 #include "explanation/WhyWindow.h"
 
+#include <QTextBlock>
 #include <cmath>
 #include <sstream>
 
@@ -69,6 +70,30 @@ class WhyWindowTest : public testing::Test {
   std::shared_ptr<const Explanation> explanation_;
   WhyWindow window_{wish_};
 };
+
+// A chain of loose squares: their motions and what is told of them take more than the window shows.
+TEST_F(WhyWindowTest, ChoosingAMotionBringsItsTextIntoSight) {
+  TrussBuilder chain = TrussBuilder().Clamp(0, 0).Clamp(4, 0).Member(0, 0, 4, 0).Member(0, 0, 4, 0);
+  for (int i = 0; i < 8; ++i) {
+    const auto y = static_cast<float>(3 * i);
+    chain.Member(0, y, 0, y + 3).Member(4, y, 4, y + 3).Member(0, y + 3, 4, y + 3);
+  }
+  Show(chain);
+  window_.resize(420, 420);
+  ASSERT_GE(Choice().count(), 8);
+  for (const int index : {4, 2, Choice().count() - 1, 0}) {
+    Choice().setFocus();
+    while (Choice().currentIndex() != index)
+      QTest::keyClick(&Choice(), Choice().currentIndex() < index ? Qt::Key_Down : Qt::Key_Up);
+    const QString title = Choice().currentText();
+    const QString beginning = title.left(title.indexOf(u':')) + u'.';
+    QTextBlock block = Text().document()->begin();
+    while (block.isValid() && !block.text().startsWith(beginning)) block = block.next();
+    ASSERT_TRUE(block.isValid()) << beginning.toStdString();
+    const QRect line = Text().cursorRect(QTextCursor(block));
+    EXPECT_TRUE(Text().viewport()->rect().contains(line.center())) << beginning.toStdString();
+  }
+}
 
 TEST_F(WhyWindowTest, HasTheTextOfTheReport) {
   Show(ParallelogramOnABar());

@@ -370,6 +370,21 @@ void AppendRows(PagedText& text, const char* header, int rows) {
   }
 }
 
+TEST_F(PagedTextTest, JoinedRowsStandOnOnePage) {
+  for (int above = 30; above < 75; ++above) {
+    const auto pdf = Paint([above](PagedText& text) {
+      Lines(text, above);
+      text.Append("Kinds  F1\r\n", TableHeader, LineRole::TableHeader);
+      for (const char* row : {"rowa\r\n", "rowb\r\n", "rowc\r\n"})
+        text.Append(row, TableLetters, LineRole::JoinedRow);
+      text.Append("rowd\r\n", TableLetters, LineRole::TableRow);
+      text.Append("after\r\n", Plain);
+    });
+    const int page = pdf.Word("Kinds").Page;
+    for (const char* row : {"rowa", "rowb", "rowc", "rowd"}) EXPECT_EQ(pdf.Word(row).Page, page) << above;
+  }
+}
+
 TEST_F(PagedTextTest, EveryPageOfATableBeginsWithItsHeader) {
   const auto pdf = Paint([](PagedText& text) {
     Lines(text, 3);

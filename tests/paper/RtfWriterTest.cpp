@@ -210,6 +210,19 @@ TEST(RtfWriter, EachTableHasItsHeaderOnEveryPage) {
   EXPECT_FALSE(rtf.Paragraphs[2].Layout.StaysWithNext);
 }
 
+TEST(RtfWriter, JoinedRowsAreRowsThatStayWithTheNext) {
+  RichTextUnderTest text;
+  text.Append("before\r\n");
+  text.Append("head\r\n", TableLetters, LineRole::TableHeader);
+  text.Append("a\r\n", TableLetters, LineRole::JoinedRow);
+  text.Append("b\r\n", TableLetters, LineRole::TableRow);
+  text.Append("after");
+  const RtfDocument rtf = ScanRtf(ToRtf(text.Document));
+  EXPECT_EQ(RowsOf(rtf), ".hrr.");
+  EXPECT_TRUE(rtf.Paragraphs[2].Layout.StaysWithNext);
+  EXPECT_FALSE(rtf.Paragraphs[3].Layout.StaysWithNext);
+}
+
 TEST(RtfWriter, APartOfATableIsText) {
   RichTextUnderTest text;
   text.Append("before\r\n");

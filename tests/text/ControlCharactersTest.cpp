@@ -72,3 +72,18 @@ TEST(IsControl, IsWhatBecomesAControlCharacterInUnicode) {
     EXPECT_EQ(IsControl(name[0]), WithoutControls(ToUtf8(name)).empty()) << byte;
   }
 }
+
+TEST(JsonEscaped, EscapesWhatEndsATextAndWhatATerminalObeys) {
+  EXPECT_EQ(JsonEscaped("a\"b\\c/d"), R"(a\"b\\c/d)");
+  EXPECT_EQ(JsonEscaped("\b\f\n\r\t"), R"(\b\f\n\r\t)");
+  EXPECT_EQ(JsonEscaped(std::string("\0\x01\x0b\x1b\x1f\x7f", 6)), R"(\u0000\u0001\u000b\u001b\u001f\u007f)");
+  EXPECT_EQ(JsonEscaped("\u0080\u009B\u009F\u00A0"), "\\u0080\\u009b\\u009f\u00A0");
+  EXPECT_EQ(JsonEscaped("\u061C\u200E\u202E\u2069"), R"(\u061c\u200e\u202e\u2069)");
+}
+
+TEST(JsonEscaped, LeavesEveryOtherCharacterAndIsUtf8Always) {
+  const std::string seen = "AB [ ] \u00C4rmel \u2013 \u20AC \u65E5\u672C \U0001F6A7 \u2028";
+  EXPECT_EQ(JsonEscaped(seen), seen);
+  EXPECT_EQ(JsonEscaped("\xE4.trs\xC3"), "\uFFFD.trs\uFFFD");
+  EXPECT_EQ(JsonEscaped("\xED\xA0\x80"), "\uFFFD\uFFFD\uFFFD");
+}

@@ -164,8 +164,8 @@ void ByJointWindow::ShowStep() {
     text = ShownText(report_.Closing);
   }
   txtStep_->setPlainText(text);
-  lblStep_->setText(isStep ? QStringLiteral("Step %1 of %2").arg(row + 1).arg(report_.Steps.size())
-                           : QString());
+  lblStep_->setText(solved_ ? QStringLiteral("Step %1 of %2").arg(row + 1).arg(lstSteps_->count())
+                            : QString());
   // A button that is switched off gives its focus away; the other one, which is on then, is at hand.
   const bool mayGoBack = row > 0;
   const bool mayGoOn = row + 1 < lstSteps_->count();

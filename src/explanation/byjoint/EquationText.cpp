@@ -23,16 +23,11 @@ std::string TwoSides(const BalanceEquation& equation,
   return (positive.empty() ? "0" : positive) + " = " + (negative.empty() ? "0" : negative);
 }
 
-double SumOf(const BalanceEquation& equation, bool positive) {
-  double sum = 0;
-  for (const BalanceTerm& term : equation.Terms) {
-    if ((term.Factor > 0) == positive) sum += std::abs(term.Factor) * term.Force;
-  }
-  return sum;
-}
-
 // The whole force counts.
 bool IsOne(double factor) { return std::abs(factor - 1) < 1e-12; }
+
+// Of smaller ones the decimals would be noughts; in degrees.
+constexpr double SmallestPlainAngle = 1e-4;
 
 // P times the first sought force and Q times the second make Right; P is positive.
 struct SortedEquation {
@@ -40,16 +35,12 @@ struct SortedEquation {
 };
 
 SortedEquation Sorted(const BalanceEquation& equation, int first) {
-  SortedEquation sorted;
+  SortedEquation sorted{.Right = -equation.KnownSum};
   for (const BalanceTerm& term : equation.Terms) {
-    if (term.IsSought) {
-      (term.Unknown == first ? sorted.P : sorted.Q) += term.Factor;
-    } else {
-      sorted.Right -= term.Factor * term.Force;
-    }
+    if (term.IsSought) (term.Unknown == first ? sorted.P : sorted.Q) += term.Factor;
   }
-  const double sign = sorted.P < 0 ? -1 : 1;
-  return {sign * sorted.P, sign * sorted.Q, sign * sorted.Right};
+  if (sorted.P > 0) return sorted;
+  return {-sorted.P, -sorted.Q, -sorted.Right};
 }
 
 }  // namespace
@@ -87,6 +78,11 @@ std::string EquationText::Angle(const BalanceEquation& equation, const BalanceTe
 std::string EquationText::Degrees(double radians, bool withCosine) const {
   constexpr int mostDecimals = 15;
   const double degrees = radians * 180 / std::numbers::pi;
+  if (degrees < SmallestPlainAngle) {
+    ReportFormat longer = format_;
+    longer.SigFigs += 2;
+    return NumberNot0(degrees, longer) + '\xB0';
+  }
   int decimals = 1;
   for (; decimals < mostDecimals; ++decimals) {
     const double unit = std::pow(10, decimals);
@@ -136,8 +132,8 @@ bool EquationText::HasKnownNames(const BalanceEquation& equation) {
 }
 
 std::string EquationText::Sense(const UnknownForce& force) const {
+  if (force.Value == 0) return "";
   const std::string magnitude = Number(std::abs(force.Value));
-  if (magnitude == "0") return "";
   if (graph_.Unknowns[force.Unknown].IsMember())
     return ", that is " + magnitude + (force.Value > 0 ? " C" : " T");
   return force.Value < 0 ? ", against its arrow" : "";
@@ -148,7 +144,7 @@ std::string EquationText::Value(const UnknownForce& force) const {
 }
 
 std::string EquationText::Quotient(const UnknownForce& force, double over, double factor) const {
-  if (Number(over) == "0") return Name(force.Unknown) + " = 0";
+  if (over == 0) return Name(force.Unknown) + " = 0";
   return Name(force.Unknown) + " = " +
          (IsWrittenAsOne(factor) ? "" : Number(over) + " / " + Number(factor) + " = ") + Number(force.Value) +
          Sense(force);
@@ -189,27 +185,38 @@ std::vector<std::string> EquationText::Together(const BalanceEquation& one, cons
   return lines;
 }
 
-std::string EquationText::Result(const BalanceEquation& equation) const {
-  if (equation.Use == BalanceUse::Solves) {
-    double known = 0;
-    double factor = 1;
-    for (const BalanceTerm& term : equation.Terms) {
-      if (term.IsSought) {
-        factor = term.Factor;
-      } else {
-        known += term.Factor * term.Force;
-      }
-    }
-    const double over = factor > 0 ? -known : known;
-    return Quotient({equation.Solved, over / std::abs(factor)}, over, std::abs(factor));
+// Whether what is shown of it is all of it.
+bool EquationText::IsShownWhole(double value) const {
+  return DecimalDigits::Of(value).Digits.size() <= static_cast<std::size_t>(std::max(1, format_.SigFigs));
+}
+
+// A small difference of large forces does not follow from the few figures that are shown of them.
+std::string EquationText::WhatCancels(const BalanceEquation& equation, double sum) const {
+  double largest = 0;
+  bool areWhole = true;
+  for (const BalanceTerm& term : equation.Terms) {
+    largest = std::max(largest, std::abs(term.Factor * term.Force));
+    areWhole = areWhole && (term.IsSought || (IsShownWhole(term.Factor) && IsShownWhole(term.Force)));
   }
+  if (areWhole || sum == 0 || std::abs(sum) > largest * std::pow(10, 1 - std::max(1, format_.SigFigs)))
+    return "";
+  return ".  Terms as large as " + Number(largest) +
+         " cancel here: it takes more figures of them than are shown";
+}
+
+std::string EquationText::Result(const BalanceEquation& equation) const {
   if (equation.Use == BalanceUse::SolvesTogether) return "";
-  const std::string left = Number(SumOf(equation, true));
-  const std::string right = Number(SumOf(equation, false));
-  if (equation.Use == BalanceUse::Holds) return left + " = " + right + ", which holds";
+  if (equation.Use == BalanceUse::Solves) {
+    const auto sought = std::ranges::find(equation.Terms, true, &BalanceTerm::IsSought);
+    const double factor = sought->Factor;
+    const double over = factor > 0 ? -equation.KnownSum : equation.KnownSum;
+    return Quotient(equation.Solved, over, std::abs(factor)) + WhatCancels(equation, over);
+  }
+  const std::string left = Number(equation.KnownLeft);
+  const std::string right = Number(equation.KnownRight);
+  if (equation.Use == BalanceUse::Holds)
+    return left + " = " + right + ", which holds" + WhatCancels(equation, equation.KnownLeft);
   const std::string difference =
-      left == right
-          ? ", with a difference of " + Number(std::abs(SumOf(equation, true) - SumOf(equation, false)))
-          : "";
+      left == right ? ", with a difference of " + Number(std::abs(equation.KnownSum)) : "";
   return left + " = " + right + difference + ", which is false: no forces balance the loads here";
 }

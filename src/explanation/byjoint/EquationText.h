@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "analysis/FormatSigFigs.h"
+#include "analysis/TellingNumber.h"
 #include "explanation/DistinctNames.h"
 #include "explanation/byjoint/HandSteps.h"
 
@@ -40,7 +40,8 @@ class EquationText {
   /// "AH = 3125, that is 3125 C".
   std::string Value(const UnknownForce& force) const;
 
-  std::string Number(double value) const { return FormatSigFigs(value, format_); }
+  /// Only 0 is "0".
+  std::string Number(double value) const { return NumberNot0(value, format_); }
 
  private:
   std::string Letters(const BalanceEquation& equation, const BalanceTerm& term) const;
@@ -52,6 +53,8 @@ class EquationText {
   std::string Quotient(const UnknownForce& force, double over, double factor) const;
   std::string Degrees(double radians, bool withCosine) const;
   std::string Sense(const UnknownForce& force) const;
+  bool IsShownWhole(double value) const;
+  std::string WhatCancels(const BalanceEquation& equation, double sum) const;
 
   const TrussGraph& graph_;
   const DistinctNames& names_;

@@ -5,6 +5,7 @@
 #include <numeric>
 
 #include "explanation/DistinctNames.h"
+#include "explanation/Length.h"
 #include "explanation/RigidityMatrix.h"
 
 namespace {
@@ -15,7 +16,7 @@ class Collector {
             const ReportFormat& format)
       : graph_(graph),
         format_(format),
-        names_(graph, format),
+        names_(graph, format, OddNames::InBrackets),
         asAssumed_(ShowsAssumedSenses(solution.Steps[index])),
         roles_(graph.NumUnknowns()),
         values_(graph.NumUnknowns()) {
@@ -49,7 +50,7 @@ class Collector {
   }
 
  private:
-  std::string Number(double value) const { return FormatSigFigs(value, format_); }
+  std::string Number(double value) const { return NumberNot0(value, format_); }
 
   std::string ValueText(const ForceOnPart& force) const {
     if (force.Role == ForceRole::Open) return "?";
@@ -59,7 +60,7 @@ class Collector {
   void AddMember(int k, int joint, int far) {
     const double dx = WrittenDifference(graph_.Joints[far].X, graph_.Joints[joint].X);
     const double dy = WrittenDifference(graph_.Joints[far].Y, graph_.Joints[joint].Y);
-    const double length = std::hypot(dx, dy);
+    const double length = LengthOf(dx, dy);
     ForceOnPart force{
         .Unknown = k, .Joint = joint, .IsMember = true, .SideX = dx / length, .SideY = dy / length};
     force.Value = values_[k];
@@ -90,7 +91,7 @@ class Collector {
   void AddLoad(const PlacedLoad& load) {
     const double fx = WrittenDifference(load.Fx, 0);
     const double fy = WrittenDifference(load.Fy, 0);
-    const double size = std::hypot(fx, fy);
+    const double size = LengthOf(fx, fy);
     if (size == 0) return;
     ForceOnPart force{.Joint = load.Joint, .X = fx / size, .Y = fy / size};
     force.Value = size;

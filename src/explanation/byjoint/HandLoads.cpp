@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "explanation/Directions.h"
+#include "explanation/Length.h"
 #include "explanation/RigidityMatrix.h"
 #include "explanation/byjoint/HandText.h"
 
@@ -13,7 +14,7 @@ std::string HandText::LoadsInComponents(const std::vector<int>& joints) const {
     const double fx = WrittenDifference(load.Fx, 0);
     const double fy = WrittenDifference(load.Fy, 0);
     if (fx == 0 || fy == 0 || !std::ranges::binary_search(joints, load.Joint)) continue;
-    loads.push_back("the load of " + equations_.Number(std::hypot(fx, fy)) + " at " +
+    loads.push_back("the load of " + equations_.Number(LengthOf(fx, fy)) + " at " +
                     names_.JointInWords(load.Joint) + " is " + equations_.Number(std::abs(fx)) + ' ' +
                     DirectionText(fx, 0) + " and " + equations_.Number(std::abs(fy)) + ' ' +
                     DirectionText(0, fy));

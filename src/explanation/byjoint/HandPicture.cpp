@@ -8,6 +8,7 @@
 #include "canvas/Paper.h"
 #include "explanation/Directions.h"
 #include "explanation/DistinctNames.h"
+#include "explanation/byjoint/ArrowRoom.h"
 #include "explanation/byjoint/CutLine.h"
 #include "explanation/byjoint/ForcesOnPart.h"
 #include "explanation/byjoint/HandLabels.h"
@@ -44,7 +45,7 @@ class PartPainter {
         step_(solution.Steps[index]),
         room_(room),
         format_(format),
-        names_(graph, format),
+        names_(graph, format, OddNames::InBrackets),
         joints_(JointsOfStep(graph, step_)),
         forces_(ForcesOnPart(graph, solution, index, format)),
         labels_(picture_, room, measure) {}
@@ -60,7 +61,7 @@ class PartPainter {
     for (const int joint : joints_) picture_.Pins.push_back(At(joint));
     DrawPoints();
     CutMembers();
-    for (const ForceOnPart& force : forces_) DrawForce(force);
+    DrawForces();
     PlaceTexts();
     return std::move(picture_);
   }
@@ -155,36 +156,48 @@ class PartPainter {
   }
 
   // A member's arrow stands on its side of the joint. A load begins at its joint and a reaction ends there,
-  // unless a force or a member stands there already and the other side is free.
-  PixelVector SideOf(const ForceOnPart& force) const {
-    if (force.IsMember) return {force.SideX, force.SideY};
+  // unless something stands there already.
+  ArrowStand StandOf(const ForceOnPart& force, double gap, double length) const {
+    if (force.IsMember) return {{force.SideX, force.SideY}};
     const double usual = force.Role == ForceRole::Load ? 1 : -1;
-    const PixelVector side{usual * force.X, usual * force.Y};
-    const PixelVector other{-side.X, -side.Y};
-    return Crowding(force.Joint, side) > Crowding(force.Joint, other) ? other : side;
+    return arrows_.StandFor(force.Joint, {usual * force.X, usual * force.Y}, [&](const ArrowStand& stand) {
+      return ArrowLine(force, At(force.Joint), stand, gap, length);
+    });
   }
 
-  // The cosine of the angle to what is nearest at the joint; 0.9 and less is free.
-  double Crowding(int joint, const PixelVector& side) const {
-    double nearest = 0.9;
-    const auto there = sides_.find(joint);
-    if (there == sides_.end()) return nearest;
-    for (const PixelVector& taken : there->second)
-      nearest = std::max(nearest, side.X * taken.X + side.Y * taken.Y);
-    return nearest;
+  static PixelLine ArrowLine(const ForceOnPart& force, PixelPoint from, const ArrowStand& stand, double gap,
+                             double length) {
+    const PixelVector& side = stand.Side;
+    const auto along = [&](double distance) {
+      return PixelPoint{FiniteSingle(from.X + distance * side.X - stand.Shift * side.Y),
+                        FiniteSingle(from.Y - distance * side.Y - stand.Shift * side.X)};
+    };
+    const bool away = side.X * force.X + side.Y * force.Y > 0;
+    const PixelPoint tail = along(away ? gap : gap + length);
+    const PixelPoint head = along(away ? gap + length : gap);
+    return {tail.X, tail.Y, head.X, head.Y};
   }
 
   void AddSide(int joint, PixelPoint from, PixelPoint to) {
     const double dx = double{to.X} - double{from.X};
     const double dy = double{from.Y} - double{to.Y};
     const double length = std::hypot(dx, dy);
-    if (length > 0) sides_[joint].push_back({dx / length, dy / length});
+    if (length == 0) return;
+    sides_[joint].push_back({dx / length, dy / length});
+    arrows_.Add(joint, {from.X, from.Y, to.X, to.Y});
   }
 
-  // Members come before loads and reactions, which keep clear of them.
-  void DrawForce(const ForceOnPart& force) {
-    const PixelVector side = SideOf(force);
-    sides_[force.Joint].push_back(side);
+  // Members first, whose places are given; loads and reactions keep clear of them.
+  void DrawForces() {
+    picture_.Arrows.resize(forces_.size());
+    for (const bool members : {true, false}) {
+      for (std::size_t i = 0; i < forces_.size(); ++i) {
+        if (forces_[i].IsMember == members) picture_.Arrows[i] = DrawForce(forces_[i]);
+      }
+    }
+  }
+
+  HandArrow DrawForce(const ForceOnPart& force) {
     PixelPoint from = At(force.Joint);
     double gap = GapAtJoint;
     double length = arrow_;
@@ -192,18 +205,16 @@ class PartPainter {
       from = cut->second.At;
       gap = GapAtCut;
       length = std::min(length, std::max(10.0, 0.8 * cut->second.Left));
+      arrows_.Add(force.Joint, {At(force.Joint).X, At(force.Joint).Y, from.X, from.Y});
     }
-    const auto along = [&](double distance) {
-      return PixelPoint{FiniteSingle(from.X + distance * side.X), FiniteSingle(from.Y - distance * side.Y)};
-    };
-    const bool away = side.X * force.X + side.Y * force.Y > 0;
-    const PixelPoint tail = along(away ? gap : gap + length);
-    const PixelPoint head = along(away ? gap + length : gap);
-    HandArrow arrow{.Unknown = force.Unknown, .Line = {tail.X, tail.Y, head.X, head.Y}};
+    const ArrowStand stand = StandOf(force, gap, length);
+    HandArrow arrow{.Unknown = force.Unknown, .Line = ArrowLine(force, from, stand, gap, length)};
+    sides_[force.Joint].push_back(stand.Side);
+    arrows_.Add(force.Joint, arrow.Line);
     arrow.Role = force.Role == ForceRole::Found && force.Value == 0 ? ForceRole::Zero : force.Role;
     arrow.HasHead =
         arrow.Role != ForceRole::Zero && (arrow.Role != ForceRole::Open || ShowsAssumedSenses(step_));
-    picture_.Arrows.push_back(std::move(arrow));
+    return arrow;
   }
 
   void PlaceTexts() {
@@ -256,7 +267,8 @@ class PartPainter {
   double scale_ = 0, middleX_ = 0, middleY_ = 0;
   float arrow_ = 0;
   std::map<int, std::vector<PixelVector>> sides_;  // taken, by joints; y upward
-  std::map<int, CutPlace> cutAt_;                  // by members
+  ArrowRoom arrows_;
+  std::map<int, CutPlace> cutAt_;  // by members
   HandPicture picture_;
   HandLabels labels_;
 };

@@ -39,7 +39,12 @@ struct BalanceEquation {
   int AlongUnknown = 0;     ///< Across: the unknown whose line it is
   std::vector<BalanceTerm> Terms{};
   BalanceUse Use = BalanceUse::Holds;
-  int Solved = 0;  ///< Solves: the unknown
+  UnknownForce Solved{};  ///< Solves: the unknown and its value
+
+  /// What the known terms add up to: those with a positive factor, the others with their sign changed, and
+  /// all of them, which is the first less the second. Each is rounded once, however much cancels in it; the
+  /// sides of an equation that holds are the same number.
+  double KnownLeft = 0, KnownRight = 0, KnownSum = 0;
 };
 
 enum class HandStepKind {
@@ -75,6 +80,7 @@ struct HandStep {
   std::vector<int>
       Joints{};            ///< Reactions, Section: the part looked at; Together: whose equations; ascending
   std::vector<int> Cut{};  ///< Section: the members that run out of the part, ascending
+  std::vector<int> StillSought{};  ///< Reactions: those of the part that its balance does not give
   std::vector<int> LeftOut{};   ///< Joint: the unknowns at it that are known to be 0; ZeroForce: the members
   std::vector<int> PutAside{};  ///< Section: of the sought forces those that the equation does not contain
   std::vector<int> Unknowns{};  ///< Together: sought in these equations, ascending

@@ -94,6 +94,13 @@ HandStepText HandText::Reactions(const HandStep& step) const {
   const std::string loads = LoadsInComponents(step.Joints);
   if (!loads.empty()) text.Lines.push_back(loads);
   AddEquations(step, text.Lines);
+  if (!step.StillSought.empty() && !step.Contradicts) {
+    const bool one = step.StillSought.size() == 1;
+    text.Lines.push_back("This balance does not give " + names_.Forces(step.StillSought) +
+                         (one ? " yet.  The joints and sections that follow may give it."
+                              : ": none of its equations holds only one of them.  The joints and sections "
+                                "that follow may give them."));
+  }
   return text;
 }
 

@@ -1,9 +1,11 @@
 // Which forces are determined, and whether the equations contradict each other, is decided over two prime
-// fields; the values come from the same elimination as those of the reports.
+// fields; the values come from the same elimination as those of the reports, and what it leaves over is put
+// through it again where that matters.
 #include "explanation/byjoint/Together.h"
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <map>
 
 #include "analysis/Elimination.h"
@@ -51,31 +53,76 @@ class JointSystem {
     const auto second = Solution<SecondField>(&ExactNumber::Second);
     if (!first || !second) return std::nullopt;
     std::map<int, ExactNumber> values;
-    for (std::size_t i = 0; i < pivots_.size(); ++i) values[pivots_[i]] = {(*first)[i], (*second)[i]};
+    for (std::size_t i = 0; i < pivots_.size(); ++i) values[pivots_[i]] = {(*first)[i], (*second)[i], {}};
     return values;
   }
 
-  std::map<int, double> Values() const {
+  // The exact forces of the unknowns without those left out, as far as doubles and their corrections tell.
+  std::map<int, WideNumber> Sizes(const TrussBalance& balance) const {
+    std::map<int, WideNumber> sizes;
+    for (const int k : pivots_) sizes[k] = {};
+    for (int pass = 0; pass < MostPasses && !AreNearEnough(balance, sizes, pass); ++pass) {
+      const std::vector<double> forces = ForcesFor(LeftOver(sizes));
+      for (std::size_t i = 0; i < pivots_.size(); ++i) {
+        WideNumber& size = sizes[pivots_[i]];
+        size = size + WideNumber(forces[i]) / WideNumber(balance.Length(pivots_[i]));
+      }
+    }
+    return sizes;
+  }
+
+ private:
+  static constexpr int MostPasses = 8;
+
+  // What each equation lacks when these are its forces.
+  std::vector<double> LeftOver(const std::map<int, WideNumber>& sizes) const {
+    std::vector<double> left;
+    left.reserve(rows_.size());
+    for (const Balance& row : rows_) {
+      WideNumber sum = row.Rest.IsZero() ? WideNumber{} : row.Rest.Size;
+      for (const Balance::SoughtForce& sought : row.Sought) {
+        const auto at = sizes.find(sought.Unknown);
+        if (at != sizes.end()) sum = sum + sought.Factor.Size * at->second;
+      }
+      left.push_back(-sum.ToDouble());
+    }
+    return left;
+  }
+
+  // One pass of doubles is enough unless there are forces that vanish beside the largest.
+  bool AreNearEnough(const TrussBalance& balance, const std::map<int, WideNumber>& sizes, int pass) const {
+    if (pass == 0) return false;
+    double smallest = std::numeric_limits<double>::infinity();
+    for (const auto& [unknown, size] : sizes) {
+      const double force = std::abs(size.ToDouble() * balance.Length(unknown));
+      if (force > 0) smallest = std::min(smallest, force);
+    }
+    const std::vector<double> left = LeftOver(sizes);
+    return std::ranges::all_of(left, [&](double force) { return std::abs(force) <= 1e-9 * smallest; });
+  }
+
+  // By the elimination of the reports.
+  std::vector<double> ForcesFor(const std::vector<double>& rightHandSides) const {
     const auto numColumns = static_cast<int>(pivots_.size());
     const auto numRows = std::max(numColumns, static_cast<int>(rows_.size()));
     SparseMatrix<double> matrix(numRows, numColumns + 1);
     for (std::size_t row = 0; row < rows_.size(); ++row) {
+      const int number = static_cast<int>(row) + 1;
       for (const Balance::SoughtForce& sought : rows_[row].Sought) {
         const auto at = std::ranges::lower_bound(pivots_, sought.Unknown);
         if (at == pivots_.end() || *at != sought.Unknown) continue;
-        matrix.Set(static_cast<int>(row) + 1, static_cast<int>(at - pivots_.begin()) + 1, sought.ByForce);
+        matrix.Set(number, static_cast<int>(at - pivots_.begin()) + 1, sought.ByForce);
       }
-      if (rows_[row].KnownSum != 0)
-        matrix.Set(static_cast<int>(row) + 1, numColumns + 1, -rows_[row].KnownSum);
+      if (rightHandSides[row] != 0) matrix.Set(number, numColumns + 1, rightHandSides[row]);
     }
     Table<std::int16_t> order;
     SolveToRREF(numRows, numColumns, matrix, order, {.SmallestPivot = 0, .MostPivots = numColumns});
-    std::map<int, double> values;
-    for (int i = 1; i <= numColumns; ++i) values[pivots_[At(i - 1)]] = matrix(i, numColumns + 1);
-    return values;
+    std::vector<double> forces;
+    forces.reserve(pivots_.size());
+    for (int i = 1; i <= numColumns; ++i) forces.push_back(matrix(i, numColumns + 1));
+    return forces;
   }
 
- private:
   // Rows of residues whose columns are these unknowns, and after them what is known.
   std::vector<ModularRow> Rows(const std::vector<int>& columns, std::uint64_t ExactNumber::*residue) const {
     std::vector<ModularRow> rows;
@@ -152,9 +199,11 @@ std::optional<HandStep> SolveTogether(TrussBalance& balance, const std::vector<i
     return step;
   }
   if (system.Determined().empty()) return std::nullopt;
-  const std::map<int, double> values = system.Values();
+  const std::map<int, WideNumber> sizes = system.Sizes(balance);
   for (const int k : system.Determined()) {
-    balance.Learn(k, exact->at(k), values.at(k));
+    ExactNumber force = exact->at(k);
+    force.Size = sizes.at(k);
+    balance.Learn(k, force);
     step.Solved.push_back({k, balance.Value(k)});
   }
   return step;

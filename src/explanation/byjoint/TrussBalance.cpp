@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "explanation/Length.h"
 #include "explanation/RigidityMatrix.h"
 
 namespace {
@@ -25,21 +26,28 @@ ExactNumber ExactMeasure(const Measure& measure, const ExactVector& force, const
   return Cross(at - measure.At.Exact, force);
 }
 
-double Measured(const Measure& measure, double x, double y, const PlanePoint& at) {
-  switch (measure.Kind) {
-    case BalanceKind::X:
-      return x;
-    case BalanceKind::Y:
-      return y;
-    case BalanceKind::Across:
-      return measure.LineX * y - measure.LineY * x;
-    case BalanceKind::Moment:
-      break;
-  }
-  return (at.X - measure.At.X) * y - (at.Y - measure.At.Y) * x;
+}  // namespace
+
+void Balance::AddKnown(const BalanceTerm& term, const ExactNumber& part) {
+  Equation.Terms.push_back(term);
+  Rest = Rest + part;
+  KnownSide& side = term.Factor > 0 ? left_ : right_;
+  side.Sum = side.Sum + part;
+  side.LargestTerm = std::max(side.LargestTerm, std::abs(term.Factor * term.Force));
 }
 
-}  // namespace
+void Balance::Close(double unit) {
+  Equation.Use = Rest.IsZero() ? BalanceUse::Holds : BalanceUse::Contradicts;
+  Equation.KnownLeft = left_.Sum.ToDouble() / unit;
+  Equation.KnownRight = (-right_.Sum).ToDouble() / unit;
+  Equation.KnownSum = Rest.ToDouble() / unit;
+  if (!Rest.IsZero()) return;
+  // The same number, which the rounding of forces that were found by the matrix has touched less on the side
+  // where they are smaller.
+  const bool isLeftSmaller = left_.LargestTerm < right_.LargestTerm;
+  Equation.KnownLeft = isLeftSmaller ? Equation.KnownLeft : Equation.KnownRight;
+  Equation.KnownRight = Equation.KnownLeft;
+}
 
 TrussBalance::TrussBalance(const TrussGraph& graph)
     : graph_(graph),
@@ -65,7 +73,7 @@ TrussBalance::TrussBalance(const TrussGraph& graph)
       const PlacedJoint& b = graph.Joints[unknown.JointB];
       const double dx = WrittenDifference(a.X, b.X);
       const double dy = WrittenDifference(a.Y, b.Y);
-      lengths_[k] = std::hypot(dx, dy);
+      lengths_[k] = LengthOf(dx, dy);
       if (unknown.JointA == unknown.JointB) continue;
       directions_[k] = places_[unknown.JointA].Exact - places_[unknown.JointB].Exact;
       unitX_[k] = dx / lengths_[k];
@@ -95,10 +103,10 @@ std::vector<int> TrussBalance::SoughtAt(int joint) const {
   return sought;
 }
 
-void TrussBalance::Learn(int unknown, const ExactNumber& exact, double value) {
+void TrussBalance::Learn(int unknown, const ExactNumber& exact) {
   known_[unknown] = 1;
-  exact_[unknown] = exact;
-  values_[unknown] = exact.IsZero() ? 0 : value;
+  exact_[unknown] = exact.IsZero() ? ExactNumber{} : exact;
+  values_[unknown] = exact.ToDouble() * lengths_[unknown];
   if (!Acts(unknown)) return;
   const PlacedUnknown& placed = graph_.Unknowns[unknown];
   --numSought_[placed.JointA];
@@ -125,15 +133,13 @@ double TrussBalance::ArmShare(int unknown, const PlanePoint& point) const {
   const PlanePoint& b = placed.IsMember() ? places_[placed.JointB] : a;
   const double arm = std::abs((a.X - point.X) * unitY_[unknown] - (a.Y - point.Y) * unitX_[unknown]);
   const double distance =
-      std::min(std::hypot(a.X - point.X, a.Y - point.Y), std::hypot(b.X - point.X, b.Y - point.Y));
+      std::min(LengthOf(a.X - point.X, a.Y - point.Y), LengthOf(b.X - point.X, b.Y - point.Y));
   return distance > 0 ? arm / distance : 0;
 }
 
-TrussBalance::Force TrussBalance::UnitForceOn(int joint, int unknown) const {
+ExactVector TrussBalance::UnitForceOn(int joint, int unknown) const {
   const PlacedUnknown& placed = graph_.Unknowns[unknown];
-  const Force force{directions_[unknown], unitX_[unknown], unitY_[unknown]};
-  if (!placed.IsMember() || placed.JointA == joint) return force;
-  return {-force.Exact, -force.X, -force.Y};
+  return !placed.IsMember() || placed.JointA == joint ? directions_[unknown] : -directions_[unknown];
 }
 
 ExactVector TrussBalance::LoadAt(int joint) const {
@@ -143,6 +149,10 @@ ExactVector TrussBalance::LoadAt(int joint) const {
     if (!graph_.Unknowns[k].IsMember() && IsKnown(k)) sum = sum + exact_[k] * directions_[k];
   }
   return sum;
+}
+
+double TrussBalance::UnitOf(const Measure& measure) const {
+  return measure.Kind == BalanceKind::Across ? lengths_[measure.AlongUnknown] : 1;
 }
 
 Measure TrussBalance::Across(int unknown) const {
@@ -157,26 +167,24 @@ Measure TrussBalance::Across(int unknown) const {
 }
 
 void TrussBalance::AddUnknown(int joint, int unknown, const Measure& measure, Balance& balance) const {
-  const Force force = UnitForceOn(joint, unknown);
-  const ExactNumber factor = ExactMeasure(measure, force.Exact, places_[joint].Exact);
+  const ExactNumber factor = ExactMeasure(measure, UnitForceOn(joint, unknown), places_[joint].Exact);
   const bool isKnown = IsKnown(unknown);
   if (factor.IsZero()) {
     if (!isKnown) balance.PutAside.push_back(unknown);
     return;
   }
   if (IsKnownZero(unknown)) return;
-  BalanceTerm term{.Unknown = unknown,
-                   .Joint = joint,
-                   .IsSought = !isKnown,
-                   .Factor = Measured(measure, force.X, force.Y, places_[joint]),
-                   .Force = isKnown ? values_[unknown] : 0};
+  const BalanceTerm term{.Unknown = unknown,
+                         .Joint = joint,
+                         .IsSought = !isKnown,
+                         .Factor = factor.ToDouble() / (lengths_[unknown] * UnitOf(measure)),
+                         .Force = isKnown ? values_[unknown] : 0};
   if (isKnown) {
-    balance.Rest = balance.Rest + factor * exact_[unknown];
-    balance.KnownSum += term.Factor * term.Force;
+    balance.AddKnown(term, factor * exact_[unknown]);
   } else {
     balance.Sought.push_back({unknown, factor, term.Factor});
+    balance.Equation.Terms.push_back(term);
   }
-  balance.Equation.Terms.push_back(term);
 }
 
 // One term for each component, so that a load stands in the equations of a joint as it was given.
@@ -190,14 +198,10 @@ void TrussBalance::AddLoads(int joint, const Measure& measure, Balance& balance)
       const ExactNumber part = ExactMeasure(measure, component, places_[joint].Exact);
       if (part.IsZero()) continue;
       const double force = Written(alongX ? load.Fx : load.Fy);
-      const double sign = force < 0 ? -1 : 1;
-      const BalanceTerm term{
-          .Joint = joint,
-          .Factor = Measured(measure, alongX ? sign : 0, alongX ? 0 : sign, places_[joint]),
-          .Force = std::abs(force)};
-      balance.Rest = balance.Rest + part;
-      balance.KnownSum += term.Factor * term.Force;
-      balance.Equation.Terms.push_back(term);
+      const BalanceTerm term{.Joint = joint,
+                             .Factor = part.ToDouble() / (std::abs(force) * UnitOf(measure)),
+                             .Force = std::abs(force)};
+      balance.AddKnown(term, part);
     }
   }
 }
@@ -218,16 +222,16 @@ Balance TrussBalance::BalanceOf(const std::vector<int>& joints, const Measure& m
     }
     AddLoads(joint, measure, balance);
   }
-  balance.Equation.Use = balance.Rest.IsZero() ? BalanceUse::Holds : BalanceUse::Contradicts;
+  balance.Close(UnitOf(measure));
   return balance;
 }
 
 UnknownForce TrussBalance::Solve(Balance& balance) {
   const Balance::SoughtForce& sought = balance.Sought.front();
-  Learn(sought.Unknown, -balance.Rest / sought.Factor, -balance.KnownSum / sought.ByForce);
+  Learn(sought.Unknown, -balance.Rest / sought.Factor);
   balance.Equation.Use = BalanceUse::Solves;
-  balance.Equation.Solved = sought.Unknown;
-  return {sought.Unknown, values_[sought.Unknown]};
+  balance.Equation.Solved = {sought.Unknown, values_[sought.Unknown]};
+  return balance.Equation.Solved;
 }
 
 std::vector<UnknownForce> TrussBalance::SolveTogether(Balance& one, Balance& other) {
@@ -236,14 +240,11 @@ std::vector<UnknownForce> TrussBalance::SolveTogether(Balance& one, Balance& oth
   const bool sameOrder = other.Sought[0].Unknown == a.Unknown;
   const Balance::SoughtForce& c = other.Sought[sameOrder ? 0 : 1];
   const Balance::SoughtForce& d = other.Sought[sameOrder ? 1 : 0];
-  const ExactNumber exact = a.Factor * d.Factor - b.Factor * c.Factor;
-  const double determinant = a.ByForce * d.ByForce - b.ByForce * c.ByForce;
+  const ExactNumber determinant = a.Factor * d.Factor - b.Factor * c.Factor;
   const int first = a.Unknown;
   const int second = b.Unknown;
-  Learn(first, (b.Factor * other.Rest - d.Factor * one.Rest) / exact,
-        (b.ByForce * other.KnownSum - d.ByForce * one.KnownSum) / determinant);
-  Learn(second, (c.Factor * one.Rest - a.Factor * other.Rest) / exact,
-        (c.ByForce * one.KnownSum - a.ByForce * other.KnownSum) / determinant);
+  Learn(first, (b.Factor * other.Rest - d.Factor * one.Rest) / determinant);
+  Learn(second, (c.Factor * one.Rest - a.Factor * other.Rest) / determinant);
   one.Equation.Use = other.Equation.Use = BalanceUse::SolvesTogether;
   return {{first, values_[first]}, {second, values_[second]}};
 }

@@ -1,6 +1,6 @@
 // What is known of the forces while a truss is solved by hand, and the equations of balance of its parts.
-// Values are doubles; beside each stands its exact form, which decides whether something is 0, whether
-// members are in line, and whether an equation holds.
+// Values are doubles, each rounded once from its exact form, in which all is summed up, and which decides
+// whether something is 0, whether members are in line, and whether an equation holds.
 #pragma once
 
 #include <optional>
@@ -38,8 +38,20 @@ struct Balance {
   BalanceEquation Equation;
   std::vector<SoughtForce> Sought;  ///< those that the equation contains
   std::vector<int> PutAside;        ///< sought forces on the part that it does not contain
-  ExactNumber Rest;                 ///< what the known forces add up to
-  double KnownSum = 0;
+  ExactNumber Rest;                 ///< what the known forces add up to, by the exact measure
+
+  /// A term whose force is known, and what it adds to the rest.
+  void AddKnown(const BalanceTerm& term, const ExactNumber& part);
+
+  /// Writes into the equation what its known terms add up to; `unit` is what the exact measure gives for 1.
+  void Close(double unit);
+
+ private:
+  struct KnownSide {
+    ExactNumber Sum;
+    double LargestTerm = 0;
+  };
+  KnownSide left_, right_;
 };
 
 /// The exact force of a member is its force divided by its length, as in RigidityMatrix.h.
@@ -63,8 +75,9 @@ class TrussBalance {
   std::vector<int> SoughtAt(int joint) const;
   int NumSoughtAt(int joint) const { return numSought_[joint]; }
 
-  /// An exact value of 0 makes the value exactly 0.
-  void Learn(int unknown, const ExactNumber& exact, double value);
+  void Learn(int unknown, const ExactNumber& exact);
+  /// The length of a member, by which its exact force is multiplied; 1 of a reaction.
+  double Length(int unknown) const { return lengths_[unknown]; }
 
   /// Where a positive force points, up to its length and its sign: the line of an unknown.
   const ExactVector& Direction(int unknown) const { return directions_[unknown]; }
@@ -96,11 +109,8 @@ class TrussBalance {
   std::vector<UnknownForce> SolveTogether(Balance& one, Balance& other);
 
  private:
-  struct Force {  // of a unit of an unknown on one of its joints, or of a load
-    ExactVector Exact;
-    double X = 0, Y = 0;
-  };
-  Force UnitForceOn(int joint, int unknown) const;
+  ExactVector UnitForceOn(int joint, int unknown) const;
+  double UnitOf(const Measure& measure) const;
   void AddUnknown(int joint, int unknown, const Measure& measure, Balance& balance) const;
   void AddLoads(int joint, const Measure& measure, Balance& balance) const;
 

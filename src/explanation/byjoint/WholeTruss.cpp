@@ -1,6 +1,7 @@
 #include "explanation/byjoint/WholeTruss.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 
 namespace {
@@ -37,6 +38,8 @@ class Reactions {
       step_.Contradicts = true;
     }
     if (step_.Equations.empty()) return std::nullopt;
+    std::ranges::copy_if(reactions_, std::back_inserter(step_.StillSought),
+                         [this](int k) { return !balance_.IsKnown(k); });
     return step_;
   }
 

@@ -70,6 +70,6 @@ std::optional<HandStep> ZeroForcesAt(TrussBalance& balance, int joint) {
       if (!both && k != step.Solved.front().Unknown) step.InLine.push_back(k);
     }
   }
-  for (const UnknownForce& force : step.Solved) balance.Learn(force.Unknown, {}, 0);
+  for (const UnknownForce& force : step.Solved) balance.Learn(force.Unknown, {});
   return step;
 }

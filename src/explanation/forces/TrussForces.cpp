@@ -6,6 +6,7 @@
 
 #include "canvas/Polar.h"
 #include "document/Truss.h"
+#include "explanation/DistinctNames.h"
 #include "explanation/DrawnFigures.h"
 #include "explanation/RigidityMatrix.h"
 #include "explanation/RoundingText.h"
@@ -16,7 +17,7 @@ constexpr char DegreeSign = '\xB0';  // in the single-byte code page
 
 std::string NameBefore(const std::string& text, const PlacedUnknown& unknown) {
   const bool isNamed = !unknown.Name.empty() && unknown.Name != UnnamedCaption;
-  return isNamed ? unknown.Name + ' ' + text : text;
+  return isNamed ? NameBesideValue(unknown.Name) + ' ' + text : text;
 }
 
 bool MayBeRounding(const TrussForces& forces) {
@@ -52,6 +53,9 @@ TrussForces ForcesOf(ExplanationOnDemand& reasons, const ReportFormat& format) {
   TrussForces forces{
       .Graph = reasons.Graph(), .Code = analysis.Reading.Code, .Exact = reasons.Rounded().Verdict.Code()};
   forces.FiguresText = FiguresRemark(reasons.Rounded(), format);
+  forces.HoldsNoNumber = reasons.Rounded().HoldsNoNumber();
+  forces.HasMotion = reasons.Rounded().Verdict.Mechanisms() > 0;
+  forces.ShowsOpenForces = !reasons.Rounded().ShownThoughOpen.empty();
   forces.HidesForces = !reasons.Rounded().Figures.Hidden.empty();
   forces.Unknowns.Resize(forces.Graph.NumUnknowns());
   for (int k = 1; k <= forces.Graph.NumUnknowns(); ++k) {
@@ -87,10 +91,22 @@ std::vector<std::string> RemarksOn(const TrussForces& forces) {
         "The reduced matrix gives no forces because of a remnant of rounding: exactly, these loads are in "
         "balance.  See \"Why this conclusion\"."};
   }
-  if (forces.Exact == Outcome::Inconsistent) {
+  if (forces.HoldsNoNumber) {
     remarks.emplace_back(
         "Exactly, there is no solution: these numbers come from dividing by a remnant of rounding, and none "
         "of them holds.  See \"Why this conclusion\".");
+  }
+  if (forces.Exact == Outcome::Inconsistent && !forces.HoldsNoNumber) {
+    remarks.emplace_back(
+        "Exactly, there is no solution, but within the figures of the drawing these forces balance the "
+        "loads.  "
+        "See \"Why this conclusion\".");
+  }
+  if (forces.ShowsOpenForces) {
+    remarks.emplace_back(
+        "Exactly, the equations leave some of these forces open: their numbers come from a remnant of "
+        "rounding "
+        "and are not determined.  See \"Why this conclusion\".");
   }
   if (forces.Code == Outcome::Redundant)
     remarks.emplace_back("These forces hold for these loads only: under others the truss is unstable.");
@@ -112,9 +128,10 @@ std::vector<std::string> RemarksOn(const TrussForces& forces) {
   // No number can be large against no load.
   const double load = LargestLoad(forces.Graph);
   if (load > 0 && forces.Largest > NearlyAMechanism * load) {
-    remarks.emplace_back(
-        "The largest force is more than a thousand times the largest load: the truss is nearly a mechanism, "
-        "or a remnant of rounding was divided by.");
+    remarks.push_back("The largest force is more than a thousand times the largest load: " +
+                      std::string(forces.HasMotion
+                                      ? "the truss is a mechanism, and a remnant of rounding was divided by."
+                                      : "the truss is nearly a mechanism."));
   }
   return remarks;
 }

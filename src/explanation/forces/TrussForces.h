@@ -36,6 +36,11 @@ struct TrussForces {
   /// That fewer figures are sure than are shown, as a sentence; empty where all are.
   std::string FiguresText{};
 
+  /// Whether exactly no forces balance the loads, not within the figures of the drawing either, though there
+  /// are numbers.
+  bool HoldsNoNumber = false;
+  bool HasMotion = false;        ///< whether exactly the truss is a mechanism
+  bool ShowsOpenForces = false;  ///< whether there are numbers for forces that exactly are left open
   bool HidesForces = false;  ///< whether forces are exactly determined that the reduced matrix leaves open
 
   bool HasSolution() const { return Code != Outcome::Inconsistent; }

@@ -40,7 +40,7 @@ class Walker {
 
   void EnterOrLeaveTable(const QTextBlock& block) {
     const LineRole role = RoleOf(block);
-    if (role != LineRole::TableRow) LeaveTable();
+    if (!IsBodyRow(role)) LeaveTable();
     if (role != LineRole::TableHeader || !HoldsTable(block)) return;
     inTable_ = true;
     visitor_.BeginTable();
@@ -54,7 +54,7 @@ class Walker {
   bool HoldsTable(const QTextBlock& header) const {
     if (header.position() < part_.Begin) return false;
     QTextBlock below = header.next();
-    while (below.isValid() && RoleOf(below) == LineRole::TableRow) below = below.next();
+    while (below.isValid() && IsBodyRow(RoleOf(below))) below = below.next();
     return below.isValid() && below.position() <= part_.End;
   }
 

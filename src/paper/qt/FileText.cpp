@@ -76,7 +76,7 @@ bool FileText::PastePicture(std::string_view description) {
 }
 
 void FileText::EndParagraph(bool ended) {
-  if (inTable_ && role_ != LineRole::TableRow) {
+  if (inTable_ && !IsBodyRow(role_)) {
     inTable_ = false;
     writer_->EndTable();
   }

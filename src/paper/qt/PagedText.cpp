@@ -211,7 +211,7 @@ void PagedText::Pages::Place(Held next) {
   PageBlock& block = *next.Block;
   if (next.IsBlank) return paper_.Skip(block.HeightOfFirst(block.NumLines()));
   block.LimitHeight(paper_.TextHeight());
-  if (next.Role == LineRole::TableRow) ContinueTable(block.HeightOfFirst(block.NumLines()));
+  if (IsBodyRow(next.Role)) ContinueTable(block.HeightOfFirst(block.NumLines()));
   PaintLines(block);
   if (next.Role == LineRole::TableHeader) tableHeader_ = std::move(next.Block);
 }

@@ -3,6 +3,7 @@
 
 #include "HandSolutionFixture.h"
 #include "canvas/PixelBoxes.h"
+#include "explanation/byjoint/ArrowRoom.h"
 #include "support/RecordingSurface.h"
 
 namespace {
@@ -67,6 +68,73 @@ TEST(HandPicture, ArrowsAwayFromTheJointArePulling) {
   // Each on the side of its member: AB to the right, AC up and to the right.
   EXPECT_GT(ArrowWith(picture, "AB 500 T").Line.X1, joint.X);
   EXPECT_LT(ArrowWith(picture, "AC 707.1 C").Line.Y1, joint.Y);
+}
+
+// How near each load or reaction comes to what else is drawn at its joint, at the least; pixels.
+double LeastBetweenArrows(const PicturedTruss& truss, const HandPicture& picture) {
+  const auto isMember = [&](const HandArrow& arrow) {
+    return arrow.Unknown != 0 && truss.Graph.Unknowns[arrow.Unknown].IsMember();
+  };
+  double least = 1000;
+  for (std::size_t i = 0; i < picture.Arrows.size(); ++i) {
+    for (std::size_t j = 0; j < i; ++j) {
+      const HandArrow& a = picture.Arrows[i];
+      const HandArrow& b = picture.Arrows[j];
+      if (!isMember(a) || !isMember(b)) least = std::min(least, DistanceBetween(a.Line, b.Line));
+    }
+  }
+  return least;
+}
+
+TEST(HandPicture, NoReactionOrLoadLiesOnAMembersArrow) {
+  int numPictures = 0;
+  const auto look = [&numPictures](const PicturedTruss& truss) {
+    for (std::size_t step = 0; step < truss.Solution.Steps.size(); ++step) {
+      if (truss.Solution.Steps[step].Joint == 0) continue;
+      EXPECT_GE(LeastBetweenArrows(truss, truss.Of(step)), 4) << "step " << step + 1;
+      ++numPictures;
+    }
+  };
+  WithEachExample([&](const Truss& truss) { look(PicturedTruss(truss)); });
+  // A reaction that pulls, with the chord to one side and nothing to the other.
+  const PicturedTruss pulled(HandTriangle().Force(4, 4, 700, 0));
+  look(pulled);
+  const HandPicture support = pulled.Of(pulled.StepAt("A"));
+  const HandArrow& reaction = ArrowWith(support, "Ax 700 (-700)");
+  EXPECT_LT(reaction.Line.X2, reaction.Line.X1) << "it acts to the left";
+  EXPECT_LT(reaction.Line.X1, support.Pins.front().X) << "and stands there, since AB is to the right";
+  EXPECT_GT(numPictures, 150);
+}
+
+// With members to both sides of it and loads on each other, an arrow stands beside them.
+TEST(HandPicture, ALoadWithoutAFreeSideStandsBesideTheOthers) {
+  const TrussBuilder chord = TrussBuilder()
+                                 .Member(0, 0, 4, 0, "AB")
+                                 .Member(4, 0, 8, 0, "BC")
+                                 .Member(0, 0, 4, 3, "AD")
+                                 .Member(8, 0, 4, 3, "CD")
+                                 .Member(4, 0, 4, 3, "BD")
+                                 .Clamp(0, 0, "Ax", "Ay")
+                                 .Roller(8, 0, "C")
+                                 .Joint(4, 0, "B");
+  for (const int numLoads : {1, 2, 3}) {
+    SCOPED_TRACE(numLoads);
+    TrussBuilder loaded = chord;
+    for (int i = 0; i < numLoads; ++i) loaded.Force(4, 0, 50, 0).Force(4, 0, 0, -200);
+    const PicturedTruss truss{Truss(loaded)};
+    const HandPicture picture = truss.Of(truss.StepAt("B"));
+    EXPECT_GE(LeastBetweenArrows(truss, picture), 4);
+    for (const HandArrow& arrow : picture.Arrows)
+      EXPECT_NEAR(ArrowLength(arrow.Line), ArrowLength(picture.Arrows.front().Line), 0.01);
+  }
+}
+
+TEST(ArrowRoom, TellsHowFarLinesAreApart) {
+  EXPECT_EQ(DistanceBetween({0, 0, 10, 0}, {0, 3, 10, 3}), 3);
+  EXPECT_EQ(DistanceBetween({0, 0, 10, 0}, {13, 4, 20, 4}), 5) << "between ends";
+  EXPECT_EQ(DistanceBetween({0, 0, 10, 0}, {5, -5, 5, 5}), 0) << "across each other";
+  EXPECT_EQ(DistanceBetween({0, 0, 10, 0}, {5, 2, 5, 9}), 2) << "from an end to the middle";
+  EXPECT_EQ(DistanceBetween({0, 0, 0, 0}, {3, 4, 3, 4}), 5) << "points";
 }
 
 TEST(HandPicture, TellsWhatTheStepFindsFromWhatIsKnownOrNothing) {
@@ -250,6 +318,18 @@ TEST(HandPicture, SaysWhetherItsArrowsShowTheSensesFoundOrAssumed) {
                 testing::StartsWith(ShowsAssumedSenses(step) ? "The picture's arrows show the senses assumed"
                                                              : "The picture's arrows show the senses found"));
   }
+}
+
+// As in the equations beside it: with a value behind it, it could not be told where a name ends.
+TEST(HandPicture, OddNamesStandInBracketsAsInTheEquations) {
+  const PicturedTruss truss(
+      HandTriangle({.AB = "tie = 3 * 4", .BC = "So x = 5", .Ax = "A, left", .AtB = "RB", .B = "B (right)"}));
+  const HandPicture joint = truss.Of(truss.StepAt("B (right)"));
+  std::vector<std::string> texts;
+  for (const HandArrow& arrow : joint.Arrows) texts.push_back(arrow.Text);
+  for (const HandPicture::Name& name : joint.Names) texts.push_back(name.Text);
+  EXPECT_THAT(texts, testing::IsSupersetOf({HasSubstr("[tie = 3 * 4] "), HasSubstr("[So x = 5] "),
+                                            HasSubstr("RB "), HasSubstr("[B (right)]")}));
 }
 
 TEST(HandPicture, PaintsLettersForEveryForce) {

@@ -11,8 +11,39 @@
 #include "document/TrussFile.h"
 #include "explanation/ExplanationFixture.h"
 #include "explanation/RigidityMatrix.h"
-#include "explanation/byjoint/HandSolution.h"
+#include "explanation/byjoint/HandText.h"
 #include "support/HandTrusses.h"
+
+/// A truss with everything that its texts are made from.
+struct ToldByHand {
+  explicit ToldByHand(Truss truss, int sigFigs = 4) : Format{.SigFigs = sigFigs, .Numbers = {}} {
+    const TrussAnalysis analysis = SolveTruss(truss);
+    Graph = GraphOf(truss, analysis);
+    Reading = analysis.Reading;
+    Solution = SolveByHand(Graph);
+  }
+
+  std::vector<HandStepText> Texts() const {
+    const HandText writer(Graph, Solution, Format);
+    std::vector<HandStepText> texts;
+    for (const HandStep& step : Solution.Steps) texts.push_back(writer.Step(step));
+    return texts;
+  }
+  std::vector<std::string> Closing() const { return HandText(Graph, Solution, Format).Closing(Reading); }
+
+  ReportFormat Format;
+  TrussGraph Graph;
+  Classification Reading;
+  HandSolution Solution;
+};
+
+inline std::string AllLines(const ToldByHand& told) {
+  std::string all;
+  for (const HandStepText& text : told.Texts()) {
+    for (const std::string& line : text.Lines) all += line + '\n';
+  }
+  return all;
+}
 
 inline int CountSteps(const HandSolution& solution, HandStepKind kind) {
   return static_cast<int>(std::ranges::count(solution.Steps, kind, &HandStep::Kind));

@@ -5,6 +5,7 @@
 
 #include "ForcesFixture.h"
 #include "explanation/forces/ForcesText.h"
+#include "support/HandTrusses.h"
 
 namespace {
 
@@ -19,6 +20,14 @@ TEST(TrussForces, AMemberInCompressionPushesAndOneInTensionPulls) {
   EXPECT_EQ(truss.Force("AB").Sense, ForceSense::Pulling);
   EXPECT_NEAR(truss.Force("AB").Value, -500, 1e-3);
   EXPECT_NEAR(truss.Forces.Largest, 1000 / std::sqrt(2.0), 1e-3);
+}
+
+TEST(TrussForces, ANameThatReadsLikeMoreStandsInBracketsBesideItsValue) {
+  const SolvedForces truss(
+      TrussBuilder().Member(0, 0, 0, 4, "So x = 5").Clamp(0, 0, "x", "12").Force(0, 4, 0, -7));
+  EXPECT_THAT(truss.Force("So x = 5").Lines, ElementsAre("[So x = 5] 7 C", "(7)"));
+  EXPECT_THAT(truss.Force("12").Lines, ElementsAre("[12] 7"));
+  EXPECT_THAT(truss.Force("x").Lines, ElementsAre("x 0"));
 }
 
 TEST(TrussForces, TheMagnitudeWithItsLetterComesFirstAndTheProgramsNumberSecond) {
@@ -104,6 +113,35 @@ TEST(TrussForces, SayWhenExactlyThereIsASolutionOrNone) {
   EXPECT_THAT(RemarksOn(line.Forces), Contains(HasSubstr("Exactly, there is no solution")));
 }
 
+// On a circle exactly: a mechanism, and not only nearly one.
+TEST(TrussForces, OfAMechanismItIsNotSaidThatItIsNearlyOne) {
+  const std::vector<std::string> remarks = RemarksOn(SolvedForces(HandHexagon(5)).Forces);
+  EXPECT_THAT(remarks, Contains(HasSubstr("none of them holds")));
+  EXPECT_THAT(remarks, Contains(HasSubstr("largest load: the truss is a mechanism, and a remnant of rounding "
+                                          "was divided by.")));
+  for (const std::string& remark : remarks)
+    EXPECT_THAT(remark, testing::Not(HasSubstr("nearly a mechanism")));
+}
+
+TEST(TrussForces, NumbersOfABalancedArchAreNotDetermined) {
+  EXPECT_THAT(
+      RemarksOn(SolvedForces(SlopingArch(100, 300)).Forces),
+      Contains(HasSubstr("leave some of these forces open: their numbers come from a remnant of rounding "
+                         "and are not determined.")));
+  for (const std::string& remark : RemarksOn(SolvedForces(SlopingArch(300, -100)).Forces))
+    EXPECT_THAT(remark, testing::Not(HasSubstr("not determined")));
+}
+
+// As of coordinates and loads that were rounded to seven figures.
+TEST(TrussForces, WhatBalancesWithinTheFiguresIsNotCalledARemnant) {
+  TrussForces forces = LoadedTriangleForces().Forces;
+  forces.Exact = Outcome::Inconsistent;
+  EXPECT_THAT(RemarksOn(forces),
+              ElementsAre(HasSubstr("within the figures of the drawing these forces balance the loads")));
+  forces.HoldsNoNumber = true;
+  EXPECT_THAT(RemarksOn(forces), ElementsAre(HasSubstr("none of them holds")));
+}
+
 TEST(TrussForces, OfARedundantSystemHoldForTheseLoadsOnly) {
   const SolvedForces truss(TrussBuilder().Member(0, 0, 0, 4, "m").Clamp(0, 0, "x", "y").Force(0, 4, 0, -5));
   EXPECT_THAT(truss.Force("m").Lines, ElementsAre("m 5 C", "(5)"));
@@ -135,7 +173,7 @@ TEST(TrussForces, ForcesFarLargerThanTheLoadsAreSaidToBeOdd) {
                                       .Force(4, height, 0, -10))
                          .Forces);
   };
-  EXPECT_THAT(remarks(0.001F), ElementsAre(HasSubstr("nearly a mechanism")));
+  EXPECT_THAT(remarks(0.001F), ElementsAre(HasSubstr("the truss is nearly a mechanism.")));
   EXPECT_THAT(remarks(0.01F), IsEmpty());
 }
 

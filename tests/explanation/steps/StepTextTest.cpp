@@ -302,16 +302,13 @@ std::vector<std::string> AllRemarks(const SteppedTruss& truss, const StepText& t
 
 // Names that read like other words of the sentences, or like numbers.
 TEST(StepText, EverySentenceIsEnoughWhateverTheNames) {
-  const SteppedTruss truss(TrussBuilder()
-                               .Member(0, 0, 8, 0, "12")
-                               .Member(0, 0, 4, 4, "AC in A - x, 1")
-                               .Member(8, 0, 4, 4, "b and c")
-                               .Clamp(0, 0, "Ax", "R (x)")
-                               .Roller(8, 0, "[B]")
-                               .Joint(0, 0, "A - x")
-                               .Joint(8, 0, "2 times B")
-                               .Joint(4, 4, "C")
-                               .Force(4, 4, 0, -1000));
+  const SteppedTruss truss(HandTriangle({.AB = "12",
+                                         .AC = "AC in A - x, 1",
+                                         .BC = "b and c",
+                                         .Ay = "R (x)",
+                                         .AtB = "[B]",
+                                         .A = "A - x",
+                                         .B = "2 times B"}));
   const StepText text = truss.Text(Exact);
   EXPECT_EQ(text.Row(1), "[2 times B] - x");
   EXPECT_EQ(text.Row(3), "[A - x] - x");

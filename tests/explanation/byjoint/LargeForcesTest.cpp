@@ -1,0 +1,129 @@
+// Forces of very different sizes beside each other: what is small is not lost, and what is shown is true.
+#include <gmock/gmock.h>
+
+#include <regex>
+
+#include "HandSolutionFixture.h"
+
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+std::map<std::string, double> ValuesOf(const Truss& truss) {
+  const TrussGraph graph = GraphOf(truss);
+  return ByName(graph, SolveByHand(graph));
+}
+
+TEST(LargeForces, LoadsThatCancelLeaveWhatTheOthersCause) {
+  const std::map<std::string, double> plain = ValuesOf(HandTriangle());
+  for (const float load : {1e16F, 1e20F, 3e38F}) {
+    EXPECT_EQ(ValuesOf(HandTriangle().Force(4, 4, load, -load).Force(4, 4, -load, load)), plain);
+    // At different joints: only the member between them takes the two.
+    std::map<std::string, double> pulled =
+        ValuesOf(HandTriangle().Force(0, 0, -load, 0).Force(8, 0, load, 0));
+    EXPECT_NEAR(pulled.at("AB") / load, -1, 1e-6);
+    pulled["AB"] = plain.at("AB");
+    EXPECT_EQ(pulled, plain);
+  }
+}
+
+// Its forces must be found together, in doubles; only one member lies between the two large loads.
+TEST(LargeForces, OneMemberTakesTwoLargeLoadsAlsoWhereTheMatrixIsNeeded) {
+  const Truss hexagon = HandHexagon(4);
+  ASSERT_EQ(CountSteps(SolveByHand(GraphOf(hexagon)), HandStepKind::Together), 1);
+  const std::map<std::string, double> plain = ValuesOf(hexagon);
+  for (const float load : {1e8F, 1e20F, 1e30F}) {
+    const std::map<std::string, double> pulled =
+        ValuesOf(HandHexagon(4).Force(4, 0, load, 0).Force(-5, 0, -load, 0));
+    ASSERT_EQ(pulled.size(), plain.size());
+    for (const auto& [name, value] : pulled) {
+      if (name == "AE") {
+        EXPECT_NEAR(value / load, -1, 1e-4);
+      } else {
+        EXPECT_NEAR(value, plain.at(name), 1e-9 * std::abs(plain.at(name))) << name << ", " << load;
+      }
+    }
+  }
+}
+
+TEST(LargeForces, AReactionThatIsNothingIsSaidToBeNothing) {
+  const std::string lines = AllLines(ToldByHand(
+      HandTriangle().Force(4, 4, 1e20F, -1e20F).Force(4, 4, -1e20F, 1e20F).Force(4, 4, 500, -500)));
+  // 1500 down in the middle and 500 to the right 4 above the ground.
+  EXPECT_THAT(lines, HasSubstr("So  B = 8000 / 8 = 1000.\n"));
+  EXPECT_THAT(lines, HasSubstr("So  Ay = 500.\n"));
+  EXPECT_THAT(lines, HasSubstr("So  Ax = -500, against its arrow.\n"));
+}
+
+// A clamp and a roller so near to each other that the reactions are huge.
+TrussBuilder NarrowTriangle(float width) {
+  return TrussBuilder()
+      .Member(0, 0, width, 0, "AB")
+      .Member(0, 0, 2, 2, "AC")
+      .Member(width, 0, 2, 2, "BC")
+      .Clamp(0, 0, "Ax", "Ay")
+      .Roller(width, 0, "B")
+      .Joint(0, 0, "A")
+      .Joint(width, 0, "B")
+      .Joint(2, 2, "C")
+      .Force(2, 2, 0, -100);
+}
+
+TrussBuilder ShallowTriangle(float height) {
+  return TrussBuilder()
+      .Member(0, 0, 4, 0, "AB")
+      .Member(0, 0, 2, height, "AC")
+      .Member(4, 0, 2, height, "BC")
+      .Clamp(0, 0, "Ax", "Ay")
+      .Roller(4, 0, "B")
+      .Joint(0, 0, "A")
+      .Joint(4, 0, "B")
+      .Joint(2, height, "C")
+      .Force(2, height, 0, -100);
+}
+
+TEST(LargeForces, AChecksTwoSidesAreTheSameNumber) {
+  const std::regex check("So  ([^ ]+) = ([^ ]+), which holds");
+  for (const float small : {0.5F, 1e-4F, 1e-6F, 1e-9F, 1e-16F, 1e-20F, 1e-30F, 1e-38F}) {
+    for (const Truss& truss : {Truss(NarrowTriangle(small)), Truss(ShallowTriangle(small))}) {
+      SCOPED_TRACE(small);
+      const std::string lines = AllLines(ToldByHand(truss));
+      EXPECT_THAT(lines, Not(HasSubstr("false")));
+      int numChecks = 0;
+      for (std::sregex_iterator found(lines.begin(), lines.end(), check), end; found != end; ++found) {
+        ++numChecks;
+        EXPECT_EQ((*found)[1], (*found)[2]);
+      }
+      EXPECT_GE(numChecks, 3);
+    }
+  }
+}
+
+TEST(LargeForces, ACheckThatTheShownFiguresCannotGiveSaysSo) {
+  const std::string remark = "cancel here: it takes more figures of them than are shown.\n";
+  EXPECT_THAT(AllLines(ToldByHand(NarrowTriangle(1e-16F))),
+              AllOf(HasSubstr("0.7071 \xB7 (-2.828E+18) + 0.7071 \xB7 2.828E+18 = 100\nSo  100 = 100, which "
+                              "holds.  Terms as large as 2.000E+18 " +
+                              remark),
+                    HasSubstr("2.828E+18 = 0\nSo  0 = 0, which holds.\n")));
+  EXPECT_THAT(AllLines(ToldByHand(NarrowTriangle(0.5F))), Not(HasSubstr(remark)));
+  EXPECT_THAT(AllLines(ToldByHand(HandTriangle())), Not(HasSubstr(remark)));
+}
+
+TEST(LargeForces, NothingIsDividedByAShownZero) {
+  for (const float small : {1e-6F, 1e-9F, 1e-16F, 1e-30F}) {
+    for (const int figures : {2, 4, 7}) {
+      for (const Truss& truss : {Truss(NarrowTriangle(small)), Truss(ShallowTriangle(small))}) {
+        const std::string lines = AllLines(ToldByHand(truss, figures));
+        EXPECT_FALSE(std::regex_search(lines, std::regex("/ 0 |[^0-9]0 \xB7|times 0[:; ]|sin\\(0\\.?0*\xB0")))
+            << lines;
+      }
+    }
+  }
+  EXPECT_THAT(AllLines(ToldByHand(NarrowTriangle(1e-30F))), HasSubstr("B = 200 / 1.000E-30 = 2.000E+32.\n"));
+  EXPECT_THAT(AllLines(ToldByHand(ShallowTriangle(1e-9F))), HasSubstr("AC sin(2.86479E-8\xB0)"));
+}
+
+}  // namespace
