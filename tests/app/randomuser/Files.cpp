@@ -123,7 +123,8 @@ void RandomUser::SaveToFailingDisk() {
 void RandomUser::SaveOverAnothersChange() {
   const std::string path = truss_.FileName;
   if (path.empty() || !Entry("mnuFileSave")->isEnabled() || path.find("random") == std::string::npos) return;
-  if (std::filesystem::is_directory(path)) return;
+  // Not one below a folder that has taken the place of a file, nor such a folder.
+  if (directory_ / FileNameOf(path) != path || std::filesystem::is_directory(path)) return;
   if (InStep1()) GiveUpDrawing();
   Truss truss = truss_;
   const std::string text = TrussText(truss);
