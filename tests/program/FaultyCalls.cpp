@@ -1,11 +1,21 @@
-// A library to be loaded before the system's, which lets one call of a program fail on purpose, or ends the
-// program at it. What is counted, and what happens at which count, is said by environment variables:
-//   ORVANE_FAULT_CALLS  "changes": calls that change a file; "reads": calls that read one; "memory":
-//   allocations ORVANE_FAULT_KIND   "fail", "short" (a write takes half of the bytes; what is no write goes
-//   well), "kill" ORVANE_FAULT_AT     the call, from 1; 0 or nothing: none ORVANE_FAULT_ERROR  the number of
-//   the error that a failing call has ORVANE_FAULT_COUNT  a file into which the number of counted calls is
-//   written at the end
-// Counting begins when a file named *.trs is opened: what the system and the toolkit do before is not meant.
+// Calls of the system that fail on purpose, or end the program. Linked into a test they are chosen by
+// ArmFaults; as a library that is loaded before the system's by environment variables:
+//
+// ORVANE_FAULT_CALLS: "changes" (calls that change a file), "reads" (calls that read one) or "memory"
+// (allocations)
+//
+// ORVANE_FAULT_KIND: "fail", "short" (a write takes half of the bytes; what is no write goes well) or "kill"
+//
+// ORVANE_FAULT_AT: the call, from 1; 0 or nothing: none
+//
+// ORVANE_FAULT_ERROR: the number of the error that a failing call has
+//
+// ORVANE_FAULT_COUNT: a file into which the number of counted calls is written at the end
+//
+// By these variables counting begins when a file named *.trs is opened: what the system and the toolkit do
+// before is not meant.
+#include "FaultyCalls.h"
+
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/syscall.h>
@@ -25,18 +35,12 @@ extern "C" void* __libc_realloc(void* old, std::size_t size);
 
 namespace {
 
-enum class Calls { None, Changes, Reads, Memory };
+using Calls = FaultyCalls;
 
 // Set before the first counted call; nothing here may allocate while allocations are counted.
-struct Plan {
-  Calls Counted = Calls::None;
-  bool IsShort = false, IsKill = false;
-  long At = 0;
-  int Error = ENOSPC;
-  long Count = 0;
-  bool HasBegun = false;
-};
-Plan plan;
+FaultPlan plan{.Error = ENOSPC};
+long count = 0;
+bool hasBegun = false;
 
 const char* Setting(const char* name) {
   const char* value = std::getenv(name);
@@ -45,12 +49,13 @@ const char* Setting(const char* name) {
 
 __attribute__((constructor)) void ReadPlan() {
   const char* calls = Setting("ORVANE_FAULT_CALLS");
-  plan.Counted = std::strcmp(calls, "changes") == 0  ? Calls::Changes
-                 : std::strcmp(calls, "reads") == 0  ? Calls::Reads
-                 : std::strcmp(calls, "memory") == 0 ? Calls::Memory
-                                                     : Calls::None;
-  plan.IsShort = std::strcmp(Setting("ORVANE_FAULT_KIND"), "short") == 0;
-  plan.IsKill = std::strcmp(Setting("ORVANE_FAULT_KIND"), "kill") == 0;
+  plan.Calls = std::strcmp(calls, "changes") == 0  ? Calls::Changes
+               : std::strcmp(calls, "reads") == 0  ? Calls::Reads
+               : std::strcmp(calls, "memory") == 0 ? Calls::Memory
+                                                   : Calls::None;
+  plan.Kind = std::strcmp(Setting("ORVANE_FAULT_KIND"), "short") == 0  ? FaultKind::Short
+              : std::strcmp(Setting("ORVANE_FAULT_KIND"), "kill") == 0 ? FaultKind::Kill
+                                                                       : FaultKind::Fail;
   plan.At = std::atol(Setting("ORVANE_FAULT_AT"));
   if (*Setting("ORVANE_FAULT_ERROR") != '\0') plan.Error = std::atoi(Setting("ORVANE_FAULT_ERROR"));
 }
@@ -58,23 +63,23 @@ __attribute__((constructor)) void ReadPlan() {
 __attribute__((destructor)) void TellCount() {
   const char* path = Setting("ORVANE_FAULT_COUNT");
   if (*path == '\0') return;
-  plan.HasBegun = false;
+  hasBegun = false;
   std::FILE* file = std::fopen(path, "w");
   if (file == nullptr) return;
-  std::fprintf(file, "%ld\n", plan.Count);
+  std::fprintf(file, "%ld\n", count);
   std::fclose(file);
 }
 
 // True when this call is the one.
 bool Strikes(Calls calls) {
-  if (!plan.HasBegun || calls != plan.Counted) return false;
-  if (++plan.Count != plan.At) return false;
-  if (plan.IsKill) std::raise(SIGKILL);
+  if (!hasBegun || calls != plan.Calls) return false;
+  if (++count != plan.At) return false;
+  if (plan.Kind == FaultKind::Kill) std::raise(SIGKILL);
   return true;
 }
 
 bool Fails(Calls calls) {
-  if (!Strikes(calls) || plan.IsShort) return false;
+  if (!Strikes(calls) || plan.Kind == FaultKind::Short) return false;
   errno = plan.Error;
   return true;
 }
@@ -90,7 +95,7 @@ bool IsTrussFile(const char* path) {
 }
 
 int OpenIt(const char* path, int flags, mode_t mode) {
-  if (IsTrussFile(path)) plan.HasBegun = true;
+  if (IsTrussFile(path)) hasBegun = true;
   const bool changes = (flags & (O_WRONLY | O_RDWR | O_CREAT)) != 0;
   if (Fails(changes ? Calls::Changes : Calls::Reads)) return -1;
   return static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
@@ -98,7 +103,20 @@ int OpenIt(const char* path, int flags, mode_t mode) {
 
 bool IsStandard(int descriptor) { return descriptor <= 2; }
 
+bool LacksMemory(std::size_t size) { return size >= plan.LeastAllocation && Fails(Calls::Memory); }
+
 }  // namespace
+
+void ArmFaults(const FaultPlan& wanted) {
+  plan = wanted;
+  count = 0;
+  hasBegun = true;
+}
+
+long DisarmFaults() {
+  plan.Calls = Calls::None;
+  return count;
+}
 
 extern "C" {
 
@@ -126,7 +144,7 @@ ssize_t read(int descriptor, void* buffer, std::size_t size) {
 ssize_t write(int descriptor, const void* bytes, std::size_t size) {
   if (IsStandard(descriptor)) return syscall(SYS_write, descriptor, bytes, size);
   if (Strikes(Calls::Changes)) {
-    if (plan.IsShort) return syscall(SYS_write, descriptor, bytes, (size + 1) / 2);
+    if (plan.Kind == FaultKind::Short) return syscall(SYS_write, descriptor, bytes, (size + 1) / 2);
     errno = plan.Error;
     return -1;
   }
@@ -159,13 +177,11 @@ int fchown(int descriptor, uid_t user, gid_t group) {
   return Fails(Calls::Changes) ? -1 : static_cast<int>(syscall(SYS_fchown, descriptor, user, group));
 }
 
-void* malloc(std::size_t size) { return Fails(Calls::Memory) ? nullptr : __libc_malloc(size); }
+void* malloc(std::size_t size) { return LacksMemory(size) ? nullptr : __libc_malloc(size); }
 
-void* calloc(std::size_t count, std::size_t size) {
-  return Fails(Calls::Memory) ? nullptr : __libc_calloc(count, size);
+void* calloc(std::size_t number, std::size_t size) {
+  return LacksMemory(number * size) ? nullptr : __libc_calloc(number, size);
 }
 
-void* realloc(void* old, std::size_t size) {
-  return Fails(Calls::Memory) ? nullptr : __libc_realloc(old, size);
-}
+void* realloc(void* old, std::size_t size) { return LacksMemory(size) ? nullptr : __libc_realloc(old, size); }
 }
