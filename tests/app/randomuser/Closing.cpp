@@ -6,7 +6,8 @@
 
 // What is saved on leaving is the truss, and what is given up leaves its file as it was.
 void RandomUser::CloseProgram() {
-  if (IsDrawingAMember() && OneIn(2)) GiveUpDrawing();
+  // Leaving gives up what is being drawn; of a member that is seen here too.
+  if (InStep1() && !(IsDrawingAMember() && OneIn(2))) GiveUpDrawing();
   eitherMessages_.IsReal = eitherChooser_.IsReal = false;
   const std::string file = truss_.FileName.empty() ? RandomFile(Below(3)) : truss_.FileName;
   chooser_.Choice = file;
