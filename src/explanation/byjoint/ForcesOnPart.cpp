@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numeric>
 
+#include "analysis/TellingNumber.h"
 #include "explanation/DistinctNames.h"
 #include "explanation/Length.h"
 #include "explanation/RigidityMatrix.h"
