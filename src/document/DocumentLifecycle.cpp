@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <exception>
 #include <filesystem>
+#include <new>
 #include <utility>
 
 #include "document/BrokenName.h"
@@ -148,7 +149,13 @@ void DocumentLifecycle::OpenRecentFile(int entry) {
 bool DocumentLifecycle::SaveFile() {
   const std::string& path = on_.Document.FileName;
   if (path.empty() || !known_.WasReadWhole(path)) return SaveFileAs();
-  return MayReplace(path) && WriteFile();
+  try {
+    return MayReplace(path) && WriteFile();
+  } catch (const std::bad_alloc&) {
+    // The truss is still here, and can be saved when there is more.
+    on_.Messages.Show({.Text = SaveErrorText + path, .Details = "There is not enough memory."});
+    return false;
+  }
 }
 
 bool DocumentLifecycle::SaveFileAs() {

@@ -102,6 +102,38 @@ TEST_F(WindowFaults, OfASaveLeaveTheOldFileOrTheNew) {
   });
 }
 
+TEST_F(WindowFaults, OfASaveWithoutMemoryLoseNothing) {
+  Started();
+  // Only what is as large as the text of this truss; the toolkit asks for less.
+  constexpr std::size_t large = 200'000;
+  constexpr FaultPlan noMemory[] = {{.Calls = FaultyCalls::Memory, .LeastAllocation = large}};
+  Truss truss = LoadedTriangle();
+  truss.Labels[truss.Members[1].NameLabel1].Caption = truss.Labels[truss.Members[1].NameLabel2].Caption =
+      std::string(large, 'x');
+  OpenInStep2(truss);
+  FailEveryCall(
+      [this](const FaultPlan& plan) {
+        truss_.Forces[1].Fy -= 1;
+        Truss copy = truss_;
+        const std::string text = TrussText(copy);
+        const std::string before = directory_.Bytes("a.trs");
+        messages_.Shown.clear();
+        ArmFaults(plan);
+        Trigger("mnuFileSave");
+        const long numCalls = DisarmFaults();
+        const std::string now = directory_.Bytes("a.trs");
+        EXPECT_TRUE(now == before || now == text) << now.size() << " bytes";
+        if (now != text) ExpectReason();
+        ExpectNothingElse({"a.trs"});
+        ExpectWindowLives();
+        messages_.Answers = {MessageAnswer::Yes, MessageAnswer::Yes};
+        Trigger("mnuFileSave");
+        EXPECT_EQ(directory_.Bytes("a.trs"), text) << "the next save works";
+        return numCalls;
+      },
+      noMemory);
+}
+
 TEST_F(WindowFaults, OfSaveAsLeaveTheTrussItsNameAndItsFile) {
   Started();
   for (const bool isThere : {false, true}) {
