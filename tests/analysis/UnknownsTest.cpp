@@ -128,15 +128,15 @@ TEST(Unknowns, CountingAgainStartsFromNothing) {
 
 TEST(SortUnknowns, ComparesCharacterCodes) {
   Table<Unknown> list = UnknownsNamed({{1, "a"},
-                                {2, UnnamedCaption},
-                                {3, "\xC4"},
-                                {4, "9"},
-                                {5, "Z"},
-                                {6, "10"},
-                                {7, "ab"},
-                                {8, "B"},
-                                {9, ""},
-                                {10, "\x80"}});
+                                       {2, UnnamedCaption},
+                                       {3, "\xC4"},
+                                       {4, "9"},
+                                       {5, "Z"},
+                                       {6, "10"},
+                                       {7, "ab"},
+                                       {8, "B"},
+                                       {9, ""},
+                                       {10, "\x80"}});
   SortUnknowns(list, 1, list.Size());
   std::vector<std::string> names;
   for (int k = 1; k <= list.Size(); ++k) names.push_back(list[k].Name);

@@ -13,8 +13,8 @@ constexpr PixelBox CanvasRoom{0, 46, 500, 454};
 constexpr PanelSize Panel{200, 150};
 
 bool IsInside(PixelPoint place) {
-  return place.X >= CanvasRoom.Left && place.Y >= CanvasRoom.Top && place.X + Panel.Width <= CanvasRoom.Right() &&
-         place.Y + Panel.Height <= CanvasRoom.Bottom();
+  return place.X >= CanvasRoom.Left && place.Y >= CanvasRoom.Top &&
+         place.X + Panel.Width <= CanvasRoom.Right() && place.Y + Panel.Height <= CanvasRoom.Bottom();
 }
 
 // Whether a point every tenth of a percent of the line is off the panel, by `distance` pixels.

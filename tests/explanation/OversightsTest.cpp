@@ -56,8 +56,11 @@ TrussBuilder ThreeJointGirder() {
 TrussBuilder WholeGirder() { return ThreeJointGirder().Member(0, 0, 4, 0, "AB").Member(4, 0, 8, 0, "BC"); }
 
 TEST(Oversights, AMemberAcrossAJointIsDrawnInTwoParts) {
-  const std::string text = HelpFor(
-      ThreeJointGirder().Member(8, 0, 0, 0, "AC").Clamp(0, 0, "Ax", "Ay").Roller(8, 0, "C").Force(4, 0, 0, -1000));
+  const std::string text = HelpFor(ThreeJointGirder()
+                                       .Member(8, 0, 0, 0, "AC")
+                                       .Clamp(0, 0, "Ax", "Ay")
+                                       .Roller(8, 0, "C")
+                                       .Force(4, 0, 0, -1000));
   EXPECT_THAT(text,
               StartsWith("Member AC passes joint B at (4, 0) without ending there.  Draw it as two members "
                          "that end there, C to B and B to A: then nothing can move any more.\nIf the drawing "
@@ -108,7 +111,8 @@ TEST(Oversights, ATrussWithoutSupportsGetsAClampAndARoller) {
 
 // Its verdict says it; the advice takes that up and does not say it again.
 TEST(Oversights, ThatATrussHasNoSupportsIsToldOnce) {
-  for (const TrussBuilder& builder : {WholeGirder().Force(6, 3, 0, -1000), ThreeJointGirder(), WholeGirder()}) {
+  for (const TrussBuilder& builder :
+       {WholeGirder().Force(6, 3, 0, -1000), ThreeJointGirder(), WholeGirder()}) {
     const std::string text = WholeText(builder);
     const std::size_t first = text.find("no supports");
     ASSERT_NE(first, std::string::npos);
