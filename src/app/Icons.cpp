@@ -12,7 +12,7 @@ QPixmap EmptyPicture(QSize size, qreal devicePixelRatio) {
   return picture;
 }
 
-QPixmap Drawing(const char* name, QSize size, qreal devicePixelRatio) {
+QPixmap Rendered(const char* name, QSize size, qreal devicePixelRatio) {
   QPixmap picture = EmptyPicture(size, devicePixelRatio);
   QPainter painter(&picture);
   painter.setRenderHint(QPainter::Antialiasing);
@@ -24,7 +24,7 @@ QPixmap Drawing(const char* name, QSize size, qreal devicePixelRatio) {
 }  // namespace
 
 QPixmap ApplicationPicture(int side, qreal devicePixelRatio) {
-  return Drawing("orvane", {side, side}, devicePixelRatio);
+  return Rendered("orvane", {side, side}, devicePixelRatio);
 }
 
 QIcon ApplicationIcon() {
@@ -33,4 +33,4 @@ QIcon ApplicationIcon() {
   return icon;
 }
 
-QPixmap AboutPicture(QSize size, qreal devicePixelRatio) { return Drawing("about", size, devicePixelRatio); }
+QPixmap AboutPicture(QSize size, qreal devicePixelRatio) { return Rendered("about", size, devicePixelRatio); }
