@@ -1,6 +1,7 @@
 #include "canvas/PixelBoxes.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -33,4 +34,14 @@ bool Crosses(const PixelLine& line, const PixelRect& box) {
 
 PixelRect Widened(const PixelRect& box, float margin) {
   return {box.Left - margin, box.Top - margin, box.Right + margin, box.Bottom + margin};
+}
+
+double DistanceTo(const PixelLine& line, PixelPoint point) {
+  const double dx = double{line.X2} - double{line.X1};
+  const double dy = double{line.Y2} - double{line.Y1};
+  const double px = double{point.X} - double{line.X1};
+  const double py = double{point.Y} - double{line.Y1};
+  const double square = dx * dx + dy * dy;
+  const double along = square > 0 ? std::clamp((px * dx + py * dy) / square, 0.0, 1.0) : 0;
+  return std::hypot(px - along * dx, py - along * dy);
 }

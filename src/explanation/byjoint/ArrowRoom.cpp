@@ -1,24 +1,15 @@
 #include "explanation/byjoint/ArrowRoom.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
+
+#include "canvas/PixelBoxes.h"
 
 namespace {
 
 constexpr double EnoughBetween = 5;  // pixels, between the shafts of two arrows
 constexpr double ShiftStep = 14;     // and of the middles of two that stand side by side
 constexpr int MostShifts = 3;
-
-double FromPointToLine(PixelPoint point, const PixelLine& line) {
-  const double dx = double{line.X2} - double{line.X1};
-  const double dy = double{line.Y2} - double{line.Y1};
-  const double px = double{point.X} - double{line.X1};
-  const double py = double{point.Y} - double{line.Y1};
-  const double square = dx * dx + dy * dy;
-  const double share = square > 0 ? std::clamp((px * dx + py * dy) / square, 0.0, 1.0) : 0;
-  return std::hypot(px - share * dx, py - share * dy);
-}
 
 // Of the triangle of a line and a point; the sign tells the side.
 double SideOfLine(const PixelLine& line, PixelPoint point) {
@@ -34,8 +25,8 @@ bool AreOnBothSides(const PixelLine& line, const PixelLine& other) {
 
 double DistanceBetween(const PixelLine& a, const PixelLine& b) {
   if (AreOnBothSides(a, b) && AreOnBothSides(b, a)) return 0;
-  return std::min({FromPointToLine(a.End1(), b), FromPointToLine(a.End2(), b), FromPointToLine(b.End1(), a),
-                   FromPointToLine(b.End2(), a)});
+  return std::min(
+      {DistanceTo(b, a.End1()), DistanceTo(b, a.End2()), DistanceTo(a, b.End1()), DistanceTo(a, b.End2())});
 }
 
 double ArrowRoom::ClearanceOf(int joint, const PixelLine& line) const {

@@ -131,16 +131,6 @@ double MarginAround(const Table<PixelPoint>& joints, const PixelRect& area) {
   return margin;
 }
 
-double DistanceTo(const PixelLine& line, PixelPoint point) {
-  const double dx = double{line.X2} - double{line.X1};
-  const double dy = double{line.Y2} - double{line.Y1};
-  const double px = double{point.X} - double{line.X1};
-  const double py = double{point.Y} - double{line.Y1};
-  const double square = dx * dx + dy * dy;
-  const double along = square > 0 ? std::clamp((px * dx + py * dy) / square, 0.0, 1.0) : 0;
-  return std::hypot(px - along * dx, py - along * dy);
-}
-
 bool IsInside(const PixelRect& box, PixelPoint point) {
   return point.X >= box.Left && point.X < box.Right && point.Y >= box.Top && point.Y < box.Bottom;
 }
