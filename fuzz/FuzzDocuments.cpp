@@ -2,7 +2,6 @@
 // forgives nothing, OpenDocument as XML, and web pages by the toolkit.
 #include <zip.h>
 
-#include <QGuiApplication>
 #include <QTextDocument>
 #include <QXmlStreamReader>
 #include <cstddef>
@@ -73,12 +72,6 @@ void CheckHtml(const QByteArray& bytes, const TrussAnalysis& analysis) {
 }
 
 }  // namespace
-
-extern "C" int LLVMFuzzerInitialize(int* count, char*** arguments) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  static QGuiApplication application(*count, *arguments);
-  return 0;
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   InputBytes input(data, size);

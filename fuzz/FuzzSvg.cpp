@@ -1,6 +1,5 @@
 // The picture of a truss with any names as SVG: well-formed, and without anything that would be fetched or
 // run.
-#include <QGuiApplication>
 #include <QXmlStreamReader>
 #include <cstddef>
 #include <cstdint>
@@ -32,12 +31,6 @@ void CheckSvg(const QByteArray& bytes) {
 }
 
 }  // namespace
-
-extern "C" int LLVMFuzzerInitialize(int* count, char*** arguments) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  static QGuiApplication application(*count, *arguments);
-  return 0;
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   InputBytes input(data, size);
