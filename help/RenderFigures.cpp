@@ -1,5 +1,5 @@
-// Turns a vector figure of the help into the picture that its pages show:
-//   orvane_render_figure FIGURE.svg PICTURE.png
+// Turns vector figures of the help into the pictures that its pages show:
+//   orvane_render_figure FIGURE.svg PICTURE.png [FIGURE.svg PICTURE.png]...
 // Two dots of the picture are one pixel of the page, so that it is crisp on fine screens and when enlarged.
 //
 // Or a vector icon into one of the sizes that a desktop asks for, with nothing behind it:
@@ -72,9 +72,14 @@ int main(int argc, char** argv) {
   const QGuiApplication application(argc, argv);
   const QStringList arguments = QGuiApplication::arguments();
   const int side = arguments.size() == 4 ? arguments[3].toInt() : 0;
-  if (arguments.size() != 3 && side <= 0) {
-    std::cerr << "usage: orvane_render_figure FIGURE.svg PICTURE.png [SIDE]\n";
+  if (side > 0) return Render(arguments[1], arguments[2], side);
+  if (arguments.size() < 3 || arguments.size() % 2 == 0) {
+    std::cerr << "usage: orvane_render_figure FIGURE.svg PICTURE.png [FIGURE.svg PICTURE.png]...\n"
+                 "       orvane_render_figure ICON.svg PICTURE.png SIDE\n";
     return 2;
   }
-  return Render(arguments[1], arguments[2], side);
+  for (qsizetype at = 1; at < arguments.size(); at += 2) {
+    if (Render(arguments[at], arguments[at + 1], 0) != 0) return 1;
+  }
+  return 0;
 }

@@ -7,11 +7,11 @@
 #include <cmath>
 #include <cstdlib>
 #include <map>
-#include <regex>
 #include <set>
 
 #include "explanation/steps/StepMatrix.h"
 #include "explanation/steps/StepsFixture.h"
+#include "support/Pattern.h"
 
 namespace {
 
@@ -37,35 +37,31 @@ class PaperTable {
 
   // Throws nothing; a sentence that is not understood fails the test.
   void CarryOut(const std::string& sentence) {
-    static const std::regex subtract("(.+) becomes (.+) (minus|plus) (?:([-0-9.E+]+) times )?(.+)\\.");
-    static const std::regex divide("(.+) becomes (.+) divided by ([-0-9.E+]+)\\.");
-    static const std::regex rows("The rows (.+) and (.+) change places\\.");
-    static const std::regex columns("The columns of (.+) and (.+) change places\\.");
-    static const std::regex clean("Every number smaller than ([0-9.E-]+) in magnitude becomes 0\\.");
-    static const std::regex pivot("The pivot is the coefficient of (.+) in (.+), ([-0-9.E+]+)\\.");
-    std::smatch part;
-    if (std::regex_match(sentence, part, divide)) {
-      ASSERT_EQ(part[1], part[2]);
-      for (auto& [column, number] : numbers_[part[1]]) number = number / std::stod(part[3]);
-    } else if (std::regex_match(sentence, part, subtract)) {
-      ASSERT_EQ(part[1], part[2]);
-      const double factor = (part[3] == "minus" ? 1 : -1) * (part[4].matched ? std::stod(part[4]) : 1);
-      for (auto& [column, number] : numbers_[part[1]])
-        number = number - factor * numbers_.at(part[5]).at(column);
-    } else if (std::regex_match(sentence, part, rows)) {
-      ChangePlaces(rows_, part[1], part[2]);
-    } else if (std::regex_match(sentence, part, columns)) {
-      ChangePlaces(columns_, part[1], part[2]);
-    } else if (std::regex_match(sentence, part, clean)) {
-      Clean(std::stod(part[1]));
-    } else if (std::regex_match(sentence, part, pivot)) {
-      ExpectLargest(part[1], part[2], std::stod(part[3]));
+    static const Pattern subtract("(.+) becomes (.+) (minus|plus) (?:([-0-9.E+]+) times )?(.+)\\.");
+    static const Pattern divide("(.+) becomes (.+) divided by ([-0-9.E+]+)\\.");
+    static const Pattern rows("The rows (.+) and (.+) change places\\.");
+    static const Pattern columns("The columns of (.+) and (.+) change places\\.");
+    static const Pattern clean("Every number smaller than ([0-9.E-]+) in magnitude becomes 0\\.");
+    static const Pattern pivot("The pivot is the coefficient of (.+) in (.+), ([-0-9.E+]+)\\.");
+    if (const auto quotient = divide.Whole(sentence)) {
+      ASSERT_EQ(quotient->at(1), quotient->at(2));
+      for (auto& [column, number] : numbers_[quotient->at(1)]) number = number / std::stod(quotient->at(3));
+    } else if (const auto sum = subtract.Whole(sentence)) {
+      Add(*sum);
+    } else if (const auto places = rows.Whole(sentence)) {
+      ChangePlaces(rows_, places->at(1), places->at(2));
+    } else if (const auto places = columns.Whole(sentence)) {
+      ChangePlaces(columns_, places->at(1), places->at(2));
+    } else if (const auto small = clean.Whole(sentence)) {
+      Clean(std::stod(small->at(1)));
+    } else if (const auto chosen = pivot.Whole(sentence)) {
+      ExpectLargest(chosen->at(1), chosen->at(2), std::stod(chosen->at(3)));
     } else if (sentence == "The columns go back to the order of the unknowns.") {
       columnsWere_ = std::exchange(columns_, unknowns_);
     } else if (sentence == "Each row goes to the place that its column has now.") {
       FollowColumns();
     } else {
-      EXPECT_FALSE(std::regex_search(sentence, std::regex("becomes|go|change"))) << sentence;
+      EXPECT_FALSE(Pattern("becomes|go|change").StandsIn(sentence)) << sentence;
     }
   }
 
@@ -81,6 +77,14 @@ class PaperTable {
   }
 
  private:
+  // The row, itself once more, the sign, the factor or nothing, and the other row.
+  void Add(const Pattern::Parts& sum) {
+    ASSERT_EQ(sum.at(1), sum.at(2));
+    const double factor = (sum.at(3) == "minus" ? 1 : -1) * (sum.at(4).empty() ? 1 : std::stod(sum.at(4)));
+    for (auto& [column, number] : numbers_[sum.at(1)])
+      number = number - factor * numbers_.at(sum.at(5)).at(column);
+  }
+
   static void ChangePlaces(std::vector<std::string>& names, const std::string& one, const std::string& two) {
     ASSERT_EQ(std::ranges::count(names, one), 1) << one;
     ASSERT_EQ(std::ranges::count(names, two), 1) << two;
@@ -145,18 +149,18 @@ class PurposeReader {
  public:
   void Read(const PaperTable& before, const std::string& chosen, const PaperTable& after,
             const std::string& carriedOut) {
-    static const std::regex goesOut("So (.+) goes out of (.+), where its coefficient is ([-0-9.E+]+)\\.");
-    static const std::regex small(
+    static const Pattern goesOut("So (.+) goes out of (.+), where its coefficient is ([-0-9.E+]+)\\.");
+    static const Pattern small(
         "So small (?:is|are) ([0-9]+) numbers?, (?:a remnant|remnants) of rounding\\.");
-    std::smatch part;
-    if (std::regex_match(chosen, part, goesOut)) {
-      EXPECT_EQ(before.At(part[2], part[1]), std::stod(part[3]));
-      EXPECT_EQ(after.At(part[2], part[1]), 0);
-      EXPECT_EQ(carriedOut, part[1].str() + " is gone from " + part[2].str() + ".");
+    if (const auto gone = goesOut.Whole(chosen)) {
+      const std::string &column = gone->at(1), &row = gone->at(2);
+      EXPECT_EQ(before.At(row, column), std::stod(gone->at(3)));
+      EXPECT_EQ(after.At(row, column), 0);
+      EXPECT_EQ(carriedOut, column + " is gone from " + row + ".");
       ++NumGone;
-    } else if (std::regex_match(chosen, part, small)) {
-      EXPECT_EQ(NumSmall(before), std::stoi(part[1]));
-      EXPECT_THAT(carriedOut, StartsWith("It was " + part[1].str() + " number"));
+    } else if (const auto cleaned = small.Whole(chosen)) {
+      EXPECT_EQ(NumSmall(before), std::stoi(cleaned->at(1)));
+      EXPECT_THAT(carriedOut, StartsWith("It was " + cleaned->at(1) + " number"));
       ++NumCleaned;
     } else if (chosen == "There is none: nothing changes.") {
       EXPECT_EQ(NumSmall(before), 0);
@@ -233,8 +237,8 @@ TEST(StepText, WhatEachStepIsForIsSeenInTheTable) {
 
 // The short form is enough by itself too.
 TEST(StepText, TheShortFormSaysTheSameOperation) {
-  const std::regex subtract(R"(\[(.+)\] := \[(.+)\] ([-+]) (?:([0-9.E+-]+) . )?\[(.+)\])");
-  const std::regex divide(R"(\[(.+)\] := \[(.+)\] / \(?(-?[0-9.E+-]+)\)?)");
+  const Pattern subtract(R"(\[(.+)\] := \[(.+)\] ([-+]) (?:([0-9.E+-]+) . )?\[(.+)\])");
+  const Pattern divide(R"(\[(.+)\] := \[(.+)\] / \(?(-?[0-9.E+-]+)\)?)");
   int numRead = 0;
   WithTrussesOfAllKinds([&](const Truss& given) {
     const SteppedTruss truss(given);
@@ -242,19 +246,20 @@ TEST(StepText, TheShortFormSaysTheSameOperation) {
     const StepText text = truss.Text(Exact);
     for (const EliminationStep& step : truss.Story.Steps) {
       const std::string shortForm = text.ShortForm(step);
-      std::smatch part;
       if (step.Kind == StepKind::Clear) {
-        ASSERT_TRUE(std::regex_match(shortForm, part, subtract)) << shortForm;
-        EXPECT_EQ(part[1], text.Row(step.Row));
-        EXPECT_EQ(part[2], text.Row(step.Row));
-        EXPECT_EQ(part[5], text.Row(step.OtherRow));
-        const double factor = part[4].matched ? std::stod(part[4]) : 1;
-        EXPECT_EQ(part[3] == "-" ? factor : -factor, step.Number);
+        const auto part = subtract.Whole(shortForm);
+        ASSERT_TRUE(part) << shortForm;
+        EXPECT_EQ(part->at(1), text.Row(step.Row));
+        EXPECT_EQ(part->at(2), text.Row(step.Row));
+        EXPECT_EQ(part->at(5), text.Row(step.OtherRow));
+        const double factor = part->at(4).empty() ? 1 : std::stod(part->at(4));
+        EXPECT_EQ(part->at(3) == "-" ? factor : -factor, step.Number);
         ++numRead;
       } else if (step.Kind == StepKind::Divide) {
-        ASSERT_TRUE(std::regex_match(shortForm, part, divide)) << shortForm;
-        EXPECT_EQ(part[1], text.Row(step.Row));
-        EXPECT_EQ(std::stod(part[3]), step.Number);
+        const auto part = divide.Whole(shortForm);
+        ASSERT_TRUE(part) << shortForm;
+        EXPECT_EQ(part->at(1), text.Row(step.Row));
+        EXPECT_EQ(std::stod(part->at(3)), step.Number);
       }
     }
   });
@@ -457,10 +462,9 @@ TEST(StepText, ARemnantIsSoManyTimesSmallerThanWhatItIsLeftOverFrom) {
     paper.CarryOut(text.Sentence(step, false));
     largest = std::max(largest, std::abs(paper.At(text.Row(pivot.Row), text.Column(pivot.Column))));
   }
-  std::smatch said;
-  const std::string remark = text.RemarkOnPivot(12);
-  ASSERT_TRUE(std::regex_search(remark, said, std::regex("about 1E([0-9]+) times smaller")));
-  EXPECT_NEAR(std::log10(largest / std::abs(pivot.Value)), std::stod(said[1]), 0.5);
+  const auto said = Pattern("about 1E([0-9]+) times smaller").All(text.RemarkOnPivot(12));
+  ASSERT_EQ(said.size(), 1U);
+  EXPECT_NEAR(std::log10(largest / std::abs(pivot.Value)), std::stod(said[0].at(1)), 0.5);
 }
 
 TEST(StepText, TheLastStepSaysThatValuesOutOfARemnantDoNotHold) {
