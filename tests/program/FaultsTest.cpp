@@ -184,7 +184,7 @@ TEST_F(Faults, OfMemoryAreToldInOneLineAndLeaveTheOldFileOrTheNew) {
     ASSERT_TRUE(whole && whole->Status == 0) << work.Options;
     const QByteArray expected = Bytes(output_);
     const int numCalls = NumCalls();
-    const int numFirst = work.IsTold ? 60 : 0;  // one by one; the others so that there are some 30 of them
+    const int numFirst = work.IsTold ? 25 : 0;  // one by one; the others so that there are some 30 of them
     for (int at = 1; at <= numCalls; at += at < numFirst ? 1 : std::max(1, numCalls / 30)) {
       SCOPED_TRACE(std::string(work.Options) + " without memory at allocation " + std::to_string(at));
       Prepare(Target::There, name);

@@ -50,8 +50,8 @@ class PaperTable {
       Add(*sum);
     } else if (const auto places = rows.Whole(sentence)) {
       ChangePlaces(rows_, places->at(1), places->at(2));
-    } else if (const auto places = columns.Whole(sentence)) {
-      ChangePlaces(columns_, places->at(1), places->at(2));
+    } else if (const auto swapped = columns.Whole(sentence)) {
+      ChangePlaces(columns_, swapped->at(1), swapped->at(2));
     } else if (const auto small = clean.Whole(sentence)) {
       Clean(std::stod(small->at(1)));
     } else if (const auto chosen = pivot.Whole(sentence)) {
