@@ -25,7 +25,7 @@ struct StepLine {
   const char* Text;
 };
 
-constexpr StepLine Steps[] = {
+constexpr StepLine StepLines[] = {
     {"Design the truss",
      "Choose a tool and draw members, supports and forces, or open a truss from the File menu."},
     {"Name forces and joints", "Click a label to name it, or let AutoName do it."},
@@ -69,7 +69,7 @@ QLayout* StepList() {
   list->setColumnMinimumWidth(0, MarkSide);
   list->setColumnStretch(1, 1);
   int row = 0;
-  for (const StepLine& step : Steps) {
+  for (const StepLine& step : StepLines) {
     if (row > 0) list->setRowMinimumHeight(row++, 6);
     list->addWidget(MakeBold(QString::number(row / 3 + 1), 1.4), row, 0, 2, 1,
                     Qt::AlignHCenter | Qt::AlignTop);

@@ -7,7 +7,7 @@ namespace {
 
 bool IsBroken(const std::string& name) { return name.find('"') != std::string::npos; }
 
-std::string Element(const char* kind, const std::string& name) {
+std::string WithKind(const char* kind, const std::string& name) {
   constexpr std::size_t longest = 40;
   const std::string shown = name.substr(0, longest) + (name.size() > longest ? "..." : "");
   return std::string(kind) + " \"" + VisibleText(ToUtf8(shown)) + '"';
@@ -19,19 +19,19 @@ std::string ElementWithBrokenName(const Truss& truss) {
   for (const SupportRec& support : truss.SupportsInUse()) {
     if (!support.Live) continue;
     const std::string& first = truss.Name(support.NameLabel1);
-    if (IsBroken(first)) return Element("reaction", first);
+    if (IsBroken(first)) return WithKind("reaction", first);
     if (support.IsClamp() && IsBroken(truss.Name(support.NameLabel2))) {
-      return Element("reaction", truss.Name(support.NameLabel2));
+      return WithKind("reaction", truss.Name(support.NameLabel2));
     }
   }
   for (const MemberRec& member : truss.MembersInUse()) {
     if (!member.Live) continue;
     for (const LabelIndex label : {member.NameLabel1, member.NameLabel2}) {
-      if (IsBroken(truss.Name(label))) return Element("member", truss.Name(label));
+      if (IsBroken(truss.Name(label))) return WithKind("member", truss.Name(label));
     }
   }
   for (const JointRec& joint : truss.JointsInUse()) {
-    if (IsBroken(truss.Name(joint.NameLabel))) return Element("joint", truss.Name(joint.NameLabel));
+    if (IsBroken(truss.Name(joint.NameLabel))) return WithKind("joint", truss.Name(joint.NameLabel));
   }
   return "";
 }

@@ -38,7 +38,7 @@ std::string HashOf(std::string_view text) {
 }
 
 // It ends as the file's name does, so that it can be opened like the file.
-std::string NameOfCopy(const std::string& realPath) {
+std::string NameOfSideCopy(const std::string& realPath) {
   constexpr std::size_t longest = 200;
   const std::string name = realPath.substr(realPath.rfind('/') + 1);
   return "orvane-copy-" + HashOf(realPath) + '-' +
@@ -83,7 +83,7 @@ SideCopy::SideCopy(const std::string& path, std::string_view bytes) {
   std::error_code ignored;
   for (const std::string& folder : FoldersFor(realPath)) {
     if (folder == StateFolder()) fs::create_directories(folder, ignored);
-    if (Keep(folder, NameOfCopy(realPath), bytes)) return;
+    if (Keep(folder, NameOfSideCopy(realPath), bytes)) return;
   }
 }
 
@@ -110,7 +110,7 @@ std::string LeftCopyOf(const std::string& path) {
   const std::string realPath = RealPath(path);
   if (realPath.empty()) return {};
   for (const std::string& folder : FoldersFor(realPath)) {
-    std::string copy = folder + NameOfCopy(realPath);
+    std::string copy = folder + NameOfSideCopy(realPath);
     const std::optional<std::string> before = BytesOfLeftCopy(copy);
     if (!before) continue;
     const FileBytes now = ReadWholeFile(realPath);

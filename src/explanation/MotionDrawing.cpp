@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr int Yellow = 14;
+constexpr int MotionYellow = 14;
 constexpr int MotionArrowWidth = 2;  // pixels
 constexpr float MarginOfMotion = 6;
 
@@ -222,7 +222,7 @@ MotionDrawing DrawMotion(const MotionScene& scene, const PixelRect& room, double
 }
 
 void PaintMotion(Surface& surface, const MotionDrawing& drawing) {
-  DrawLines(surface, drawing.Moved, MotionBandWidth, Yellow);
+  DrawLines(surface, drawing.Moved, MotionBandWidth, MotionYellow);
   DrawLines(surface, drawing.AtRest, 1, DarkGrey);
   PaintStressBands(surface, drawing.Marks);
   PaintDrawing(surface, drawing.Objects, drawing.Shown);

@@ -24,7 +24,7 @@ std::string Known(const std::string& heading) {
 
 std::string At(const CsvLine& line) { return "line " + std::to_string(line.Number); }
 
-std::string Quoted(const std::string& text) { return '"' + text + '"'; }
+std::string InQuotes(const std::string& text) { return '"' + text + '"'; }
 
 class Reader {
  public:
@@ -96,7 +96,7 @@ class Reader {
     }
     if (column_ == TrussColumn::None || truss_) return true;
     sheet_.Problems.push_back(At(line) + ": there are several trusses, but no column " +
-                              Quoted(HeadingOf(column_)) + " that says which one a line is about");
+                              InQuotes(HeadingOf(column_)) + " that says which one a line is about");
     return false;
   }
 
@@ -128,7 +128,7 @@ class Reader {
       const std::optional<std::size_t> truss = TrussNamed(CellOf(line, *truss_));
       if (!truss)
         return Place(line, *truss_) + "there is no " + HeadingOf(column_) + ' ' +
-               Quoted(CellOf(line, *truss_));
+               InQuotes(CellOf(line, *truss_));
       answers.Truss = *truss;
     }
     for (std::size_t c = columns_.size(); c < line.Cells.size(); ++c) {
@@ -140,7 +140,7 @@ class Reader {
     const std::size_t task = column_ == TrussColumn::File ? answers.Truss : 0;
     const auto [earlier, isNew] = seen_.emplace(std::pair(answers.Student, task), line.Number);
     if (!isNew) {
-      return Place(line, student_) + Quoted(answers.Student) + " is in line " +
+      return Place(line, student_) + InQuotes(answers.Student) + " is in line " +
              std::to_string(earlier->second) + " already";
     }
     sheet_.Lines.push_back(std::move(answers));
@@ -156,7 +156,7 @@ class Reader {
       if (!columns_[c].IsOfForce || cell.empty()) continue;
       const auto found = names.find(columns_[c].Heading);
       if (found == names.end())
-        return Place(line, c) + Quoted(trusses_[answers.Truss].Name) + " has no such force";
+        return Place(line, c) + InQuotes(trusses_[answers.Truss].Name) + " has no such force";
       const bool isMember = graph.Unknowns[found->second].IsMember();
       const Answer answer = ReadAnswer(cell, isMember ? AnswerOf::Member : AnswerOf::Reaction, numbers_);
       if (answer.IsWrong()) return Place(line, c) + answer.Why;

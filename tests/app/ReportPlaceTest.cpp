@@ -26,7 +26,7 @@ ScreenBox PlaceBeside(const ScreenBox& screen, const ScreenBox& mainWindow) {
   return PlaceOfReport(screen, mainWindow, PanelBottom(mainWindow));
 }
 
-bool Overlap(const ScreenBox& a, const ScreenBox& b) {
+bool WindowsOverlap(const ScreenBox& a, const ScreenBox& b) {
   return a.Left < b.Right() && b.Left < a.Right() && a.Top < b.Bottom() && b.Top < a.Bottom();
 }
 
@@ -68,7 +68,7 @@ TEST(ReportPlace, AlwaysOnTheScreenAndNeverOverTheButtonsThatItCanLeaveFree) {
         const ScreenBox report = PlaceOfReport(screen, mainWindow, panelBottom);
         ASSERT_TRUE(IsInside(report, screen)) << left << ", " << top;
         const ScreenBox panel{mainWindow.Left, mainWindow.Top, mainWindow.Width, 110};
-        ASSERT_FALSE(Overlap(report, panel)) << left << ", " << top;
+        ASSERT_FALSE(WindowsOverlap(report, panel)) << left << ", " << top;
       }
     }
   }
@@ -94,8 +94,8 @@ TEST(ExplanationPlace, OnTheOtherSideOfTheMainWindow) {
     const ScreenBox report = PlaceBeside(screen, mainWindow);
     const ScreenBox why = PlaceOfWhy(screen, mainWindow, report);
     EXPECT_EQ(why.Right(), mainWindow.Left);
-    EXPECT_FALSE(Overlap(why, report));
-    EXPECT_FALSE(Overlap(why, mainWindow));
+    EXPECT_FALSE(WindowsOverlap(why, report));
+    EXPECT_FALSE(WindowsOverlap(why, mainWindow));
     EXPECT_TRUE(IsInside(why, screen));
   }
 }
@@ -139,9 +139,10 @@ TEST(ExplanationPlace, TheSecondWindowIsNotRightOverTheFirst) {
           PlaceOfExplanation(screen, mainWindow, {report, why}, PanelBottom(mainWindow), ChecksSizes);
       ASSERT_TRUE(IsInside(checks, screen)) << left;
       for (const ScreenBox& other : {report, why}) {
-        ASSERT_FALSE(checks.Left <= other.Left && checks.Top <= other.Top && Overlap(checks, other)) << left;
+        ASSERT_FALSE(checks.Left <= other.Left && checks.Top <= other.Top && WindowsOverlap(checks, other))
+            << left;
       }
-      numApart += Overlap(checks, why) ? 0 : 1;
+      numApart += WindowsOverlap(checks, why) ? 0 : 1;
     }
   }
   EXPECT_GT(numApart, 10);
@@ -164,7 +165,7 @@ TEST(ExplanationPlace, EveryWindowOpensWholeAndOfAUsefulSizeWithTheTitlesOfTheOt
           EXPECT_GE(place.Width, sizes.SmallestWidth);
           EXPECT_GE(place.Height, std::min(sizes.Height, screen.Height) / 2);
           for (const ScreenBox& other : shown) {
-            EXPECT_FALSE(Overlap(place, {other.Left, other.Top, 40, 30}))
+            EXPECT_FALSE(WindowsOverlap(place, {other.Left, other.Top, 40, 30}))
                 << "window " << which << " of " << order[0] << order[1] << order[2] << order[3] << ", screen "
                 << screen.Width << (isMaximised ? ", maximised" : "");
           }
@@ -199,7 +200,7 @@ TEST(ExplanationPlace, AWindowThatIsCoveredAnywayLeavesTheButtonsFreeWhereItCan)
   const ScreenBox why = PlaceOfWhy(Notebook, mainWindow, report);
   const ScreenBox forces =
       PlaceOfExplanation(Notebook, mainWindow, {report, why}, PanelBottom(mainWindow), ForcesSizes);
-  EXPECT_FALSE(Overlap(forces, {mainWindow.Left, mainWindow.Top, mainWindow.Width, 110}));
+  EXPECT_FALSE(WindowsOverlap(forces, {mainWindow.Left, mainWindow.Top, mainWindow.Width, 110}));
 }
 
 }  // namespace

@@ -9,11 +9,11 @@ namespace {
 using testing::ElementsAre;
 
 // 400 by 300 pixels.
-constexpr CanvasBounds Bounds{.PixL = 50, .PixR = 450, .PixT = 70, .PixB = 370};
+constexpr CanvasBounds UsualCanvas{.PixL = 50, .PixR = 450, .PixT = 70, .PixB = 370};
 
 Truss ReadWhole(const std::string& text) {
   Truss truss;
-  const auto error = ReadTrussText(truss, Bounds, text);
+  const auto error = ReadTrussText(truss, UsualCanvas, text);
   EXPECT_EQ(error, std::nullopt) << error->Text();
   return truss;
 }
@@ -89,7 +89,7 @@ TEST(ReadTruss, TakesTheOlderLayoutUnderAnyOtherFirstLine) {
 TEST(ReadTruss, LeavesTheSwitchesInTheOlderLayout) {
   Truss truss;
   truss.Settings.SnapGrid = truss.Settings.RulersOn = false;
-  ASSERT_EQ(ReadTrussText(truss, Bounds, OlderFile("old", {"0", "0", "0", "0"})), std::nullopt);
+  ASSERT_EQ(ReadTrussText(truss, UsualCanvas, OlderFile("old", {"0", "0", "0", "0"})), std::nullopt);
   EXPECT_EQ(Switches(truss), "1010");
 }
 
@@ -242,7 +242,7 @@ TEST(ReadTruss, ReadsNoFurtherThanTheJoints) {
 TEST(ReadTruss, SaysWhatIsNoPartOfTheTruss) {
   const auto unreadLine = [](const std::vector<std::string>& lines) {
     Truss truss;
-    const TrussReading reading = ReadTrussWithRest(truss, Bounds, SettingsLines() + FileLines(lines));
+    const TrussReading reading = ReadTrussWithRest(truss, UsualCanvas, SettingsLines() + FileLines(lines));
     EXPECT_EQ(reading.Error, std::nullopt);
     EXPECT_EQ(reading.IsWhole(), reading.UnreadLine == 0);
     return reading.UnreadLine;
@@ -260,7 +260,8 @@ TEST(ReadTruss, AQuoteInANameEndsItAndShiftsWhatFollows) {
     return "0,0,4,0," + std::string("\"") + name + "\",\"" + name + "\"";
   };
   const auto read = [&](const std::string& name, Truss& truss) {
-    return ReadTrussWithRest(truss, Bounds, SettingsLines() + FileLines({"0", "1", member(name), "0", "0"}));
+    return ReadTrussWithRest(truss, UsualCanvas,
+                             SettingsLines() + FileLines({"0", "1", member(name), "0", "0"}));
   };
   Truss truss;
   TrussReading reading = read("p\"q", truss);

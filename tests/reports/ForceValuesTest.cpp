@@ -7,6 +7,7 @@
 #include "canvas/Arrow.h"
 #include "canvas/CanvasFixture.h"
 #include "canvas/PaintDrawing.h"
+#include "canvas/PixelBoxes.h"
 #include "platform/Palette.h"
 #include "platform/Picture.h"
 
@@ -90,10 +91,6 @@ struct ForceValues : testing::Test {
   ColouredPaper paper;
   Truss drawn;
 };
-
-bool Overlap(const PixelRect& a, const PixelRect& b) {
-  return a.Left < b.Right && b.Left < a.Right && a.Top < b.Bottom && b.Top < a.Bottom;
-}
 
 // Twenty pixels to the unit, a unit to 1000, the origin at (48, 270); a text of four characters is 24 by 10.
 TEST_F(ForceValues, StandBeyondTheTipOfADownwardArrow) {
