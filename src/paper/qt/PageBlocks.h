@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QRawFont>
 #include <QTextLayout>
 #include <memory>
 #include <vector>
@@ -16,6 +17,7 @@
 struct PaperFont {
   CharacterFormat Format;
   QFont Font;
+  QRawFont Glyphs;  ///< of the same font
   QColor Colour;
   double Advance = 0;  ///< of one character of a monospaced font
   double Ascent = 0, Height = 0;
