@@ -3,7 +3,9 @@
 #include "reports/RTBTable.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -117,10 +119,15 @@ class TableWriter {
     std::vector<int> visited(widths_.size(), 0);
     int lastRow = -1;
     bool goesOn = true;
+    std::array<int, NumNumberShapes> longest;
+    for (int shape = 0; shape < NumNumberShapes; ++shape)
+      longest[static_cast<std::size_t>(shape)] = static_cast<int>(table_.LongestText(shape).size());
     table_.VisitCells([&](int row, int column) {
       if (!goesOn || column >= numColumns_) return;
       ++visited[static_cast<std::size_t>(column)];
-      Width(column) = std::max(Width(column), static_cast<int>(CellText(table_, row, column).size()));
+      const std::optional<int> shape = table_.Shape(row, column);
+      if (!shape || longest[static_cast<std::size_t>(*shape)] > Width(column))
+        Width(column) = std::max(Width(column), static_cast<int>(CellText(table_, row, column).size()));
       if (row != lastRow) goesOn = GoesOn(MeasuringPart * row / table_.NumRows());
       lastRow = row;
     });

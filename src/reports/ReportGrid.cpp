@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <algorithm>
 #include <numeric>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -40,6 +41,40 @@ QString FieldOfName(const QString& name) {
 QString FieldOfNumber(QString cell) {
   if (cell.startsWith(QChar(0x2013))) cell[0] = QLatin1Char('-');
   return cell;
+}
+
+// Whether a text of digits and signs is as wide as those together, and each digit as any other.
+bool HasEvenFigures(const QFontMetricsF& metrics, const QString& signs) {
+  const QString digits = QStringLiteral("0123456789");
+  const double digit = metrics.horizontalAdvance(u'0');
+  for (const QChar a : digits) {
+    if (metrics.horizontalAdvance(a) != digit) return false;
+  }
+  const QString all = digits + signs;
+  for (const QChar a : all) {
+    for (const QChar b : all) {
+      const double apart = metrics.horizontalAdvance(a) + metrics.horizontalAdvance(b);
+      if (metrics.horizontalAdvance(QString(a) + b) != apart) return false;
+    }
+  }
+  return true;
+}
+
+// Pixels of the longest text of each shape of numbers, by which the texts of most cells need not be asked
+// for; none where the font does not allow that.
+std::vector<int> WidthsOfShapes(const ReportTable& table, const QFont& font) {
+  const auto textOf = [&](int shape) { return OneLineText(ToQt(table.LongestText(shape))); };
+  QString signs;
+  for (int shape = 0; shape < NumNumberShapes; ++shape) {
+    for (const QChar c : textOf(shape)) {
+      if (c != u'0' && !signs.contains(c)) signs.append(c);
+    }
+  }
+  if (!HasEvenFigures(QFontMetricsF(font), signs)) return {};
+  std::vector<int> widths;
+  for (int shape = 0; shape < NumNumberShapes; ++shape)
+    widths.push_back(QFontMetrics(font).horizontalAdvance(textOf(shape)) + TextPadding);
+  return widths;
 }
 
 }  // namespace
@@ -118,11 +153,14 @@ void ReportGrid::MeasureColumns() {
   const QFontMetrics metrics = fontMetrics();
   const int largest = LargestColumnWidth(table.NumColumns());
   columnWidths_.assign(static_cast<std::size_t>(table.NumColumns()), MinColumnWidth);
+  const std::vector<int> shapes = WidthsOfShapes(table, font());
   std::unordered_map<std::string, int> widths;  // most cells of a matrix show one of a few texts
   table.VisitCells([&](int row, int column) {
+    int& width = columnWidths_[static_cast<std::size_t>(column)];
+    const std::optional<int> shape = shapes.empty() ? std::nullopt : table.Shape(row, column);
+    if (shape && shapes[static_cast<std::size_t>(*shape)] <= width) return;
     const auto [entry, isNew] = widths.try_emplace(table.Text(row, column), 0);
     if (isNew) entry->second = metrics.horizontalAdvance(OneLineText(ToQt(entry->first))) + TextPadding;
-    int& width = columnWidths_[static_cast<std::size_t>(column)];
     width = std::min(largest, std::max(width, entry->second));
   });
 }

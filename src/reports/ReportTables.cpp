@@ -13,6 +13,7 @@ class MatrixTable : public ReportTable {
       : analysis_(analysis), format_(std::move(format)) {}
 
   int NumColumns() const override { return System().NumUnknowns() + 2; }
+  std::string LongestText(int shape) const override { return LongestOfShape(shape, format_); }
 
  protected:
   /// Position in the unknown list of the unknown in a column 1 .. N.
@@ -29,6 +30,12 @@ class MatrixTable : public ReportTable {
   template <class Matrix>
   std::string CellText(const Matrix& matrix, int row, int column) const {
     return TableNumber(matrix(row, column), format_);
+  }
+
+  template <class Matrix>
+  std::optional<int> CellShape(const Matrix& matrix, int row, int column) const {
+    if (row == 0 || column == 0) return std::nullopt;
+    return NumberShape(double{matrix(row, column)}, format_);
   }
 
   template <class Matrix>
@@ -63,6 +70,10 @@ class EquationsTable final : public MatrixTable {
     return CellText(System().DisplayEquations, row, column);
   }
 
+  std::optional<int> Shape(int row, int column) const override {
+    return CellShape(System().DisplayEquations, row, column);
+  }
+
   void VisitRow(int row, int firstColumn, int lastColumn,
                 const std::function<void(int)>& visit) const override {
     VisitRowOf(System().DisplayEquations, row, firstColumn, lastColumn, visit);
@@ -84,6 +95,10 @@ class RREFTable final : public MatrixTable {
     if (row == 0) return HeaderText(column);
     if (column == 0) return "";
     return CellText(System().EquationMatrix, row, column);
+  }
+
+  std::optional<int> Shape(int row, int column) const override {
+    return CellShape(System().EquationMatrix, row, column);
   }
 
   void VisitRow(int row, int firstColumn, int lastColumn,
@@ -122,6 +137,9 @@ class SolutionsTable final : public ReportTable {
 };
 
 }  // namespace
+
+std::optional<int> ReportTable::Shape(int, int) const { return std::nullopt; }
+std::string ReportTable::LongestText(int) const { return {}; }
 
 void ReportTable::VisitCells(const std::function<void(int, int)>& visit) const {
   for (int row = 0; row < NumRows(); ++row)

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "analysis/Analysis.h"
@@ -21,6 +22,11 @@ class ReportTable {
   virtual int NumRows() const = 0;
   virtual int NumColumns() const = 0;
   virtual std::string Text(int row, int column) const = 0;
+
+  /// Of a cell whose number has one (FormatSigFigs.h); its text is not longer than that of its shape, and
+  /// need not be asked for where only the longest matters.
+  virtual std::optional<int> Shape(int row, int column) const;
+  virtual std::string LongestText(int shape) const;
 
   /// Calls `visit` for the cells of a row from the first column to the last, both inclusive, but for cells
   /// that are known to show "0".

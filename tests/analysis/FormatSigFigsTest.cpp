@@ -3,8 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
+#include <random>
 #include <string>
 
 namespace {
@@ -17,6 +20,64 @@ std::string Shown(Number value, int figures, const std::string& separator = ".")
 template <class Number>
 std::string InTable(Number value, int figures) {
   return TableNumber(value, ReportFormat{figures, NumberFormat{}});
+}
+
+// How often a text has a digit, a separator, a sign.
+std::array<std::ptrdiff_t, 3> Characters(const std::string& text) {
+  const std::ptrdiff_t digits = std::ranges::count_if(text, [](char c) { return c >= '0' && c <= '9'; });
+  const std::ptrdiff_t separators = std::ranges::count(text, ',');
+  return {digits, separators, static_cast<std::ptrdiff_t>(text.size()) - digits - separators};
+}
+
+template <class Number>
+void ExpectNoLongerThanItsShape(Number value, const ReportFormat& format) {
+  const std::string text = TableNumber(value, format);
+  const std::optional<int> shape = NumberShape(double{value}, format);
+  if (!shape) {
+    EXPECT_TRUE(text.find('E') != std::string::npos || text == "overflow") << text;
+    return;
+  }
+  ASSERT_TRUE(*shape >= 0 && *shape < NumNumberShapes) << value;
+  const auto has = Characters(text), most = Characters(LongestOfShape(*shape, format));
+  EXPECT_TRUE(has[0] <= most[0] && has[1] <= most[1] && has[2] <= most[2])
+      << text << " is longer than " << LongestOfShape(*shape, format);
+}
+
+TEST(NumberShape, NoTextIsLongerThanThatOfItsShape) {
+  std::mt19937 random(7);
+  std::uniform_real_distribution<double> leading(1, 10), power(-10, 8);
+  for (int figures = -1; figures <= 18; ++figures) {
+    const ReportFormat format{figures, NumberFormat{","}};
+    const auto expect = [&](double value) {
+      for (const double v : {value, -value, std::nextafter(value, 0.0), std::nextafter(value, 2 * value)}) {
+        ExpectNoLongerThanItsShape(v, format);
+        ExpectNoLongerThanItsShape(static_cast<float>(v), format);
+      }
+    };
+    for (const double ten :
+         {1e-9, 1e-8, 1e-7, 1e-5, 1e-4, 1e-3, 1e-2, 0.1, 1.0, 10.0, 1e2, 1e3, 1e4, 1e5, 1e6}) {
+      for (const double near : {1.0, 0.95, 0.949999, 0.9, 0.89999, 0.99, 0.995, 0.9999999, 1.0000001, 0.5})
+        expect(ten * near);
+    }
+    for (int times = 0; times < 500; ++times)
+      expect(leading(random) * std::pow(10, std::floor(power(random))));
+  }
+}
+
+TEST(NumberShape, MostNumbersOfAMatrixAreAsLongAsTheirShape) {
+  const ReportFormat format{4, NumberFormat{}};
+  const auto longest = [&](double value) {
+    return LongestOfShape(NumberShape(value, format).value(), format);
+  };
+  EXPECT_EQ(longest(0.70711), "0.0000");
+  EXPECT_EQ(longest(-0.070711), std::string(1, '\x96') + "0.00000");
+  EXPECT_EQ(longest(1), "0.000");
+  EXPECT_EQ(longest(2500), "0000");
+  EXPECT_EQ(longest(9999.9), "00000") << "it is rounded to five digits";
+  EXPECT_EQ(longest(0), "0");
+  EXPECT_EQ(longest(-1e-9), "0");
+  for (const double none : {1e-5, 1e5, std::numeric_limits<double>::quiet_NaN()})
+    EXPECT_FALSE(NumberShape(none, format));
 }
 
 }  // namespace

@@ -1,5 +1,9 @@
 // The report window: what its text box, heading and table show.
+#include <algorithm>
+
 #include "ReportWindowFixture.h"
+#include "reports/ReportTables.h"
+#include "support/RandomTruss.h"
 
 TEST_F(ReportWindowTest, StartsEmpty) {
   EXPECT_EQ(window.objectName(), QStringLiteral("Report"));
@@ -152,6 +156,28 @@ TEST_F(ReportWindowTest, ColumnsAreAsWideAsTheirTextsAndTen) {
   EXPECT_EQ(eqnGrid->NaturalColumnWidth(7), TextWidth(QStringLiteral("RHS")) + 10);
   for (int column = 0; column < 7; ++column) {
     EXPECT_EQ(eqnGrid->columnWidth(column), eqnGrid->NaturalColumnWidth(column + 1)) << column;
+  }
+}
+
+// Not every text is asked for when the columns are measured; none of those may be wider.
+TEST_F(ReportWindowTest, NoTextOfAnyTableIsWiderThanItsColumn) {
+  RandomTruss random(11);
+  for (const float points : {10.0F, 12.0F, 14.0F, 16.0F}) {
+    window.ChooseFontSet(points);
+    for (int times = 0; times < 20; ++times) {
+      Analyse(random.Next());
+      for (const int figures : {1, 3, 4, 7, 15}) {
+        const auto table = LoadGridWithRREF(analysis, ReportFormat{figures, NumberFormat{}});
+        window.LoadGridWithRREF(analysis, figures);
+        for (int column = 1; column < table->NumColumns(); ++column) {
+          int widest = 30;
+          for (int row = 0; row < table->NumRows(); ++row)
+            widest = std::max(widest, TextWidth(OneLineText(ToQt(table->Text(row, column)))) + 10);
+          ASSERT_EQ(eqnGrid->NaturalColumnWidth(column), widest)
+              << times << ", " << figures << ", " << column;
+        }
+      }
+    }
   }
 }
 
