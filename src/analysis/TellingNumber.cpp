@@ -24,7 +24,7 @@ std::string NumberNot1(double value, const ReportFormat& format) {
   std::string text = NumberNot0(value, format);
   if (std::abs(value) == 1) return text;
   ReportFormat longer = format;
-  while ((text == "1" || text == "-1") && longer.SigFigs < MostFigures) {
+  while (text == "1" || text == "-1") {
     ++longer.SigFigs;
     text = FormatSigFigs(value, longer);
   }

@@ -64,7 +64,7 @@ bool IsTaken(const std::string& path) {
 
 bool LeadToOneFile(const std::string& path, const std::string& other) {
   std::error_code error;
-  return path == other || (fs::equivalent(ToPath(path), ToPath(other), error) && !error);
+  return path == other || fs::equivalent(ToPath(path), ToPath(other), error);
 }
 
 std::string PathOfAddress(const std::string& address) {

@@ -79,8 +79,7 @@ std::optional<Float> Read(std::string_view text) {
   if (read.ec == std::errc::result_out_of_range) {
     return form->IsSmall ? std::optional<Float>(Float{0}) : std::nullopt;
   }
-  if (read.ec != std::errc{} || !std::isfinite(value)) return std::nullopt;
-  return value;
+  return value;  // its form is right, so there is no other failure
 }
 
 // Without limits on the number of places: callers round first.
