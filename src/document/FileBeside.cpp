@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <optional>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -22,8 +23,7 @@ std::string PathOf(const std::string& folder, int number) {
 bool StandsUnder(const std::string& path, const SystemFile& file) {
   const std::optional<struct stat> status = file.Status();
   struct stat named {};
-  return status && lstat(path.c_str(), &named) == 0 && named.st_dev == status->st_dev &&
-         named.st_ino == status->st_ino;
+  return status && lstat(path.c_str(), &named) == 0 && IsSameFile(named, *status);
 }
 
 bool IsLocked(const SystemFile& file) { return flock(file.Descriptor(), LOCK_EX | LOCK_NB) == 0; }
@@ -80,6 +80,10 @@ int FileBeside::TakePlaceOf(const std::string& target) {
   const SystemFile folder(folder_.empty() ? "." : folder_, O_RDONLY | O_DIRECTORY);
   mayBeUndone_ = folder.IsOpen() && folder.Synchronise() != 0;
   return 0;
+}
+
+bool IsSameFile(const struct stat& one, const struct stat& other) {
+  return std::tie(one.st_dev, one.st_ino) == std::tie(other.st_dev, other.st_ino);
 }
 
 bool IsFileOfThisUser(const SystemFile& file) {

@@ -40,5 +40,8 @@ class FileBeside {
   bool mayBeUndone_ = false;
 };
 
+/// Whether both tell of one file, under whatever names.
+bool IsSameFile(const struct stat& one, const struct stat& other);
+
 /// Whether it is surely no file of somebody else: in a folder that all may write, a name is anybody's.
 bool IsFileOfThisUser(const SystemFile& file);

@@ -57,7 +57,7 @@ std::string BehindLinks(fs::path path) {
 
 bool LeadsTo(const struct stat& file, const std::string& path) {
   struct stat status {};
-  return stat(path.c_str(), &status) == 0 && status.st_dev == file.st_dev && status.st_ino == file.st_ino;
+  return stat(path.c_str(), &status) == 0 && IsSameFile(status, file);
 }
 
 // With its slash; empty for the current folder.
