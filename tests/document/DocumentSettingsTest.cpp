@@ -122,6 +122,13 @@ TEST(GridCount, OfAZeroSpacingIsZero) {
   EXPECT_EQ(GridCount(0, 0, 0), 0);
 }
 
+TEST(GridCount, OfBoundsWithoutADifferenceIsZero) {
+  constexpr float infinite = std::numeric_limits<float>::infinity();
+  EXPECT_EQ(GridCount(infinite, infinite, 1), 0);
+  EXPECT_EQ(GridCount(0, infinite, infinite), 0);
+  EXPECT_EQ(GridCount(0, infinite, 1), 32767);
+}
+
 TEST(GridCount, StaysWithin16Bits) {
   EXPECT_EQ(GridCount(0, 32767, 1), 32767);
   EXPECT_EQ(GridCount(0, 32768, 1), 32767);

@@ -50,6 +50,13 @@ TEST(ElementWords, AJointIsToldByItsNameAndPlace) {
   EXPECT_EQ(ToldOf(truss, ElementKind::Joint, ToldJoint(truss, 3, 4)), "joint at (3, 4)");
 }
 
+TEST(ElementWords, AJointWithoutALabelIsToldByItsPlace) {
+  Truss truss = ToldTriangle();
+  truss.Joints[2].NameLabel = 0;
+  const JointRec& joint = truss.Joints[2];
+  EXPECT_EQ(ToldOf(truss, ElementKind::Joint, 2), "joint at " + PointInWords(joint.X, joint.Y, "."));
+}
+
 TEST(ElementWords, ASupportIsToldWithTheNamesOfItsForces) {
   const Truss truss = TrussBuilder()
                           .Clamp(0, 0, "Ax", "Ay")
@@ -100,6 +107,14 @@ TEST(ElementWords, ALabelOfWhatWasErasedNamesNothing) {
   EXPECT_EQ(ToldOf(truss, ElementKind::Label, truss.Supports[1].NameLabel2), "");
 }
 
+TEST(ElementWords, ALabelOfEachJointTellsThatJoint) {
+  const Truss truss = TrussBuilder().Member(0, 0, 3, 4).Joint(0, 0, "A").Joint(3, 4, "B");
+  for (int j = 1; j <= 2; ++j) {
+    EXPECT_EQ(ToldOf(truss, ElementKind::Label, truss.Joints[j].NameLabel),
+              truss.Joints[j].X == 0 ? "name A of the joint at (0, 0)" : "name B of the joint at (3, 4)");
+  }
+}
+
 TEST(ElementWords, NumbersAreThoseOfTheValueEditor) {
   EXPECT_EQ(PointInWords(1.0F / 3, -0.1F, "."), "(0.3333333, -0.1)");
   EXPECT_EQ(PointInWords(-0.0F, 2e9F, "."), "(0, 2E+9)");
@@ -119,6 +134,8 @@ TEST(ElementWords, OfAJointItIsToldWhatMeetsThere) {
                           .Member(0, 0, 5, 5)
                           .ThenErased()
                           .Clamp(0, 0)
+                          .Roller(0, 0)
+                          .ThenErased()
                           .Roller(3, 0)
                           .Force(3, 4, 0, -1)
                           .Force(3, 4, 1, 0)

@@ -130,6 +130,7 @@ TEST(FieldReader, NamesTheLineOfWhatIsNoNumber) {
 
 TEST(FieldReader, ShowsAWrongFieldShortAndOnOneLine) {
   EXPECT_EQ(ErrorOf([] { Single("\"a\r\nb\""); }), "line 1: a number should stand here, not \"a??b\"");
+  EXPECT_EQ(ErrorOf([] { Single("a\x7F\x1F~"); }), "line 1: a number should stand here, not \"a??~\"");
   const std::string shown(40, 'x');
   EXPECT_EQ(ErrorOf([&] { Single(shown + 'x'); }),
             "line 1: a number should stand here, not \"" + shown + "...\"");
@@ -189,7 +190,8 @@ TEST(FieldReader, ReadsBooleansInAnyLetterCase) {
 }
 
 TEST(FieldReader, RefusesEverythingElseAsABoolean) {
-  for (const char* text : {"TRUE", "True", "#TRUE", "TRUE#", "1", "-1", "0", "# TRUE #", "#YES#"}) {
+  for (const char* text : {"TRUE", "True", "#TRUE", "TRUE#", "1", "-1", "0", "# TRUE #", "#YES#", "#~RUE#",
+                           "#TRU{#", "#@RUE#"}) {
     EXPECT_THROW(Boolean(text), ReadError) << text;
   }
   EXPECT_EQ(ErrorOf([] { Boolean("yes"); }), "line 1: #TRUE# or #FALSE# should stand here, not \"yes\"");

@@ -45,6 +45,12 @@ TEST(AbsolutePath, KeepsSymbolicLinksAsTheyAreNamed) {
       << beside << ": out of a link the way leads to where it points";
 }
 
+TEST(AbsolutePath, TakesALinkThatLeadsNowhereForAFolder) {
+  const TemporaryDirectory directory;
+  std::filesystem::create_symlink("missing", directory / "link");
+  EXPECT_EQ(AbsolutePath(directory / "link/../a.trs"), directory / "a.trs");
+}
+
 TEST(AbsolutePath, SurvivesAWorkingDirectoryThatIsGone) {
   const TemporaryDirectory directory;
   std::filesystem::create_directory(directory / "gone");
@@ -84,6 +90,7 @@ TEST(PathOfAddress, IsThePathWithItsEscapesTakenOut) {
 TEST(PathOfAddress, KeepsWhatIsNoEscape) {
   EXPECT_EQ(PathOfAddress("file:///100%"), "/100%");
   EXPECT_EQ(PathOfAddress("file:///%zz%4"), "/%zz%4");
+  EXPECT_EQ(PathOfAddress("file:///%4g%g4"), "/%4g%g4");
   EXPECT_EQ(PathOfAddress("file:///a%00b"), "/a%00b") << "no path holds a zero byte";
 }
 

@@ -199,3 +199,20 @@ TEST(Labels, ErasingReusedLabelsFreesThemAgain) {
     DeleteMemberLabels(truss, i);
   }
 }
+
+// Also of its second label alone.
+TEST(Labels, AnErasedElementForgetsLabelsThatNameSomethingElse) {
+  for (const int freeLabel : {3, 4}) {
+    Truss truss = TrussBuilder().Member(0, 0, 1, 0).Member(0, 0, 2, 0).ThenErased().Clamp(5, 5).ThenErased();
+    ASSERT_EQ(truss.Members[2].NameLabel1, 3);
+    const LabelIndex ofClamp = truss.Supports[1].NameLabel1;
+    CountUpTo(truss, MaxCount, 0);
+    for (NameLabel& label : truss.Labels.First(MaxCount)) label.Tag.clear();
+    truss.Labels[freeLabel].Tag = DeletedTag;
+    EXPECT_EQ(CreateJointLabel(truss), freeLabel);
+    EXPECT_EQ(truss.Members[2].NameLabel1, 0) << freeLabel;
+    EXPECT_EQ(truss.Members[2].NameLabel2, 0) << freeLabel;
+    EXPECT_EQ(truss.Members[1].NameLabel1, 1) << "it is still there";
+    EXPECT_EQ(truss.Supports[1].NameLabel1, ofClamp) << "nobody took its label";
+  }
+}

@@ -1,8 +1,13 @@
 // What saving never destroys without a question: what was not read of a file, and what has been
 // written there since. And what it says when a file does not give back what was saved.
+#include <sys/stat.h>
+
+#include <cerrno>
 #include <filesystem>
+#include <limits>
 
 #include "document/SideCopy.h"
+#include "support/AtCall.h"
 #include "support/DocumentLifecycleFixture.h"
 
 namespace {
@@ -226,6 +231,15 @@ TEST_F(SavingTest, AFileThatWasOnlyTouchedHasNotChanged) {
   EXPECT_THAT(messages_.Shown, IsEmpty());
 }
 
+TEST_F(SavingTest, AFileThatCannotBeReadAnyMoreHasChanged) {
+  OpenSaved("a.trs");
+  std::filesystem::remove(directory_ / "a.trs");
+  ASSERT_EQ(mkfifo((directory_ / "a.trs").c_str(), 0600), 0);
+  EXPECT_FALSE(lifecycle_.SaveFile());
+  EXPECT_THAT(messages_.Shown,
+              ElementsAre(ReplaceQuestion(directory_ / "a.trs", "has changed on disk since")));
+}
+
 TEST_F(SavingTest, AFileThatIsGoneIsJustWritten) {
   OpenSaved("a.trs");
   std::filesystem::remove(directory_ / "a.trs");
@@ -301,6 +315,19 @@ TEST_F(InterruptedSaveTest, ANoLeavesBothAndTheNextOpeningAsksAgain) {
   EXPECT_TRUE(std::filesystem::exists(copy_));
 }
 
+TEST_F(InterruptedSaveTest, WhatCannotBePutBackIsToldAndTheCopyStays) {
+  const std::string mixed = directory_.Bytes("a.trs");
+  messages_.Answers = {MessageAnswer::Yes};
+  const AtCall failing("lseek", Fails(EIO));
+  lifecycle_.OpenPath(directory_ / "a.trs");
+  EXPECT_TRUE(failing.HasCome());
+  ASSERT_EQ(messages_.Shown.size(), 2U);
+  EXPECT_EQ(messages_.Shown[1].Text, "The file could not be put back.  Its copy is still there.");
+  EXPECT_EQ(messages_.Shown[1].Details, "The disk reports an error.");
+  EXPECT_EQ(directory_.Bytes("a.trs"), mixed);
+  EXPECT_TRUE(std::filesystem::exists(copy_));
+}
+
 TEST_F(InterruptedSaveTest, SavingThereAsksBeforeTheCopyGoes) {
   lifecycle_.EmptyDocument();
   truss_ = OneMember("B");
@@ -314,7 +341,28 @@ TEST_F(InterruptedSaveTest, SavingThereAsksBeforeTheCopyGoes) {
   EXPECT_FALSE(std::filesystem::exists(copy_));
 }
 
+// A file that is saved, with a doubt
+
+TEST_F(SavingTest, ACopyThatCouldNotBeRemovedIsNoted) {
+  OpenSaved("a.trs");
+  std::filesystem::create_hard_link(directory_ / "a.trs", directory_ / "b.trs");  // so it is written in place
+  RenameMember("B");
+  const AtCall failing("unlink", Fails(EPERM));
+  EXPECT_TRUE(lifecycle_.SaveFile());
+  EXPECT_THAT(lifecycle_.FileNote(),
+              HasSubstr(" The file is saved, but what it held before is still kept in "));
+  EXPECT_EQ(MemberNameIn("b.trs"), "B");
+}
+
 // A file that does not give back what was saved
+
+TEST_F(SavingTest, AFileThatDoesNotReadBackForAnotherReasonThanANameIsNoted) {
+  DrawUntitled();
+  truss_.Members[1].X2 = std::numeric_limits<float>::quiet_NaN();
+  chooser_.Choice = directory_ / "new.trs";
+  EXPECT_TRUE(lifecycle_.SaveFileAs());
+  EXPECT_EQ(lifecycle_.FileNote(), " The file that was saved does not read back as this truss. ");
+}
 
 TEST_F(SavingTest, TheNoteNamesTheMemberWhoseNameBreaksTheFile) {
   for (const char* name : {"p\"q,r", "a\",\"b", "\"", "A\""}) {

@@ -25,6 +25,8 @@ TEST(VisibleText, ShowsWhatIsNotUtf8AsReplacementCharacters) {
   EXPECT_EQ(VisibleText("\xC2"), "\uFFFD");
   EXPECT_EQ(VisibleText("\xC1\x9B"), "\uFFFD\uFFFD");
   EXPECT_EQ(VisibleText("\xE0\x82\x9B"), "\uFFFD\uFFFD\uFFFD");
+  EXPECT_EQ(VisibleText("\xE2\x82z"), "\uFFFD\uFFFDz");
+  EXPECT_EQ(VisibleText("\xF0\x9F\x9A"), "\uFFFD\uFFFD\uFFFD");
   EXPECT_EQ(VisibleText("\xED\xA0\x80"), "\uFFFD\uFFFD\uFFFD");
   EXPECT_EQ(VisibleText("\xF4\x90\x80\x80\xFF"), "\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD");
 }
