@@ -172,6 +172,15 @@ TEST(Elimination, RightHandSidesBelowTheToleranceAreCleaned) {
   EXPECT_EQ(RowsOf(reduced.Equations), (std::vector<std::vector<double>>{{1, 0, 0}, {0, 1, 1e-10}}));
 }
 
+TEST(Elimination, AProductThatIsTooSmallForANumberIsNoEntry) {
+  for (const double tiny : {1e-200, -1e-200}) {
+    const Matrix equations = MatrixOf({{1, 1e-200, 0, 3}, {tiny, 0, -1, 2}});
+    EXPECT_EQ(RowsOf(Solve(equations, {.DenseFill = 2}).Equations),
+              (std::vector<std::vector<double>>{{1, 0, 0, 3}, {0, 1, 0, -2}}));
+    ExpectTheDefinition(equations, "a product that is too small");
+  }
+}
+
 TEST(Elimination, FewerEquationsThanUnknownsLeaveTheColumnsPermuted) {
   const Reduced reduced = Solve(MatrixOf({{1, 0, 4, 8}, {0, 2, 4, 6}}));
   EXPECT_EQ(OrderOf(reduced), (std::vector<int>{3, 2, 1}));

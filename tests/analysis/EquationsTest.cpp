@@ -214,6 +214,22 @@ TEST(LoadArrays, AMemberWithoutLengthHasNoCells) {
             (Rows{{0, 0, 0}, {1, 0, 0}}));
 }
 
+// A file can list fewer joints than there are.
+TEST(LoadArrays, WhatStandsAtNoListedJointHasNoCells) {
+  Truss truss = TrussBuilder().Member(0, 0, 3, 4, "m").Clamp(0, 0, "Ax", "Ay").Force(3, 4, 10, -20);
+  EquationSystem system;
+  CountUnknowns(truss, system);
+  const auto equationsAt = [&](float x, float y) {
+    Table<CountedJoint> joints(1);
+    joints[1] = {x, y, 0, "J"};
+    LoadArrays(truss, joints, system);
+    return RowsOf(system.EquationMatrix);
+  };
+  EXPECT_EQ(equationsAt(0, 0), (Rows{{1, 0, -0.6F, 0}, {0, 1, -0.8F, 0}}));
+  EXPECT_EQ(equationsAt(3, 4), (Rows{{0, 0, 0.6F, -10}, {0, 0, 0.8F, 20}}));
+  EXPECT_EQ(equationsAt(9, 9), (Rows{{0, 0, 0, 0}, {0, 0, 0, 0}}));
+}
+
 TEST(LoadArrays, LoadingAgainStartsFromZeros) {
   Truss first = TrussBuilder().Member(0, 0, 4, 0).Clamp(0, 0).Force(4, 0, 1, 1);
   EquationSystem system = Assembled(first);

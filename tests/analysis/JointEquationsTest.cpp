@@ -35,6 +35,15 @@ TEST(JointEquations, AClampUnderADownwardForceOfTen) {
   EXPECT_EQ(texts.Y, "Ay = 10.");
 }
 
+TEST(JointEquations, WhereNothingStandsNothingIsSummedUp) {
+  const Truss truss = TrussBuilder().Member(0, 0, 4, 0, "m").Clamp(0, 0, "Ax", "Ay").Force(4, 0, 1, 2);
+  for (const float x : {-4.0F, 0.5F, 4.5F}) {
+    const JointEquationTexts texts = JointEquations(truss, NumberFormat{"."}).ReportOnJoint({x, 0, 0, "J"});
+    EXPECT_EQ(texts.X, "0 = 0");
+    EXPECT_EQ(texts.Y, "0 = 0");
+  }
+}
+
 TEST(JointEquations, VerticalMembersAloneLeaveNothingSideways) {
   const JointEquationTexts texts =
       At(TrussBuilder().Member(0, 0, 0, 3, "up").Member(0, 0, 0, -2, "down").Force(0, 0, 0, 5), 0, 0);

@@ -95,6 +95,18 @@ TEST(ParallelThreads, WhatOneThrowsReachesTheCallerWhenAllHaveEnded) {
   }
 }
 
+TEST(ParallelThreads, OneOfSeveralFailuresReachesTheCaller) {
+  for (const unsigned numThreads : NumbersOfThreads) {
+    std::latch allAreHere(static_cast<std::ptrdiff_t>(numThreads));
+    EXPECT_THROW(RunInParallel(numThreads,
+                               [&] {
+                                 allAreHere.arrive_and_wait();
+                                 throw std::bad_alloc();
+                               }),
+                 std::bad_alloc);
+  }
+}
+
 TEST(EliminationThreads, GiveTheSameBitsHoweverManyThereAre) {
   const std::vector<EliminationTuning> tunings = {
       {}, {.DenseFill = 2}, {.DenseFill = 0.01, .Window = 4}, {.DenseFill = 0, .Window = 64}};
