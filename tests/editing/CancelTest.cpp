@@ -175,3 +175,34 @@ TEST(Cancel, ATrussThatWasEmptiedInADragStaysEmpty) {
     EXPECT_EQ(NumLiveMembers(editor.Document) + NumLiveSupports(editor.Document), 0);
   }
 }
+
+TEST(Cancel, OfADragInATrussThatWasEmptiedBringsNothingBack) {
+  for (const Situation& situation : Situations()) {
+    SCOPED_TRACE(situation.Name);
+    Editor editor(Everyone());
+    situation.DragHalfway(editor);
+    ResetAll(editor.Document);
+    editor.Redraw();
+    editor.Mouse.Cancel();
+    EXPECT_FALSE(editor.Mouse.IsDragging());
+    EXPECT_EQ(NumLiveMembers(editor.Document) + NumLiveSupports(editor.Document), 0);
+    EXPECT_EQ(NumActiveForces(editor.Document), 0);
+  }
+}
+
+// The window has become too small for any drawing.
+TEST(Cancel, WhereNothingCanBeDrawnAnyMoreADragComesToNothing) {
+  for (const Situation& situation : Situations()) {
+    SCOPED_TRACE(situation.Name);
+    Editor editor(Everyone());
+    editor.Redraw();
+    const std::string before = Everything(editor.Document);
+    situation.DragHalfway(editor);
+    if (!editor.Mouse.IsDragging()) continue;
+    editor.Picture.Mapping.PixelX2 = editor.Picture.Mapping.PixelX1;
+    editor.Move(6, 6);
+    editor.Release(6, 6);
+    EXPECT_FALSE(editor.Mouse.IsDragging());
+    EXPECT_EQ(Everything(editor.Document), before);
+  }
+}

@@ -86,3 +86,27 @@ TEST(DoubleClick, WithASecondButtonAbandonsADragLikeAnyPressOfIt) {
   EXPECT_FALSE(editor.Mouse.IsDragging());
   EXPECT_EQ(editor.Document.NumSupports, 0);
 }
+
+// Also where the keyboard holds it.
+TEST(DoubleClick, InADragIsAPressLikeAnyOther) {
+  const auto dragHalfway = [](Editor& editor, Tool tool, bool byKeys) {
+    editor.Use(tool);
+    if (byKeys) {
+      editor.Mouse.KeyDown(Editor::Px(2), Editor::Py(2));
+    } else {
+      editor.Press(2, 2);
+      editor.Move(4, 4);
+    }
+  };
+  for (const auto& [tool, byKeys] : {std::pair(Tool::TrussMember, false), std::pair(Tool::TrussMember, true),
+                                     std::pair(Tool::Clamp, true), std::pair(Tool::Roller, true)}) {
+    Editor pressed;
+    Editor clickedTwice;
+    dragHalfway(pressed, tool, byKeys);
+    dragHalfway(clickedTwice, tool, byKeys);
+    pressed.Press(4, 4);
+    clickedTwice.Mouse.MouseDoubleClick(MouseButton::Left, Editor::Px(4), Editor::Py(4));
+    EXPECT_EQ(clickedTwice.Mouse.IsDragging(), pressed.Mouse.IsDragging());
+    EXPECT_EQ(Everything(clickedTwice.Document), Everything(pressed.Document));
+  }
+}

@@ -40,10 +40,22 @@ TEST(CursorInWords, TellsThePointAndTheJointOrGridPointThere) {
   EXPECT_EQ(teller.At(8.5F, 4), "(8.5, 4), grid point");
 }
 
+TEST(CursorInWords, AJointWithoutANameIsJustAJoint) {
+  Teller teller(Corner());
+  for (JointRec& joint : teller.Document.JointsInUse()) {
+    if (joint.X != 2) continue;
+    teller.Document.Labels[joint.NameLabel].Caption.clear();
+    EXPECT_EQ(teller.At(2, 2), "(2, 2), joint");
+    joint.NameLabel = 0;
+    EXPECT_EQ(teller.At(2, 2), "(2, 2), joint");
+  }
+}
+
 TEST(CursorInWords, TellsWhatItWouldSnapTo) {
   Teller teller(Corner());
   EXPECT_EQ(teller.AtPixel(Editor::Px(2) + 3, Editor::Py(2)), "snaps to (2, 2), joint A");
   EXPECT_EQ(teller.AtPixel(Editor::Px(8) + 3, Editor::Py(4)), "snaps to (8, 4), grid point");
+  EXPECT_EQ(teller.AtPixel(Editor::Px(8), Editor::Py(4) - 3), "snaps to (8, 4), grid point");
 }
 
 TEST(CursorInWords, WithoutSnappingItIsThePlaceItself) {
@@ -59,6 +71,7 @@ TEST(CursorInWords, TellsWhatTheToolWouldActOn) {
   teller.Use(Tool::Erase);
   EXPECT_EQ(teller.At(4, 2), "(4, 2), grid point, on member AB from (2, 2) to (6, 2)");
   EXPECT_EQ(teller.At(2, 2), "(2, 2), joint A, on clamp at (2, 2), forces Ax and Ay");
+  EXPECT_EQ(teller.At(9, 9), "(9, 9), grid point");
   teller.Use(Tool::ReOrientation);
   EXPECT_EQ(teller.At(4, 2), "(4, 2), grid point");
   teller.Use(Tool::Move);
@@ -88,6 +101,16 @@ TEST(ChangesInWords, TellWhatWasMadeErasedAndChanged) {
   teller.Click(6, 2);
   EXPECT_EQ(erased.Since(teller.Document, "."), "now roller at (6, 2), force not named yet, pushes down");
   EXPECT_EQ(ChangesInWords(teller.Document).Since(teller.Document, "."), "");
+}
+
+TEST(ChangesInWords, TellOfErasedSupportsAndForces) {
+  Truss truss = Corner();
+  const ChangesInWords before(truss);
+  truss.Supports[1].Live = false;
+  truss.Forces[1].Active = false;
+  EXPECT_EQ(before.Since(truss, "."),
+            "erased clamp at (2, 2), forces Ax and Ay; erased force at (6, 6), 0 right, 2000 down");
+  EXPECT_EQ(ChangesInWords(truss).Since(truss, "."), "");
 }
 
 TEST(ChangesInWords, OfManyChangesOnlyTheFirstAreTold) {
@@ -160,6 +183,24 @@ TEST(PlaceToPress, ThereIsNoneUnderOthers) {
   EXPECT_FALSE(teller.PlaceOn(ElementKind::Member, 2));
 }
 
+TEST(PlaceToPress, OfAMemberIsNotOnASupport) {
+  Teller teller(TrussBuilder().Member(0, 4, 8, 4).Clamp(4, 4.5F));
+  teller.Use(Tool::Erase);
+  const auto place = teller.PlaceOn(ElementKind::Member, 1);
+  ASSERT_TRUE(place);
+  EXPECT_NE(place->X, Editor::Px(4));
+  teller.ClickPixel(place->X, place->Y);
+  EXPECT_FALSE(teller.Document.Members[1].Live);
+  EXPECT_TRUE(teller.Document.Supports[1].Live);
+}
+
+TEST(PlaceToPress, ASupportUnderAnotherHasNone) {
+  Teller teller(TrussBuilder().Clamp(4, 4).Clamp(4, 4));
+  teller.Use(Tool::Erase);
+  EXPECT_FALSE(teller.PlaceOn(ElementKind::Support, 1));
+  EXPECT_TRUE(teller.PlaceOn(ElementKind::Support, 2));
+}
+
 TEST(PlaceToPress, ASupportBesideAnotherIsMetBesideIt) {
   Teller teller(TrussBuilder().Clamp(4, 4).Clamp(4.5F, 4));
   teller.Use(Tool::Erase);
@@ -178,8 +219,10 @@ TEST(KeyboardCursorMoveTo, GoesThereAndStaysInsideTheDrawingArea) {
   EXPECT_EQ(teller.Cursor.Position(), (PixelPoint{100, 150}));
   teller.Cursor.MoveTo({1e30F, -1e30F});
   EXPECT_EQ(teller.Cursor.Position(), (PixelPoint{448, 70}));
-  teller.Cursor.MoveTo({NAN, 100});
-  EXPECT_EQ(teller.Cursor.Position(), (PixelPoint{448, 70}));
+  for (const PixelPoint noPlace : {PixelPoint{NAN, 100}, {100, NAN}}) {
+    teller.Cursor.MoveTo(noPlace);
+    EXPECT_EQ(teller.Cursor.Position(), (PixelPoint{448, 70}));
+  }
 }
 
 TEST(KeyboardCursorMoveTo, DragsWhatIsHeld) {
@@ -223,6 +266,18 @@ TEST(PressInWords, TellsWhatIsPickedOrThatNothingHappened) {
   teller.Use(Tool::NumericalValue);
   teller.Document.Members[2].Live = false;
   EXPECT_EQ(toldAfter(6, 5), "picked force at (6, 6), 0 right, 2000 down");
+}
+
+TEST(PressInWords, TheFirstEndOfAMemberIsToldLikeTheSecond) {
+  Teller teller(Corner());
+  teller.Use(Tool::Move);
+  teller.Click(6, 3);
+  EXPECT_EQ(teller.At(6, 2), "(6, 2), joint, on the end (6, 2) of member from (6, 2) to (6, 6)");
+  const ChangesInWords before(teller.Document);
+  teller.Press(6, 2);
+  EXPECT_EQ(PressInWords(before, teller.Document, teller.Picture, teller.Mouse, Tool::Move,
+                         {Editor::Px(6), Editor::Py(2)}, "."),
+            "moving the end (6, 2) of member from (6, 2) to (6, 6)");
 }
 
 TEST(PressInWords, TheMoveToolTellsWhatItTakesHoldOf) {

@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "EditingFixture.h"
+#include "editing/ForceDrawing.h"
 
 TEST(ForceTool, ADragMakesAForce) {
   Editor editor(TrussBuilder().Member(1, 1, 9, 1));
@@ -113,4 +114,24 @@ TEST(ForceTool, TheRecordOfAnErasedForceStays) {
   EXPECT_EQ(editor.Document.NumForces, 2);
   EXPECT_FALSE(editor.Document.Forces[1].Active);
   EXPECT_EQ(NumActiveForces(editor.Document), 1);
+}
+
+TEST(ComponentsBetween, AreNoneThatNoNumberHolds) {
+  const auto at = [](float x, float y) {
+    return SnappedPoint{{x, y}, x, y, ExactDecimal::Of(x), ExactDecimal::Of(y)};
+  };
+  const auto between = [&](float x, float y, float scale) {
+    const auto components = ComponentsBetween(at(1, 1), at(1 + x, 1 + y), scale);
+    return components ? std::optional(std::pair(components->Fx, components->Fy)) : std::nullopt;
+  };
+  EXPECT_EQ(between(2, -4, 100), std::pair(200.0F, -400.0F));
+  EXPECT_EQ(between(0, 4, 100), std::pair(0.0F, 400.0F));
+  for (const float scale :
+       {std::numeric_limits<float>::infinity(), std::numeric_limits<float>::quiet_NaN()}) {
+    EXPECT_EQ(between(2, -4, scale), std::nullopt);
+  }
+  EXPECT_EQ(between(2, 0, 3e38F), std::nullopt);
+  EXPECT_EQ(between(0.5F, 2, 3e38F), std::nullopt);
+  EXPECT_EQ(between(2, -4, 0), std::nullopt);
+  EXPECT_EQ(between(0, 0, 100), std::nullopt);
 }

@@ -241,3 +241,28 @@ TEST(MoveTool, PicksWithoutOpeningThePanel) {
   EXPECT_TRUE(editor.HandlesAreShown());
   EXPECT_TRUE(editor.Values.Calls.empty());
 }
+
+TEST(HandleDragging, AMouseThatIsMovedInOnePlaceMovesNothing) {
+  Editor editor(TrussBuilder().Member(1.2F, 1.1F, 9, 1));
+  editor.Use(Tool::Move);
+  editor.Click(5, 1.05F);
+  editor.Press(1.2F, 1.1F);
+  editor.Move(1.2F, 1.1F);
+  EXPECT_THAT(EndsOf(editor.Document.Members[1]), testing::ElementsAre(1.2F, 1.1F, 9, 1));
+  editor.Move(3, 3);
+  EXPECT_THAT(EndsOf(editor.Document.Members[1]), testing::ElementsAre(3, 3, 9, 1));
+  editor.Move(1.2F, 1.1F);
+  EXPECT_THAT(EndsOf(editor.Document.Members[1]), testing::ElementsAre(1, 1, 9, 1)) << "it has been moved";
+}
+
+TEST(HandleDragging, WhatIsErasedIsNotSelectedAnyMore) {
+  for (const bool isMember : {true, false}) {
+    Editor editor(TrussBuilder().Member(1, 1, 9, 1).Force(3, 6, 3000, 0));
+    editor.Use(Tool::NumericalValue);
+    editor.Click(isMember ? 6 : 4, isMember ? 1 : 6);
+    ASSERT_EQ(editor.Mouse.Selected().Type, isMember ? ObjectType::Member : ObjectType::Force);
+    editor.Document.Members[1].Live = false;
+    editor.Document.Forces[1].Active = false;
+    EXPECT_EQ(editor.Mouse.Selected().Type, ObjectType::None);
+  }
+}

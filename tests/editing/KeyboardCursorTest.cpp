@@ -143,3 +143,38 @@ TEST(KeyboardCursor, FollowsTheMouseUnseen) {
   keyboard.Go(ArrowKey::Right);
   EXPECT_EQ(keyboard.Cursor.Position(), (PixelPoint{Editor::Px(3.5F), Editor::Py(2)}));
 }
+
+TEST(KeyboardCursor, WithoutAGridTakesStepsOfAPixel) {
+  Keyboard keyboard;
+  keyboard.Document.Settings.GridX = keyboard.Document.Settings.GridY = 0;
+  keyboard.Go(ArrowKey::Right);
+  EXPECT_EQ(keyboard.Cursor.Position(), (PixelPoint{249, 170}));
+  keyboard.Go(ArrowKey::Up, 2);
+  EXPECT_EQ(keyboard.Cursor.Position(), (PixelPoint{249, 168}));
+  keyboard.Go(ArrowKey::Left, 3);
+  keyboard.Go(ArrowKey::Down);
+  EXPECT_EQ(keyboard.Cursor.Position(), (PixelPoint{246, 169}));
+}
+
+TEST(KeyboardCursor, StaysWhereItIsWhereNothingCanBeDrawn) {
+  Keyboard keyboard;
+  keyboard.Picture.Mapping.PixelX2 = keyboard.Picture.Mapping.PixelX1;
+  const PixelPoint before = keyboard.Cursor.Position();
+  keyboard.Go(ArrowKey::Right);
+  keyboard.Cursor.MoveTo({100, 100});
+  keyboard.Cursor.PressOrRelease();
+  EXPECT_FALSE(keyboard.Cursor.IsVisible());
+  EXPECT_EQ(keyboard.Cursor.Position(), before);
+}
+
+TEST(KeyboardCursor, AKeyThatRepeatsItselfPressesOnce) {
+  Keyboard keyboard;
+  keyboard.Use(Tool::TrussMember);
+  keyboard.Mouse.KeyDown(Editor::Px(2), Editor::Py(2));
+  keyboard.Mouse.KeyMove(Editor::Px(5), Editor::Py(3));
+  keyboard.Mouse.KeyDown(Editor::Px(5), Editor::Py(3));
+  EXPECT_TRUE(keyboard.Mouse.IsDragging());
+  keyboard.Mouse.KeyUp(Editor::Px(5), Editor::Py(3));
+  ASSERT_EQ(keyboard.Document.NumMembers, 1);
+  EXPECT_THAT(EndsOf(keyboard.Document.Members[1]), testing::ElementsAre(2, 2, 5, 3));
+}

@@ -87,6 +87,9 @@ TEST(IdentifyObject, OnAMemberShorterThanItsPinsTheNearerEndIsBig) {
   const Editor editor(TrussBuilder().Member(8, 3, 8.1F, 3));  // 208 to 210
   EXPECT_EQ(editor.Hit(206, 210).T, 0);
   EXPECT_EQ(editor.Hit(212, 210).T, 1);
+  const Editor shorter(TrussBuilder().Member(8, 3, 8.05F, 3));  // 208 to 209, each on both pins
+  EXPECT_EQ(shorter.Hit(206, 210).T, 0);
+  EXPECT_EQ(shorter.Hit(211, 210).T, 1);
 }
 
 TEST(IdentifyObject, AMemberThatIsStillBeingDrawnHasNoPinsToPick) {
@@ -370,8 +373,44 @@ TEST(OKLocation, RefusesWhatIsNoPlace) {
   editor.Document.Settings.GridX = 0;
   EXPECT_EQ(editor.Snap(300, 100), std::nullopt);
   editor.Document.Settings.GridX = 1;
+  editor.Document.Settings.GridY = 0;
+  EXPECT_EQ(editor.Snap(300, 100), std::nullopt);
+  editor.Document.Settings.GridY = 1;
   editor.Document.Settings.XMax = 0;
   editor.Redraw();
   EXPECT_EQ(editor.Snap(100, 100), std::nullopt);
   EXPECT_EQ(editor.Hit(48, 210), Nothing);
+}
+
+TEST(SnappedPoint, IsAnotherWithAnotherPixelOrAnotherPlace) {
+  const SnappedPoint point{{10, 20}, 1, 2};
+  EXPECT_EQ(point, (SnappedPoint{{10, 20}, 1, 2, ExactDecimal::Of(1.5F), ExactDecimal::Of(2.5F)}));
+  for (const SnappedPoint& other :
+       {SnappedPoint{{11, 20}, 1, 2}, {{10, 21}, 1, 2}, {{10, 20}, 3, 2}, {{10, 20}, 1, 3}}) {
+    EXPECT_FALSE(point == other);
+  }
+}
+
+TEST(SamePlace, IsOnePixelOrOnePointOfTheWorld) {
+  const SnappedPoint point{{10, 20}, 1, 2};
+  EXPECT_TRUE(SamePlace(point, {{10, 20}, 3, 4}));
+  EXPECT_TRUE(SamePlace(point, {{11, 21}, 1, 2}));
+  EXPECT_FALSE(SamePlace(point, {{11, 20}, 1, 3}));
+  EXPECT_FALSE(SamePlace(point, {{10, 21}, 3, 2}));
+}
+
+TEST(IsLive, OnlyWhatIsThereAndNotErased) {
+  const Truss truss = TrussBuilder()
+                          .Member(0, 0, 1, 0)
+                          .Member(0, 0, 2, 0)
+                          .ThenErased()
+                          .Force(0, 0, 1, 0)
+                          .Force(0, 0, 2, 0)
+                          .ThenErased();
+  for (const ObjectType type : {ObjectType::Member, ObjectType::Force}) {
+    EXPECT_TRUE(IsLive(truss, {type, 1, 0}));
+    EXPECT_FALSE(IsLive(truss, {type, 2, 0}));
+    EXPECT_FALSE(IsLive(truss, {type, 3, 0}));
+  }
+  EXPECT_FALSE(IsLive(truss, {}));
 }

@@ -28,6 +28,12 @@ TEST_F(ValueEditorTest, AResultBeyondSinglePrecisionIsRefusedLikewise) {
   EXPECT_LT(truss.Members[1].X2, 3e38F);
 }
 
+TEST_F(ValueEditorTest, AHeightBeyondSinglePrecisionIsRefusedLikewise) {
+  Use(TrussBuilder().Member(0, 3e38F, 0, 0).Force(0, 0, -1, 0));
+  OpenMember(Notation::Rectangular);
+  ExpectRefused(MemberKind, "0", "1e38", NotNumbers);
+}
+
 TEST_F(ValueEditorTest, TheOtherEndpointsCoordinatesAreRefused) {
   OpenMember(Notation::Absolute, 0);
   ExpectRefused(MemberKind, "3", "4", EraseMember);
