@@ -192,6 +192,43 @@ TEST(DrawingChecks, AReactionOutsideTheCanvasIsTold) {
               testing::Not(testing::Contains(Field(&DrawingCheck::Kind, CheckKind::OutsideDrawing))));
 }
 
+// Arrows point at the support, from the side from which it pushes.
+TEST(DrawingChecks, AReactionMayLeaveTheCanvasOnEachOfItsSides) {
+  const CanvasBounds bounds{.PixL = 0, .PixR = 400, .PixT = 0, .PixB = 400};
+  const auto isOutside = [&](float x, float y, std::int16_t type) {
+    Truss truss = TrussBuilder().Member(10, 10, x, y).Roller(x, y, "R", type);
+    truss.Settings.XMin = truss.Settings.YMin = 0;
+    truss.Settings.XMax = 20;
+    truss.View = DeriveView(truss.Settings, bounds);
+    const auto checks = CheckDrawing(truss, {.Bounds = bounds, .CanvasWidth = 400, .CanvasHeight = 400}, {});
+    return std::ranges::count(checks, CheckKind::OutsideDrawing, &DrawingCheck::Kind) == 1;
+  };
+  struct Side {
+    float X, Y;
+    std::int16_t FromThere;
+  };
+  for (const Side& side : {Side{10, 0, 5}, {10, 20, 6}, {20, 10, 7}, {0, 10, 8}}) {
+    EXPECT_TRUE(isOutside(side.X, side.Y, side.FromThere)) << side.X << ", " << side.Y;
+    EXPECT_FALSE(isOutside(10, 5, side.FromThere));
+  }
+}
+
+TEST(DrawingChecks, AnErasedForceIsNotApart) {
+  EXPECT_THAT(Check(Sound().Force(15, 9, 1, 0)),
+              testing::Contains(Found(CheckKind::Apart, "acts on no member")));
+  EXPECT_THAT(Check(Sound().Force(15, 9, 1, 0).ThenErased()), IsEmpty());
+}
+
+TEST(DrawingChecks, ProgramsKnowTheKindsByWords) {
+  for (const auto& [kind, word] :
+       {std::pair(CheckKind::NearEnds, "near-ends"), std::pair(CheckKind::ThroughJoint, "through-joint"),
+        std::pair(CheckKind::CoincidentMembers, "coincident-members"),
+        std::pair(CheckKind::CoincidentSupports, "coincident-supports"), std::pair(CheckKind::Apart, "apart"),
+        std::pair(CheckKind::SingleMemberJoint, "single-member-joint")}) {
+    EXPECT_STREQ(KindWord(kind), word);
+  }
+}
+
 TEST(DrawingChecks, TheLargestDocumentIsCheckedInTime) {
   TrussBuilder builder;
   for (int i = 0; i < 2000; ++i) {

@@ -129,4 +129,35 @@ TEST(WhyText, ShowsControlCharactersOfNamesAndIsUtf8) {
   EXPECT_THAT(lines, Contains(Field(&WhyLine::Text, HasSubstr("E\xE2\x90\x9B\xC3\xA9"))));
 }
 
+TEST(MotionChoices, BeginTheirTextWithTheirNumber) {
+  EXPECT_EQ(BeginningOfText({MotionChoice::Kind::Motion, 1, ""}), "Motion 1.");
+  EXPECT_EQ(BeginningOfText({MotionChoice::Kind::Motion, 12, "Motion 12: A moves"}), "Motion 12.");
+  EXPECT_EQ(BeginningOfText({MotionChoice::Kind::SelfStress, 3, ""}), "Self-stress 3.");
+}
+
+TEST(MotionChoices, OfOneJointIsInTheSingular) {
+  const Explained truss(TrussBuilder()
+                            .Member(0, 0, 4, 0, "bar")
+                            .Member(4, 0, 4, 3, "free")
+                            .Clamp(0, 0, "x", "y")
+                            .Roller(4, 0, "r")
+                            .Joint(4, 3, "P"));
+  EXPECT_THAT(MotionChoices(truss.Reasons.Graph, truss.Reasons.Exact, {}),
+              ElementsAre(Field(&MotionChoice::Title, "Motion 1: P moves")));
+}
+
+TEST(MotionChoices, OfWhatThereIsNotAreDescribedByTheirNameAlone) {
+  const Explained truss = ParallelogramOnABar();
+  const auto& graph = truss.Reasons.Graph;
+  for (const auto& [kind, title] : {std::pair(MotionChoice::Kind::Motion, "Motion 7: P moves"),
+                                    std::pair(MotionChoice::Kind::SelfStress, "Self-stress 7: bar")}) {
+    const MotionChoice choice{kind, 7, title};
+    EXPECT_EQ(DescribeChoice(&choice, graph, truss.Reasons.Exact, {}),
+              choice.Title.substr(0, choice.Title.find(':')) + ".");
+  }
+  const MotionChoice motion{MotionChoice::Kind::Motion, 7, "Motion 7: P moves"};
+  EXPECT_THAT(NoteOnChoice(&motion, graph, truss.Reasons.Exact), HasSubstr("at second order only"));
+  EXPECT_THAT(NoteOnChoice(nullptr, graph, truss.Reasons.Exact), HasSubstr("neither motions nor"));
+}
+
 }  // namespace

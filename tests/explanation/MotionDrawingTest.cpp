@@ -561,4 +561,42 @@ TEST(MotionTexts, AreLedToTheirJointsWhereTheyCannotStandBesideThem) {
     EXPECT_THAT(surface.Lines, Contains(DrawnLine{leader.X1, leader.Y1, leader.X2, leader.Y2, 1, DarkGrey}));
 }
 
+// The names of members and reactions do not go along; names of joints keep clear of them in each picture.
+TEST(MotionTexts, NamesOfJointsKeepClearOfTheNamesOfForces) {
+  for (const Reasoned& truss : {PushedParallelogram(), ExampleTruss("critical-hexagon")}) {
+    MotionScene scene = truss.Motion(0);
+    scene.NamesOfForces = true;
+    for (const double swing : {-1.0, 0.0, 0.4, 1.0}) {
+      const MotionDrawing drawing = truss.Drawn(scene, swing);
+      std::vector<PixelRect> names;
+      for (const MemberRec& member : drawing.Shown.MembersInUse()) {
+        for (const LabelIndex label : {member.NameLabel1, member.NameLabel2}) {
+          const LabelPlace& place = drawing.Objects.lblRodJoint[label];
+          if (place.Visible)
+            names.push_back({place.Left, place.Top, place.Left + place.Width, place.Top + place.Height});
+        }
+      }
+      EXPECT_FALSE(names.empty());
+      EXPECT_FALSE(NamesIn(drawing).empty());
+      for (const PixelRect& ofJoint : NamesIn(drawing)) {
+        for (const PixelRect& ofForce : names) EXPECT_FALSE(Overlap(ofJoint, ofForce)) << swing;
+      }
+    }
+  }
+}
+
+TEST(MotionTexts, AreNoneOfMoreJointsThanCanBeNamed) {
+  TrussBuilder builder;
+  builder.Clamp(0, 0, "x", "y");
+  for (int i = 0; i < MostNamedJoints; ++i) {
+    const auto x = static_cast<float>(i);
+    builder.Member(x, 0, x + 1, 0, "m").Joint(x + 1, 0, "J");
+  }
+  const Reasoned chain(builder);
+  const MotionDrawing drawing = chain.Drawn(chain.Motion(0));
+  ASSERT_EQ(drawing.Shown.NumJoints, MostNamedJoints + 1);
+  EXPECT_THAT(NamesIn(drawing), IsEmpty());
+  EXPECT_THAT(drawing.Leaders, IsEmpty());
+}
+
 }  // namespace

@@ -445,4 +445,86 @@ TEST(HandText, SaysWhereTheReducedMatrixDoesNotSeeAContradiction) {
   EXPECT_THAT(loose, testing::Each(testing::Not(HasSubstr("reduced matrix")))) << "it says the same";
 }
 
+// Steps as they could be found, of the triangle: Ax, Ay and B are its forces 1 to 3, AB, AC and BC 4 to 6.
+class HandTextOfAStep : public testing::Test {
+ protected:
+  std::vector<std::string> Lines(const HandStep& step) const { return Text(step).Lines; }
+  HandStepText Text(const HandStep& step) const {
+    return HandText(told_.Graph, told_.Solution, told_.Format).Step(step);
+  }
+
+  ToldByHand told_{Truss(HandTriangle())};
+};
+
+TEST_F(HandTextOfAStep, EquationsSolvedTogetherTellHowManyForcesTheyGive) {
+  HandStep step{.Kind = HandStepKind::Together, .Joints = {1, 2}, .Unknowns = {4, 5}};
+  EXPECT_THAT(Text(step).Heading, testing::EndsWith(" unknown forces together"));
+  EXPECT_THAT(Lines(step).front(), HasSubstr("must be solved together for AB and AC, as the matrix does."));
+  step.Solved = {{5, -12.5}};
+  EXPECT_EQ(Lines(step).size(), 3U);
+  EXPECT_THAT(Lines(step)[1],
+              testing::AllOf(testing::StartsWith("They determine "), testing::EndsWith(" force.")));
+  EXPECT_THAT(Lines(step)[2], testing::StartsWith("AC"));
+  step.Solved = {{4, 3}, {5, -12.5}};
+  EXPECT_EQ(Lines(step).size(), 3U);
+  EXPECT_THAT(Lines(step)[1], testing::StartsWith("AB"));
+  step.Contradicts = true;
+  EXPECT_EQ(Lines(step).back(), "These equations contradict each other: no forces balance the loads.");
+  EXPECT_EQ(Lines(step).size(), 2U);
+}
+
+TEST_F(HandTextOfAStep, WhatIsPutAsideIsToldWithItsReason) {
+  HandStep step{
+      .Kind = HandStepKind::Section, .Equations = {{.Kind = BalanceKind::X}}, .Joints = {1}, .Cut = {4, 5}};
+  const auto aside = [&](BalanceKind kind, const std::vector<int>& forces) {
+    step.Equations.front().Kind = kind;
+    step.PutAside = forces;
+    return Lines(step)[1];
+  };
+  EXPECT_EQ(aside(BalanceKind::X, {5}), "AC has no horizontal component.");
+  EXPECT_EQ(aside(BalanceKind::Y, {5}), "AC has no vertical component.");
+  EXPECT_EQ(aside(BalanceKind::Y, {4, 5}), "AB and AC lie in one direction and have no vertical component.");
+  EXPECT_THAT(aside(BalanceKind::Moment, {5}), testing::StartsWith("AC passes through "));
+  EXPECT_THAT(aside(BalanceKind::Moment, {4, 5}), testing::StartsWith("AB and AC meet in "));
+}
+
+TEST_F(HandTextOfAStep, APartWithoutACutIsLookedAtAsItIs) {
+  const HandStep step{.Kind = HandStepKind::Section, .Joints = {1, 2}};
+  EXPECT_EQ(Text(step).Heading, "Part of the truss");
+  EXPECT_EQ(Lines(step).front(), "The part with joints A and B is looked at.");
+}
+
+TEST_F(HandTextOfAStep, TheBalanceOfAPartIsSaidToBeOne) {
+  HandStep step{.Kind = HandStepKind::Reactions, .Joints = {1, 2, 3}};
+  EXPECT_EQ(Lines(step).front(), "The balance of the whole truss.");
+  step.Joints = {1, 2};
+  step.StillSought = {3};
+  EXPECT_EQ(Lines(step).front(), "The balance of the part with joints A and B.");
+  EXPECT_EQ(Lines(step).back(),
+            "This balance does not give B yet.  The joints and sections that follow may give it.");
+  step.StillSought = {2, 3};
+  EXPECT_THAT(Lines(step).back(), testing::StartsWith("This balance does not give Ay and B: none of"));
+}
+
+TEST_F(HandTextOfAStep, AMemberBesideSeveralInLineWithALoadCarriesNothing) {
+  const HandStep step{.Kind = HandStepKind::ZeroForce,
+                      .Joint = 3,
+                      .Solved = {{6, 0}},
+                      .Rule = ZeroRule::LoadAlongOne,
+                      .InLine = {4, 5}};
+  EXPECT_EQ(Text(step).Heading, "Nothing in BC");
+  EXPECT_EQ(
+      Lines(step).front(),
+      "AB and AC lie in one line with the load at joint C: BC, the only other member, carries nothing.");
+}
+
+TEST(HandText, TellsTheFirstOfManyLoadsInTheirComponents) {
+  TrussBuilder fan = HandTriangle();
+  for (int i = 1; i <= 13; ++i) fan.Force(4, 4, static_cast<float>(3 * i), static_cast<float>(-4 * i));
+  const std::string all = AllLines(ToldByHand(fan));
+  EXPECT_THAT(all, HasSubstr("; so do the others have two components."));
+  EXPECT_THAT(all, HasSubstr("of 60 at joint C is 36 to the right and 48 down"));
+  EXPECT_THAT(all, testing::Not(HasSubstr("of 65 at joint C"))) << "the thirteenth";
+}
+
 }  // namespace

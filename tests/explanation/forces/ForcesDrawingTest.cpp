@@ -327,4 +327,29 @@ TEST(ForcesDrawing, AnEmptyRoomHasNoTexts) {
   EXPECT_THAT(drawing.Labels, IsEmpty());
 }
 
+TEST(ForcesDrawing, ThePlaceOfAForceIsThatOfItsMemberOrArrow) {
+  const SolvedForces truss = LoadedTriangleForces();
+  const ForcesDrawing drawing = truss.Drawn();
+  const auto boxOf = [](const PixelLine& line) {
+    return PixelRect{std::min(line.X1, line.X2), std::min(line.Y1, line.Y2), std::max(line.X1, line.X2),
+                     std::max(line.Y1, line.Y2)};
+  };
+  for (const DrawnMember& member : drawing.Members)
+    EXPECT_EQ(PlaceOf(drawing, truss.Forces, member.Unknown), boxOf(member.Line));
+  int numReactions = 0;
+  for (const DrawnForce& arrow : drawing.Arrows) {
+    if (arrow.What != ArrowOf::Reaction) continue;
+    ++numReactions;
+    EXPECT_EQ(PlaceOf(drawing, truss.Forces, arrow.Number), boxOf(arrow.Line));
+  }
+  EXPECT_GE(numReactions, 2);
+  for (const int none : {-1, 0, truss.Forces.Graph.NumUnknowns() + 1})
+    EXPECT_EQ(PlaceOf(drawing, truss.Forces, none), std::nullopt);
+  ForcesDrawing empty = drawing;
+  empty.Members.clear();
+  empty.Arrows.clear();
+  for (int k = 1; k <= truss.Forces.Graph.NumUnknowns(); ++k)
+    EXPECT_EQ(PlaceOf(empty, truss.Forces, k), std::nullopt) << "it is not drawn";
+}
+
 }  // namespace

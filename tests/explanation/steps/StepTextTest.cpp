@@ -577,4 +577,61 @@ TEST(StepText, SaysTheValuesThatTheRowsGive) {
                                              "707.1.")));
 }
 
+// The list of all steps, beside the sentence of the one that is looked at.
+TEST(StepText, HasATitleForEachKindOfStep) {
+  const SteppedTruss triangle(HandTriangle());
+  const StepText text = triangle.Text();
+  const EliminationStep step{.Row = 1, .OtherRow = 3, .Column = 1, .OtherColumn = 4, .Number = -0.5};
+  const auto title = [&](StepKind kind) {
+    EliminationStep one = step;
+    one.Kind = kind;
+    return text.Title(one);
+  };
+  const std::string row = text.Row(1);
+  const std::string other = text.Row(3);
+  EXPECT_EQ(title(StepKind::Begin), "The equations");
+  EXPECT_EQ(title(StepKind::Pivot), "Pivot: " + text.Column(1) + " in " + row);
+  EXPECT_EQ(title(StepKind::ExchangeRows), "Exchange " + row + " and " + other);
+  EXPECT_EQ(title(StepKind::ExchangeColumns), "Exchange " + text.Column(1) + " and " + text.Column(4));
+  EXPECT_EQ(title(StepKind::Divide), "Divide " + row + " by -0.5");
+  EXPECT_EQ(title(StepKind::Clear), row + " plus 0.5 times " + other);
+  EXPECT_EQ(title(StepKind::PivotsEnd), "No further pivot");
+  EXPECT_EQ(title(StepKind::Clean), "Clean");
+  EXPECT_EQ(title(StepKind::RestoreColumns), "Restore the columns");
+  EXPECT_EQ(title(StepKind::RestoreRows), "Restore the rows");
+  EXPECT_EQ(title(StepKind::Read), "Read the rows");
+}
+
+TEST(StepText, SaysOfAStepThatIsCarriedOutWhatItHasDone) {
+  const SteppedTruss triangle(HandTriangle());
+  const StepText text = triangle.Text();
+  for (const EliminationStep& step : triangle.Story.Steps) {
+    const std::string coming = text.Sentence(step, false);
+    const std::string done = text.Sentence(step, true);
+    EXPECT_EQ(coming == done, !Changes(step.Kind)) << coming;
+    if (Changes(step.Kind)) EXPECT_THAT(done, testing::ContainsRegex(" have | has | stand ")) << coming;
+  }
+}
+
+// What came about is known only afterwards.
+TEST(StepText, RemarksFollowTheStepThatIsCarriedOut) {
+  const SteppedTruss moves(LooseSquare());
+  const StepText text = moves.Text();
+  for (std::size_t i = 0; i < moves.Story.Steps.size(); ++i) {
+    const EliminationStep& step = moves.Story.Steps[i];
+    const auto holdsRemarks = [&](const std::vector<std::string>& view) {
+      return std::ranges::all_of(text.Remarks(i), [&](const std::string& remark) {
+        return std::ranges::find(view, remark) != view.end();
+      });
+    };
+    EXPECT_TRUE(holdsRemarks(text.View(i, true))) << i;
+    EXPECT_EQ(holdsRemarks(text.View(i, false)), !Changes(step.Kind) || text.Remarks(i).empty()) << i;
+    EXPECT_EQ(text.View(i, true).front(), text.Sentence(step, true));
+    for (const std::string& line : StepText::Introduction()) {
+      const std::vector<std::string> view = text.View(i, false);
+      EXPECT_EQ(std::ranges::count(view, line), i == 0 ? 1 : 0) << "it is said once";
+    }
+  }
+}
+
 }  // namespace
