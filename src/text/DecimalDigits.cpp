@@ -28,7 +28,7 @@ DecimalDigits ShortestDigits(Float value) {
   }
   if (at != written.ptr) {
     ++at;
-    if (at != written.ptr && *at == '+') ++at;
+    if (*at == '+') ++at;  // there is always a sign
     int power = 0;
     std::from_chars(at, written.ptr, power);
     result.Exponent = power + 1;
