@@ -24,6 +24,7 @@ TEST(DirectionOf, ARollerPushesOneWay) {
 }
 
 TEST(DirectionOf, OtherTypesAndComponentsHaveNone) {
-  for (const std::int16_t type : {-1, 0, 9, 32767}) EXPECT_FALSE(DirectionOf(type, 1).Exists()) << type;
+  for (const int type : {-1, 0, 9, 32767})
+    EXPECT_FALSE(DirectionOf(static_cast<std::int16_t>(type), 1).Exists()) << type;
   for (const int component : {-1, 0, 3}) EXPECT_FALSE(DirectionOf(1, component).Exists()) << component;
 }
