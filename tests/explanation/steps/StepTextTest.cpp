@@ -609,7 +609,9 @@ TEST(StepText, SaysOfAStepThatIsCarriedOutWhatItHasDone) {
     const std::string coming = text.Sentence(step, false);
     const std::string done = text.Sentence(step, true);
     EXPECT_EQ(coming == done, !Changes(step.Kind)) << coming;
-    if (Changes(step.Kind)) EXPECT_THAT(done, testing::ContainsRegex(" have | has | stand ")) << coming;
+    if (Changes(step.Kind)) {
+      EXPECT_THAT(done, testing::ContainsRegex(" have | has | stand ")) << coming;
+    }
   }
 }
 
