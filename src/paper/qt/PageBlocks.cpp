@@ -68,9 +68,10 @@ class Wrapped final : public PageBlock {
 
 // The letters, each in its column, without the toolkit's layout of texts, which takes a third of the time of
 // a long document. False where that cannot be: a file of pages takes letters by themselves, but not all that
-// is painted on does (the preview keeps texts), and not every letter is one of the font's.
+// is painted on does (the preview keeps texts), not every letter is one of the font's, and a line below them
+// is not drawn.
 bool DrawColumns(QPainter& painter, const PaperFont& font, QPointF start, const QString& text) {
-  if (painter.paintEngine()->type() != QPaintEngine::Pdf) return false;
+  if (painter.paintEngine()->type() != QPaintEngine::Pdf || font.Font.underline()) return false;
   const QList<quint32> all = font.Glyphs.glyphIndexesForString(text);
   if (all.size() != text.size() || all.contains(0)) return false;
   QList<quint32> letters;
