@@ -10,6 +10,15 @@
 #define ORVANE_INLINE inline
 #endif
 
+// An array of registers is held in registers only when no loop over it is left.
+#if defined(__clang__)
+#define ORVANE_UNROLL _Pragma("unroll")
+#elif defined(__GNUC__)
+#define ORVANE_UNROLL _Pragma("GCC unroll 16")
+#else
+#define ORVANE_UNROLL
+#endif
+
 namespace {
 
 template <class Register>
@@ -120,36 +129,55 @@ ORVANE_INLINE void SubtractFromLanesWith(double* lanes, const Index* columns, co
 }
 
 template <class Register>
-ORVANE_INLINE void SubtractPanelWith(double* lanes, std::size_t start, const double* panel,
-                                     const PanelRow* rows, std::size_t count, const double* ownRows) {
-  constexpr std::size_t pair = LanesOf<Register> == 8 ? 2 : 1;  // of the few registers for each column
+ORVANE_INLINE void SubtractPanelWith(double* lanes, const double* factors, const double* cells,
+                                     std::uint64_t rows, std::uint64_t wanted) {
+  constexpr std::size_t pair = 2;  // of registers for each column
   for (std::size_t lane = 0; lane < RowsSideBySide; lane += pair * LanesOf<Register>) {
     Register block[PanelWidth][pair];
+    ORVANE_UNROLL
     for (std::size_t c = 0; c < PanelWidth; ++c) {
+      ORVANE_UNROLL
       for (std::size_t r = 0; r < pair; ++r) {
-        Load(block[c][r], lanes + (start + c) * RowsSideBySide + lane + r * LanesOf<Register>);
+        Load(block[c][r], lanes + c * RowsSideBySide + lane + r * LanesOf<Register>);
       }
     }
-    for (std::size_t k = 0; k < count; ++k) {
-      const double* values = panel + rows[k].Row * PanelWidth;
+    const double* next = cells;
+    std::uint64_t left = rows;
+    do {
+      const auto row = static_cast<std::size_t>(std::countr_zero(left));
+      const double* values = next;
+      left &= left - 1;
+      next += PanelWidth;
+      if ((wanted >> row & 1) == 0) continue;
+      const double* rowFactors = factors + row * RowsSideBySide + lane;
+      Register factor[pair];
+      ORVANE_UNROLL
+      for (std::size_t r = 0; r < pair; ++r) Load(factor[r], rowFactors + r * LanesOf<Register>);
+      ORVANE_UNROLL
+      for (std::size_t c = 0; c < PanelWidth; ++c) {
+        ORVANE_UNROLL
+        for (std::size_t r = 0; r < pair; ++r) block[c][r] -= factor[r] * values[c];
+      }
+    } while (left != 0);
+    ORVANE_UNROLL
+    for (std::size_t c = 0; c < PanelWidth; ++c) {
+      ORVANE_UNROLL
       for (std::size_t r = 0; r < pair; ++r) {
-        Register factor;
-        Load(factor, lanes + rows[k].Column * RowsSideBySide + lane + r * LanesOf<Register>);
-        for (std::size_t c = 0; c < PanelWidth; ++c) block[c][r] -= factor * values[c];
+        Store(lanes + c * RowsSideBySide + lane + r * LanesOf<Register>, block[c][r]);
       }
     }
+  }
+}
+
+template <class Register>
+ORVANE_INLINE void SubtractOwnRowsWith(double* lanes, const double* ownRows) {
+  for (std::size_t lane = 0; lane < RowsSideBySide; lane += LanesOf<Register>) {
+    Register block[PanelWidth];
+    for (std::size_t c = 0; c < PanelWidth; ++c) Load(block[c], lanes + c * RowsSideBySide + lane);
     for (std::size_t k = 0; k < PanelWidth; ++k) {
-      for (std::size_t c = k + 1; c < PanelWidth; ++c) {
-        for (std::size_t r = 0; r < pair; ++r) {
-          block[c][r] -= block[k][r] * ownRows[k * PanelWidth + c];
-        }
-      }
+      for (std::size_t c = k + 1; c < PanelWidth; ++c) block[c] -= block[k] * ownRows[k * PanelWidth + c];
     }
-    for (std::size_t c = 0; c < PanelWidth; ++c) {
-      for (std::size_t r = 0; r < pair; ++r) {
-        Store(lanes + (start + c) * RowsSideBySide + lane + r * LanesOf<Register>, block[c][r]);
-      }
-    }
+    for (std::size_t c = 1; c < PanelWidth; ++c) Store(lanes + c * RowsSideBySide + lane, block[c]);
   }
 }
 
@@ -178,12 +206,16 @@ ORVANE_INLINE void SubtractPanelWith(double* lanes, std::size_t start, const dou
                                          std::size_t count, const double* factors) {                         \
     SubtractFromLanesWith<REGISTER>(lanes, columns, values, count, factors);                                 \
   }                                                                                                          \
-  ATTRIBUTE void SubtractPanel##NAME(double* lanes, std::size_t start, const double* panel,                  \
-                                     const PanelRow* rows, std::size_t count, const double* ownRows) {       \
-    SubtractPanelWith<REGISTER>(lanes, start, panel, rows, count, ownRows);                                  \
+  ATTRIBUTE void SubtractPanel##NAME(double* lanes, const double* factors, const double* cells,              \
+                                     std::uint64_t rows, std::uint64_t wanted) {                             \
+    SubtractPanelWith<REGISTER>(lanes, factors, cells, rows, wanted);                                        \
   }                                                                                                          \
-  constexpr VectorUpdate NAME = {Subtract##NAME, SubtractPending##NAME,   SubtractPendingTogether##NAME,     \
-                                 Largest##NAME,  SubtractFromLanes##NAME, SubtractPanel##NAME};
+  ATTRIBUTE void SubtractOwnRows##NAME(double* lanes, const double* ownRows) {                               \
+    SubtractOwnRowsWith<REGISTER>(lanes, ownRows);                                                           \
+  }                                                                                                          \
+  constexpr VectorUpdate NAME = {                                                                            \
+      Subtract##NAME,          SubtractPending##NAME, SubtractPendingTogether##NAME, Largest##NAME,          \
+      SubtractFromLanes##NAME, SubtractPanel##NAME,   SubtractOwnRows##NAME};
 // NOLINTEND(bugprone-macro-parentheses)
 
 #if defined(__GNUC__) || defined(__clang__)

@@ -23,7 +23,7 @@ inline constexpr std::size_t MostPending = 64;
 inline constexpr std::size_t RowsSideBySide = 16;
 
 /// As many columns as SubtractPanel brings up to date at once.
-inline constexpr std::size_t PanelWidth = 8;
+inline constexpr std::size_t PanelWidth = 6;
 
 inline constexpr std::size_t RoundUpToBlock(std::size_t length) {
   return (length + BlockLength - 1) / BlockLength * BlockLength;
@@ -57,12 +57,6 @@ struct PendingRows {
   const std::uint64_t* InBlock;  ///< by block: bit p is set when pivot row p is not 0 there
 };
 
-/// One row of a panel: its cells begin at the panel's cell Row * PanelWidth.
-struct PanelRow {
-  Index Column;  ///< where its factors stand
-  Index Row;
-};
-
 struct VectorUpdate {
   /// target -= Factor * Values for each of the scaled vectors in their order.
   void (*Subtract)(double* target, std::size_t length, const ScaledVector* vectors, std::size_t count);
@@ -82,11 +76,13 @@ struct VectorUpdate {
   void (*SubtractFromLanes)(double* lanes, const Index* columns, const double* values, std::size_t count,
                             const double* factors);
 
-  /// Brings the lanes of the PanelWidth columns from `start` on up to date: each of the `count` rows of the
-  /// panel is multiplied by the lanes of its pivot's column and subtracted from them, and then the PanelWidth
-  /// rows `ownRows` do the same with these columns themselves.
-  void (*SubtractPanel)(double* lanes, std::size_t start, const double* panel, const PanelRow* rows,
-                        std::size_t count, const double* ownRows);
+  /// lanes -= (row's lane of `factors`) * row for the rows of a panel, PanelWidth cells each, whose bits are
+  /// set in both masks. `cells` holds the rows whose bits are set in `rows` (one at least), in their order.
+  void (*SubtractPanel)(double* lanes, const double* factors, const double* cells, std::uint64_t rows,
+                        std::uint64_t wanted);
+
+  /// The same with the PanelWidth rows whose factors are the lanes of the panel themselves.
+  void (*SubtractOwnRows)(double* lanes, const double* ownRows);
 };
 
 /// The version for the widest registers of this processor.
