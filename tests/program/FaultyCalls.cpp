@@ -1,25 +1,17 @@
 // Calls of the system that fail on purpose, or end the program. Linked into a test they are chosen by
-// ArmFaults; as a library that is loaded before the system's by environment variables:
-//
-// ORVANE_FAULT_CALLS: "changes" (calls that change a file), "reads" (calls that read one) or "memory"
-// (allocations)
-//
-// ORVANE_FAULT_KIND: "fail", "short" (a write takes half of the bytes; what is no write goes well) or "kill"
-//
-// ORVANE_FAULT_AT: the call, from 1; 0 or nothing: none
-//
-// ORVANE_FAULT_ERROR: the number of the error that a failing call has
-//
-// ORVANE_FAULT_COUNT: a file into which the number of counted calls is written at the end
-//
-// By these variables counting begins when a file named *.trs is opened: what the system and the toolkit do
-// before is not meant.
+// ArmFaults. As a library that is loaded before the system's they serve FaultyProgram: where the program
+// opens its first file named *.trs it stops, and for each line on its standard input, "CALLS KIND AT ERROR"
+// as the numbers of a FaultPlan, a copy of it goes on from there and counts. What the system and the toolkit
+// do before is not meant, and takes longer than all that comes after. The answer, a line on standard output,
+// is how the copy ended, as waitpid tells it. The folder ORVANE_FAULT_RUNS gets the copy's standard output
+// and error, as "out" and "err", and as "count" the number of counted calls.
 #include "FaultyCalls.h"
 
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/syscall.h>
 #include <sys/types.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -42,32 +34,66 @@ FaultPlan plan{.Error = ENOSPC};
 long count = 0;
 bool hasBegun = false;
 
-const char* Setting(const char* name) {
-  const char* value = std::getenv(name);
-  return value != nullptr ? value : "";
-}
-
-__attribute__((constructor)) void ReadPlan() {
-  const char* calls = Setting("ORVANE_FAULT_CALLS");
-  plan.Calls = std::strcmp(calls, "changes") == 0  ? Calls::Changes
-               : std::strcmp(calls, "reads") == 0  ? Calls::Reads
-               : std::strcmp(calls, "memory") == 0 ? Calls::Memory
-                                                   : Calls::None;
-  plan.Kind = std::strcmp(Setting("ORVANE_FAULT_KIND"), "short") == 0  ? FaultKind::Short
-              : std::strcmp(Setting("ORVANE_FAULT_KIND"), "kill") == 0 ? FaultKind::Kill
-                                                                       : FaultKind::Fail;
-  plan.At = std::atol(Setting("ORVANE_FAULT_AT"));
-  if (*Setting("ORVANE_FAULT_ERROR") != '\0') plan.Error = std::atoi(Setting("ORVANE_FAULT_ERROR"));
+// Null for no such run.
+const char* FileOfRuns(const char* name) {
+  static char path[4096];
+  const char* folder = std::getenv("ORVANE_FAULT_RUNS");
+  if (folder == nullptr) return nullptr;
+  std::snprintf(path, sizeof path, "%s/%s", folder, name);
+  return path;
 }
 
 __attribute__((destructor)) void TellCount() {
-  const char* path = Setting("ORVANE_FAULT_COUNT");
-  if (*path == '\0') return;
   hasBegun = false;
-  std::FILE* file = std::fopen(path, "w");
+  const char* path = FileOfRuns("count");
+  std::FILE* file = path != nullptr ? std::fopen(path, "w") : nullptr;
   if (file == nullptr) return;
   std::fprintf(file, "%ld\n", count);
   std::fclose(file);
+}
+
+int OpenDirectly(const char* path, int flags, mode_t mode) {
+  return static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
+}
+
+void LeadTo(const char* path, int descriptor) {
+  const int file = OpenDirectly(path, O_RDWR | O_CREAT | O_TRUNC, 0600);
+  dup2(file, descriptor);
+  close(file);
+}
+
+bool ReadOrder(FaultPlan& order) {
+  char line[64] = {};
+  for (std::size_t length = 0; length + 1 < sizeof line; ++length) {
+    if (syscall(SYS_read, STDIN_FILENO, line + length, 1) != 1) return false;
+    if (line[length] == '\n') break;
+  }
+  int calls = 0, kind = 0;
+  if (std::sscanf(line, "%d %d %ld %d", &calls, &kind, &order.At, &order.Error) != 4) return false;
+  order.Calls = static_cast<Calls>(calls);
+  order.Kind = static_cast<FaultKind>(kind);
+  return true;
+}
+
+// Returns in each copy, and never in the program itself.
+void GoOnInCopies() {
+  FaultPlan order;
+  while (ReadOrder(order)) {
+    const pid_t copy = fork();
+    if (copy == 0) {
+      LeadTo("/dev/null", STDIN_FILENO);
+      LeadTo(FileOfRuns("out"), STDOUT_FILENO);
+      LeadTo(FileOfRuns("err"), STDERR_FILENO);
+      ArmFaults(order);
+      return;
+    }
+    int status = 0;
+    waitpid(copy, &status, 0);
+    char answer[16];
+    const int length = std::snprintf(answer, sizeof answer, "%d\n", status);
+    syscall(SYS_write, STDOUT_FILENO, answer, length);
+  }
+  _exit(0);
 }
 
 // True when this call is the one.
@@ -95,10 +121,10 @@ bool IsTrussFile(const char* path) {
 }
 
 int OpenIt(const char* path, int flags, mode_t mode) {
-  if (IsTrussFile(path)) hasBegun = true;
+  if (!hasBegun && IsTrussFile(path) && FileOfRuns("") != nullptr) GoOnInCopies();
   const bool changes = (flags & (O_WRONLY | O_RDWR | O_CREAT)) != 0;
   if (Fails(changes ? Calls::Changes : Calls::Reads)) return -1;
-  return static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
+  return OpenDirectly(path, flags, mode);
 }
 
 bool IsStandard(int descriptor) { return descriptor <= 2; }

@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QProcess>
-#include <QProcessEnvironment>
 #include <array>
 #include <memory>
 
@@ -28,16 +27,6 @@ class WithApplication final : public testing::Environment {
 
 const testing::Environment* const registered = testing::AddGlobalTestEnvironment(new WithApplication);
 
-QProcessEnvironment EnvironmentFor(const ProgramCall& call) {
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
-    environment.remove(QString::fromLatin1(name));
-  }
-  environment.insert(QStringLiteral("LC_ALL"), call.LocaleName);
-  for (const auto& [name, value] : call.Environment.toStdMap()) environment.insert(name, value);
-  return environment;
-}
-
 Ended Run(const QString& program, const ProgramCall& call) {
   QProcess process;
   process.setProcessEnvironment(EnvironmentFor(call));
@@ -54,6 +43,16 @@ Ended Run(const QString& program, const ProgramCall& call) {
 }
 
 }  // namespace
+
+QProcessEnvironment EnvironmentFor(const ProgramCall& call) {
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+    environment.remove(QString::fromLatin1(name));
+  }
+  environment.insert(QStringLiteral("LC_ALL"), call.LocaleName);
+  for (const auto& [name, value] : call.Environment.toStdMap()) environment.insert(name, value);
+  return environment;
+}
 
 Ended RunProgram(const ProgramCall& call) { return Run(QStringLiteral(ORVANE_PROGRAM), call); }
 

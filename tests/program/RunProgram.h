@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <QMap>
+#include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -21,6 +22,9 @@ struct ProgramCall {
   QString LocaleName = QStringLiteral("C");  ///< LC_ALL
   QMap<QString, QString> Environment = {};   ///< variables to be set besides
 };
+
+/// The environment in which the program runs.
+QProcessEnvironment EnvironmentFor(const ProgramCall& call);
 
 Ended RunProgram(const ProgramCall& call);
 Ended RunProgram(const QStringList& arguments, const QByteArray& input = {});
