@@ -112,19 +112,25 @@ void WriteSolutions(JsonStream& list, const AnalysedFile& file, const ReportForm
 
 template <class Number>
 void WriteMatrix(JsonStream& rows, const SparseMatrix<Number>& matrix) {
+  // Most cells are 0.
+  std::string zeros;
+  for (int column = 1; column <= matrix.NumColumns(); ++column) zeros += ",0";
   for (int row = 1; row <= matrix.NumRows(); ++row) {
-    std::string cells = "[";
+    std::string cells;
     int next = 1;
     const auto zerosUpTo = [&](int column) {
-      for (; next < column; ++next) cells += next > 1 ? ",0" : "0";
+      cells.append(zeros, 0, 2 * static_cast<std::size_t>(column - next));
+      next = column + 1;
     };
     for (const auto& [column, value] : matrix.Row(row)) {
       zerosUpTo(column);
-      if (next++ > 1) cells += ',';
+      cells += ',';
       cells += JsonNumber(value);
     }
     zerosUpTo(matrix.NumColumns() + 1);
-    rows.Item(cells + ']');
+    cells.front() = '[';
+    cells += ']';
+    rows.Item(cells);
   }
 }
 
