@@ -78,7 +78,7 @@ class PagedTextTest : public testing::Test {
     QRect red;
     for (int y = 0; y < image.height(); ++y) {
       for (int x = 0; x < image.width(); ++x) {
-        if (image.pixelColor(x, y) == QColor(255, 0, 0)) red |= QRect(x, y, 1, 1);
+        if (image.pixel(x, y) == qRgb(255, 0, 0)) red |= QRect(x, y, 1, 1);
       }
     }
     if (red.isNull()) return std::nullopt;

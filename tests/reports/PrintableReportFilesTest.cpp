@@ -93,6 +93,12 @@ Truss Strip(int panels) {
   return builder;
 }
 
+// Long to write and to read, so it is done once.
+const PdfUnderTest& PdfOfStrip() {
+  static const PdfUnderTest pdf = Solved(Strip(25)).Pdf();
+  return pdf;
+}
+
 void ExpectAllHeadingsInOrder(const std::string& text) {
   std::size_t from = 0;
   for (const char* heading : ReportHeadings) {
@@ -163,9 +169,7 @@ TEST(ReportFile, TheSameReportGivesTheSameBytes) {
 }
 
 TEST(ReportFile, ATableWiderThanPaperIsBrokenIntoBlocksWithItsFirstColumnAgain) {
-  const Solved solved(Strip(25));
-  const auto pdf = solved.Pdf();
-  const auto words = pdf.Words();
+  const std::vector<PdfWord>& words = PdfOfStrip().Words();
   const auto count = [&words](const std::string& text) {
     return std::ranges::count(words, text, &PdfWord::Text);
   };
@@ -176,7 +180,7 @@ TEST(ReportFile, ATableWiderThanPaperIsBrokenIntoBlocksWithItsFirstColumnAgain) 
   constexpr double textEdge = (210 - 20) / 25.4 * 72;
   for (const PdfWord& word : words) EXPECT_LE(word.Right, textEdge + 1) << word.Text;
   // No column of either table is lost: each unknown heads a column of each and stands in the solution.
-  for (int member = 1; member <= solved.Document.NumMembers; ++member) {
+  for (int member = 1; member <= Strip(25).NumMembers; ++member) {
     std::string name = "T";
     name.append(std::to_string(member));
     EXPECT_GE(count(name), 3) << name;
@@ -186,9 +190,8 @@ TEST(ReportFile, ATableWiderThanPaperIsBrokenIntoBlocksWithItsFirstColumnAgain) 
 // --- what the files say of their parts
 
 TEST(ReportFile, EveryPageOfATableInThePdfBeginsWithItsHeader) {
-  const Solved solved(Strip(25));
-  const auto pdf = solved.Pdf();
-  const auto words = pdf.Words();
+  const PdfUnderTest& pdf = PdfOfStrip();
+  const std::vector<PdfWord>& words = pdf.Words();
   int pagesOfTables = 0;
   for (int page = pdf.Word("augmented").Page + 1; page <= pdf.NumPages(); ++page) {
     const auto first = std::ranges::find(words, page, &PdfWord::Page);
@@ -200,7 +203,7 @@ TEST(ReportFile, EveryPageOfATableInThePdfBeginsWithItsHeader) {
 }
 
 TEST(ReportFile, TheEquationsOfAJointStandOnOnePageOfThePdf) {
-  const auto words = Solved(Strip(25)).Pdf().Words();
+  const std::vector<PdfWord>& words = PdfOfStrip().Words();
   int joints = 0;
   for (std::size_t i = 0; i + 2 < words.size(); ++i) {
     if (words[i].Text != "Equations" || words[i + 1].Text != "for") continue;
@@ -315,36 +318,50 @@ TEST(ReportFile, ThereIsNoFileWhenTheUserWantsNoMore) {
 
 // --- pictures
 
-bool IsDark(const QImage& image, int x, int y) { return image.valid(x, y) && qGray(image.pixel(x, y)) < 160; }
+// Where an image is dark.
+class DarkDots {
+ public:
+  explicit DarkDots(const QImage& image) : grey_(image.convertToFormat(QImage::Format_Grayscale8)) {}
 
-// Where something is drawn.
-QRect DarkPart(const QImage& image, const QRect& within) {
-  QRect dark;
-  for (int y = within.top(); y <= within.bottom(); ++y) {
-    for (int x = within.left(); x <= within.right(); ++x) {
-      if (IsDark(image, x, y)) dark |= QRect(x, y, 1, 1);
+  QSize Size() const { return grey_.size(); }
+  bool At(int x, int y) const { return grey_.valid(x, y) && Row(y)[x] < 160; }
+
+  QRect In(const QRect& within) const {
+    QRect dark;
+    for (int y = within.top(); y <= within.bottom(); ++y) {
+      const uchar* row = Row(y);
+      for (int x = within.left(); x <= within.right(); ++x) {
+        if (row[x] < 160) dark |= QRect(x, y, 1, 1);
+      }
     }
+    return dark;
   }
-  return dark;
-}
 
-// The part of the dark dots of one image that have a dark dot of the other one near by.
-double Matched(const QImage& image, const QImage& other) {
-  constexpr int near = 3;
-  const auto otherHas = [&other](int x, int y) {
+  bool Near(int x, int y) const {
+    if (At(x, y)) return true;
+    constexpr int near = 3;
     for (int dy = -near; dy <= near; ++dy) {
       for (int dx = -near; dx <= near; ++dx) {
-        if (IsDark(other, x + dx, y + dy)) return true;
+        if (At(x + dx, y + dy)) return true;
       }
     }
     return false;
-  };
+  }
+
+ private:
+  const uchar* Row(int y) const { return grey_.constScanLine(y); }
+
+  QImage grey_;
+};
+
+// The part of the dark dots of one image that have a dark dot of the other one near by.
+double Matched(const DarkDots& image, const DarkDots& other) {
   int dark = 0, matched = 0;
-  for (int y = 0; y < image.height(); ++y) {
-    for (int x = 0; x < image.width(); ++x) {
-      if (!IsDark(image, x, y)) continue;
+  for (int y = 0; y < image.Size().height(); ++y) {
+    for (int x = 0; x < image.Size().width(); ++x) {
+      if (!image.At(x, y)) continue;
       ++dark;
-      matched += otherHas(x, y);
+      matched += other.Near(x, y);
     }
   }
   return dark == 0 ? 0 : static_cast<double>(matched) / dark;
@@ -355,9 +372,9 @@ void ExpectPictureBetween(const PdfUnderTest& pdf, const QImage& page, const cha
   constexpr double dotsPerPoint = PictureDotsPerInch / 72.0;
   const int top = static_cast<int>(pdf.Word(above).Bottom * dotsPerPoint) + 4;
   const int bottom = static_cast<int>(pdf.Word(below).Top * dotsPerPoint) - 4;
-  const QRect place = DarkPart(page, QRect(QPoint(0, top), QPoint(page.width() - 1, bottom)));
+  const QRect place = DarkDots(page).In(QRect(QPoint(0, top), QPoint(page.width() - 1, bottom)));
   const QImage image = ToImage(picture);
-  const QRect drawn = DarkPart(image, image.rect());
+  const QRect drawn = DarkDots(image).In(image.rect());
 
   // Beside the tab there may be less room than the picture takes.
   constexpr double room = PixelsOf(PageTextWidth) - 48;
@@ -365,9 +382,9 @@ void ExpectPictureBetween(const PdfUnderTest& pdf, const QImage& page, const cha
   EXPECT_NEAR(place.width(), scale * drawn.width(), 0.01 * drawn.width());
   EXPECT_NEAR(place.height(), scale * drawn.height(), 0.01 * drawn.height());
 
-  const QImage shown = page.copy(place);
-  const QImage expected =
-      image.copy(drawn).scaled(place.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  const DarkDots shown(page.copy(place));
+  const DarkDots expected(
+      image.copy(drawn).scaled(place.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
   EXPECT_GT(Matched(shown, expected), 0.98);
   EXPECT_GT(Matched(expected, shown), 0.98);
 }

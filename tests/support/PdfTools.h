@@ -8,6 +8,7 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -46,24 +47,10 @@ class PdfUnderTest {
     return OutputOf(QStringLiteral("pdftotext"), arguments << path_ << QStringLiteral("-")).toStdString();
   }
 
-  std::vector<PdfWord> Words() const {
-    static const QRegularExpression tag(QStringLiteral(
-        "<page |<word xMin=\"([0-9.-]+)\" yMin=\"([0-9.-]+)\" xMax=\"([0-9.-]+)\" yMax=\"([0-9.-]+)\">(.*?)"
-        "</word>"));
-    const QStringList arguments{QStringLiteral("-bbox"), path_, QStringLiteral("-")};
-    const QString output = QString::fromUtf8(OutputOf(QStringLiteral("pdftotext"), arguments));
-    std::vector<PdfWord> words;
-    int page = 0;
-    for (auto matches = tag.globalMatch(output); matches.hasNext();) {
-      const auto match = matches.next();
-      const auto number = [&match](int group) { return match.captured(group).toDouble(); };
-      if (match.captured(0).startsWith(QStringLiteral("<page"))) {
-        ++page;
-      } else {
-        words.push_back({page, number(1), number(2), number(3), number(4), match.captured(5).toStdString()});
-      }
-    }
-    return words;
+  /// All its words.
+  const std::vector<PdfWord>& Words() const {
+    if (!words_) words_ = ReadWords();
+    return *words_;
   }
 
   /// The first place of a word; a missing word fails the test.
@@ -92,6 +79,27 @@ class PdfUnderTest {
   }
 
  private:
+  std::vector<PdfWord> ReadWords() const {
+    static const QRegularExpression tag(QStringLiteral(
+        "<page |<word xMin=\"([0-9.-]+)\" yMin=\"([0-9.-]+)\" xMax=\"([0-9.-]+)\" yMax=\"([0-9.-]+)\">(.*?)"
+        "</word>"));
+    const QStringList arguments{QStringLiteral("-bbox"), path_, QStringLiteral("-")};
+    const QString output = QString::fromUtf8(OutputOf(QStringLiteral("pdftotext"), arguments));
+    std::vector<PdfWord> words;
+    int page = 0;
+    for (auto matches = tag.globalMatch(output); matches.hasNext();) {
+      const auto match = matches.next();
+      const auto number = [&match](int group) { return match.captured(group).toDouble(); };
+      if (match.captured(0).startsWith(QStringLiteral("<page"))) {
+        ++page;
+      } else {
+        words.push_back({page, number(1), number(2), number(3), number(4), match.captured(5).toStdString()});
+      }
+    }
+    return words;
+  }
+
   QTemporaryDir directory_;
   QString path_;
+  mutable std::optional<std::vector<PdfWord>> words_;  // the reader is started once
 };
