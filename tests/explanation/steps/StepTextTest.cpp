@@ -22,17 +22,40 @@ using testing::StartsWith;
 // All figures, so that a number that is read is the number that was meant.
 const ReportFormat Exact{.SigFigs = 17, .Numbers = {}};
 
+// What stands beside and above a table: the name of each row and of each column, the right-hand side's last.
+class PaperNames {
+ public:
+  PaperNames(const StepMatrix& matrix, const StepText& text) {
+    for (int row = 1; row <= matrix.NumRows(); ++row) Rows.push_back(text.Row(row));
+    for (int column = 1; column <= matrix.NumUnknowns() + 1; ++column) Columns.push_back(text.Column(column));
+    for (std::size_t i = 0; i < Rows.size(); ++i) rows_[Rows[i]] = i;
+    for (std::size_t i = 0; i < Columns.size(); ++i) columns_[Columns[i]] = i;
+  }
+
+  std::size_t Row(const std::string& name) const { return rows_.at(name); }
+  std::size_t Column(const std::string& name) const { return columns_.at(name); }
+
+  std::vector<std::string> Rows, Columns;
+
+ private:
+  std::map<std::string, std::size_t> rows_, columns_;
+};
+
 // A table on paper: rows and columns in an order, numbers by the names of both.
 class PaperTable {
  public:
-  PaperTable(const StepMatrix& matrix, const StepText& text) {
-    for (int place = 1; place <= matrix.NumRows(); ++place) rows_.push_back(text.Row(matrix.RowAt(place)));
-    for (int k = 1; k <= matrix.NumUnknowns(); ++k) columns_.push_back(text.Column(matrix.ColumnAt(k)));
-    unknowns_ = columns_;
-    for (int row = 1; row <= matrix.NumRows(); ++row) {
-      for (int column = 1; column <= matrix.NumUnknowns() + 1; ++column)
-        numbers_[text.Row(row)][text.Column(column)] = matrix(row, column);
+  PaperTable(const PaperNames& names, const StepMatrix& matrix) : names_(&names) {
+    for (int place = 1; place <= matrix.NumRows(); ++place) {
+      const auto row = static_cast<std::size_t>(matrix.RowAt(place));
+      rows_.push_back(names.Rows[row - 1]);
     }
+    for (int place = 1; place <= matrix.NumUnknowns(); ++place) {
+      const auto column = static_cast<std::size_t>(matrix.ColumnAt(place));
+      columns_.push_back(names.Columns[column - 1]);
+    }
+    unknowns_ = columns_;
+    for (int row = 1; row <= matrix.NumRows(); ++row)
+      numbers_.emplace_back(matrix.Row(row).begin(), matrix.Row(row).end());
   }
 
   // Throws nothing; a sentence that is not understood fails the test.
@@ -45,7 +68,8 @@ class PaperTable {
     static const Pattern pivot("The pivot is the coefficient of (.+) in (.+), ([-0-9.E+]+)\\.");
     if (const auto quotient = divide.Whole(sentence)) {
       ASSERT_EQ(quotient->at(1), quotient->at(2));
-      for (auto& [column, number] : numbers_[quotient->at(1)]) number = number / std::stod(quotient->at(3));
+      const double divisor = std::stod(quotient->at(3));
+      for (double& number : RowOf(quotient->at(1))) number = number / divisor;
     } else if (const auto sum = subtract.Whole(sentence)) {
       Add(*sum);
     } else if (const auto places = rows.Whole(sentence)) {
@@ -65,7 +89,9 @@ class PaperTable {
     }
   }
 
-  double At(const std::string& row, const std::string& column) const { return numbers_.at(row).at(column); }
+  double At(const std::string& row, const std::string& column) const {
+    return numbers_[names_->Row(row)][names_->Column(column)];
+  }
 
   const std::vector<std::string>& Rows() const { return rows_; }
   const std::vector<std::string>& Columns() const { return columns_; }
@@ -77,12 +103,16 @@ class PaperTable {
   }
 
  private:
+  std::vector<double>& RowOf(const std::string& name) { return numbers_[names_->Row(name)]; }
+
   // The row, itself once more, the sign, the factor or nothing, and the other row.
   void Add(const Pattern::Parts& sum) {
     ASSERT_EQ(sum.at(1), sum.at(2));
     const double factor = (sum.at(3) == "minus" ? 1 : -1) * (sum.at(4).empty() ? 1 : std::stod(sum.at(4)));
-    for (auto& [column, number] : numbers_[sum.at(1)])
-      number = number - factor * numbers_.at(sum.at(5)).at(column);
+    std::vector<double>& numbers = RowOf(sum.at(1));
+    const std::vector<double>& others = RowOf(sum.at(5));
+    for (std::size_t column = 0; column < numbers.size(); ++column)
+      numbers[column] = numbers[column] - factor * others[column];
   }
 
   static void ChangePlaces(std::vector<std::string>& names, const std::string& one, const std::string& two) {
@@ -92,20 +122,21 @@ class PaperTable {
   }
 
   void Clean(double limit) {
-    for (auto& [row, numbers] : numbers_) {
-      for (auto& [column, number] : numbers) {
+    for (std::vector<double>& numbers : numbers_) {
+      for (double& number : numbers) {
         if (std::abs(number) < limit) number = 0;
       }
     }
   }
 
   void ExpectLargest(const std::string& column, const std::string& row, double value) {
-    EXPECT_EQ(numbers_.at(row).at(column), value);
+    EXPECT_EQ(At(row, column), value);
     EXPECT_TRUE(used_.insert(row).second && used_.insert(column + " ").second);
     for (const std::string& otherRow : rows_) {
+      if (used_.contains(otherRow)) continue;
       for (const std::string& otherColumn : columns_) {
-        if (used_.contains(otherRow) || used_.contains(otherColumn + " ")) continue;
-        EXPECT_LE(std::abs(numbers_.at(otherRow).at(otherColumn)), std::abs(value));
+        if (used_.contains(otherColumn + " ")) continue;
+        EXPECT_LE(std::abs(At(otherRow, otherColumn)), std::abs(value));
       }
     }
   }
@@ -119,8 +150,9 @@ class PaperTable {
   }
 
   std::vector<std::string> rows_, columns_, unknowns_, columnsWere_;
-  std::map<std::string, std::map<std::string, double>> numbers_;
-  std::set<std::string> used_;  // by a pivot; columns with a blank behind their names
+  const PaperNames* names_;
+  std::vector<std::vector<double>> numbers_;  // in the order of the names
+  std::set<std::string> used_;                // by a pivot; columns with a blank behind their names
 };
 
 TEST(StepText, EverySentenceIsEnoughToCarryTheStepOut) {
@@ -130,16 +162,17 @@ TEST(StepText, EverySentenceIsEnoughToCarryTheStepOut) {
     if (truss.Graph.NumUnknowns() == 0 || truss.Graph.NumUnknowns() > 40) return;
     const StepText text = truss.Text(Exact);
     StepMatrix matrix(truss.Story.Equations);
-    PaperTable paper(matrix, text);
+    const PaperNames names(matrix, text);
+    PaperTable paper(names, matrix);
     for (const EliminationStep& step : truss.Story.Steps) {
       SCOPED_TRACE(text.Sentence(step, false));
       paper.CarryOut(text.Sentence(step, false));
       matrix.CarryOut(step);
-      if (truss.Graph.NumUnknowns() <= 12) paper.ExpectSameAs(PaperTable(matrix, text));
+      if (truss.Graph.NumUnknowns() <= 12) paper.ExpectSameAs(PaperTable(names, matrix));
       if (testing::Test::HasFailure()) return;
       ++kinds[step.Kind];
     }
-    paper.ExpectSameAs(PaperTable(matrix, text));
+    paper.ExpectSameAs(PaperTable(names, matrix));
   });
   EXPECT_EQ(kinds.size(), 11U) << "every kind has been told";
 }
@@ -175,8 +208,9 @@ class PurposeReader {
     const double size = std::abs(table.At(row, column));
     std::vector<std::pair<std::string, std::string>> asLarge;
     for (const std::string& otherRow : table.Rows()) {
+      if (rowsUsed_.contains(otherRow)) continue;
       for (const std::string& other : table.Columns()) {
-        if (rowsUsed_.contains(otherRow) || columnsUsed_.contains(other)) continue;
+        if (columnsUsed_.contains(other)) continue;
         if (std::abs(table.At(otherRow, other)) == size) asLarge.emplace_back(otherRow, other);
       }
     }
@@ -214,15 +248,16 @@ TEST(StepText, WhatEachStepIsForIsSeenInTheTable) {
     if (truss.Graph.NumUnknowns() == 0 || truss.Graph.NumUnknowns() > 12) return;
     const StepText text = truss.Text(Exact);
     StepMatrix matrix(truss.Story.Equations);
+    const PaperNames names(matrix, text);
     PurposeReader reader;
     for (const EliminationStep& step : truss.Story.Steps) {
       SCOPED_TRACE(text.Sentence(step, false));
-      const PaperTable before(matrix, text);
+      const PaperTable before(names, matrix);
       matrix.CarryOut(step);
       if (step.Kind == StepKind::Pivot) {
         reader.ReadPivot(before, text.Row(step.Row), text.Column(step.Column), text.Purpose(step, false));
       } else {
-        reader.Read(before, text.Purpose(step, false), PaperTable(matrix, text), text.Purpose(step, true));
+        reader.Read(before, text.Purpose(step, false), PaperTable(names, matrix), text.Purpose(step, true));
       }
       if (testing::Test::HasFailure()) return;
     }
@@ -322,11 +357,12 @@ TEST(StepText, EverySentenceIsEnoughWhateverTheNames) {
   EXPECT_EQ(text.Column(2), "[R (x)]");
   EXPECT_EQ(text.Column(4), "[12]");
   StepMatrix matrix(truss.Story.Equations);
-  PaperTable paper(matrix, text);
+  const PaperNames names(matrix, text);
+  PaperTable paper(names, matrix);
   for (const EliminationStep& step : truss.Story.Steps) {
     paper.CarryOut(text.Sentence(step, false));
     matrix.CarryOut(step);
-    paper.ExpectSameAs(PaperTable(matrix, text));
+    paper.ExpectSameAs(PaperTable(names, matrix));
   }
 }
 
@@ -455,7 +491,9 @@ TEST(StepText, ARemnantIsSoManyTimesSmallerThanWhatItIsLeftOverFrom) {
   const SteppedTruss truss(HandHexagon(5));
   const StepText text = truss.Text(Exact);
   const EliminationPivot& pivot = truss.Story.Pivots.back();
-  PaperTable paper(StepMatrix(truss.Story.Equations), text);
+  const StepMatrix matrix(truss.Story.Equations);
+  const PaperNames names(matrix, text);
+  PaperTable paper(names, matrix);
   double largest = 0;
   for (const EliminationStep& step : truss.Story.Steps) {
     if (step.Kind == StepKind::Pivot && step.Row == pivot.Row) break;
