@@ -4,12 +4,17 @@
 
 #include <benchmark/benchmark.h>
 
+#include <QApplication>
+#include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
+#include <QTimer>
 #include <fstream>
 #include <string>
 
 #include "ShapeDocument.h"
 #include "analysis/Analysis.h"
 #include "paper/Page.h"
+#include "reports/PrintPreview.h"
 #include "reports/PrintableReportFiles.h"
 
 namespace {
@@ -17,7 +22,9 @@ namespace {
 using benchmark::State;
 
 struct Solved {
-  Truss Document = DocumentOf(WarrenStrip(LargestNumUnknowns));
+  explicit Solved(const TrussShape& shape = WarrenStrip(LargestNumUnknowns)) : Document(DocumentOf(shape)) {}
+
+  Truss Document;
   TrussAnalysis Analysis = SolveTruss(Document);
 
   ReportSubject Subject() const { return {Document, Analysis, NumberFormat{}}; }
@@ -64,6 +71,51 @@ void WriteFile(State& state, DocumentFileFormat format) {
   TellMemory(state);
 }
 
+// As many members as can be solved, none of which touches another: the longest report there is.
+TrussShape LooseMembers() {
+  constexpr int count = 4090;
+  TrussShape shape;
+  for (int i = 0; i < count; ++i) {
+    const auto x = static_cast<float>(i % 64 * 3), y = static_cast<float>(i / 64 * 2);
+    shape.Joints.push_back({x, y});
+    shape.Joints.push_back({x + 1 + 0.25F * static_cast<float>(i % 5), y + 1});
+    shape.Members.emplace_back(2 * i, 2 * i + 1);
+  }
+  shape.RollerJoint = 2 * 63;
+  shape.Loads.push_back({0, 1, -5});
+  return shape;
+}
+
+// Closes the preview as soon as its pages are there.
+void CloseWithPages(State& state) {
+  QTimer::singleShot(10, [&state] {
+    auto* dialog = qobject_cast<QPrintPreviewDialog*>(QApplication::activeModalWidget());
+    const auto* pages = dialog != nullptr ? dialog->findChild<QPrintPreviewWidget*>() : nullptr;
+    if (pages == nullptr || pages->pageCount() == 0) return CloseWithPages(state);
+    state.counters["pages"] = pages->pageCount();
+    dialog->grab();
+    dialog->close();
+  });
+}
+
+void LookAtPages(State& state) {
+  const Solved solved(LooseMembers());
+  const ReportSubject subject = solved.Subject();
+  QuietClipboard quiet;
+  QWidget parent;
+  for (auto unused : state) {
+    CloseWithPages(state);
+    ShowPrintPreview(
+        {.What = "report",
+         .Name = {},
+         .Paint = [&](const PageTarget& target,
+                      const DocumentProgress& progress) { return PrintReport(subject, target, progress); },
+         .InWords = [] { return QString(); }},
+        60'000, quiet, parent);
+  }
+  TellMemory(state);
+}
+
 template <class Argument>
 void Register(const char* name, void (*function)(State&, Argument), Argument argument) {
   benchmark::RegisterBenchmark((std::string("report, largest Warren strip/") + name).c_str(), function,
@@ -81,4 +133,7 @@ void RegisterReportBenchmarks() {
   Register("RTF", WriteFile, DocumentFileFormat::Rtf);
   Register("HTML", WriteFile, DocumentFileFormat::Html);
   Register("ODT", WriteFile, DocumentFileFormat::Odt);
+  benchmark::RegisterBenchmark("report, 4090 loose members/print preview", LookAtPages)
+      ->Unit(benchmark::kMillisecond)
+      ->UseRealTime();
 }

@@ -20,9 +20,9 @@ std::optional<QByteArray> ExercisePdf(const ExerciseSet& set, const NumberFormat
   return PdfOfDocument(FooterOf(set), BuilderOf(set, numbers), progress);
 }
 
-bool PrintExercise(const ExerciseSet& set, const NumberFormat& numbers, QPagedPaintDevice& device,
+bool PrintExercise(const ExerciseSet& set, const NumberFormat& numbers, const PageTarget& target,
                    const DocumentProgress& progress) {
-  return PrintDocument(device, FooterOf(set), BuilderOf(set, numbers), progress);
+  return PrintDocument(target, FooterOf(set), BuilderOf(set, numbers), progress);
 }
 
 QString ExerciseInWords(const ExerciseSet& set, const NumberFormat& numbers) {

@@ -1,7 +1,6 @@
 // The exercise sheets as pages: a PDF file, or what a printer or a preview shows.
 #pragma once
 
-#include <QPagedPaintDevice>
 #include <string>
 
 #include "practice/ExerciseSheets.h"
@@ -13,7 +12,7 @@ std::optional<QByteArray> ExercisePdf(const ExerciseSet& set, const NumberFormat
                                       const DocumentProgress& progress = {});
 
 /// False when `progress` or the device ended it.
-bool PrintExercise(const ExerciseSet& set, const NumberFormat& numbers, QPagedPaintDevice& device,
+bool PrintExercise(const ExerciseSet& set, const NumberFormat& numbers, const PageTarget& target,
                    const DocumentProgress& progress = {});
 
 /// All that stands on the pages, for readers aloud.

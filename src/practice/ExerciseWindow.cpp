@@ -268,8 +268,8 @@ void ExerciseWindow::Print() {
   ShowPrintPreview({.What = "exercise",
                     .Name = QString::fromStdString(WithoutControls(TitleOf(set_))),
                     .Paint =
-                        [this](QPagedPaintDevice& device, const DocumentProgress& progress) {
-                          return PrintExercise(set_, numbers_, device, progress);
+                        [this](const PageTarget& target, const DocumentProgress& progress) {
+                          return PrintExercise(set_, numbers_, target, progress);
                         },
                     .InWords = [this] { return ExerciseInWords(set_, numbers_); }},
                    on_.ProgressDelay, on_.Messages, *this);

@@ -17,11 +17,26 @@
 
 namespace {
 
+bool Begin(QPainter& painter, const PageTarget& target) {
+  return target.Recording != nullptr ? target.Recording->Begin(painter, target.Device)
+                                     : painter.begin(&target.Device);
+}
+
+// What begins each of the next pages; none where the device does.
+std::function<bool()> NextPage(QPainter& painter, const PageTarget& target) {
+  if (target.Recording == nullptr) return {};
+  return [&painter, &pages = *target.Recording] { return pages.Next(painter); };
+}
+
 // Nothing is left of a document of which only the beginning was painted, as far as that can be had.
-void Abandon(QPagedPaintDevice& device, QPainter& painter) {
+void Abandon(const PageTarget& target, QPainter& painter) {
+  if (target.Recording != nullptr) {
+    painter.end();
+    return target.Recording->Clear();
+  }
   // A preview records pictures, and must not be aborted: the toolkit would delete them twice.
   const bool isPreview = painter.paintEngine()->type() == QPaintEngine::Picture;
-  auto* printer = isPreview ? nullptr : dynamic_cast<QPrinter*>(&device);
+  auto* printer = isPreview ? nullptr : dynamic_cast<QPrinter*>(&target.Device);
   if (printer != nullptr) printer->abort();
   painter.end();
   if (printer != nullptr && printer->outputFormat() == QPrinter::PdfFormat) {
@@ -31,22 +46,26 @@ void Abandon(QPagedPaintDevice& device, QPainter& painter) {
 
 }  // namespace
 
-bool PrintDocument(QPagedPaintDevice& device, const QString& title, const DocumentBuilder& build,
+bool PrintDocument(const PageTarget& target, const QString& title, const DocumentBuilder& build,
                    const DocumentProgress& progress) {
   QPainter painter;
-  if (!painter.begin(&device)) return false;
+  if (!Begin(painter, target)) return false;
   QuietShelf shelf;
   QtTextMeasure measure;
-  PagedText pages(device, painter, shelf.Shelf(), title);
+  PagedText pages(target.Device, painter, shelf.Shelf(), title, NextPage(painter, target));
   const bool isWhole =
       build({.Document = pages,
              .Clipboard = shelf.Access(),
              .Measure = [&measure](const TextFont& font,
                                    std::string_view text) { return measure.Measure(font, text); },
-             .TableRoom = TextWidth(device),
+             .TableRoom = TextWidth(target.Device),
              .Progress = [&](double done) { return !pages.Refused() && (!progress || progress(done)); }});
-  if (isWhole) pages.Finish();
-  if (!isWhole) Abandon(device, painter);
+  if (isWhole) {
+    pages.Finish();
+    if (target.Recording != nullptr) target.Recording->End(painter);
+  } else {
+    Abandon(target, painter);
+  }
   return isWhole && !pages.Refused();
 }
 

@@ -3,10 +3,12 @@
 #include <QLocale>
 #include <QPaintEngine>
 #include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
 #include <QPrinter>
 
 #include "paper/qt/PaperPages.h"
 #include "paper/qt/PreviewInWords.h"
+#include "paper/qt/PreviewPages.h"
 #include "platform/qt/ScreenRoom.h"
 #include "platform/qt/WindowInFront.h"
 #include "reports/ReportProgressDialog.h"
@@ -23,13 +25,16 @@ QPageSize PaperOfThisCountry() {
 // The preview records pages as pictures.
 bool IsPreview(const QPrinter& printer) { return printer.paintEngine()->type() == QPaintEngine::Picture; }
 
-// False when the user has cancelled.
-bool PaintOn(QPrinter& printer, const PrintedDocument& document, int progressDelay, MessageBox& messages) {
+// The pages of a preview are recorded. False when the user has cancelled.
+bool PaintOn(QPrinter& printer, RecordedPages& recording, const PrintedDocument& document, int progressDelay,
+             MessageBox& messages) {
   const bool onPaper = !IsPreview(printer);
   const QString what = onPaper ? QStringLiteral("Printing the %1 ...").arg(QLatin1String(document.What))
                                : QStringLiteral("Making the pages ...");
   ReportProgressDialog progress(what, progressDelay, WindowInFront());
-  const bool isPainted = document.Paint(printer, std::ref(progress));
+  const PageTarget target = onPaper ? PageTarget(printer) : PageTarget(printer, recording);
+  const bool isPainted = document.Paint(target, std::ref(progress));
+  if (!onPaper) PaintEmptyPages(printer, recording);
   if (isPainted || progress.wasCanceled()) return isPainted;
   progress.hide();
   if (onPaper) {
@@ -48,15 +53,17 @@ void ShowPrintPreview(const PrintedDocument& document, int progressDelay, Messag
   SetPageMargins(printer);
   printer.setDocName(document.Name);
   printer.setCreator(QStringLiteral("Orvane"));
+  RecordedPages pages;
   QPrintPreviewDialog preview(&printer, &parent, Qt::Window);
   preview.setObjectName(QStringLiteral("printPreview"));
   preview.setWindowTitle(QStringLiteral("Print the %1").arg(QLatin1String(document.What)));
   preview.resize(PreviewSize.boundedTo(WindowRoom(parent)));
   QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, [&](QPrinter* target) {
     // The preview may be about to open, so it is told to close only once it is there.
-    if (!PaintOn(*target, document, progressDelay, messages))
+    if (!PaintOn(*target, pages, document, progressDelay, messages))
       QMetaObject::invokeMethod(&preview, &QDialog::reject, Qt::QueuedConnection);
   });
+  if (auto* widget = preview.findChild<QPrintPreviewWidget*>()) ShowOnPages(*widget, printer, pages);
   PutInWords(preview, QStringLiteral("Pages"), document.InWords);
   preview.exec();
 }

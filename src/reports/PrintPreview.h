@@ -1,7 +1,6 @@
 // The preview in which any document is looked at before it is printed.
 #pragma once
 
-#include <QPagedPaintDevice>
 #include <QString>
 #include <functional>
 
@@ -13,7 +12,7 @@ struct PrintedDocument {
   QString Name;      ///< of the printer's job
 
   /// Paints all pages; false when the progress or the device has ended it.
-  std::function<bool(QPagedPaintDevice& device, const DocumentProgress& progress)> Paint;
+  std::function<bool(const PageTarget& target, const DocumentProgress& progress)> Paint;
 
   /// All that stands on them, for readers aloud.
   std::function<QString()> InWords;

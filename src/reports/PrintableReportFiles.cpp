@@ -8,7 +8,6 @@
 #include "paper/qt/QtRichText.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtTextMeasure.h"
-#include "reports/DocumentPages.h"
 #include "reports/QuietShelf.h"
 #include "text/ControlCharacters.h"
 
@@ -75,6 +74,6 @@ std::optional<QByteArray> ReportFile(const ReportSubject& subject, DocumentFileF
   return text.TakeBytes();
 }
 
-bool PrintReport(const ReportSubject& subject, QPagedPaintDevice& device, const ReportProgress& progress) {
-  return PrintDocument(device, Title(subject.Document), BuilderOf(subject), progress);
+bool PrintReport(const ReportSubject& subject, const PageTarget& target, const ReportProgress& progress) {
+  return PrintDocument(target, Title(subject.Document), BuilderOf(subject), progress);
 }

@@ -3,7 +3,6 @@
 
 #include <QByteArray>
 #include <QImage>
-#include <QPagedPaintDevice>
 #include <QTextDocument>
 #include <functional>
 #include <memory>
@@ -12,6 +11,7 @@
 #include <vector>
 
 #include "paper/FileFormats.h"
+#include "reports/DocumentPages.h"
 #include "reports/PrintableReport.h"
 
 /// What is reported on, and with which sections beyond the usual ones. All of it must outlive the calls.
@@ -42,5 +42,4 @@ std::optional<QByteArray> ReportFile(const ReportSubject& subject, DocumentFileF
 
 /// Paints the report on a printer's pages with the file's name and the page's number in the footer. False
 /// when `progress` or the device ended it.
-bool PrintReport(const ReportSubject& subject, QPagedPaintDevice& device,
-                 const ReportProgress& progress = {});
+bool PrintReport(const ReportSubject& subject, const PageTarget& target, const ReportProgress& progress = {});

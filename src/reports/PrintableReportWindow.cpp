@@ -173,8 +173,8 @@ void PrintableReportWindow::cmdReportPrint_Click() {
   ShowPrintPreview({.What = "report",
                     .Name = DocumentName(on_.Subject.Document.FileName),
                     .Paint =
-                        [this](QPagedPaintDevice& device, const DocumentProgress& progress) {
-                          return PrintReport(on_.Subject, device, progress);
+                        [this](const PageTarget& target, const DocumentProgress& progress) {
+                          return PrintReport(on_.Subject, target, progress);
                         },
                     .InWords = [this] { return TextInWords(*RichTextBox1->document()); }},
                    on_.ProgressDelay, on_.Access.Messages, *this);

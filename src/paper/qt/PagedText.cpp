@@ -32,8 +32,9 @@ float TextWidth(const QPagedPaintDevice& device) {
 
 class PagedText::Pages {
  public:
-  Pages(QPagedPaintDevice& device, QPainter& painter, const PictureShelf& shelf, QString footer)
-      : shelf_(shelf), paper_(device, painter, std::move(footer)), fonts_(device) {}
+  Pages(QPagedPaintDevice& device, QPainter& painter, const PictureShelf& shelf, QString footer,
+        PaperPages::NextPage nextPage)
+      : shelf_(shelf), paper_(device, painter, std::move(footer), std::move(nextPage)), fonts_(device) {}
 
   void Append(QStringView text, const CharacterFormat& format, LineRole role);
   bool Paste();
@@ -241,8 +242,9 @@ int PagedText::Pages::Finish() {
   return paper_.Number();
 }
 
-PagedText::PagedText(QPagedPaintDevice& device, QPainter& painter, const PictureShelf& shelf, QString footer)
-    : pages_(std::make_unique<Pages>(device, painter, shelf, std::move(footer))) {}
+PagedText::PagedText(QPagedPaintDevice& device, QPainter& painter, const PictureShelf& shelf, QString footer,
+                     std::function<bool()> nextPage)
+    : pages_(std::make_unique<Pages>(device, painter, shelf, std::move(footer), std::move(nextPage))) {}
 
 PagedText::~PagedText() = default;
 

@@ -5,6 +5,7 @@
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QString>
+#include <functional>
 #include <memory>
 
 #include "paper/PictureShelf.h"
@@ -21,8 +22,10 @@ float TextWidth(const QPagedPaintDevice& device);
 /// dots to the inch.
 class PagedText final : public RichText {
  public:
-  /// Paints with `painter`, which is active on `device`. Paste takes the picture from `shelf`, as vectors.
-  PagedText(QPagedPaintDevice& device, QPainter& painter, const PictureShelf& shelf, QString footer);
+  /// Paints with `painter`, which is active on `device`, or on pages like those of `device` which `nextPage`
+  /// begins. Paste takes the picture from `shelf`, as vectors.
+  PagedText(QPagedPaintDevice& device, QPainter& painter, const PictureShelf& shelf, QString footer,
+            std::function<bool()> nextPage = {});
   ~PagedText() override;
 
   /// Paints what is left. To be called once, after the last text. Returns the number of pages.

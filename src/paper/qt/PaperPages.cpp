@@ -29,9 +29,10 @@ void SetPageMargins(QPagedPaintDevice& device) {
   device.setPageMargins(QMarginsF(PageMargin, PageMargin, PageMargin, PageMargin), QPageLayout::Millimeter);
 }
 
-PaperPages::PaperPages(QPagedPaintDevice& device, QPainter& painter, QString footer)
+PaperPages::PaperPages(QPagedPaintDevice& device, QPainter& painter, QString footer, NextPage next)
     : device_(device),
       painter_(painter),
+      next_(std::move(next)),
       footer_(std::move(footer)),
       dpiX_(device.logicalDpiX()),
       dpiY_(device.logicalDpiY()),
@@ -58,7 +59,7 @@ void PaperPages::Break() {
   used_ = 0;
   if (refused_) return;
   PaintFooter();
-  refused_ = !device_.newPage();
+  refused_ = !(next_ ? next_() : device_.newPage());
   if (!refused_) ++number_;
 }
 

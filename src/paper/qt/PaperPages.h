@@ -5,6 +5,7 @@
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QString>
+#include <functional>
 
 /// The margins of Page.h, whatever the paper.
 void SetPageMargins(QPagedPaintDevice& device);
@@ -12,8 +13,12 @@ void SetPageMargins(QPagedPaintDevice& device);
 /// All lengths are dots of the device; (0, 0) is the top left corner of the text, x to the right, y downward.
 class PaperPages {
  public:
-  /// Begins the first page. `painter` is active on `device`. Footers are painted when their pages end.
-  PaperPages(QPagedPaintDevice& device, QPainter& painter, QString footer);
+  /// Begins the next page; false when there is none.
+  using NextPage = std::function<bool()>;
+
+  /// Begins the first page. `painter` paints on pages of `device`, which are begun by `next`, or by the
+  /// device itself where none is given. Footers are painted when their pages end.
+  PaperPages(QPagedPaintDevice& device, QPainter& painter, QString footer, NextPage next = {});
 
   QPainter& Painter() { return painter_; }
   QPagedPaintDevice& Device() const { return device_; }
@@ -53,6 +58,7 @@ class PaperPages {
 
   QPagedPaintDevice& device_;
   QPainter& painter_;
+  NextPage next_;
   QString footer_, part_;
   double dpiX_, dpiY_;
   double textWidth_, textHeight_, paperWidth_;

@@ -1,0 +1,15 @@
+// Recorded pages in the toolkit's print preview, which would keep a picture of every page.
+#pragma once
+
+#include <QPrintPreviewWidget>
+#include <QPrinter>
+
+#include "paper/qt/RecordedPages.h"
+
+/// Gives the preview's printer as many empty pages as are recorded, at least one. To be called when the
+/// preview asks for its pages.
+void PaintEmptyPages(QPrinter& printer, const RecordedPages& pages);
+
+/// From now on the preview's pages, which are empty ones of `printer`, show the recorded ones while they are
+/// seen. All of it must outlive the preview.
+void ShowOnPages(QPrintPreviewWidget& preview, const QPrinter& printer, const RecordedPages& pages);
