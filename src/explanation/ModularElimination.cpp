@@ -14,7 +14,7 @@ namespace {
 // Indices by a count that changes; finds one with the smallest count above 0.
 class Buckets {
  public:
-  explicit Buckets(int numIndices) : countOf_(At(numIndices), 0) {}
+  explicit Buckets(int numIndices) : countOf_(At(numIndices), 0) { entries_.reserve(2 * At(numIndices)); }
 
   int Count(int index) const { return countOf_[At(index)]; }
 
@@ -22,24 +22,45 @@ class Buckets {
     if (countOf_[At(index)] == count) return;
     countOf_[At(index)] = count;
     if (count <= 0) return;
-    if (At(count) >= buckets_.size()) buckets_.resize(At(count) + 1);
-    buckets_[At(count)].push_back(index);
+    if (At(count) >= tops_.size()) tops_.resize(At(count) + 1, -1);
+    Push(tops_[At(count)], index);
     lowest_ = std::min(lowest_, count);
   }
 
   /// -1 when every count is 0.
   int Smallest() {
-    for (; At(lowest_) < buckets_.size(); ++lowest_) {
-      std::vector<int>& bucket = buckets_[At(lowest_)];
-      while (!bucket.empty() && Count(bucket.back()) != lowest_) bucket.pop_back();
-      if (!bucket.empty()) return bucket.back();
+    for (; At(lowest_) < tops_.size(); ++lowest_) {
+      int& top = tops_[At(lowest_)];
+      while (top >= 0 && Count(entries_[At(top)].Index) != lowest_) Pop(top);
+      if (top >= 0) return entries_[At(top)].Index;
     }
     return -1;
   }
 
  private:
+  struct Entry {
+    int Index, Below;  // the place of the entry below it in its bucket, -1 for none
+  };
+
+  void Push(int& top, int index) {
+    if (free_ < 0) {
+      free_ = static_cast<int>(entries_.size());
+      entries_.push_back({.Index = 0, .Below = -1});
+    }
+    const int place = std::exchange(free_, entries_[At(free_)].Below);
+    entries_[At(place)] = {.Index = index, .Below = std::exchange(top, place)};
+  }
+
+  void Pop(int& top) {
+    const int place = std::exchange(top, entries_[At(top)].Below);
+    entries_[At(place)].Below = std::exchange(free_, place);
+  }
+
   std::vector<int> countOf_;
-  std::vector<std::vector<int>> buckets_;
+  std::vector<int> tops_;  // of each bucket, the place of its uppermost entry
+  std::vector<Entry>
+      entries_;  // of all buckets, and those that are free: small vectors of their own take longer
+  int free_ = -1;
   int lowest_ = 1;
 };
 
@@ -57,11 +78,12 @@ class Reducer {
         rowCounts_(static_cast<int>(rows_.size())),
         columnCounts_(numColumns) {
     std::vector<int> counts(At(numColumns));
+    for (const ModularRow& row : rows_) {
+      for (const ModularEntry& entry : row) ++counts[At(entry.Column)];
+    }
+    for (int column = 0; column < numColumns; ++column) rowsOf_[At(column)].reserve(At(counts[At(column)]));
     for (int row = 0; row < static_cast<int>(rows_.size()); ++row) {
-      for (const ModularEntry& entry : rows_[At(row)]) {
-        rowsOf_[At(entry.Column)].push_back(row);
-        ++counts[At(entry.Column)];
-      }
+      for (const ModularEntry& entry : rows_[At(row)]) rowsOf_[At(entry.Column)].push_back(row);
       rowCounts_.SetCount(row, static_cast<int>(rows_[At(row)].size()));
     }
     for (int column = 0; column < numColumns; ++column) columnCounts_.SetCount(column, counts[At(column)]);
