@@ -10,6 +10,7 @@
 
 #include "ExplanationFixture.h"
 #include "ReasonsThatHold.h"
+#include "support/HowMany.h"
 #include "support/WholeNumberRank.h"
 
 namespace {
@@ -124,9 +125,9 @@ TEST(ExactVerdict, TheWordSaysUndeterminedAlsoWhenItIsRedundant) {
             "unique");
 }
 
-TEST(ExactReasons, TenThousandSmallTrussesAgreeWithWholeNumbers) {
+TEST(ExactReasons, ThousandsOfSmallTrussesAgreeWithWholeNumbers) {
   std::mt19937 random(1);
-  for (int i = 0; i < 10000; ++i) {
+  for (int i = 0; i < HowMany(10000, 3000); ++i) {
     const TrussGraph graph = GraphOf(RandomSmallTruss(random, 6, 4 + i % 3));
     if (graph.NumUnknowns() == 0) continue;
     const ExactReasons reasons = ReasonExactly(graph);
@@ -249,7 +250,8 @@ TEST(ExactReasons, ATrussOfManyPiecesIsTakenApart) {
   const TrussGraph graph = GraphOf(builder);
   const ExactReasons reasons = ReasonExactly(graph);
   EXPECT_EQ(reasons.Motions.size(), 3000U);
-  for (const Motion& motion : reasons.Motions) EXPECT_LT(LargestLengthening(graph, motion), 1e-9);
+  const SparseMatrix<double> rigidity = RigidityRows(graph);
+  for (const Motion& motion : reasons.Motions) EXPECT_LT(LargestLengthening(graph, rigidity, motion), 1e-9);
 }
 
 // What is left of a sum beside the terms that should cancel.

@@ -8,6 +8,7 @@
 #include "explanation/ExplanationText.h"
 #include "explanation/RigidityMatrix.h"
 #include "explanation/RoundingText.h"
+#include "support/HowMany.h"
 
 namespace {
 
@@ -59,7 +60,7 @@ TrussBuilder Parallelogram() {
 TEST(ContradictionProof, CancelsOnTheLeftAndNotOnTheRight) {
   std::mt19937 random(4);
   int numProofs = 0;
-  for (int i = 0; i < 2000; ++i) {
+  for (int i = 0; i < HowMany(2000, 1000); ++i) {
     const Explanation explanation = Explain(RandomSmallTruss(random, 7, 6));
     ASSERT_EQ(explanation.Proof.has_value(), explanation.Exact.Verdict.Code() == Outcome::Inconsistent);
     if (!explanation.Proof) continue;
