@@ -103,11 +103,11 @@ TEST_F(HelpViewerTest, PicturesAreShownAtHalfTheirDots) {
 }
 
 TEST_F(HelpViewerTest, PicturesAreNoWiderThanThePage) {
+  Open();
+  viewer_.resize(520, 500);
   for (const QString& name : HelpPages()) {
     if (HelpPage(name).Pictures.isEmpty()) continue;
-    Open();
     ASSERT_TRUE(Browser().ShowPage(name));
-    viewer_.resize(520, 500);
     QTest::qWait(0);
     EXPECT_LE(PictureSize().width(), Browser().viewport()->width()) << name.toStdString();
   }

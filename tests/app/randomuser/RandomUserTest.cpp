@@ -27,15 +27,15 @@ class RandomUserRun : public RandomUser {
   }
 };
 
-TEST_F(RandomUserRun, NeverBreaksTheDocument) { Run(3000); }
+TEST_F(RandomUserRun, NeverBreaksTheDocument) { Run(1500); }
 
 TEST_F(RandomUserRun, NeverBreaksTheDocumentWithADecimalComma) {
   numbers_.DecimalSeparator = ",";
-  Run(1000);
+  Run(500);
 }
 
 TEST_F(RandomUserRun, LeavesThePrintableReportInAnyWay) {
-  const unsigned openings = Begin(3000) / 300;
+  const unsigned openings = Begin(1500) / 300;
   StartProgram();
   OpenInStep3(LoadedTriangle());
   AnswerDialogs();
