@@ -7,7 +7,6 @@
 
 #include <QBuffer>
 #include <QPdfWriter>
-#include <algorithm>
 #include <functional>
 #include <map>
 #include <optional>
@@ -372,7 +371,8 @@ void AppendRows(PagedText& text, const char* header, int rows) {
 }
 
 TEST_F(PagedTextTest, JoinedRowsStandOnOnePage) {
-  for (int above = 30; above < 75; ++above) {
+  // Two pages and whatever part of a third: a page has some 16 lines.
+  for (int above = 30; above < 50; ++above) {
     const auto pdf = Paint([above](PagedText& text) {
       Lines(text, above);
       text.Append("Kinds  F1\r\n", TableHeader, LineRole::TableHeader);
@@ -430,7 +430,7 @@ TEST_F(PagedTextTest, AHeadingStaysWithTheFirstRowOfItsTable) {
 
 TEST_F(PagedTextTest, TheLastRowOfATableStandsAloneOnNoPage) {
   std::set<int> pagesOfLast;
-  for (int rows = 12; rows <= 40; ++rows) {
+  for (int rows = 12; rows <= 32; ++rows) {
     for (const bool textFollows : {true, false}) {
       const auto pdf = Paint([rows, textFollows](PagedText& text) {
         Lines(text, 5);
@@ -563,26 +563,6 @@ TEST_F(PagedTextTest, ColoursArePainted) {
   }
   EXPECT_TRUE(hasRed);
   EXPECT_TRUE(hasBlue);
-}
-
-// Letters of equal width are placed one by one; a line below them is more than letters.
-TEST_F(PagedTextTest, UnderlinedLettersHaveTheirLine) {
-  const auto longestRunOfInk = [this](bool underline) {
-    CharacterFormat letters = TableLetters;
-    letters.Underlined = underline;
-    letters.Points = 20;
-    const QImage page = Paint([&letters](PagedText& text) { text.Append("i i i", letters); }).Page(1, 72);
-    int longest = 0;
-    for (int y = 0; y < page.height() / 2; ++y) {  // without the footer
-      for (int x = 0, run = 0; x < page.width(); ++x) {
-        run = page.pixelColor(x, y).lightness() < 128 ? run + 1 : 0;
-        longest = std::max(longest, run);
-      }
-    }
-    return longest;
-  };
-  EXPECT_LT(longestRunOfInk(false), 20);
-  EXPECT_GT(longestRunOfInk(true), 50);  // five letters of 12 points
 }
 
 TEST_F(PagedTextTest, ControlCharactersAreDropped) {
