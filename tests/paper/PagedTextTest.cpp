@@ -7,6 +7,7 @@
 
 #include <QBuffer>
 #include <QPdfWriter>
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <optional>
@@ -563,6 +564,26 @@ TEST_F(PagedTextTest, ColoursArePainted) {
   }
   EXPECT_TRUE(hasRed);
   EXPECT_TRUE(hasBlue);
+}
+
+// Letters of equal width are placed one by one; a line below them is more than letters.
+TEST_F(PagedTextTest, UnderlinedLettersHaveTheirLine) {
+  const auto longestRunOfInk = [this](bool underline) {
+    CharacterFormat letters = TableLetters;
+    letters.Underlined = underline;
+    letters.Points = 20;
+    const QImage page = Paint([&letters](PagedText& text) { text.Append("i i i", letters); }).Page(1, 72);
+    int longest = 0;
+    for (int y = 0; y < page.height() / 2; ++y) {  // without the footer
+      for (int x = 0, run = 0; x < page.width(); ++x) {
+        run = page.pixelColor(x, y).lightness() < 128 ? run + 1 : 0;
+        longest = std::max(longest, run);
+      }
+    }
+    return longest;
+  };
+  EXPECT_LT(longestRunOfInk(false), 20);
+  EXPECT_GT(longestRunOfInk(true), 50);  // five letters of 12 points
 }
 
 TEST_F(PagedTextTest, ControlCharactersAreDropped) {
