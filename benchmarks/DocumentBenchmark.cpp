@@ -124,7 +124,7 @@ void VisitingCells(State& state, const TrussShape& shape) {
   for (auto unused : state) {
     numCells = 0;
     for (const auto& table : {equations.get(), rref.get(), solutions.get()}) {
-      table->VisitCells([&](int row, int column) {
+      table->VisitCells([&](int row, int column, std::optional<int> /*shape*/) {
         benchmark::DoNotOptimize(table->Text(row, column));
         ++numCells;
       });

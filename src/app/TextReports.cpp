@@ -2,6 +2,8 @@
 #include "app/TextReports.h"
 
 #include <algorithm>
+#include <array>
+#include <optional>
 #include <vector>
 
 #include "analysis/JointEquations.h"
@@ -33,8 +35,12 @@ std::string ShownInLines(std::string_view text) {
 // In characters, which are bytes in the single-byte code page. No column is narrower than a "0".
 std::vector<std::size_t> ColumnWidths(const ReportTable& table) {
   std::vector<std::size_t> widths(static_cast<std::size_t>(table.NumColumns()), 1);
-  table.VisitCells([&](int row, int column) {
+  std::array<std::size_t, NumNumberShapes> longest{};
+  for (int shape = 0; shape < NumNumberShapes; ++shape)
+    longest[static_cast<std::size_t>(shape)] = table.LongestText(shape).size();
+  table.VisitCells([&](int row, int column, std::optional<int> shape) {
     std::size_t& width = widths[static_cast<std::size_t>(column)];
+    if (shape && longest[static_cast<std::size_t>(*shape)] <= width) return;
     width = std::max(width, table.Text(row, column).size());
   });
   return widths;

@@ -122,10 +122,9 @@ class TableWriter {
     std::array<int, NumNumberShapes> longest;
     for (int shape = 0; shape < NumNumberShapes; ++shape)
       longest[static_cast<std::size_t>(shape)] = static_cast<int>(table_.LongestText(shape).size());
-    table_.VisitCells([&](int row, int column) {
+    table_.VisitCells([&](int row, int column, std::optional<int> shape) {
       if (!goesOn || column >= numColumns_) return;
       ++visited[static_cast<std::size_t>(column)];
-      const std::optional<int> shape = table_.Shape(row, column);
       if (!shape || longest[static_cast<std::size_t>(*shape)] > Width(column))
         Width(column) = std::max(Width(column), static_cast<int>(CellText(table_, row, column).size()));
       if (row != lastRow) goesOn = GoesOn(MeasuringPart * row / table_.NumRows());

@@ -6,9 +6,11 @@
 #include <QApplication>
 #include <QClipboard>
 #include <algorithm>
+#include <array>
 #include <numeric>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 
@@ -60,22 +62,52 @@ bool HasEvenFigures(const QFontMetricsF& metrics, const QString& signs) {
   return true;
 }
 
-// Pixels of the longest text of each shape of numbers, by which the texts of most cells need not be asked
-// for; none where the font does not allow that.
-std::vector<int> WidthsOfShapes(const ReportTable& table, const QFont& font) {
-  const auto textOf = [&](int shape) { return OneLineText(ToQt(table.LongestText(shape))); };
-  QString signs;
-  for (int shape = 0; shape < NumNumberShapes; ++shape) {
-    for (const QChar c : textOf(shape)) {
-      if (c != u'0' && !signs.contains(c)) signs.append(c);
+// Pixels that columns need for numbers, without laying each out; of none where the font does not allow that.
+class NumberWidths {
+ public:
+  NumberWidths(const ReportTable& table, const QFont& font) {
+    std::string signs;
+    for (int shape = 0; shape < NumNumberShapes; ++shape) {
+      for (const char c : table.LongestText(shape)) {
+        if (c != '0' && signs.find(c) == std::string::npos) signs += c;
+      }
     }
+    const QFontMetricsF metrics(font);
+    const std::string withPowers = signs + "E+-";
+    if (HasEvenFigures(metrics, OneLineText(ToQt(withPowers)))) {
+      signs = withPowers;
+    } else if (!HasEvenFigures(metrics, OneLineText(ToQt(signs)))) {
+      return;
+    }
+    for (const char c : "0123456789" + signs)
+      advance_[static_cast<unsigned char>(c)] =
+          metrics.horizontalAdvance(OneLineText(ToQt(std::string(1, c))).front());
+    for (int shape = 0; shape < NumNumberShapes; ++shape)
+      ofShapes_[static_cast<std::size_t>(shape)] = Of(table.LongestText(shape)).value_or(0);
+    isKnown_ = true;
   }
-  if (!HasEvenFigures(QFontMetricsF(font), signs)) return {};
-  std::vector<int> widths;
-  for (int shape = 0; shape < NumNumberShapes; ++shape)
-    widths.push_back(QFontMetrics(font).horizontalAdvance(textOf(shape)) + TextPadding);
-  return widths;
-}
+
+  /// Whether no number of that shape needs more than that.
+  bool Fits(int shape, int width) const {
+    return isKnown_ && ofShapes_[static_cast<std::size_t>(shape)] <= width;
+  }
+
+  /// Nothing for a text with other letters.
+  std::optional<int> Of(std::string_view text) const {
+    double width = 0;
+    for (const char c : text) {
+      const double advance = advance_[static_cast<unsigned char>(c)];
+      if (advance == 0) return std::nullopt;
+      width += advance;
+    }
+    return qRound(width) + TextPadding;
+  }
+
+ private:
+  std::array<double, 256> advance_{};  // of the letters of numbers
+  std::array<int, NumNumberShapes> ofShapes_{};
+  bool isKnown_ = false;
+};
 
 }  // namespace
 
@@ -153,13 +185,17 @@ void ReportGrid::MeasureColumns() {
   const QFontMetrics metrics = fontMetrics();
   const int largest = LargestColumnWidth(table.NumColumns());
   columnWidths_.assign(static_cast<std::size_t>(table.NumColumns()), MinColumnWidth);
-  const std::vector<int> shapes = WidthsOfShapes(table, font());
-  std::unordered_map<std::string, int> widths;  // most cells of a matrix show one of a few texts
-  table.VisitCells([&](int row, int column) {
+  const NumberWidths numbers(table, font());
+  std::unordered_map<std::string, int> widths;  // many cells show one of a few texts
+  table.VisitCells([&](int row, int column, std::optional<int> shape) {
     int& width = columnWidths_[static_cast<std::size_t>(column)];
-    const std::optional<int> shape = shapes.empty() ? std::nullopt : table.Shape(row, column);
-    if (shape && shapes[static_cast<std::size_t>(*shape)] <= width) return;
-    const auto [entry, isNew] = widths.try_emplace(table.Text(row, column), 0);
+    if (shape && numbers.Fits(*shape, width)) return;
+    std::string text = table.Text(row, column);
+    if (const std::optional<int> ofNumber = numbers.Of(text)) {
+      width = std::min(largest, std::max(width, *ofNumber));
+      return;
+    }
+    const auto [entry, isNew] = widths.try_emplace(std::move(text), 0);
     if (isNew) entry->second = metrics.horizontalAdvance(OneLineText(ToQt(entry->first))) + TextPadding;
     width = std::min(largest, std::max(width, entry->second));
   });

@@ -23,18 +23,18 @@ class ReportTable {
   virtual int NumColumns() const = 0;
   virtual std::string Text(int row, int column) const = 0;
 
-  /// Of a cell whose number has one (FormatSigFigs.h); its text is not longer than that of its shape, and
-  /// need not be asked for where only the longest matters.
-  virtual std::optional<int> Shape(int row, int column) const;
-  virtual std::string LongestText(int shape) const;
-
   /// Calls `visit` for the cells of a row from the first column to the last, both inclusive, but for cells
   /// that are known to show "0".
   virtual void VisitRow(int row, int firstColumn, int lastColumn,
                         const std::function<void(int column)>& visit) const = 0;
 
+  /// A cell with the shape of its number, where it has one (FormatSigFigs.h): its text is not longer than
+  /// that of its shape, and need not be asked for where only the longest matters.
+  using CellVisit = std::function<void(int row, int column, std::optional<int> shape)>;
+
   /// The same for every cell, row by row. Lets widths be measured without asking for each zero.
-  void VisitCells(const std::function<void(int row, int column)>& visit) const;
+  virtual void VisitCells(const CellVisit& visit) const;
+  virtual std::string LongestText(int shape) const;
 
  protected:
   /// VisitRow of a row of which nothing is known.

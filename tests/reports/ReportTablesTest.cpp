@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -59,7 +60,10 @@ TrussBuilder LoadedTriangle() {
 void ExpectVisitsAllButZeros(const ReportTable& table) {
   std::set<std::pair<int, int>> visited;
   int lastRow = 0;
-  table.VisitCells([&](int row, int column) {
+  table.VisitCells([&](int row, int column, std::optional<int> shape) {
+    if (shape) {
+      EXPECT_LE(table.Text(row, column).size(), table.LongestText(*shape).size());
+    }
     EXPECT_TRUE(visited.emplace(row, column).second) << row << ", " << column;
     EXPECT_GE(row, lastRow);
     lastRow = row;
