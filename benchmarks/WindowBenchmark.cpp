@@ -11,6 +11,7 @@
 #include <fstream>
 #include <memory>
 
+#include "DrawingBenchmark.h"
 #include "ReportBenchmark.h"
 #include "ShapeDocument.h"
 #include "app/MainForm.h"
@@ -219,11 +220,7 @@ void ZoomForces(State& state, TrussShape (*shape)(int), int zoom) {
   bool in = false;
   for (auto unused : state) {
     in = !in;
-    if (in) {
-      view->ZoomIn();
-    } else {
-      view->ZoomOut();
-    }
+    in ? view->ZoomIn() : view->ZoomOut();
     view->repaint();
   }
 }
@@ -324,6 +321,7 @@ int main(int argc, char** argv) {
   Register("mouse move with read-out and snapping", MoveMouse);
   Register("mouse press that picks", PressThatPicks);
   Register("drag of a member end, a frame", DragMemberEnd);
+  RegisterDrawingBenchmarks();
   RegisterReportBenchmarks();
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
