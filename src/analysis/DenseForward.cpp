@@ -10,6 +10,7 @@
 #include <bit>
 #include <cmath>
 #include <functional>
+#include <numeric>
 #include <utility>
 
 #include "analysis/EliminationLimits.h"
@@ -52,7 +53,8 @@ class DenseBlock {
   void BringUpToDate(Index row);
   void BringUpToDate(const Index* rows, std::size_t count);
   void CloseWindow();
-  void DropPivotColumns(Index firstRow);
+  void ClearPivotPlaces(double* cells) const;
+  void DropPivotPlaces(double* cells) const;
 
   Echelon& echelon_;
   const EliminationTuning& tuning_;
@@ -70,8 +72,8 @@ class DenseBlock {
   Index numPending_ = 0;
   Numbers window_;  // the pivot rows that are pending, with 0 in the columns of pivots
   std::vector<std::uint64_t> pendingInBlock_;
-  std::vector<Numbers> factors_;  // by pending pivot and row; 0 where it has been subtracted
-  std::vector<Index> pivotPlaces_;
+  std::vector<Numbers> factors_;    // by pending pivot and row; 0 where it has been subtracted
+  std::vector<Index> pivotPlaces_;  // of the window; rows with pending updates may still have entries there
   std::vector<Index> keptColumns_;  // these two only while a row is divided by its pivot
   std::vector<double> keptValues_;
   std::vector<ScaledVector> updates_;
@@ -188,14 +190,11 @@ void DenseBlock::Normalise(Index row, Index pivotPlace) {
 }
 
 /// Brings the pivot's column up to date and takes the factors of the rows below from it; the rest of their
-/// updates is left pending.
+/// updates is left pending. So is the 0 in the column itself, as writing it would cost as much as reading.
 void DenseBlock::ClearColumn(Index pivotRow, Index place) {
   const Index firstBelow = pivotRow + 1;
   Numbers& factors = factors_[numPending_];
-  for (Index row = firstBelow; row < numRows_; ++row) {
-    factors[row] = rowCells_[row][place];
-    rowCells_[row][place] = 0;
-  }
+  for (Index row = firstBelow; row < numRows_; ++row) factors[row] = rowCells_[row][place];
   const std::size_t from = firstBelow / BlockLength * BlockLength;
   updates_.clear();
   for (Index pending = 0; pending < numPending_; ++pending) {
@@ -225,7 +224,12 @@ void DenseBlock::RaiseBounds(Index firstRow, const Numbers& factors) {
   }
 }
 
+void DenseBlock::ClearPivotPlaces(double* cells) const {
+  for (const Index place : pivotPlaces_) cells[place] = 0;
+}
+
 void DenseBlock::BringUpToDate(Index row) {
+  ClearPivotPlaces(rowCells_[row]);
   std::array<double, MostPending> factors;
   for (std::uint64_t left = pendingOf_[row]; left != 0; left &= left - 1) {
     const auto pending = static_cast<std::size_t>(std::countr_zero(left));
@@ -249,6 +253,7 @@ void DenseBlock::BringUpToDate(const Index* rows, std::size_t count) {
   for (std::size_t at = 0; at < RowsTogether; ++at) {
     mask |= pendingOf_[rows[at]];
     cells[at] = rowCells_[rows[at]];
+    ClearPivotPlaces(cells[at]);
   }
   for (Index pending = 0; pending < numPending_; ++pending) {
     for (std::size_t at = 0; at < RowsTogether; ++at) {
@@ -262,47 +267,42 @@ void DenseBlock::BringUpToDate(const Index* rows, std::size_t count) {
   }
 }
 
-/// Brings every row up to date and drops the columns of the pivots.
+/// Brings every row up to date and drops the columns of the pivots, while the row is in the cache.
 void DenseBlock::CloseWindow() {
-  const Index firstRow = NumTaken();
-  std::vector<Index> behind;
-  for (Index row = firstRow; row < numRows_; ++row) {
-    if (pendingOf_[row] != 0) behind.push_back(row);
-  }
+  std::sort(pivotPlaces_.begin(), pivotPlaces_.end(), std::greater<>());
+  std::vector<Index> rows(numRows_ - NumTaken());
+  std::iota(rows.begin(), rows.end(), NumTaken());
   // Rows that take about the same pivot rows are neighbours then.
-  std::sort(behind.begin(), behind.end(), [this](Index left, Index right) {
+  std::sort(rows.begin(), rows.end(), [this](Index left, Index right) {
     const int numLeft = std::popcount(pendingOf_[left]);
     const int numRight = std::popcount(pendingOf_[right]);
     return numLeft != numRight ? numLeft > numRight : pendingOf_[left] > pendingOf_[right];
   });
   std::atomic<std::size_t> next = 0;
-  RunInParallel(behind.size() < tuning_.FewestRowsForThreads ? 1 : tuning_.MostThreads, [&] {
-    for (std::size_t from = 0; (from = next.fetch_add(RowsTogether)) < behind.size();) {
-      BringUpToDate(behind.data() + from, std::min(RowsTogether, behind.size() - from));
+  RunInParallel(rows.size() < tuning_.FewestRowsForThreads ? 1 : tuning_.MostThreads, [&] {
+    for (std::size_t from = 0; (from = next.fetch_add(RowsTogether)) < rows.size();) {
+      const std::size_t count = std::min(RowsTogether, rows.size() - from);
+      if (pendingOf_[rows[from]] != 0) BringUpToDate(rows.data() + from, count);
+      for (std::size_t at = from; at < from + count; ++at) DropPivotPlaces(rowCells_[rows[at]]);
     }
   });
-  DropPivotColumns(firstRow);
-  for (Numbers& factors : factors_) std::fill(factors.begin(), factors.end(), 0.0);
-  numPending_ = 0;
-}
-
-/// The places of the pivots' columns are filled from the end of each row.
-void DenseBlock::DropPivotColumns(Index firstRow) {
-  std::sort(pivotPlaces_.begin(), pivotPlaces_.end(), std::greater<>());
-  for (Index row = firstRow; row < numRows_; ++row) {
-    double* cells = rowCells_[row];
-    std::size_t last = columns_.size();
-    for (const Index place : pivotPlaces_) {
-      cells[place] = cells[--last];
-      cells[last] = 0;
-    }
-  }
   for (const Index place : pivotPlaces_) {
     columns_[place] = columns_.back();
     columns_.pop_back();
   }
   std::fill(pendingInBlock_.begin(), pendingInBlock_.end(), std::uint64_t{0});
   pivotPlaces_.clear();
+  for (Numbers& factors : factors_) std::fill(factors.begin(), factors.end(), 0.0);
+  numPending_ = 0;
+}
+
+/// The places of the pivots' columns, in descending order, are filled from the end of the row.
+void DenseBlock::DropPivotPlaces(double* cells) const {
+  std::size_t last = columns_.size();
+  for (const Index place : pivotPlaces_) {
+    cells[place] = cells[--last];
+    cells[last] = 0;
+  }
 }
 
 }  // namespace
