@@ -8,12 +8,14 @@
 
 namespace {
 
-/// Looks at the bits, as this needs no branch; the sign is shifted out.
-bool HasALaneOtherThanZero(const double* lanes) {
+/// Returns 1 when a number is not 0. Looks at the bits, as this needs no branch; the sign is shifted out.
+std::uint64_t IsAnyNotZero(const double* numbers, std::size_t count) {
   std::uint64_t bits = 0;
-  for (std::size_t lane = 0; lane < RowsSideBySide; ++lane) bits |= std::bit_cast<std::uint64_t>(lanes[lane]);
-  return bits << 1 != 0;
+  for (std::size_t at = 0; at < count; ++at) bits |= std::bit_cast<std::uint64_t>(numbers[at]);
+  return bits << 1 != 0 ? 1 : 0;
 }
+
+bool HaveAny(const RowsOfHalves& halves, std::uint64_t rows) { return ((halves[0] | halves[1]) & rows) != 0; }
 
 }  // namespace
 
@@ -80,21 +82,23 @@ void UpwardPanels::Fill(const UsefulRows& rows, std::size_t number) {
   });
 }
 
-/// Returns a bit for each row of the chunk that some lane has a factor for.
-std::uint64_t UpwardPanels::ReduceOwnPanels(const VectorUpdate& vector, const Chunk& chunk,
-                                            double* ownLanes) const {
-  std::uint64_t hasFactor = 0;
+/// Returns which rows of the chunk some lane has a factor for.
+RowsOfHalves UpwardPanels::ReduceOwnPanels(const VectorUpdate& vector, const Chunk& chunk,
+                                           double* ownLanes) const {
+  constexpr std::size_t half = RowsSideBySide / 2;
+  RowsOfHalves hasFactor{};
   for (std::size_t panel = 0; panel < PanelsInChunk; ++panel) {
     const std::size_t firstColumn = panel * PanelWidth;
     double* lanes = ownLanes + firstColumn * RowsSideBySide;
     const Block& block = chunk.Blocks[panel];
-    if ((block.Rows & hasFactor) != 0) {
+    if (HaveAny(hasFactor, block.Rows)) {
       vector.SubtractPanel(lanes, ownLanes, chunk.Cells.data() + block.FirstCell, block.Rows, hasFactor);
     }
     vector.SubtractOwnRows(lanes, chunk.OwnRows.data() + firstColumn * PanelWidth);
     for (std::size_t column = 0; column < PanelWidth; ++column) {
-      const std::uint64_t bit = HasALaneOtherThanZero(lanes + column * RowsSideBySide) ? 1 : 0;
-      hasFactor |= bit << (firstColumn + column);
+      const double* factors = lanes + column * RowsSideBySide;
+      hasFactor[0] |= IsAnyNotZero(factors, half) << (firstColumn + column);
+      hasFactor[1] |= IsAnyNotZero(factors + half, half) << (firstColumn + column);
     }
   }
   return hasFactor;
@@ -104,10 +108,10 @@ void UpwardPanels::Subtract(const VectorUpdate& vector, double* lanes, Index fir
   for (std::size_t at = (firstFactor - first_) / ChunkWidth; at < chunks_.size(); ++at) {
     const Chunk& chunk = chunks_[at];
     double* ownLanes = LanesOfPanel(lanes, at * PanelsInChunk);
-    const std::uint64_t hasFactor = ReduceOwnPanels(vector, chunk, ownLanes);
+    const RowsOfHalves hasFactor = ReduceOwnPanels(vector, chunk, ownLanes);
     for (std::size_t number = PanelsInChunk; number < chunk.Blocks.size(); ++number) {
       const auto& [panel, rows, firstCell] = chunk.Blocks[number];
-      if ((rows & hasFactor) == 0) continue;
+      if (!HaveAny(hasFactor, rows)) continue;
       vector.SubtractPanel(LanesOfPanel(lanes, panel), ownLanes, chunk.Cells.data() + firstCell, rows,
                            hasFactor);
     }

@@ -40,7 +40,7 @@ class UpwardPanels {
   double* LanesOfPanel(double* lanes, std::size_t panel) const {
     return lanes + (first_ + panel * PanelWidth) * RowsSideBySide;
   }
-  std::uint64_t ReduceOwnPanels(const VectorUpdate& vector, const Chunk& chunk, double* ownLanes) const;
+  RowsOfHalves ReduceOwnPanels(const VectorUpdate& vector, const Chunk& chunk, double* ownLanes) const;
   void Fill(const UsefulRows& rows, std::size_t number);
   template <class Visit>
   void ForEachEntry(const UsefulRows& rows, std::size_t number, Visit visit) const;

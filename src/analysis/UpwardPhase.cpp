@@ -52,7 +52,6 @@ class LaneReducer {
         lanes_(panels.NumColumnsOfLanes() * RowsSideBySide) {}
 
   void Reduce(const Index* positions, std::size_t count) {
-    std::fill(lanes_.begin(), lanes_.end(), 0.0);
     Index first = rows_.NumPivotSlots;
     for (std::size_t lane = 0; lane < count; ++lane) {
       first = std::min(first, Fill(lane, positions[lane]));
@@ -69,6 +68,7 @@ class LaneReducer {
       panels_.Subtract(vector_, lanes_.data(), std::max(first, rows_.FirstFullSlot));
     }
     for (std::size_t lane = 0; lane < count; ++lane) Take(lane, reduced_[positions[lane]]);
+    std::fill(Lanes(first), lanes_.data() + lanes_.size(), 0.0);
   }
 
  private:
@@ -98,7 +98,7 @@ class LaneReducer {
   const UpwardPanels& panels_;
   std::vector<ReducedRow>& reduced_;
   const VectorUpdate& vector_;
-  Numbers lanes_;
+  Numbers lanes_;  // 0 between two groups
 };
 
 }  // namespace

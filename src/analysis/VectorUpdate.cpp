@@ -130,9 +130,14 @@ ORVANE_INLINE void SubtractFromLanesWith(double* lanes, const Index* columns, co
 
 template <class Register>
 ORVANE_INLINE void SubtractPanelWith(double* lanes, const double* factors, const double* cells,
-                                     std::uint64_t rows, std::uint64_t wanted) {
+                                     std::uint64_t rows, const RowsOfHalves& wantedOfHalves) {
   constexpr std::size_t pair = 2;  // of registers for each column
+  constexpr std::size_t half = RowsSideBySide / 2;
+  constexpr bool takesBothHalves = pair * LanesOf < Register >> half;
   for (std::size_t lane = 0; lane < RowsSideBySide; lane += pair * LanesOf<Register>) {
+    const std::uint64_t wanted =
+        takesBothHalves ? wantedOfHalves[0] | wantedOfHalves[1] : wantedOfHalves[lane / half];
+    if ((rows & wanted) == 0) continue;
     Register block[PanelWidth][pair];
     ORVANE_UNROLL
     for (std::size_t c = 0; c < PanelWidth; ++c) {
@@ -207,7 +212,7 @@ ORVANE_INLINE void SubtractOwnRowsWith(double* lanes, const double* ownRows) {
     SubtractFromLanesWith<REGISTER>(lanes, columns, values, count, factors);                                 \
   }                                                                                                          \
   ATTRIBUTE void SubtractPanel##NAME(double* lanes, const double* factors, const double* cells,              \
-                                     std::uint64_t rows, std::uint64_t wanted) {                             \
+                                     std::uint64_t rows, const RowsOfHalves& wanted) {                       \
     SubtractPanelWith<REGISTER>(lanes, factors, cells, rows, wanted);                                        \
   }                                                                                                          \
   ATTRIBUTE void SubtractOwnRows##NAME(double* lanes, const double* ownRows) {                               \

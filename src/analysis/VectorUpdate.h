@@ -3,6 +3,7 @@
 // subtractions in the order given, so that all versions compute the same bits.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <new>
@@ -57,6 +58,9 @@ struct PendingRows {
   const std::uint64_t* InBlock;  ///< by block: bit p is set when pivot row p is not 0 there
 };
 
+/// A bit for each row, for the first and the second half of the lanes.
+using RowsOfHalves = std::array<std::uint64_t, 2>;
+
 struct VectorUpdate {
   /// target -= Factor * Values for each of the scaled vectors in their order.
   void (*Subtract)(double* target, std::size_t length, const ScaledVector* vectors, std::size_t count);
@@ -76,10 +80,11 @@ struct VectorUpdate {
   void (*SubtractFromLanes)(double* lanes, const Index* columns, const double* values, std::size_t count,
                             const double* factors);
 
-  /// lanes -= (row's lane of `factors`) * row for the rows of a panel, PanelWidth cells each, whose bits are
-  /// set in both masks. `cells` holds the rows whose bits are set in `rows` (one at least), in their order.
+  /// lanes -= (row's lane of `factors`) * row for the rows of a panel, PanelWidth cells each. `cells` holds
+  /// the rows whose bits are set in `rows` (one at least), in their order. Rows whose bits are not set in
+  /// wanted[h] may be left out for half h of the lanes, as their factors are 0 there.
   void (*SubtractPanel)(double* lanes, const double* factors, const double* cells, std::uint64_t rows,
-                        std::uint64_t wanted);
+                        const RowsOfHalves& wanted);
 
   /// The same with the PanelWidth rows whose factors are the lanes of the panel themselves.
   void (*SubtractOwnRows)(double* lanes, const double* ownRows);
