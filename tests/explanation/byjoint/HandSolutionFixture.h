@@ -49,7 +49,8 @@ inline int CountSteps(const HandSolution& solution, HandStepKind kind) {
   return static_cast<int>(std::ranges::count(solution.Steps, kind, &HandStep::Kind));
 }
 
-/// With the values found put in, each equation adds up to 0, and what holds has the same number on both sides.
+/// With the values found put in, each equation adds up to 0, and what holds has the same number on both
+/// sides.
 inline void ExpectEquationsHold(const HandSolution& solution) {
   for (const HandStep& step : solution.Steps) {
     for (const BalanceEquation& equation : step.Equations) {
