@@ -95,9 +95,16 @@ const char* HelpTopicForStep(int step, bool instructionsShown) {
 
 const char* HelpTopicForReport(ReportKind report, const TrussAnalysis& analysis, bool owesToRounding) {
   if (analysis.System.NumUnknowns() == 0) return HelpTopicForStep(3, false);
-  if (report == ReportKind::Counting) return "\\orvane.chm::\\truss help\\determinacy.htm#count";
-  if (report == ReportKind::Equations) return MathHelpTopic;
-  return owesToRounding ? RoundingHelpTopic : TopicOfConclusion(analysis.Reading);
+  switch (report) {  // without a default: the compiler asks for the topic of a new report
+    case ReportKind::Counting:
+      return "\\orvane.chm::\\truss help\\determinacy.htm#count";
+    case ReportKind::Equations:
+      return MathHelpTopic;
+    case ReportKind::RREF:
+    case ReportKind::Solutions:
+      return owesToRounding ? RoundingHelpTopic : TopicOfConclusion(analysis.Reading);
+  }
+  return HelpTopicForStep(3, false);
 }
 
 std::optional<HelpTopicPlace> PlaceOfHelpTopic(std::string_view topicPath) {

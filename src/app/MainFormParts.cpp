@@ -129,7 +129,7 @@ void MainForm::CreateReportPanel() {
     const char* Text;
     const char* ToolTip;
   };
-  static constexpr std::array<Button, 4> buttons = {{
+  static constexpr Button buttons[] = {
       {ReportKind::Counting, "cmdReportCounting", "&Counting",
        "How many unknown forces and how many equations there are"},
       {ReportKind::Equations, "cmdReportSystemEqs", "&Equations",
@@ -137,17 +137,18 @@ void MainForm::CreateReportPanel() {
       {ReportKind::RREF, "cmdReportRREF", "&RREF", "The matrix in reduced row echelon form"},
       {ReportKind::Solutions, "cmdReportSolutions", "So&lutions",
        "The values of the forces, and what they mean"},
-  }};
+  };
   constexpr int width = 76;
-  for (int i = 0; i < 4; ++i) {
-    const Button& button = buttons[static_cast<std::size_t>(i)];
+  int left = 8;
+  for (const Button& button : buttons) {
     QPushButton* control =
         AddPanelButton(picStep3_, QString::fromLatin1(button.Name), QString::fromUtf8(button.Text),
-                       QString::fromUtf8(button.ToolTip), 8 + i * (width + 2), width);
+                       QString::fromUtf8(button.ToolTip), left, width);
+    left += width + 2;
     OnPress(control, this, [this, report = button.Report] { ShowReport(report); });
   }
   StepNavigation& navigation = navigation_[2];
-  navigation.CaptionLeft = 321;
+  navigation.CaptionLeft = left + 1;
   navigation.Caption =
       AddStepCaption(picStep3_, QStringLiteral("Label11"), QStringLiteral("Step 3\nView reports"));
   navigation.Prev = AddStepButton(picStep3_, QStringLiteral("cmdPrev3"), QStringLiteral("< &Back"),

@@ -110,15 +110,15 @@ std::string CsvText(const ReportTable& table, int row, int column) {
 }
 
 std::unique_ptr<ReportTable> LoadTable(const AnalysedFile& file, CsvTable table, const ReportFormat& format) {
-  switch (table) {
+  switch (table) {  // without a default: the compiler asks for a new table
     case CsvTable::Equations:
       return LoadGridWithEquations(file.Analysis, format);
     case CsvTable::RREF:
       return LoadGridWithRREF(file.Analysis, format);
     case CsvTable::Solutions:
-      break;
+      return LoadGridWithSolutions(file.Analysis, format);
   }
-  return LoadGridWithSolutions(file.Analysis, format);
+  return nullptr;
 }
 
 }  // namespace
