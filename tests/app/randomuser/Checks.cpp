@@ -8,6 +8,7 @@
 #include "document/DocumentLifecycle.h"
 #include "document/JointList.h"
 #include "platform/qt/QtText.h"
+#include "reports/CountingReport.h"
 #include "support/ReportReader.h"
 
 void RandomUser::CheckDocument() {
@@ -99,11 +100,13 @@ QStringList NamesOf(const Table<CountedJoint>& joints) {
   return names;
 }
 
-// The button whose report has this caption.
+// The button whose report has this caption. "Report" stands while no truss with forces has come to Step 3.
 const char* ButtonOf(const QString& caption) {
   if (caption.contains(QLatin1String("system of equations for"))) return "cmdReportSystemEqs";
   if (caption.contains(QLatin1String("RREF"))) return "cmdReportRREF";
   if (caption.contains(QLatin1String("the forces"))) return "cmdReportSolutions";
+  EXPECT_TRUE(caption == QLatin1String(CountingCaption) || caption == QLatin1String("Report"))
+      << caption.toStdString() << " is the caption of no report";
   return "cmdReportCounting";
 }
 
