@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "program/FaultyProgram.h"
+#include "support/HowMany.h"
 
 namespace {
 
@@ -155,7 +156,6 @@ TEST_F(Faults, AtEveryReadAreTold) {
 // The libraries that draw letters do without, or end the program instead of telling; what is written is whole
 // in any case.
 TEST_F(Faults, OfMemoryAreToldInOneLineAndLeaveTheOldFileOrTheNew) {
-  const bool isLong = qEnvironmentVariable("CI") == QStringLiteral("true");
   struct Work {
     const char* Options;
     const char* Name;
@@ -174,7 +174,7 @@ TEST_F(Faults, OfMemoryAreToldInOneLineAndLeaveTheOldFileOrTheNew) {
     const QByteArray expected = Bytes(output_);
     const int numCalls = program_->NumCalls();
     const int numFirst = work.IsTold ? 25 : 0;  // one by one
-    const int numFurther = work.IsTold || isLong ? 30 : 10;
+    const int numFurther = work.IsTold ? 30 : HowMany(30, 10);
     for (int at = 1; at <= numCalls; at += at < numFirst ? 1 : std::max(1, numCalls / numFurther)) {
       SCOPED_TRACE(std::string(work.Options) + " without memory at allocation " + std::to_string(at));
       Prepare(Target::There, name);
