@@ -220,7 +220,11 @@ void ZoomForces(State& state, TrussShape (*shape)(int), int zoom) {
   bool in = false;
   for (auto unused : state) {
     in = !in;
-    in ? view->ZoomIn() : view->ZoomOut();
+    if (in) {
+      view->ZoomIn();
+    } else {
+      view->ZoomOut();
+    }
     view->repaint();
   }
 }

@@ -12,7 +12,6 @@
 struct UsefulRows {
   explicit UsefulRows(Echelon& echelon);  ///< releases the pivot rows one by one
 
-  void FindFullRows();
   Index NumSlots() const { return static_cast<Index>(PositionOfSlot.size()) + 1; }
   Index RightHandSideSlot() const { return NumSlots() - 1; }
 
@@ -22,4 +21,7 @@ struct UsefulRows {
   std::vector<std::size_t> RowBegin;  ///< by position: where the row's entries begin; one more at the end
   std::vector<Index> Slots;
   std::vector<double> Values;
+
+ private:
+  void FindFullRows();
 };

@@ -1,22 +1,17 @@
 // Each loop is one template over the type of a register, and is compiled once for every kind of register.
+// Registers are written as GCC and clang know them, the compilers that this program is built with.
 #include "analysis/VectorUpdate.h"
 
 #include <bit>
 #include <cstring>
 
-#if defined(__GNUC__) || defined(__clang__)
 #define ORVANE_INLINE [[gnu::always_inline]] inline
-#else
-#define ORVANE_INLINE inline
-#endif
 
 // An array of registers is held in registers only when no loop over it is left.
 #if defined(__clang__)
 #define ORVANE_UNROLL _Pragma("unroll")
-#elif defined(__GNUC__)
-#define ORVANE_UNROLL _Pragma("GCC unroll 16")
 #else
-#define ORVANE_UNROLL
+#define ORVANE_UNROLL _Pragma("GCC unroll 16")
 #endif
 
 namespace {
@@ -223,14 +218,10 @@ ORVANE_INLINE void SubtractOwnRowsWith(double* lanes, const double* ownRows) {
       SubtractFromLanes##NAME, SubtractPanel##NAME,   SubtractOwnRows##NAME};
 // NOLINTEND(bugprone-macro-parentheses)
 
-#if defined(__GNUC__) || defined(__clang__)
 using TwoNumbers = double __attribute__((vector_size(16)));
 ORVANE_VECTOR_UPDATE(OfTwo, TwoNumbers, )
-#else
-ORVANE_VECTOR_UPDATE(OfOne, double, )
-#endif
 
-#if (defined(__GNUC__) || defined(__clang__)) && defined(__x86_64__)
+#if defined(__x86_64__)
 #define ORVANE_CHOOSES_REGISTERS
 using FourNumbers = double __attribute__((vector_size(32)));
 using EightNumbers = double __attribute__((vector_size(64)));
@@ -243,11 +234,7 @@ const VectorUpdate& Choose() {
   if (__builtin_cpu_supports("avx512f")) return OfEight;
   if (__builtin_cpu_supports("avx2")) return OfFour;
 #endif
-#if defined(__GNUC__) || defined(__clang__)
   return OfTwo;
-#else
-  return OfOne;
-#endif
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// What each type of support pushes along.
+// What each type of support pushes along, and what a mirror makes of it.
 #pragma once
 
 #include <array>
@@ -25,4 +25,11 @@ inline ReactionDirection DirectionOf(std::int16_t type, int component) {
       {{}, clamp, clamp, clamp, clamp, {{{0, 1}, {}}}, {{{0, -1}, {}}}, {{{-1, 0}, {}}}, {{{1, 0}, {}}}}};
   if (type < 1 || type > LastSupportType || component < 1 || component > 2) return {};
   return directions[static_cast<std::size_t>(type)][static_cast<std::size_t>(component - 1)];
+}
+
+/// What a mirror in a vertical line makes of a support: ground on its left and on its right change places.
+/// Other types stay as they are.
+inline std::int16_t MirroredSupport(std::int16_t type) {
+  static constexpr std::array<std::int16_t, LastSupportType + 1> mirrored = {0, 1, 2, 4, 3, 5, 6, 8, 7};
+  return type < 1 || type > LastSupportType ? type : mirrored[static_cast<std::size_t>(type)];
 }

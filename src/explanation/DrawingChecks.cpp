@@ -12,33 +12,12 @@
 #include "document/JointList.h"
 #include "explanation/Directions.h"
 #include "explanation/DistinctNames.h"
+#include "explanation/DrawnGraph.h"
 #include "explanation/EqualNames.h"
 #include "explanation/RigidityMatrix.h"
 #include "explanation/TrussExtent.h"
 
 namespace {
-
-// The joints and the members in use, with their names. A member that is still being drawn has no name and no
-// joints yet.
-TrussGraph DrawnGraph(const Truss& truss) {
-  TrussGraph graph;
-  graph.Joints.Resize(truss.NumJoints);
-  std::unordered_map<PositionKey, int, PositionHash> jointAt;
-  for (int j = 1; j <= truss.NumJoints; ++j) {
-    const JointRec& joint = truss.Joints[j];
-    graph.Joints[j] = {joint.X, joint.Y, joint.NameLabel == 0 ? "" : truss.Name(joint.NameLabel)};
-    jointAt.emplace(PositionKey(joint.X, joint.Y), j);
-  }
-  for (const MemberRec& member : truss.MembersInUse()) {
-    const auto a = jointAt.find(PositionKey(member.X1, member.Y1));
-    const auto b = jointAt.find(PositionKey(member.X2, member.Y2));
-    if (!member.Live || member.NameLabel1 == 0 || a == jointAt.end() || b == jointAt.end()) continue;
-    graph.Unknowns.Resize(graph.NumUnknowns() + 1);
-    graph.Unknowns[graph.NumUnknowns()] = {
-        .JointA = a->second, .JointB = b->second, .Name = truss.Name(member.NameLabel1)};
-  }
-  return graph;
-}
 
 class Checker {
  public:

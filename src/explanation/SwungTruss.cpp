@@ -9,9 +9,9 @@
 namespace {
 
 // World units by which the joint at a place moves.
-class Displacements {
+class SwungJoints {
  public:
-  Displacements(const TrussGraph& graph, const Motion& motion, double length) {
+  SwungJoints(const TrussGraph& graph, const Motion& motion, double length) {
     for (const JointDisplacement& at : motion.Joints) {
       const PlacedJoint& joint = graph.Joints[at.Joint];
       of_.emplace(PositionKey(joint.X, joint.Y), Step{length * at.Dx, length * at.Dy});
@@ -38,7 +38,7 @@ Truss Swung(const Truss& truss, const TrussGraph& graph, const Motion* motion, d
   Truss moved = truss;
   if (motion == nullptr) return moved;
   const double length = std::clamp(swing, -1.0, 1.0) * LargestSwing * ExtentOf(graph).Size();
-  const Displacements displacements(graph, *motion, length);
+  const SwungJoints displacements(graph, *motion, length);
   for (MemberRec& member : moved.MembersInUse()) {
     displacements.Move(member.X1, member.Y1);
     displacements.Move(member.X2, member.Y2);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "document/SupportReactions.h"
 #include "text/NumberText.h"
 
 namespace {
@@ -23,20 +24,6 @@ void ForEachX(Truss& truss, Visit visit) {
   for (JointRec& joint : truss.JointsInUse()) visit(joint.X);
 }
 
-// Ground on the left and on the right change places.
-std::int16_t Mirrored(std::int16_t type) {
-  switch (type) {
-    case 3:
-    case 7:
-      return static_cast<std::int16_t>(type + 1);
-    case 4:
-    case 8:
-      return static_cast<std::int16_t>(type - 1);
-    default:
-      return type;
-  }
-}
-
 }  // namespace
 
 void MirrorTruss(Truss& truss) {
@@ -51,7 +38,7 @@ void MirrorTruss(Truss& truss) {
     const double decimal = ReadDouble(GeneralText(x)).value_or(0);
     x = ReadSingle(SevenDigitText(lowest + highest - decimal)).value_or(x);
   });
-  for (SupportRec& support : truss.SupportsInUse()) support.TypeIndex = Mirrored(support.TypeIndex);
+  for (SupportRec& support : truss.SupportsInUse()) support.TypeIndex = MirroredSupport(support.TypeIndex);
   for (ForceRec& force : truss.ForcesInUse()) {
     if (force.Fx != 0) force.Fx = -force.Fx;
   }

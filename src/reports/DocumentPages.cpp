@@ -2,7 +2,6 @@
 
 #include <QBuffer>
 #include <QFile>
-#include <QPaintEngine>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrinter>
@@ -11,6 +10,7 @@
 #include "paper/PlainText.h"
 #include "paper/qt/PagedText.h"
 #include "paper/qt/PaperPages.h"
+#include "paper/qt/PreviewPages.h"
 #include "paper/qt/SteadyPdf.h"
 #include "platform/qt/QtTextMeasure.h"
 #include "reports/QuietShelf.h"
@@ -34,9 +34,7 @@ void Abandon(const PageTarget& target, QPainter& painter) {
     painter.end();
     return target.Recording->Clear();
   }
-  // A preview records pictures, and must not be aborted: the toolkit would delete them twice.
-  const bool isPreview = painter.paintEngine()->type() == QPaintEngine::Picture;
-  auto* printer = isPreview ? nullptr : dynamic_cast<QPrinter*>(&target.Device);
+  auto* printer = IsPreview(target.Device) ? nullptr : dynamic_cast<QPrinter*>(&target.Device);
   if (printer != nullptr) printer->abort();
   painter.end();
   if (printer != nullptr && printer->outputFormat() == QPrinter::PdfFormat) {

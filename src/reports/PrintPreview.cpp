@@ -1,7 +1,6 @@
 #include "reports/PrintPreview.h"
 
 #include <QLocale>
-#include <QPaintEngine>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
@@ -21,9 +20,6 @@ QPageSize PaperOfThisCountry() {
   return QPageSize(QLocale::system().measurementSystem() == QLocale::ImperialUSSystem ? QPageSize::Letter
                                                                                       : QPageSize::A4);
 }
-
-// The preview records pages as pictures.
-bool IsPreview(const QPrinter& printer) { return printer.paintEngine()->type() == QPaintEngine::Picture; }
 
 // The pages of a preview are recorded. False when the user has cancelled.
 bool PaintOn(QPrinter& printer, RecordedPages& recording, const PrintedDocument& document, int progressDelay,

@@ -12,6 +12,7 @@
 #include "analysis/Analysis.h"
 #include "document/TrussFile.h"
 #include "paper/Page.h"
+#include "paper/qt/PreviewPages.h"
 #include "platform/qt/QtPicture.h"
 #include "platform/qt/QtTextMeasure.h"
 #include "reports/TrussPaint.h"
@@ -431,9 +432,12 @@ TEST(PrintReport, ThePreviewShowsTheSamePagesAsThePdf) {
   printer.setOutputFormat(QPrinter::PdfFormat);
   ToA4(printer);
   QPrintPreviewWidget preview(&printer);
+  RecordedPages pages;
   bool isPrinted = false;
-  QObject::connect(&preview, &QPrintPreviewWidget::paintRequested,
-                   [&](QPrinter* device) { isPrinted = PrintReport(solved.Subject(), *device); });
+  QObject::connect(&preview, &QPrintPreviewWidget::paintRequested, [&](QPrinter* device) {
+    isPrinted = PrintReport(solved.Subject(), {*device, pages});
+    PaintEmptyPages(*device, pages);
+  });
   preview.updatePreview();
   EXPECT_TRUE(isPrinted);
   EXPECT_EQ(preview.pageCount(), solved.Pdf().NumPages());

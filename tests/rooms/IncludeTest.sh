@@ -29,7 +29,7 @@ declare -A below=(
   [editing]="text platform document canvas"
   [reports]="text platform paper document canvas analysis explanation"
   [practice]="text platform paper document canvas analysis explanation reports"
-  [app]="text platform paper document canvas analysis explanation naming editing reports practice")
+  [app]="text platform paper document canvas analysis explanation naming reports practice")
 
 [ ${#path[@]} -eq ${#header[@]} ] || { echo "the rooms are not those of the table: ${!path[*]}" >&2; exit 1; }
 wrong=0

@@ -1,4 +1,3 @@
-// See the header.
 #include "explanation/byjoint/EquationText.h"
 
 #include <algorithm>

@@ -1,4 +1,3 @@
-// See the header.
 #include "explanation/byjoint/HandSolution.h"
 
 #include <algorithm>

@@ -1,4 +1,3 @@
-// See the header.
 #include "explanation/byjoint/HandText.h"
 
 #include <algorithm>

@@ -3,6 +3,7 @@
 #include <QGraphicsItem>
 #include <QGraphicsScene>
 #include <QGraphicsView>
+#include <QPaintEngine>
 #include <QPainterPath>
 #include <QStyleOptionGraphicsItem>
 #include <memory>
@@ -54,6 +55,8 @@ class PageContent final : public QGraphicsItem {
 };
 
 }  // namespace
+
+bool IsPreview(const QPaintDevice& device) { return device.paintEngine()->type() == QPaintEngine::Picture; }
 
 void PaintEmptyPages(QPrinter& printer, const RecordedPages& pages) {
   const QPainter painter(&printer);

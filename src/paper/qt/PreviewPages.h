@@ -6,6 +6,10 @@
 
 #include "paper/qt/RecordedPages.h"
 
+/// Whether what is painted on the device is kept for a preview. Such a printer must not be aborted: the
+/// toolkit would delete its pages twice.
+bool IsPreview(const QPaintDevice& device);
+
 /// Gives the preview's printer as many empty pages as are recorded, at least one. To be called when the
 /// preview asks for its pages.
 void PaintEmptyPages(QPrinter& printer, const RecordedPages& pages);
