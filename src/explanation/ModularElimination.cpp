@@ -58,8 +58,8 @@ class Buckets {
 
   std::vector<int> countOf_;
   std::vector<int> tops_;  // of each bucket, the place of its uppermost entry
-  std::vector<Entry>
-      entries_;  // of all buckets, and those that are free: small vectors of their own take longer
+  // Of all buckets, and those that are free: small vectors of their own take longer.
+  std::vector<Entry> entries_;
   int free_ = -1;
   int lowest_ = 1;
 };

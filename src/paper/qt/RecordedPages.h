@@ -35,7 +35,6 @@ class RecordedPages {
 
  private:
   class Sheet;
-  void Keep();
 
   std::unique_ptr<Sheet> sheet_;
   const QPagedPaintDevice* device_ = nullptr;
