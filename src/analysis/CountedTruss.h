@@ -3,25 +3,24 @@
 // the truss for it again.
 #pragma once
 
-#include <string>
-
 #include "document/Table.h"
 #include "document/Truss.h"
+#include "text/SharedText.h"
 
 /// A joint with the name that it had when it was counted.
 struct CountedJoint {
   float X = 0, Y = 0;  ///< world coordinates
   LabelIndex Label = 0;
-  std::string Name;
+  SharedText Name;
 
   friend bool operator==(const CountedJoint&, const CountedJoint&) = default;
 };
 
 /// Names are single-byte texts.
 struct CountedTruss {
-  Table<CountedJoint> Joints;         ///< in the order of the equations: joint j has rows 2j-1 and 2j
-  Table<std::string> MemberForces;    ///< names of the live members' forces in table order
-  Table<std::string> ReactionForces;  ///< of the live supports in table order; a clamp has two, x before y
+  Table<CountedJoint> Joints;        ///< in the order of the equations: joint j has rows 2j-1 and 2j
+  Table<SharedText> MemberForces;    ///< names of the live members' forces in table order
+  Table<SharedText> ReactionForces;  ///< of the live supports in table order; a clamp has two, x before y
 
   int NumUnknowns() const { return MemberForces.Size() + ReactionForces.Size(); }
   int NumEquations() const { return 2 * Joints.Size(); }

@@ -3,16 +3,16 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 #include "analysis/SparseMatrix.h"
 #include "document/Table.h"
 #include "document/Truss.h"
+#include "text/SharedText.h"
 
 /// One unknown force. Its name is the caption that its label had when the unknowns were counted.
 struct Unknown {
   LabelIndex Label = 0;
-  std::string Name;
+  SharedText Name;
 };
 
 struct EquationSystem {

@@ -16,7 +16,10 @@ struct Sides {
   std::string Positive;
   std::string Negative;
 
-  void Add(bool positive, const std::string& term) { (positive ? Positive : Negative) += " + " + term; }
+  void Add(bool positive, std::string_view term) {
+    std::string& side = positive ? Positive : Negative;
+    side.append(" + ").append(term);
+  }
 
   void AddForce(float component, const NumberFormat& format) {
     if (component != 0) Add(component > 0, SharpText(std::abs(component), format.DecimalSeparator));
@@ -37,12 +40,12 @@ std::string AngleText(float dx, float dy, const NumberFormat& format) {
 
 // A member that pushes into the pin in the direction (dx, dy). "0" stands for no term wherever it comes from,
 // so a member that is called "0" is left out where it would stand with its bare name.
-void AddMember(Sides& x, Sides& y, const std::string& name, float dx, float dy, const NumberFormat& format) {
-  const auto add = [](Sides& sides, bool positive, const std::string& term) {
+void AddMember(Sides& x, Sides& y, const SharedText& name, float dx, float dy, const NumberFormat& format) {
+  const auto add = [](Sides& sides, bool positive, std::string_view term) {
     if (term != "0") sides.Add(positive, term);
   };
-  if (dx != 0) add(x, dx > 0, dy == 0 ? name : name + " cos(" + AngleText(dx, dy, format) + ")");
-  if (dy != 0) add(y, dy > 0, dx == 0 ? name : name + " sin(" + AngleText(dx, dy, format) + ")");
+  if (dx != 0) add(x, dx > 0, dy == 0 ? name.String() : name + " cos(" + AngleText(dx, dy, format) + ")");
+  if (dy != 0) add(y, dy > 0, dx == 0 ? name.String() : name + " sin(" + AngleText(dx, dy, format) + ")");
 }
 
 void AddSupport(Sides& x, Sides& y, const SupportRec& support, const Truss& truss) {

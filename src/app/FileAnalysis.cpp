@@ -1,20 +1,23 @@
 #include "app/FileAnalysis.h"
 
+#include <memory>
 #include <optional>
+#include <utility>
 
 #include "document/JointList.h"
 #include "document/TrussText.h"
 #include "naming/Naming.h"
 #include "text/CodePage.h"
 
-AnalysedFile FileWithBytes(const std::string& argument, bool autoName, const FileBytes& input) {
+AnalysedFile FileWithBytes(const std::string& argument, bool autoName, FileBytes input) {
   AnalysedFile file;
   file.Argument = argument;
   const std::string path = argument == "-" ? "" : argument;
   file.Document.FileName = path;
   std::optional<ReadError> error;
   if (input.Problem.empty()) {
-    const TrussReading reading = ReadTrussWithRest(file.Document, CanvasBounds{}, input.Bytes);
+    const TrussReading reading = ReadTrussWithRest(
+        file.Document, CanvasBounds{}, std::make_shared<const std::string>(std::move(input.Bytes)));
     file.UnreadLine = reading.UnreadLine;
     error = reading.Error;
   } else {

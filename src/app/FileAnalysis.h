@@ -29,7 +29,7 @@ struct AnalysedFile {
 AnalysedFile ReadForAnalysis(const std::string& argument, bool autoName, std::istream& standardInput);
 
 /// The same from what has been read of it.
-AnalysedFile FileWithBytes(const std::string& argument, bool autoName, const FileBytes& input);
+AnalysedFile FileWithBytes(const std::string& argument, bool autoName, FileBytes input);
 
 /// Fills Analysis and Remarks.
 void Analyse(AnalysedFile& file);

@@ -14,7 +14,7 @@ std::string JsonText(const std::string& utf8Text) {
   return '"' + (isPlain ? utf8Text : JsonEscaped(utf8Text)) + '"';
 }
 
-std::string JsonName(const std::string& singleByteText) { return JsonText(ToUtf8(singleByteText)); }
+std::string JsonName(std::string_view singleByteText) { return JsonText(ToUtf8(singleByteText)); }
 
 std::string JsonNumber(float value) { return std::isfinite(value) ? GeneralText(value) : "null"; }
 std::string JsonNumber(double value) { return std::isfinite(value) ? GeneralText(value) : "null"; }

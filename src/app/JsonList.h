@@ -8,7 +8,7 @@
 
 /// A text in quotes, escaped; from UTF-8, or from a single-byte text.
 std::string JsonText(const std::string& utf8Text);
-std::string JsonName(const std::string& singleByteText);
+std::string JsonName(std::string_view singleByteText);
 
 /// The shortest form that reads back to the same value; null for a value beyond the number range, for which
 /// JSON has no word.

@@ -204,7 +204,7 @@ void MainForm::RenameLabel(LabelIndex label) {
   const int left = TwipsPerPixel * x() + InTwips(place.Left) + 400;
   const int top = TwipsPerPixel * y() + InTwips(place.Top) + 1200;
   const std::string typed =
-      InputBox2("Enter a new name:", on_.Document.Name(label), left, top, this,
+      InputBox2("Enter a new name:", on_.Document.Name(label).String(), left, top, this,
                 InWords(on_.Document, {ElementKind::Label, label}, on_.Numbers.DecimalSeparator));
   Rename(on_.Document, label, typed);
   ShowNames();
@@ -214,7 +214,7 @@ void MainForm::ShowJointEquations(LabelIndex label) {
   const CountedJoint* joint = JointWithLabel(shownAnalysis_->Counted, label);
   if (joint == nullptr) return;
   const JointEquations equations(on_.Document, on_.Numbers);
-  jointPanel_->ShowEquations(joint->Name, equations.ReportOnJoint(*joint));
+  jointPanel_->ShowEquations(joint->Name.String(), equations.ReportOnJoint(*joint));
 }
 
 // --- reports

@@ -74,7 +74,7 @@ void ElementAccessible::doAction(const QString& name) {
 bool ElementAccessible::IsRenamed() {
   // What a name is the name of is looked for in the whole truss; that it is another name can be seen at once.
   const std::string now = element_.Kind == ElementKind::Label
-                              ? canvas_->Document().Name(static_cast<LabelIndex>(element_.Index))
+                              ? canvas_->Document().Name(static_cast<LabelIndex>(element_.Index)).String()
                               : InWords(canvas_->Document(), element_, canvas_->Separator());
   const bool renamed = !told_.empty() && told_ != now;
   told_ = now;

@@ -5,11 +5,11 @@
 
 namespace {
 
-bool IsBroken(const std::string& name) { return name.find('"') != std::string::npos; }
+bool IsBroken(std::string_view name) { return name.find('"') != std::string_view::npos; }
 
-std::string WithKind(const char* kind, const std::string& name) {
+std::string WithKind(const char* kind, std::string_view name) {
   constexpr std::size_t longest = 40;
-  const std::string shown = name.substr(0, longest) + (name.size() > longest ? "..." : "");
+  const std::string shown = std::string(name.substr(0, longest)) + (name.size() > longest ? "..." : "");
   return std::string(kind) + " \"" + VisibleText(ToUtf8(shown)) + '"';
 }
 
@@ -18,7 +18,7 @@ std::string WithKind(const char* kind, const std::string& name) {
 std::string ElementWithBrokenName(const Truss& truss) {
   for (const SupportRec& support : truss.SupportsInUse()) {
     if (!support.Live) continue;
-    const std::string& first = truss.Name(support.NameLabel1);
+    const SharedText& first = truss.Name(support.NameLabel1);
     if (IsBroken(first)) return WithKind("reaction", first);
     if (support.IsClamp() && IsBroken(truss.Name(support.NameLabel2))) {
       return WithKind("reaction", truss.Name(support.NameLabel2));

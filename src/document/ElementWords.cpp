@@ -14,7 +14,7 @@ bool IsNamed(const Truss& truss, LabelIndex label) {
 
 // "AB " or nothing.
 std::string NameBefore(const Truss& truss, LabelIndex label) {
-  return IsNamed(truss, label) ? truss.Name(label) + ' ' : std::string();
+  return IsNamed(truss, label) ? truss.Name(label) + " " : std::string();
 }
 
 std::string MemberPlace(const MemberRec& member, const std::string& separator) {
@@ -32,7 +32,7 @@ std::string ReactionNames(const Truss& truss, const SupportRec& support) {
   const bool second = IsNamed(truss, support.NameLabel2);
   if (!first && !second) return "forces not named yet";
   const auto name = [&](LabelIndex label, bool named) {
-    return named ? truss.Name(label) : std::string("one without a name");
+    return named ? truss.Name(label).String() : std::string("one without a name");
   };
   return "forces " + name(support.NameLabel1, first) + " and " + name(support.NameLabel2, second);
 }

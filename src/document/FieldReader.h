@@ -3,10 +3,13 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "document/DocumentSettings.h"
+#include "text/SharedText.h"
 
 /// Why a file could not be read further.
 struct ReadError {
@@ -17,11 +20,12 @@ struct ReadError {
   std::string Text() const;
 };
 
-/// Reads fields from a text that must outlive the reader. Line ends are CR LF, LF or CR. Every Next... throws
+/// Reads fields from a text. Line ends are CR LF, LF or CR. Every Next... throws
 /// ReadError when the field is missing or does not convert.
 class FieldReader {
  public:
-  explicit FieldReader(std::string_view text) : text_(text) {}
+  explicit FieldReader(std::string_view text) : FieldReader(std::make_shared<const std::string>(text)) {}
+  explicit FieldReader(std::shared_ptr<const std::string> text) : whole_(std::move(text)), text_(*whole_) {}
 
   /// The rest of the current line, without its end.
   std::string_view RestOfLine();
@@ -37,7 +41,8 @@ class FieldReader {
   TaggedNumber NextTaggedNumber();
   /// #TRUE# or #FALSE# in any letter case.
   bool NextBoolean();
-  std::string NextName() { return std::string(NextField()); }
+  /// Shares its letters with the whole text.
+  SharedText NextName() { return SharedText(whole_, NextField()); }
 
   /// Line of the field that was read last, from 1.
   int Line() const { return fieldLine_; }
@@ -57,6 +62,7 @@ class FieldReader {
   void SkipSeparator();
   std::string_view QuotedContent();
 
+  std::shared_ptr<const std::string> whole_;
   std::string_view text_;
   std::size_t at_ = 0;
   int line_ = 1;

@@ -81,7 +81,6 @@ bool CheckJoints(Truss& truss) {
 }
 
 void SortJoints(Truss& truss) {
-  std::ranges::stable_sort(truss.JointsInUse(), {}, [&truss](const JointRec& joint) -> const std::string& {
-    return truss.Name(joint.NameLabel);
-  });
+  std::ranges::stable_sort(truss.JointsInUse(), {},
+                           [&truss](const JointRec& joint) { return truss.Name(joint.NameLabel).View(); });
 }

@@ -8,6 +8,7 @@
 
 #include "document/DocumentSettings.h"
 #include "document/Table.h"
+#include "text/SharedText.h"
 
 /// Index of a name label, 1 .. NumLabels; 0 means none.
 using LabelIndex = std::int16_t;
@@ -66,7 +67,7 @@ struct JointRec {
 
 /// A name on the drawing. Names are single-byte texts of code page Windows-1252.
 struct NameLabel {
-  std::string Caption = UnnamedCaption;
+  SharedText Caption = SharedText::OfConstant(UnnamedCaption);
   std::string Tag;
   float FontSize = 8;  ///< points
   bool Bold = false;
@@ -105,7 +106,7 @@ struct Truss {
   auto JointsInUse() const { return Joints.First(NumJoints); }
 
   /// The caption of a label.
-  const std::string& Name(LabelIndex label) const { return Labels[label].Caption; }
+  const SharedText& Name(LabelIndex label) const { return Labels[label].Caption; }
 };
 
 /// Empties the document: counters go to 0 and the truss is untitled. The settings stay, and so does the

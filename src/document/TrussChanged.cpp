@@ -10,15 +10,15 @@ namespace {
 
 bool SameSupport(FieldReader& fields, const Truss& truss, const SupportRec& support) {
   return fields.NextSingle() == support.X && fields.NextSingle() == support.Y &&
-         fields.NextInteger() == support.TypeIndex && fields.NextName() == truss.Name(support.NameLabel1) &&
-         (!support.IsClamp() || fields.NextName() == truss.Name(support.NameLabel2));
+         fields.NextInteger() == support.TypeIndex && fields.NextField() == truss.Name(support.NameLabel1) &&
+         (!support.IsClamp() || fields.NextField() == truss.Name(support.NameLabel2));
 }
 
 bool SameMember(FieldReader& fields, const Truss& truss, const MemberRec& member) {
   return fields.NextSingle() == member.X1 && fields.NextSingle() == member.Y1 &&
          fields.NextSingle() == member.X2 && fields.NextSingle() == member.Y2 &&
-         fields.NextName() == truss.Name(member.NameLabel1) &&
-         fields.NextName() == truss.Name(member.NameLabel2);
+         fields.NextField() == truss.Name(member.NameLabel1) &&
+         fields.NextField() == truss.Name(member.NameLabel2);
 }
 
 bool SameForce(FieldReader& fields, const ForceRec& force) {
@@ -28,7 +28,7 @@ bool SameForce(FieldReader& fields, const ForceRec& force) {
 
 bool SameJoint(FieldReader& fields, const Truss& truss, const JointRec& joint) {
   return fields.NextSingle() == joint.X && fields.NextSingle() == joint.Y &&
-         fields.NextName() == truss.Name(joint.NameLabel);
+         fields.NextField() == truss.Name(joint.NameLabel);
 }
 
 bool SameAsFile(FieldReader& fields, Truss& truss) {
@@ -60,9 +60,9 @@ bool SameAsFile(FieldReader& fields, Truss& truss) {
 bool TrussChanged(Truss& truss) {
   if (NumLiveSupports(truss) == 0 && NumLiveMembers(truss) == 0 && NumActiveForces(truss) == 0) return false;
   if (truss.FileName.empty()) return true;
-  const FileBytes file = ReadWholeFile(truss.FileName);
+  FileBytes file = ReadWholeFile(truss.FileName);
   if (!file.Problem.empty()) return true;
-  FieldReader fields(file.Bytes);
+  FieldReader fields(std::make_shared<const std::string>(std::move(file.Bytes)));
   try {
     return !SameAsFile(fields, truss);
   } catch (const ReadError&) {

@@ -4,9 +4,9 @@
 #include "platform/FileBytes.h"
 
 std::optional<ReadError> ReadTruss(Truss& truss, const CanvasBounds& bounds, const std::string& path) {
-  const FileBytes file = ReadWholeFile(path);
+  FileBytes file = ReadWholeFile(path);
   if (!file.Problem.empty()) return ReadError{0, file.Problem};
-  return ReadTrussText(truss, bounds, file.Bytes);
+  return ReadTrussWithRest(truss, bounds, std::make_shared<const std::string>(std::move(file.Bytes))).Error;
 }
 
 std::string WriteTruss(Truss& truss, std::string* doubt) {

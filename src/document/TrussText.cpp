@@ -77,8 +77,8 @@ void ReadMember(FieldReader& fields, Truss& truss) {
   member.Y1 = fields.NextSingle();
   member.X2 = fields.NextSingle();
   member.Y2 = fields.NextSingle();
-  std::string name1 = fields.NextName();
-  std::string name2 = fields.NextName();
+  SharedText name1 = fields.NextName();
+  SharedText name2 = fields.NextName();
   if (!CreateMemberLabels(truss, truss.NumMembers + 1)) fields.Fail(CounterFullWhy);
   member.Live = true;
   ++truss.NumMembers;
@@ -100,7 +100,7 @@ void ReadJoint(FieldReader& fields, Truss& truss) {
   JointRec& joint = NextRecord(truss.Joints, truss.NumJoints);
   joint.X = fields.NextSingle();
   joint.Y = fields.NextSingle();
-  std::string name = fields.NextName();
+  SharedText name = fields.NextName();
   joint.NameLabel = CreateJointLabel(truss);
   if (joint.NameLabel == 0) fields.Fail(CounterFullWhy);
   ++truss.NumJoints;
@@ -130,7 +130,7 @@ class LineWriter {
   LineWriter& Add(float number) { return AddField(GeneralText(number)); }
   LineWriter& Add(int number) { return AddField(std::to_string(number)); }
   LineWriter& Add(const TaggedNumber& number) { return AddField(TaggedNumberText(number)); }
-  LineWriter& Add(const std::string& name) { return AddField('"' + name + '"'); }
+  LineWriter& Add(const SharedText& name) { return AddField("\"" + name + "\""); }
   LineWriter& AddSwitch(bool on) { return AddField(on ? "#TRUE#" : "#FALSE#"); }
 
  private:
@@ -199,8 +199,13 @@ void AddJoints(std::string& text, const Truss& truss) {
 }  // namespace
 
 TrussReading ReadTrussWithRest(Truss& truss, const CanvasBounds& bounds, std::string_view text) {
+  return ReadTrussWithRest(truss, bounds, std::make_shared<const std::string>(text));
+}
+
+TrussReading ReadTrussWithRest(Truss& truss, const CanvasBounds& bounds,
+                               std::shared_ptr<const std::string> text) {
   TrussReading reading;
-  FieldReader fields(text);
+  FieldReader fields(std::move(text));
   try {
     ReadDocument(fields, truss);
     reading.UnreadLine = fields.UnreadLine();

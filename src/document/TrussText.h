@@ -3,6 +3,7 @@
 // reader.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -30,6 +31,10 @@ std::optional<ReadError> ReadTrussText(Truss& truss, const CanvasBounds& bounds,
 
 /// The same, and says what was passed over without an error.
 TrussReading ReadTrussWithRest(Truss& truss, const CanvasBounds& bounds, std::string_view text);
+
+/// The same; the truss's names share their letters with the bytes, which stay as long as one of them.
+TrussReading ReadTrussWithRest(Truss& truss, const CanvasBounds& bounds,
+                               std::shared_ptr<const std::string> text);
 
 /// The bytes of the file: live elements only, joints sorted by name (the truss's joint list is sorted too).
 std::string TrussText(Truss& truss);

@@ -18,23 +18,25 @@ constexpr const char* MemberWord = "member ";
 constexpr double OfTheSize = 1e7;
 
 // Whether a name reads like more than one thing where it stands among words or in an equation.
-bool IsOdd(const std::string& name) {
+bool IsOdd(std::string_view name) {
   return name.find_first_of(" \xA0()[]{}<>=+-*/|,:;\xB7\xD7\xF7\x96") != std::string::npos;
 }
 
 // Names of joints stand behind the word, and are no numbers there.
-bool IsOddForForce(const std::string& name) {
+bool IsOddForForce(std::string_view name) {
   return IsOdd(name) ||
          (!name.empty() && std::string_view("0123456789.").find(name.front()) != std::string_view::npos);
 }
 
-std::string InBrackets(const std::string& name) { return '[' + name + ']'; }
+std::string InBrackets(std::string_view name) { return '[' + std::string(name) + ']'; }
 
 std::int64_t CellOf(double at, double size) { return static_cast<std::int64_t>(std::floor(at / size)); }
 
 }  // namespace
 
-std::string NameBesideValue(const std::string& name) { return IsOddForForce(name) ? InBrackets(name) : name; }
+std::string NameBesideValue(std::string_view name) {
+  return IsOddForForce(name) ? InBrackets(name) : std::string(name);
+}
 
 DistinctNames::DistinctNames(const TrussGraph& graph, const ReportFormat& format, OddNames odd)
     : graph_(graph),
@@ -54,11 +56,11 @@ DistinctNames::DistinctNames(const TrussGraph& graph, const ReportFormat& format
 
 template <class Named>
 Table<DistinctNames::Own> DistinctNames::WorthOf(const Table<Named>& named) {
-  std::map<std::string, int> count;
+  std::map<std::string_view, int> count;
   for (const Named& one : named.First(named.Size())) ++count[one.Name];
   Table<Own> worth(named.Size());
   for (int i = 1; i <= named.Size(); ++i) {
-    const std::string& name = named[i].Name;
+    const SharedText& name = named[i].Name;
     const bool isMissing = name.empty() || name == UnnamedCaption;
     worth[i] = isMissing ? Own::IsMissing : count[name] > 1 ? Own::IsShared : Own::Tells;
   }
@@ -80,13 +82,13 @@ void DistinctNames::FindPlaces() {
 }
 
 std::string DistinctNames::OwnOfJoint(int joint) const {
-  const std::string& name = graph_.Joints[joint].Name;
-  return odd_ == OddNames::InBrackets && IsOdd(name) ? InBrackets(name) : name;
+  const SharedText& name = graph_.Joints[joint].Name;
+  return odd_ == OddNames::InBrackets && IsOdd(name) ? InBrackets(name) : name.String();
 }
 
 std::string DistinctNames::OwnOfForce(const PlacedUnknown& unknown) const {
   return odd_ == OddNames::InBrackets && IsOddForForce(unknown.Name) ? InBrackets(unknown.Name)
-                                                                     : unknown.Name;
+                                                                     : unknown.Name.String();
 }
 
 std::string DistinctNames::ForceInEquation(int unknown) const {

@@ -19,7 +19,7 @@ enum class OddNames {
 };
 
 /// The name of a force beside its value: in brackets when it reads like more than a name.
-std::string NameBesideValue(const std::string& name);
+std::string NameBesideValue(std::string_view name);
 
 /// The names of a truss, single-byte texts. Who has a name that no other has is called by it. A joint without
 /// one is called by its place, "(3, 4)"; one that shares its name by both, "A at (3, 4)". A member without a

@@ -10,7 +10,7 @@ TrussGraph DrawnGraph(const Truss& truss) {
   std::unordered_map<PositionKey, int, PositionHash> jointAt;
   for (int j = 1; j <= truss.NumJoints; ++j) {
     const JointRec& joint = truss.Joints[j];
-    graph.Joints[j] = {joint.X, joint.Y, joint.NameLabel == 0 ? "" : truss.Name(joint.NameLabel)};
+    graph.Joints[j] = {joint.X, joint.Y, joint.NameLabel == 0 ? SharedText() : truss.Name(joint.NameLabel)};
     jointAt.emplace(PositionKey(joint.X, joint.Y), j);
   }
   for (const MemberRec& member : truss.MembersInUse()) {

@@ -15,10 +15,11 @@ class NameGroups {
  public:
   explicit NameGroups(bool areJoints) : areJoints_(areJoints) {}
 
-  void Add(const std::string& name, std::string bearer, float x, float y) {
+  void Add(const SharedText& name, std::string bearer, float x, float y) {
     if (name.empty() || name == UnnamedCaption) return;
-    const auto [at, isNew] = groups_.emplace(name, all_.size());
-    if (isNew) all_.push_back({.Name = name, .Bearers = {}, .AreJoints = areJoints_, .X = x, .Y = y});
+    const auto [at, isNew] = groups_.emplace(name.View(), all_.size());
+    if (isNew)
+      all_.push_back({.Name = name.String(), .Bearers = {}, .AreJoints = areJoints_, .X = x, .Y = y});
     EqualNames& group = all_[at->second];
     group.Bearers.push_back(std::move(bearer));
     if (group.Bearers.size() == 2) std::tie(group.X, group.Y) = std::pair(x, y);
@@ -32,7 +33,7 @@ class NameGroups {
  private:
   bool areJoints_;
   std::vector<EqualNames> all_;
-  std::unordered_map<std::string, std::size_t> groups_;
+  std::unordered_map<std::string_view, std::size_t> groups_;  // their letters stay in the truss
 };
 
 // Of a support, whose joint is called `joint`.

@@ -13,7 +13,7 @@ enum class Axis { X, Y };
 
 struct PlacedJoint {
   float X = 0, Y = 0;  ///< world coordinates
-  std::string Name;    ///< a single-byte text, as everywhere
+  SharedText Name;     ///< a single-byte text, as everywhere
 };
 
 /// Where an unknown force acts. A member pushes its two joints apart when positive; a reaction acts on its
@@ -23,7 +23,7 @@ struct PlacedUnknown {
   int JointB = 0;        ///< of a member: at its end 2; 0 for a reaction
   Axis Along = Axis::X;  ///< of a reaction
   int Sign = 1;          ///< of a reaction: +1 or -1; 0 for a support type that holds nothing
-  std::string Name{};
+  SharedText Name{};
 
   bool IsMember() const { return JointB != 0; }
 };

@@ -25,7 +25,7 @@ void NameAll(Truss& truss, NextForceName nextForceName, NextJointName nextJointN
   }
   for (const MemberRec& member : truss.MembersInUse()) {
     if (!member.Live) continue;
-    const std::string name = nextForceName();
+    const SharedText name = nextForceName();
     truss.Labels[member.NameLabel1].Caption = name;
     truss.Labels[member.NameLabel2].Caption = name;
   }
@@ -48,7 +48,7 @@ void ClearNames(Truss& truss) {
 
 void Rename(Truss& truss, LabelIndex label, const std::string& typedText) {
   // Pairing runs even when the old name is kept: a file can give a member two different names.
-  const std::string name = typedText.empty() ? truss.Name(label) : typedText;
+  const SharedText name = typedText.empty() ? truss.Name(label) : SharedText(typedText);
   truss.Labels[label].Caption = name;
   for (const MemberRec& member : truss.MembersInUse()) {
     if (member.NameLabel1 == label) truss.Labels[member.NameLabel2].Caption = name;

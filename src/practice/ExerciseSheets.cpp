@@ -99,7 +99,7 @@ class Writer {
   void Forces(const Variant& variant, const std::vector<std::string>& values) {
     std::vector<std::string> names;
     for (int k = 1; k <= variant.Analysis.System.NumUnknowns(); ++k)
-      names.push_back(variant.Analysis.System.UnknownList[k].Name);
+      names.push_back(variant.Analysis.System.UnknownList[k].Name.String());
     Text({}, 2);
     RTBTable(ForcesOnPaper(std::move(names), values), report_, TableKind::HeaderRow, paper_.TableRoom);
   }

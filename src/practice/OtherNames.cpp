@@ -24,7 +24,7 @@ using NamesByPlace = std::unordered_map<PositionKey, std::string, PositionHash>;
 NamesByPlace JointNames(const Truss& truss) {
   NamesByPlace names;
   for (const JointRec& joint : truss.JointsInUse())
-    names.emplace(PositionKey(joint.X, joint.Y), truss.Name(joint.NameLabel));
+    names.emplace(PositionKey(joint.X, joint.Y), truss.Name(joint.NameLabel).String());
   return names;
 }
 
@@ -66,7 +66,7 @@ class ByJoints {
       for (const LabelIndex label :
            {support.NameLabel1, support.IsClamp() ? support.NameLabel2 : LabelIndex{0}}) {
         if (label == 0) continue;
-        const std::optional<std::string> name = OfReaction(support, truss_.Name(label));
+        const std::optional<std::string> name = OfReaction(support, truss_.Name(label).String());
         if (!name) return std::nullopt;
         names[label] = *name;
       }
@@ -80,7 +80,7 @@ class ByJoints {
   std::optional<std::string> OfMember(const MemberRec& member) const {
     const std::string& a = NameAt(member.X1, member.Y1);
     const std::string& b = NameAt(member.X2, member.Y2);
-    const std::string& name = truss_.Name(member.NameLabel1);
+    const SharedText& name = truss_.Name(member.NameLabel1);
     if (name != a + b && name != b + a) return std::nullopt;
     const std::string& newA = renamed_.at(a);
     const std::string& newB = renamed_.at(b);
@@ -98,14 +98,12 @@ class ByJoints {
   NamesByPlace at_;
 };
 
-void NameForce(Truss& truss, LabelIndex label, const std::string& name) {
-  truss.Labels[label].Caption = name;
-}
+void NameForce(Truss& truss, LabelIndex label, const SharedText& name) { truss.Labels[label].Caption = name; }
 
 void ShuffleAmong(Truss& truss, const std::vector<LabelIndex>& labels, SeededNumbers& numbers) {
   std::vector<std::string> names;
   names.reserve(labels.size());
-  for (const LabelIndex label : labels) names.push_back(truss.Name(label));
+  for (const LabelIndex label : labels) names.push_back(truss.Name(label).String());
   names = Shuffled(std::move(names), numbers);
   for (std::size_t i = 0; i < labels.size(); ++i) NameForce(truss, labels[i], names[i]);
 }
@@ -115,7 +113,7 @@ void ShuffleAmong(Truss& truss, const std::vector<LabelIndex>& labels, SeededNum
 void GiveOtherNames(Truss& truss, std::uint64_t seed) {
   SeededNumbers numbers(seed);
   std::vector<std::string> old;
-  for (const JointRec& joint : truss.JointsInUse()) old.push_back(truss.Name(joint.NameLabel));
+  for (const JointRec& joint : truss.JointsInUse()) old.push_back(truss.Name(joint.NameLabel).String());
   const std::vector<std::string> shuffled = Shuffled(old, numbers);
   std::map<std::string, std::string> renamed;
   for (std::size_t i = 0; i < old.size(); ++i) renamed.emplace(old[i], shuffled[i]);

@@ -55,9 +55,7 @@ std::string Base64(std::string_view bytes) {
 }
 
 // A text inside a question's HTML: a name, a line of the working.
-std::string Html(const std::string& singleByteText) {
-  return Escaped(WithoutControls(ToUtf8(singleByteText)));
-}
+std::string Html(std::string_view singleByteText) { return Escaped(WithoutControls(ToUtf8(singleByteText))); }
 
 // What would be read as the beginning of a box becomes a character reference.
 std::string WithoutBraces(std::string html) {

@@ -6,9 +6,9 @@ namespace {
 
 constexpr const char* NewLine = "\r\n";
 
-std::string Listed(const Table<std::string>& names) {
+std::string Listed(const Table<SharedText>& names) {
   std::string text;
-  for (const std::string& name : names.First(names.Size())) text += name + ", ";
+  for (const SharedText& name : names.First(names.Size())) text.append(name).append(", ");
   return text;
 }
 
@@ -36,7 +36,7 @@ std::string ForcesParagraph(const CountedTruss& counted) {
 std::string JointSentence(const Table<CountedJoint>& joints) {
   if (joints.Size() == 1) return "This truss contains 1 joint, labelled " + joints[1].Name + ".";
   std::string text = "This truss contains " + std::to_string(joints.Size()) + " joints, labelled ";
-  for (int j = 1; j <= joints.Size(); ++j) text += joints[j].Name + (j < joints.Size() ? ", " : ".");
+  for (int j = 1; j <= joints.Size(); ++j) text.append(joints[j].Name).append(j < joints.Size() ? ", " : ".");
   return text;
 }
 

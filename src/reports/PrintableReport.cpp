@@ -29,19 +29,22 @@ constexpr double WorkOfMemberInPicture = 50;
 constexpr double WorkOfJoint = 40;
 constexpr double PicturesOfExtra = 4;  // an extra section takes about as long as so many pictures
 
+void MakePrintable(SharedText& name) {
+  if (std::ranges::none_of(name.View(), IsControl)) return;
+  std::string printable = name.String();
+  std::erase_if(printable, IsControl);
+  name = std::move(printable);
+}
+
 Truss WithPrintableNames(Truss truss) {
-  for (NameLabel& label : truss.Labels.First(truss.NumLabels)) {
-    std::erase_if(label.Caption, IsControl);
-  }
+  for (NameLabel& label : truss.Labels.First(truss.NumLabels)) MakePrintable(label.Caption);
   return truss;
 }
 
 CountedTruss WithPrintableNames(CountedTruss counted) {
-  for (CountedJoint& joint : counted.Joints.First(counted.Joints.Size())) {
-    std::erase_if(joint.Name, IsControl);
-  }
-  for (Table<std::string>* names : {&counted.MemberForces, &counted.ReactionForces}) {
-    for (std::string& name : names->First(names->Size())) std::erase_if(name, IsControl);
+  for (CountedJoint& joint : counted.Joints.First(counted.Joints.Size())) MakePrintable(joint.Name);
+  for (Table<SharedText>* names : {&counted.MemberForces, &counted.ReactionForces}) {
+    for (SharedText& name : names->First(names->Size())) MakePrintable(name);
   }
   return counted;
 }

@@ -24,7 +24,7 @@ class MatrixTable : public ReportTable {
   std::string HeaderText(int column) const {
     if (column == 0) return "Equation";
     if (column == NumColumns() - 1) return "RHS";
-    return System().UnknownList[UnknownOf(column)].Name;
+    return System().UnknownList[UnknownOf(column)].Name.String();
   }
 
   template <class Matrix>
@@ -123,7 +123,7 @@ class SolutionsTable final : public ReportTable {
 
   std::string Text(int row, int column) const override {
     if (row == 0) return column == 0 ? "Force" : "Value";
-    if (column == 0) return analysis_.System.UnknownList[row].Name;
+    if (column == 0) return analysis_.System.UnknownList[row].Name.String();
     const std::optional<double>& value = analysis_.Reading.Values[row];
     return value ? TableNumber(*value, format_) : "undetermined";
   }

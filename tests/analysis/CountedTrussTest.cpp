@@ -15,7 +15,7 @@ using ::testing::ElementsAre;
 
 namespace {
 
-std::vector<std::string> Texts(const Table<std::string>& names) {
+std::vector<std::string> Texts(const Table<SharedText>& names) {
   const auto all = names.First(names.Size());
   return {all.begin(), all.end()};
 }

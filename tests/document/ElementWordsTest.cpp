@@ -40,7 +40,7 @@ TEST(ElementWords, AMemberIsToldByItsNameAndItsEnds) {
 
 TEST(ElementWords, AnEmptyNameIsNone) {
   Truss truss = ToldTriangle();
-  truss.Labels[truss.Members[1].NameLabel1].Caption.clear();
+  truss.Labels[truss.Members[1].NameLabel1].Caption = "";
   EXPECT_EQ(ToldOf(truss, ElementKind::Member, 1), "member from (0, 0) to (3, 0)");
 }
 

@@ -44,7 +44,7 @@ TEST(CursorInWords, AJointWithoutANameIsJustAJoint) {
   Teller teller(Corner());
   for (JointRec& joint : teller.Document.JointsInUse()) {
     if (joint.X != 2) continue;
-    teller.Document.Labels[joint.NameLabel].Caption.clear();
+    teller.Document.Labels[joint.NameLabel].Caption = "";
     EXPECT_EQ(teller.At(2, 2), "(2, 2), joint");
     joint.NameLabel = 0;
     EXPECT_EQ(teller.At(2, 2), "(2, 2), joint");

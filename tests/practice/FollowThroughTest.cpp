@@ -106,7 +106,7 @@ TEST(FollowThrough, TheSlipIsTheFirstInTheOrderOfTheWorkingByHand) {
   const Student student(wrong);
   EXPECT_EQ(student.All().Slip, order.front());
   EXPECT_EQ(Follow(asked.Graph, ValuesOf(asked.Graph, wrong), {3, 1, 2}).Slip, 3);
-  EXPECT_THAT(student.TextOf(asked.Graph.Joints[order.back()].Name.c_str()),
+  EXPECT_THAT(student.TextOf(asked.Graph.Joints[order.back()].Name.String().c_str()),
               testing::StartsWith("Nor do the forces"));
 }
 

@@ -136,7 +136,7 @@ TEST(OtherNames, AreGivenSoThatMembersAreCalledByTheirJoints) {
         const std::string& b = graph.Joints[unknown.JointB].Name;
         EXPECT_EQ(unknown.Name, std::min(a, b) + std::max(a, b));
       } else {
-        EXPECT_EQ(unknown.Name.substr(0, 1), a);
+        EXPECT_EQ(unknown.Name.View().substr(0, 1), a);
       }
     }
     namesOfTheTop.insert(truss.Name(truss.Joints[3].NameLabel));

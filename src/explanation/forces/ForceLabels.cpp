@@ -111,7 +111,7 @@ void PlaceForceLabels(ForcesDrawing& drawing, const ForcesScene& scene, const Ta
   const TrussForces& forces = scene.Forces;
   LabelPlacer placer(drawing, scene, measure);
   if (!drawing.Pins.empty()) {
-    for (int j = 1; j <= joints.Size(); ++j) placer.Joint(j, forces.Graph.Joints[j].Name, joints[j]);
+    for (int j = 1; j <= joints.Size(); ++j) placer.Joint(j, forces.Graph.Joints[j].Name.String(), joints[j]);
   }
   for (const DrawnForce& arrow : drawing.Arrows) {
     const int joint = arrow.What == ArrowOf::Load

@@ -48,9 +48,9 @@ std::string ForceWords::OfMember(const MemberRec& member) const {
 std::string ForceWords::OfReaction(const SupportRec& support, int component) const {
   const LabelIndex label = component == 1 ? support.NameLabel1 : support.NameLabel2;
   const ReactionDirection direction = DirectionOf(support.TypeIndex, component);
-  const std::string& name = truss_.Name(label);
+  const SharedText& name = truss_.Name(label);
   const bool isNamed = !name.empty() && name != UnnamedCaption;
-  const std::string words = (isNamed ? name : direction.IsAlongX() ? "x" : "y") + ' ';
+  const std::string words = std::string(isNamed ? name.View() : direction.IsAlongX() ? "x" : "y") + ' ';
   double value = 0;
   const Kind kind = Find(label, value);
   if (kind != Kind::Known) return words + (kind == Kind::Open ? OpenWord : ContradictedWord);

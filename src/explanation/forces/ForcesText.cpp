@@ -39,7 +39,7 @@ std::vector<ForceRow> ForceRows(const TrussForces& forces, const ReportFormat& f
   for (int k = 1; k <= forces.Graph.NumUnknowns(); ++k) {
     const PlacedUnknown& unknown = forces.Graph.Unknowns[k];
     const ForceFound& force = forces.Unknowns[k];
-    rows.push_back({.Name = unknown.Name,
+    rows.push_back({.Name = unknown.Name.String(),
                     .Where = WhereOf(unknown, names),
                     .Force = ForceOf(unknown, force, format),
                     .Number = force.Sense == ForceSense::Undetermined ? WordForUnknown(forces)

@@ -6,14 +6,14 @@
 
 namespace {
 
-QString ToQt(std::string_view text) {
+QString FromUtf8Text(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 // Named as the toolkit would name it, and opened by its name, because the toolkit's own place is closed.
 QString FileOf(std::string_view application) {
   const QString directory = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-  return QStringLiteral("%1/%2/%2.conf").arg(directory, ToQt(application));
+  return QStringLiteral("%1/%2/%2.conf").arg(directory, FromUtf8Text(application));
 }
 
 }  // namespace
@@ -26,13 +26,13 @@ void KeepNoSettingsOfTheToolkit() {
 std::string QtSettingsStore::Get(std::string_view application, std::string_view section,
                                  std::string_view key) {
   QSettings settings(FileOf(application), QSettings::IniFormat);
-  settings.beginGroup(ToQt(section));
-  return settings.value(ToQt(key)).toString().toStdString();
+  settings.beginGroup(FromUtf8Text(section));
+  return settings.value(FromUtf8Text(key)).toString().toStdString();
 }
 
 void QtSettingsStore::Save(std::string_view application, std::string_view section, std::string_view key,
                            std::string_view text) {
   QSettings settings(FileOf(application), QSettings::IniFormat);
-  settings.beginGroup(ToQt(section));
-  settings.setValue(ToQt(key), ToQt(text));
+  settings.beginGroup(FromUtf8Text(section));
+  settings.setValue(FromUtf8Text(key), FromUtf8Text(text));
 }

@@ -14,7 +14,7 @@ bool IsControl(QChar character) {
 
 }  // namespace
 
-QString ToQt(const std::string& singleByteText) { return QString::fromStdString(ToUtf8(singleByteText)); }
+QString ToQt(std::string_view singleByteText) { return QString::fromStdString(ToUtf8(singleByteText)); }
 
 std::string FromQt(const QString& text) { return FromUtf8(text.toStdString()); }
 

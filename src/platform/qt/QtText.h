@@ -3,9 +3,10 @@
 
 #include <QString>
 #include <string>
+#include <string_view>
 
 /// A single-byte text (code page Windows-1252) as a widget takes it. Every byte has a character.
-QString ToQt(const std::string& singleByteText);
+QString ToQt(std::string_view singleByteText);
 
 /// What a widget gives back as a single-byte text. Characters outside the code page become "?".
 std::string FromQt(const QString& text);

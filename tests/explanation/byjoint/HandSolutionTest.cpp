@@ -340,7 +340,7 @@ TEST(HandSolution, APartThatContradictsItselfFirstLeavesTheOthersAlone) {
   const HandSolution solution = SolveByHand(graph);
   EXPECT_TRUE(solution.Contradicts());
   for (int k = 1; k <= graph.NumUnknowns(); ++k) {
-    if (!graph.Unknowns[k].Name.starts_with('0')) {
+    if (!graph.Unknowns[k].Name.View().starts_with('0')) {
       EXPECT_TRUE(solution.Values[k].has_value()) << graph.Unknowns[k].Name;
     }
   }
