@@ -65,7 +65,7 @@ std::vector<Advice> AdviceCandidates::RollersToTurn() const {
   std::vector<std::pair<double, Advice>> candidates;
   for (int k = 1; k <= graph_.NumUnknowns(); ++k) {
     const PlacedUnknown& roller = graph_.Unknowns[k];
-    if (roller.IsMember() || roller.Sign == 0 || IsSupported(graph_, roller.JointA, k)) continue;
+    if (roller.IsMember() || IsSupported(graph_, roller.JointA, k)) continue;
     const Axis other = roller.Along == Axis::X ? Axis::Y : Axis::X;
     const double size = LargestDisplacement(roller.JointA, other);
     if (size <= SmallestHeld) continue;
@@ -186,7 +186,6 @@ std::vector<Advice> AdviceCandidates::ToRemove() const {
   const auto lengthOf = [this](int k) {
     return SquaredLength(graph_, graph_.Unknowns[k].JointA, graph_.Unknowns[k].JointB);
   };
-  std::erase_if(unknowns, [this](int k) { return graph_.Unknowns[k].Sign == 0; });
   const auto members = std::stable_partition(unknowns.begin(), unknowns.end(), isReaction);
   std::stable_sort(members, unknowns.end(),
                    [&lengthOf](int left, int right) { return lengthOf(left) > lengthOf(right); });

@@ -130,10 +130,10 @@ std::string DistinctNames::NameOf(const PlacedUnknown& unknown, Own own) const {
   const bool isShared = own == Own::IsShared;
   if (unknown.IsMember())
     return isShared ? OwnOfForce(unknown) + " (" + EndsOf(unknown) + ")" : MemberWord + EndsOf(unknown);
-  const std::string axis = unknown.Sign == 0 ? "" : unknown.Along == Axis::X ? "x" : "y";
+  const std::string axis = unknown.Along == Axis::X ? "x" : "y";
   const std::string at = "at " + joints_[unknown.JointA];
-  if (isShared) return OwnOfForce(unknown) + " (" + (axis.empty() ? "" : "along " + axis + ' ') + at + ")";
-  return (axis.empty() ? "" : axis + '-') + "reaction " + at;
+  if (isShared) return OwnOfForce(unknown) + " (along " + axis + ' ' + at + ")";
+  return axis + "-reaction " + at;
 }
 
 std::string DistinctNames::Member(int unknown) const {

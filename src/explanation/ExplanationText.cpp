@@ -191,7 +191,7 @@ class Writer {
   void AddTerm(const WeightedEquation& equation, int k, std::vector<std::string>& terms) const {
     const PlacedUnknown& unknown = graph_.Unknowns[k];
     if (!unknown.IsMember()) {
-      if (unknown.JointA != equation.Joint || unknown.Along != equation.Along || unknown.Sign == 0) return;
+      if (unknown.JointA != equation.Joint || unknown.Along != equation.Along) return;
       terms.push_back((unknown.Sign < 0 ? "(-1) " : "") + names_.Force(k));
       return;
     }

@@ -58,9 +58,7 @@ std::optional<std::vector<Advice>> ClampAndRoller(const TrussGraph& graph, int m
 }  // namespace
 
 bool HasNoSupports(const TrussGraph& graph) {
-  return std::ranges::none_of(graph.Unknowns.First(graph.NumUnknowns()), [](const PlacedUnknown& unknown) {
-    return !unknown.IsMember() && unknown.Sign != 0;
-  });
+  return std::ranges::all_of(graph.Unknowns.First(graph.NumUnknowns()), &PlacedUnknown::IsMember);
 }
 
 std::vector<Advice> SetThatHolds(const TrussGraph& graph, const ExactReasons& reasons,

@@ -87,7 +87,7 @@ class ExtentFinder {
     const std::vector<int> touching = Touching(motion);
     return std::ranges::all_of(touching, [&](int k) {
       const PlacedUnknown& unknown = graph_.Unknowns[k];
-      if (!unknown.IsMember()) return slides || unknown.Sign == 0;
+      if (!unknown.IsMember()) return slides;
       if (Moves(unknown.JointA) && Moves(unknown.JointB)) return true;
       if (slides) return false;
       const WrittenPlace& held = at_[Moves(unknown.JointA) ? unknown.JointB : unknown.JointA];

@@ -116,7 +116,7 @@ std::string MotionTeller::Text(const Motion& motion) {
 // Which way a reaction acts: the sign alone tells that only to who remembers its support's direction.
 std::string MotionTeller::SenseText(const UnknownForce& force) const {
   const PlacedUnknown& unknown = graph_.Unknowns[force.Unknown];
-  if (unknown.IsMember() || unknown.Sign == 0) return {};
+  if (unknown.IsMember()) return {};
   if (force.Value > 0) return " (" + DirectionOfReaction(unknown, 1) + ')';
   return " (" + FormatSigFigs(-force.Value, format_) + ' ' + DirectionOfReaction(unknown, -1) + ')';
 }

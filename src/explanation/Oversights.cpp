@@ -90,7 +90,7 @@ std::vector<Advice> RollersToClamp(const TrussGraph& graph, const ExactReasons& 
   for (int k = 1;
        k <= graph.NumUnknowns() && tries < MostCandidates && found.size() < At(MostClampsForRollers); ++k) {
     const PlacedUnknown& roller = graph.Unknowns[k];
-    if (roller.IsMember() || roller.Sign == 0 || IsSupported(graph, roller.JointA, k)) continue;
+    if (roller.IsMember() || IsSupported(graph, roller.JointA, k)) continue;
     const Axis other = roller.Along == Axis::X ? Axis::Y : Axis::X;
     const bool moves = std::ranges::any_of(reasons.Motions, [&](const Motion& motion) {
       return motion.Kind == MotionKind::Rigid &&

@@ -50,7 +50,7 @@ std::vector<RigidMotion> RigidMotions(const TrussGraph& graph) {
   Line alongY;
   for (int k = 1; k <= graph.NumUnknowns(); ++k) {
     const PlacedUnknown& unknown = graph.Unknowns[k];
-    if (unknown.IsMember() || unknown.Sign == 0) continue;
+    if (unknown.IsMember()) continue;
     const PlacedJoint& joint = graph.Joints[unknown.JointA];
     if (unknown.Along == Axis::X) {
       Meet(alongX, joint.Y);

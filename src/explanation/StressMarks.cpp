@@ -33,7 +33,6 @@ class Marker {
     const bool withTexts = stress.Forces.size() <= MostMarkTexts;
     for (const UnknownForce& force : stress.Forces) {
       const PlacedUnknown& unknown = graph_.Unknowns[force.Unknown];
-      if (!unknown.IsMember() && unknown.Sign == 0) continue;
       StressMark mark{
           .Unknown = force.Unknown,
           .IsCompression = force.Value > 0,

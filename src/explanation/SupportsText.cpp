@@ -4,26 +4,10 @@
 #include <vector>
 
 #include "explanation/Directions.h"
+#include "explanation/HoldingSet.h"
 #include "explanation/RigidMotions.h"
 
 namespace {
-
-// How many unknowns are reactions, and how many of them hold anything.
-struct Reactions {
-  int Count = 0;
-  int CountThatHold = 0;
-};
-
-Reactions ReactionsOf(const TrussGraph& graph) {
-  Reactions reactions;
-  for (int k = 1; k <= graph.NumUnknowns(); ++k) {
-    const PlacedUnknown& unknown = graph.Unknowns[k];
-    if (unknown.IsMember()) continue;
-    ++reactions.Count;
-    reactions.CountThatHold += unknown.Sign != 0 ? 1 : 0;
-  }
-  return reactions;
-}
 
 // Why no reaction stands against a motion of the whole truss.
 std::string WhyNoneResists(const RigidMotion& motion, const DistinctNames& names) {
@@ -59,7 +43,7 @@ bool KeepsItsShape(const Explanation& explanation) {
 }
 
 std::string NoSupportsText(const Explanation& explanation) {
-  if (ReactionsOf(explanation.Graph).Count > 0) return {};
+  if (!HasNoSupports(explanation.Graph)) return {};
   const std::string text = "This truss has no supports at all: nothing holds it in its place.  ";
   // Three motions are those of a rigid piece, and a clamp and a roller stop just these.
   constexpr int ofARigidPiece = 3;
@@ -72,7 +56,7 @@ std::string NoSupportsText(const Explanation& explanation) {
 }
 
 std::string PartsWithoutSupportText(const Explanation& explanation, const DistinctNames& names) {
-  if (ReactionsOf(explanation.Graph).Count == 0) return {};
+  if (HasNoSupports(explanation.Graph)) return {};
   constexpr std::size_t mostParts = 4;
   const std::vector<std::vector<int>> parts = PartsWithoutReaction(explanation.Graph);
   std::vector<std::string> told;
@@ -86,7 +70,7 @@ std::string PartsWithoutSupportText(const Explanation& explanation, const Distin
 
 std::string TrianglesText(const Explanation& explanation, const DistinctNames& names) {
   std::string reasons;
-  if (ReactionsOf(explanation.Graph).CountThatHold == 0) {
+  if (HasNoSupports(explanation.Graph)) {
     reasons = "no reaction holds it at all";
   } else {
     for (const RigidMotion& motion : RigidMotions(explanation.Graph))

@@ -22,7 +22,7 @@ struct PlacedUnknown {
   int JointA = 0;        ///< of a member: at its end 1; of a reaction: the joint
   int JointB = 0;        ///< of a member: at its end 2; 0 for a reaction
   Axis Along = Axis::X;  ///< of a reaction
-  int Sign = 1;          ///< of a reaction: +1 or -1; 0 for a support type that holds nothing
+  int Sign = 1;          ///< of a reaction: +1 or -1; 0 for one that is taken out on trial
   SharedText Name{};
 
   bool IsMember() const { return JointB != 0; }

@@ -37,7 +37,7 @@ class Collector {
       const PlacedUnknown& unknown = graph_.Unknowns[k];
       const auto isInside = [&](int joint) { return std::ranges::binary_search(joints, joint); };
       if (!unknown.IsMember()) {
-        if (isInside(unknown.JointA) && unknown.Sign != 0) AddReaction(k);
+        if (isInside(unknown.JointA)) AddReaction(k);
       } else if (unknown.JointA != unknown.JointB && isInside(unknown.JointA) != isInside(unknown.JointB)) {
         const bool atA = isInside(unknown.JointA);
         AddMember(k, atA ? unknown.JointA : unknown.JointB, atA ? unknown.JointB : unknown.JointA);

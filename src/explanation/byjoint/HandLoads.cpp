@@ -53,7 +53,7 @@ std::string HandText::WhatActsAt(int joint) const {
   for (int k = 1; k <= graph_.NumUnknowns(); ++k) {
     const PlacedUnknown& unknown = graph_.Unknowns[k];
     const std::optional<double>& value = solution_.Values[k];
-    if (!unknown.IsMember() && unknown.JointA == joint && unknown.Sign != 0 && (!value || *value != 0))
+    if (!unknown.IsMember() && unknown.JointA == joint && (!value || *value != 0))
       acting.push_back(names_.ReactionInWords(k));
   }
   if (acting.empty()) return "what acts";

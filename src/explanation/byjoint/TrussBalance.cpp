@@ -79,7 +79,6 @@ TrussBalance::TrussBalance(const TrussGraph& graph)
       unitY_[k] = dy / lengths_[k];
       acting_[unknown.JointB].push_back(k);
     } else {
-      if (unknown.Sign == 0) continue;
       const ExactNumber sign = ExactNumber::Whole(unknown.Sign);
       const bool alongX = unknown.Along == Axis::X;
       directions_[k] = alongX ? ExactVector{sign, {}} : ExactVector{{}, sign};

@@ -83,7 +83,7 @@ class ArrowPlacer {
   void PlaceReactions() {
     for (int k = 1; k <= forces_.Graph.NumUnknowns(); ++k) {
       const PlacedUnknown& unknown = forces_.Graph.Unknowns[k];
-      if (unknown.IsMember() || unknown.Sign == 0) continue;
+      if (unknown.IsMember()) continue;
       const Direction positive =
           unknown.Along == Axis::X ? Direction{double(unknown.Sign), 0} : Direction{0, double(-unknown.Sign)};
       const int joint = unknown.JointA;

@@ -13,9 +13,7 @@ constexpr std::size_t MostTold = 24;
 std::string WhereOf(const PlacedUnknown& unknown, const DistinctNames& names) {
   if (unknown.IsMember())
     return "member from " + names.Joint(unknown.JointA) + " to " + names.Joint(unknown.JointB);
-  std::string where = "reaction at " + names.Joint(unknown.JointA);
-  if (unknown.Sign != 0) where += ", positive " + DirectionOfReaction(unknown, 1);
-  return where;
+  return "reaction at " + names.Joint(unknown.JointA) + ", positive " + DirectionOfReaction(unknown, 1);
 }
 
 std::string ForceOf(const PlacedUnknown& unknown, const ForceFound& force, const ReportFormat& format) {
@@ -23,7 +21,6 @@ std::string ForceOf(const PlacedUnknown& unknown, const ForceFound& force, const
   if (force.Sense == ForceSense::Zero) return "0";
   std::string magnitude = FormatSigFigs(std::abs(force.Value), format);
   if (unknown.IsMember()) return magnitude + (force.Sense == ForceSense::Pushing ? " C" : " T");
-  if (unknown.Sign == 0) return magnitude;
   return magnitude + ' ' + DirectionOfReaction(unknown, force.Value > 0 ? 1 : -1);
 }
 
