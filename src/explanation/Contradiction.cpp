@@ -61,7 +61,6 @@ std::vector<std::int64_t> WholeProportions(const std::vector<double>& components
     whole.push_back(std::llround(scaled));
     divisor = std::gcd(divisor, whole.back());
   }
-  if (divisor == 0) return {};
   for (std::int64_t& number : whole) number /= divisor;
   return whole;
 }

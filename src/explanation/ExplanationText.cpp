@@ -190,11 +190,8 @@ class Writer {
 
   void AddTerm(const WeightedEquation& equation, int k, std::vector<std::string>& terms) const {
     const PlacedUnknown& unknown = graph_.Unknowns[k];
-    if (!unknown.IsMember()) {
-      if (unknown.JointA != equation.Joint || unknown.Along != equation.Along) return;
-      terms.push_back((unknown.Sign < 0 ? "(-1) " : "") + names_.Force(k));
-      return;
-    }
+    // The joint moves along the equation, so no reaction stands in it.
+    if (!unknown.IsMember()) return;
     if (unknown.JointA != equation.Joint && unknown.JointB != equation.Joint) return;
     const PlacedJoint& here = graph_.Joints[equation.Joint];
     const PlacedJoint& there =

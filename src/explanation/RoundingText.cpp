@@ -237,7 +237,7 @@ std::string DifferentOutcomes(const Rounding& rounding) {
   }
   if (rounding.Shown != exact && rounding.Shown != within) {
     text += std::string("; and the reduced matrix says that ") + OutcomeText(rounding.Shown);
-  } else if (within != exact) {
+  } else {
     text += rounding.Shown == exact ? " (the reduced matrix says what holds exactly)"
                                     : " (and so says the reduced matrix)";
   }
