@@ -28,3 +28,15 @@ TEST(DirectionOf, OtherTypesAndComponentsHaveNone) {
     EXPECT_FALSE(DirectionOf(static_cast<std::int16_t>(type), 1).Exists()) << type;
   for (const int component : {-1, 0, 3}) EXPECT_FALSE(DirectionOf(1, component).Exists()) << component;
 }
+
+TEST(MirroredSupport, GroundOnTheLeftComesToTheRight) {
+  EXPECT_EQ(MirroredSupport(3), 4);
+  EXPECT_EQ(MirroredSupport(4), 3);
+  EXPECT_EQ(MirroredSupport(7), 8);
+  EXPECT_EQ(MirroredSupport(8), 7);
+}
+
+TEST(MirroredSupport, OtherTypesStayAsTheyAre) {
+  for (const int type : {-1, 0, 1, 2, 5, 6, 9, 32767})
+    EXPECT_EQ(MirroredSupport(static_cast<std::int16_t>(type)), type);
+}

@@ -19,6 +19,12 @@ TEST(PairText, PartsItsNumbersByWhatIsNoDecimalSeparator) {
   EXPECT_EQ(PairText(0.6, -0.8, {.SigFigs = 4, .Numbers = {","}}), "(0,6; -0,8)");
 }
 
+TEST(Capital, IsTheFirstLetterWhereItIsOne) {
+  EXPECT_EQ(Capital("member a"), "Member a");
+  EXPECT_EQ(Capital("z"), "Z");
+  for (const char* text : {"", "Member a", "(4, 0)", "[a]", "{a}", "\xE4"}) EXPECT_EQ(Capital(text), text);
+}
+
 TEST(ListOf, EndsWithAndOrTellsHowManyMoreThereAre) {
   EXPECT_EQ(ListOf({"A"}), "A");
   EXPECT_EQ(ListOf({"A", "B"}), "A and B");

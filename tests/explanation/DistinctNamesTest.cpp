@@ -136,6 +136,8 @@ TEST(DistinctNames, APointIsTheJointThatStandsThereWhateverTheSizeOfTheDrawing) 
     EXPECT_EQ(names.Point(at * 1e-8, at * (1 - 1e-8)), "joint N");
     EXPECT_EQ(names.Point(-at * (1 + 1e-8), -at), "joint SW");
     EXPECT_THAT(names.Point(at * (1 + 1e-6), 0), HasSubstr("the point"));
+    EXPECT_THAT(names.Point(at * (1 + 1.2e-7), 0), HasSubstr("the point")) << "beside E";
+    EXPECT_THAT(names.Point(at, at * 1.2e-7), HasSubstr("the point")) << "above E";
     EXPECT_THAT(names.Point(at * 1e9, at), HasSubstr("the point"));
   }
 }

@@ -153,16 +153,20 @@ std::set<int> JointsOf(const Motion& motion) {
   return joints;
 }
 
-// 0 -- 1 -- 2 -- ...: as many panels without diagonals, one beside the other, on a clamp and a clamp.
-Truss OpenPanels(int numPanels) {
+// 0 -- 1 -- 2 -- ...: as many panels without diagonals, one beside the other.
+TrussBuilder FreePanels(int numPanels) {
   TrussBuilder builder;
-  builder.Clamp(0, 0).Clamp(static_cast<float>(numPanels), 0);
   for (int i = 0; i <= numPanels; ++i) {
     const auto x = static_cast<float>(i);
     builder.Member(x, 0, x, 1);
     if (i < numPanels) builder.Member(x, 0, x + 1, 0).Member(x, 1, x + 1, 1);
   }
   return builder;
+}
+
+// The same on a clamp and a clamp.
+Truss OpenPanels(int numPanels) {
+  return FreePanels(numPanels).Clamp(0, 0).Clamp(static_cast<float>(numPanels), 0);
 }
 
 TEST(ExactReasons, MotionsAreLocal) {
@@ -174,6 +178,18 @@ TEST(ExactReasons, MotionsAreLocal) {
     const std::size_t size = JointsOf(motion).size();
     EXPECT_TRUE(size == 2 || size == 5) << size;
   }
+}
+
+// Each panel gives way; so many motions are not looked through for small ones, and those of the whole truss
+// take the place of as many of them.
+TEST(ExactReasons, ALargeTrussThatNothingHoldsMovesAsAWholeAndOtherwise) {
+  constexpr int numPanels = 80;
+  const TrussGraph graph = GraphOf(FreePanels(numPanels));
+  const ExactReasons reasons = ReasonExactly(graph);
+  ASSERT_EQ(reasons.Motions.size(), std::size_t{numPanels + 3});
+  for (std::size_t i = 0; i < reasons.Motions.size(); ++i)
+    EXPECT_EQ(reasons.Motions[i].Kind, i < 3 ? MotionKind::Rigid : MotionKind::Internal) << i;
+  ExpectReasonsToHold(graph, reasons);
 }
 
 TEST(ExactReasons, ASmallerMotionIsNeverHiddenInALargerOne) {

@@ -80,6 +80,26 @@ TEST(Oversights, AMemberAcrossTwoJointsIsDrawnInThree) {
                       "there, (0, 0) to (3, 0), (3, 0) to (6, 0) and (6, 0) to (9, 0)"));
 }
 
+int TimesTold(const std::string& text, const std::string& words) {
+  int times = 0;
+  for (std::size_t at = text.find(words); at != std::string::npos; at = text.find(words, at + 1)) ++times;
+  return times;
+}
+
+// Posts that stand on the middle of a member, and loads in the air, side by side.
+TEST(Oversights, OfManySlipsAsManyAreToldAsAreAdvised) {
+  constexpr int numSlips = MostAdvice + 2;
+  TrussBuilder posts;
+  TrussBuilder loads = TrussBuilder().Member(0, 0, 4, 0).Clamp(0, 0).Roller(4, 0);
+  for (int i = 0; i < numSlips; ++i) {
+    const auto x = static_cast<float>(10 * i);
+    posts.Member(x, 0, x + 4, 0).Member(x + 2, 0, x + 2, 3);
+    loads.Force(x, 5, 0, -1000);
+  }
+  EXPECT_EQ(TimesTold(HelpFor(posts), "without ending there.  Draw it as two members"), MostAdvice);
+  EXPECT_EQ(TimesTold(HelpFor(loads), "acts on no member"), MostAdvice);
+}
+
 TEST(Oversights, AMemberIsNotSplitWhereNothingMoves) {
   EXPECT_EQ(HelpFor(WholeGirder().Member(0, 0, 8, 0, "AC").Clamp(0, 0).Roller(8, 0)), "");
 }

@@ -320,6 +320,15 @@ TEST(RoundingNotice, WhatIsAsLargeAsTheLoadIsNoRemnant) {
                         .Clamp(2, 0, "c", "d")
                         .Force(1, height, 0, -1000));
   };
+  const auto across = [](float width) {
+    return NoticeOf(TrussBuilder()
+                        .Member(0, 0, width, 1, "m")
+                        .Member(0, 2, width, 1, "n")
+                        .Clamp(0, 0, "a", "b")
+                        .Clamp(0, 2, "c", "d")
+                        .Force(width, 1, -1000, 0));
+  };
+  EXPECT_THAT(across(1e-20F), HasSubstr("so vanish the horizontal components of m and n"));
   EXPECT_THAT(under(1e-20F),
               AllOf(HasSubstr("because what is smaller than 1E-10 counts as nothing in it: so vanish "
                               "the vertical components of m and n, which leaves 1000 on the right"),

@@ -57,6 +57,18 @@ TEST(NoSupportsText, OpensTheReasonsOfATrussThatStandsOnNothing) {
   EXPECT_THAT(OpeningParagraphs(FreeTriangle().Roller(0, 0, "r")), Not(Contains(HasSubstr("no supports"))));
 }
 
+// Five joints, each joined to each: ten members for ten equations.
+TEST(TrianglesText, OfATrussWithoutReactionsItSaysThatNoneHoldsIt) {
+  const std::vector<std::pair<float, float>> at = {{0, 0}, {5, 0}, {7, 4}, {2, 6}, {-1, 3}};
+  TrussBuilder builder;
+  for (std::size_t a = 0; a < at.size(); ++a) {
+    for (std::size_t b = a + 1; b < at.size(); ++b)
+      builder.Member(at[a].first, at[a].second, at[b].first, at[b].second);
+  }
+  EXPECT_THAT(OpeningParagraphs(builder),
+              Contains(EndsWith("Here they do not: no reaction holds it at all.")));
+}
+
 TEST(PartsWithoutSupportText, NamesThePartsThatStandOnNothing) {
   const TrussBuilder held = FreeTriangle().Clamp(0, 0, "Ax", "Ay").Roller(8, 0, "RB");
   const std::string apart = "The truss is in parts that no member joins.  ";

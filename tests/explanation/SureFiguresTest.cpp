@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include <limits>
+
 namespace {
 
 using testing::ElementsAre;
@@ -94,6 +96,12 @@ TEST(SureFigures, OfAllForcesAreThoseOfTheWorstThatIsNot0) {
   EXPECT_THAT(least({{1, 707.10672, 707.10678}}), Optional(6));
   EXPECT_THAT(least({{1, 0, 0}}), Optional(MostSureFigures));
   EXPECT_EQ(least({}), std::nullopt);
+}
+
+TEST(SureFigures, OfTheLargestForceNoneIsSureWhereItShouldBe0OrIsNoNumber) {
+  EXPECT_EQ(FiguresOfLargest({{1, 5, 0}}), 0);
+  EXPECT_EQ(FiguresOfLargest({{1, std::numeric_limits<double>::infinity(), 5}, {2, 3, 3}}), 0);
+  EXPECT_EQ(FiguresOfLargest({{1, 0, 0}}), MostSureFigures);
 }
 
 TEST(SureFigures, OfAllForcesAreNeverMoreThanAreTold) {

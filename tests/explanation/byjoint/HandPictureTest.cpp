@@ -4,6 +4,7 @@
 #include "HandSolutionFixture.h"
 #include "canvas/PixelBoxes.h"
 #include "explanation/byjoint/ArrowRoom.h"
+#include "explanation/byjoint/HandLabels.h"
 #include "support/RecordingSurface.h"
 
 namespace {
@@ -272,6 +273,53 @@ TEST(HandPicture, ASectionShowsThePartThatIsKeptAndItsCut) {
     const PixelPoint end = picture.Part[i].End2();
     EXPECT_TRUE(Crosses(picture.Cut.front(), Widened({end.X, end.Y, end.X, end.Y}, 0.5F)));
   }
+}
+
+// Where members that are cut are nearly parallel they meet far away.
+TEST(HandPicture, APointOfMomentsThatIsFarAwayIsNotDrawnAndLeavesThePartItsSize) {
+  PicturedTruss truss(ThreeHingedArch());
+  const std::size_t index = FirstSection(truss);
+  BalanceEquation& equation = truss.Solution.Steps[index].Equations.front();
+  ASSERT_EQ(equation.Kind, BalanceKind::Moment);
+  for (const auto& [x, y] : {std::pair(-1e5, 3.0), {1e5, 3.0}, {3.0, -1e5}, {3.0, 1e5}}) {
+    equation.AtX = x;
+    equation.AtY = y;
+    const HandPicture picture = truss.Of(index);
+    EXPECT_TRUE(picture.Points.empty()) << x << ", " << y;
+    EXPECT_EQ(picture.Names.size(), 3U) << "only those of the joints of the part";
+    EXPECT_GT(ArrowLength(picture.Part.front()), 50) << "pixels";
+  }
+}
+
+TEST(HandPicture, APointOfMomentsIsDrawnOnceThoughTwoEquationsAreTakenAboutIt) {
+  PicturedTruss truss(ThreeHingedArch());
+  const std::size_t index = FirstSection(truss);
+  std::vector<BalanceEquation>& equations = truss.Solution.Steps[index].Equations;
+  equations.push_back(BalanceEquation(equations.front()));
+  const HandPicture picture = truss.Of(index);
+  EXPECT_EQ(picture.Points.size(), 1U);
+}
+
+// They could not be read.
+TEST(HandPicture, VeryManyForcesAndJointsHaveNoTexts) {
+  TrussBuilder loaded = HandTriangle();
+  for (std::size_t i = 0; i <= MostHandTexts; ++i) loaded.Force(4, 4, 0, -1);
+  const PicturedTruss triangle{Truss(loaded)};
+  const HandPicture joint = triangle.Of(triangle.StepAt("C"));
+  EXPECT_GT(joint.Arrows.size(), MostHandTexts);
+  EXPECT_EQ(NumTexts(joint), 0);
+  EXPECT_EQ(joint.Names.size(), 1U);
+
+  TrussBuilder strip = TrussBuilder().Member(0, 0, 0, 1).Clamp(0, 0).Roller(40, 0).Force(20, 1, 0, -1000);
+  for (int i = 0; i < 40; ++i) {
+    const auto x = static_cast<float>(i);
+    strip.Member(x, 0, x + 1, 0).Member(x, 1, x + 1, 1).Member(x, 0, x + 1, 1).Member(x + 1, 0, x + 1, 1);
+  }
+  const PicturedTruss girder{Truss(strip)};
+  const HandPicture reactions = girder.Of(0);
+  EXPECT_GT(reactions.Pins.size(), MostHandNames);
+  EXPECT_TRUE(reactions.Names.empty());
+  EXPECT_GT(NumTexts(reactions), 0);
 }
 
 TEST(HandPicture, ASectionShowsTheSensesAssumedAndSignedNumbers) {
