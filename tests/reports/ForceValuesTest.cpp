@@ -67,7 +67,7 @@ struct ColouredPaper : RecordingSurface {
   std::vector<int> TextColours;
 };
 
-struct ForceValues : testing::Test {
+struct PrintedForceValues : testing::Test {
   // The values themselves, without the white letters that make their rims.
   std::vector<DrawnText> Print(Truss truss, bool named = false) {
     truss = Bare(truss);
@@ -93,20 +93,20 @@ struct ForceValues : testing::Test {
 };
 
 // Twenty pixels to the unit, a unit to 1000, the origin at (48, 270); a text of four characters is 24 by 10.
-TEST_F(ForceValues, StandBeyondTheTipOfADownwardArrow) {
+TEST_F(PrintedForceValues, StandBeyondTheTipOfADownwardArrow) {
   EXPECT_THAT(Print(TrussBuilder().Force(4, 3, 0, -1000)), ElementsAre(DrawnText{116, 234, "1000", {}}));
 }
 
-TEST_F(ForceValues, StandBeyondTheTipOfAnUpwardArrow) {
+TEST_F(PrintedForceValues, StandBeyondTheTipOfAnUpwardArrow) {
   EXPECT_THAT(Print(TrussBuilder().Force(4, 3, 0, 1000)), ElementsAre(DrawnText{116, 176, "1000", {}}));
 }
 
-TEST_F(ForceValues, StandBeyondTheTipOfArrowsToTheSides) {
+TEST_F(PrintedForceValues, StandBeyondTheTipOfArrowsToTheSides) {
   EXPECT_THAT(Print(TrussBuilder().Force(4, 3, 1000, 0)), ElementsAre(DrawnText{152, 205, "1000", {}}));
   EXPECT_THAT(Print(TrussBuilder().Force(8, 3, -1000, 0)).back(), (DrawnText{160, 205, "1000", {}}));
 }
 
-TEST_F(ForceValues, StandOnTheLineOfASlopingArrowClearOfItsTip) {
+TEST_F(PrintedForceValues, StandOnTheLineOfASlopingArrowClearOfItsTip) {
   const auto values = Print(TrussBuilder().Force(4, 3, 600, -800));
   ASSERT_EQ(values.size(), 1U);
   EXPECT_EQ(values[0].Text,
@@ -118,7 +118,7 @@ TEST_F(ForceValues, StandOnTheLineOfASlopingArrowClearOfItsTip) {
   EXPECT_NEAR((box.Left + box.Right) / 2 - 140, 0.75 * ((box.Top + box.Bottom) / 2 - 226), 0.001);
 }
 
-TEST_F(ForceValues, AreDarkRedOnARimOfWhite) {
+TEST_F(PrintedForceValues, AreDarkRedOnARimOfWhite) {
   Print(TrussBuilder().Force(4, 3, 0, -1000));
   ASSERT_EQ(paper.TextColours.size(), 13U);
   EXPECT_EQ(paper.TextColours.front(), White);
@@ -126,14 +126,14 @@ TEST_F(ForceValues, AreDarkRedOnARimOfWhite) {
   EXPECT_THAT(paper.Fills, IsEmpty()) << "what stands around the letters is not covered";
 }
 
-TEST_F(ForceValues, LeaveABlackForegroundAndThePlainFont) {
+TEST_F(PrintedForceValues, LeaveABlackForegroundAndThePlainFont) {
   paper.SetFont({.Points = 10, .Bold = true});
   Print(TrussBuilder().Force(4, 3, 0, -1000));
   EXPECT_EQ(paper.Colour, Black);
   EXPECT_EQ(paper.Font, TextFont{});
 }
 
-TEST_F(ForceValues, StandBesideTheHeadWhereAMemberRunsOn) {
+TEST_F(PrintedForceValues, StandBesideTheHeadWhereAMemberRunsOn) {
   const auto values = Print(TrussBuilder().Member(4, 3, 4, 0).Force(4, 3, 0, -1000));
   // Right of the head, whose middle is six pixels above the tip at (128, 230).
   ASSERT_EQ(values.size(), 1U);
@@ -141,14 +141,14 @@ TEST_F(ForceValues, StandBesideTheHeadWhereAMemberRunsOn) {
   EXPECT_FLOAT_EQ(values[0].Top, 219);
 }
 
-TEST_F(ForceValues, DoNotCoverASupport) {
+TEST_F(PrintedForceValues, DoNotCoverASupport) {
   const auto values = Print(TrussBuilder().Member(4, 3, 8, 3).Clamp(4, 1).Force(4, 3, 0, -1000));
   ASSERT_EQ(values.size(), 1U);
   const PixelPoint support = canvas.Picture.Support[1];
   EXPECT_FALSE(Overlap(BoxOf(values[0]), {support.X, support.Y, support.X + 32, support.Y + 32}));
 }
 
-TEST_F(ForceValues, DoNotCoverNamesThatAreShown) {
+TEST_F(PrintedForceValues, DoNotCoverNamesThatAreShown) {
   const Truss truss = TrussBuilder().Member(2, 1.7F, 6, 1.7F, "member").Force(4, 3, 0, -1000);
   const auto values = Print(truss, true);
   ASSERT_EQ(values.size(), 1U);
@@ -159,7 +159,7 @@ TEST_F(ForceValues, DoNotCoverNamesThatAreShown) {
   }
 }
 
-TEST_F(ForceValues, DoNotCoverEachOther) {
+TEST_F(PrintedForceValues, DoNotCoverEachOther) {
   const auto values = Print(TrussBuilder().Force(4, 3, 0, -1000).Force(4, 3, 0, -1000).Force(4, 3, 0, -1000));
   ASSERT_EQ(values.size(), 3U);
   EXPECT_FALSE(Overlap(BoxOf(values[0]), BoxOf(values[1])));
@@ -167,18 +167,18 @@ TEST_F(ForceValues, DoNotCoverEachOther) {
   EXPECT_FALSE(Overlap(BoxOf(values[1]), BoxOf(values[2])));
 }
 
-TEST_F(ForceValues, AreInTheOrderOfTheForces) {
+TEST_F(PrintedForceValues, AreInTheOrderOfTheForces) {
   const auto values = Print(TrussBuilder().Force(4, 3, 0, -1000).Force(12, 3, 0, -2000));
   ASSERT_EQ(values.size(), 2U);
   EXPECT_EQ(values[0].Text, "1000");
   EXPECT_EQ(values[1].Text, "2000");
 }
 
-TEST_F(ForceValues, AreNotPrintedForErasedAndZeroForces) {
+TEST_F(PrintedForceValues, AreNotPrintedForErasedAndZeroForces) {
   EXPECT_THAT(Print(TrussBuilder().Force(4, 3, 0, -1000).ThenErased().Force(8, 3, 0, 0)), IsEmpty());
 }
 
-TEST_F(ForceValues, AreNotPrintedWithoutAnArrow) {
+TEST_F(PrintedForceValues, AreNotPrintedWithoutAnArrow) {
   Truss truss = TrussBuilder().Force(4, 3, 0, -1000);
   truss.Settings.ForceScale = 0;
   EXPECT_THAT(Print(truss), IsEmpty());
@@ -189,7 +189,7 @@ TEST_F(ForceValues, AreNotPrintedWithoutAnArrow) {
   EXPECT_THAT(Print(truss), IsEmpty()) << "nothing can be drawn to scale";
 }
 
-TEST_F(ForceValues, OfVeryManyForcesHaveNoRims) {
+TEST_F(PrintedForceValues, OfVeryManyForcesHaveNoRims) {
   TrussBuilder few;
   for (int i = 0; i < MostRims; ++i) few.Force(static_cast<float>(i), 3, 0, -1000);
   Print(few);
@@ -199,7 +199,7 @@ TEST_F(ForceValues, OfVeryManyForcesHaveNoRims) {
   EXPECT_EQ(paper.Texts.size(), MostRims + 1U);
 }
 
-TEST_F(ForceValues, OfVeryManyForcesStandBeyondTheirTipsWhateverIsThere) {
+TEST_F(PrintedForceValues, OfVeryManyForcesStandBeyondTheirTipsWhateverIsThere) {
   TrussBuilder builder;
   for (int i = 0; i < 600; ++i) builder.Force(4, 3, 0, -1000);
   const auto values = Print(builder);
