@@ -1,5 +1,7 @@
 #include "explanation/ExactVerdict.h"
 
+#include <gmock/gmock.h>
+
 #include <algorithm>
 #include <cmath>
 #include <random>
