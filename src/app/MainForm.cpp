@@ -5,7 +5,6 @@
 #include <QGuiApplication>
 #include <QShortcut>
 
-#include "analysis/JointEquations.h"
 #include "app/DeferredMessages.h"
 #include "app/DrawingNote.h"
 #include "app/FileMenuView.h"
@@ -18,12 +17,10 @@
 #include "canvas/Paper.h"
 #include "canvas/RedrawTruss.h"
 #include "canvas/Rulers.h"
-#include "explanation/RoundingText.h"
 #include "naming/CustomInputBox.h"
 #include "naming/Naming.h"
 #include "platform/qt/QtText.h"
 #include "reports/JointEquationsPanel.h"
-#include "reports/PrintableReportWindow.h"
 #include "reports/ReportWindow.h"
 #include "text/CodePage.h"
 
@@ -156,15 +153,6 @@ void MainForm::cmdPrev3_Click() {
   ShowStep();
 }
 
-// A report is of the truss as it was analysed, and outside Step 3 that may change.
-void MainForm::CloseReport() {
-  if (report_->isActiveWindow()) activateWindow();
-  report_->hide();
-  report_->Clear();
-  reasons_.reset();
-  shownAnalysis_.reset();
-}
-
 void MainForm::ShowStep() {
   const int step = steps_.Current();
   const std::array<QWidget*, 3> panels = {picToolBox_, picStep2_, picStep3_};
@@ -210,47 +198,6 @@ void MainForm::RenameLabel(LabelIndex label) {
   ShowNames();
 }
 
-void MainForm::ShowJointEquations(LabelIndex label) {
-  const CountedJoint* joint = JointWithLabel(shownAnalysis_->Counted, label);
-  if (joint == nullptr) return;
-  const JointEquations equations(on_.Document, on_.Numbers);
-  jointPanel_->ShowEquations(joint->Name.String(), equations.ReportOnJoint(*joint));
-}
-
-// --- reports
-
-void MainForm::ShowReport(ReportKind report) {
-  if (!shownAnalysis_) return;
-  const int sigFigs = on_.Document.Settings.SigFigs;
-  shownReport_ = report;
-  switch (report) {
-    case ReportKind::Counting:
-      report_->ReportCounting(shownAnalysis_->Counted);
-      break;
-    case ReportKind::Equations:
-      report_->LoadGridWithEquations(*shownAnalysis_, sigFigs);
-      break;
-    case ReportKind::RREF:
-      report_->LoadGridWithRREF(*shownAnalysis_, sigFigs, Notice());
-      break;
-    case ReportKind::Solutions:
-      report_->LoadGridWithSolutions(*shownAnalysis_, sigFigs, Notice());
-      break;
-  }
-  BringUpReport();
-}
-
-// What is to be said below the conclusion of the analysis that is shown.
-std::string MainForm::Notice() {
-  if (!reasons_) return {};
-  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-  std::string notice =
-      NoticeBelowConclusion(reasons_->Graph(), reasons_->Rounded(),
-                            {.SigFigs = on_.Document.Settings.SigFigs, .Numbers = on_.Numbers});
-  QGuiApplication::restoreOverrideCursor();
-  return notice;
-}
-
 // --- menus
 
 void MainForm::NoteOnFile() {
@@ -272,27 +219,6 @@ void MainForm::mnuSettings_Click() {
   dialog.exec();
 }
 
-void MainForm::mnuFilePrint_Click() {
-  if (!shownAnalysis_ || shownAnalysis_->System.NumUnknowns() == 0) return;
-  const auto analysis = shownAnalysis_;
-  const auto reasons = reasons_;
-  PrintableReportWindow window({.Subject = {.Document = on_.Document,
-                                            .Analysis = *analysis,
-                                            .Numbers = on_.Numbers,
-                                            .Reasons = reasons.get()},
-                                .Report = *report_,
-                                .Access = {clipboard_, clock_, on_.Messages},
-                                .Bitmap = [this] { return clipboard_.Bitmap(); },
-                                .Chooser = on_.Chooser,
-                                .Directory = on_.ProgramDirectory},
-                               this);
-  OfferHelpBeside(window, PrintingHelpTopic);
-  if (printableReportSize_.isValid()) window.resize(printableReportSize_);
-  window.exec();
-  printableReportSize_ = window.size();
-  if (window.HasDocument()) shownReport_ = ReportKind::Solutions;
-}
-
 void MainForm::ShowHelp(const char* topic) {
   if (!help_) help_ = std::make_unique<HelpViewer>(on_.Messages);
   help_->ShowTopic(on_.ProgramDirectory + topic);
@@ -303,12 +229,6 @@ void MainForm::OfferHelpBeside(QDialog& dialog, const char* topic) {
   dialog.setWindowModality(Qt::WindowModal);
   auto* help = new QShortcut(QKeySequence::HelpContents, &dialog);
   connect(help, &QShortcut::activated, this, [this, topic] { ShowHelp(topic); });
-}
-
-void MainForm::ShowHelpOnReport() {
-  if (!shownAnalysis_) return ShowHelpOnStep();
-  const bool owesToRounding = IsConclusion(shownReport_) && !Notice().empty();
-  ShowHelp(HelpTopicForReport(shownReport_, *shownAnalysis_, owesToRounding));
 }
 
 void MainForm::ShowHelpOnStep() { ShowHelp(HelpTopicForStep(steps_.Current(), InstructionsAreShown())); }

@@ -112,6 +112,7 @@ class MainForm final : public QMainWindow, private DocumentWindow {
   void ShowHelpOnReport();
   void OfferHelpBeside(QDialog& dialog, const char* topic);
   void ShowReport(ReportKind report);
+  void ShowNotice();
   std::string Notice();
 
   void RenameLabel(LabelIndex label);

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "analysis/Elimination.h"
+#include "explanation/ExactlyZeroForces.h"
 #include "explanation/RigidityMatrix.h"
 
 namespace {
@@ -80,26 +82,21 @@ Reduced Reduce(const TrussGraph& graph, double scale, const EliminationLimits& l
 // What is smaller beside the largest is a remnant of double precision: of a force that is 0.
 constexpr double NothingInDouble = 1e-12;
 
-// Of a force that is determined: without it the loads are still in balance.
-bool IsExactlyZero(const TrussGraph& graph, int unknown) {
-  TrussGraph without = graph;
-  without.Unknowns[unknown] = {.JointA = graph.Unknowns[unknown].JointA, .Sign = 0};
-  return JudgeExactly(without).Code() != Outcome::Inconsistent;
-}
-
-// What double precision leaves of a force that is 0 is larger where the truss is nearly a mechanism; each of
-// the doubtful ones takes an exact verdict.
-void ClearRemnants(const TrussGraph& graph, std::vector<ComparedForce>& forces) {
+// What double precision leaves of a force that is 0 is larger where the truss is nearly a mechanism; whether
+// one of the doubtful ones is 0 is found out exactly, for all at once.
+void ClearRemnants(const TrussGraph& graph, const ExactVerdict& verdict, std::vector<ComparedForce>& forces) {
   constexpr double doubtful = 1e-6;
-  constexpr int most = 16;
   double largest = 0;
   for (const ComparedForce& force : forces) largest = std::max(largest, std::abs(force.Unrounded));
-  int asked = 0;
+  std::optional<std::vector<int>> zero;
+  const auto isZero = [&](int unknown) {
+    if (!zero) zero = ExactlyZeroForces(graph, verdict.Rank);
+    return std::ranges::binary_search(*zero, unknown);
+  };
   for (ComparedForce& force : forces) {
     const double size = std::abs(force.Unrounded);
     const bool isRemnant =
-        size < NothingInDouble * largest ||
-        (size > 0 && size < doubtful * largest && asked++ < most && IsExactlyZero(graph, force.Unknown));
+        size < NothingInDouble * largest || (size > 0 && size < doubtful * largest && isZero(force.Unknown));
     if (isRemnant) force.Unrounded = 0;
   }
 }
@@ -121,7 +118,7 @@ std::vector<ComparedForce> Compare(const TrussGraph& graph, const TrussAnalysis&
     if (!shown) continue;
     forces.push_back({k, *shown, values[static_cast<std::size_t>(k)] * scale});
   }
-  ClearRemnants(graph, forces);
+  ClearRemnants(graph, verdict, forces);
   return forces;
 }
 

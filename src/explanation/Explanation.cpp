@@ -1,5 +1,7 @@
 #include "explanation/Explanation.h"
 
+#include <chrono>
+#include <system_error>
 #include <utility>
 
 #include "explanation/HoldingSet.h"
@@ -31,6 +33,10 @@ Explanation Explain(const Truss& truss, const TrussAnalysis& analysis, TrussGrap
   return explanation;
 }
 
+Rounding ExactlyRounded(const TrussGraph& graph, const TrussAnalysis& analysis) {
+  return RoundingOf(graph, analysis, JudgeExactly(graph));
+}
+
 }  // namespace
 
 Explanation ExplainTruss(const Truss& truss, const TrussAnalysis& analysis) {
@@ -43,12 +49,27 @@ const TrussGraph& ExplanationOnDemand::Graph() {
 }
 
 const Rounding& ExplanationOnDemand::Rounded() {
-  if (!rounded_) rounded_ = RoundingOf(Graph(), analysis_, JudgeExactly(Graph()));
+  if (!rounded_) rounded_ = coming_.valid() ? coming_.get() : ExactlyRounded(Graph(), analysis_);
   return *rounded_;
+}
+
+bool ExplanationOnDemand::HasRounded() try {
+  constexpr int fewestForThread = 400;  // unknowns; less takes a few milliseconds
+  if (rounded_ || Graph().NumUnknowns() < fewestForThread) return true;
+  if (!coming_.valid()) {
+    coming_ = std::async(std::launch::async, [graph = Graph(), &analysis = analysis_] {
+      return ExactlyRounded(graph, analysis);
+    });
+    return false;
+  }
+  return coming_.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+} catch (const std::system_error&) {
+  return true;  // without a thread it is worked out when it is asked for
 }
 
 const Explanation& ExplanationOnDemand::Whole() {
   if (!whole_) {
+    if (coming_.valid()) Rounded();
     whole_ = Explain(truss_, analysis_, Graph(), rounded_);
     rounded_ = whole_->Rounded;
   }

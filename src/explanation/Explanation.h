@@ -2,6 +2,7 @@
 // command line alike.
 #pragma once
 
+#include <future>
 #include <optional>
 #include <vector>
 
@@ -40,10 +41,15 @@ class ExplanationOnDemand {
   const Rounding& Rounded();
   const Explanation& Whole();
 
+  /// Whether Rounded answers at once. While it does not, a thread of its own works it out, begun by the first
+  /// call; Rounded, Whole and the destructor wait for that.
+  bool HasRounded();
+
  private:
   const Truss& truss_;
   const TrussAnalysis& analysis_;
   std::optional<TrussGraph> graph_;
   std::optional<Rounding> rounded_;
+  std::future<Rounding> coming_;
   std::optional<Explanation> whole_;
 };

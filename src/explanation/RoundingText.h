@@ -9,6 +9,9 @@
 
 inline constexpr const char* RoundingHeading = "What rounding has to do with it:";
 
+/// In place of the notice below a conclusion, while it is not known.
+inline constexpr const char* RoundingIsComing = "How many figures are sure is being worked out ...";
+
 /// The page of the help to read on.
 inline constexpr const char* RoundingHelpTitle = "Exact and rounded verdicts";
 

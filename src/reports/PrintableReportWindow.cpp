@@ -130,7 +130,8 @@ void PrintableReportWindow::Build() {
   ShowDocument(std::move(report.Text));
   lacksAPicture_ = report.State == BuiltReport::LacksAPicture;
   regainsActivation_ = lacksAPicture_ && !isActiveWindow();
-  on_.Report.LoadGridWithSolutions(on_.Subject.Analysis, on_.Subject.Document.Settings.SigFigs, Notice());
+  on_.Report.LoadGridWithSolutions(on_.Subject.Analysis, on_.Subject.Document.Settings.SigFigs);
+  on_.Report.ShowNotice(Notice());
   built_ = basis;
 }
 

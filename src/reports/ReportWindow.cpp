@@ -101,13 +101,11 @@ void ReportWindow::LoadGridWithEquations(const TrussAnalysis& analysis, int sigF
   ShowTable(::LoadGridWithEquations(analysis, Format(sigFigs)), 0, false);
 }
 
-void ReportWindow::LoadGridWithRREF(const TrussAnalysis& analysis, int sigFigs, const std::string& notice) {
+void ReportWindow::LoadGridWithRREF(const TrussAnalysis& analysis, int sigFigs) {
   ShowTable(::LoadGridWithRREF(analysis, Format(sigFigs)), 0, false);
-  ShowNotice(notice);
 }
 
-Outcome ReportWindow::LoadGridWithSolutions(const TrussAnalysis& analysis, int sigFigs,
-                                            const std::string& notice) {
+Outcome ReportWindow::LoadGridWithSolutions(const TrussAnalysis& analysis, int sigFigs) {
   const Outcome outcome = analysis.Reading.Code;
   std::unique_ptr<ReportTable> table = ::LoadGridWithSolutions(analysis, Format(sigFigs));
   if (outcome == Outcome::Inconsistent) {
@@ -116,7 +114,6 @@ Outcome ReportWindow::LoadGridWithSolutions(const TrussAnalysis& analysis, int s
   } else {
     ShowTable(std::move(table), 3, outcome == Outcome::Redundant);
   }
-  ShowNotice(notice);
   return outcome;
 }
 

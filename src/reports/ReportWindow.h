@@ -33,13 +33,15 @@ class ReportWindow final : public QWidget {
 
   void LoadGridWithEquations(const TrussAnalysis& analysis, int sigFigs);
 
-  /// `notice` is what is to be said below the conclusion, in the single-byte code page; without one the
-  /// report has the whole window.
-  void LoadGridWithRREF(const TrussAnalysis& analysis, int sigFigs, const std::string& notice = {});
+  void LoadGridWithRREF(const TrussAnalysis& analysis, int sigFigs);
 
   /// An inconsistent system shows its conclusion in the text box and no table; a redundant one has its
-  /// conclusion below the table. `notice` as above.
-  Outcome LoadGridWithSolutions(const TrussAnalysis& analysis, int sigFigs, const std::string& notice = {});
+  /// conclusion below the table.
+  Outcome LoadGridWithSolutions(const TrussAnalysis& analysis, int sigFigs);
+
+  /// What is to be said below the report that was loaded last, in the single-byte code page; without a notice
+  /// the report has the whole window.
+  void ShowNotice(const std::string& notice);
 
   /// The paragraphs of the Counting report last built.
   const CountingReport& Counting() const { return counting_; }
@@ -57,7 +59,6 @@ class ReportWindow final : public QWidget {
  private:
   void ShowText(const QString& text);
   void ShowTable(std::unique_ptr<ReportTable> table, int extraRowHeight, bool redundant);
-  void ShowNotice(const std::string& notice);
   int RowHeight() const;
   int NoticeNeeds() const;
   int NoticeHeight() const;

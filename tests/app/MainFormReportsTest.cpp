@@ -2,10 +2,13 @@
 #include <QPlainTextEdit>
 #include <QTextEdit>
 
+#include "explanation/Explanation.h"
+#include "explanation/RoundingText.h"
 #include "reports/PrintableReportWindow.h"
 #include "support/MainFormFixture.h"
 #include "support/NumberedStrip.h"
 #include "support/ReportReader.h"
+#include "support/TrussOfShape.h"
 
 namespace {
 
@@ -189,6 +192,39 @@ TEST_F(MainFormReports, WhereRoundingHasMisledItIsToldBelowTheConclusion) {
   EXPECT_TRUE(notice->isHidden());
   EXPECT_TRUE(PrintableReport().contains(QStringLiteral("Exactly, the system is redundant")));
   EXPECT_FALSE(notice->isHidden()) << "the solutions are shown after the printable report";
+}
+
+// How sure the figures are takes as long as the elimination. Nobody waits for it.
+TEST_F(MainFormReports, BelowTheConclusionOfALargeTrussItIsToldWhenItIsKnown) {
+  Started();
+  Truss strip = TrussOf(WarrenStrip(600));
+  OpenInStep3(strip);
+  const TrussAnalysis analysis = SolveTruss(strip);
+  ExplanationOnDemand reasons(strip, analysis);
+  const std::string expected = NoticeBelowConclusion(reasons.Graph(), reasons.Rounded(),
+                                                     {.SigFigs = truss_.Settings.SigFigs, .Numbers = {}});
+  ASSERT_FALSE(expected.empty());
+  const auto* notice = Report()->findChild<QPlainTextEdit*>(QStringLiteral("txtNotice"));
+  Click("cmdReportRREF");
+  EXPECT_EQ(notice->toPlainText(), QLatin1String(RoundingIsComing));
+  Click("cmdReportCounting");
+  EXPECT_TRUE(notice->isHidden());
+  Click("cmdReportSolutions");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return notice->toPlainText() == ToQt(expected); }))
+      << notice->toPlainText().toStdString();
+  Click("cmdReportRREF");
+  EXPECT_EQ(notice->toPlainText(), ToQt(expected)) << "the second time at once";
+}
+
+TEST_F(MainFormReports, ATrussThatIsLeftWhileItsFiguresAreWorkedOutIsForgotten) {
+  Started();
+  OpenInStep3(TrussOf(WarrenStrip(600)));
+  Click("cmdReportRREF");
+  Click("cmdPrev3");
+  QTest::qWait(100);
+  OpenInStep3(TriangleNamedFromTheTop());
+  Click("cmdReportSolutions");
+  EXPECT_TRUE(Report()->findChild<QPlainTextEdit*>(QStringLiteral("txtNotice"))->isHidden());
 }
 
 TEST_F(MainFormReports, WhereTheVerdictsAgreeNothingIsAdded) {

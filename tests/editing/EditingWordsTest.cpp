@@ -22,7 +22,7 @@ struct Teller : Editor {
   KeyboardCursor Cursor{Mouse, Document, Picture};
 };
 
-Truss Corner() {
+Truss CornerTruss() {
   return TrussBuilder()
       .Member(2, 2, 6, 2, "AB")
       .Member(6, 2, 6, 6)
@@ -34,14 +34,14 @@ Truss Corner() {
 }  // namespace
 
 TEST(CursorInWords, TellsThePointAndTheJointOrGridPointThere) {
-  Teller teller(Corner());
+  Teller teller(CornerTruss());
   EXPECT_EQ(teller.At(2, 2), "(2, 2), joint A");
   EXPECT_EQ(teller.At(6, 2), "(6, 2), joint");
   EXPECT_EQ(teller.At(8.5F, 4), "(8.5, 4), grid point");
 }
 
 TEST(CursorInWords, AJointWithoutANameIsJustAJoint) {
-  Teller teller(Corner());
+  Teller teller(CornerTruss());
   for (JointRec& joint : teller.Document.JointsInUse()) {
     if (joint.X != 2) continue;
     teller.Document.Labels[joint.NameLabel].Caption = "";
@@ -52,21 +52,21 @@ TEST(CursorInWords, AJointWithoutANameIsJustAJoint) {
 }
 
 TEST(CursorInWords, TellsWhatItWouldSnapTo) {
-  Teller teller(Corner());
+  Teller teller(CornerTruss());
   EXPECT_EQ(teller.AtPixel(Editor::Px(2) + 3, Editor::Py(2)), "snaps to (2, 2), joint A");
   EXPECT_EQ(teller.AtPixel(Editor::Px(8) + 3, Editor::Py(4)), "snaps to (8, 4), grid point");
   EXPECT_EQ(teller.AtPixel(Editor::Px(8), Editor::Py(4) - 3), "snaps to (8, 4), grid point");
 }
 
 TEST(CursorInWords, WithoutSnappingItIsThePlaceItself) {
-  Teller teller(Corner());
+  Teller teller(CornerTruss());
   teller.Document.Settings.SnapGrid = false;
   teller.Document.Settings.SnapObject = false;
   EXPECT_EQ(teller.At(8.25F, 4), "(8.25, 4)");
 }
 
 TEST(CursorInWords, TellsWhatTheToolWouldActOn) {
-  Teller teller(Corner());
+  Teller teller(CornerTruss());
   EXPECT_EQ(teller.At(4, 2), "(4, 2), grid point");
   teller.Use(Tool::Erase);
   EXPECT_EQ(teller.At(4, 2), "(4, 2), grid point, on member AB from (2, 2) to (6, 2)");
@@ -86,7 +86,7 @@ TEST(CursorInWords, SaysNothingWhereAPressDoesNothing) {
 }
 
 TEST(ChangesInWords, TellWhatWasMadeErasedAndChanged) {
-  Teller teller(Corner());
+  Teller teller(CornerTruss());
   const ChangesInWords before(teller.Document);
   EXPECT_EQ(before.Since(teller.Document, "."), "");
   teller.Use(Tool::Roller);
@@ -104,7 +104,7 @@ TEST(ChangesInWords, TellWhatWasMadeErasedAndChanged) {
 }
 
 TEST(ChangesInWords, TellOfErasedSupportsAndForces) {
-  Truss truss = Corner();
+  Truss truss = CornerTruss();
   const ChangesInWords before(truss);
   truss.Supports[1].Live = false;
   truss.Forces[1].Active = false;
@@ -125,13 +125,13 @@ TEST(ChangesInWords, OfManyChangesOnlyTheFirstAreTold) {
 
 TEST(ChangesInWords, AnotherTrussIsComparedToo) {
   const Truss empty = TrussBuilder();
-  EXPECT_EQ(ChangesInWords(Corner()).Since(empty, "."),
+  EXPECT_EQ(ChangesInWords(CornerTruss()).Since(empty, "."),
             "erased member AB from (2, 2) to (6, 2); erased member from (6, 2) to (6, 6); "
             "erased clamp at (2, 2), forces Ax and Ay and 1 more changes");
 }
 
 TEST(PlaceToPress, IsTheJointWithToolsThatDraw) {
-  Teller teller(Corner());
+  Teller teller(CornerTruss());
   EXPECT_FALSE(teller.PlaceOn(ElementKind::Joint, 1));
   for (const Tool tool : {Tool::TrussMember, Tool::Clamp, Tool::Roller, Tool::Force}) {
     teller.Use(tool);
@@ -144,7 +144,7 @@ TEST(PlaceToPress, IsTheJointWithToolsThatDraw) {
 }
 
 TEST(PlaceToPress, ADragIsDroppedOnJointsOnly) {
-  Teller teller(Corner());
+  Teller teller(CornerTruss());
   teller.Use(Tool::Move);
   teller.Press(2, 2);
   ASSERT_TRUE(teller.Mouse.IsDragging());
@@ -154,7 +154,7 @@ TEST(PlaceToPress, ADragIsDroppedOnJointsOnly) {
 
 TEST(PlaceToPress, IsWhereAClickMeetsTheElement) {
   for (const Tool tool : {Tool::NumericalValue, Tool::Move, Tool::Erase}) {
-    Teller teller(Corner());
+    Teller teller(CornerTruss());
     teller.Use(tool);
     EXPECT_EQ(teller.PlaceOn(ElementKind::Member, 1), (PixelPoint{Editor::Px(4), Editor::Py(2)}));
     EXPECT_TRUE(teller.PlaceOn(ElementKind::Member, 2));
@@ -237,7 +237,7 @@ TEST(KeyboardCursorMoveTo, DragsWhatIsHeld) {
 }
 
 TEST(PressInWords, TellsWhereADragBeginsAndWhatItMade) {
-  Teller teller(Corner());
+  Teller teller(CornerTruss());
   const ChangesInWords before(teller.Document);
   const auto told = [&](PixelPoint cursor) {
     return PressInWords(before, teller.Document, teller.Picture, teller.Mouse, teller.Tools.Selected(),
@@ -253,7 +253,7 @@ TEST(PressInWords, TellsWhereADragBeginsAndWhatItMade) {
 }
 
 TEST(PressInWords, TellsWhatIsPickedOrThatNothingHappened) {
-  Teller teller(Corner());
+  Teller teller(CornerTruss());
   const auto toldAfter = [&](float x, float y) {
     const ChangesInWords before(teller.Document);
     teller.Click(x, y);
@@ -269,7 +269,7 @@ TEST(PressInWords, TellsWhatIsPickedOrThatNothingHappened) {
 }
 
 TEST(PressInWords, TheFirstEndOfAMemberIsToldLikeTheSecond) {
-  Teller teller(Corner());
+  Teller teller(CornerTruss());
   teller.Use(Tool::Move);
   teller.Click(6, 3);
   EXPECT_EQ(teller.At(6, 2), "(6, 2), joint, on the end (6, 2) of member from (6, 2) to (6, 6)");
@@ -281,7 +281,7 @@ TEST(PressInWords, TheFirstEndOfAMemberIsToldLikeTheSecond) {
 }
 
 TEST(PressInWords, TheMoveToolTellsWhatItTakesHoldOf) {
-  Teller teller(Corner());
+  Teller teller(CornerTruss());
   const auto press = [&](float x, float y) {
     const ChangesInWords before(teller.Document);
     teller.Cursor.MoveTo({Editor::Px(x), Editor::Py(y)});

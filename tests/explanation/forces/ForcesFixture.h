@@ -13,7 +13,7 @@
 #include "explanation/forces/ForcesDrawing.h"
 #include "naming/Naming.h"
 #include "support/RecordingSurface.h"
-#include "support/TrussShapes.h"
+#include "support/TrussOfShape.h"
 
 /// A truss taken through the analysis.
 struct SolvedForces {
@@ -95,20 +95,6 @@ inline std::vector<std::pair<std::string, Truss>> ExampleTrusses() {
     examples.emplace_back(entry.path().filename().string(), std::move(truss));
   }
   return examples;
-}
-
-inline Truss TrussOf(const TrussShape& shape) {
-  const auto at = [&shape](int joint) { return shape.Joints[static_cast<std::size_t>(joint)]; };
-  TrussBuilder builder;
-  for (const auto& [from, to] : shape.Members) {
-    const auto number = std::to_string(&from - &shape.Members.front().first + 1);
-    builder.Member(at(from).X, at(from).Y, at(to).X, at(to).Y, "m" + number);
-  }
-  builder.Clamp(at(shape.ClampJoint).X, at(shape.ClampJoint).Y, "Ax", "Ay");
-  builder.Roller(at(shape.RollerJoint).X, at(shape.RollerJoint).Y, "B");
-  for (const TrussShape::Load& load : shape.Loads)
-    builder.Force(at(load.AtJoint).X, at(load.AtJoint).Y, load.Fx, load.Fy);
-  return builder;
 }
 
 /// Whether a point of a line lies inside a box, with `reach` pixels around the line; looked at in small
