@@ -4,6 +4,7 @@
 
 #include "explanation/Explanation.h"
 #include "explanation/RoundingText.h"
+#include "platform/qt/QtText.h"
 #include "reports/PrintableReportWindow.h"
 #include "support/MainFormFixture.h"
 #include "support/NumberedStrip.h"
@@ -198,6 +199,7 @@ TEST_F(MainFormReports, WhereRoundingHasMisledItIsToldBelowTheConclusion) {
 TEST_F(MainFormReports, BelowTheConclusionOfALargeTrussItIsToldWhenItIsKnown) {
   Started();
   Truss strip = TrussOf(WarrenStrip(600));
+  strip.Settings.SigFigs = 9;  // more than are sure
   OpenInStep3(strip);
   const TrussAnalysis analysis = SolveTruss(strip);
   ExplanationOnDemand reasons(strip, analysis);

@@ -33,7 +33,8 @@ TEST_F(NoticeInReportWindow, StandsBelowTheTableAndLeavesItAsItIs) {
   window.LoadGridWithRREF(analysis, SigFigs);
   EXPECT_TRUE(notice->isHidden());
   const QRect table = eqnGrid->geometry();
-  window.LoadGridWithRREF(analysis, SigFigs, NoticeText);
+  window.LoadGridWithRREF(analysis, SigFigs);
+  window.ShowNotice(NoticeText);
   EXPECT_EQ(notice->toPlainText(), QString::fromLatin1(NoticeText));
   EXPECT_EQ(eqnGrid->geometry(), table);
   ExpectAllInSight(eqnGrid);
@@ -42,7 +43,8 @@ TEST_F(NoticeInReportWindow, StandsBelowTheTableAndLeavesItAsItIs) {
 TEST_F(NoticeInReportWindow, StandsBelowTheConclusionOfASystemWithoutSolution) {
   Show();
   Analyse(InLine(0, -1000));
-  window.LoadGridWithSolutions(analysis, SigFigs, NoticeText);
+  window.LoadGridWithSolutions(analysis, SigFigs);
+  window.ShowNotice(NoticeText);
   EXPECT_TRUE(txtReport1->toPlainText().startsWith(QStringLiteral("There is NO SOLUTION")));
   EXPECT_TRUE(txtReport1->toPlainText().endsWith(QStringLiteral("will move."))) << "its text is its own";
   ExpectAllInSight(txtReport1);
@@ -51,7 +53,8 @@ TEST_F(NoticeInReportWindow, StandsBelowTheConclusionOfASystemWithoutSolution) {
 TEST_F(NoticeInReportWindow, StandsBelowTheLinesOfARedundantSystem) {
   Show();
   Analyse(InLine(1000, 0));
-  window.LoadGridWithSolutions(analysis, SigFigs, NoticeText);
+  window.LoadGridWithSolutions(analysis, SigFigs);
+  window.ShowNotice(NoticeText);
   EXPECT_TRUE(redundant->isVisible());
   EXPECT_FALSE(redundant->geometry().intersects(notice->geometry()));
   ExpectAllInSight(eqnGrid);
@@ -63,7 +66,8 @@ TEST_F(NoticeInReportWindow, FitsInEveryFontSizeAndOnSmallScreens) {
     window.resize(size);
     for (const float points : {8.0F, 10.0F, 14.0F, 18.0F, 24.0F}) {
       window.ChooseFontSet(points);
-      window.LoadGridWithRREF(analysis, SigFigs, NoticeText);
+      window.LoadGridWithRREF(analysis, SigFigs);
+      window.ShowNotice(NoticeText);
       QCoreApplication::processEvents();
       ExpectAllInSight(eqnGrid);
       EXPECT_GT(eqnGrid->height(), 0) << "some of the table is left";
@@ -72,14 +76,17 @@ TEST_F(NoticeInReportWindow, FitsInEveryFontSizeAndOnSmallScreens) {
 }
 
 TEST_F(NoticeInReportWindow, GoesWhenAnotherReportComes) {
-  window.LoadGridWithRREF(analysis, SigFigs, NoticeText);
+  window.LoadGridWithRREF(analysis, SigFigs);
+  window.ShowNotice(NoticeText);
   window.LoadGridWithEquations(analysis, SigFigs);
   EXPECT_TRUE(notice->isHidden());
-  window.LoadGridWithRREF(analysis, SigFigs, NoticeText);
+  window.LoadGridWithRREF(analysis, SigFigs);
+  window.ShowNotice(NoticeText);
   window.ReportCounting(analysis.Counted);
   EXPECT_TRUE(notice->isHidden());
   EXPECT_EQ(txtReport1->height(), window.height() - 16);
-  window.LoadGridWithRREF(analysis, SigFigs, NoticeText);
+  window.LoadGridWithRREF(analysis, SigFigs);
+  window.ShowNotice(NoticeText);
   window.Clear();
   EXPECT_TRUE(notice->isHidden());
   EXPECT_TRUE(notice->toPlainText().isEmpty());
@@ -87,7 +94,8 @@ TEST_F(NoticeInReportWindow, GoesWhenAnotherReportComes) {
 
 TEST_F(NoticeInReportWindow, IsReachedSelectedAndCopiedWithTheKeyboard) {
   Show();
-  window.LoadGridWithRREF(analysis, SigFigs, NoticeText);
+  window.LoadGridWithRREF(analysis, SigFigs);
+  window.ShowNotice(NoticeText);
   eqnGrid->setFocus();
   QTest::keyClick(eqnGrid, Qt::Key_Tab);
   ASSERT_EQ(QApplication::focusWidget(), notice);
@@ -99,7 +107,8 @@ TEST_F(NoticeInReportWindow, IsReachedSelectedAndCopiedWithTheKeyboard) {
 }
 
 TEST_F(NoticeInReportWindow, IsNeverMarkup) {
-  window.LoadGridWithRREF(analysis, SigFigs, "<b>AB</b> & \xD6");
+  window.LoadGridWithRREF(analysis, SigFigs);
+  window.ShowNotice("<b>AB</b> & \xD6");
   EXPECT_EQ(notice->toPlainText(), QStringLiteral("<b>AB</b> & \u00D6"));
 }
 
