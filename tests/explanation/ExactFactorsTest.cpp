@@ -93,7 +93,9 @@ TEST(ExactProportions, LengthenNoMemberOrAreNone) {
       ASSERT_TRUE(!unknown.IsMember() || Lengthening(graph, unknown, moved) == 0) << i;
     }
     numLarge +=
-        std::ranges::any_of(whole, [](std::int64_t number) { return std::abs(number) > 1e12; }) ? 1 : 0;
+        std::ranges::any_of(whole, [](std::int64_t number) { return std::abs(number) > 1'000'000'000'000; })
+            ? 1
+            : 0;
   }
   EXPECT_GT(numNone, 50);
   EXPECT_GT(numLarge, 20);
