@@ -98,14 +98,14 @@ void Picture::PrintText(float left, float top, std::string_view text) {
   if (text.empty()) return;
   const TextExtent extent = Extent(text);
   Cover({left, top, left + extent.Width, top + extent.Height}, 0);
-  steps_.emplace_back(Text{{left, top}, std::string(text)});
+  steps_.emplace_back(Text{{left, top}, std::string(ShownBeginning(text))});
 }
 
 void Picture::PrintTextWithRim(float left, float top, std::string_view text, int paletteIndex) {
   foreground_ = paletteIndex;
   const TextExtent extent = Extent(text);
   if (!text.empty()) Cover({left, top, left + extent.Width, top + extent.Height}, RimWidth);
-  steps_.emplace_back(TextWithRim{{left, top}, std::string(text), paletteIndex});
+  steps_.emplace_back(TextWithRim{{left, top}, std::string(ShownBeginning(text)), paletteIndex});
 }
 
 PixelRect Picture::Frame() const {

@@ -69,7 +69,7 @@ class Picture final : public Surface {
   };
   struct Text {
     PixelPoint TopLeft;
-    std::string Letters;
+    std::string Letters;  // as many as are shown
   };
   struct TextWithRim {
     PixelPoint TopLeft;

@@ -7,11 +7,7 @@
 
 namespace {
 
-constexpr std::size_t LongestText = 200;
 constexpr std::size_t MostKept = 50'000;
-
-// As much of a text as decides how it is shown.
-std::string Beginning(std::string_view text) { return std::string(text.substr(0, LongestText + 1)); }
 
 }  // namespace
 
@@ -23,11 +19,11 @@ QFont CanvasFont(const TextFont& font) {
 }
 
 QString CanvasText(std::string_view singleByteText) {
-  QString text = ToQt(Beginning(singleByteText));
+  QString text = ToQt(ShownBeginning(singleByteText));
   for (QChar& character : text) {
     if (character.category() == QChar::Other_Control) character = QLatin1Char(' ');
   }
-  constexpr auto longest = static_cast<qsizetype>(LongestText);
+  constexpr auto longest = static_cast<qsizetype>(LongestShownText);
   if (text.size() > longest) text = text.left(longest - 1) + QChar(0x2026);
   return text;
 }
@@ -40,7 +36,7 @@ TextExtent ExtentOf(const QFontMetricsF& metrics, std::string_view singleByteTex
 TextExtent QtTextMeasure::Measure(const TextFont& font, std::string_view singleByteText) {
   OneFont& measured = In(font);
   if (measured.Extents.size() > MostKept) measured.Extents.clear();
-  const auto [place, isNew] = measured.Extents.try_emplace(Beginning(singleByteText));
+  const auto [place, isNew] = measured.Extents.try_emplace(std::string(ShownBeginning(singleByteText)));
   if (isNew) place->second = ExtentOf(measured.Metrics, singleByteText);
   return place->second;
 }
