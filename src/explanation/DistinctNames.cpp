@@ -81,29 +81,31 @@ void DistinctNames::FindPlaces() {
   }
 }
 
-std::string DistinctNames::OwnOfJoint(int joint) const {
+SharedText DistinctNames::OwnOfJoint(int joint) const {
   const SharedText& name = graph_.Joints[joint].Name;
-  return odd_ == OddNames::InBrackets && IsOdd(name) ? InBrackets(name) : name.String();
+  return odd_ == OddNames::InBrackets && IsOdd(name) ? SharedText(InBrackets(name)) : name;
 }
 
-std::string DistinctNames::OwnOfForce(const PlacedUnknown& unknown) const {
-  return odd_ == OddNames::InBrackets && IsOddForForce(unknown.Name) ? InBrackets(unknown.Name)
-                                                                     : unknown.Name.String();
+SharedText DistinctNames::OwnOfForce(const PlacedUnknown& unknown) const {
+  return odd_ == OddNames::InBrackets && IsOddForForce(unknown.Name) ? SharedText(InBrackets(unknown.Name))
+                                                                     : unknown.Name;
 }
 
 std::string DistinctNames::ForceInEquation(int unknown) const {
-  const std::string& name = forces_[unknown];
+  const SharedText& name = forces_[unknown];
   const bool isPlain = ofForces_[unknown] == Own::Tells && !IsOddForForce(graph_.Unknowns[unknown].Name);
   const bool hasBrackets = ofForces_[unknown] == Own::Tells && odd_ == OddNames::InBrackets;
-  return isPlain || hasBrackets ? name : InBrackets(name);
+  return isPlain || hasBrackets ? name.String() : InBrackets(name);
 }
 
 void DistinctNames::NameJoints() {
   for (int j = 1; j <= graph_.NumJoints(); ++j) {
-    const std::string name = OwnOfJoint(j);
-    joints_[j] = ofJoints_[j] == Own::Tells      ? name
-                 : ofJoints_[j] == Own::IsShared ? name + " at " + places_[j]
-                                                 : places_[j];
+    if (ofJoints_[j] == Own::IsMissing) {
+      joints_[j] = places_[j];
+    } else {
+      joints_[j] = OwnOfJoint(j);
+      if (ofJoints_[j] == Own::IsShared) joints_[j] = joints_[j] + " at " + places_[j];
+    }
   }
 }
 
@@ -117,7 +119,7 @@ void DistinctNames::NameForces() {
   for (int k = 1; k <= graph_.NumUnknowns(); ++k) {
     if (ofForces_[k] == Own::Tells || count[forces_[k]] == 1) continue;
     const int ofTheSame = ++number[forces_[k]];
-    forces_[k] += " #" + std::to_string(ofTheSame);
+    forces_[k] = forces_[k] + " #" + std::to_string(ofTheSame);
   }
 }
 
@@ -125,7 +127,7 @@ std::string DistinctNames::EndsOf(const PlacedUnknown& member) const {
   return joints_[member.JointA] + " to " + joints_[member.JointB];
 }
 
-std::string DistinctNames::NameOf(const PlacedUnknown& unknown, Own own) const {
+SharedText DistinctNames::NameOf(const PlacedUnknown& unknown, Own own) const {
   if (own == Own::Tells) return OwnOfForce(unknown);
   const bool isShared = own == Own::IsShared;
   if (unknown.IsMember())
@@ -138,7 +140,8 @@ std::string DistinctNames::NameOf(const PlacedUnknown& unknown, Own own) const {
 
 std::string DistinctNames::Member(int unknown) const {
   const bool isByItsEnds = ofForces_[unknown] == Own::IsMissing && graph_.Unknowns[unknown].IsMember();
-  return isByItsEnds ? forces_[unknown].substr(std::string_view(MemberWord).size()) : forces_[unknown];
+  return isByItsEnds ? std::string(forces_[unknown].View().substr(std::string_view(MemberWord).size()))
+                     : forces_[unknown].String();
 }
 
 std::string DistinctNames::ReactionInWords(int unknown) const {

@@ -31,8 +31,8 @@ class DistinctNames {
   /// The graph must outlive it.
   DistinctNames(const TrussGraph& graph, const ReportFormat& format, OddNames odd = OddNames::AsTheyAre);
 
-  const std::string& Joint(int joint) const { return joints_[joint]; }
-  const std::string& Force(int unknown) const { return forces_[unknown]; }
+  const SharedText& Joint(int joint) const { return joints_[joint]; }
+  const SharedText& Force(int unknown) const { return forces_[unknown]; }
 
   /// In an equation, where all that is not one plain name is in brackets: "[member A to C]".
   std::string ForceInEquation(int unknown) const;
@@ -90,17 +90,18 @@ class DistinctNames {
   void NameJoints();
   void NameForces();
   void FindSpots();
-  std::string OwnOfJoint(int joint) const;
-  std::string OwnOfForce(const PlacedUnknown& unknown) const;
+  SharedText OwnOfJoint(int joint) const;
+  SharedText OwnOfForce(const PlacedUnknown& unknown) const;
   std::string EndsOf(const PlacedUnknown& member) const;
-  std::string NameOf(const PlacedUnknown& unknown, Own own) const;
+  SharedText NameOf(const PlacedUnknown& unknown, Own own) const;
   int JointAt(double x, double y) const;
 
   const TrussGraph& graph_;
   ReportFormat format_;  // of places
   OddNames odd_;
   Table<Own> ofJoints_, ofForces_;
-  Table<std::string> places_, joints_, forces_;
+  Table<std::string> places_;
+  Table<SharedText> joints_, forces_;
   double near_ = 0;  // world units
   std::vector<Spot> spots_;
 };

@@ -8,7 +8,7 @@
 
 /// What bears one name, and where the second of them is, world coordinates.
 struct EqualNames {
-  std::string Name;
+  SharedText Name;
   std::vector<std::string> Bearers;  ///< at least two: "the joint at (3, 4)", "the member from A to C"
   bool AreJoints = false;            ///< else they are members and reactions, in any mixture
   float X = 0, Y = 0;

@@ -36,7 +36,7 @@ class TriedTruss {
   TriedTruss& operator=(const TriedTruss&) = delete;
 
   const TrussGraph& Graph() const { return graph_; }
-  const std::string& NameOf(int unknown) const { return names_.Force(unknown); }
+  const SharedText& NameOf(int unknown) const { return names_.Force(unknown); }
 
   /// False when, exactly, no forces hold the truss under its loads: then there are none to find.
   bool HasForces() const { return hasForces_; }

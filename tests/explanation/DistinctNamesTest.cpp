@@ -105,7 +105,7 @@ TEST(DistinctNames, SentencesSayMemberOnlyOnce) {
 TEST(DistinctNames, MembersBetweenTheSameJointsAreNumbered) {
   const TrussGraph graph = GraphOf(TrussBuilder().Member(0, 0, 4, 0).Member(4, 0, 0, 0).Member(0, 0, 4, 0));
   const DistinctNames names(graph, {});
-  EXPECT_EQ(std::set({names.Force(1), names.Force(2), names.Force(3)}),
+  EXPECT_EQ(std::set<std::string>({names.Force(1), names.Force(2), names.Force(3)}),
             (std::set<std::string>{"member (0, 0) to (4, 0) #1", "member (0, 0) to (4, 0) #2",
                                    "member (4, 0) to (0, 0)"}));
 }

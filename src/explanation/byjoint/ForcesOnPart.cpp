@@ -83,7 +83,7 @@ class Collector {
     force.Role = roles_[k];
     const bool isTurned = force.Value < 0 && !asAssumed_;
     (unknown.Along == Axis::X ? force.X : force.Y) = (isTurned ? -1 : 1) * unknown.Sign;
-    force.Text = names_.Force(k) + ' ' + ValueText(force);
+    force.Text = names_.Force(k) + " " + ValueText(force);
     // The number of the solutions too, where the arrow is turned round.
     if (isTurned) force.Text += " (" + Number(force.Value) + ')';
     forces_.push_back(std::move(force));

@@ -63,7 +63,7 @@ std::string DescribeForces(const TrussForces& forces, const ReportFormat& format
     pulling += int{sense == ForceSense::Pulling};
     zero += int{sense == ForceSense::Zero};
     open += int{sense == ForceSense::Undetermined && forces.HasSolution()};
-    members.push_back(names.Force(k) + ' ' + ForceOf(forces.Graph.Unknowns[k], forces.Unknowns[k], format));
+    members.push_back(names.Force(k) + " " + ForceOf(forces.Graph.Unknowns[k], forces.Unknowns[k], format));
   }
   std::vector<std::string> counts;
   for (const std::string& count : {CountOf(pushing, " in compression"), CountOf(pulling, " in tension"),

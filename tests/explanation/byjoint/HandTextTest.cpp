@@ -193,7 +193,7 @@ TEST(HandText, ItsNumbersHoldWhenTheyArePutIn) {
     for (int k = 1; k <= told.Graph.NumUnknowns(); ++k) {
       if (!told.Solution.Values[k]) continue;
       values[names.Force(k)] = *told.Solution.Values[k];
-      values['[' + names.Force(k) + ']'] = *told.Solution.Values[k];
+      values["[" + names.Force(k) + "]"] = *told.Solution.Values[k];
     }
     for (const HandStepText& text : told.Texts()) {
       for (std::size_t i = 0; i < text.Lines.size(); ++i) {
