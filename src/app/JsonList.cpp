@@ -3,16 +3,17 @@
 #include <algorithm>
 #include <cmath>
 
-#include "text/CodePage.h"
 #include "text/ControlCharacters.h"
 #include "text/NumberText.h"
 
-std::string JsonText(const std::string& utf8Text) {
+std::string JsonLetters(const std::string& utf8Text) {
   // Most texts have nothing to escape.
   const bool isPlain = std::ranges::all_of(
       utf8Text, [](char byte) { return byte >= ' ' && byte < '\x7F' && byte != '"' && byte != '\\'; });
-  return '"' + (isPlain ? utf8Text : JsonEscaped(utf8Text)) + '"';
+  return isPlain ? utf8Text : JsonEscaped(utf8Text);
 }
+
+std::string JsonText(const std::string& utf8Text) { return '"' + JsonLetters(utf8Text) + '"'; }
 
 std::string JsonName(std::string_view singleByteText) { return JsonText(ToUtf8(singleByteText)); }
 

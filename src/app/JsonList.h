@@ -6,9 +6,15 @@
 #include <string>
 #include <string_view>
 
+#include "text/CodePage.h"
+#include "text/TextParts.h"
+
 /// A text in quotes, escaped; from UTF-8, or from a single-byte text.
 std::string JsonText(const std::string& utf8Text);
 std::string JsonName(std::string_view singleByteText);
+
+/// The same without the quotes.
+std::string JsonLetters(const std::string& utf8Text);
 
 /// The shortest form that reads back to the same value; null for a value beyond the number range, for which
 /// JSON has no word.
@@ -66,6 +72,26 @@ class JsonStream {
     JsonStream items(out_, '[');
     write(items);
     items.Close();
+    return *this;
+  }
+
+  /// A key whose value is an object: `write` is given its stream.
+  template <class Write>
+  JsonStream& Object(const char* key, const Write& write) {
+    BeginKey(key);
+    JsonStream items(out_, '{');
+    write(items);
+    items.Close();
+    return *this;
+  }
+
+  /// A key whose value is a single-byte text: `tell` is given what takes its parts.
+  template <class Tell>
+  JsonStream& Name(const char* key, const Tell& tell) {
+    BeginKey(key);
+    out_ << '"';
+    tell(TakeText([this](std::string_view part) { out_ << JsonLetters(ToUtf8(part)); }));
+    out_ << '"';
     return *this;
   }
 

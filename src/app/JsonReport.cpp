@@ -84,13 +84,13 @@ void WriteUnknowns(JsonStream& list, const EquationSystem& system) {
   for (int k = 1; k <= system.UnknownList.Size(); ++k) list.Item(JsonName(system.UnknownList[k].Name));
 }
 
-std::string CountingJson(const AnalysedFile& file) {
-  const CountingReport counting = ReportCounting(file.Analysis.Counted);
-  return JsonList('{')
-      .Key("forces", JsonName(counting.Forces))
-      .Key("equations", JsonName(counting.Equations))
-      .Key("count", JsonName(counting.Count))
-      .Text();
+void WriteCounting(JsonStream& object, const CountedTruss& counted) {
+  const auto paragraph = [&](const char* key, CountingParagraph which) {
+    object.Name(key, [&](const TakeText& take) { TellCounting(counted, which, take); });
+  };
+  paragraph("forces", CountingParagraph::Forces);
+  paragraph("equations", CountingParagraph::Equations);
+  paragraph("count", CountingParagraph::Count);
 }
 
 void WriteColumnOrder(JsonStream& list, const EquationSystem& system) {
@@ -151,7 +151,7 @@ void WriteObject(std::ostream& out, const AnalysedFile& file, const JsonExtras& 
       .Key("NumReactionForces", int{system.NumReactionForces})
       .Key("NumMemberForces", int{system.NumMemberForces})
       .Array("unknowns", [&](List& list) { WriteUnknowns(list, system); })
-      .Key("counting", CountingJson(file))
+      .Object("counting", [&](List& paragraphs) { WriteCounting(paragraphs, file.Analysis.Counted); })
       .Array("ColumnOrder", [&](List& list) { WriteColumnOrder(list, system); })
       .Key("outcome", hasUnknowns ? std::to_string(static_cast<int>(file.Analysis.Reading.Code)) : "null")
       .Array("solutions", [&](List& list) { WriteSolutions(list, file, format); })

@@ -89,7 +89,7 @@ class Run {
       output_.Complain(file.Argument,
                        "the name of " + brokenName + " could not be read back; the file is not converted");
     } else {
-      output_.WriteFile(commandLine_.OutputPath, TrussText(file.Document));
+      output_.WriteFile(commandLine_.OutputPath, TrussBytes(file.Document));
     }
   }
 

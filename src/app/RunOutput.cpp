@@ -37,18 +37,26 @@ void RunOutput::Complain(const std::string& subject, const std::string& why) {
   status_ = NotAllDone;
 }
 
-void RunOutput::WriteFile(const std::string& path, const std::string& bytes) {
+void RunOutput::WriteFile(const std::string& path, const ManyBytes& bytes) {
   std::string doubt;
-  if (bytes.empty()) {
+  if (bytes.Size == 0) {
     Complain(path == "-" ? "standard output" : path, "the file could not be written");
   } else if (path == "-") {
-    environment_.Out << bytes;
+    WriteToOutput(bytes);
   } else if (const std::string why = WriteWholeFile(path, bytes, PipesAndDevices::Taken, &doubt);
              !why.empty()) {
     Complain(path, "the file could not be written: " + why);
   } else if (!doubt.empty()) {
     Say(path, "the file is written, but " + doubt);
   }
+}
+
+void RunOutput::WriteToOutput(const ManyBytes& bytes) {
+  const int error = bytes.Tell([this](std::string_view part) {
+    environment_.Out << part;
+    return 0;
+  });
+  if (error != 0) Complain("standard output", "the results could not be written: " + WhyFailed(error));
 }
 
 ExitStatus RunOutput::Finish() {

@@ -3,8 +3,10 @@
 
 #include <chrono>
 #include <string>
+#include <string_view>
 
 #include "app/RunCommandLine.h"
+#include "platform/ManyBytes.h"
 
 class RunOutput {
  public:
@@ -27,12 +29,15 @@ class RunOutput {
 
   /// Writes a file that is complete or absent; "-" is standard output. Bytes that could not even be made
   /// (none) cannot be written.
-  void WriteFile(const std::string& path, const std::string& bytes);
+  void WriteFile(const std::string& path, const ManyBytes& bytes);
+  void WriteFile(const std::string& path, std::string_view bytes) { WriteFile(path, ManyBytes::Of(bytes)); }
 
   /// To be called last: flushes the results.
   ExitStatus Finish();
 
  private:
+  void WriteToOutput(const ManyBytes& bytes);
+
   const CommandLineEnvironment& environment_;
   bool showsProgress_;
   std::size_t total_;

@@ -46,28 +46,62 @@ std::vector<std::size_t> ColumnWidths(const ReportTable& table) {
   return widths;
 }
 
-// Nearly all cells of a large matrix are "0": what stands between the others is taken from a line of zeros.
+void WriteBlanks(std::ostream& out, std::size_t count) {
+  static const std::string blanks(4096, ' ');
+  for (; count > blanks.size(); count -= blanks.size()) out << blanks;
+  out << std::string_view(blanks).substr(0, count);
+}
+
+// The columns of a row that has nothing but "0", each with the gap before it. Nearly all cells of a large
+// matrix are such: they are taken from one line of them, where names do not make it too long to be kept.
+class ZeroColumns {
+ public:
+  explicit ZeroColumns(const std::vector<std::size_t>& widths) {
+    for (const std::size_t width : widths)
+      begins_.push_back(begins_.back() + (begins_.size() == 1 ? 0 : ColumnGap) + width);
+    if (begins_.back() > LongestLine) return;
+    for (std::size_t column = 0; column < widths.size(); ++column)
+      line_.append(Width(column) - 1, ' ').append(1, '0');
+  }
+
+  std::size_t Count() const { return begins_.size() - 1; }
+
+  // With the gap.
+  std::size_t Width(std::size_t column) const { return begins_[column + 1] - begins_[column]; }
+
+  void Write(std::ostream& out, std::size_t from, std::size_t to) const {
+    if (!line_.empty()) {
+      out << std::string_view(line_).substr(begins_[from], begins_[to] - begins_[from]);
+      return;
+    }
+    for (std::size_t column = from; column < to; ++column) {
+      WriteBlanks(out, Width(column) - 1);
+      out << '0';
+    }
+  }
+
+ private:
+  static constexpr std::size_t LongestLine = 1 << 20;
+
+  std::vector<std::size_t> begins_ = {0};  // of each column, and the end of the last one
+  std::string line_;
+};
+
 void WriteTable(std::ostream& out, const ReportTable& table) {
   out << table.Heading() << '\n';
-  std::vector<std::size_t> begins = {0};  // of each column, its gap included, and the end of the last one
-  std::string zeros;
-  for (const std::size_t width : ColumnWidths(table)) {
-    zeros.append((zeros.empty() ? 0 : ColumnGap) + width - 1, ' ');
-    zeros += '0';
-    begins.push_back(zeros.size());
-  }
-  std::string line;
+  const ZeroColumns zeros(ColumnWidths(table));
   for (int row = 0; row < table.NumRows(); ++row) {
-    line.clear();
-    std::size_t done = 0;
+    std::size_t done = 0;  // columns
     table.VisitRow(row, 0, table.NumColumns() - 1, [&](int column) {
       const std::string cell = table.Text(row, column);
-      const std::size_t begin = begins[static_cast<std::size_t>(column)];
-      const std::size_t end = begins[static_cast<std::size_t>(column) + 1];
-      line.append(zeros, done, begin - done).append(end - begin - cell.size(), ' ').append(Shown(cell));
-      done = end;
+      const auto at = static_cast<std::size_t>(column);
+      zeros.Write(out, done, at);
+      WriteBlanks(out, zeros.Width(at) - cell.size());
+      out << Shown(cell);
+      done = at + 1;
     });
-    out << line.append(zeros, done) << '\n';
+    zeros.Write(out, done, zeros.Count());
+    out << '\n';
   }
 }
 
@@ -139,8 +173,10 @@ void WriteReport(std::ostream& out, const AnalysedFile& file, const WantedSectio
     if (hasUnknowns) WriteNotice(out, reasons, format);
   };
   // A truss without unknown forces has no Counting report, and one without joints no equations.
-  section(sections.Counting && hasUnknowns,
-          [&] { out << ShownInLines(ReportCounting(file.Analysis.Counted).Text()) << '\n'; });
+  section(sections.Counting && hasUnknowns, [&] {
+    TellCounting(file.Analysis.Counted, [&out](std::string_view part) { out << ShownInLines(part); });
+    out << '\n';
+  });
   section(sections.Joints && file.Analysis.Counted.Joints.Size() > 0,
           [&] { WriteJointEquations(out, file, format); });
   section(sections.Equations, [&] { WriteTable(out, *LoadGridWithEquations(file.Analysis, format)); });
@@ -174,18 +210,21 @@ void WriteCsv(std::ostream& out, const AnalysedFile& file, CsvTable which, const
   const auto numColumns = static_cast<std::size_t>(table->NumColumns());
   std::string zeros;
   for (std::size_t column = 0; column < numColumns; ++column) zeros += ",0";
-  std::string line;
+  // Without the comma before the first column.
+  const auto write = [&out](bool isFirst, std::string_view cells) { out << cells.substr(isFirst ? 1 : 0); };
   for (int row = 0; row < numRows; ++row) {
-    line.clear();
     std::size_t done = 0;  // columns
+    const auto writeZeros = [&](std::size_t end) {
+      if (end > done) write(done == 0, std::string_view(zeros).substr(0, 2 * (end - done)));
+    };
     table->VisitRow(row, 0, table->NumColumns() - 1, [&](int column) {
       const auto at = static_cast<std::size_t>(column);
-      line.append(zeros, 0, 2 * (at - done))
-          .append(1, ',')
-          .append(CsvField(Shown(CsvText(*table, row, column))));
+      writeZeros(at);
+      write(at == 0, ",");
+      out << CsvField(Shown(CsvText(*table, row, column)));
       done = at + 1;
     });
-    line.append(zeros, 0, 2 * (numColumns - done));
-    out << std::string_view(line).substr(1) << "\r\n";
+    writeZeros(numColumns);
+    out << "\r\n";
   }
 }

@@ -63,27 +63,37 @@ bool LeadsTo(const struct stat& file, const std::string& path) {
 // With its slash; empty for the current folder.
 std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
 
-int WriteBytes(const SystemFile& file, std::string_view bytes) {
+// `written` counts what was written, also of a part that was not written whole.
+int WriteBytes(const SystemFile& file, const ManyBytes& bytes, std::size_t& written) {
+  return bytes.Tell([&](std::string_view part) {
+    std::size_t writtenOfPart = 0;
+    const int error = file.Write(part, writtenOfPart);
+    written += writtenOfPart;
+    return error;
+  });
+}
+
+int WriteBytes(const SystemFile& file, const ManyBytes& bytes) {
   std::size_t written = 0;
-  return file.Write(bytes, written);
+  return WriteBytes(file, bytes, written);
 }
 
 // What is beyond `size` bytes was not touched and stays.
 int PutBack(const SystemFile& file, std::string_view old, std::size_t size) {
   if (lseek(file.Descriptor(), 0, SEEK_SET) < 0) return errno;
-  if (const int error = WriteBytes(file, old.substr(0, size))) return error;
+  if (const int error = WriteBytes(file, ManyBytes::Of(old.substr(0, size)))) return error;
   if (ftruncate(file.Descriptor(), static_cast<off_t>(old.size())) != 0) return errno;
   return file.Synchronise();
 }
 
 // `touched` says how many of the old bytes may have to be put back.
-int Overwrite(const SystemFile& file, std::string_view bytes, std::size_t oldSize, std::size_t& touched) {
+int Overwrite(const SystemFile& file, const ManyBytes& bytes, std::size_t oldSize, std::size_t& touched) {
   if (lseek(file.Descriptor(), 0, SEEK_SET) < 0) return errno;
-  if (const int error = file.Write(bytes, touched)) return error;
+  if (const int error = WriteBytes(file, bytes, touched)) return error;
   // What was written stands on the disk before the rest is cut off: until then the old file's room is there
   // to put its bytes back.
   if (const int error = file.Synchronise()) return error;
-  if (ftruncate(file.Descriptor(), static_cast<off_t>(bytes.size())) != 0) return errno;
+  if (ftruncate(file.Descriptor(), static_cast<off_t>(bytes.Size)) != 0) return errno;
   touched = std::max(touched, oldSize);
   return file.Synchronise();
 }
@@ -100,7 +110,7 @@ SystemFile OpenInPlace(const std::string& path, std::string& why) {
   return file;
 }
 
-std::string WriteInPlace(const std::string& path, std::string_view bytes, std::string& doubt) {
+std::string WriteInPlace(const std::string& path, const ManyBytes& bytes, std::string& doubt) {
   std::string why;
   const SystemFile file = OpenInPlace(path, why);
   if (!why.empty()) return why;
@@ -125,7 +135,7 @@ std::string WriteInPlace(const std::string& path, std::string_view bytes, std::s
 }
 
 // Pipes and devices have no old content to protect, and nothing can take their place.
-std::string WriteInto(const std::string& path, std::string_view bytes) {
+std::string WriteInto(const std::string& path, const ManyBytes& bytes) {
   const SystemFile device(path, O_WRONLY | O_APPEND);
   const int error = device.IsOpen() ? WriteBytes(device, bytes) : device.Error();
   return error == 0 ? std::string() : WhyFailed(error);
@@ -137,7 +147,7 @@ std::string DoubtAbout(const FileBeside& file) {
 }
 
 // There is nothing to keep secret or to keep: the file is what a new file is in this folder.
-std::string Create(const std::string& target, std::string_view bytes, std::string& doubt) {
+std::string Create(const std::string& target, const ManyBytes& bytes, std::string& doubt) {
   FileBeside beside(FolderOf(target), NewFileMode);
   int error = beside.Error();
   if (error == 0) error = WriteBytes(beside.File(), bytes);
@@ -150,7 +160,7 @@ std::string Create(const std::string& target, std::string_view bytes, std::strin
 // writable.
 bool OnlyInPlace(int error) { return error == EACCES || error == EPERM || error == EROFS || error == EBUSY; }
 
-std::string Replace(const std::string& target, std::string_view bytes, const SystemFile& existing,
+std::string Replace(const std::string& target, const ManyBytes& bytes, const SystemFile& existing,
                     const struct stat& old, std::string& doubt) {
   FileBeside beside(FolderOf(target), PrivateMode);
   if (OnlyInPlace(beside.Error())) return WriteInPlace(target, bytes, doubt);
@@ -166,7 +176,7 @@ std::string Replace(const std::string& target, std::string_view bytes, const Sys
   return error == 0 ? std::string() : WhyFailed(error);
 }
 
-std::string WriteOver(const std::string& path, std::string_view bytes, std::string& doubt) {
+std::string WriteOver(const std::string& path, const ManyBytes& bytes, std::string& doubt) {
   const SystemFile existing(path, O_WRONLY | O_NONBLOCK);
   if (!existing.IsOpen()) return WhyFailed(existing.Error());
   const std::optional<struct stat> old = existing.Status();
@@ -183,6 +193,11 @@ std::string WriteOver(const std::string& path, std::string_view bytes, std::stri
 }  // namespace
 
 std::string WriteWholeFile(const std::string& path, std::string_view bytes, PipesAndDevices others,
+                           std::string* doubt) {
+  return WriteWholeFile(path, ManyBytes::Of(bytes), others, doubt);
+}
+
+std::string WriteWholeFile(const std::string& path, const ManyBytes& bytes, PipesAndDevices others,
                            std::string* doubt) {
   const SizeSignalHeld held;
   std::string untold;
@@ -205,7 +220,8 @@ std::string PutLeftCopyBack(const std::string& path) {
   const SystemFile file = OpenInPlace(path, why);
   if (!why.empty()) return why;
   std::size_t touched = 0;
-  if (const int error = Overwrite(file, before.Bytes, before.Bytes.size(), touched)) return WhyFailed(error);
+  if (const int error = Overwrite(file, ManyBytes::Of(before.Bytes), before.Bytes.size(), touched))
+    return WhyFailed(error);
   DiscardLeftCopy(path);
   return {};
 }

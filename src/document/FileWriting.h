@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/ManyBytes.h"
 #include "platform/SystemFile.h"
 
 /// Writes a file beside the target and puts it in its place, with the old file's owner, mode, access list and
@@ -13,6 +14,9 @@
 /// (it may be all that there is of the file), and pipes and devices unless they are `Taken`: bytes then go
 /// into them as they are. Returns an empty text when all is written, else the reason, beginning with a small
 /// letter. `doubt`, when given, gets what is still uncertain about a file that is written, in the same form.
+[[nodiscard]] std::string WriteWholeFile(const std::string& path, const ManyBytes& bytes,
+                                         PipesAndDevices others = PipesAndDevices::Refused,
+                                         std::string* doubt = nullptr);
 [[nodiscard]] std::string WriteWholeFile(const std::string& path, std::string_view bytes,
                                          PipesAndDevices others = PipesAndDevices::Refused,
                                          std::string* doubt = nullptr);

@@ -10,5 +10,5 @@ std::optional<ReadError> ReadTruss(Truss& truss, const CanvasBounds& bounds, con
 }
 
 std::string WriteTruss(Truss& truss, std::string* doubt) {
-  return WriteWholeFile(truss.FileName, TrussText(truss), PipesAndDevices::Refused, doubt);
+  return WriteWholeFile(truss.FileName, TrussBytes(truss), PipesAndDevices::Refused, doubt);
 }

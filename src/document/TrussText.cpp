@@ -122,7 +122,7 @@ void ReadDocument(FieldReader& fields, Truss& truss) {
 // One write statement: fields joined by commas, ended by CR LF.
 class LineWriter {
  public:
-  explicit LineWriter(std::string& text) : text_(text) {}
+  explicit LineWriter(LongText& text) : text_(text) {}
   LineWriter(const LineWriter&) = delete;
   LineWriter& operator=(const LineWriter&) = delete;
   ~LineWriter() { text_ += "\r\n"; }
@@ -130,22 +130,27 @@ class LineWriter {
   LineWriter& Add(float number) { return AddField(GeneralText(number)); }
   LineWriter& Add(int number) { return AddField(std::to_string(number)); }
   LineWriter& Add(const TaggedNumber& number) { return AddField(TaggedNumberText(number)); }
-  LineWriter& Add(const SharedText& name) { return AddField("\"" + name + "\""); }
+  LineWriter& Add(const SharedText& name) {
+    AddField("\"");
+    text_.Share(name);
+    text_ += "\"";
+    return *this;
+  }
   LineWriter& AddSwitch(bool on) { return AddField(on ? "#TRUE#" : "#FALSE#"); }
 
  private:
-  LineWriter& AddField(const std::string& field) {
-    if (!first_) text_ += ',';
+  LineWriter& AddField(std::string_view field) {
+    if (!first_) text_ += ",";
     first_ = false;
     text_ += field;
     return *this;
   }
 
-  std::string& text_;
+  LongText& text_;
   bool first_ = true;
 };
 
-void AddSettings(std::string& text, const DocumentSettings& settings) {
+void AddSettings(LongText& text, const DocumentSettings& settings) {
   LineWriter(text)
       .AddSwitch(settings.GridOn)
       .AddSwitch(settings.RulersOn)
@@ -161,7 +166,7 @@ void AddSettings(std::string& text, const DocumentSettings& settings) {
   LineWriter(text).Add(int{settings.SigFigs});
 }
 
-void AddSupports(std::string& text, const Truss& truss) {
+void AddSupports(LongText& text, const Truss& truss) {
   LineWriter(text).Add(NumLiveSupports(truss));
   for (const SupportRec& support : truss.SupportsInUse()) {
     if (!support.Live) continue;
@@ -172,7 +177,7 @@ void AddSupports(std::string& text, const Truss& truss) {
   }
 }
 
-void AddMembers(std::string& text, const Truss& truss) {
+void AddMembers(LongText& text, const Truss& truss) {
   LineWriter(text).Add(NumLiveMembers(truss));
   for (const MemberRec& member : truss.MembersInUse()) {
     if (!member.Live) continue;
@@ -182,14 +187,14 @@ void AddMembers(std::string& text, const Truss& truss) {
   }
 }
 
-void AddForces(std::string& text, const Truss& truss) {
+void AddForces(LongText& text, const Truss& truss) {
   LineWriter(text).Add(NumActiveForces(truss));
   for (const ForceRec& force : truss.ForcesInUse()) {
     if (force.Active) LineWriter(text).Add(force.X).Add(force.Y).Add(force.Fx).Add(force.Fy);
   }
 }
 
-void AddJoints(std::string& text, const Truss& truss) {
+void AddJoints(LongText& text, const Truss& truss) {
   LineWriter(text).Add(int{truss.NumJoints});
   for (const JointRec& joint : truss.JointsInUse()) {
     LineWriter(text).Add(joint.X).Add(joint.Y).Add(truss.Name(joint.NameLabel));
@@ -220,9 +225,10 @@ std::optional<ReadError> ReadTrussText(Truss& truss, const CanvasBounds& bounds,
   return ReadTrussWithRest(truss, bounds, text).Error;
 }
 
-std::string TrussText(Truss& truss) {
+LongText LongTrussText(Truss& truss) {
   SortJoints(truss);
-  std::string text = TrussFileHeader;
+  LongText text;
+  text += TrussFileHeader;
   text += "\r\n";
   AddSettings(text, truss.Settings);
   AddSupports(text, truss);
@@ -230,4 +236,17 @@ std::string TrussText(Truss& truss) {
   AddForces(text, truss);
   AddJoints(text, truss);
   return text;
+}
+
+std::string TrussText(Truss& truss) { return LongTrussText(truss).Text(); }
+
+ManyBytes TrussBytes(Truss& truss) {
+  const auto text = std::make_shared<const LongText>(LongTrussText(truss));
+  return {text->Size(), [text](const ManyBytes::Take& take) {
+            int error = 0;
+            text->ForEachPart([&](std::string_view part) {
+              if (error == 0) error = take(part);
+            });
+            return error;
+          }};
 }

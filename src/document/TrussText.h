@@ -10,6 +10,8 @@
 
 #include "document/FieldReader.h"
 #include "document/Truss.h"
+#include "platform/ManyBytes.h"
+#include "text/LongText.h"
 
 /// The first line of the current layout; a file with any other first line is read in the older layout.
 inline constexpr const char* TrussFileHeader = "Orvane 5";
@@ -38,3 +40,7 @@ TrussReading ReadTrussWithRest(Truss& truss, const CanvasBounds& bounds,
 
 /// The bytes of the file: live elements only, joints sorted by name (the truss's joint list is sorted too).
 std::string TrussText(Truss& truss);
+
+/// The same, with names that share their letters with the truss.
+LongText LongTrussText(Truss& truss);
+ManyBytes TrussBytes(Truss& truss);

@@ -6,41 +6,45 @@ namespace {
 
 constexpr const char* NewLine = "\r\n";
 
-std::string Listed(const Table<SharedText>& names) {
-  std::string text;
-  for (const SharedText& name : names.First(names.Size())) text.append(name).append(", ");
-  return text;
+void TellNames(const Table<SharedText>& names, const TakeText& take) {
+  for (const SharedText& name : names.First(names.Size())) {
+    take(name);
+    take(", ");
+  }
 }
 
-std::string ForcesParagraph(const CountedTruss& counted) {
+void TellForces(const CountedTruss& counted, const TakeText& take) {
   const int unknowns = counted.NumUnknowns();
-  std::string text = "This truss contains " + std::to_string(unknowns) + " unknown " +
-                     (unknowns == 1 ? "force" : "forces") + ":" + NewLine + NewLine;
+  take("This truss contains " + std::to_string(unknowns) + " unknown " +
+       (unknowns == 1 ? "force" : "forces") + ":" + NewLine + NewLine);
   if (counted.MemberForces.Size() != 0) {
-    text += "- the " + std::to_string(counted.MemberForces.Size()) + " member force(s), labelled " +
-            Listed(counted.MemberForces) + NewLine +
-            "(A positive value for a member force means that the member is under compression "
-            "so the member force is directed INTO the pins at its ends.)" +
-            NewLine + NewLine;
+    take("- the " + std::to_string(counted.MemberForces.Size()) + " member force(s), labelled ");
+    TellNames(counted.MemberForces, take);
+    take(std::string(NewLine) +
+         "(A positive value for a member force means that the member is under compression "
+         "so the member force is directed INTO the pins at its ends.)" +
+         NewLine + NewLine);
   }
   if (counted.ReactionForces.Size() != 0) {
-    text += "- the " + std::to_string(counted.ReactionForces.Size()) + " reaction force(s), labelled " +
-            Listed(counted.ReactionForces) + NewLine +
-            "(Reaction forces are due to clamp or roller supports.  "
-            "Positive values mean that they act into a pin in the direction shown.)" +
-            NewLine + NewLine;
+    take("- the " + std::to_string(counted.ReactionForces.Size()) + " reaction force(s), labelled ");
+    TellNames(counted.ReactionForces, take);
+    take(std::string(NewLine) +
+         "(Reaction forces are due to clamp or roller supports.  "
+         "Positive values mean that they act into a pin in the direction shown.)" +
+         NewLine + NewLine);
   }
-  return text;
 }
 
-std::string JointSentence(const Table<CountedJoint>& joints) {
-  if (joints.Size() == 1) return "This truss contains 1 joint, labelled " + joints[1].Name + ".";
-  std::string text = "This truss contains " + std::to_string(joints.Size()) + " joints, labelled ";
-  for (int j = 1; j <= joints.Size(); ++j) text.append(joints[j].Name).append(j < joints.Size() ? ", " : ".");
-  return text;
+void TellJoints(const Table<CountedJoint>& joints, const TakeText& take) {
+  take("This truss contains " + std::to_string(joints.Size()) + (joints.Size() == 1 ? " joint" : " joints") +
+       ", labelled ");
+  for (int j = 1; j <= joints.Size(); ++j) {
+    take(joints[j].Name);
+    take(j < joints.Size() ? ", " : ".");
+  }
 }
 
-std::string EquationsParagraph(const CountedTruss& counted) {
+void TellEquations(const CountedTruss& counted, const TakeText& take) {
   std::string text = "The values of these unknown forces can be found by solving a system of equations.";
   text += NewLine;
   text +=
@@ -51,9 +55,9 @@ std::string EquationsParagraph(const CountedTruss& counted) {
   text += "The other equation expresses the fact that the y components cancel.";
   text += NewLine;
   text += NewLine;
-  text += JointSentence(counted.Joints);
-  text += "  Thus there are " + std::to_string(counted.NumEquations()) + " equations.";
-  return text + NewLine + NewLine;
+  take(text);
+  TellJoints(counted.Joints, take);
+  take("  Thus there are " + std::to_string(counted.NumEquations()) + " equations." + NewLine + NewLine);
 }
 
 std::string CountParagraph(int equations, int unknowns) {
@@ -78,13 +82,40 @@ std::string CountParagraph(int equations, int unknowns) {
 
 }  // namespace
 
+void TellCounting(const CountedTruss& counted, CountingParagraph which, const TakeText& take) {
+  if (counted.NumUnknowns() == 0) return;
+  switch (which) {
+    case CountingParagraph::Forces:
+      return TellForces(counted, take);
+    case CountingParagraph::Equations:
+      return TellEquations(counted, take);
+    case CountingParagraph::Count:
+      return take(CountParagraph(counted.NumEquations(), counted.NumUnknowns()));
+  }
+}
+
+void TellCounting(const CountedTruss& counted, const TakeText& take) {
+  if (counted.NumUnknowns() == 0) return;
+  take("The forces:  ");
+  TellForces(counted, take);
+  take("The equations:  ");
+  TellEquations(counted, take);
+  take("The count:  ");
+  take(CountParagraph(counted.NumEquations(), counted.NumUnknowns()));
+}
+
 std::string CountingReport::Text() const {
   if (Forces.empty()) return "";
   return "The forces:  " + Forces + "The equations:  " + Equations + "The count:  " + Count;
 }
 
 CountingReport ReportCounting(const CountedTruss& counted) {
-  if (counted.NumUnknowns() == 0) return {};
-  return CountingReport{ForcesParagraph(counted), EquationsParagraph(counted),
-                        CountParagraph(counted.NumEquations(), counted.NumUnknowns())};
+  const auto paragraph = [&](CountingParagraph which) {
+    std::string text;
+    TellCounting(counted, which, [&text](std::string_view part) { text += part; });
+    return text;
+  };
+  return {.Forces = paragraph(CountingParagraph::Forces),
+          .Equations = paragraph(CountingParagraph::Equations),
+          .Count = paragraph(CountingParagraph::Count)};
 }

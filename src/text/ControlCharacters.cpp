@@ -1,5 +1,6 @@
 #include "text/ControlCharacters.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace {
@@ -73,6 +74,9 @@ std::string EscapeOf(unsigned code) {
 }  // namespace
 
 std::string VisibleText(std::string_view utf8Text) {
+  // Most texts have nothing that is not seen.
+  if (std::ranges::all_of(utf8Text, [](char byte) { return byte >= ' ' && byte < '\x7F'; }))
+    return std::string(utf8Text);
   std::string visible;
   visible.reserve(utf8Text.size());
   ForEachCharacter(utf8Text, [&visible](std::string_view character, char first) {
