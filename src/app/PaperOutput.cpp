@@ -63,11 +63,11 @@ std::string ForcesPictureBytes(const ForcesScene& scene, PictureFileFormat fileF
   return PictureFile(picture, fileFormat).toStdString();
 }
 
-std::string DocumentBytes(const AnalysedFile& file, DocumentFileFormat fileFormat,
-                          const std::vector<ReportExtra>& with, const NumberFormat& numbers) {
+ManyBytes DocumentBytes(const AnalysedFile& file, DocumentFileFormat fileFormat,
+                        const std::vector<ReportExtra>& with, const NumberFormat& numbers) {
   const ReportSubject subject{
       .Document = file.Document, .Analysis = file.Analysis, .Numbers = numbers, .With = with};
-  return ReportFile(subject, fileFormat).value_or(QByteArray()).toStdString();
+  return LongReportFile(subject, fileFormat).value_or(ManyBytes());
 }
 
 std::string ExerciseBytes(const ExerciseSet& set, const NumberFormat& numbers) {

@@ -12,6 +12,7 @@
 #include "explanation/MotionDrawing.h"
 #include "explanation/forces/ForcesDrawing.h"
 #include "paper/FileFormats.h"
+#include "platform/ManyBytes.h"
 #include "practice/ExerciseSheets.h"
 #include "reports/ReportExtras.h"
 
@@ -38,6 +39,6 @@ std::optional<std::string> PictureBytes(const AnalysedFile& file, bool named, Pi
                                         const ReportFormat& format);
 std::string MotionPictureBytes(const MotionScene& scene, PictureFileFormat fileFormat);
 std::string ForcesPictureBytes(const ForcesScene& scene, PictureFileFormat fileFormat);
-std::string DocumentBytes(const AnalysedFile& file, DocumentFileFormat fileFormat,
-                          const std::vector<ReportExtra>& with, const NumberFormat& numbers);
+ManyBytes DocumentBytes(const AnalysedFile& file, DocumentFileFormat fileFormat,
+                        const std::vector<ReportExtra>& with, const NumberFormat& numbers);
 std::string ExerciseBytes(const ExerciseSet& set, const NumberFormat& numbers);

@@ -13,6 +13,7 @@
 #include "app/FileAnalysis.h"
 #include "explanation/MotionDrawing.h"
 #include "explanation/forces/ForcesDrawing.h"
+#include "platform/ManyBytes.h"
 #include "practice/ExerciseSheets.h"
 
 /// The world around one run.
@@ -42,8 +43,8 @@ struct CommandLineEnvironment {
 
   /// The bytes of the printable report of a file with at least one unknown force, with these sections beyond
   /// the usual ones.
-  std::function<std::string(const AnalysedFile& file, DocumentFileFormat,
-                            const std::vector<ReportExtra>& with, const NumberFormat& numbers)>
+  std::function<ManyBytes(const AnalysedFile& file, DocumentFileFormat, const std::vector<ReportExtra>& with,
+                          const NumberFormat& numbers)>
       Document;
 
   /// The bytes of a PDF file with the sheets of an exercise.

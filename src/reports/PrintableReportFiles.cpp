@@ -6,6 +6,7 @@
 #include "paper/Page.h"
 #include "paper/qt/FileText.h"
 #include "paper/qt/QtRichText.h"
+#include "paper/qt/SpooledBytes.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtTextMeasure.h"
 #include "reports/QuietShelf.h"
@@ -61,17 +62,27 @@ ReportDocument BuildReportDocument(const ReportSubject& subject, const Clipboard
   return report;
 }
 
-std::optional<QByteArray> ReportFile(const ReportSubject& subject, DocumentFileFormat format,
-                                     const ReportProgress& progress) {
-  if (format == DocumentFileFormat::Pdf)
-    return PdfOfDocument(Title(subject.Document), BuilderOf(subject), progress);
+std::optional<ManyBytes> LongReportFile(const ReportSubject& subject, DocumentFileFormat format,
+                                        const ReportProgress& progress) {
+  if (format == DocumentFileFormat::Pdf) {
+    std::optional<QByteArray> pdf = PdfOfDocument(Title(subject.Document), BuilderOf(subject), progress);
+    if (!pdf) return std::nullopt;
+    return ManyBytesOf(*std::move(pdf), {}, {});
+  }
   QuietShelf shelf;
   const float tableRoom =
       format == DocumentFileFormat::Html ? 0 : static_cast<float>(PointsOf(PageTextWidth));
   FileText text(format, Title(subject.Document), [&shelf] { return shelf.Bitmap(); });
   if (BuildInto(text, subject, shelf.Access(), tableRoom, progress) == BuiltReport::Ended)
     return std::nullopt;
-  return text.TakeBytes();
+  return text.Take();
+}
+
+std::optional<QByteArray> ReportFile(const ReportSubject& subject, DocumentFileFormat format,
+                                     const ReportProgress& progress) {
+  const std::optional<ManyBytes> bytes = LongReportFile(subject, format, progress);
+  if (!bytes) return std::nullopt;
+  return Joined(*bytes);
 }
 
 bool PrintReport(const ReportSubject& subject, const PageTarget& target, const ReportProgress& progress) {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "paper/FileFormats.h"
+#include "platform/ManyBytes.h"
 #include "reports/DocumentPages.h"
 #include "reports/PrintableReport.h"
 
@@ -39,6 +40,10 @@ ReportDocument BuildReportDocument(const ReportSubject& subject, const Clipboard
 /// made.
 std::optional<QByteArray> ReportFile(const ReportSubject& subject, DocumentFileFormat format,
                                      const ReportProgress& progress = {});
+
+/// The same for whoever writes them: what is long is kept in a temporary file, but for pages.
+std::optional<ManyBytes> LongReportFile(const ReportSubject& subject, DocumentFileFormat format,
+                                        const ReportProgress& progress = {});
 
 /// Paints the report on a printer's pages with the file's name and the page's number in the footer. False
 /// when `progress` or the device ended it.

@@ -115,20 +115,22 @@ class RunCommandLineTest : public testing::Test {
       return ArgumentsWrong;
     }
     std::istringstream in(Input);
-    return RunCommandLine(std::get<CommandLine>(parsed),
-                          CommandLineEnvironment{.In = in,
-                                                 .Out = out,
-                                                 .Err = Err,
-                                                 .ErrIsTerminal = ErrIsTerminal,
-                                                 .Now = [this] { return Now; },
-                                                 .Numbers = {},
-                                                 .Json = Json,
-                                                 .Picture = Picture,
-                                                 .MotionPicture = FakeMotionPicture,
-                                                 .ForcesPicture = FakeForcesPicture,
-                                                 .Document = Document,
-                                                 .ExerciseSheets = FakeSheets,
-                                                 .VariantPicture = FakeVariantPicture});
+    return RunCommandLine(
+        std::get<CommandLine>(parsed),
+        CommandLineEnvironment{
+            .In = in,
+            .Out = out,
+            .Err = Err,
+            .ErrIsTerminal = ErrIsTerminal,
+            .Now = [this] { return Now; },
+            .Numbers = {},
+            .Json = Json,
+            .Picture = Picture,
+            .MotionPicture = FakeMotionPicture,
+            .ForcesPicture = FakeForcesPicture,
+            .Document = [this](const auto&... given) { return ManyBytes::Keeping(Document(given...)); },
+            .ExerciseSheets = FakeSheets,
+            .VariantPicture = FakeVariantPicture});
   }
 
   ExitStatus RunWords(const std::vector<std::string>& words) { return RunInto(Out, words); }

@@ -12,6 +12,7 @@
 #include <QTextDocument>
 
 #include "paper/RichText.h"
+#include "platform/ManyBytes.h"
 
 /// A whole document, or what a cursor has selected of one.
 struct DocumentPart {
@@ -71,8 +72,8 @@ class DocumentVisitor {
 /// A visitor that makes a file of what it sees.
 class DocumentWriter : public DocumentVisitor {
  public:
-  /// The file's bytes. To be asked for once, when everything was visited.
-  virtual QByteArray TakeBytes() = 0;
+  /// The file's bytes; none when they could not be made. To be asked for once, when everything was visited.
+  virtual ManyBytes Take() = 0;
 };
 
 /// What the document's own information calls it; empty when it says nothing.

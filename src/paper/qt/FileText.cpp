@@ -7,6 +7,7 @@
 #include "paper/qt/HtmlWriter.h"
 #include "paper/qt/OdtWriter.h"
 #include "paper/qt/RtfWriter.h"
+#include "paper/qt/SpooledBytes.h"
 
 namespace {
 
@@ -104,11 +105,13 @@ void FileText::EndParagraph(bool ended) {
   isFirst_ = false;
 }
 
-QByteArray FileText::TakeBytes() {
+ManyBytes FileText::Take() {
   if (isFirst_ || !pieces_.empty()) EndParagraph(IsRow(role_));
   if (inTable_) writer_->EndTable();
-  return writer_->TakeBytes();
+  return writer_->Take();
 }
+
+QByteArray FileText::TakeBytes() { return Joined(Take()); }
 
 bool FileText::IsBlank() const {
   return std::ranges::all_of(pieces_, [](const Piece& piece) {

@@ -22,6 +22,7 @@ class FileText final : public RichText {
   FileText(DocumentFileFormat format, const QString& title, std::function<QImage()> clipboard);
 
   /// To be asked for once, after the last text. Empty when they could not be made.
+  ManyBytes Take();
   QByteArray TakeBytes();
 
  private:

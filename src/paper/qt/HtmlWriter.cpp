@@ -10,6 +10,7 @@
 
 #include "paper/qt/AsciiText.h"
 #include "paper/qt/DocumentImages.h"
+#include "paper/qt/SpooledBytes.h"
 
 namespace {
 
@@ -27,15 +28,14 @@ QByteArray FontSize(const Letters& letters) {
 class HtmlWriter final : public DocumentWriter {
  public:
   explicit HtmlWriter(const QString& title) {
-    html_ = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>" +
-            (title.isEmpty() ? QStringLiteral("Orvane") : title).toHtmlEscaped().toUtf8() +
-            "</title>\n</head>\n<body>\n<!--StartFragment-->";
+    html_ += "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>" +
+             (title.isEmpty() ? QStringLiteral("Orvane") : title).toHtmlEscaped().toUtf8() +
+             "</title>\n</head>\n<body>\n<!--StartFragment-->";
   }
 
-  QByteArray TakeBytes() override {
+  ManyBytes Take() override {
     ClosePreformatted();
-    html_ += "<!--EndFragment-->\n</body>\n</html>\n";
-    return std::move(html_);
+    return ManyBytesOf({}, std::move(html_), "<!--EndFragment-->\n</body>\n</html>\n");
   }
 
   void BeginParagraph(const Paragraph& paragraph) override {
@@ -122,7 +122,7 @@ class HtmlWriter final : public DocumentWriter {
     return style;
   }
 
-  QByteArray html_;
+  SpooledBytes html_;
   Letters paragraph_;  // family and size of the paragraph's first letters
   QByteArray element_;
   bool isPreformatted_ = false;
@@ -138,5 +138,5 @@ std::unique_ptr<DocumentWriter> NewHtmlWriter(const QString& title) {
 QByteArray ToHtml(const DocumentPart& part) {
   HtmlWriter writer(TitleOf(part));
   Walk(part, writer);
-  return writer.TakeBytes();
+  return Joined(writer.Take());
 }

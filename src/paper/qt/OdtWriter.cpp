@@ -13,6 +13,7 @@
 #include "paper/qt/DocumentImages.h"
 #include "paper/qt/DocumentWalk.h"
 #include "paper/qt/OdtText.h"
+#include "paper/qt/SpooledBytes.h"
 #include "paper/qt/ZipFile.h"
 
 namespace {
@@ -90,27 +91,7 @@ class OdtWriter final : public DocumentWriter {
  public:
   explicit OdtWriter(QString title) : title_(std::move(title)) {}
 
-  QByteArray TakeBytes() override {
-    text_.Markup(ContentEnd);
-    DeflateStream begin;  // it tells what was met in the text
-    begin.Write(ContentBegin());
-    const Deflated content = DeflateStream::Joined(begin.Take(DeflateStream::End::OfPart), text_.Take());
-    // Readers count the bytes of such a file with 32 bits.
-    if (!content.IsWhole || content.Size > std::numeric_limits<int>::max() / 2) return {};
-    ZipFile file;
-    file.Add("mimetype", MediaType, ZipFile::Method::Stored);  // first, and as it is, so that it can be seen
-    file.AddDeflated("content.xml", content);
-    file.Add("styles.xml",
-             QByteArray(XmlHead) + "<office:document-styles" + NameSpaces + Styles() +
-                 "</office:document-styles>\n",
-             ZipFile::Method::Deflated);
-    file.Add("meta.xml", Information(), ZipFile::Method::Deflated);
-    for (std::size_t i = 0; i < pictures_.size(); ++i) {
-      file.Add(PictureName(i), pictures_[i], ZipFile::Method::Stored);
-    }
-    file.Add("META-INF/manifest.xml", Manifest(), ZipFile::Method::Deflated);
-    return file.Bytes();
-  }
+  ManyBytes Take() override { return ManyBytesOf(WholeFile(), {}, {}); }
 
   // A paragraph has the look of its first letters, so that a run that looks the same needs no style.
   void BeginParagraph(const Paragraph& paragraph) override {
@@ -169,6 +150,28 @@ class OdtWriter final : public DocumentWriter {
   }
 
  private:
+  QByteArray WholeFile() {
+    text_.Markup(ContentEnd);
+    DeflateStream begin;  // it tells what was met in the text
+    begin.Write(ContentBegin());
+    const Deflated content = DeflateStream::Joined(begin.Take(DeflateStream::End::OfPart), text_.Take());
+    // Readers count the bytes of such a file with 32 bits.
+    if (!content.IsWhole || content.Size > std::numeric_limits<int>::max() / 2) return {};
+    ZipFile file;
+    file.Add("mimetype", MediaType, ZipFile::Method::Stored);  // first, and as it is, so that it can be seen
+    file.AddDeflated("content.xml", content);
+    file.Add("styles.xml",
+             QByteArray(XmlHead) + "<office:document-styles" + NameSpaces + Styles() +
+                 "</office:document-styles>\n",
+             ZipFile::Method::Deflated);
+    file.Add("meta.xml", Information(), ZipFile::Method::Deflated);
+    for (std::size_t i = 0; i < pictures_.size(); ++i) {
+      file.Add(PictureName(i), pictures_[i], ZipFile::Method::Stored);
+    }
+    file.Add("META-INF/manifest.xml", Manifest(), ZipFile::Method::Deflated);
+    return file.Bytes();
+  }
+
   static QByteArray PictureName(std::size_t index) {
     return "Pictures/picture" + QByteArray::number(static_cast<int>(index) + 1) + ".png";
   }
@@ -249,5 +252,5 @@ std::unique_ptr<DocumentWriter> NewOdtWriter(const QString& title) {
 QByteArray ToOdt(const QTextDocument& document) {
   OdtWriter writer(TitleOf(document));
   Walk(document, writer);
-  return writer.TakeBytes();
+  return Joined(writer.Take());
 }

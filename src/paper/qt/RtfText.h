@@ -5,6 +5,9 @@
 #include <QHash>
 #include <QString>
 #include <QStringView>
+#include <utility>
+
+#include "paper/qt/SpooledBytes.h"
 
 /// A control word ends at the first character that cannot belong to it; where a character follows that could,
 /// a blank ends it.
@@ -45,7 +48,8 @@ class RtfText {
   /// The bytes in hexadecimal, on lines of their own.
   void Hexadecimal(const QByteArray& data);
 
-  const QByteArray& Bytes() const { return bytes_; }
+  /// To be asked for once, at the end.
+  SpooledBytes TakeBytes() { return std::move(bytes_); }
 
  private:
   void Character(char character) {
@@ -57,7 +61,7 @@ class RtfText {
   void Write(char16_t code);
   void Unicode(char16_t code);
 
-  QByteArray bytes_;
+  SpooledBytes bytes_;
   bool wordIsOpen_ = true;  // whether the last thing written is a control word; what stands before ends so
   QHash<char16_t, QByteArray> escapes_;
 };

@@ -93,12 +93,11 @@ class RtfWriter final : public DocumentWriter {
     text_.Word("plain");
   }
 
-  QByteArray TakeBytes() override {
-    QByteArray bytes = "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deftab720\r\n" + tables_.Bytes() +
-                       (hasHeadings_ ? HeadingStyles : "") + Information() + Paper() +
-                       "\\viewkind1\\uc1\\pard";
-    bytes += text_.Bytes();
-    return bytes.append("}\r\n");
+  ManyBytes Take() override {
+    QByteArray head = "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deftab720\r\n" + tables_.Bytes() +
+                      (hasHeadings_ ? HeadingStyles : "") + Information() + Paper() +
+                      "\\viewkind1\\uc1\\pard";
+    return ManyBytesOf(std::move(head), text_.TakeBytes(), "}\r\n");
   }
 
   void BeginTable() override { isInTable_ = true; }
@@ -164,7 +163,7 @@ class RtfWriter final : public DocumentWriter {
     if (title_.isEmpty()) return {};
     RtfText text;
     text.Text(title_);
-    return "{\\info{\\title" + text.Bytes() + "}}\r\n";
+    return Joined(ManyBytesOf("{\\info{\\title", text.TakeBytes(), "}}\r\n"));
   }
 
   // A row is one cell as wide as the paper's text: its columns stand below each other as they are.
@@ -242,5 +241,5 @@ std::unique_ptr<DocumentWriter> NewRtfWriter(const QString& title, const QString
 QByteArray ToRtf(const DocumentPart& part) {
   RtfWriter writer(TitleOf(part), part.Document.defaultFont().family());
   Walk(part, writer);
-  return writer.TakeBytes();
+  return Joined(writer.Take());
 }
