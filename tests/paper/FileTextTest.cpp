@@ -6,8 +6,10 @@
 #include <QTextDocument>
 #include <functional>
 #include <random>
+#include <utility>
 
 #include "paper/qt/DocumentFiles.h"
+#include "paper/qt/SpooledBytes.h"
 #include "support/SampleRichText.h"
 
 namespace {
@@ -103,6 +105,30 @@ TEST(FileText, EqualsTheDocumentWhateverIsAppended) {
     };
     ExpectSameBytes(append, image, "seed " + std::to_string(seed));
   }
+}
+
+// More than is kept in memory.
+TEST(SpooledBytes, AreTheSameFromTheirFile) {
+  QByteArray whole = "head ";
+  SpooledBytes body;
+  for (int i = 0; i < 3'000'000; ++i) {
+    const QByteArray number = QByteArray::number(i);
+    body += number;
+    body += ' ';
+    whole += number + ' ';
+  }
+  whole += "tail";
+  const ManyBytes bytes = ManyBytesOf("head ", std::move(body), "tail");
+  EXPECT_EQ(bytes.Size, static_cast<std::uint64_t>(whole.size()));
+  EXPECT_TRUE(Joined(bytes) == whole);
+  EXPECT_TRUE(Joined(bytes) == whole) << "they can be told again";
+}
+
+TEST(SpooledBytes, EndWithTheErrorOfWhoTakesThem) {
+  int told = 0;
+  const ManyBytes bytes = ManyBytesOf("head ", SpooledBytes(), "tail");
+  EXPECT_EQ(bytes.Tell([&told](std::string_view) { return ++told; }), 1);
+  EXPECT_EQ(told, 1);
 }
 
 }  // namespace
