@@ -240,13 +240,12 @@ void SectionSearch::AroundPart(const std::vector<int>& joints) {
     const int l = lines[static_cast<std::size_t>(two)];
     const bool parallel = balance_.AreParallel(k, l);
     const Measure measure = parallel ? balance_.Across(k) : TrussBalance::About(MeetingPoint(balance_, k, l));
-    std::vector<int> left = lines;
-    std::erase_if(left, [&](int other) {
-      return parallel ? balance_.AreParallel(k, other) : balance_.PassesThrough(other, measure.At);
-    });
-    if (left.size() != 1) continue;
-    const double share =
-        parallel ? balance_.Sine(k, left.front()) : balance_.ArmShare(left.front(), measure.At);
-    if (share >= leastShare_ && share > 0) Offer(joints, measure, left.front());
+    // Asked of the equation itself: the point is rounded, and so may lie beside a line that passes through
+    // it.
+    const Balance about = balance_.BalanceOf(joints, measure);
+    if (about.Sought.size() != 1) continue;
+    const int left = about.Sought.front().Unknown;
+    const double share = parallel ? balance_.Sine(k, left) : balance_.ArmShare(left, measure.At);
+    if (share >= leastShare_ && share > 0) Offer(joints, measure, left);
   }
 }

@@ -384,6 +384,36 @@ TEST(HandSolution, GoesAroundWhatIsUndetermined) {
   EXPECT_NEAR(values.at("b1"), -50 * 4.0 / 3, 1e-9);
 }
 
+// Two members in one place and two reactions in one line all meet in the clamp at (0, 0), but the point where
+// two of them meet is rounded, and lies a little beside it.
+TEST(HandSolution, ALineThroughThePointOfAMomentIsNotFoundFromIt) {
+  const ToldByHand told(TrussBuilder()
+                            .Clamp(0, 0, "A", "B", 2)
+                            .Clamp(0, 4, "C", "D")
+                            .Roller(0, 4, "E")
+                            .Member(5, 1, 7, 6, "F")
+                            .Member(7, 6, 0, 0, "G")
+                            .Member(0, 0, 7, 6, "H")
+                            .Member(7, 6, 0, 4, "I")
+                            .Member(5, 1, 0, 4, "J")
+                            .Force(7, 6, 1, 1)
+                            .Joint(5, 1, "1")
+                            .Joint(7, 6, "2")
+                            .Joint(0, 0, "3")
+                            .Joint(0, 4, "4"));
+  ExpectEquationsHold(told.Solution);
+  const std::vector<int> determined = JudgeExactly(told.Graph).Determined;
+  int numSolved = 0;
+  for (const HandStep& step : told.Solution.Steps) {
+    for (const UnknownForce& solved : step.Solved) {
+      EXPECT_TRUE(std::ranges::binary_search(determined, solved.Unknown))
+          << told.Graph.Unknowns[solved.Unknown].Name;
+      ++numSolved;
+    }
+  }
+  EXPECT_GE(numSolved, 4) << "C, F, I and J, at least";
+}
+
 TEST(HandSolution, AMemberOfNoLengthHasNoValue) {
   const TrussGraph graph = GraphOf(HandTriangle().Member(4, 4, 4, 4, "dot"));
   const HandSolution solution = SolveByHand(graph);
