@@ -45,17 +45,23 @@ class SharedText {
   }
   friend bool operator==(const SharedText& a, std::string_view b) { return a.text_ == b; }
   friend std::strong_ordering operator<=>(const SharedText& a, std::string_view b) { return a.text_ <=> b; }
-  friend std::string operator+(const SharedText& a, std::string_view b) { return a.String().append(b); }
-  friend std::string operator+(std::string_view a, const SharedText& b) {
-    return std::string(a).append(b.text_);
-  }
+  friend std::string operator+(const SharedText& a, std::string_view b) { return Joined(a.text_, b); }
+  friend std::string operator+(std::string_view a, const SharedText& b) { return Joined(a, b.text_); }
   template <std::same_as<SharedText> Same>
   friend std::string operator+(const Same& a, const Same& b) {
-    return a.String().append(b.text_);
+    return Joined(a.text_, b.text_);
   }
   friend std::ostream& operator<<(std::ostream& out, const SharedText& text) { return out << text.text_; }
 
  private:
+  static std::string Joined(std::string_view a, std::string_view b) {
+    std::string joined;
+    joined.reserve(a.size() + b.size());
+    joined += a;
+    joined += b;
+    return joined;
+  }
+
   std::shared_ptr<const std::string> whole_;
   std::string_view text_;
 };
